@@ -1,0 +1,61 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "desktop/sound/sound_line.h"
+#include "platform/event_loop.h"
+
+namespace marlex {
+
+class SoundStream;
+
+/// How an engine gets its clock. The default takes the sound server, else the sound card, else a
+/// timer.
+struct SoundOptions {
+  bool Offline = false;                // no device, no clock: the owner calls `SoundEngine::Render`
+  bool UseServer = true;               // PulseAudio or PipeWire, by its PulseAudio interface
+  bool UseCard = true;                 // ALSA, where no server runs
+  std::string CardDevice = "default";  // name of the ALSA device
+};
+
+/// Owns the sound device: mixes what the players decode, sets the levels and meters. Constructor,
+/// lines and players are on the system's thread. Only one device is ever used: the one that was
+/// found at start. When it goes away, time goes on by a timer and the device is tried again once a
+/// second.
+class SoundEngine {
+ public:
+  explicit SoundEngine(EventLoop& loop, const SoundOptions& options = {});
+  ~SoundEngine();
+  SoundEngine(const SoundEngine&) = delete;
+  SoundEngine& operator=(const SoundEngine&) = delete;
+
+  /// All that is heard, the microphone included.
+  SoundLine& Master();
+  /// Songs and messages.
+  SoundLine& Wave();
+  /// The microphone, muted at start. While it is muted, or its level is 0, the device is not
+  /// captured from.
+  SoundLine& Microphone();
+
+  /// A sound server or card was found at start. Does not change afterwards.
+  bool HasOutput() const;
+  /// A microphone was found at start. Does not change afterwards.
+  bool HasMicrophone() const;
+  /// Name of the card for the operator, in UTF-8; empty without an output.
+  std::string CardName() const;
+
+  /// The device is there now and takes samples; false while time goes by the timer.
+  bool OutputAlive() const;
+
+  /// Mixes the next `frames` frames into `stereo` (left, right, left, ...), amplitude 1.0 is full.
+  /// Called by the one output that is the clock at the time, or by the owner of an offline engine.
+  /// Never locks or allocates.
+  void Render(float* stereo, int frames);
+
+ private:
+  class Body;
+  std::unique_ptr<Body> Inside;
+};
+
+}  // namespace marlex

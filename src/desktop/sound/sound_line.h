@@ -1,0 +1,58 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+
+namespace marlex {
+
+inline constexpr int kFullLevel = 65535;  // of a line's level, per channel
+inline constexpr int kFullPeak = 32767;   // of a line's meter
+
+/// Level of a line, each channel from 0 (silence) to 65535 (full).
+struct StereoLevel {
+  int Left = kFullLevel;
+  int Right = kFullLevel;
+  bool operator==(const StereoLevel&) const = default;
+};
+
+/// One line of the engine: level, balance (as two levels), mute and peak meter. All calls are on
+/// the system's thread and return at once; what they set is heard from the next samples on, ramped
+/// over a few milliseconds so that nothing clicks. The amplitude of a channel is its level divided
+/// by 65535: half the level is 6 dB less.
+class SoundLine {
+ public:
+  explicit SoundLine(bool muted = false) : Mute(muted) {}
+  SoundLine(const SoundLine&) = delete;
+  SoundLine& operator=(const SoundLine&) = delete;
+
+  /// Sets both channels; values outside 0 to 65535 are cut to that range.
+  void SetLevel(int left, int right);
+  StereoLevel Level() const;
+
+  void SetMute(bool muted);
+  bool Muted() const { return Mute.load(std::memory_order_acquire); }
+
+  /// Loudest sample that has left the line, behind its level and mute, since the last call: 0 to
+  /// 32767.
+  int Peak();
+
+  /// Called on the system's thread after a change; the engine opens and closes the microphone with
+  /// it.
+  std::function<void()> OnChange;
+
+  // For the thread that renders; nothing here locks.
+
+  /// Amplitude to ramp to: 0 when muted.
+  float TargetGain(int channel) const;
+
+  /// Reports the loudest amplitude of a block to the meter.
+  void Meter(float amplitude);
+
+ private:
+  std::atomic<std::uint64_t> Levels{(std::uint64_t{kFullLevel} << 32) | kFullLevel};  // left, right
+  std::atomic<bool> Mute;
+  std::atomic<float> Loudest{0};
+};
+
+}  // namespace marlex
