@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "byte_reader.h"
+
+namespace marlex::stage {
+
+/// One byte on the line, with the steady time at which it came, in seconds.
+struct LineByte {
+  double Time = 0;
+  int Value = 0;
+};
+
+/// The far end of the serial line: a pseudo-terminal under a name that the program opens.
+class Amplifier {
+ public:
+  /// Makes the line and links it as `link` ("<installation>/com1").
+  explicit Amplifier(const std::string& link);
+  ~Amplifier();
+
+  /// All bytes that the program has sent so far.
+  std::vector<LineByte> Received() const;
+
+  /// Sends a status byte to the program.
+  void Send(int status);
+
+ private:
+  std::string Link;
+  int Slave = -1;  // kept open, so that the line stays up when the program closes its end
+  mutable std::mutex Lock;
+  std::vector<LineByte> Bytes;
+  std::unique_ptr<ByteReader> Reader;
+};
+
+/// "zones 1 3 low", "zones 2 high", or "release" for a routing byte.
+std::string DescribeRouting(int value);
+
+}  // namespace marlex::stage

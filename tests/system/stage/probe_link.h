@@ -1,0 +1,74 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "byte_reader.h"
+#include "child_process.h"
+
+namespace marlex::stage {
+
+/// One change of what the window shows.
+struct WindowEvent {
+  double Time = 0;     // steady clock, seconds
+  std::string Object;  // "frmMain.cmdPlay", or an action's plain name
+  std::string
+      Property;  // "text", "enabled", "visible", "checked", "colour", "row", "cell 1 0", ...
+  std::string Value;
+};
+
+/// A rectangle on the screen, in pixels.
+struct ScreenArea {
+  int X = 0;
+  int Y = 0;
+  int Width = 0;
+  int Height = 0;
+};
+
+/// Our end of the probe inside the program: a mirror of what its windows show, and where things
+/// are.
+class ProbeLink {
+ public:
+  /// `pluginFolder` holds generic/<probe library>.
+  ProbeLink(const std::string& folder, const std::string& pluginFolder);
+  ~ProbeLink();
+
+  Environment Variables() const;
+
+  /// Forgets the last program and waits until the probe of the next one has come; false when the
+  /// limit passed.
+  bool AwaitProgram(double limitSeconds);
+
+  /// What an object shows now; empty when there is no such object or property. A control may be
+  /// named without its window ("cmdPlay") when one window has it.
+  std::string Read(const std::string& object, const std::string& property) const;
+
+  /// All changes so far, in their order.
+  std::vector<WindowEvent> Events() const;
+
+  /// Place of a control, an unfolded menu item, or a cell ("grdSchedule 1 0"); absent when it
+  /// cannot be seen.
+  std::optional<ScreenArea> Geometry(const std::string& object);
+
+ private:
+  void Accept(double time, std::string_view bytes);
+  void TakeLine(const std::string& line);
+
+  std::string SocketPath;
+  std::string PluginFolder;
+  int Listener = -1;
+  mutable std::mutex Lock;
+  std::string Received;
+  std::map<std::string, std::map<std::string, std::string>> Shown;
+  std::vector<WindowEvent> Log;
+  std::map<int, std::string> Answers;
+  int LastQuery = 0;
+  std::unique_ptr<ByteReader> Reader;
+};
+
+}  // namespace marlex::stage

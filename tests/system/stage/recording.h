@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace marlex::stage {
+
+/// A stretch of time, steady clock, seconds.
+struct Span {
+  double From = 0;
+  double To = 0;
+  double Length() const { return To - From; }
+};
+
+/// Sound with the steady time of its first sample. Levels are root mean square against a full-scale
+/// square wave, so that a full-scale sine has -3 dB; silence is `kSilenceDb`.
+class Recording {
+ public:
+  static constexpr double kSilenceDb = -120;
+  static constexpr double kWindowSeconds = 0.010;  // of the lists of levels
+
+  int Rate = 48'000;
+  double StartTime = 0;
+  std::vector<float> Samples;  // both channels together, -1 to 1
+
+  double EndTime() const { return StartTime + double(Samples.size()) / Rate; }
+
+  /// Level of everything that sounds between two times.
+  double LevelDb(double from, double to) const;
+
+  /// Level of one tone between two times, by Goertzel's method. Tones are told apart from 1 / (to -
+  /// from) Hz on.
+  double ToneDb(double frequency, double from, double to) const;
+
+  /// When a tone is louder than the threshold; pauses shorter than `joinSeconds` don't count.
+  std::vector<Span> Tone(double frequency, double thresholdDb, double joinSeconds = 0.05) const;
+
+  /// When anything is louder than the threshold.
+  std::vector<Span> Sound(double thresholdDb, double joinSeconds = 0.05) const;
+
+  /// Which of the tones is the loudest in the window around a time; -1 when all are below the
+  /// threshold.
+  int LoudestTone(const std::vector<double>& frequencies, double time, double thresholdDb) const;
+
+  /// Writes a WAV file.
+  bool Write(const std::string& file) const;
+
+ private:
+  std::vector<Span> Spans(const std::vector<double>& levels, double thresholdDb,
+                          double joinSeconds) const;
+  size_t IndexAt(double time) const;
+  size_t WindowSize() const { return size_t(kWindowSeconds * Rate); }
+};
+
+}  // namespace marlex::stage

@@ -1,0 +1,145 @@
+#include "stage.h"
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include "wait.h"
+
+namespace marlex::stage {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string MakeFolder() {
+  std::string name = (fs::temp_directory_path() / "marlex-stage-XXXXXX").string();
+  if (!mkdtemp(name.data())) throw std::runtime_error("Cannot make a folder in " + name);
+  return name;
+}
+
+bool IsMedia(const fs::path& file) {
+  return file.extension() == ".mp3" || file.extension() == ".wav";
+}
+
+/// Surroundings in which no sound server and no card can be found, whatever the machine has.
+Environment NoSound() {
+  return {{"PULSE_SERVER", "unix:/nonexistent"},
+          {"PIPEWIRE_REMOTE", "/nonexistent"},
+          {"ALSA_CONFIG_PATH", "/dev/null"}};
+}
+
+std::string ReadWhole(const std::string& file) {
+  std::ifstream stream(file, std::ios::binary);
+  std::ostringstream content;
+  content << stream.rdbuf();
+  return content.str();
+}
+
+}  // namespace
+
+Stage::Stage(const StageOptions& options)
+    : Folder(MakeFolder()), Installation(options.Installation) {
+  IsInstallationOurs = Installation.empty();
+  if (IsInstallationOurs) Installation = Folder + "/installation";
+  fs::create_directories(Installation);
+  fs::copy_file(options.Program, File("marlex"), fs::copy_options::overwrite_existing);
+  Display = std::make_unique<VirtualDisplay>(Folder);
+  if (options.HasSound) {
+    Server = std::make_unique<SoundServer>(Folder, options.Cards);
+    Card = std::make_unique<Recorder>(*Server, options.Cards.Outputs.front());
+  }
+  if (options.HasAmplifier) Line = std::make_unique<Amplifier>(File("com1"));
+  Clock = std::make_unique<ShiftedClock>(Folder, options.Helpers + "/libmarlex_shifted_clock.so");
+  Window = std::make_unique<ProbeLink>(Folder, options.Helpers + "/plugins");
+}
+
+Stage::~Stage() {
+  Program.reset();
+  Window.reset();
+  Line.reset();
+  Card.reset();
+  Server.reset();
+  Display.reset();
+  std::error_code ignored;
+  fs::remove_all(Folder, ignored);
+}
+
+std::string Stage::ReadFile(const std::string& name) const { return ReadWhole(File(name)); }
+
+std::string Stage::ProgramLog() const { return ReadWhole(Folder + "/program.log"); }
+
+void Stage::WriteFile(const std::string& name, const std::string& content) const {
+  fs::create_directories(fs::path(File(name)).parent_path());
+  std::ofstream stream(File(name), std::ios::binary);
+  stream << content;
+}
+
+void Stage::Start(const std::string& localTime) {
+  constexpr double kStartLimitSeconds = 60;
+  if (!localTime.empty()) Clock->Set(localTime);
+  Program = std::make_unique<ChildProcess>(StartCommand());
+  if (!Window->AwaitProgram(kStartLimitSeconds)) {
+    throw std::runtime_error("The program did not come up:\n" + ProgramLog());
+  }
+}
+
+std::unique_ptr<ChildProcess> Stage::StartSecond() const {
+  Command command = StartCommand();
+  command.Variables["QT_QPA_GENERIC_PLUGINS"] = "";
+  return std::make_unique<ChildProcess>(command);
+}
+
+bool Stage::AwaitText(const std::string& object, const std::string& text, double limitSeconds) {
+  return Await(object, "text", text, limitSeconds);
+}
+
+bool Stage::Await(const std::string& object, const std::string& property, const std::string& value,
+                  double limitSeconds) {
+  return WaitUntil([&] { return Window->Read(object, property) == value; }, limitSeconds);
+}
+
+bool Stage::Click(const std::string& object) {
+  constexpr double kSeenLimitSeconds = 30;
+  std::optional<ScreenArea> area;
+  auto isSeen = [&] {
+    area = Window->Geometry(object);
+    return area.has_value();
+  };
+  if (!WaitUntil(isSeen, kSeenLimitSeconds)) return false;
+  Display->Click(area->X + area->Width / 2, area->Y + area->Height / 2);
+  return true;
+}
+
+std::vector<std::string> Stage::OpenMedia() const {
+  std::vector<std::string> names;
+  std::error_code error;
+  fs::path descriptors = "/proc/" + std::to_string(Program->Pid()) + "/fd";
+  for (const auto& entry : fs::directory_iterator(descriptors, error)) {
+    fs::path file = fs::read_symlink(entry.path(), error);
+    if (!error && IsMedia(file)) names.push_back(file.filename().string());
+  }
+  return names;
+}
+
+Environment Stage::Surroundings() const {
+  Environment all = {{"HOME", Folder}, {"LC_ALL", "C.UTF-8"}, {"NO_AT_BRIDGE", "1"}};
+  all.merge(Display->Variables());
+  all.merge(Server ? Server->Variables() : NoSound());
+  all.merge(Clock->Variables());
+  all.merge(Window->Variables());
+  return all;
+}
+
+Command Stage::StartCommand() const {
+  Command command;
+  command.Arguments = {File("marlex")};
+  command.Variables = Surroundings();
+  command.Directory = Folder;
+  command.LogFile = Folder + "/program.log";
+  return command;
+}
+
+}  // namespace marlex::stage

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "amplifier.h"
+#include "child_process.h"
+#include "probe_link.h"
+#include "recorder.h"
+#include "sound_server.h"
+#include "virtual_display.h"
+#include "wall_clock.h"
+
+namespace marlex::stage {
+
+/// What a stage is built with.
+struct StageOptions {
+  std::string Program;       // the program's binary; it is copied into the installation
+  std::string Helpers;       // folder of the probe and of the clock's library
+  std::string Installation;  // an existing folder; empty makes an empty one that is thrown away
+  SoundCards Cards;
+  bool HasAmplifier = true;
+  bool HasSound = true;
+};
+
+/// Everything that the program meets on the operator's desk, made for one test: a display, a sound
+/// card that is recorded, an amplifier on a serial line, a clock, and the installation. All of it
+/// ends with the object, and with the test's process in any case.
+class Stage {
+ public:
+  explicit Stage(const StageOptions& options);
+  ~Stage();
+
+  /// Path of a file of the installation.
+  std::string File(const std::string& name) const { return Installation + "/" + name; }
+  std::string ReadFile(const std::string& name) const;
+  std::string ProgramLog() const;  // what the program wrote to its outputs
+  void WriteFile(const std::string& name, const std::string& content) const;
+
+  /// Starts the program, at a wall-clock time of the form "2031-05-05 08:59:40"; empty leaves the
+  /// clock as it is.
+  void Start(const std::string& localTime = "");
+
+  /// Starts a second program beside the first, without a probe.
+  std::unique_ptr<ChildProcess> StartSecond() const;
+
+  /// What the window shows: waits until a property has a value.
+  bool AwaitText(const std::string& object, const std::string& text, double limitSeconds = 30);
+  bool Await(const std::string& object, const std::string& property, const std::string& value,
+             double limitSeconds = 30);
+
+  /// Clicks on the middle of a control, a menu item or a cell, once it can be seen. False when it
+  /// never could.
+  bool Click(const std::string& object);
+
+  /// Names of the media files that the program holds open now.
+  std::vector<std::string> OpenMedia() const;
+
+  std::string Folder;        // of this stage's own files: logs, sockets
+  std::string Installation;  // the program's folder
+  std::unique_ptr<VirtualDisplay> Display;
+  std::unique_ptr<SoundServer> Server;
+  std::unique_ptr<Recorder> Card;
+  std::unique_ptr<Amplifier> Line;
+  std::unique_ptr<ShiftedClock> Clock;
+  std::unique_ptr<ProbeLink> Window;
+  std::unique_ptr<ChildProcess> Program;
+
+ private:
+  Environment Surroundings() const;
+  Command StartCommand() const;
+
+  bool IsInstallationOurs = false;
+};
+
+}  // namespace marlex::stage

@@ -1,0 +1,78 @@
+#include "virtual_display.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <stdexcept>
+
+namespace marlex::stage {
+namespace {
+
+constexpr int kStartLimitMs = 30'000;
+
+/// The server writes the number of the display that it has found free, when it is ready.
+std::string ReadNumber(int descriptor) {
+  std::string text;
+  char letter = 0;
+  pollfd wait{descriptor, POLLIN, 0};
+  while (poll(&wait, 1, kStartLimitMs) > 0 && read(descriptor, &letter, 1) == 1 && letter != '\n') {
+    text += letter;
+  }
+  return text;
+}
+
+}  // namespace
+
+VirtualDisplay::VirtualDisplay(const std::string& folder) : LogFile(folder + "/display.log") {
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("The system has no pipe left.");
+  Command command;
+  command.Arguments = {"Xvfb",      "-displayfd", std::to_string(ends[1]),
+                       "-screen",   "0",          "1280x800x24",
+                       "-nolisten", "tcp"};
+  command.LogFile = LogFile;
+  command.Kept = ends[1];
+  command.DeathSignal = SIGTERM;  // it then removes its lock file
+  Server = std::make_unique<ChildProcess>(command);
+  close(ends[1]);
+  Name = ":" + ReadNumber(ends[0]);
+  close(ends[0]);
+  if (Name == ":") throw std::runtime_error("The virtual display did not start: " + LogFile);
+}
+
+void VirtualDisplay::Click(int x, int y) {
+  Tool({"mousemove", std::to_string(x), std::to_string(y), "click", "1"});
+}
+
+void VirtualDisplay::DoubleClick(int x, int y) {
+  Tool({"mousemove", std::to_string(x), std::to_string(y), "click", "--repeat", "2", "--delay",
+        "60", "1"});
+}
+
+void VirtualDisplay::Press(int x, int y) {
+  Tool({"mousemove", std::to_string(x), std::to_string(y), "mousedown", "1"});
+}
+
+void VirtualDisplay::Release() { Tool({"mouseup", "1"}); }
+
+void VirtualDisplay::Key(const std::string& name) { Tool({"key", name}); }
+
+bool VirtualDisplay::Picture(const std::string& file) {
+  Command command;
+  command.Arguments = {"import", "-window", "root", file};
+  command.Variables = {{"DISPLAY", Name}};
+  command.LogFile = LogFile;
+  return Run(command) == 0;
+}
+
+int VirtualDisplay::Tool(std::vector<std::string> arguments) {
+  Command command;
+  command.Arguments = {"xdotool"};
+  command.Arguments.insert(command.Arguments.end(), arguments.begin(), arguments.end());
+  command.Variables = {{"DISPLAY", Name}};
+  command.LogFile = LogFile;
+  return Run(command);
+}
+
+}  // namespace marlex::stage

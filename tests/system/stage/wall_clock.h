@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "child_process.h"
+
+namespace marlex::stage {
+
+/// The wall clock that the program under test believes in. It can be set at any moment, in both
+/// directions; steady time is never touched.
+class ShiftedClock {
+ public:
+  /// `preload` is the library that answers the program's questions for the time.
+  ShiftedClock(const std::string& folder, const std::string& preload);
+  ~ShiftedClock();
+
+  Environment Variables() const;
+
+  /// Sets the local time, in the form "2031-05-05 08:59:40".
+  void Set(const std::string& localTime);
+
+  /// The local time as the program sees it, "HH:MM:SS".
+  std::string Time() const;
+
+ private:
+  std::string File;
+  std::string Preload;
+  std::int64_t* Shift = nullptr;
+};
+
+}  // namespace marlex::stage
