@@ -1,0 +1,30 @@
+#include "desktop/process/wall_clock.h"
+
+#include <algorithm>
+
+namespace marlex {
+
+namespace {
+
+constexpr int kFirstYear = 1900;  // year 0 of std::tm
+constexpr int kSunday = 7;        // day 0 of std::tm's week
+constexpr int kLastSecond = 59;   // a leap second counts as the second before it
+
+}  // namespace
+
+LocalTime SystemClock::Now() const { return LocalTimeAt(std::time(nullptr)); }
+
+LocalTime LocalTimeAt(std::time_t moment) {
+  ::tzset();  // localtime_r alone goes on with the zone of its first call
+  std::tm civil{};
+  if (!::localtime_r(&moment, &civil)) return {};  // only for years beyond an int
+  return {.Year = civil.tm_year + kFirstYear,
+          .Month = civil.tm_mon + 1,
+          .Day = civil.tm_mday,
+          .Hour = civil.tm_hour,
+          .Minute = civil.tm_min,
+          .Second = std::min(civil.tm_sec, kLastSecond),
+          .Weekday = civil.tm_wday == 0 ? kSunday : civil.tm_wday};
+}
+
+}  // namespace marlex
