@@ -14,6 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr double kStartLimitSeconds = 60;
+
 std::string MakeFolder() {
   std::string name = (fs::temp_directory_path() / "marlex-stage-XXXXXX").string();
   if (!mkdtemp(name.data())) throw std::runtime_error("Cannot make a folder in " + name);
@@ -41,19 +43,22 @@ std::string ReadWhole(const std::string& file) {
 }  // namespace
 
 Stage::Stage(const StageOptions& options)
-    : Folder(MakeFolder()), Installation(options.Installation) {
-  IsInstallationOurs = Installation.empty();
-  if (IsInstallationOurs) Installation = Folder + "/installation";
+    : Folder(MakeFolder()),
+      Installation(options.Installation),
+      Helpers(options.Helpers),
+      FirstOutput(options.Cards.Outputs.front()) {
+  if (Installation.empty()) Installation = Folder + "/installation";
   fs::create_directories(Installation);
-  fs::copy_file(options.Program, File("marlex"), fs::copy_options::overwrite_existing);
+  fs::remove(File("marlex"));  // the old one may still be running
+  fs::copy_file(options.Program, File("marlex"));
   Display = std::make_unique<VirtualDisplay>(Folder);
   if (options.HasSound) {
     Server = std::make_unique<SoundServer>(Folder, options.Cards);
-    Card = std::make_unique<Recorder>(*Server, options.Cards.Outputs.front());
+    RecordAnew();
   }
   if (options.HasAmplifier) Line = std::make_unique<Amplifier>(File("com1"));
-  Clock = std::make_unique<ShiftedClock>(Folder, options.Helpers + "/libmarlex_shifted_clock.so");
-  Window = std::make_unique<ProbeLink>(Folder, options.Helpers + "/plugins");
+  Clock = std::make_unique<ShiftedClock>(Folder, Helpers + "/libmarlex_shifted_clock.so");
+  Window = std::make_unique<ProbeLink>(Folder, Helpers + "/plugins");
 }
 
 Stage::~Stage() {
@@ -78,18 +83,22 @@ void Stage::WriteFile(const std::string& name, const std::string& content) const
 }
 
 void Stage::Start(const std::string& localTime) {
-  constexpr double kStartLimitSeconds = 60;
   if (!localTime.empty()) Clock->Set(localTime);
-  Program = std::make_unique<ChildProcess>(StartCommand());
+  Program = std::make_unique<ChildProcess>(StartCommand(*Window));
   if (!Window->AwaitProgram(kStartLimitSeconds)) {
     throw std::runtime_error("The program did not come up:\n" + ProgramLog());
   }
 }
 
-std::unique_ptr<ChildProcess> Stage::StartSecond() const {
-  Command command = StartCommand();
-  command.Variables["QT_QPA_GENERIC_PLUGINS"] = "";
-  return std::make_unique<ChildProcess>(command);
+std::unique_ptr<ChildProcess> Stage::StartSecond(ProbeLink& link) const {
+  auto second = std::make_unique<ChildProcess>(StartCommand(link));
+  link.AwaitProgram(kStartLimitSeconds);
+  return second;
+}
+
+std::unique_ptr<ProbeLink> Stage::MakeSecondLink() const {
+  fs::create_directories(Folder + "/second");
+  return std::make_unique<ProbeLink>(Folder + "/second", Helpers + "/plugins");
 }
 
 bool Stage::AwaitText(const std::string& object, const std::string& text, double limitSeconds) {
@@ -101,16 +110,23 @@ bool Stage::Await(const std::string& object, const std::string& property, const 
   return WaitUntil([&] { return Window->Read(object, property) == value; }, limitSeconds);
 }
 
-bool Stage::Click(const std::string& object) {
+bool Stage::Click(const std::string& object) { return Click(object, *Window); }
+
+bool Stage::Click(const std::string& object, ProbeLink& link) {
   constexpr double kSeenLimitSeconds = 30;
   std::optional<ScreenArea> area;
   auto isSeen = [&] {
-    area = Window->Geometry(object);
+    area = link.Geometry(object);
     return area.has_value();
   };
   if (!WaitUntil(isSeen, kSeenLimitSeconds)) return false;
   Display->Click(area->X + area->Width / 2, area->Y + area->Height / 2);
   return true;
+}
+
+void Stage::RecordAnew() {
+  Card.reset();
+  Card = std::make_unique<Recorder>(*Server, FirstOutput);
 }
 
 std::vector<std::string> Stage::OpenMedia() const {
@@ -124,19 +140,19 @@ std::vector<std::string> Stage::OpenMedia() const {
   return names;
 }
 
-Environment Stage::Surroundings() const {
+Environment Stage::Surroundings(const ProbeLink& link) const {
   Environment all = {{"HOME", Folder}, {"LC_ALL", "C.UTF-8"}, {"NO_AT_BRIDGE", "1"}};
   all.merge(Display->Variables());
   all.merge(Server ? Server->Variables() : NoSound());
   all.merge(Clock->Variables());
-  all.merge(Window->Variables());
+  all.merge(link.Variables());
   return all;
 }
 
-Command Stage::StartCommand() const {
+Command Stage::StartCommand(const ProbeLink& link) const {
   Command command;
   command.Arguments = {File("marlex")};
-  command.Variables = Surroundings();
+  command.Variables = Surroundings(link);
   command.Directory = Folder;
   command.LogFile = Folder + "/program.log";
   return command;

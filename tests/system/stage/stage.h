@@ -42,8 +42,11 @@ class Stage {
   /// clock as it is.
   void Start(const std::string& localTime = "");
 
-  /// Starts a second program beside the first, without a probe.
-  std::unique_ptr<ChildProcess> StartSecond() const;
+  /// Starts a second program beside the first, with a window link of its own.
+  std::unique_ptr<ChildProcess> StartSecond(ProbeLink& link) const;
+
+  /// A window link for `StartSecond`.
+  std::unique_ptr<ProbeLink> MakeSecondLink() const;
 
   /// What the window shows: waits until a property has a value.
   bool AwaitText(const std::string& object, const std::string& text, double limitSeconds = 30);
@@ -53,6 +56,12 @@ class Stage {
   /// Clicks on the middle of a control, a menu item or a cell, once it can be seen. False when it
   /// never could.
   bool Click(const std::string& object);
+
+  /// The same in a window that is read through another link.
+  bool Click(const std::string& object, ProbeLink& link);
+
+  /// Ends the recording of the card and begins a new one, after the sound server was started again.
+  void RecordAnew();
 
   /// Names of the media files that the program holds open now.
   std::vector<std::string> OpenMedia() const;
@@ -68,10 +77,11 @@ class Stage {
   std::unique_ptr<ChildProcess> Program;
 
  private:
-  Environment Surroundings() const;
-  Command StartCommand() const;
+  Environment Surroundings(const ProbeLink& link) const;
+  Command StartCommand(const ProbeLink& link) const;
 
-  bool IsInstallationOurs = false;
+  std::string Helpers;
+  std::string FirstOutput;
 };
 
 }  // namespace marlex::stage

@@ -8,15 +8,28 @@
 #include <atomic>
 #include <stdexcept>
 
+#include "wait.h"
+
 namespace marlex::stage {
 namespace {
 
 constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
 
+constexpr std::int64_t kNanosecondsPerMillisecond = 1'000'000;
+
 std::int64_t RealNanoseconds() {
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);
   return std::int64_t{now.tv_sec} * kNanosecondsPerSecond + now.tv_nsec;
+}
+
+std::int64_t Nanoseconds(const std::string& localTime) {
+  tm parts{};
+  if (!strptime(localTime.c_str(), "%Y-%m-%d %H:%M:%S", &parts)) {
+    throw std::runtime_error("No time: " + localTime);
+  }
+  parts.tm_isdst = -1;  // the system finds out
+  return std::int64_t{mktime(&parts)} * kNanosecondsPerSecond;
 }
 
 }  // namespace
@@ -39,23 +52,25 @@ Environment ShiftedClock::Variables() const {
 }
 
 void ShiftedClock::Set(const std::string& localTime) {
-  tm parts{};
-  if (!strptime(localTime.c_str(), "%Y-%m-%d %H:%M:%S", &parts)) {
-    throw std::runtime_error("No time: " + localTime);
-  }
-  parts.tm_isdst = -1;
-  std::int64_t wanted = std::int64_t{mktime(&parts)} * kNanosecondsPerSecond;
-  std::atomic_ref(*Shift).store(wanted - RealNanoseconds());
+  std::atomic_ref(*Shift).store(Nanoseconds(localTime) - RealNanoseconds());
 }
 
-std::string ShiftedClock::Time() const {
-  time_t seconds =
-      time_t((RealNanoseconds() + std::atomic_ref(*Shift).load()) / kNanosecondsPerSecond);
+std::string ShiftedClock::TimeAt(double steadySeconds) const {
+  std::int64_t now = RealNanoseconds() + std::atomic_ref(*Shift).load();
+  std::int64_t then = now + std::int64_t((steadySeconds - Now()) * kNanosecondsPerSecond);
+  auto seconds = time_t(then / kNanosecondsPerSecond);
   tm parts{};
   localtime_r(&seconds, &parts);
   char text[16];
   strftime(text, sizeof(text), "%H:%M:%S", &parts);
-  return text;
+  std::string milliseconds =
+      std::to_string(1000 + then % kNanosecondsPerSecond / kNanosecondsPerMillisecond);
+  return std::string(text) + "." + milliseconds.substr(1);
+}
+
+double ShiftedClock::SteadyTimeOf(const std::string& localTime) const {
+  std::int64_t now = RealNanoseconds() + std::atomic_ref(*Shift).load();
+  return Now() + double(Nanoseconds(localTime) - now) / kNanosecondsPerSecond;
 }
 
 }  // namespace marlex::stage

@@ -20,8 +20,11 @@ class ShiftedClock {
   /// Sets the local time, in the form "2031-05-05 08:59:40".
   void Set(const std::string& localTime);
 
-  /// The local time as the program sees it, "HH:MM:SS".
-  std::string Time() const;
+  /// The local time that the program saw at a steady time, "HH:MM:SS.mmm", by the present setting.
+  std::string TimeAt(double steadySeconds) const;
+
+  /// The steady time of a local time of the form of `Set`, by the present setting.
+  double SteadyTimeOf(const std::string& localTime) const;
 
  private:
   std::string File;

@@ -1,1 +1,122 @@
-int main() { return 0; }
+// marlex_watch PROGRAM INSTALLATION OUTPUT_FOLDER: runs the program where there is no display and
+// no sound, tells what happens, leaves a picture and a recording, and ends after the first
+// announcement.
+
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <thread>
+
+#include "system/stage/stage.h"
+#include "system/stage/wait.h"
+#include "teller.h"
+
+namespace marlex::watch {
+namespace {
+
+constexpr const char* kStart =
+    "2031-05-05 08:59:44";  // a Monday; the sample's first row is due at 09:00
+constexpr double kLimitSeconds = 90;
+constexpr double kMusicAfterwardsSeconds = 3;
+constexpr const char* kGreen = "#00ff00";
+
+/// Follows the first announcement from its row's green to the music's return.
+class FirstAnnouncement {
+ public:
+  explicit FirstAnnouncement(const stage::Stage& watched) : Watched(watched) {}
+
+  bool IsPlaying() const {
+    for (int row = 1; row < kMostRows; ++row) {
+      std::string cell = "cell " + std::to_string(row) + " 0 colour";
+      if (Watched.Window->Read("frmMain.grdSchedule", cell) == kGreen) return true;
+    }
+    return false;
+  }
+
+  /// The play key is back when the whole sequence, fades included, is over.
+  bool IsOver() {
+    HasPlayed = HasPlayed || IsPlaying();
+    return HasPlayed && !IsPlaying() && Watched.Window->Read("frmMain.cmdPlay", "enabled") == "yes";
+  }
+
+ private:
+  static constexpr int kMostRows = 64;
+  const stage::Stage& Watched;
+  bool HasPlayed = false;
+};
+
+/// Lets the teller look until the condition holds; false when the program ended or the limit
+/// passed.
+bool Watch(stage::Stage& desk, Teller& teller, const std::function<bool()>& condition,
+           double limit) {
+  constexpr std::chrono::milliseconds kBetweenLooks{20};
+  double end = stage::Now() + limit;
+  while (!condition()) {
+    if (stage::Now() > end || !desk.Program->IsRunning()) return false;
+    teller.Look();
+    std::this_thread::sleep_for(kBetweenLooks);
+  }
+  teller.Look();
+  return true;
+}
+
+/// Exit by the menu, as the operator would.
+void Leave(stage::Stage& desk, Teller& teller) {
+  constexpr double kExitLimitSeconds = 10;
+  desk.Click("mnuFile");
+  desk.Click("mnuExit");
+  stage::WaitUntil([&] { return !desk.Program->IsRunning(); }, kExitLimitSeconds);
+  teller.Look();
+  int code = desk.Program->ExitCode().value_or(-1);
+  teller.Say("the program has ended with code " + std::to_string(code));
+}
+
+void Keep(const stage::Stage& desk, const std::string& recording) {
+  desk.Card->Take().Write(recording);
+  printf("Recording: %s\n", recording.c_str());
+}
+
+int Run(const std::string& program, const std::string& installation, const std::string& output) {
+  namespace fs = std::filesystem;
+  fs::create_directories(output);
+  stage::StageOptions options;
+  options.Program = program;
+  options.Helpers = MARLEX_BINARY_DIR "/helpers";
+  options.Installation = fs::absolute(installation).string();
+  options.Cards.Microphone = true;
+  stage::Stage desk(options);
+  Teller teller(desk);
+  desk.Start(kStart);
+  teller.Say("the program is started in " + options.Installation);
+  FirstAnnouncement announcement(desk);
+  bool isGood = Watch(
+      desk, teller, [&] { return announcement.IsPlaying(); }, kLimitSeconds);
+  std::string picture = output + "/marlex.png";
+  if (desk.Display->Picture(picture)) printf("Screenshot: %s\n", picture.c_str());
+  isGood = isGood && Watch(
+                         desk, teller, [&] { return announcement.IsOver(); }, kLimitSeconds);
+  if (isGood)
+    Watch(
+        desk, teller, [] { return false; }, kMusicAfterwardsSeconds);
+  if (isGood) Leave(desk, teller);
+  Keep(desk, output + "/marlex.wav");
+  if (!isGood) fprintf(stderr, "The announcement did not come.\n%s", desk.ProgramLog().c_str());
+  return isGood ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace marlex::watch
+
+int main(int count, char** arguments) {
+  if (count != 4) {
+    fprintf(stderr, "Usage: marlex_watch PROGRAM INSTALLATION OUTPUT_FOLDER\n");
+    return 2;
+  }
+  try {
+    return marlex::watch::Run(arguments[1], arguments[2], arguments[3]);
+  } catch (const std::exception& failure) {
+    fprintf(stderr, "%s\n", failure.what());
+    return 1;
+  }
+}
