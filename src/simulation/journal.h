@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "simulation/virtual_loop.h"
+
+namespace marlex {
+
+/// What the system did to its PC, one line an effect: "<milliseconds since the last Clear>
+/// <category> <what>".
+///
+/// Categories: send, lost, serial (the line), wav, control (the two wave players), song, box, open
+/// (dialogs), process, failure (broken rules nobody handles), delete, and, off unless asked for,
+/// write (profile files) and mixer.
+class Journal {
+ public:
+  explicit Journal(const VirtualLoop& loop) : Loop(loop) {}
+
+  /// Records these categories from now on and no others.
+  void Only(std::initializer_list<std::string> categories) {
+    Chosen = std::set<std::string>(categories);
+  }
+
+  /// Stops or starts the recording of one category.
+  void Mute(const std::string& category) { Muted.insert(category); }
+  void Unmute(const std::string& category) { Muted.erase(category); }
+
+  bool Records(const std::string& category) const {
+    return Chosen ? Chosen->contains(category) : !Muted.contains(category);
+  }
+
+  void Write(const std::string& category, const std::string& what) {
+    if (!Records(category)) return;
+    Entries.push_back(std::to_string(Loop.NowMs() - StartMs) + " " + category +
+                      (what.empty() ? "" : " " + what));
+  }
+
+  /// Forgets all lines and counts the milliseconds from this moment.
+  void Clear() {
+    Entries.clear();
+    StartMs = Loop.NowMs();
+  }
+
+  const std::vector<std::string>& Lines() const { return Entries; }
+
+  /// All lines, each with its line feed.
+  std::string Text() const {
+    std::string text;
+    for (const std::string& line : Entries) text += line + "\n";
+    return text;
+  }
+
+  /// The text of all lines, which are then cleared.
+  std::string Take() {
+    std::string text = Text();
+    Clear();
+    return text;
+  }
+
+ private:
+  const VirtualLoop& Loop;
+  std::int64_t StartMs = 0;
+  std::vector<std::string> Entries;
+  std::optional<std::set<std::string>> Chosen;
+  std::set<std::string> Muted{"mixer", "write"};
+};
+
+}  // namespace marlex

@@ -1,0 +1,139 @@
+#include "simulation/memory_disk.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace marlex {
+
+namespace {
+
+char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+/// Whether `name` matches `*` and `?`, without regard to the case of plain letters.
+bool Matches(std::string_view name, std::string_view pattern) {
+  if (pattern.empty()) return name.empty();
+  if (pattern.front() == '*') {
+    return Matches(name, pattern.substr(1)) || (!name.empty() && Matches(name.substr(1), pattern));
+  }
+  if (name.empty()) return false;
+  const bool same = pattern.front() == '?' || Lower(pattern.front()) == Lower(name.front());
+  return same && Matches(name.substr(1), pattern.substr(1));
+}
+
+std::string ParentOf(const std::string& path) {
+  const std::size_t separator = path.rfind(kSeparator);
+  return separator == std::string::npos ? "" : path.substr(0, separator);
+}
+
+}  // namespace
+
+std::string NameOf(const std::string& path) { return path.substr(path.rfind(kSeparator) + 1); }
+
+std::string MemoryDisk::Search(const std::string& path) const {
+  if (path.empty()) return "";
+  if (path.back() == kSeparator) {
+    const std::vector<std::string> names = NamesIn(path);
+    return names.empty() ? "" : names.front();
+  }
+  return Find(path) || HasDirectory(path) ? NameOf(path) : "";
+}
+
+std::vector<std::string> MemoryDisk::List(const std::string& directory,
+                                          const std::string& pattern) const {
+  std::vector<std::string> names = NamesIn(directory);
+  std::erase_if(names, [&](const std::string& name) { return !Matches(name, pattern); });
+  return names;
+}
+
+bool MemoryDisk::Delete(const std::string& path) {
+  if (!Find(path) || Covers(Unwritable, path)) return false;
+  Files.erase(path);
+  Log.Write("delete", path);
+  return true;
+}
+
+void MemoryDisk::AddDirectory(const std::string& path) {
+  for (std::string made = WithoutSeparator(path); !made.empty(); made = ParentOf(made)) {
+    DirectoriesMade.insert(made);
+  }
+}
+
+void MemoryDisk::AddFile(const std::string& path, const std::string& text) { Put(path, {text}); }
+
+void MemoryDisk::AddWav(const std::string& path, int lengthMs) {
+  Put(path, {"", MediaKind::Wav, lengthMs});
+}
+
+void MemoryDisk::AddMp3(const std::string& path, int lengthMs) {
+  Put(path, {"", MediaKind::Mp3, lengthMs});
+}
+
+void MemoryDisk::Heal(const std::string& path) {
+  Unwritable.erase(WithoutSeparator(path));
+  Unreadable.erase(WithoutSeparator(path));
+}
+
+std::optional<std::string> MemoryDisk::Read(const std::string& path) const {
+  const File* file = Find(path);
+  if (!file || Covers(Unreadable, path)) return std::nullopt;
+  return file->Text;
+}
+
+bool MemoryDisk::Write(const std::string& path, const std::string& text) {
+  if (Covers(Unwritable, path) || Covers(Vanished, path)) return false;
+  if (HasDirectory(path) || !HasDirectory(ParentOf(path))) return false;
+  Put(path, {text});
+  return true;
+}
+
+std::optional<int> MemoryDisk::MediaLengthMs(const std::string& path, MediaKind kind) const {
+  const File* file = Find(path);
+  if (!file || file->Media != kind || Covers(Unreadable, path)) return std::nullopt;
+  return file->LengthMs;
+}
+
+std::string MemoryDisk::WithoutSeparator(std::string path) {
+  while (path.size() > 1 && path.back() == kSeparator) path.pop_back();
+  return path;
+}
+
+/// Whether the path or a directory above it is among the faults.
+bool MemoryDisk::Covers(const std::set<std::string>& faults, const std::string& path) {
+  if (faults.empty()) return false;
+  for (std::string part = WithoutSeparator(path); !part.empty(); part = ParentOf(part)) {
+    if (faults.contains(part)) return true;
+  }
+  return faults.contains(std::string(1, kSeparator));
+}
+
+void MemoryDisk::Put(const std::string& path, File file) {
+  AddDirectory(ParentOf(path));
+  Files[path] = std::move(file);
+}
+
+const MemoryDisk::File* MemoryDisk::Find(const std::string& path) const {
+  const auto found = Files.find(path);
+  return found == Files.end() || Covers(Vanished, path) ? nullptr : &found->second;
+}
+
+bool MemoryDisk::HasDirectory(const std::string& path) const {
+  const std::string plain = WithoutSeparator(path);
+  const bool root = plain.empty() || plain == std::string(1, kSeparator);
+  return (root || DirectoriesMade.contains(plain)) && !Covers(Vanished, plain);
+}
+
+/// Names of the files of one directory, sorted; those of the directories below it are left out.
+std::vector<std::string> MemoryDisk::NamesIn(const std::string& directory) const {
+  std::vector<std::string> names;
+  const std::string prefix = JoinPath(WithoutSeparator(directory), "");
+  for (auto file = Files.lower_bound(prefix);
+       file != Files.end() && file->first.starts_with(prefix); ++file) {
+    const std::string name = file->first.substr(prefix.size());
+    const bool below = name.find(kSeparator) != std::string::npos;
+    if (!below && !Covers(Vanished, file->first)) names.push_back(name);
+  }
+  return names;
+}
+
+}  // namespace marlex

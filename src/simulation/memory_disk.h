@@ -1,0 +1,84 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/directories.h"
+#include "simulation/journal.h"
+
+namespace marlex {
+
+enum class MediaKind { None, Wav, Mp3 };
+
+/// One tree of files in memory, shared by everything on the simulated PC that reads or writes
+/// files. Directories come into being with the files in them. Paths are absolute and compared
+/// exactly, with regard to case.
+class MemoryDisk : public Directories {
+ public:
+  explicit MemoryDisk(Journal& journal) : Log(journal) {}
+
+  std::string Search(const std::string& path) const override;
+  std::vector<std::string> List(const std::string& directory,
+                                const std::string& pattern) const override;
+  bool Delete(const std::string& path) override;
+
+  void AddDirectory(const std::string& path);
+  void AddFile(const std::string& path, const std::string& text = "");
+  void AddWav(const std::string& path, int lengthMs);
+  void AddMp3(const std::string& path, int lengthMs);
+
+  /// A file that is there, whatever its name, but that no player can play.
+  void AddBroken(const std::string& path) { AddFile(path); }
+
+  void Remove(const std::string& path) { Files.erase(path); }
+
+  /// Takes a file, or a directory with all below it, away without losing it, like a drive that
+  /// drops out; and back.
+  void Vanish(const std::string& path) { Vanished.insert(WithoutSeparator(path)); }
+  void Return(const std::string& path) { Vanished.erase(WithoutSeparator(path)); }
+
+  /// Makes writes below this path, or to this file, fail, as on a full or protected disk; or reads.
+  void FailWrites(const std::string& path) { Unwritable.insert(WithoutSeparator(path)); }
+  void FailReads(const std::string& path) { Unreadable.insert(WithoutSeparator(path)); }
+  void Heal(const std::string& path);
+
+  /// Whole text of a file. Empty when it is not there or cannot be read.
+  std::optional<std::string> Read(const std::string& path) const;
+
+  /// Creates or replaces a text file. False when its directory is not there or the write fails; the
+  /// file is then intact.
+  bool Write(const std::string& path, const std::string& text);
+
+  /// Length of a file of this kind in milliseconds. Empty when it is not there, is of another kind
+  /// or cannot be read.
+  std::optional<int> MediaLengthMs(const std::string& path, MediaKind kind) const;
+
+ private:
+  struct File {
+    std::string Text;
+    MediaKind Media = MediaKind::None;
+    int LengthMs = 0;
+  };
+
+  static std::string WithoutSeparator(std::string path);
+  static bool Covers(const std::set<std::string>& faults, const std::string& path);
+  void Put(const std::string& path, File file);
+  const File* Find(const std::string& path) const;
+  bool HasDirectory(const std::string& path) const;
+  std::vector<std::string> NamesIn(const std::string& directory) const;
+
+  Journal& Log;
+  std::map<std::string, File> Files;
+  std::set<std::string> DirectoriesMade;
+  std::set<std::string> Vanished;
+  std::set<std::string> Unwritable;
+  std::set<std::string> Unreadable;
+};
+
+/// Name of a file without its directory.
+std::string NameOf(const std::string& path);
+
+}  // namespace marlex

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/dialogs.h"
+#include "simulation/journal.h"
+#include "simulation/virtual_loop.h"
+
+namespace marlex {
+
+/// Boxes with a scripted operator. At first he answers each at once, with no time between.
+class SimulatedDialogs : public Dialogs {
+ public:
+  SimulatedDialogs(VirtualLoop& loop, Journal& journal) : Loop(loop), Log(journal) {}
+
+  std::string ShowOpen(const FileDialog& dialog) override;
+
+  struct MessageBox {
+    std::string Body;
+    std::string Caption;
+    BoxIcon Icon;
+  };
+
+  static constexpr int kNever = -1;
+
+  /// Milliseconds until the operator answers the boxes that open from now on; 0 is at once, kNever
+  /// waits for `Answer`.
+  int AnswerAfterMs = 0;
+
+  /// Answers the box on top, to be called between two calls of the loop or from a scheduled event.
+  /// A message box gets its OK, a file dialog the next of `OpenResults`.
+  void Answer();
+
+  /// Number of boxes that are open now.
+  int OpenBoxCount() const { return static_cast<int>(Answered.size()); }
+
+  /// Answers of the file dialogs to come, the first one first; an empty text cancels, and so does
+  /// an empty list.
+  std::deque<std::string> OpenResults;
+
+  /// All boxes and file dialogs that were shown, the last one last.
+  std::vector<MessageBox> Boxes;
+  std::vector<FileDialog> FileDialogs;
+
+ protected:
+  void ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) override;
+
+ private:
+  void WaitForAnswer();
+
+  VirtualLoop& Loop;
+  Journal& Log;
+  std::deque<bool> Answered;  // of the boxes that are open, the top one last
+};
+
+}  // namespace marlex

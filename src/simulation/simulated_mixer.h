@@ -1,0 +1,104 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/mixer_functions.h"
+#include "simulation/journal.h"
+
+namespace marlex {
+
+/// One line of the simulated mixer with its present values, 0 (silence) to 65535 (full).
+struct SimulatedLine {
+  std::uint32_t ComponentType = 0;
+  std::string Name;
+  std::uint32_t Channels = 2;
+  bool HasVolume = true;
+  bool HasMute = true;
+  bool HasMeter = true;
+  std::array<std::uint32_t, 2> Volume{65535, 65535};  // left and right; a mono line uses the first
+  std::uint32_t Mute = 0;                             // 0 or 1
+  std::array<std::uint32_t, 2> Peak{0, 0};            // what the meter reads, set by the test
+};
+
+struct SimulatedDestination {
+  SimulatedLine Line;
+  std::vector<SimulatedLine> Sources;
+};
+
+struct SimulatedMixerDevice {
+  std::string ProductName = "Simulated mixer";
+  std::vector<SimulatedDestination> Destinations;
+};
+
+/// Mixer devices in memory, open to every change by the test. At first there is one, with stereo
+/// speakers, a stereo wave output and a mono microphone that is muted, each with volume, mute and
+/// meter, all at full level. The values stay when a process ends, as those of a sound card do. Ids
+/// are worked out from the places of lines, so do not reorder them while a system runs.
+class SimulatedMixer : public MixerFunctions {
+ public:
+  explicit SimulatedMixer(Journal& journal);
+
+  std::uint32_t GetNumDevs() override { return static_cast<std::uint32_t>(Devices.size()); }
+  std::uint32_t Open(std::uint32_t device, std::uint32_t& handle) override;
+  std::uint32_t GetDevCaps(std::uint32_t device, MixerCaps& caps) override;
+  std::optional<MixerLineInfo> GetDestination(std::uint32_t handle,
+                                              std::uint32_t destination) override;
+  std::optional<MixerLineInfo> GetSource(std::uint32_t handle, std::uint32_t destination,
+                                         std::uint32_t source) override;
+  std::optional<MixerLineInfo> GetLineOfType(std::uint32_t handle,
+                                             std::uint32_t componentType) override;
+  std::optional<std::uint32_t> GetLineControl(std::uint32_t handle, std::uint32_t lineId,
+                                              std::uint32_t controlType) override;
+  std::vector<std::uint32_t> GetControlDetails(std::uint32_t handle, std::uint32_t controlId,
+                                               std::uint32_t channels) override;
+  std::uint32_t SetControlDetails(std::uint32_t handle, std::uint32_t controlId,
+                                  const std::vector<std::uint32_t>& values) override;
+  void Close(std::uint32_t handle) override;
+
+  /// All mixers there are. Clear it for a PC without a sound card.
+  std::vector<SimulatedMixerDevice> Devices;
+
+  std::uint32_t OpenResult = kMixerNoError;  // what Open answers
+  std::uint32_t CapsResult = kMixerNoError;  // what GetDevCaps answers
+
+  /// The first line of this component type on the first device. Null when there is none.
+  SimulatedLine* Line(std::uint32_t componentType);
+  const SimulatedLine* Line(std::uint32_t componentType) const;
+
+  /// Level of that line's louder channel, 0 to 65535; 0 when there is no such line.
+  std::uint32_t Level(std::uint32_t componentType) const;
+
+  /// Whether that line is muted; true when there is no such line.
+  bool Muted(std::uint32_t componentType) const;
+
+  /// Adds a source behind those of the speakers; the reference holds until the next one is added.
+  SimulatedLine& AddSource(std::uint32_t componentType, const std::string& name,
+                           std::uint32_t channels = 2);
+
+  /// Whether a handle is open.
+  bool IsOpen() const { return !OpenHandles.empty(); }
+
+  /// Drops all handles, as the end of the process does.
+  void Reset() { OpenHandles.clear(); }
+
+ private:
+  struct Control {
+    SimulatedLine* Line;
+    std::uint32_t Type;
+  };
+
+  SimulatedMixerDevice* Device(std::uint32_t handle);
+  SimulatedLine* LineById(std::uint32_t handle, std::uint32_t lineId);
+  std::optional<Control> ControlById(std::uint32_t handle, std::uint32_t controlId);
+  std::uint32_t SetVolume(SimulatedLine& line, const std::vector<std::uint32_t>& values);
+  std::uint32_t SetMute(SimulatedLine& line, const std::vector<std::uint32_t>& values);
+
+  Journal& Log;
+  std::vector<std::uint32_t> OpenHandles;
+};
+
+}  // namespace marlex

@@ -1,0 +1,61 @@
+#include "simulation/simulated_pc.h"
+
+#include <cstdint>
+
+namespace marlex {
+
+namespace {
+
+constexpr std::uint32_t kFullLevel = 65535;
+
+/// One sound as heard through the line of its kind; a mixer without that line leaves the sound to
+/// the master.
+void AddSound(std::string& heard, const SimulatedMixer& mixer, std::uint32_t lineType,
+              const std::string& sound) {
+  const std::uint32_t ownType = mixer.Line(lineType) ? lineType : kComponentSpeakers;
+  if (mixer.Muted(ownType) || mixer.Level(ownType) == 0) return;
+  if (!heard.empty()) heard += " + ";
+  heard += sound + " at " + std::to_string(kFullLevel - mixer.Level(ownType));
+}
+
+}  // namespace
+
+SimulatedPc::SimulatedPc() {
+  Disk.AddDirectory(Process.Directory);
+  ReportFailures();
+}
+
+void SimulatedPc::Restart() {
+  Loop.Restart();
+  Loop.AfterEvent = nullptr;
+  Serial.Reset();
+  Wav.Reset();
+  WavControl.Reset();
+  Song.Reset();
+  Mixer.Reset();
+  Process.Reset();
+  ReportFailures();
+}
+
+std::string SimulatedPc::Heard() const {
+  std::string heard;
+  const bool master = !Mixer.Muted(kComponentSpeakers) && Mixer.Level(kComponentSpeakers) > 0;
+  if (Loop.Ended() || !master) return "silence";
+  if (Song.PlayState() == kPlaying) {
+    AddSound(heard, Mixer, kComponentWaveOut, "song " + NameOf(Song.FileName()));
+  }
+  if (Wav.Mode() == kWavePlaying)
+    AddSound(heard, Mixer, kComponentWaveOut, "wav " + NameOf(Wav.OpenFile()));
+  if (Mixer.Line(kComponentMicrophone)) AddSound(heard, Mixer, kComponentMicrophone, "microphone");
+  return heard.empty() ? "silence" : heard;
+}
+
+/// Until a system takes its failures over, they are lines of the journal, so that none passes
+/// unseen.
+void SimulatedPc::ReportFailures() {
+  Loop.OnFailure = [this](const RuntimeFailure& failure) {
+    Journal.Write("failure", failure.what());
+  };
+}
+
+}  // namespace marlex

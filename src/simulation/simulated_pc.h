@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+
+#include "simulation/journal.h"
+#include "simulation/memory_disk.h"
+#include "simulation/memory_profiles.h"
+#include "simulation/simulated_dialogs.h"
+#include "simulation/simulated_mixer.h"
+#include "simulation/simulated_process.h"
+#include "simulation/simulated_serial.h"
+#include "simulation/simulated_song_player.h"
+#include "simulation/simulated_wave_player.h"
+#include "simulation/virtual_clock.h"
+#include "simulation/virtual_loop.h"
+
+namespace marlex {
+
+/// A PC in memory: every port of the system, on a virtual clock.
+///
+/// A system that has run on it must be stopped with `Kill` before it is destroyed, since its stack
+/// may stand in a wait.
+struct SimulatedPc {
+  SimulatedPc();
+
+  /// Ends the system's process wherever it stands, as a power cut does; does nothing when it has
+  /// ended by itself.
+  void Kill() { Loop.Kill(); }
+
+  /// Kills what still runs and makes ready for another system: files, levels, clock, plugs and the
+  /// journal stay.
+  void Restart();
+
+  /// What is heard from the speakers at this moment, as "song march.mp3 at 20000", "wav door.wav at
+  /// 0", "microphone at 0", several of them joined by " + ", or "silence". The figure is the slider
+  /// position of the sound's own line, 0 (full) to 65534: 65535 is silence, like a muted line or a
+  /// silent or muted master.
+  std::string Heard() const;
+
+  VirtualLoop Loop;
+  VirtualClock Clock{Loop};
+  marlex::Journal Journal{Loop};
+  MemoryDisk Disk{Journal};
+  MemoryProfiles Profiles{Disk, Journal};
+  SimulatedSerial Serial{Loop, Journal};
+  SimulatedWavePlayer Wav{Loop, Disk, Journal, "wav"};             // sounds
+  SimulatedWavePlayer WavControl{Loop, Disk, Journal, "control"};  // measures lengths
+  SimulatedSongPlayer Song{Loop, Disk, Journal};
+  SimulatedMixer Mixer{Journal};
+  SimulatedDialogs Dialogs{Loop, Journal};
+  SimulatedProcess Process{Loop, Journal};
+
+ private:
+  void ReportFailures();
+};
+
+}  // namespace marlex

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/song_player.h"
+#include "simulation/journal.h"
+#include "simulation/memory_disk.h"
+#include "simulation/virtual_loop.h"
+
+namespace marlex {
+
+/// A song player whose files take their lengths in virtual time. A song of no length still takes a
+/// millisecond.
+class SimulatedSongPlayer : public SongPlayer {
+ public:
+  SimulatedSongPlayer(VirtualLoop& loop, const MemoryDisk& disk, Journal& journal)
+      : Loop(loop), Disk(disk), Log(journal) {}
+
+  void SetFileName(const std::string& path) override;
+  std::string FileName() const override { return Path; }
+  double Duration() const override;
+  double CurrentPosition() const override;
+  int PlayState() const override { return State; }
+  void Play() override;
+  void Pause() override;
+  void Stop() override;
+
+  /// Forgets its song and its handler, as the end of the process does.
+  void Reset();
+
+ private:
+  std::int64_t PositionMs() const;
+  void Halt(PlayStates state);
+  void ReachEnd();
+
+  VirtualLoop& Loop;
+  const MemoryDisk& Disk;
+  Journal& Log;
+
+  std::string Path;
+  int LengthMs = 0;
+  PlayStates State = kStopped;
+  std::int64_t PlayedMs = 0;   // before the present start
+  std::int64_t StartedMs = 0;  // virtual time of the present start
+  std::uint64_t Started = 0;   // counts starts and halts: ends of an earlier start are void
+};
+
+}  // namespace marlex

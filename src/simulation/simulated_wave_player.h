@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/wave_player.h"
+#include "simulation/journal.h"
+#include "simulation/memory_disk.h"
+#include "simulation/virtual_loop.h"
+
+namespace marlex {
+
+/// A wave player whose files take their lengths in virtual time. A play of no length still takes a
+/// millisecond.
+class SimulatedWavePlayer : public WavePlayer {
+ public:
+  /// `name` is the category of its lines in the journal.
+  SimulatedWavePlayer(VirtualLoop& loop, const MemoryDisk& disk, Journal& journal,
+                      std::string name);
+
+  void Command(std::string_view command) override;
+  int Mode() const override;
+  long Length() const override;
+
+  /// Path of the file that is open; empty when none is.
+  const std::string& OpenFile() const { return Path; }
+
+  /// Milliseconds of the file that have been played.
+  std::int64_t PositionMs() const;
+
+  /// Forgets its file, its properties and its handlers, as the end of the process does.
+  void Reset();
+
+  /// Milliseconds from the end of a play to its report, 0 to 20.
+  int ReportDelayMs = 0;
+
+ private:
+  void Open();
+  void Play();
+  void Pause();
+  void Stop();
+  void Close();
+  void FinishPlaying();
+  void QueueReport(bool done);
+  void DeliverReport(bool done);
+  void Note(const std::string& what) { Log.Write(Name, what); }
+  std::string ShortName() const { return NameOf(Path); }
+
+  VirtualLoop& Loop;
+  const MemoryDisk& Disk;
+  Journal& Log;
+  std::string Name;
+
+  std::string Path;
+  int PresentMode = kWaveNotOpen;
+  int LengthMs = 0;
+  std::int64_t PlayedMs = 0;   // before the present start
+  std::int64_t StartedMs = 0;  // virtual time of the present start
+  std::uint64_t Opened = 0;    // counts openings: reports of an earlier one are void
+  std::uint64_t Started = 0;   // counts starts and halts: ends of an earlier start are void
+  bool ReportingStop = false;
+};
+
+}  // namespace marlex

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+#include "platform/wall_clock.h"
+#include "simulation/virtual_loop.h"
+
+namespace marlex {
+
+/// The wall clock of the simulated PC: a civil date and time that goes on with the loop's virtual
+/// milliseconds. It starts on Monday, 1 January 2024, 12:00:00.
+class VirtualClock : public WallClock {
+ public:
+  explicit VirtualClock(const VirtualLoop& loop) : Loop(loop) { Set(2024, 1, 1, 12, 0, 0); }
+
+  /// Makes this the date and time of this moment.
+  void Set(int year, int month, int day, int hour, int minute, int second) {
+    using namespace std::chrono;
+    const year_month_day date{std::chrono::year(year),
+                              std::chrono::month(static_cast<unsigned>(month)),
+                              std::chrono::day(static_cast<unsigned>(day))};
+    const milliseconds since =
+        sys_days(date).time_since_epoch() + hours(hour) + minutes(minute) + seconds(second);
+    BaseMs = since.count() - Loop.NowMs();
+  }
+
+  /// Puts the clock forward, or back when negative: an operator's hand, network time, summer time
+  /// (3600).
+  void Jump(std::int64_t seconds) { BaseMs += seconds * 1000; }
+
+  LocalTime Now() const override {
+    using namespace std::chrono;
+    const milliseconds since(BaseMs + Loop.NowMs());
+    const auto day = floor<days>(since);
+    const year_month_day date{sys_days(day)};
+    const hh_mm_ss time(floor<seconds>(since - day));
+    return {static_cast<int>(date.year()),
+            static_cast<int>(static_cast<unsigned>(date.month())),
+            static_cast<int>(static_cast<unsigned>(date.day())),
+            static_cast<int>(time.hours().count()),
+            static_cast<int>(time.minutes().count()),
+            static_cast<int>(time.seconds().count()),
+            static_cast<int>(weekday(sys_days(day)).iso_encoding())};
+  }
+
+ private:
+  const VirtualLoop& Loop;
+  std::int64_t BaseMs = 0;  // civil time at virtual time 0, in milliseconds since 1 January 1970
+};
+
+}  // namespace marlex
