@@ -1,0 +1,96 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "system/stage/installation.h"
+#include "system/stage/stage.h"
+#include "system/stage/wait.h"
+
+namespace marlex {
+
+/// Peak of every tone that the tests make, and its level in a recording at full volume.
+constexpr double kTonePeak = 0.5;
+constexpr double kToneDb = -9.03;
+
+/// Below this nothing is heard.
+constexpr double kSilentDb = -70;
+
+/// The colours of the schedule's rows and of the zones' lamps.
+constexpr const char* kNavy = "#000080";
+constexpr const char* kGreen = "#00ff00";
+
+inline stage::StageOptions DeskOptions() {
+  stage::StageOptions options;
+  options.Program = MARLEX_BINARY_DIR "/marlex";
+  options.Helpers = MARLEX_BINARY_DIR "/helpers";
+  return options;
+}
+
+/// The real program on the operator's desk. What it wrote to its outputs is shown when a test
+/// fails.
+class Desk : public stage::Stage {
+ public:
+  explicit Desk(const stage::StageOptions& options = DeskOptions()) : Stage(options) {}
+  explicit Desk(const stage::InstallationFiles& files,
+                const stage::StageOptions& options = DeskOptions())
+      : Stage(options) {
+    stage::LayOut(Installation, files);
+  }
+  ~Desk() {
+    if (!testing::Test::HasFailure()) return;
+    GTEST_LOG_(INFO) << "The program wrote:\n" << ProgramLog();
+    for (const stage::LineByte& byte : Bytes()) {
+      GTEST_LOG_(INFO) << Clock->TimeAt(byte.Time) << " <- " << byte.Value;
+    }
+  }
+
+  /// Waits until the card plays louder than silence.
+  bool AwaitSound(double limitSeconds = 30) {
+    return stage::WaitUntil([this] { return Card->LevelNowDb(0.05) > kSilentDb; }, limitSeconds);
+  }
+  bool AwaitSilence(double limitSeconds = 30) {
+    return stage::WaitUntil([this] { return Card->LevelNowDb(0.2) < kSilentDb; }, limitSeconds);
+  }
+
+  /// Lets a stretch of time be recorded.
+  void RecordFor(double seconds) {
+    double end = stage::Now() + seconds;
+    stage::WaitUntil([this, end] { return Card->Take().EndTime() >= end; }, seconds + 30);
+  }
+
+  std::vector<stage::LineByte> Bytes() const {
+    return Line ? Line->Received() : std::vector<stage::LineByte>();
+  }
+  std::vector<int> ByteValues() const {
+    std::vector<int> values;
+    for (const stage::LineByte& byte : Bytes()) values.push_back(byte.Value);
+    return values;
+  }
+  bool AwaitBytes(size_t count, double limitSeconds = 30) {
+    return stage::WaitUntil([&] { return Bytes().size() >= count; }, limitSeconds);
+  }
+
+  /// Times at which a property took a value, oldest first.
+  std::vector<double> TimesOf(const std::string& object, const std::string& property,
+                              const std::string& value) const {
+    std::vector<double> times;
+    for (const stage::WindowEvent& event : Window->Events()) {
+      bool isIt = event.Object == object && event.Property == property && event.Value == value;
+      if (isIt) times.push_back(event.Time);
+    }
+    return times;
+  }
+
+  /// Waits until the nth time (1 the first) that a property takes a value.
+  bool AwaitTime(const std::string& object, const std::string& property, const std::string& value,
+                 size_t n = 1, double limitSeconds = 60) {
+    return stage::WaitUntil([&] { return TimesOf(object, property, value).size() >= n; },
+                            limitSeconds);
+  }
+};
+
+}  // namespace marlex

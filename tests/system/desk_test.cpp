@@ -1,0 +1,207 @@
+// Start, end and faults of the real program.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "system/desk.h"
+
+namespace marlex {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr double kFirstSong = 500;
+constexpr double kSecondSong = 900;
+constexpr double kMessage = 1500;
+
+stage::InstallationFiles TwoSongs(double firstSeconds) {
+  stage::InstallationFiles files;
+  files.Songs = {{"First", stage::Tone(kFirstSong, firstSeconds, kTonePeak)},
+                 {"Second", stage::Tone(kSecondSong, 40, kTonePeak)}};
+  files.Messages = {{"Long", stage::Tone(kMessage, 6, kTonePeak)},
+                    {"Short", stage::Tone(kMessage, 1, kTonePeak)}};
+  return files;
+}
+
+bool IsLoud(const Desk& desk, double frequency) {
+  stage::Recording heard = desk.Card->Take();
+  return heard.ToneDb(frequency, heard.EndTime() - 0.1, heard.EndTime()) > -40;
+}
+
+bool AwaitTone(const Desk& desk, double frequency, double limitSeconds = 30) {
+  return stage::WaitUntil([&] { return IsLoud(desk, frequency); }, limitSeconds);
+}
+
+TEST(Start, AnEmptyFolderAsksForTheLanguageFirstAndKeepsIt) {
+  Desk desk;
+  desk.Start();
+  ASSERT_TRUE(desk.Await("frmlangSel", "visible", "yes"));
+  EXPECT_EQ(desk.Window->Read("frmlangSel.optLanguage_0", "checked"), "yes");
+  EXPECT_NE(desk.Window->Read("frmLogo", "visible"), "yes");
+  ASSERT_TRUE(desk.Click("frmlangSel.optLanguage_2"));
+  ASSERT_TRUE(desk.Click("frmlangSel.cmdOK"));
+  ASSERT_TRUE(desk.Await("frmLogo", "visible", "yes"));
+  EXPECT_THAT(desk.ReadFile("Tolvo.ini"), HasSubstr("Language=German"));
+}
+
+TEST(Start, ASecondProgramShowsAnEmptyWarningAndEndsAndTheFirstPlaysOn) {
+  Desk desk(TwoSongs(40));
+  desk.Start();
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  auto link = desk.MakeSecondLink();
+  auto second = desk.StartSecond(*link);
+  ASSERT_TRUE(stage::WaitUntil([&] { return link->Read("QMessageBox", "visible") == "yes"; }, 30));
+  EXPECT_EQ(link->Read("QMessageBox", "text"), "");
+  ASSERT_TRUE(desk.Click("QMessageBox.OK", *link));
+  EXPECT_TRUE(second->WaitForEnd(10));
+  EXPECT_TRUE(desk.Program->IsRunning());
+  EXPECT_TRUE(IsLoud(desk, kFirstSong));
+}
+
+TEST(Start, WithoutAnySoundDeviceABoxTellsThatThereIsNoMixerAndTheProgramEnds) {
+  stage::StageOptions options = DeskOptions();
+  options.HasSound = false;
+  Desk desk(TwoSongs(1), options);
+  desk.Start();
+  ASSERT_TRUE(desk.Await("QMessageBox", "visible", "yes"));
+  EXPECT_THAT(desk.Window->Read("QMessageBox", "text"), HasSubstr("Unable to detect a mixer:"));
+  ASSERT_TRUE(desk.Click("QMessageBox.OK"));
+  EXPECT_TRUE(desk.Program->WaitForEnd(10));
+}
+
+TEST(Exit, SendsTheReleaseByteAndEndsAtOnce) {
+  Desk desk(TwoSongs(40));
+  desk.Start();
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.Click("mnuFile"));
+  ASSERT_TRUE(desk.Click("mnuExit"));
+  ASSERT_TRUE(desk.Program->WaitForEnd(10));
+  EXPECT_EQ(desk.Program->ExitCode(), 0);
+  EXPECT_TRUE(desk.AwaitBytes(2));
+  EXPECT_THAT(desk.ByteValues(), ElementsAre(128 + 3, 0));
+}
+
+TEST(Exit, EndsInTheMiddleOfAMessageWithTheReleaseByteOnTheLine) {
+  stage::InstallationFiles files = TwoSongs(40);
+  files.Sequences = {{"Opening", "Long,Long", "09", "00", "003000"}};
+  Desk desk(files);
+  desk.Start("2031-05-05 08:59:53");
+  ASSERT_TRUE(AwaitTone(desk, kMessage));
+  ASSERT_TRUE(desk.AwaitBytes(2));
+  ASSERT_TRUE(desk.Click("mnuFile"));
+  ASSERT_TRUE(desk.Click("mnuExit"));
+  ASSERT_TRUE(desk.Program->WaitForEnd(5));
+  EXPECT_EQ(desk.Program->ExitCode(), 0);
+  EXPECT_TRUE(desk.AwaitBytes(3));
+  EXPECT_THAT(desk.ByteValues(), ElementsAre(128 + 3, 128 + 4, 0));
+}
+
+TEST(Songs, FollowEachOtherAndThePlaylistFileKeepsThePlace) {
+  Desk desk(TwoSongs(4));
+  desk.Start();
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  EXPECT_TRUE(desk.AwaitText("frmMain.lblMP3Number", "1/2"));
+  EXPECT_EQ(desk.Window->Read("frmMain.lblMP3Length", "text"), "0:04");
+  ASSERT_TRUE(AwaitTone(desk, kSecondSong));
+  EXPECT_TRUE(desk.AwaitText("frmMain.lblMP3Number", "2/2"));
+  EXPECT_THAT(desk.ReadFile("Day.lst"), HasSubstr("Last song=1"));
+  std::vector<stage::Span> first = desk.Card->Take().Tone(kFirstSong, -40);
+  ASSERT_EQ(first.size(), 1U);
+  EXPECT_NEAR(first[0].Length(), 4.0, 0.1);
+}
+
+TEST(Songs, TheStopKeySilencesTheMusicAndReleasesTheZones) {
+  Desk desk(TwoSongs(40));
+  desk.Start();
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.Click("frmMain.cmdStop"));
+  EXPECT_TRUE(desk.AwaitSilence(5));
+  EXPECT_TRUE(desk.AwaitBytes(2));
+  EXPECT_THAT(desk.ByteValues(), ElementsAre(128 + 3, 0));
+  ASSERT_TRUE(desk.Click("frmMain.cmdPlay"));
+  EXPECT_TRUE(AwaitTone(desk, kFirstSong));
+}
+
+TEST(Between, AMessageOfABreakFollowsTheSongOnItsZonesWithoutAFade) {
+  stage::InstallationFiles files = TwoSongs(12);
+  files.Sequences = {{"Break", "Short", "09", "00", "003000", "Between"}};
+  Desk desk(files);
+  desk.Start("2031-05-05 08:59:53");
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(AwaitTone(desk, kMessage, 60));
+  ASSERT_TRUE(AwaitTone(desk, kSecondSong));
+  EXPECT_THAT(desk.ByteValues(), ElementsAre(128 + 3));
+  stage::Recording heard = desk.Card->Take();
+  std::vector<stage::Span> song = heard.Tone(kFirstSong, -40);
+  std::vector<stage::Span> message = heard.Tone(kMessage, -40);
+  ASSERT_EQ(song.size(), 1U);
+  ASSERT_EQ(message.size(), 1U);
+  EXPECT_NEAR(song[0].Length(), 12, 0.1);
+  EXPECT_NEAR(heard.LevelDb(song[0].To - 0.3, song[0].To - 0.05), kToneDb + stage::LineDb(20'000),
+              0.5);
+  EXPECT_NEAR(message[0].Length(), 1, 0.05);
+  EXPECT_LT(message[0].From - song[0].To, 0.3);
+}
+
+TEST(Takeover, AStatusByteSilencesTheMusicAndStatus0GivesItBackOnItsZones) {
+  Desk desk(TwoSongs(60));
+  desk.Start();
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  double taken = stage::Now();
+  desk.Line->Send(128);
+  ASSERT_TRUE(desk.AwaitSilence(5));
+  ASSERT_TRUE(desk.Await("frmMain.lblHiPrio", "visible", "yes"));
+  desk.RecordFor(1);
+  double given = stage::Now();
+  desk.Line->Send(0);
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitBytes(2));
+  std::vector<stage::Span> song = desk.Card->Take().Tone(kFirstSong, -40);
+  ASSERT_EQ(song.size(), 2U);
+  EXPECT_LT(song[0].To - taken, 0.2);
+  EXPECT_THAT(desk.ByteValues(), ElementsAre(128 + 3, 128 + 3));
+  EXPECT_GT(desk.Bytes()[1].Time - given, 0.4 - 0.02);
+  EXPECT_LT(desk.Bytes()[1].Time - given, 0.6);
+  RecordProperty("status_to_silence_ms", int((song[0].To - taken) * 1000));
+}
+
+TEST(SoundServer, WhenItDiesInMidSongTheMusicGoesOnAtItsReturnOnTheSameCard) {
+  stage::StageOptions options = DeskOptions();
+  options.Cards.Outputs = {"card", "other"};
+  Desk desk(TwoSongs(90), options);
+  desk.Start();
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  desk.Server->Kill();
+  stage::WaitUntil([&] { return !desk.Program->IsRunning(); }, 3);
+  ASSERT_TRUE(desk.Program->IsRunning());
+  desk.Server->Start({{"other", "card"}, false});  // the other card is the default now
+  double back = stage::Now();
+  desk.RecordAnew();
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong, 20));
+  double silent = stage::Now() - back;
+  EXPECT_LT(silent, 3);
+  RecordProperty("silent_ms", int(silent * 1000));
+  stage::Recorder other(*desk.Server, "other");
+  stage::WaitUntil([&] { return other.Take().Samples.size() > 48'000; }, 10);
+  EXPECT_LT(other.LevelNowDb(1), kSilentDb);
+  EXPECT_EQ(desk.Window->Read("frmMain.lblMP3Number", "text"), "1/2");
+}
+
+TEST(Clock, ARowFiresAtItsMinuteWhenTheClockIsSetToIt) {
+  stage::InstallationFiles files = TwoSongs(60);
+  files.Sequences = {{"Noon", "Short", "12", "00", "100000"}};
+  Desk desk(files);
+  desk.Start("2031-05-05 08:30:00");
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.Await("frmMain.grdSchedule", "cell 1 0", "12:00  "));
+  desk.Clock->Set("2031-05-05 12:00:01");
+  EXPECT_TRUE(AwaitTone(desk, kMessage, 5));
+}
+
+}  // namespace
+}  // namespace marlex
