@@ -1,0 +1,131 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "controls/color.h"
+#include "platform/runtime_failure.h"
+
+namespace marlex {
+
+class Form;
+class PropertyBase;
+
+/// What all controls of a window have in common. A control belongs to one form for its whole life
+/// and is known there by its name and, in an array, its index. Lengths are in twips, 1440 to the
+/// inch.
+class Control {
+ public:
+  static constexpr int kNoIndex = -1;
+
+  Control(Form& form, std::string name, int index = kNoIndex);
+  virtual ~Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  /// Name of the control's kind, such as "Label"; translation goes by it.
+  virtual const char* Kind() const = 0;
+
+  /// Name of the widget that shows the control: the name, and for an element of an array "_" and
+  /// its index.
+  std::string ObjectName() const;
+
+  /// Called after each change of a property; tells the watcher.
+  virtual void Changed();
+
+  void KeepDesign();     // the present values become those of the design
+  void ResetToDesign();  // back to the design's values, raising no event
+
+  Form& Owner;
+  const std::string Name;
+  const int Index;
+
+  /// Set by the view that shows the control.
+  std::function<void()> Watcher;
+
+ private:
+  friend class PropertyBase;
+  std::vector<PropertyBase*> Properties;
+};
+
+class PropertyBase {
+ public:
+  explicit PropertyBase(Control& owner) : Owner(owner) { owner.Properties.push_back(this); }
+  virtual ~PropertyBase() = default;
+  PropertyBase(const PropertyBase&) = delete;
+  PropertyBase& operator=(const PropertyBase&) = delete;
+
+  virtual void KeepDesign() = 0;
+  virtual void ResetToDesign() = 0;
+
+ protected:
+  Control& Owner;
+};
+
+/// A value of a control. Setting another value tells the control's watcher and raises the control's
+/// event, whether code or the operator's hand sets it; setting an equal value does nothing.
+template <class T>
+class Property : public PropertyBase {
+ public:
+  Property(Control& owner, T value, std::function<void()>* event = nullptr)
+      : PropertyBase(owner), Value(std::move(value)), Design(Value), Event(event) {}
+
+  operator const T&() const { return Value; }
+  const T& Get() const { return Value; }
+
+  Property& operator=(const T& value) {
+    Set(value);
+    return *this;
+  }
+  Property& operator=(const Property& other) { return *this = other.Get(); }
+
+  /// Takes over a value that the world has already: nothing is raised.
+  void Adopt(const T& value) { Value = value; }
+
+  void KeepDesign() override { Design = Value; }
+  void ResetToDesign() override { Value = Design; }
+
+ protected:
+  void Set(const T& value) {
+    if (value == Value) return;
+    Value = value;
+    Owner.Changed();
+    if (Event && *Event) (*Event)();
+  }
+
+ private:
+  T Value;
+  T Design;
+  std::function<void()>* Event;
+};
+
+/// An array of controls of one name, with the indices `first` to `last`.
+template <class T>
+class ControlArray {
+ public:
+  ControlArray(Form& form, const std::string& name, int first, int last) : First(first) {
+    for (int index = first; index <= last; ++index) {
+      Elements.push_back(std::make_unique<T>(form, name, index));
+    }
+  }
+
+  T& operator[](int index) {
+    const int place = index - First;
+    if (place < 0 || place >= static_cast<int>(Elements.size())) {
+      throw RuntimeFailure("Control array index " + std::to_string(index) + " out of range");
+    }
+    return *Elements[static_cast<std::size_t>(place)];
+  }
+
+  auto begin() { return Elements.begin(); }
+  auto end() { return Elements.end(); }
+
+ private:
+  int First;
+  std::vector<std::unique_ptr<T>> Elements;
+};
+
+}  // namespace marlex

@@ -1,0 +1,40 @@
+#include "controls/form.h"
+
+namespace marlex {
+
+void Form::Load() {
+  if (IsLoaded) return;
+  if (!DesignKept) {
+    for (Control* control : Controls) control->KeepDesign();
+    DesignKept = true;
+  }
+  IsLoaded = true;
+  for (Control* control : Controls) control->Changed();
+  if (OnLoad) OnLoad();
+}
+
+void Form::Show() {
+  Load();
+  // The load of a form may end in its own unloading; such a form stays hidden.
+  if (IsLoaded) Visible = true;
+}
+
+void Form::Unload() {
+  if (!IsLoaded) return;
+  if (OnUnload && !OnUnload()) return;
+  IsLoaded = false;
+  for (Control* control : Controls) {
+    control->ResetToDesign();
+    control->Changed();
+  }
+}
+
+void Form::Close() {
+  if (OnClose) {
+    OnClose();
+  } else {
+    Unload();
+  }
+}
+
+}  // namespace marlex

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "controls/widgets.h"
+
+namespace marlex {
+
+/// A list of texts with at most one selected entry. Indices run from 0; an index out of range is a
+/// RuntimeFailure.
+class ListBox : public VisualControl {
+ public:
+  static constexpr int kNoSelection = -1;
+
+  using VisualControl::VisualControl;
+  const char* Kind() const override { return "ListBox"; }
+
+  int ListCount() const { return static_cast<int>(Entries.size()); }
+  const std::string& List(int index) const;
+  void SetList(int index, const std::string& text);
+
+  void AddItem(const std::string& text);
+  void RemoveItem(int index);  // the selection is then none
+  void Clear();                // likewise
+
+  int ListIndex() const { return Selected; }
+
+  /// Moves the selection; a move by code raises `OnClick` as the operator's does.
+  void SetListIndex(int index);
+
+  /// Text of the selected entry; empty when there is none.
+  std::string Text() const;
+
+  std::function<void()> OnClick;
+  std::function<void()> OnDblClick;
+  std::function<void(int keyCode)> OnKeyDown;
+  std::function<void(MouseButton)> OnMouseDown;
+  std::function<void()>
+      OnMouseMove;  // with the selection already under the pointer while a button is held
+  std::function<void()> OnMouseUp;
+
+ private:
+  void RequireIndex(int index) const;
+
+  std::vector<std::string> Entries;
+  int Selected = kNoSelection;
+};
+
+inline constexpr int kKeyDelete = 46;
+
+}  // namespace marlex

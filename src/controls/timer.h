@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+
+#include "controls/control.h"
+#include "platform/event_loop.h"
+
+namespace marlex {
+
+/// Raises `OnTimer` every `Interval` milliseconds while it is enabled and its form is loaded.
+/// Enabling a timer that runs does not restart it; another interval does.
+class Timer : public Control {
+ public:
+  Timer(Form& form, std::string name, EventLoop& loop, int intervalMs, bool enabled);
+  ~Timer() override;
+  const char* Kind() const override { return "Timer"; }
+  void Changed() override;
+
+  Property<bool> Enabled;
+  Property<int> Interval;  // milliseconds
+  std::function<void()> OnTimer;
+
+ private:
+  void Stop();
+
+  EventLoop& Loop;
+  EventLoop::TimerId Running = 0;
+  int RunningInterval = 0;  // 0 while it does not run
+};
+
+}  // namespace marlex

@@ -1,0 +1,194 @@
+#include "core/main_window.h"
+
+#include "i18n/translate_controls.h"
+
+namespace marlex {
+namespace {
+
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+}  // namespace
+
+MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
+                       FrmMxr& frmMxr, MixerAccess& mixer, const StringTable& strings,
+                       ScheduleColumns& columns, PlaylistFiles& playlist, SequenceFiles& sequences,
+                       ZoneRouting& routing)
+    : ThePc(pc),
+      Store(store),
+      TheFrmMain(windows.frmMain),
+      TheFrmAbout(windows.frmAbout),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer),
+      Strings(strings),
+      Columns(columns),
+      Playlist(playlist),
+      Sequences(sequences),
+      Routing(routing) {
+  TheFrmMain.OnLoad = [this] { Load(); };
+  TheFrmMain.OnClose = [this] { mnuExit_Click(); };
+  TheFrmMain.Seconds.OnTimer = [this] { ShowClock(); };
+  TheFrmMain.mnuExit.OnClick = [this] { mnuExit_Click(); };
+  TheFrmMain.mnuAdresses.OnClick = [this] { mnuAdresses_Click(); };
+  TheFrmMain.mnuAboutbox.OnClick = [this] { TheFrmAbout.Show(); };
+  TheFrmAbout.OnLoad = [this] { TranslateControls(TheFrmAbout, Strings); };
+  TheFrmAbout.cmdOK.OnClick = [this] { TheFrmAbout.Unload(); };
+}
+
+void MainWindow::Load() {
+  ThePc.TheProcess.ClaimWindow(FrmMain::kCaption);
+  WriteMenuIds();
+  WriteHeadings();
+  TranslateControls(TheFrmMain, Strings);
+  TheFrmMain.BackColor = TheFrmMain.frBGMusic.BackColor;
+  TheFrmMain.grdSchedule.BackColorFixed = TheFrmMain.frBGMusic.BackColor;
+  TheFrmMain.grdSchedule.BackColorBkg = TheFrmMain.frBGMusic.BackColor;
+  TheFrmMain.lblMP3Number.Caption = "";
+  TheFrmMain.lblMP3Length.Caption = "";
+  TheFrmMain.lblMP3Position.Caption = "";
+  TheFrmMain.lstPlaylist.ToolTipText = Strings.LoadString(kStrDoubleClickToPlay);
+  if (TheFrmMain.lstPlaylist.ListIndex() == ListBox::kNoSelection)
+    TheFrmMain.cmdPlay.Enabled = false;
+  TheFrmMain.frBGMusic.Caption = Store.Values.MusicLabelText;
+  ShowViewMenus();
+  LoadCurrentPlaylist();
+  Columns.SetupScheduleGrid();
+  Columns.LayoutScheduleColumns();
+  Sequences.LoadSequenceList();
+  const bool musicPlays = TheFrmPlayers.MP3Player.PlayState() == kPlaying;
+  TheFrmMain.cmdSkip.Enabled = musicPlays;
+  TheFrmMain.cmdStop.Enabled = musicPlays;
+  for (int zone = 0; zone < kZones; ++zone) {
+    TheFrmMain.lblZoneName[zone].Caption = Store.Values.ZoneNames[static_cast<std::size_t>(zone)];
+  }
+  ArrangeForInstallation();
+  LoadRouting();
+  TheFrmPlayers.tmrMessage.Enabled = true;
+  ArrangeCallControls();
+  TheFrmMain.Height = 6525;
+}
+
+/// Menus have no tag: their captions carry the ids until translation puts the texts in.
+void MainWindow::WriteMenuIds() {
+  const auto write = [](Menu& menu, int id) { menu.Caption = std::to_string(id); };
+  write(TheFrmMain.mnuFile, 270);
+  write(TheFrmMain.mnuOpen, 280);
+  write(TheFrmMain.mnuSequence, 290);
+  write(TheFrmMain.mnuClose, 300);
+  write(TheFrmMain.mnuExit, 310);
+  write(TheFrmMain.mnuEdit, 320);
+  write(TheFrmMain.mnuPlaylist, 330);
+  write(TheFrmMain.mnuSchedule, 340);
+  write(TheFrmMain.mnuSettings, 480);
+  write(TheFrmMain.mnuView, 490);
+  write(TheFrmMain.mnuSchedules, 500);
+  write(TheFrmMain.mnuCurrentDay, 510);
+  write(TheFrmMain.mnuAllDays, 520);
+  write(TheFrmMain.mnuScheduleName, 530);
+  write(TheFrmMain.mnuAbout, 540);
+  write(TheFrmMain.mnuAdresses, 560);
+  write(TheFrmMain.mnuAboutbox, 590);
+}
+
+void MainWindow::WriteHeadings() {
+  Grid& table = TheFrmMain.grdSchedule;
+  table.SetTextMatrix(0, kTimeColumn, Strings.LoadString(kStrTime));
+  table.SetTextMatrix(0, kDaysColumn, Strings.LoadString(kStrDays));
+  table.SetTextMatrix(0, kRoutingColumn, Strings.LoadString(kStrRouting));
+  table.SetTextMatrix(0, kMessagesColumn, Strings.LoadString(kStrMessageInfo));
+  table.SetTextMatrix(0, kNameColumn, Strings.LoadString(kStrSchedule));
+}
+
+void MainWindow::ShowViewMenus() {
+  const Settings& settings = Store.Values;
+  TheFrmMain.mnuAllDays.Checked = settings.AllDaysView;
+  TheFrmMain.mnuCurrentDay.Checked = !settings.AllDaysView;
+  Columns.ShowDaysColumn();
+  TheFrmMain.mnuScheduleName.Checked = settings.ScheduleNameView;
+  TheFrmMain.grdSchedule.SetColWidth(kNameColumn,
+                                     settings.ScheduleNameView ? ScheduleColumns::kNameWidth : 0);
+}
+
+/// An absent file just leaves the list empty. The music may start here.
+void MainWindow::LoadCurrentPlaylist() {
+  const std::string& file = Store.Values.CurrentPlaylistFile;
+  if (!file.empty() && !ThePc.Files.Search(file).empty()) Playlist.LoadPlaylist();
+}
+
+void MainWindow::ArrangeForInstallation() {
+  if (!Store.Values.RouterPresent) {
+    ArrangeWithoutRouter();
+    return;
+  }
+  TheFrmMain.frCall.Visible = false;
+  TheFrmMain.frRouting.Visible = true;
+  if (!TheFrmPlayers.TolvoPort.PortOpen()) TheFrmPlayers.TolvoPort.SetPortOpen(true);
+}
+
+void MainWindow::ArrangeWithoutRouter() {
+  TheFrmMain.grdSchedule.SetColWidth(kRoutingColumn, 0);
+  TheFrmMain.frCall.Visible = true;
+  TheFrmMain.frCall.Width = 6855;
+  TheFrmMain.frRouting.Visible = false;
+  if (Mixer.MicLine != 0) {
+    TheFrmMain.lblConflict.Top = 4005;
+    return;
+  }
+  // Nothing is left in the lower part of the window: the schedule grows into it.
+  TheFrmMain.frCall.Visible = false;
+  TheFrmMain.lblConflict.Top = 5520;
+  const bool conflict = TheFrmMain.lblConflict.Visible;
+  TheFrmMain.frSchedule.Height = conflict ? 5295 : 5655;
+  TheFrmMain.grdSchedule.Height = conflict ? 4965 : 5325;
+}
+
+void MainWindow::LoadRouting() {
+  Store.Values.MusicRouting = Store.Read("Routing", "Music Routing");
+  Store.Values.CallRouting = Store.Read("Routing", "Call Routing");
+  Routing.ApplyMusicRouting();
+  Routing.ApplyCallRouting();
+}
+
+void MainWindow::ArrangeCallControls() {
+  TheFrmMain.lblMusic.Top = 840;
+  if (Mixer.MicLine != 0) return;
+  for (VisualControl* control : {static_cast<VisualControl*>(&TheFrmMain.frCall),
+                                 static_cast<VisualControl*>(&TheFrmMain.lblCall),
+                                 static_cast<VisualControl*>(&TheFrmMain.cmdCall),
+                                 static_cast<VisualControl*>(&TheFrmMain.cmdCall2),
+                                 static_cast<VisualControl*>(&TheFrmMain.lblBusy[0]),
+                                 static_cast<VisualControl*>(&TheFrmMain.lblBusy[1])}) {
+    control->Visible = false;
+  }
+  for (int zone = 0; zone < kZones; ++zone) {
+    TheFrmMain.cmdCallZone[zone].Visible = false;
+    TheFrmMain.cmdMusicZones[zone].Height = FrmMain::kTallZoneKeyHeight;
+  }
+  TheFrmMain.lblMusic.Top = 1020;
+}
+
+void MainWindow::ShowClock() {
+  const LocalTime now = ThePc.Clock.Now();
+  TheFrmMain.frSchedule.Caption =
+      TwoDigits(now.Hour) + ":" + TwoDigits(now.Minute) + ":" + TwoDigits(now.Second) +
+      Strings.LoadString(kStrTimeSchedule) +
+      Strings.LoadString(Store.Values.AllDaysView ? kStrAllDays : kStrToday);
+}
+
+void MainWindow::mnuExit_Click() {
+  if (Store.Values.RouterPresent) {
+    TheFrmPlayers.TolvoPort.Output(std::string(1, kReleaseByte));
+    TheFrmPlayers.TolvoPort.SetPortOpen(false);
+  }
+  TheFrmMxr.Unload();
+  TheFrmPlayers.Unload();
+  TheFrmMain.Unload();
+  ThePc.TheProcess.End();
+}
+
+void MainWindow::mnuAdresses_Click() {
+  ThePc.Boxes.MsgBox(Strings.LoadString(kStrSurfTo) + "\r" + Strings.LoadString(kStrNearestContact),
+                     BoxIcon::Information, Strings.LoadString(kStrInfo));
+}
+
+}  // namespace marlex

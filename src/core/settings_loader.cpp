@@ -1,0 +1,123 @@
+#include "core/settings_loader.h"
+
+#include <algorithm>
+
+#include "state/characters.h"
+#include "state/numbers.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kSlowFadeMs = 1500;
+constexpr int kFastFadeMs = 500;
+constexpr int kHighPriority = 128;
+constexpr int kLowPriority = 64;
+constexpr int kMuted = 1;
+
+}  // namespace
+
+SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, FrmMain& frmMain,
+                               FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
+                               const StringTable& strings, Notices& notices)
+    : TheFlags(flags),
+      Store(store),
+      Values(store.Values),
+      TheFrmMain(frmMain),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer),
+      Strings(strings),
+      TheNotices(notices) {}
+
+void SettingsLoader::LoadSettings() {
+  TheFrmPlayers.Load();
+  TheFrmPlayers.tmrFadeTime.Enabled = false;
+  TheFlags.PriorityClear = true;
+  Mixer.InitMixer();
+  LoadVolumeSettings();
+  if (Store.Read("Selected paths", "Music directory").empty()) {
+    TheFrmPlayers.tmrMessage.Enabled = false;
+    ShowSettings();
+    return;
+  }
+  ReadGeneralSettings();
+  ReadPlaylistSettings();
+  ReadLinkSettings();
+  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFrmMain.Show();
+}
+
+void SettingsLoader::LoadVolumeSettings() {
+  ReadVolumes();
+  // The test is for "Slow" here: an absent key is a fast fade.
+  Values.FadeTime = Store.Read("Volume", "Fade time") == "Slow" ? kSlowFadeMs : kFastFadeMs;
+  TheFrmMxr.SldrVol[0].Value = Values.MasterVolume;
+  TheFrmMxr.ChkMute[0].Value = kMuted;
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Values.MusicVolume;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kMuted;
+  if (Mixer.MicLine == 0) return;
+  TheFrmMxr.SldrVol[Mixer.MicLine].Value = Values.MicroVolume;
+  TheFrmMxr.ChkMute[Mixer.MicLine].Value = kMuted;
+}
+
+void SettingsLoader::ReadVolumes() {
+  std::string faults;
+  Values.MusicVolume = ReadVolume("Music volume", faults);
+  Values.MessageVolume = ReadVolume("Message volume", faults);
+  Values.MasterVolume = ReadVolume("Master volume", faults);
+  Values.MicroVolume = ReadVolume("Micro volume", faults);
+  Values.CdVolume = ReadVolume("CD volume", faults);
+  if (faults.empty()) return;
+  TheNotices.Tell("These volumes are no numbers and count as absent:" + faults, BoxIcon::Critical,
+                  Strings.LoadString(kStrError));
+}
+
+/// A position outside the slider's range is held at its nearer end.
+int SettingsLoader::ReadVolume(const std::string& key, std::string& faults) const {
+  const std::string text = Store.Read("Volume", key);
+  const auto number = ToNumber(text);
+  if (!number) faults += "\r\n" + key + "=" + text;
+  return std::clamp(number.value_or(0), 0, FrmMxr::kSilent);
+}
+
+void SettingsLoader::ReadGeneralSettings() {
+  Values.MusicDirectory = Store.Read("Selected paths", "Music directory");
+  Values.MessageDirectory = Store.Read("Selected paths", "Message directory");
+  Values.AllDaysView = Store.ReadFlag("Schedule", "All days");
+  for (std::size_t zone = 0; zone < Values.ZoneNames.size(); ++zone) {
+    Values.ZoneNames[zone] = Store.Read("Zone names", "Zone:" + std::to_string(zone + 1));
+  }
+  Values.PreChime = Store.Read("Chime selection", "PreChime");
+  Values.PostChime = Store.Read("Chime selection", "PostChime");
+}
+
+void SettingsLoader::ReadPlaylistSettings() {
+  Values.CurrentPlaylistFile = Store.Read("Playlist", "Current list");
+  const std::string& file = Values.CurrentPlaylistFile;
+  Values.MusicStartTime = Store.ReadProfileValue("Background music", "Start time", file);
+  Values.MusicStopTime = Store.ReadProfileValue("Background music", "Stop time", file);
+  Values.MusicWeekDays = Store.ReadProfileValue("Background music", "WeekDays", file);
+  Values.LastSongIndex =
+      ToNumber(Store.ReadProfileValue("Last played", "Last song", file)).value_or(0);
+  // A point in a directory's name cuts the text short, which is wanted.
+  std::string name;
+  if (!file.empty()) name = UpToFirstPoint(file) + " ";
+  Values.MusicScheduled = !Values.MusicStartTime.empty();
+  Values.MusicLabelText = "Background music playlist:" + name;
+  if (Values.MusicScheduled) {
+    Values.MusicLabelText += " " + Values.MusicStartTime + "-" + Values.MusicStopTime;
+  }
+}
+
+void SettingsLoader::ReadLinkSettings() {
+  Values.ComPortSetting = Store.Read("Used com port", "Com port");
+  Values.RouterPresent = Store.ReadFlag("Selected type", "QRT4410/20");
+  if (Values.RouterPresent) {
+    TheFrmPlayers.TolvoPort.SetCommPort(ToNumber(Values.ComPortSetting).value_or(0));
+  }
+  Values.ScheduleNameView = Store.ReadFlag("Schedule", "View");
+  Values.PriorityLevelText = Store.Read("Priority level", "Priority");
+  Values.OwnPriorityLevel = Values.PriorityLevelText == "High" ? kHighPriority : kLowPriority;
+}
+
+}  // namespace marlex

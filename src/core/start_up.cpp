@@ -1,0 +1,102 @@
+#include "core/start_up.h"
+
+#include "i18n/languages.h"
+#include "i18n/translate_controls.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kEmptyText =
+    6;  // has no text in any language: the guard's box is empty, and stays so
+
+std::string NameOfFirstFamily(int minorVersion) {
+  if (minorVersion == 0) return "Windows 95";
+  if (minorVersion == 10) return "Windows 98";
+  if (minorVersion == 90) return "Windows Me";
+  return "";
+}
+
+std::string NameOfSecondFamily(int majorVersion) {
+  if (majorVersion == 3) return "Windows NT 3.51";
+  if (majorVersion == 4) return "Windows NT 4.0";
+  if (majorVersion == 5) return "Windows 2000";
+  return "";
+}
+
+}  // namespace
+
+std::string OperatingSystemName(const SystemVersion& version) {
+  if (version.PlatformId == 1) return NameOfFirstFamily(version.MinorVersion);
+  if (version.PlatformId == 2) return NameOfSecondFamily(version.MajorVersion);
+  return "Failed";
+}
+
+int LanguageBaseOf(const std::string& name) {
+  for (const Language& language : kLanguageTable) {
+    if (name == language.Name) return language.LanguageBase;
+  }
+  return 0;
+}
+
+StartUp::StartUp(Pc& pc, SettingsStore& store, Windows& windows, StringTable& strings,
+                 SettingsLoader& loader)
+    : ThePc(pc),
+      Store(store),
+      TheFrmLogo(windows.frmLogo),
+      TheFrmLangSel(windows.frmlangSel),
+      Strings(strings),
+      Loader(loader) {
+  TheFrmLogo.OnLoad = [this] { LoadLogo(); };
+  TheFrmLogo.OnClose = [] {};  // the splash ends by itself
+  TheFrmLogo.tmrView.OnTimer = [this] { EndSplash(); };
+  TheFrmLangSel.OnLoad = [this] { LoadLanguageDialog(); };
+  TheFrmLangSel.OnClose = [this] { ThePc.TheProcess.End(); };
+  TheFrmLangSel.cmdOK.OnClick = [this] { ChooseLanguage(); };
+}
+
+void StartUp::LoadLogo() {
+  const std::string language = Store.Read("User language", "Language");
+  if (language.empty()) {
+    TheFrmLangSel.Show();
+    TheFrmLogo.Unload();
+    return;
+  }
+  Strings.LanguageBase = LanguageBaseOf(language);
+  TranslateControls(TheFrmLogo, Strings);
+  Store.Values.OperatingSystemText = OperatingSystemName(ThePc.TheProcess.GetVersion());
+  TheFrmLogo.tmrView.Enabled = true;
+  if (ThePc.TheProcess.FindWindow(FrmMain::kCaption)) EndSecondInstance();
+}
+
+void StartUp::EndSecondInstance() {
+  TheFrmLogo.tmrView.Enabled = false;  // the start must not go on behind the box
+  ThePc.Boxes.MsgBox(Strings.Find(kEmptyText).value_or(""), BoxIcon::Information,
+                     Strings.LoadString(kStrWarning));
+  ThePc.TheProcess.End();
+}
+
+void StartUp::EndSplash() {
+  TheFrmLogo.tmrView.Enabled = false;
+  Loader.LoadSettings();
+  TheFrmLogo.Unload();
+}
+
+void StartUp::LoadLanguageDialog() {
+  for (int index = 0; index < FrmLangSel::kLanguages; ++index) {
+    TheFrmLangSel.optLanguage[index].Caption = kLanguageTable[static_cast<std::size_t>(index)].Name;
+  }
+  TheFrmLangSel.optLanguage[0].SetValue(true);
+}
+
+void StartUp::ChooseLanguage() {
+  for (int index = 0; index < FrmLangSel::kLanguages; ++index) {
+    if (!TheFrmLangSel.optLanguage[index].Value()) continue;
+    const Language& language = kLanguageTable[static_cast<std::size_t>(index)];
+    Strings.LanguageBase = language.LanguageBase;
+    Store.Write("User language", "Language", language.Name);
+  }
+  TheFrmLangSel.Unload();
+  TheFrmLogo.Show();
+}
+
+}  // namespace marlex

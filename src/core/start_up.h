@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "core/settings_loader.h"
+#include "i18n/string_table.h"
+#include "platform/pc.h"
+#include "state/settings_store.h"
+#include "windows/windows.h"
+
+namespace marlex {
+
+/// From the start of the process to the main window: the language, the splash, the guard against a
+/// second instance, the settings.
+class StartUp {
+ public:
+  StartUp(Pc& pc, SettingsStore& store, Windows& windows, StringTable& strings,
+          SettingsLoader& loader);
+
+  /// Shows the splash, or the language dialog when no language is set.
+  void Start() { TheFrmLogo.Show(); }
+
+ private:
+  void LoadLogo();
+  void EndSecondInstance();
+  void EndSplash();  // tmrView
+  void LoadLanguageDialog();
+  void ChooseLanguage();  // cmdOK of the language dialog
+
+  Pc& ThePc;
+  SettingsStore& Store;
+  FrmLogo& TheFrmLogo;
+  FrmLangSel& TheFrmLangSel;
+  StringTable& Strings;
+  SettingsLoader& Loader;
+};
+
+/// Name of the operating system by the published version numbers; "Failed" for an unknown family,
+/// empty for an unknown version of a known one.
+std::string OperatingSystemName(const SystemVersion& version);
+
+/// Base of the language's block; the name is compared exactly, and an unknown one is English.
+int LanguageBaseOf(const std::string& name);
+
+}  // namespace marlex

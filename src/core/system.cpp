@@ -1,0 +1,55 @@
+#include "core/system.h"
+
+namespace marlex {
+
+System::System(const Pc& pc)
+    : ThePc(pc),
+      TheNotices(pc.Loop, pc.Boxes),
+      Store(pc.Profiles, pc.TheProcess),
+      TheWindows(pc.Loop),
+      TheFrmPlayers(pc.Loop, pc.MP3Player, pc.WavPlayer, pc.WavControl, pc.TolvoPort),
+      TheFrmMxr(pc.Loop),
+      Mixer(pc.Mixer, TheFrmMxr, pc.Boxes, pc.TheProcess, Strings),
+      TheMixerWindow(TheFrmMxr, Mixer, pc.Loop, pc.TheProcess),
+      Routing(TheWindows.frmMain, TheFrmPlayers, Store),
+      Link(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Routing, Strings,
+           TheNotices),
+      TheFades(TheFlags, Store.Values, pc.Loop, TheFrmPlayers, TheFrmMxr, Mixer),
+      Music(TheFlags, Store, pc.Files, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Strings,
+            TheNotices),
+      Playlist(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows.frmMain, Music, Strings),
+      MusicClock(TheFlags, Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Music, TheFades),
+      Columns(Store.Values, TheWindows.frmMain, Strings),
+      TheConflicts(Store.Values, TheWindows.frmMain, Mixer, Columns, Strings, TheNotices),
+      Table(Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Columns, TheConflicts, Strings,
+            TheNotices),
+      Views(Store, TheWindows.frmMain, Table),
+      Sequences(Store, pc.Boxes, TheWindows.frmMain, TheFrmPlayers, TheConflicts, Table),
+      Wavs(TheFlags, Store.Values, pc.Loop, TheFrmPlayers, TheFrmMxr, Mixer),
+      Playback(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Routing,
+               TheFades, Music, Wavs),
+      Tick(TheFlags, pc.Clock, TheWindows.frmMain, TheFrmPlayers, MusicClock, Table, Wavs,
+           Playback),
+      TheMainWindow(ThePc, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings, Columns,
+                    Playlist, Sequences, Routing),
+      Loader(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Strings,
+             TheNotices),
+      StartUp_(ThePc, Store, TheWindows, Strings, Loader) {
+  // The calls that run upwards.
+  Link.PlaySong = [this] { Music.PlaySong(); };
+  Music.PlayMessageWavs = [this] { Wavs.PlayMessageWavs(); };
+  Loader.ShowSettings = [this] { RefuseFirstRun(); };
+  pc.Loop.OnFailure = [this](const RuntimeFailure& failure) {
+    TheNotices.Tell(failure.what(), BoxIcon::Critical, Strings.LoadString(kStrError));
+  };
+}
+
+/// Without a music directory there is nothing to run on, and the settings file is the only place to
+/// enter one: the operator is told so, and the program ends.
+void System::RefuseFirstRun() {
+  ThePc.Boxes.MsgBox(Strings.LoadString(kStrNoMusicDirectoryEntered) + "\r\n" + Store.TolvoIni(),
+                     BoxIcon::Critical, Strings.LoadString(kStrError));
+  ThePc.TheProcess.End();
+}
+
+}  // namespace marlex

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "core/main_window.h"
+#include "core/settings_loader.h"
+#include "core/start_up.h"
+#include "i18n/string_table.h"
+#include "link/serial_link.h"
+#include "link/zone_routing.h"
+#include "mixer/mixer_access.h"
+#include "mixer/mixer_window.h"
+#include "music/fades.h"
+#include "music/music_player.h"
+#include "music/music_schedule.h"
+#include "music/playlist_files.h"
+#include "platform/pc.h"
+#include "schedule/conflicts.h"
+#include "schedule/message_playback.h"
+#include "schedule/message_wavs.h"
+#include "schedule/schedule_columns.h"
+#include "schedule/schedule_table.h"
+#include "schedule/schedule_tick.h"
+#include "schedule/schedule_views.h"
+#include "schedule/sequence_files.h"
+#include "state/flags.h"
+#include "state/notices.h"
+#include "state/settings_store.h"
+#include "windows/windows.h"
+
+namespace marlex {
+
+/// The whole application over the PC that it is handed, composed from the bottom up. Several can
+/// live side by side, each on a PC of its own.
+class System {
+ public:
+  explicit System(const Pc& pc);
+
+  void Start() { StartUp_.Start(); }
+
+ private:
+  Pc ThePc;
+
+ public:
+  Flags TheFlags;
+  StringTable Strings;
+  Notices TheNotices;
+  SettingsStore Store;
+  Windows TheWindows;
+  FrmPlayers TheFrmPlayers;
+  FrmMxr TheFrmMxr;
+  MixerAccess Mixer;
+  MixerWindow TheMixerWindow;
+  ZoneRouting Routing;
+  SerialLink Link;
+  Fades TheFades;
+  MusicPlayer Music;
+  PlaylistFiles Playlist;
+  MusicSchedule MusicClock;
+  ScheduleColumns Columns;
+  Conflicts TheConflicts;
+  ScheduleTable Table;
+  ScheduleViews Views;
+  SequenceFiles Sequences;
+  MessageWavs Wavs;
+  MessagePlayback Playback;
+  ScheduleTick Tick;
+  MainWindow TheMainWindow;
+  SettingsLoader Loader;
+
+ private:
+  void RefuseFirstRun();
+
+  StartUp StartUp_;
+};
+
+}  // namespace marlex

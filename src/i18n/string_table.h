@@ -1,0 +1,66 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "i18n/english.h"
+
+namespace marlex {
+
+/// All texts that an operator reads, by number. The same ids stand in a block of their own for each
+/// language; the chosen language is the number `LanguageBase`, which is added to an id to reach its
+/// block.
+class StringTable {
+ public:
+  StringTable();
+
+  int LanguageBase = 0;
+
+  /// Text of `id` in the chosen language, in English where that block lacks it. Nothing for an id
+  /// that neither has.
+  std::optional<std::string> Find(int id) const;
+
+  /// The same; an id that is nowhere is a RuntimeFailure.
+  std::string LoadString(int id) const;
+
+ private:
+  void AddBlock(int base, const std::vector<StringEntry>& strings);
+
+  std::map<int, std::string> Texts;
+};
+
+/// Ids of the texts that code asks for by name.
+enum StringId : int {
+  kStrTime = 22,
+  kStrDays = 24,
+  kStrSchedule = 26,
+  kStrMessageInfo = 28,
+  kStrNoMusicDirectory = 46,
+  kStrProblem = 48,
+  kStrInfo = 52,
+  kStrWarning = 58,
+  kStrError = 101,
+  kStrMusicPlaylist = 170,
+  kStrTimeSchedule = 180,
+  kStrToday = 181,
+  kStrAllDays = 182,
+  kStrDoubleClickToPlay = 190,
+  kStrCall = 260,
+  kStrSurfTo = 570,
+  kStrNearestContact = 580,
+  kStrClose = 600,
+  kStrRouting = 860,
+  kStrNoMusicDirectoryEntered = 1220,
+  kStrNoMixer = 1270,
+  kStrPossibleCauses = 1280,
+  kStrNoSoundCard = 1290,
+  kStrTerminating = 1300,
+  kStrCannotOpenMixer = 1310,
+  kStrNoMixerCaps = 1320,
+  kStrHigherPriorityCall = 1330,
+  kStrLowerPriorityCall = 1340,
+  kStrTimeConflict = 1370,
+};
+
+}  // namespace marlex

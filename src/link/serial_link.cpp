@@ -1,0 +1,124 @@
+#include "link/serial_link.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kPriorityBits = 192;
+constexpr int kLowPriority = 64;
+constexpr int kHighPriority = 128;
+constexpr int kMuted = 1;
+constexpr int kOpen = 0;
+
+}  // namespace
+
+SerialLink::SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
+                       FrmMxr& frmMxr, MixerAccess& mixer, ZoneRouting& routing,
+                       const StringTable& strings, Notices& notices)
+    : TheFlags(flags),
+      Store(store),
+      TheFrmMain(frmMain),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer),
+      Routing(routing),
+      Strings(strings) {
+  frmPlayers.tmrIODelay.OnTimer = [this] { SendRoutingByte(); };
+  frmPlayers.tmrDwellTimer.OnTimer = [this] { ReturnMusicZones(); };
+  frmPlayers.TolvoPort.OnComm = [this] { OnComm(); };
+  frmPlayers.TolvoPort.OnFault = [&notices, &strings](const std::string& fault) {
+    notices.Tell(fault, BoxIcon::Critical, strings.LoadString(kStrError));
+  };
+}
+
+/// While the amplifier holds the outputs the timer runs on, so that the byte goes out once the
+/// priority call is over.
+void SerialLink::SendRoutingByte() {
+  if (!Store.Values.RouterPresent || TheFlags.PriorityPreempted) return;
+  TheFrmPlayers.tmrIODelay.Enabled = false;
+  int routingByte = 0;
+  for (int zone = 0; zone < kZones; ++zone) {
+    if (TheFrmMain.lblCurrentZone[zone].BackColor == kGreen) routingByte += 1 << zone;
+  }
+  routingByte += Store.Values.OwnPriorityLevel;
+  // A priority for no zones is never sent.
+  if (routingByte == kLowPriority || routingByte == kHighPriority) routingByte = kReleaseByte;
+  TheFrmPlayers.TolvoPort.Output(std::string(1, static_cast<char>(routingByte)));
+}
+
+/// Only the first byte of what has come counts.
+void SerialLink::OnComm() {
+  if (TheFrmPlayers.TolvoPort.InBufferCount() == 0) return;
+  const std::string input = TheFrmPlayers.TolvoPort.Input();
+  TheFlags.AmplifierStatus = static_cast<unsigned char>(input.front()) & kPriorityBits;
+  ShowPriority();
+  if (TheFlags.AmplifierStatus >= kHighPriority) TakeOver();
+  if (TheFlags.AmplifierStatus == 0) EndPriority();
+}
+
+void SerialLink::ShowPriority() {
+  const bool blocked =
+      TheFlags.AmplifierStatus > 0 && TheFlags.AmplifierStatus >= Store.Values.OwnPriorityLevel;
+  TheFlags.PriorityClear = !blocked;
+  TheFrmMain.lblHiPrio.Caption =
+      Strings.LoadString(blocked ? kStrHigherPriorityCall : kStrLowerPriorityCall);
+  TheFrmMain.lblHiPrio.Visible = true;
+  SetTransportKeyHeight(FrmMain::kShrunkenKeyHeight);
+}
+
+/// Our own level plays no part: a status of 128 takes over from a program of high level too.
+void SerialLink::TakeOver() {
+  const bool musicPlays = TheFrmPlayers.MP3Player.PlayState() == kPlaying;
+  if (musicPlays || TheFlags.MessagePlaying || TheFlags.CallActive) ProcessPriority();
+}
+
+void SerialLink::ProcessPriority() {
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MusicVolume;
+  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = kMuted;
+  TheFrmMain.cmdCall.Caption = Strings.LoadString(kStrCall);
+  TheFrmPlayers.lstMsgSequence.Clear();
+  // In other languages than English this text is no command of the player, and the file runs on
+  // under the muted master line. This is meant.
+  TheFrmPlayers.WavPlayer.Command(Strings.LoadString(kStrClose));
+  TheFlags.FadeRunning = false;
+  TheFlags.CallActive = false;
+  TheFrmPlayers.tmrFlash.Enabled = false;
+  TheFrmPlayers.tmrFadeTime.Enabled = false;
+  TheFrmMxr.ChkMute[0].Value = kMuted;
+  Routing.ApplyMusicRouting();
+  TheFrmMain.cmdCall.Enabled = false;
+  TheFrmPlayers.tmrDwellTimer.Enabled = false;
+  TheFlags.PriorityPreempted = true;
+}
+
+/// Every status 0 runs all of this, also when nothing was held back; it enables the call key even
+/// without call zones.
+void SerialLink::EndPriority() {
+  TheFlags.PriorityClear = true;
+  TheFrmMain.lblHiPrio.Visible = false;
+  SetTransportKeyHeight(FrmMain::kTransportKeyHeight);
+  TheFrmPlayers.tmrDwellTimer.Enabled = true;
+  TheFrmMain.lblBusy[0].BackColor = kButtonFace;
+  TheFrmMain.lblBusy[1].BackColor = kButtonFace;
+  TheFrmMain.cmdCall.Enabled = true;
+  TheFrmMxr.ChkMute[0].Value = kOpen;
+  if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
+    PlaySong();
+    TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kOpen;
+  }
+  TheFlags.PriorityPreempted = false;
+}
+
+void SerialLink::ReturnMusicZones() {
+  TheFrmPlayers.tmrDwellTimer.Enabled = false;
+  if (!Store.Values.RouterPresent || TheFrmPlayers.MP3Player.PlayState() != kPlaying) return;
+  TheFrmPlayers.tmrIODelay.Enabled = true;
+  TheFrmMxr.ChkMute[0].Value = kOpen;
+}
+
+void SerialLink::SetTransportKeyHeight(int height) {
+  for (CommandButton* key : {&TheFrmMain.cmdPlay, &TheFrmMain.cmdSkip, &TheFrmMain.cmdStop}) {
+    key->Height = height;
+  }
+}
+
+}  // namespace marlex

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "i18n/string_table.h"
+#include "link/zone_routing.h"
+#include "mixer/mixer_access.h"
+#include "state/flags.h"
+#include "state/notices.h"
+#include "state/settings_store.h"
+#include "windows/frm_main.h"
+#include "windows/frm_mxr.h"
+#include "windows/frm_players.h"
+
+namespace marlex {
+
+/// The line to the amplifier. Out go single bytes: bits 0 to 5 are zones 1 to 6, bit 6 or 7 our
+/// priority level. In come status bytes whose top two bits are the priority of a call at the
+/// amplifier's own inputs.
+class SerialLink {
+ public:
+  SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
+             FrmMxr& frmMxr, MixerAccess& mixer, ZoneRouting& routing, const StringTable& strings,
+             Notices& notices);
+
+  /// Resumes the music; wired at composition.
+  std::function<void()> PlaySong;
+
+ private:
+  void SendRoutingByte();  // tmrIODelay
+  void OnComm();           // a status byte has come
+  void ShowPriority();
+  void TakeOver();  // status 128 or 192
+  void ProcessPriority();
+  void EndPriority();       // status 0
+  void ReturnMusicZones();  // tmrDwellTimer
+  void SetTransportKeyHeight(int height);
+
+  Flags& TheFlags;
+  SettingsStore& Store;
+  FrmMain& TheFrmMain;
+  FrmPlayers& TheFrmPlayers;
+  FrmMxr& TheFrmMxr;
+  MixerAccess& Mixer;
+  ZoneRouting& Routing;
+  const StringTable& Strings;
+};
+
+}  // namespace marlex

@@ -1,0 +1,156 @@
+#include "mixer/mixer_access.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "state/numbers.h"
+
+namespace marlex {
+namespace {
+
+constexpr std::uint32_t kFullLevel = 65535;
+constexpr std::uint32_t kMostSources = 10;
+constexpr std::uint32_t kDevice = 0;
+
+std::string UpToNul(const std::string& text) { return text.substr(0, text.find('\0')); }
+
+}  // namespace
+
+MixerAccess::MixerAccess(MixerFunctions& functions, FrmMxr& frmMxr, Dialogs& dialogs,
+                         Process& process, const StringTable& strings)
+    : Functions(functions),
+      TheFrmMxr(frmMxr),
+      TheDialogs(dialogs),
+      TheProcess(process),
+      Strings(strings) {}
+
+void MixerAccess::InitMixer() {
+  if (!CheckMixerPresent() || !OpenMixer() || !ReadMixerCaps()) TheProcess.End();
+  ReadMixerLines();
+  TheFrmMxr.Load();
+}
+
+bool MixerAccess::CheckMixerPresent() {
+  if (Functions.GetNumDevs() > 0) return true;
+  Fail(Strings.LoadString(kStrNoMixer) + "\r\n" + Strings.LoadString(kStrPossibleCauses) + "\r\n" +
+       Strings.LoadString(kStrNoSoundCard) + "\r\n\r\n" + Strings.LoadString(kStrTerminating));
+  return false;
+}
+
+bool MixerAccess::OpenMixer() {
+  if (Functions.Open(kDevice, MixerHandle) == kMixerNoError) return true;
+  Fail(Strings.LoadString(kStrCannotOpenMixer) + "\r\n\r\n" + Strings.LoadString(kStrTerminating));
+  return false;
+}
+
+bool MixerAccess::ReadMixerCaps() {
+  MixerCaps caps;
+  if (Functions.GetDevCaps(kDevice, caps) != kMixerNoError) {
+    Fail(Strings.LoadString(kStrNoMixerCaps) + "\r\n\r\n" + Strings.LoadString(kStrTerminating));
+    return false;
+  }
+  LastDestinationIndex = static_cast<int>(caps.Destinations) - 1;
+  MixerName = UpToNul(caps.ProductName);
+  return true;
+}
+
+void MixerAccess::Fail(const std::string& body) {
+  TheDialogs.MsgBox(body, BoxIcon::Critical, "Volume Control" + Strings.LoadString(kStrError));
+}
+
+void MixerAccess::ReadMixerLines() {
+  for (int d = 0; d <= LastDestinationIndex; ++d) {
+    const auto destination = static_cast<std::uint32_t>(d);
+    const auto speakers = Functions.GetDestination(MixerHandle, destination);
+    if (!speakers || speakers->ComponentType != kComponentSpeakers) continue;
+
+    const std::uint32_t sources = std::min(speakers->Connections, kMostSources);
+    SourceLineCount = static_cast<int>(sources);
+    MixerLines.assign(sources + 1, {});
+    FillRecord(0, *speakers);
+    for (std::uint32_t s = 0; s < sources; ++s) {
+      const auto source = Functions.GetSource(MixerHandle, destination, s);
+      FillRecord(static_cast<int>(s) + 1, source.value_or(MixerLineInfo{}));
+    }
+    return;
+  }
+}
+
+void MixerAccess::FillRecord(int index, const MixerLineInfo& line) {
+  MixerLines[static_cast<std::size_t>(index)].Channels = line.Channels;
+  TheFrmMxr.LblName[index].Caption = UpToNul(line.Name);
+  ReadVolume(index, line);
+  ReadMute(index, line);
+  MixerLines[static_cast<std::size_t>(index)].MeterControlId =
+      FindLineControl(line, kControlPeakMeter);
+}
+
+void MixerAccess::ReadVolume(int index, const MixerLineInfo& line) {
+  MixerLineRecord& record = MixerLines[static_cast<std::size_t>(index)];
+  record.VolumeControlId = FindLineControl(line, kControlVolume);
+  if (record.VolumeControlId == 0) {
+    TheFrmMxr.SldrVol[index].Enabled = false;
+    return;
+  }
+  const auto values =
+      Functions.GetControlDetails(MixerHandle, record.VolumeControlId, line.Channels);
+  record.Level = kFullLevel - std::min(values.empty() ? 0 : values.front(), kFullLevel);
+  // The slider starts where the line is, so that the first setting that differs from it is sent.
+  TheFrmMxr.SldrVol[index].Value.Adopt(static_cast<int>(record.Level));
+  if (index == 0) return;
+  if (line.ComponentType == kComponentMicrophone && MicLine == 0) MicLine = index;
+  if (line.ComponentType == kComponentWaveOut && WaveLine == 0) WaveLine = index;
+}
+
+void MixerAccess::ReadMute(int index, const MixerLineInfo& line) {
+  MixerLineRecord& record = MixerLines[static_cast<std::size_t>(index)];
+  record.MuteControlId = FindLineControl(line, kControlMute);
+  if (record.MuteControlId == 0) {
+    TheFrmMxr.ChkMute[index].Enabled = false;
+    return;
+  }
+  const auto values = Functions.GetControlDetails(MixerHandle, record.MuteControlId, line.Channels);
+  record.Mute = values.empty() || values.front() == 0 ? 0 : 1;
+  TheFrmMxr.ChkMute[index].Value.Adopt(static_cast<int>(record.Mute));
+}
+
+/// Id of the line's control of a type, 0 if there is none. The question for a line of the component
+/// type only tests that such a line exists; the control is asked of the line itself.
+std::uint32_t MixerAccess::FindLineControl(const MixerLineInfo& line, std::uint32_t controlType) {
+  if (!Functions.GetLineOfType(MixerHandle, line.ComponentType)) return 0;
+  return Functions.GetLineControl(MixerHandle, line.LineId, controlType).value_or(0);
+}
+
+void MixerAccess::SetLineVolume(int index) {
+  if (MixerLines.empty()) return;
+  MixerLineRecord& record = MixerLines.at(static_cast<std::size_t>(index));
+  const std::uint32_t level =
+      kFullLevel - static_cast<std::uint32_t>(TheFrmMxr.SldrVol[index].Value.Get());
+  if (record.Channels != 2) {
+    record.Level = level;
+    Functions.SetControlDetails(MixerHandle, record.VolumeControlId, {level});
+    return;
+  }
+  const double balance = TheFrmMxr.SldrPan[index].Value / 100.0;
+  const double v = level;
+  record.LeftLevel =
+      balance < 0 ? level : static_cast<std::uint32_t>(RoundHalfEven(v - balance * v));
+  record.RightLevel =
+      balance < 0 ? static_cast<std::uint32_t>(RoundHalfEven(balance * v + v)) : level;
+  Functions.SetControlDetails(MixerHandle, record.VolumeControlId,
+                              {record.LeftLevel, record.RightLevel});
+}
+
+void MixerAccess::SetLineMute(int index) {
+  if (MixerLines.empty()) return;
+  MixerLineRecord& record = MixerLines.at(static_cast<std::size_t>(index));
+  record.Mute = static_cast<std::uint32_t>(TheFrmMxr.ChkMute[index].Value.Get());
+  Functions.SetControlDetails(MixerHandle, record.MuteControlId, {record.Mute});
+}
+
+std::int32_t MixerAccess::ReadMeter(std::uint32_t meterControlId) {
+  const auto values = Functions.GetControlDetails(MixerHandle, meterControlId, 1);
+  return values.empty() ? 0 : std::abs(static_cast<std::int32_t>(values.front()));
+}
+
+}  // namespace marlex

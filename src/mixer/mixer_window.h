@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "mixer/mixer_access.h"
+#include "platform/event_loop.h"
+#include "platform/process.h"
+#include "windows/frm_mxr.h"
+
+namespace marlex {
+
+/// The mixer panel's events, and its display, which the application never reaches since it never
+/// shows the panel.
+class MixerWindow {
+ public:
+  /// Size in twips of what the panel stands on.
+  struct Screen {
+    int Width = 0;
+    int Height = 0;
+  };
+
+  MixerWindow(FrmMxr& frmMxr, MixerAccess& mixer, EventLoop& loop, Process& process);
+
+  bool QuitRequested = false;                            // ends the meter loop
+  std::vector<std::pair<std::uint32_t, int>> MeterList;  // meter control id, line index
+
+  /// Lays the panel out for the lines that the mixer has and runs the meters; with meters it
+  /// returns only when the panel is unloaded.
+  void ActivateMixerWindow(Screen screen);
+
+ private:
+  void ShowStrip(int line);
+  void RunLevelMeters();
+  void ShowPeak(std::uint32_t meterControlId, int line);
+  bool Unload();
+
+  FrmMxr& TheFrmMxr;
+  MixerAccess& Mixer;
+  EventLoop& Loop;
+  Process& TheProcess;
+};
+
+}  // namespace marlex

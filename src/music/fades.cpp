@@ -1,0 +1,88 @@
+#include "music/fades.h"
+
+#include <algorithm>
+
+#include "state/numbers.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kFastFadeMs = 500;
+constexpr int kFastStep = 2000;
+constexpr int kSlowStep = 1000;
+
+}  // namespace
+
+Fades::Fades(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
+             FrmMxr& frmMxr, MixerAccess& mixer)
+    : TheFlags(flags),
+      TheSettings(settings),
+      Loop(loop),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer) {
+  frmPlayers.tmrFadeTime.OnTimer = [this] { Step(); };
+}
+
+void Fades::FadeDown() {
+  TheFlags.FadeRunning = true;
+  FadeIn = false;
+  WorkOutSteps();
+  TheFrmPlayers.tmrFadeTime.Enabled = true;
+  Loop.PumpUntil([this] { return !TheFlags.FadeRunning || TheFlags.CallEndedDuringFade; });
+}
+
+void Fades::FadeUp() {
+  TheFlags.FadeRunning = true;
+  FadeIn = true;
+  if (FadeStep == 0) WorkOutSteps();
+  TheFrmPlayers.tmrFadeTime.Enabled = true;
+  Loop.PumpUntil([this] { return !TheFlags.FadeRunning; });
+}
+
+void Fades::WorkOutSteps() {
+  FadeTarget = TheSettings.MusicVolume;
+  FadeStep = TheSettings.FadeTime == kFastFadeMs ? kFastStep : kSlowStep;
+  FadeSteps = (FrmMxr::kSilent - TheSettings.MusicVolume) / FadeStep;
+  // A music level next to silence leaves no whole step: such a fade is over in one.
+  const double steps = std::max(FadeSteps, 1);
+  TheFrmPlayers.tmrFadeTime.Interval =
+      static_cast<int>(RoundHalfEven(TheSettings.FadeTime / steps));
+}
+
+void Fades::Step() {
+  const int position = TheFrmMxr.SldrVol[Mixer.WaveLine].Value;
+  if (FadeIn) {
+    StepUp(position);
+  } else {
+    StepDown(position);
+  }
+}
+
+void Fades::StepDown(int position) {
+  if (position < FrmMxr::kSilent - 1 - FadeStep) {
+    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = position + FadeStep;
+  } else {
+    EndAt(FrmMxr::kSilent);
+  }
+}
+
+/// The rise runs past its target, up to two steps louder, and falls back to it with the last event.
+/// This dip is meant.
+void Fades::StepUp(int position) {
+  if (position == 0) {
+    EndAt(0);
+  } else if (position > FadeTarget - FadeStep + 1) {
+    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = position - FadeStep;
+  } else {
+    EndAt(FadeTarget);
+  }
+}
+
+void Fades::EndAt(int position) {
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = position;
+  TheFrmPlayers.tmrFadeTime.Enabled = false;
+  TheFlags.FadeRunning = false;
+}
+
+}  // namespace marlex

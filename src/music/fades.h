@@ -1,0 +1,46 @@
+#pragma once
+
+#include "mixer/mixer_access.h"
+#include "platform/event_loop.h"
+#include "state/flags.h"
+#include "state/settings.h"
+#include "windows/frm_mxr.h"
+#include "windows/frm_players.h"
+
+namespace marlex {
+
+/// The one fade: it moves the slider of the wave line in steps while the caller waits. Positions
+/// run from 0, the loudest, to 65535, silence.
+class Fades {
+ public:
+  Fades(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
+        FrmMxr& frmMxr, MixerAccess& mixer);
+
+  int FadeStep = 0;     // slider units a step; 0 before the first fade
+  int FadeSteps = 0;    // steps of a fade-down, for the interval only
+  int FadeTarget = 0;   // position at which a fade-up ends
+  bool FadeIn = false;  // towards FadeTarget, else towards silence
+
+  /// Fades to silence; returns when that is over or a call was released in the middle of it.
+  void FadeDown();
+
+  /// Fades from the slider's position to the target, at the speed, of the last fade-down, whatever
+  /// has changed since.
+  void FadeUp();
+
+ private:
+  void WorkOutSteps();
+  void Step();  // tmrFadeTime
+  void StepUp(int position);
+  void StepDown(int position);
+  void EndAt(int position);
+
+  Flags& TheFlags;
+  const Settings& TheSettings;
+  EventLoop& Loop;
+  FrmPlayers& TheFrmPlayers;
+  FrmMxr& TheFrmMxr;
+  MixerAccess& Mixer;
+};
+
+}  // namespace marlex

@@ -1,0 +1,233 @@
+#include "music/music_player.h"
+
+#include <algorithm>
+
+#include "state/numbers.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kMuted = 1;
+constexpr int kOpen = 0;
+const std::string kReleaseText(1, kReleaseByte);
+
+}  // namespace
+
+std::string FormatSeconds(double seconds) {
+  const long whole = RoundHalfEven(seconds);
+  const long rest = whole % 60;
+  return std::to_string(whole / 60) + (rest < 10 ? ":0" : ":") + std::to_string(rest);
+}
+
+MusicPlayer::MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories,
+                         FrmMain& frmMain, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
+                         MixerAccess& mixer, const StringTable& strings, Notices& notices)
+    : TheFlags(flags),
+      Store(store),
+      TheDirectories(directories),
+      TheFrmMain(frmMain),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer),
+      Strings(strings),
+      TheNotices(notices) {
+  frmMain.cmdPlay.OnClick = [this] { cmdPlay_Click(); };
+  frmMain.cmdSkip.OnClick = [this] { cmdSkip_Click(); };
+  frmMain.cmdStop.OnClick = [this] { cmdStop_Click(); };
+  frmPlayers.MP3Player.OnEndOfStream = [this] { MP3Player_EndOfStream(); };
+  frmPlayers.tmrMP3Position.OnTimer = [this] { ShowPosition(); };
+  WireList();
+}
+
+void MusicPlayer::cmdPlay_Click() {
+  const Settings& settings = Store.Values;
+  if (TheDirectories.Search(settings.MusicDirectory).empty()) {
+    TheNotices.Tell(Strings.LoadString(kStrNoMusicDirectory) + " " + settings.MusicDirectory,
+                    BoxIcon::Critical, Strings.LoadString(kStrProblem));
+    return;
+  }
+  if (settings.RouterPresent) {
+    if (!TheFlags.PriorityClear) return;
+    if (TheFrmPlayers.MP3Player.PlayState() != kPlaying) TheFrmPlayers.tmrIODelay.Enabled = true;
+  }
+  TheFrmMxr.ChkMute[0].Value = kOpen;
+  CurrentSongPath = SelectedSongPath();
+  TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
+  TheFrmMxr.SldrVol[0].Value = settings.MasterVolume;
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = settings.MusicVolume;
+  ShowLength();
+  if (TheFrmPlayers.MP3Player.FileName().empty()) {
+    cmdSkip_Click();
+  } else {
+    PlaySong();
+  }
+  WriteLastSong(TheFrmMain.lstPlaylist.ListIndex());
+  ShowNumber();
+  CurrentSongIndex = TheFrmMain.lstPlaylist.ListIndex();
+  TheFrmMain.cmdSkip.Enabled = true;
+  TheFrmMain.cmdStop.Enabled = true;
+  if (TheFlags.MusicStoppedBySchedule) {
+    TheFlags.MusicStopOverridden = true;
+    TheFlags.MusicStoppedBySchedule = false;
+  }
+  TheFlags.MusicStoppedByUser = false;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kOpen;
+}
+
+/// The test looks at the path alone, also for a caller that loaded the player with another file.
+/// This is meant.
+void MusicPlayer::PlaySong() {
+  if (!TheDirectories.Search(CurrentSongPath).empty()) TheFrmPlayers.MP3Player.Play();
+}
+
+void MusicPlayer::cmdSkip_Click() {
+  TheFrmPlayers.MP3Player.Stop();
+  MP3Player_EndOfStream();
+}
+
+void MusicPlayer::cmdStop_Click() {
+  TheFrmPlayers.MP3Player.Stop();
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kMuted;
+  TheFrmMain.cmdSkip.Enabled = false;
+  TheFrmMain.cmdStop.Enabled = false;
+  TheFlags.MusicStoppedByUser = true;
+  if (Store.Values.RouterPresent) TheFrmPlayers.TolvoPort.Output(kReleaseText);
+}
+
+/// A refused song is skipped as an operator would skip it. A list of which every song is refused is
+/// gone through once.
+void MusicPlayer::MP3Player_EndOfStream() {
+  PlayWaitingMessages();
+  for (int tried = 0; tried < TheFrmMain.lstPlaylist.ListCount(); ++tried) {
+    if (LoadNextSong()) {
+      PlaySong();
+      return;
+    }
+    TheFrmPlayers.MP3Player.Stop();
+  }
+}
+
+void MusicPlayer::PlayWaitingMessages() {
+  if (!TheFlags.MessageAwaitingSongEnd) return;
+  TheFlags.MessageAwaitingSongEnd = false;
+  PlayMessageWavs();
+  TheFrmPlayers.tmrMessage.Enabled = true;
+}
+
+/// Moves to the next entry and gives it to the player. False when the player refuses it.
+bool MusicPlayer::LoadNextSong() {
+  ListBox& list = TheFrmMain.lstPlaylist;
+  const bool wrap = list.ListIndex() == list.ListCount() - 1;
+  if (wrap) {
+    list.SetListIndex(0);
+  } else {
+    NewListPosition();
+  }
+  WriteLastSong(list.ListIndex());
+  CurrentSongIndex = list.ListIndex();
+  CurrentSongPath = SelectedSongPath();
+  TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
+  // After the last song its length stays on show for the whole of the first one. This is meant.
+  if (!wrap) ShowLength();
+  ShowNumber();
+  return !TheFrmPlayers.MP3Player.FileName().empty();
+}
+
+/// The next entry. In a long list the detour over ten entries further makes the list scroll, so
+/// that the coming entries stay in view.
+void MusicPlayer::NewListPosition() {
+  ListBox& list = TheFrmMain.lstPlaylist;
+  const int index = list.ListIndex();
+  if (list.ListCount() > 18 && list.ListCount() - index > 10) {
+    list.SetListIndex(index + 10);
+    list.SetListIndex(index + 10 - 9);
+  } else {
+    list.SetListIndex(index + 1);
+  }
+}
+
+std::string MusicPlayer::SelectedSongPath() const {
+  return Store.Values.MusicDirectory + TheFrmMain.lstPlaylist.Text() + ".mp3";
+}
+
+void MusicPlayer::ShowNumber() {
+  const ListBox& list = TheFrmMain.lstPlaylist;
+  TheFrmMain.lblMP3Number.Caption =
+      std::to_string(list.ListIndex() + 1) + "/" + std::to_string(list.ListCount());
+}
+
+void MusicPlayer::ShowLength() {
+  TheFrmMain.lblMP3Length.Caption = FormatSeconds(TheFrmPlayers.MP3Player.Duration());
+}
+
+void MusicPlayer::ShowPosition() {
+  const SongPlayer& player = TheFrmPlayers.MP3Player;
+  TheFrmMain.lblMP3Position.Caption =
+      player.PlayState() == kStopped ? "" : FormatSeconds(player.CurrentPosition());
+}
+
+void MusicPlayer::WriteLastSong(int index) {
+  Store.WriteProfileValue("Last played", "Last song", std::to_string(index),
+                          Store.Values.CurrentPlaylistFile);
+}
+
+void MusicPlayer::WireList() {
+  ListBox& list = TheFrmMain.lstPlaylist;
+  list.OnClick = [this] {
+    if (!TheFlags.MessagePlaying) TheFrmMain.cmdPlay.Enabled = true;
+  };
+  list.OnDblClick = [this] {
+    if (!TheFlags.MessagePlaying) cmdPlay_Click();
+  };
+  list.OnKeyDown = [this](int keyCode) { DeleteSelected(keyCode); };
+  list.OnMouseDown = [this](MouseButton) { StartDrag(); };
+  list.OnMouseMove = [this] { MoveDrag(); };
+  list.OnMouseUp = [this] { EndDrag(); };
+}
+
+/// Takes the entry off the list on the screen, not out of the file.
+void MusicPlayer::DeleteSelected(int keyCode) {
+  ListBox& list = TheFrmMain.lstPlaylist;
+  if (keyCode == kKeyDelete && list.ListIndex() != ListBox::kNoSelection)
+    list.RemoveItem(list.ListIndex());
+}
+
+void MusicPlayer::StartDrag() {
+  DragActive = TheFrmMain.lstPlaylist.ListIndex() != ListBox::kNoSelection;
+  DragMoved = false;
+  DragIndex = TheFrmMain.lstPlaylist.ListIndex();
+  DragText = TheFrmMain.lstPlaylist.Text();
+}
+
+/// The selection has followed the pointer: the dragged entry changes places with its neighbour.
+void MusicPlayer::MoveDrag() {
+  if (!DragActive) return;
+  ShowNumber();
+  ListBox& list = TheFrmMain.lstPlaylist;
+  const int index = list.ListIndex();
+  if (index == DragIndex) return;
+  const int neighbour = index < DragIndex ? index + 1 : index - 1;
+  DragMoved = true;
+  DragIndex = index;
+  list.SetList(neighbour, list.List(index));
+  list.SetList(index, DragText);
+}
+
+/// Puts the selection back on the song that the position rests on, unless the playing song itself
+/// was moved. `CurrentSongIndex` is not corrected, so that repeated drags work from the old value.
+/// This is meant.
+void MusicPlayer::EndDrag() {
+  DragActive = false;
+  const bool playingSongMoved = TheFrmPlayers.MP3Player.PlayState() == kPlaying &&
+                                CurrentSongPath.find(DragText) != std::string::npos;
+  if (playingSongMoved) return;
+  ListBox& list = TheFrmMain.lstPlaylist;
+  if (DragMoved) {
+    const int place =
+        list.ListIndex() <= CurrentSongIndex ? CurrentSongIndex + 1 : CurrentSongIndex;
+    list.SetListIndex(std::min(place, list.ListCount() - 1));
+  }
+  ShowNumber();
+}
+
+}  // namespace marlex

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "i18n/string_table.h"
+#include "mixer/mixer_access.h"
+#include "platform/directories.h"
+#include "state/flags.h"
+#include "state/notices.h"
+#include "state/settings_store.h"
+#include "windows/frm_main.h"
+#include "windows/frm_mxr.h"
+#include "windows/frm_players.h"
+
+namespace marlex {
+
+/// Seconds rounded to whole ones, ties to even: minutes unpadded, ":", two digits.
+std::string FormatSeconds(double seconds);
+
+/// Plays the songs of `lstPlaylist` one after the other, for ever. The list's selection is the
+/// position: whatever moves the selection moves the music, and the next song is always the entry
+/// after the selected one.
+class MusicPlayer {
+ public:
+  MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories, FrmMain& frmMain,
+              FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
+              const StringTable& strings, Notices& notices);
+
+  std::string CurrentSongPath;  // path last built for the player
+  int CurrentSongIndex =
+      0;  // list index when that song was loaded; used only to reselect after a drag
+  bool DragActive = false;  // a mouse drag in lstPlaylist is on
+  bool DragMoved = false;   // it has moved an entry
+  std::string DragText;     // the dragged entry
+  int DragIndex = 0;        // where the dragged entry stands now
+
+  /// Plays the messages that wait for a music break and returns when they are over; wired at
+  /// composition.
+  std::function<void()> PlayMessageWavs;
+
+  void cmdPlay_Click();
+  void cmdSkip_Click();
+  void cmdStop_Click();
+  void PlaySong();  // starts or resumes the player, if the file of CurrentSongPath is there
+
+  /// Path of the selected entry; without a selection it has no song name, and the player refuses
+  /// it.
+  std::string SelectedSongPath() const;
+
+ private:
+  void MP3Player_EndOfStream();
+  void PlayWaitingMessages();
+  bool LoadNextSong();
+  void NewListPosition();
+  void ShowNumber();
+  void ShowLength();
+  void ShowPosition();  // tmrMP3Position
+  void WriteLastSong(int index);
+  void WireList();
+  void DeleteSelected(int keyCode);
+  void StartDrag();
+  void MoveDrag();
+  void EndDrag();
+
+  Flags& TheFlags;
+  SettingsStore& Store;
+  Directories& TheDirectories;
+  FrmMain& TheFrmMain;
+  FrmPlayers& TheFrmPlayers;
+  FrmMxr& TheFrmMxr;
+  MixerAccess& Mixer;
+  const StringTable& Strings;
+  Notices& TheNotices;
+};
+
+}  // namespace marlex

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "music/fades.h"
+#include "music/music_player.h"
+#include "platform/wall_clock.h"
+#include "state/flags.h"
+#include "state/settings_store.h"
+#include "windows/frm_main.h"
+#include "windows/frm_players.h"
+
+namespace marlex {
+
+/// Starts and stops the music by the clock. Both tests look at the level of the clock and not at
+/// its edge: every minute inside the window tries again. Times are compared as "HH:MM" texts.
+class MusicSchedule {
+ public:
+  MusicSchedule(Flags& flags, SettingsStore& store, WallClock& clock, FrmMain& frmMain,
+                FrmPlayers& frmPlayers, MusicPlayer& player, Fades& fades);
+
+  void CheckMusicStart();
+  void CheckMusicStop();  // waits for the fade
+
+ private:
+  bool TodayIsOn() const;
+
+  Flags& TheFlags;
+  SettingsStore& Store;
+  WallClock& Clock;
+  FrmMain& TheFrmMain;
+  FrmPlayers& TheFrmPlayers;
+  MusicPlayer& Player;
+  Fades& TheFades;
+};
+
+}  // namespace marlex

@@ -1,0 +1,123 @@
+#include "music/playlist_files.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "state/numbers.h"
+
+namespace marlex {
+namespace {
+
+/// A truth word in any case, or a number, of which 0 is False; all else is False.
+bool ToFlag(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return text == "true" || ToNumber(text).value_or(0) != 0;
+}
+
+}  // namespace
+
+int PlaylistPosition(int lastSongIndex, int songCount) {
+  if (songCount == 0) return ListBox::kNoSelection;
+  return lastSongIndex >= 0 && lastSongIndex < songCount ? lastSongIndex : 0;
+}
+
+std::string MinuteText(const LocalTime& time) {
+  const auto twoDigits = [](int number) {
+    return (number < 10 ? "0" : "") + std::to_string(number);
+  };
+  return twoDigits(time.Hour) + ":" + twoDigits(time.Minute);
+}
+
+bool DayIsOn(const std::string& mask, int weekday) {
+  const auto place = static_cast<std::size_t>(weekday - 1);
+  return place >= mask.size() || mask[place] != '0';
+}
+
+PlaylistFiles::PlaylistFiles(Flags& flags, SettingsStore& store, Directories& directories,
+                             WallClock& clock, Dialogs& dialogs, FrmMain& frmMain,
+                             MusicPlayer& player, const StringTable& strings)
+    : TheFlags(flags),
+      Store(store),
+      TheDirectories(directories),
+      Clock(clock),
+      TheDialogs(dialogs),
+      TheFrmMain(frmMain),
+      Player(player),
+      Strings(strings) {
+  frmMain.mnuOpen.OnClick = [this] { mnuOpen_Click(); };
+}
+
+void PlaylistFiles::LoadPlaylist() {
+  TheFrmMain.lstPlaylist.Clear();
+  ReadSongs();
+  ReadTimes();
+  ShowName();
+  if (Store.Values.MusicAutostart) {
+    AutostartMusic();
+  } else if (InsideWindow()) {
+    // No weekday is tested and no entry is selected here, which is meant: the player refuses the
+    // empty name, and the skip that follows starts the first song.
+    Player.cmdPlay_Click();
+  } else if (TheFrmMain.lstPlaylist.ListCount() > 0) {
+    TheFrmMain.lstPlaylist.SetListIndex(0);
+  }
+}
+
+void PlaylistFiles::ReadSongs() {
+  for (int position = 1;; ++position) {
+    const std::string song = Store.ReadProfileValue("Playlist", "Song:" + std::to_string(position),
+                                                    Store.Values.CurrentPlaylistFile);
+    if (song.empty()) return;
+    TheFrmMain.lstPlaylist.AddItem(song);
+  }
+}
+
+void PlaylistFiles::ReadTimes() {
+  Settings& settings = Store.Values;
+  const std::string& file = settings.CurrentPlaylistFile;
+  settings.MusicStartTime = Store.ReadProfileValue("Background music", "Start time", file);
+  settings.MusicStopTime = Store.ReadProfileValue("Background music", "Stop time", file);
+  settings.MusicWeekDays = Store.ReadProfileValue("Background music", "WeekDays", file);
+  settings.MusicAutostart = ToFlag(Store.ReadProfileValue("BackGround music", "AutoStart", file));
+}
+
+void PlaylistFiles::ShowName() {
+  Settings& settings = Store.Values;
+  const std::string name = TheDirectories.Search(settings.CurrentPlaylistFile);
+  std::string caption = Strings.LoadString(kStrMusicPlaylist) + ": " + name;
+  settings.MusicScheduled = !settings.MusicStartTime.empty();
+  if (settings.MusicScheduled)
+    caption += " " + settings.MusicStartTime + "-" + settings.MusicStopTime;
+  TheFrmMain.frBGMusic.Caption = caption;
+}
+
+/// The position is that of the program's start also when another file has been opened since. This
+/// is meant.
+void PlaylistFiles::AutostartMusic() {
+  TheFlags.CurrentMinute = MinuteText(Clock.Now());
+  ListBox& list = TheFrmMain.lstPlaylist;
+  list.SetListIndex(PlaylistPosition(Store.Values.LastSongIndex, list.ListCount()));
+  Player.CurrentSongPath = Player.SelectedSongPath();
+  Player.cmdPlay_Click();
+}
+
+/// Before the first tick the minute is empty and inside no window.
+bool PlaylistFiles::InsideWindow() const {
+  const Settings& settings = Store.Values;
+  return !settings.MusicStartTime.empty() && TheFlags.CurrentMinute >= settings.MusicStartTime &&
+         TheFlags.CurrentMinute < settings.MusicStopTime;
+}
+
+void PlaylistFiles::mnuOpen_Click() {
+  Store.Values.CurrentPlaylistFile =
+      TheDialogs.ShowOpen({.Filter = "Playlist files (*.lst)|*.lst",
+                           .DefaultExtension = "lst",
+                           .InitialDirectory = Store.ApplicationDirectory(),
+                           .AllowMultiselect = false});
+  Store.Write("Playlist", "Current List", Store.Values.CurrentPlaylistFile);
+  LoadPlaylist();
+  TheFlags.MusicStoppedByUser = false;
+}
+
+}  // namespace marlex

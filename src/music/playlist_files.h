@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+
+#include "i18n/string_table.h"
+#include "music/music_player.h"
+#include "platform/dialogs.h"
+#include "platform/directories.h"
+#include "platform/wall_clock.h"
+#include "state/flags.h"
+#include "state/settings_store.h"
+#include "windows/frm_main.h"
+
+namespace marlex {
+
+/// Playlist files: profile files with the extension .lst that hold song names in order, an optional
+/// daily window of music, and the position in the list.
+class PlaylistFiles {
+ public:
+  PlaylistFiles(Flags& flags, SettingsStore& store, Directories& directories, WallClock& clock,
+                Dialogs& dialogs, FrmMain& frmMain, MusicPlayer& player,
+                const StringTable& strings);
+
+  /// Reads `CurrentPlaylistFile` into the list and the settings; may start the music.
+  void LoadPlaylist();
+
+  /// Menu: makes another playlist the current one. The song that plays goes on.
+  void mnuOpen_Click();
+
+ private:
+  void ReadSongs();
+  void ReadTimes();
+  void ShowName();
+  bool InsideWindow() const;
+  void AutostartMusic();
+
+  Flags& TheFlags;
+  SettingsStore& Store;
+  Directories& TheDirectories;
+  WallClock& Clock;
+  Dialogs& TheDialogs;
+  FrmMain& TheFrmMain;
+  MusicPlayer& Player;
+  const StringTable& Strings;
+};
+
+/// The selection that a position of an earlier run means in a list of this many songs: a position
+/// that the list does not have means the first song, and an empty list has none.
+int PlaylistPosition(int lastSongIndex, int songCount);
+
+/// "HH:MM" of a time, 24-hour clock; such texts order as the times do.
+std::string MinuteText(const LocalTime& time);
+
+/// Whether a mask of weekdays, Monday first, has the day on: its character is not "0". A day that
+/// the mask does not reach is on.
+bool DayIsOn(const std::string& mask, int weekday);
+
+}  // namespace marlex

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace marlex {
+
+/// Values of the published mixer interface that the system uses.
+inline constexpr std::uint32_t kMixerNoError = 0;
+inline constexpr std::uint32_t kComponentSpeakers = 4;  // MIXERLINE_COMPONENTTYPE_DST_SPEAKERS
+inline constexpr std::uint32_t kComponentMicrophone =
+    4099;                                                 // MIXERLINE_COMPONENTTYPE_SRC_MICROPHONE
+inline constexpr std::uint32_t kComponentWaveOut = 4104;  // MIXERLINE_COMPONENTTYPE_SRC_WAVEOUT
+inline constexpr std::uint32_t kControlVolume = 0x50030001;  // MIXERCONTROL_CONTROLTYPE_VOLUME
+inline constexpr std::uint32_t kControlMute = 0x20010002;    // MIXERCONTROL_CONTROLTYPE_MUTE
+inline constexpr std::uint32_t kControlPeakMeter =
+    0x10020001;  // MIXERCONTROL_CONTROLTYPE_PEAKMETER
+
+struct MixerCaps {
+  std::string ProductName;  // may hold a NUL, behind which nothing counts
+  std::uint32_t Destinations = 0;
+};
+
+struct MixerLineInfo {
+  std::uint32_t LineId = 0;
+  std::uint32_t ComponentType = 0;
+  std::uint32_t Channels = 0;
+  std::uint32_t Connections = 0;  // source lines of a destination
+  std::string Name;               // long name; may hold a NUL, behind which nothing counts
+};
+
+/// The mixer of the sound card: devices, lines, controls, values from 0 (silence) to 65535 (full).
+/// Calls are on the system's thread, short and synchronous. A line or control that is not there is
+/// an empty answer.
+class MixerFunctions {
+ public:
+  virtual ~MixerFunctions() = default;
+
+  virtual std::uint32_t GetNumDevs() = 0;
+  virtual std::uint32_t Open(std::uint32_t device,
+                             std::uint32_t& handle) = 0;  // kMixerNoError, or an error number
+  virtual std::uint32_t GetDevCaps(std::uint32_t device, MixerCaps& caps) = 0;  // likewise
+
+  virtual std::optional<MixerLineInfo> GetDestination(std::uint32_t handle,
+                                                      std::uint32_t destination) = 0;
+  virtual std::optional<MixerLineInfo> GetSource(std::uint32_t handle, std::uint32_t destination,
+                                                 std::uint32_t source) = 0;
+  virtual std::optional<MixerLineInfo> GetLineOfType(std::uint32_t handle,
+                                                     std::uint32_t componentType) = 0;
+
+  /// Id of the control of `controlType` on the line; never 0.
+  virtual std::optional<std::uint32_t> GetLineControl(std::uint32_t handle, std::uint32_t lineId,
+                                                      std::uint32_t controlType) = 0;
+
+  /// One value a channel. Empty when the control is not there.
+  virtual std::vector<std::uint32_t> GetControlDetails(std::uint32_t handle,
+                                                       std::uint32_t controlId,
+                                                       std::uint32_t channels) = 0;
+
+  /// Sets one value a channel; a single value counts for all channels. An unknown control is
+  /// refused by the result.
+  virtual std::uint32_t SetControlDetails(std::uint32_t handle, std::uint32_t controlId,
+                                          const std::vector<std::uint32_t>& values) = 0;
+
+  virtual void Close(std::uint32_t handle) = 0;
+};
+
+}  // namespace marlex

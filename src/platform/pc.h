@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/directories.h"
+#include "platform/event_loop.h"
+#include "platform/mixer_functions.h"
+#include "platform/process.h"
+#include "platform/profile_files.h"
+#include "platform/serial_port.h"
+#include "platform/song_player.h"
+#include "platform/wall_clock.h"
+#include "platform/wave_player.h"
+
+namespace marlex {
+
+/// The PC that a system runs on, real or simulated. It outlives the system.
+struct Pc {
+  EventLoop& Loop;
+  WallClock& Clock;
+  ProfileFiles& Profiles;
+  Directories& Files;
+  SerialPort& TolvoPort;
+  WavePlayer& WavPlayer;
+  WavePlayer& WavControl;
+  SongPlayer& MP3Player;
+  MixerFunctions& Mixer;
+  Dialogs& Boxes;
+  Process& TheProcess;
+};
+
+}  // namespace marlex

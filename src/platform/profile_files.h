@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace marlex {
+
+/// Profile files: lines `[section]` and `key=value`, with the behaviour of the published functions
+/// GetPrivateProfileString and WritePrivateProfileString. Text is UTF-8. Nothing is cached between
+/// calls.
+class ProfileFiles {
+ public:
+  virtual ~ProfileFiles() = default;
+
+  /// Value of the first `key` in the first `section`, both matched without regard to case, with
+  /// blanks around it and one pair of enclosing quotes removed, cut at `maxCharacters` characters
+  /// (never inside one). Empty when the file, the section or the key is absent or the file cannot
+  /// be read.
+  virtual std::string GetString(const std::string& section, const std::string& key,
+                                const std::string& file, std::size_t maxCharacters) const = 0;
+
+  /// Writes the value through to the file: an existing key keeps its place and spelling, a missing
+  /// file, section or key is created, and everything else stays byte for byte. The file is replaced
+  /// atomically and keeps its mode. False when the write failed; the old file is then intact.
+  virtual bool WriteString(const std::string& section, const std::string& key,
+                           const std::string& value, const std::string& file) = 0;
+};
+
+}  // namespace marlex

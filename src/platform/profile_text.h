@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace marlex {
+
+/// The rules of profile files on the whole text of one, after the published functions
+/// GetPrivateProfileString and WritePrivateProfileString. A line ends in CR LF, LF or CR. Blanks
+/// are space, tab, vertical tab and form feed; those at the ends of a line, a name or a value do
+/// not count. A line `[name]` begins a section, one that begins with `;` is a comment, and one
+/// without `=` means nothing. Lines above the first section belong to none. A byte order mark at
+/// the top is passed over, and bytes that are no UTF-8 pass through unchanged.
+
+/// Value of the first `key` in the first `section`, both matched without regard to case, without
+/// one pair of enclosing quotes, single or double, and cut at `maxCharacters` characters. Empty
+/// when there is none.
+std::string ProfileValue(std::string_view text, std::string_view section, std::string_view key,
+                         std::size_t maxCharacters);
+
+/// `text` with the value set. An existing line keeps its place and its spelling up to its `=`; a
+/// missing key follows the last line of its section that is not blank; a missing section follows
+/// the text. A new line ends like the line before it, in an empty text like CR LF. Nothing else
+/// changes. The value is taken as it is: line ends in it begin new lines.
+std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,
+                             std::string_view value);
+
+}  // namespace marlex

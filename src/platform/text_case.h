@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace marlex {
+
+/// First character of a non-empty UTF-8 text, made blind to case. A byte that begins no well-formed
+/// character counts as a character of its own, which equals only itself, so that text of unknown
+/// encoding is never refused or lost.
+struct FoldedCharacter {
+  char32_t Code = 0;
+  std::size_t Bytes = 1;  // length in the text
+};
+FoldedCharacter FirstFolded(std::string_view text);
+
+/// Whether two UTF-8 texts are the same but for the case of Latin, Greek and Cyrillic letters.
+/// Knows no locale.
+bool SameButForCase(std::string_view one, std::string_view other);
+
+/// Order of a list of names as a reader expects it: without regard to case, and by their bytes
+/// where that decides nothing.
+bool NameComesBefore(std::string_view one, std::string_view other);
+
+/// Whether `name` matches `pattern` as a whole, without regard to case: `*` stands for any text,
+/// `?` for one character.
+bool MatchesPattern(std::string_view name, std::string_view pattern);
+
+/// The first `maxCharacters` characters of a UTF-8 text; no character is cut in two.
+std::string_view FirstCharacters(std::string_view text, std::size_t maxCharacters);
+
+}  // namespace marlex

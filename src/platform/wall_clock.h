@@ -1,0 +1,23 @@
+#pragma once
+
+namespace marlex {
+
+/// Local date and time of day, as an operator reads them off the wall.
+struct LocalTime {
+  int Year = 2000;
+  int Month = 1;    // 1 to 12
+  int Day = 1;      // 1 to 31
+  int Hour = 0;     // 0 to 23
+  int Minute = 0;   // 0 to 59
+  int Second = 0;   // 0 to 59
+  int Weekday = 1;  // 1 is Monday, 7 is Sunday
+};
+
+/// The wall clock. It may jump either way at any moment; durations are never taken from it.
+class WallClock {
+ public:
+  virtual ~WallClock() = default;
+  virtual LocalTime Now() const = 0;
+};
+
+}  // namespace marlex

@@ -1,0 +1,116 @@
+#include "schedule/message_playback.h"
+
+namespace marlex {
+namespace {
+
+const std::string kReleaseText(1, kReleaseByte);
+
+}  // namespace
+
+MessagePlayback::MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain,
+                                 FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
+                                 ZoneRouting& routing, Fades& fades, MusicPlayer& music,
+                                 MessageWavs& wavs)
+    : TheFlags(flags),
+      Store(store),
+      TheFrmMain(frmMain),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer),
+      Routing(routing),
+      TheFades(fades),
+      Music(music),
+      Wavs(wavs) {}
+
+void MessagePlayback::PlayMessageSequence(const std::string& currentRouting) {
+  TheFrmPlayers.tmrMessage.Enabled = false;
+  for (CommandButton* key : {&TheFrmMain.cmdPlay, &TheFrmMain.cmdSkip, &TheFrmMain.cmdStop}) {
+    key->Enabled = false;
+  }
+  if (MusicIs(kPlaying) && !ClearMusic()) return;
+  RouteMessage(currentRouting);
+  Announce();
+  if (TheFlags.PriorityPreempted) {
+    // Routing and music are in the care of the amplifier's end of call.
+    EnableTransportKeys();
+    return;
+  }
+  if (TheFlags.CallActive) return;  // the end of the call restores everything
+  RestoreRouting();
+  RestoreMusic();
+  EnableTransportKeys();
+}
+
+/// Fades the music and pauses it. False when a call or the amplifier took over in the fade, and the
+/// announcement is over.
+bool MessagePlayback::ClearMusic() {
+  if (Store.Values.FadeTime > 0) {
+    TheFades.FadeDown();
+    if (TheFlags.CallActive) return false;
+    if (TheFlags.PriorityPreempted) {
+      TheFrmPlayers.tmrMessage.Enabled = true;
+      TheFrmMain.cmdPlay.Enabled = true;
+      TheFrmMain.cmdSkip.Enabled = true;
+      TheFrmMain.cmdStop.Enabled = true;
+      return false;
+    }
+  }
+  if (MusicIs(kPlaying)) TheFrmPlayers.MP3Player.Pause();
+  return true;
+}
+
+/// The zones follow the release by 200 ms, during the start of the first message.
+void MessagePlayback::RouteMessage(const std::string& currentRouting) {
+  if (!Store.Values.RouterPresent) return;
+  if (TheFlags.AmplifierStatus != 0) TheFrmPlayers.TolvoPort.Output(kReleaseText);
+  Routing.ShowMessageZones(currentRouting);
+}
+
+void MessagePlayback::Announce() {
+  PaintPlayingCell(kGreen, kBlack);
+  EnableMusicZoneKeys(false);
+  Wavs.PlayMessageWavs();
+  EnableMusicZoneKeys(true);
+  PaintPlayingCell(kNavy, kWhite);
+}
+
+/// The first cell of the table's current row, on which the tick left it; an operator who rebuilds
+/// the table meanwhile has another row painted.
+void MessagePlayback::PaintPlayingCell(Color back, Color text) {
+  TheFrmMain.grdSchedule.SetCol(kTimeColumn);
+  TheFrmMain.grdSchedule.SetCellColors(back, text);
+}
+
+void MessagePlayback::EnableMusicZoneKeys(bool enabled) {
+  for (int zone = 0; zone < kZones; ++zone) TheFrmMain.cmdMusicZones[zone].Enabled = enabled;
+}
+
+void MessagePlayback::RestoreRouting() {
+  Routing.ApplyMusicRouting();
+  if (!Store.Values.RouterPresent) return;
+  if (MusicIs(kPaused)) {
+    TheFrmPlayers.tmrIODelay.Enabled = true;
+  } else {
+    TheFrmPlayers.TolvoPort.Output(kReleaseText);
+  }
+}
+
+void MessagePlayback::RestoreMusic() {
+  if (!MusicIs(kPaused)) return;
+  Music.PlaySong();
+  if (Store.Values.FadeTime > 0) {
+    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = FrmMxr::kSilent;
+    TheFades.FadeUp();
+  } else {
+    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MusicVolume;
+  }
+}
+
+void MessagePlayback::EnableTransportKeys() {
+  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFrmMain.cmdPlay.Enabled = true;
+  TheFrmMain.cmdSkip.Enabled = MusicIs(kPlaying);
+  TheFrmMain.cmdStop.Enabled = MusicIs(kPlaying);
+}
+
+}  // namespace marlex

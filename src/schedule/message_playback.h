@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+
+#include "link/zone_routing.h"
+#include "music/fades.h"
+#include "music/music_player.h"
+#include "schedule/message_wavs.h"
+#include "state/flags.h"
+#include "state/settings_store.h"
+#include "windows/frm_main.h"
+#include "windows/frm_mxr.h"
+#include "windows/frm_players.h"
+
+namespace marlex {
+
+/// The whole announcement of a schedule row: the music out of the way, the zones fed, the messages
+/// played, and everything put back.
+class MessagePlayback {
+ public:
+  MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
+                  FrmMxr& frmMxr, MixerAccess& mixer, ZoneRouting& routing, Fades& fades,
+                  MusicPlayer& music, MessageWavs& wavs);
+
+  /// Plays `lstMsgSequence` into the zones of `currentRouting` and returns when all is back, or at
+  /// once where a call or the amplifier has taken over, which then restore.
+  void PlayMessageSequence(const std::string& currentRouting);
+
+ private:
+  bool ClearMusic();
+  void RouteMessage(const std::string& currentRouting);
+  void Announce();
+  void PaintPlayingCell(Color back, Color text);
+  void EnableMusicZoneKeys(bool enabled);
+  void RestoreRouting();
+  void RestoreMusic();
+  void EnableTransportKeys();
+  bool MusicIs(PlayStates state) const { return TheFrmPlayers.MP3Player.PlayState() == state; }
+
+  Flags& TheFlags;
+  SettingsStore& Store;
+  FrmMain& TheFrmMain;
+  FrmPlayers& TheFrmPlayers;
+  FrmMxr& TheFrmMxr;
+  MixerAccess& Mixer;
+  ZoneRouting& Routing;
+  Fades& TheFades;
+  MusicPlayer& Music;
+  MessageWavs& Wavs;
+};
+
+}  // namespace marlex

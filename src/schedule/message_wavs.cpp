@@ -1,0 +1,71 @@
+#include "schedule/message_wavs.h"
+
+#include "schedule/sequence_files.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kMuted = 1;
+constexpr int kOpen = 0;
+
+}  // namespace
+
+MessageWavs::MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop,
+                         FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer)
+    : TheFlags(flags),
+      TheSettings(settings),
+      Loop(loop),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer) {
+  WavePlayer& player = frmPlayers.WavPlayer;
+  player.OnDone = [this] { TheFlags.WavFinished = true; };
+  player.OnStatusUpdate = [this, &player] {
+    if (player.Mode() == kWaveStopped) TheFlags.WavFinished = true;
+  };
+}
+
+void MessageWavs::BuildMessageList(const std::string& messageInfo) {
+  TheFrmPlayers.lstMsgSequence.Clear();
+  for (const std::string& name : SplitCuttingLast(messageInfo, ',')) {
+    TheFrmPlayers.lstMsgSequence.AddItem(name + ".wav");
+  }
+}
+
+void MessageWavs::PlayMessageWavs() {
+  TheFlags.MessagePlaying = true;
+  OpenMessageLine();
+  // Who takes over empties the list. The count stays, and the rest of the loop runs over empty
+  // entries, each of which ends at once.
+  const int count = TheFrmPlayers.lstMsgSequence.ListCount();
+  for (int entry = 0; entry < count; ++entry) {
+    const ListBox& list = TheFrmPlayers.lstMsgSequence;
+    PlayWav(entry < list.ListCount() ? list.List(entry) : "");
+  }
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MusicVolume;
+  TheFlags.MessagePlaying = false;
+}
+
+/// Messages always go out unmuted, with the microphone closed.
+void MessageWavs::OpenMessageLine() {
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MessageVolume;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kOpen;
+  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = kMuted;
+  TheFrmMxr.ChkMute[0].Value = kOpen;
+}
+
+void MessageWavs::PlayWav(const std::string& fileName) {
+  WavePlayer& player = TheFrmPlayers.WavPlayer;
+  player.Notify = false;
+  player.Wait = true;
+  player.Shareable = false;
+  player.DeviceType = "WaveAudio";
+  player.FileName = TheSettings.MessageDirectory + fileName;
+  player.Command("Close");
+  player.Command("Open");
+  TheFlags.WavFinished = false;
+  player.Command("Play");
+  Loop.PumpUntil([this] { return TheFlags.WavFinished || TheFlags.CallActive; });
+}
+
+}  // namespace marlex

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "mixer/mixer_access.h"
+#include "platform/event_loop.h"
+#include "state/flags.h"
+#include "state/settings.h"
+#include "windows/frm_mxr.h"
+#include "windows/frm_players.h"
+
+namespace marlex {
+
+/// Plays the files of `lstMsgSequence` one after the other at the message volume. It needs no
+/// music: a message shares the wave line with it and borrows the line's level.
+class MessageWavs {
+ public:
+  MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
+              FrmMxr& frmMxr, MixerAccess& mixer);
+
+  /// Fills `lstMsgSequence` from message names separated by commas.
+  void BuildMessageList(const std::string& messageInfo);
+
+  /// Returns when the last file has ended, or at once when a call takes over.
+  void PlayMessageWavs();
+
+ private:
+  void OpenMessageLine();
+  void PlayWav(const std::string& fileName);
+
+  Flags& TheFlags;
+  const Settings& TheSettings;
+  EventLoop& Loop;
+  FrmPlayers& TheFrmPlayers;
+  FrmMxr& TheFrmMxr;
+  MixerAccess& Mixer;
+};
+
+}  // namespace marlex

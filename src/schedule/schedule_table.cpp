@@ -1,0 +1,98 @@
+#include "schedule/schedule_table.h"
+
+#include "platform/runtime_failure.h"
+#include "state/characters.h"
+
+namespace marlex {
+
+ScheduleTable::ScheduleTable(SettingsStore& store, WallClock& clock, FrmMain& frmMain,
+                             FrmPlayers& frmPlayers, ScheduleColumns& columns, Conflicts& conflicts,
+                             const StringTable& strings, Notices& notices)
+    : Store(store),
+      Clock(clock),
+      Table(frmMain.grdSchedule),
+      SeqFileList(frmPlayers.SeqFileList),
+      Columns(columns),
+      TheConflicts(conflicts),
+      Strings(strings),
+      TheNotices(notices) {}
+
+void ScheduleTable::RebuildScheduleTable() {
+  Columns.ShowDaysColumn();
+  NextTableRow = 1;
+  Table.SetRows(1);
+  // Without an open file neither the conflicts nor the columns are looked at, and ConflictFound
+  // keeps its value.
+  if (SeqFileList.ListCount() == 0) return;
+  AddAllFiles();
+  if (Table.Rows() > 1) {
+    Table.SetCol(kTimeColumn);
+    Table.Sort();
+  }
+  TheConflicts.DetectConflicts();
+  if (!TheConflicts.ConflictFound) Columns.LayoutScheduleColumns();
+}
+
+void ScheduleTable::AddAllFiles() {
+  std::vector<std::string> badFiles;
+  for (int file = 0; file < SeqFileList.ListCount(); ++file) {
+    CurrentSequenceFile = SeqFileList.List(file);
+    try {
+      AddSequenceRows();
+    } catch (const RuntimeFailure& failure) {
+      badFiles.push_back(CurrentSequenceFile + ": " + failure.what());
+    }
+  }
+  if (!badFiles.empty()) TellBadFiles(badFiles);
+}
+
+void ScheduleTable::TellBadFiles(const std::vector<std::string>& badFiles) {
+  std::string body = "These message schedules cannot be used:";
+  for (const std::string& file : badFiles) body += "\r\n" + file;
+  TheNotices.Tell(body, BoxIcon::Critical, Strings.LoadString(kStrError));
+}
+
+void ScheduleTable::AddSequenceRows() {
+  const std::string path = Store.Values.SequencePath + CurrentSequenceFile;
+  const auto read = [&](const char* key) { return Store.ReadProfileValue("Schedule", key, path); };
+  Times.HourExpression = read("Hour(s)");
+  Times.MinuteExpression = read("Minute(s)");
+  const std::string zones = read("Zone(s)");
+  const std::string weekdays = read("Weekday(s)");
+  const std::string messages = read("Message(s)");
+  TimerModeExact = read("Timer") == "Exact";
+  if (!Store.Values.AllDaysView && !RunsToday(weekdays)) return;
+
+  Times.ParseHours();
+  Times.ParseMinutes();
+  if (NextTableRow - 1 + Times.HourCount * Times.MinuteCount > kMostRows) {
+    throw RuntimeFailure("The schedule has more than 32767 rows");
+  }
+  for (int hour = 1; hour <= Times.HourCount; ++hour) {
+    for (int minute = 1; minute <= Times.MinuteCount; ++minute) {
+      AddRow(Times.HourList[static_cast<std::size_t>(hour)] + ":" +
+                 Times.MinuteList[static_cast<std::size_t>(minute)],
+             weekdays, zones, messages);
+    }
+  }
+}
+
+/// A mask too short to have today's character counts as on.
+bool ScheduleTable::RunsToday(const std::string& weekdays) const {
+  const auto place = static_cast<std::size_t>(Clock.Now().Weekday - 1);
+  return place >= weekdays.size() || weekdays[place] != '0';
+}
+
+void ScheduleTable::AddRow(const std::string& time, const std::string& weekdays,
+                           const std::string& zones, const std::string& messages) {
+  Table.SetRows(Table.Rows() + 1);
+  Table.SetTextMatrix(NextTableRow, kDaysColumn, weekdays);
+  Table.SetTextMatrix(NextTableRow, kMessagesColumn, messages);
+  Table.SetTextMatrix(NextTableRow, kRoutingColumn, zones);
+  Table.SetTextMatrix(NextTableRow, kNameColumn, UpToFirstPoint(CurrentSequenceFile));
+  // A blank sorts before "+", so that of one minute the rows at the set time come first.
+  Table.SetTextMatrix(NextTableRow, kTimeColumn, time + (TimerModeExact ? "  " : "+"));
+  ++NextTableRow;
+}
+
+}  // namespace marlex

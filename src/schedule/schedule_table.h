@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "i18n/string_table.h"
+#include "platform/wall_clock.h"
+#include "schedule/conflicts.h"
+#include "schedule/schedule_columns.h"
+#include "schedule/time_expressions.h"
+#include "state/notices.h"
+#include "state/settings_store.h"
+#include "windows/frm_main.h"
+#include "windows/frm_players.h"
+
+namespace marlex {
+
+/// The expanded form of all open sequence files: a row of `grdSchedule` for every firing time,
+/// sorted by time. The grid is the only store of the schedule. It is thrown away and built anew
+/// whenever something may have changed.
+class ScheduleTable {
+ public:
+  ScheduleTable(SettingsStore& store, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
+                ScheduleColumns& columns, Conflicts& conflicts, const StringTable& strings,
+                Notices& notices);
+
+  static constexpr int kMostRows = 32767;
+
+  int NextTableRow = 1;             // index of the next row to be filled
+  std::string CurrentSequenceFile;  // file name under work, with extension
+  bool TimerModeExact = false;      // it plays at the set time, not at a music break
+
+  /// Builds the table from `SeqFileList`. A file that breaks the limits of a time expression adds
+  /// no row and is named in one box; the other files are built as usual.
+  void RebuildScheduleTable();
+
+ private:
+  void AddAllFiles();
+  void AddSequenceRows();
+  void AddRow(const std::string& time, const std::string& weekdays, const std::string& zones,
+              const std::string& messages);
+  bool RunsToday(const std::string& weekdays) const;
+  void TellBadFiles(const std::vector<std::string>& badFiles);
+
+  SettingsStore& Store;
+  WallClock& Clock;
+  Grid& Table;
+  ListBox& SeqFileList;
+  ScheduleColumns& Columns;
+  Conflicts& TheConflicts;
+  const StringTable& Strings;
+  Notices& TheNotices;
+  TimeExpressions Times;
+};
+
+}  // namespace marlex

@@ -1,0 +1,96 @@
+#include "schedule/schedule_tick.h"
+
+#include "music/playlist_files.h"
+
+namespace marlex {
+
+ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
+                           MusicSchedule& music, ScheduleTable& table, MessageWavs& wavs,
+                           MessagePlayback& playback)
+    : TheFlags(flags),
+      Clock(clock),
+      Table(frmMain.grdSchedule),
+      TheFrmPlayers(frmPlayers),
+      Music(music),
+      TheTable(table),
+      Wavs(wavs),
+      Playback(playback) {
+  frmPlayers.tmrMessage.OnTimer = [this] { Tick(); };
+}
+
+void ScheduleTick::Tick() {
+  if (!AcceptMinute()) return;
+  if (!TheFlags.PriorityClear) return;
+  Music.CheckMusicStart();
+  Music.CheckMusicStop();
+  if (TheFlags.CurrentMinute == "00:00") StartNewDay();
+  if (!FindDueRow() || !RowRunsToday()) return;
+  MarkFiringRow();
+  CurrentMessageInfo = Table.TextMatrix(ScheduleRow, kMessagesColumn);
+  CurrentRouting = Table.TextMatrix(ScheduleRow, kRoutingColumn);
+  Wavs.BuildMessageList(CurrentMessageInfo);
+  Dispatch();
+}
+
+/// From its acceptance on a minute is used up, whatever follows.
+bool ScheduleTick::AcceptMinute() {
+  TheFlags.CurrentMinute = MinuteText(Clock.Now());
+  if (TheFlags.CurrentMinute == LastMinute) return false;
+  LastMinute = TheFlags.CurrentMinute;
+  return true;
+}
+
+void ScheduleTick::StartNewDay() {
+  TheTable.RebuildScheduleTable();
+  TheFlags.MusicStoppedByUser = false;
+}
+
+/// Only the first row of a minute goes on; a second one is never played.
+bool ScheduleTick::FindDueRow() {
+  for (ScheduleRow = 1; ScheduleRow < Table.Rows(); ++ScheduleRow) {
+    if (Table.RowHeight(ScheduleRow) != 0 && TimeOf(Table, ScheduleRow) == TheFlags.CurrentMinute)
+      return true;
+  }
+  return false;
+}
+
+/// The test reads the mask without its sixth character: on a Saturday it finds Sunday's, on a
+/// Sunday none, and fires. A fixed part of the design, like its answer for an empty cell, which is
+/// yes.
+bool ScheduleTick::RowRunsToday() const {
+  const std::string& mask = Table.TextMatrix(ScheduleRow, kDaysColumn);
+  std::string tested = mask.substr(0, 5);
+  if (mask.size() > 6) tested += mask.substr(6, 2);
+  return DayIsOn(tested, Clock.Now().Weekday);
+}
+
+/// Wipes the marks of earlier rows, conflict marks included, down to the firing row, and leaves it
+/// the current one.
+void ScheduleTick::MarkFiringRow() {
+  constexpr int kRowsAbove = 6;
+  for (int row = 1; row <= ScheduleRow; ++row) PaintRow(row, kWhite, kBlack);
+  if (ScheduleRow > kRowsAbove) Table.SetTopRow(ScheduleRow - kRowsAbove);
+  PaintRow(ScheduleRow, kNavy, kWhite);
+}
+
+void ScheduleTick::PaintRow(int row, Color back, Color text) {
+  Table.SetRow(row);
+  for (int column = 0; column < Grid::kColumns; ++column) {
+    Table.SetCol(column);
+    Table.SetCellColors(back, text);
+  }
+}
+
+void ScheduleTick::Dispatch() {
+  const bool atMusicBreak =
+      Table.TextMatrix(ScheduleRow, kTimeColumn).find('+') != std::string::npos;
+  if (atMusicBreak && TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
+    TheFrmPlayers.tmrMessage.Enabled = false;
+    TheFlags.MessageAwaitingSongEnd = true;
+    return;
+  }
+  TheFlags.MessageAwaitingSongEnd = false;
+  Playback.PlayMessageSequence(CurrentRouting);
+}
+
+}  // namespace marlex

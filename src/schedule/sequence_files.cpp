@@ -1,0 +1,90 @@
+#include "schedule/sequence_files.h"
+
+#include "platform/directories.h"
+#include "platform/runtime_failure.h"
+#include "state/characters.h"
+
+namespace marlex {
+namespace {
+
+constexpr const char* kSection = "Current sequence list";
+
+}  // namespace
+
+std::vector<std::string> SplitCuttingLast(const std::string& text, char separator) {
+  constexpr std::size_t kLongestLast = 100;
+  if (text.find(separator) == std::string::npos) return {text};
+  std::vector<std::string> parts;
+  std::size_t start = 0;
+  for (auto end = text.find(separator); end != std::string::npos;
+       end = text.find(separator, start)) {
+    parts.push_back(text.substr(start, end - start));
+    start = end + 1;
+  }
+  parts.push_back(FirstCharacters(text.substr(start), kLongestLast));
+  return parts;
+}
+
+SequenceSelection ParseSequenceSelection(const std::string& result) {
+  const std::string extension = ".sch";
+  const auto severalFiles = result.find(std::string(1, kSeparator) + " ");
+  const bool several = severalFiles != std::string::npos;
+  const auto nameStart = several ? severalFiles + 2 : result.find_last_of(kSeparator) + 1;
+  const std::string names = result.substr(nameStart) + " ";
+
+  std::string list;
+  std::size_t position = 0;
+  while (names.find(extension, position) != std::string::npos) {
+    const auto end = names.find(extension + " ", position);
+    if (end == std::string::npos) break;
+    list += names.substr(position, end + extension.size() - position) + "|";
+    position = end + extension.size() + 1;
+  }
+  if (list.empty()) throw RuntimeFailure("No message schedule was found in the selection");
+  list.pop_back();
+  return {list, result.substr(0, result.size() + 1 - names.size())};
+}
+
+SequenceFiles::SequenceFiles(SettingsStore& store, Dialogs& dialogs, FrmMain& frmMain,
+                             FrmPlayers& frmPlayers, Conflicts& conflicts, ScheduleTable& table)
+    : Store(store),
+      TheDialogs(dialogs),
+      TheFrmMain(frmMain),
+      SeqFileList(frmPlayers.SeqFileList),
+      TheConflicts(conflicts),
+      Table(table) {
+  frmMain.mnuSequence.OnClick = [this] { mnuSequence_Click(); };
+  frmMain.mnuClose.OnClick = [this] { mnuClose_Click(); };
+}
+
+void SequenceFiles::LoadSequenceList() {
+  SeqFileList.Clear();
+  const std::string list = Store.Read(kSection, "Sequence list");
+  Store.Values.SequencePath = Store.Read(kSection, "Sequence path");
+  if (list.empty()) return;
+  for (const std::string& file : SplitCuttingLast(list, '|')) SeqFileList.AddItem(file);
+  Table.RebuildScheduleTable();
+}
+
+void SequenceFiles::mnuSequence_Click() {
+  const std::string result = TheDialogs.ShowOpen({.Filter = "Msg sequence files (*.sch)|*.sch",
+                                                  .DefaultExtension = "sch",
+                                                  .InitialDirectory = Store.ApplicationDirectory(),
+                                                  .AllowMultiselect = true});
+  if (result.find(".sch") == std::string::npos) return;
+  const SequenceSelection selection = ParseSequenceSelection(result);
+  Store.Write(kSection, "Sequence list", selection.List);
+  Store.Write(kSection, "Sequence path", selection.Path);
+  LoadSequenceList();
+}
+
+/// The directory stays in the settings, and ConflictFound keeps its value.
+void SequenceFiles::mnuClose_Click() {
+  Store.Write(kSection, "Sequence list", "");
+  TheFrmMain.grdSchedule.SetRows(1);
+  TheConflicts.SetNormalHeights();
+  TheFrmMain.lblConflict.Visible = false;
+  SeqFileList.Clear();
+}
+
+}  // namespace marlex

@@ -1,0 +1,115 @@
+#include "schedule/time_expressions.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "platform/runtime_failure.h"
+#include "state/characters.h"
+
+namespace marlex {
+namespace {
+
+std::string TwoDigits(const std::string& number) {
+  return number.size() == 1 ? "0" + number : number;
+}
+
+/// Number that the text begins with; what no hour can reach is held at the bound of the count.
+int Value(const std::string& text) {
+  constexpr long kBeyondAnyHour = 1'000'000;
+  return static_cast<int>(
+      std::clamp(std::strtol(text.c_str(), nullptr, 10), -kBeyondAnyHour, kBeyondAnyHour));
+}
+
+}  // namespace
+
+void TimeExpressions::FindCommas(const std::string& expression) {
+  ItemCount = 0;
+  std::size_t position = 0;
+  for (;;) {
+    const std::size_t comma = expression.find(',', position);
+    if (comma == std::string::npos) break;
+    if (ItemCount + 1 > kMostItems) throw RuntimeFailure("More than 30 items in a time expression");
+    CommaPositions[static_cast<std::size_t>(ItemCount + 1)] = static_cast<int>(comma) + 1;
+    position = comma + 1;
+    ++ItemCount;
+  }
+  ++ItemCount;
+}
+
+void TimeExpressions::ParseHours() {
+  NextHourSlot = 1;
+  HourCount = 0;
+  ExpandHourItems();
+  HourCount = NextHourSlot - 1;
+}
+
+/// Item `item` of an expression whose commas are found. Only the last one is cut, to `longestLast`
+/// characters.
+std::string TimeExpressions::Item(const std::string& expression, int item, int longestLast) const {
+  if (item > kMostItems) throw RuntimeFailure("More than 30 items in a time expression");
+  const auto place = static_cast<std::size_t>(item);
+  const auto start = static_cast<std::size_t>(CommaPositions[place - 1]);
+  const int comma = CommaPositions[place];
+  if (comma != 0) return expression.substr(start, static_cast<std::size_t>(comma) - 1 - start);
+  return FirstCharacters(expression.substr(start), static_cast<std::size_t>(longestLast));
+}
+
+void TimeExpressions::ExpandHourItems() {
+  constexpr int kLongestLastItem = 5;
+  CommaPositions.fill(0);
+  FindCommas(HourExpression);
+  for (int item = 1; item <= ItemCount; ++item)
+    AddHourItem(Item(HourExpression, item, kLongestLastItem));
+}
+
+void TimeExpressions::AddHourItem(const std::string& item) {
+  if (item.find('-') != std::string::npos) {
+    ExpandHourRange(item);
+  } else {
+    StoreHour(item);
+  }
+}
+
+/// A range whose upper bound is not above the lower one runs over midnight. Equal bounds ask for
+/// the whole clock and the start hour again, which is more than the list holds; they are
+/// deliberately no single hour.
+void TimeExpressions::ExpandHourRange(const std::string& rangeItem) {
+  const auto dash = rangeItem.find('-');
+  if (dash == 0) throw RuntimeFailure("An hour range has no lower bound");
+  const int lower = Value(rangeItem.substr(0, dash));
+  const int upper = Value(rangeItem.substr(dash + 1, 2));
+  if (upper > lower) {
+    for (int hour = lower; hour <= upper; ++hour) StoreHour(std::to_string(hour));
+    return;
+  }
+  int hour = lower;
+  for (int turn = lower; turn <= upper + 24; ++turn) {
+    StoreHour(std::to_string(hour));
+    if (++hour == 24) hour = 0;
+  }
+}
+
+void TimeExpressions::StoreHour(const std::string& hour) {
+  if (NextHourSlot > kMostHours) throw RuntimeFailure("More than 24 hours in a time expression");
+  HourList[static_cast<std::size_t>(NextHourSlot)] = TwoDigits(hour);
+  ++NextHourSlot;
+}
+
+void TimeExpressions::ParseMinutes() {
+  constexpr int kLongestLastItem = 2;
+  CommaPositions.fill(0);
+  FindCommas(MinuteExpression);
+  MinuteCount = ItemCount;
+  if (MinuteCount == 1) {
+    // A single minute is not shortened.
+    MinuteExpression = TwoDigits(MinuteExpression);
+    MinuteList[1] = MinuteExpression;
+    return;
+  }
+  for (int item = 1; item <= MinuteCount; ++item) {
+    MinuteList[static_cast<std::size_t>(item)] =
+        TwoDigits(Item(MinuteExpression, item, kLongestLastItem));
+  }
+}
+
+}  // namespace marlex

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+
+namespace marlex {
+
+/// Tells the operator what went wrong without waiting for an answer: the box comes as an event of
+/// its own, so that an announcement never stands still behind a box that nobody reads.
+class Notices {
+ public:
+  Notices(EventLoop& loop, Dialogs& dialogs) : Loop(loop), TheDialogs(dialogs) {}
+
+  void Tell(const std::string& body, BoxIcon icon, const std::string& caption) {
+    Loop.Post([this, body, icon, caption] { TheDialogs.MsgBox(body, icon, caption); });
+  }
+
+ private:
+  EventLoop& Loop;
+  Dialogs& TheDialogs;
+};
+
+}  // namespace marlex

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace marlex {
+
+/// Whole number that the text holds, blanks around it ignored; the empty text is 0. Nothing for any
+/// other text and for a number outside 32 bits.
+std::optional<int> ToNumber(const std::string& text);
+
+/// `value` rounded to the nearest whole number, ties to the even one.
+long RoundHalfEven(double value);
+
+}  // namespace marlex

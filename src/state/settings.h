@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace marlex {
+
+/// Values read from the profile files, under the names that the whole system uses. Volumes are
+/// slider positions: 0 is the loudest, 65535 silence.
+struct Settings {
+  std::string MusicDirectory;    // with its final separator
+  std::string MessageDirectory;  // likewise
+  std::array<std::string, 6> ZoneNames;
+  std::string PreChime;   // file name without directory and extension; empty is no chime
+  std::string PostChime;  // likewise
+  std::string ComPortSetting;
+  bool RouterPresent = false;
+  std::string PriorityLevelText;  // "High" or "Low"
+  int OwnPriorityLevel = 64;      // 128 for "High"
+  int MusicVolume = 0;
+  int MessageVolume = 0;
+  int MasterVolume = 0;
+  int MicroVolume = 0;
+  int CdVolume = 0;    // read like the others and used by nothing
+  int FadeTime = 500;  // milliseconds: 1500 or 500
+  bool AllDaysView = false;
+  bool ScheduleNameView = false;
+  std::string MusicRouting;  // six characters, "1" is a zone that is on
+  std::string CallRouting;   // likewise
+  std::string CurrentPlaylistFile;
+  std::string SequencePath;
+
+  // Of the current playlist file.
+  std::string MusicStartTime;  // "HH:MM" or empty
+  std::string MusicStopTime;   // likewise
+  std::string MusicWeekDays;   // seven characters, Monday first, "0" is a day that is off
+  bool MusicAutostart = false;
+  bool MusicScheduled = false;
+  int LastSongIndex = 0;  // of the program's start
+  std::string MusicLabelText;
+
+  std::string OperatingSystemText;  // worked out once and read by nothing
+};
+
+}  // namespace marlex

@@ -1,0 +1,26 @@
+#include "state/settings_store.h"
+
+#include "platform/directories.h"
+
+namespace marlex {
+namespace {
+
+constexpr std::size_t kLongestValue = 1499;  // a buffer of 1500 with the closing NUL
+
+}  // namespace
+
+std::string SettingsStore::ReadProfileValue(const std::string& section, const std::string& key,
+                                            const std::string& file) const {
+  return Profiles.GetString(section, key, file, kLongestValue);
+}
+
+void SettingsStore::WriteProfileValue(const std::string& section, const std::string& key,
+                                      const std::string& value, const std::string& file) {
+  Profiles.WriteString(section, key, value, file);
+}
+
+std::string SettingsStore::TolvoIni() const {
+  return JoinPath(ApplicationDirectory(), "Tolvo.ini");
+}
+
+}  // namespace marlex

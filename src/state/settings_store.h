@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+
+#include "platform/process.h"
+#include "platform/profile_files.h"
+#include "state/settings.h"
+
+namespace marlex {
+
+/// The one door to every file in profile format. Nothing is cached: each reader opens the file at
+/// the moment it needs a value, and each writer writes through at once.
+class SettingsStore {
+ public:
+  SettingsStore(ProfileFiles& profiles, Process& process)
+      : Profiles(profiles), TheProcess(process) {}
+
+  /// Value of a key, at most 1499 characters; the rest is lost, which is accepted. Empty when
+  /// absent or unreadable.
+  std::string ReadProfileValue(const std::string& section, const std::string& key,
+                               const std::string& file) const;
+
+  /// Writes a value through; an empty one is written as such and deletes nothing. A failed write
+  /// goes unnoticed.
+  void WriteProfileValue(const std::string& section, const std::string& key,
+                         const std::string& value, const std::string& file);
+
+  std::string TolvoIni() const;  // path of the settings file, beside the program
+  std::string ApplicationDirectory() const { return TheProcess.ApplicationDirectory(); }
+
+  /// The same two for the settings file.
+  std::string Read(const std::string& section, const std::string& key) const {
+    return ReadProfileValue(section, key, TolvoIni());
+  }
+  void Write(const std::string& section, const std::string& key, const std::string& value) {
+    WriteProfileValue(section, key, value, TolvoIni());
+  }
+
+  /// True only for the exact text "Yes"; key look-up is blind to case, values are not.
+  bool ReadFlag(const std::string& section, const std::string& key) const {
+    return Read(section, key) == "Yes";
+  }
+  void WriteFlag(const std::string& section, const std::string& key, bool value) {
+    Write(section, key, value ? "Yes" : "No");
+  }
+
+  Settings Values;
+
+ private:
+  ProfileFiles& Profiles;
+  Process& TheProcess;
+};
+
+}  // namespace marlex

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "controls/form.h"
+#include "controls/list_box.h"
+#include "controls/timer.h"
+#include "platform/serial_port.h"
+#include "platform/song_player.h"
+#include "platform/wave_player.h"
+
+namespace marlex {
+
+/// The byte that frees all zones and gives up the priority.
+inline constexpr char kReleaseByte = 0;
+
+/// The engine window, never shown. Every player, the serial port and every engine timer belong to
+/// it.
+struct FrmPlayers : Form {
+  FrmPlayers(EventLoop& loop, SongPlayer& songPlayer, WavePlayer& wavPlayer, WavePlayer& wavControl,
+             SerialPort& serialPort)
+      : Form("frmPlayers", ""),
+        MP3Player(songPlayer),
+        WavPlayer(wavPlayer),
+        WavControl(wavControl),
+        TolvoPort(serialPort),
+        tmrMessage(*this, "tmrMessage", loop, 1000, true),
+        tmrMP3Position(*this, "tmrMP3Position", loop, 100, true),
+        tmrDwellTimer(*this, "tmrDwellTimer", loop, 200, false),
+        tmrFlash(*this, "tmrFlash", loop, 125, false),
+        tmrIODelay(*this, "tmrIODelay", loop, 200, false),
+        tmrFadeTime(*this, "tmrFadeTime", loop, 10, false) {}
+
+  SongPlayer& MP3Player;
+  WavePlayer& WavPlayer;
+  WavePlayer& WavControl;
+  SerialPort& TolvoPort;
+
+  ListBox lstMsgSequence{*this, "lstMsgSequence"};  // WAV file names of the running sequence
+  ListBox SeqFileList{*this, "SeqFileList"};        // names of the open sequence files
+
+  Timer tmrMessage;      // the schedule's tick
+  Timer tmrMP3Position;  // position display of the song
+  Timer tmrDwellTimer;   // one-shot after amplifier status 0
+  Timer tmrFlash;        // flashes the busy lamps during a call
+  Timer tmrIODelay;      // computes and sends the routing byte
+  Timer tmrFadeTime;     // one step of a fade
+};
+
+}  // namespace marlex
