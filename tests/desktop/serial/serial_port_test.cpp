@@ -1,0 +1,441 @@
+#include "desktop/serial/serial_port.h"
+
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <time.h>
+
+#include <QAbstractEventDispatcher>
+#include <QObject>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "desktop/process/qt_event_loop.h"
+#include "desktop/serial/pseudo_terminal.h"
+
+namespace marlex {
+namespace {
+
+using namespace std::chrono_literals;
+using SteadyClock = std::chrono::steady_clock;
+namespace fs = std::filesystem;
+
+constexpr auto kLimit = 20s;  // for what must happen, however busy the machine is
+
+double ThreadCpuMs() {
+  timespec used{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
+  return used.tv_sec * 1e3 + used.tv_nsec / 1e6;
+}
+
+/// A port whose places are two empty directories of this test.
+class SerialPortTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = (fs::temp_directory_path() / "serial_XXXXXX").string();
+    Root = mkdtemp(pattern.data());
+    fs::create_directories(Root / "program");
+    fs::create_directories(Root / "dev");
+    Make();
+  }
+
+  void TearDown() override {
+    Port.reset();
+    fs::remove_all(Root);
+  }
+
+  void Make() {
+    Port = std::make_unique<TtySerialPort>(
+        Loop, SerialPlaces{(Root / "program").string(), (Root / "dev").string()});
+    Port->OnFault = [this](const std::string& text) { Faults.push_back(text); };
+    Port->OnComm = [this] {
+      ++Events;
+      Heard += Port->Input();
+    };
+  }
+
+  void Link(const std::string& name, const std::string& target) {
+    fs::remove(Root / name);
+    fs::create_symlink(target, Root / name);
+  }
+  void Link(const std::string& name, const PseudoTerminal& line) { Link(name, line.Path()); }
+
+  testing::AssertionResult Await(const std::function<bool()>& done) {
+    const auto deadline = SteadyClock::now() + kLimit;
+    const auto watchdog = Loop.StartTimer(20, [] {});
+    bool held = false;
+    Loop.PumpUntil([&] { return (held = done()) || SteadyClock::now() > deadline; });
+    Loop.StopTimer(watchdog);
+    return held ? testing::AssertionSuccess() : testing::AssertionFailure() << "waited in vain";
+  }
+
+  void LetPass(std::chrono::milliseconds time) {
+    bool over = false;
+    const auto timer = Loop.StartTimer(static_cast<int>(time.count()), [&] { over = true; });
+    Loop.PumpUntil([&] { return over; });
+    Loop.StopTimer(timer);
+  }
+
+  /// Whether the port has this line now: a byte goes through to it.
+  bool Reaches(PseudoTerminal& line) {
+    Port->Output("?");
+    return line.Take().ends_with('?');
+  }
+
+  fs::path Root;
+  QtEventLoop Loop;
+  std::unique_ptr<TtySerialPort> Port;
+  std::vector<std::string> Faults;
+  std::string Heard;
+  int Events = 0;
+};
+
+std::string AllBytes() {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  return bytes;
+}
+
+TEST_F(SerialPortTest, EveryByteGoesThroughUnchangedBothWays) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->SetPortOpen(true);
+  Port->Output(AllBytes());
+  EXPECT_EQ(line.Take(), AllBytes());
+  line.Send(AllBytes());
+  ASSERT_TRUE(Await([&] { return Heard.size() >= 256; }));
+  EXPECT_EQ(Heard, AllBytes());
+  EXPECT_TRUE(Faults.empty());
+}
+
+TEST_F(SerialPortTest, TheLineIsRaw19200EightNoneOneWithoutHandshakeAndKeepsItsControlLines) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->SetPortOpen(true);
+  const termios mode = line.Mode();
+  EXPECT_EQ(cfgetispeed(&mode), speed_t{B19200});
+  EXPECT_EQ(cfgetospeed(&mode), speed_t{B19200});
+  EXPECT_EQ(mode.c_cflag & CSIZE, tcflag_t{CS8});
+  EXPECT_EQ(mode.c_cflag & (CREAD | CLOCAL), tcflag_t{CREAD | CLOCAL});
+  EXPECT_EQ(mode.c_cflag & (PARENB | CSTOPB | CRTSCTS | HUPCL), 0u);
+  EXPECT_EQ(mode.c_iflag & (IXON | IXOFF | ISTRIP | ICRNL | INLCR | IGNCR | INPCK), 0u);
+  EXPECT_EQ(mode.c_iflag & (IGNBRK | IGNPAR), tcflag_t{IGNBRK | IGNPAR});
+  EXPECT_EQ(mode.c_oflag & OPOST, 0u);
+  EXPECT_EQ(mode.c_lflag & (ECHO | ICANON | ISIG | IEXTEN), 0u);
+}
+
+TEST_F(SerialPortTest, TheLinkBesideTheProgramComesBeforeAllDevices) {
+  PseudoTerminal beside, link, board, adapter;
+  Link("dev/ttyUSB0", adapter);
+  Link("dev/ttyS0", board);
+  Link("dev/com1", link);
+  Link("program/com1", beside);
+  Port->SetPortOpen(true);
+  EXPECT_TRUE(Reaches(beside));
+  EXPECT_EQ(link.Take() + board.Take() + adapter.Take(), "");
+}
+
+TEST_F(SerialPortTest, EachPlaceIsTakenWhenThoseBeforeItAreEmpty) {
+  PseudoTerminal link, board, adapter;
+  Link("dev/ttyUSB2", adapter);
+  Port->SetCommPort(3);
+  Port->SetPortOpen(true);
+  EXPECT_TRUE(Reaches(adapter));
+  Link("dev/ttyS2", board);
+  Port->SetPortOpen(false);
+  Port->SetPortOpen(true);
+  EXPECT_TRUE(Reaches(board));
+  Link("dev/com3", link);
+  Port->SetPortOpen(false);
+  Port->SetPortOpen(true);
+  EXPECT_TRUE(Reaches(link));
+}
+
+TEST_F(SerialPortTest, ALinkThatPointsNowhereDecidesAllTheSame) {
+  PseudoTerminal adapter;
+  Link("dev/ttyUSB0", adapter);
+  Link("program/com1", (Root / "unplugged").string());
+  Port->SetPortOpen(true);
+  EXPECT_FALSE(Reaches(adapter));
+  EXPECT_TRUE(Await([&] { return Faults.size() == 1; }));
+}
+
+TEST_F(SerialPortTest, APortOfTheBoardWithoutHardwareIsPassedOver) {
+  constexpr int kTerminals = 4;
+  constexpr int kFirstBoardPort = 64;
+  constexpr int kLastBoardPort = kFirstBoardPort + 31;
+  const std::string name = (Root / "dev/ttyS0").string();
+  if (mknod(name.c_str(), S_IFCHR | 0600, makedev(kTerminals, kLastBoardPort)) != 0) {
+    GTEST_SKIP() << "only root can make a device file";
+  }
+  PseudoTerminal adapter;
+  Link("dev/ttyUSB0", adapter);
+  Port->SetPortOpen(true);
+  EXPECT_TRUE(Reaches(adapter));
+}
+
+TEST_F(SerialPortTest, AFileThatIsNoTerminalIsAFault) {
+  std::ofstream(Root / "program/com1") << "text";
+  Port->SetPortOpen(true);
+  ASSERT_TRUE(Await([&] { return Faults.size() == 1; }));
+  EXPECT_TRUE(Faults[0].starts_with("COM1: ")) << Faults[0];
+}
+
+TEST_F(SerialPortTest, APortThatCannotBeOpenedReportsOnceAndIsThenTriedInSilence) {
+  Port->SetCommPort(2);
+  Port->SetPortOpen(true);
+  EXPECT_TRUE(Faults.empty()) << "a report must not come inside the call";
+  EXPECT_TRUE(Port->PortOpen());
+  ASSERT_TRUE(Await([&] { return !Faults.empty(); }));
+  Port->Output("swallowed");
+  LetPass(2500ms);
+  EXPECT_EQ(Faults.size(), 1u);
+
+  PseudoTerminal line;
+  Link("dev/com2", line);
+  ASSERT_TRUE(Await([&] { return Reaches(line); }));
+  EXPECT_EQ(Faults.size(), 1u);
+
+  Port->SetPortOpen(false);
+  fs::remove(Root / "dev/com2");
+  Port->SetPortOpen(true);
+  EXPECT_TRUE(Await([&] { return Faults.size() == 2; }));
+}
+
+TEST_F(SerialPortTest, AReportOfAPortThatIsGoneMeanwhileIsDropped) {
+  Port->SetPortOpen(true);
+  Port.reset();
+  LetPass(50ms);
+  EXPECT_TRUE(Faults.empty());
+}
+
+TEST_F(SerialPortTest, AnAdapterThatComesBackUnderAnotherNameIsOpenedWithoutAWord) {
+  auto line = std::make_unique<PseudoTerminal>();
+  Link("program/com1", *line);
+  Port->SetPortOpen(true);
+  ASSERT_TRUE(Reaches(*line));
+  line.reset();
+  LetPass(100ms);
+  Port->Output("swallowed");
+  PseudoTerminal other;
+  Link("program/com1", other);
+  ASSERT_TRUE(Await([&] { return Reaches(other); }));
+  other.Send("\x80");
+  EXPECT_TRUE(Await([&] { return Heard == "\x80"; }));
+  EXPECT_TRUE(Faults.empty());
+  EXPECT_TRUE(Port->PortOpen());
+}
+
+TEST_F(SerialPortTest, OutputToALineThatHasJustVanishedIsSwallowed) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->SetPortOpen(true);
+  line.Vanish();
+  Port->Output("x");  // meets the loss before the loop does
+  Port->Output("y");
+  PseudoTerminal other;
+  Link("program/com1", other);
+  EXPECT_TRUE(Await([&] { return Reaches(other); }));
+  EXPECT_TRUE(Faults.empty());
+}
+
+TEST_F(SerialPortTest, ALineWhoseFarEndIsGoneCostsNothing) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->SetPortOpen(true);
+  line.Vanish();
+  int wakeUps = 0;
+  QObject scope;
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
+                   &scope, [&] { ++wakeUps; });
+  const double before = ThreadCpuMs();
+  LetPass(2s);
+  const double cpuMs = ThreadCpuMs() - before;
+  RecordProperty("cpuMs", std::to_string(cpuMs));
+  RecordProperty("wakeUps", wakeUps);
+  EXPECT_LT(cpuMs, 20.0);
+  EXPECT_LT(wakeUps, 20);
+}
+
+TEST_F(SerialPortTest, AFarEndThatTakesNothingBlocksNobodyAndGetsTheNewestBytesLater) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->SetPortOpen(true);
+  const auto begin = SteadyClock::now();
+  for (int i = 0; i < 50000; ++i) Port->Output("a");
+  Port->Output("z");
+  EXPECT_LT(SteadyClock::now() - begin, 5s);
+  const double before = ThreadCpuMs();
+  LetPass(500ms);
+  EXPECT_LT(ThreadCpuMs() - before, 20.0) << "a full line must not keep the loop busy";
+  std::string arrived = line.Take();
+  ASSERT_TRUE(Await([&] { return (arrived += line.Take()).ends_with('z'); }));
+  EXPECT_LT(arrived.size(), 50001u);
+  Port->Output("!");
+  EXPECT_EQ(line.Take(), "!");
+}
+
+TEST_F(SerialPortTest, AByteOutHasLeftTheProgramWhenTheCallReturns) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->SetPortOpen(true);
+  Port->Output(std::string_view("\0", 1));
+  EXPECT_EQ(line.Take(), std::string("\0", 1));
+}
+
+TEST_F(SerialPortTest, ClosingRightAfterAByteOutDoesNotDiscardIt) {
+  for (int round = 0; round < 200; ++round) {
+    PseudoTerminal line;
+    Link("program/com1", line);
+    Port->SetPortOpen(true);
+    Port->Output("\x41");
+    Port->SetPortOpen(false);
+    std::string arrived;
+    ASSERT_TRUE(Await([&] { return !(arrived += line.Take()).empty(); })) << round;
+    ASSERT_EQ(arrived, "\x41");
+  }
+}
+
+TEST_F(SerialPortTest, AClosedPortSwallowsOutputAndHearsNothing) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->Output("a");
+  Port->SetPortOpen(true);
+  Port->SetPortOpen(false);
+  Port->Output("b");
+  line.Send("x");
+  LetPass(100ms);
+  EXPECT_EQ(line.Take(), "");
+  EXPECT_EQ(Events, 0);
+  EXPECT_FALSE(Port->PortOpen());
+}
+
+TEST_F(SerialPortTest, OpeningAnOpenPortAndClosingAClosedOneDoNothing) {
+  PseudoTerminal line, other;
+  Link("program/com1", line);
+  Port->SetPortOpen(false);
+  Port->SetPortOpen(true);
+  Link("program/com1", other);
+  Port->SetPortOpen(true);
+  EXPECT_TRUE(Reaches(line));
+}
+
+TEST_F(SerialPortTest, ANewNumberCountsFromTheNextOpening) {
+  auto first = std::make_unique<PseudoTerminal>();
+  PseudoTerminal second;
+  Link("program/com1", *first);
+  Link("program/com2", second);
+  EXPECT_EQ(Port->CommPort(), 1);
+  Port->SetPortOpen(true);
+  Port->SetCommPort(2);
+  EXPECT_EQ(Port->CommPort(), 2);
+  EXPECT_TRUE(Reaches(*first));
+  first.reset();
+  PseudoTerminal again;
+  Link("program/com1", again);
+  ASSERT_TRUE(Await([&] { return Reaches(again); })) << "a lost port comes back as what it was";
+  Port->SetPortOpen(false);
+  Port->SetPortOpen(true);
+  EXPECT_TRUE(Reaches(second));
+}
+
+TEST_F(SerialPortTest, TheInputBufferHolds1024BytesAndLosesTheRest) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->OnComm = [this] { ++Events; };
+  Port->SetPortOpen(true);
+  std::string sent;
+  for (int i = 0; i < 300; ++i) sent += std::to_string(i) + ",";
+  for (int block = 0; block < 3; ++block) {
+    line.Send(sent);
+    const int before = Events;
+    ASSERT_TRUE(Await([&] { return Events > before; }));
+  }
+  ASSERT_TRUE(Await([&] { return Port->InBufferCount() == 1024; }));
+  EXPECT_EQ(Port->Input().substr(0, sent.size()), sent.substr(0, 1024));
+  EXPECT_EQ(Port->InBufferCount(), 0);
+  EXPECT_EQ(Port->Input(), "");
+}
+
+TEST_F(SerialPortTest, BytesThatArriveTogetherAreOneEvent) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->SetPortOpen(true);
+  line.Send("abc");
+  ASSERT_TRUE(Await([&] { return Heard == "abc"; }));
+  EXPECT_EQ(Events, 1);
+  line.Send("d");
+  ASSERT_TRUE(Await([&] { return Heard == "abcd"; }));
+  EXPECT_EQ(Events, 2);
+}
+
+TEST_F(SerialPortTest, AByteIsHeardWhileTheEventOfAnEarlierOneStillWaits) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  std::string order;
+  Port->OnComm = [&] {
+    const std::string bytes = Port->Input();
+    order += bytes;
+    if (bytes != "1") return;
+    line.Send("2");
+    Loop.PumpUntil([&] { return order.ends_with('2'); });
+    order += " first";
+  };
+  Port->SetPortOpen(true);
+  line.Send("1");
+  ASSERT_TRUE(Await([&] { return order.ends_with("first"); }));
+  EXPECT_EQ(order, "12 first");
+}
+
+TEST_F(SerialPortTest, ThePortMayBeClosedAndOpenedInsideItsOwnEvent) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->OnComm = [&] {
+    Heard += Port->Input();
+    Port->SetPortOpen(false);
+    LetPass(20ms);
+    Port->SetPortOpen(true);
+  };
+  Port->SetPortOpen(true);
+  line.Send("1");
+  ASSERT_TRUE(Await([&] { return Heard == "1" && Reaches(line); }));
+  line.Send("2");
+  EXPECT_TRUE(Await([&] { return Heard == "12"; }));
+}
+
+TEST_F(SerialPortTest, AFailureInTheEventGoesToTheLoop) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  std::string failure;
+  Loop.OnFailure = [&](const RuntimeFailure& met) { failure = met.what(); };
+  Port->OnComm = [] { throw RuntimeFailure("index"); };
+  Port->SetPortOpen(true);
+  line.Send("1");
+  EXPECT_TRUE(Await([&] { return failure == "index"; }));
+}
+
+TEST_F(SerialPortTest, TenThousandBytesOfNoiseASecondLeaveTheTimersTheirCadence) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->SetPortOpen(true);
+  std::size_t sent = 0;
+  const auto noise = Loop.StartTimer(5, [&] {
+    line.Send(std::string(50, static_cast<char>(sent * 37)));
+    sent += 50;
+  });
+  int ticks = 0;
+  Loop.StartTimer(20, [&] { ++ticks; });
+  const double before = ThreadCpuMs();
+  LetPass(2s);
+  EXPECT_GE(ticks, 50);
+  EXPECT_LT(ThreadCpuMs() - before, 400.0);
+  Loop.StopTimer(noise);
+  EXPECT_TRUE(Await([&] { return Heard.size() == sent; }));
+}
+
+}  // namespace
+}  // namespace marlex
