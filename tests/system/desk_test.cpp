@@ -203,5 +203,35 @@ TEST(Clock, ARowFiresAtItsMinuteWhenTheClockIsSetToIt) {
   EXPECT_TRUE(AwaitTone(desk, kMessage, 5));
 }
 
+/// Plays up to a moment of an announcement, kills the program there without a farewell, and starts
+/// it again later.
+class Killed : public testing::TestWithParam<double> {};
+
+TEST_P(Killed, AtAnyStepOfAnAnnouncementTheNextStartHasMusicLevelAndZonesRight) {
+  stage::InstallationFiles files = TwoSongs(90);
+  files.FadeTime = "Slow";
+  files.Sequences = {{"Opening", "Short", "09", "00", "003000"}};
+  Desk desk(files);
+  desk.Start("2031-05-05 08:59:54");
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTime("frmMain.grdSchedule", "cell 1 0 colour", kNavy));
+  desk.RecordFor(GetParam());
+  desk.Program->Signal(SIGKILL);
+  ASSERT_TRUE(desk.Program->WaitForEnd(5));
+  size_t before = desk.Bytes().size();
+  desk.Start("2031-05-05 09:10:00");
+  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitBytes(before + 1));
+  desk.RecordFor(1);
+  stage::Recording heard = desk.Card->Take();
+  EXPECT_NEAR(heard.LevelDb(heard.EndTime() - 0.5, heard.EndTime()),
+              kToneDb + stage::LineDb(files.MusicVolume), 0.5);
+  EXPECT_EQ(desk.Bytes().back().Value, 128 + 3);
+}
+
+// Seconds after the row fired: in the fade down, at the pause, in the message, at the restoring, in
+// the fade up.
+INSTANTIATE_TEST_SUITE_P(Moments, Killed, testing::Values(0.7, 1.6, 2.2, 2.7, 3.5));
+
 }  // namespace
 }  // namespace marlex
