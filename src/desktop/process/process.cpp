@@ -1,0 +1,98 @@
+#include "desktop/process/process.h"
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/utsname.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+namespace marlex {
+
+namespace {
+
+/// Name in the kernel's abstract space, which begins with a NUL. A caption may be longer than such
+/// a name, so its hash (FNV-1a, 64 bits) stands for it.
+class WindowAddress {
+ public:
+  explicit WindowAddress(const std::string& caption) {
+    Address.sun_family = AF_UNIX;
+    constexpr std::size_t kRoom = sizeof Address.sun_path - 1;
+    const int written = std::snprintf(Address.sun_path + 1, kRoom, "main-window-%016llx",
+                                      static_cast<unsigned long long>(Hash(caption)));
+    Length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + written);
+  }
+
+  bool Bind(int socket) const { return bind(socket, Pointer(), Length) == 0; }
+  bool Connect(int socket) const { return connect(socket, Pointer(), Length) == 0; }
+
+ private:
+  static std::uint64_t Hash(const std::string& text) {
+    std::uint64_t hash = 0xcbf29ce484222325;
+    for (const unsigned char byte : text) hash = (hash ^ byte) * 0x100000001b3;
+    return hash;
+  }
+
+  const sockaddr* Pointer() const { return reinterpret_cast<const sockaddr*>(&Address); }
+
+  sockaddr_un Address{};
+  socklen_t Length;
+};
+
+/// Datagram sockets: whether the name is taken is answered by connecting, without a queue at the
+/// other end that could fill up.
+int MakeSocket() { return socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0); }
+
+}  // namespace
+
+PosixProcess::~PosixProcess() {
+  for (const auto& [caption, socket] : Claims) close(socket);
+}
+
+std::string PosixProcess::ApplicationDirectory() const {
+  std::error_code error;
+  const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (error) return std::filesystem::current_path(error).string();
+  return executable.parent_path().string();
+}
+
+bool PosixProcess::FindWindow(const std::string& caption) const {
+  if (Claims.contains(caption)) return false;
+  const int socket = MakeSocket();
+  if (socket < 0) return false;
+  const bool found = WindowAddress(caption).Connect(socket);
+  close(socket);
+  return found;
+}
+
+void PosixProcess::ClaimWindow(const std::string& caption) {
+  if (Claims.contains(caption)) return;
+  const int socket = MakeSocket();
+  if (socket < 0) return;
+  if (WindowAddress(caption).Bind(socket)) {
+    Claims.emplace(caption, socket);
+  } else {
+    close(socket);
+  }
+}
+
+SystemVersion PosixProcess::GetVersion() const {
+  SystemVersion version;
+  utsname system{};
+  if (uname(&system) != 0) return version;
+  std::sscanf(system.release, "%d.%d", &version.MajorVersion, &version.MinorVersion);
+  return version;
+}
+
+void PosixProcess::End() {
+  std::fflush(nullptr);
+  std::_Exit(0);
+}
+
+}  // namespace marlex
