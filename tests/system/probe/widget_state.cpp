@@ -53,13 +53,16 @@ QString TextOf(const QWidget* widget) {
   return widget->isWindow() ? widget->windowTitle() : QString();
 }
 
+/// The heading stands above the view's rows; in the program's own count it is row 0.
+constexpr int kHeadingRows = 1;
+
 void ReadCells(const QTableView& table, Properties& properties) {
   const QAbstractItemModel& model = *table.model();
   properties["rows"] = QString::number(model.rowCount());
   for (int row = 0; row < std::min(model.rowCount(), kMostRows); ++row) {
     for (int column = 0; column < model.columnCount(); ++column) {
       QModelIndex index = model.index(row, column);
-      QString cell = QString("cell %1 %2").arg(row).arg(column);
+      QString cell = QString("cell %1 %2").arg(row + kHeadingRows).arg(column);
       properties[cell] = index.data(Qt::DisplayRole).toString();
       QVariant brush = index.data(Qt::BackgroundRole);
       if (brush.isValid()) properties[cell + " colour"] = brush.value<QBrush>().color().name();
@@ -144,7 +147,8 @@ QString GeometryOfAction(const QString& name) {
 }
 
 QString GeometryOfItem(QAbstractItemView& view, const QStringList& words) {
-  int row = words.at(1).toInt();
+  bool isTable = qobject_cast<QTableView*>(&view) != nullptr;
+  int row = words.at(1).toInt() - (isTable ? kHeadingRows : 0);
   int column = words.size() > 2 ? words.at(2).toInt() : 0;
   QRect area = view.visualRect(view.model()->index(row, column));
   return Rectangle({view.viewport()->mapToGlobal(area.topLeft()), area.size()});
