@@ -1,14 +1,14 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "desktop/sound/sound_line.h"
+#include "desktop/sound/sound_stream.h"
 #include "platform/event_loop.h"
 
 namespace marlex {
-
-class SoundStream;
 
 /// How an engine gets its clock. The default takes the sound server, else the sound card, else a
 /// timer.
@@ -48,14 +48,27 @@ class SoundEngine {
   /// The device is there now and takes samples; false while time goes by the timer.
   bool OutputAlive() const;
 
-  /// Mixes the next `frames` frames into `stereo` (left, right, left, ...), amplitude 1.0 is full.
-  /// Called by the one output that is the clock at the time, or by the owner of an offline engine.
-  /// Never locks or allocates.
+  /// Mixes the next `frames` frames (at most 4096) into `stereo` (left, right, left, ...),
+  /// amplitude 1.0 is full. For the owner of an offline engine, whose time passes with it: it waits
+  /// for the decoders. Any other engine is rendered by its output, which never waits, locks or
+  /// allocates.
   void Render(float* stereo, int frames);
+
+  // For the players.
+
+  /// Opens a file; null when it cannot be played.
+  std::shared_ptr<SoundStream> Load(const std::string& path, OpenDecoder open, EndReport report);
+
+  /// Lets a stream sound, from its beginning or where it was paused. `onEnded` is called once, by
+  /// an event of the loop, when it ends by itself; never after `Release`.
+  void Play(const std::shared_ptr<SoundStream>& stream, std::function<void()> onEnded);
+
+  /// Ends a stream, whether it plays or not.
+  void Release(const std::shared_ptr<SoundStream>& stream);
 
  private:
   class Body;
-  std::unique_ptr<Body> Inside;
+  std::shared_ptr<Body> Inside;
 };
 
 }  // namespace marlex

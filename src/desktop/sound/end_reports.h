@@ -1,0 +1,47 @@
+#pragma once
+
+#include <semaphore.h>
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <thread>
+#include <vector>
+
+namespace marlex {
+
+/// Carries the ends of streams from the rendering thread, which may not lock, to a thread that may.
+class EndReports {
+ public:
+  /// `report` is called with a stream's number, on a thread of its own, when its time has come.
+  explicit EndReports(std::function<void(std::uint64_t)> report);
+  ~EndReports();
+  EndReports(const EndReports&) = delete;
+  EndReports& operator=(const EndReports&) = delete;
+
+  /// For the one rendering thread: tells the end of `stream` in `delayUs` microseconds. False when
+  /// the queue is full.
+  bool Push(std::uint64_t stream, std::int64_t delayUs);
+
+ private:
+  struct End {
+    std::uint64_t Stream = 0;
+    std::int64_t DueUs = 0;  // on the steady clock
+  };
+
+  void Run();
+  void Collect(std::vector<End>& waiting);
+  void Wait(const std::vector<End>& waiting);
+
+  static constexpr std::size_t kCapacity = 64;
+  std::function<void(std::uint64_t)> Report;
+  std::array<End, kCapacity> Queue;
+  std::atomic<std::size_t> Pushed{0};
+  std::atomic<std::size_t> Popped{0};
+  std::atomic<bool> Quit{false};
+  sem_t Waker;
+  std::thread Thread;
+};
+
+}  // namespace marlex

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+
+#include "desktop/sound/sound_engine.h"
+#include "platform/wave_player.h"
+
+namespace marlex {
+
+/// Plays WAV files through the engine's wave line.
+class EngineWavePlayer : public WavePlayer {
+ public:
+  /// Both outlive the player.
+  EngineWavePlayer(SoundEngine& engine, EventLoop& loop) : Engine(engine), Loop(loop) {}
+  ~EngineWavePlayer() override;
+  EngineWavePlayer(const EngineWavePlayer&) = delete;
+  EngineWavePlayer& operator=(const EngineWavePlayer&) = delete;
+
+  void Command(std::string_view command) override;
+  int Mode() const override { return Reported.expired() ? Present : int(kWaveStopped); }
+  long Length() const override;
+
+ private:
+  void Open();
+  void Play();
+  void Pause();
+  void Stop();
+  void Close();
+  void Unload();
+  bool InPlay() const { return Present == kWavePlaying || Present == kWavePaused; }
+  void ReportStopped();
+  void DeliverStopped(bool played);
+
+  SoundEngine& Engine;
+  EventLoop& Loop;
+  std::string OpenPath;  // the open file's
+  std::shared_ptr<SoundStream>
+      Stream;          // null when none is open, and after a play until the next one
+  double Seconds = 0;  // length of the open file
+  int Present = kWaveNotOpen;
+  bool Reporting = false;  // mode 525 is being delivered
+  /// Changes with every opening, and at the end of the player, so that older reports are no longer
+  /// delivered.
+  std::shared_ptr<char> Generation = std::make_shared<char>();
+};
+
+}  // namespace marlex

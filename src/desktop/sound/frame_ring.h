@@ -1,0 +1,56 @@
+#pragma once
+
+#include <algorithm>
+#include <atomic>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "desktop/sound/sound_format.h"
+
+namespace marlex {
+
+/// Queue of stereo frames between one writing and one reading thread, without locks. Both counters
+/// only grow, so that their difference is the fill.
+class FrameRing {
+ public:
+  /// `capacity` is in frames and a power of two.
+  explicit FrameRing(int capacity)
+      : Capacity(capacity), Samples(std::size_t(capacity) * kChannels) {}
+
+  int Free() const {
+    return Capacity - int(Written.load() - Taken.load(std::memory_order_acquire));
+  }
+  int Filled() const { return int(Written.load(std::memory_order_acquire) - Taken.load()); }
+
+  /// Writer: appends as many of `frames` as there is room for and returns their number.
+  int Write(const float* stereo, int frames) {
+    const int count = std::min(frames, Free());
+    const std::uint64_t at = Written.load(std::memory_order_relaxed);
+    const int first = std::min(count, Capacity - Index(at));
+    std::memcpy(Frame(at), stereo, Bytes(first));
+    std::memcpy(Frame(0), stereo + std::size_t(first) * kChannels, Bytes(count - first));
+    Written.store(at + std::uint64_t(count), std::memory_order_release);
+    return count;
+  }
+
+  /// Reader: the frames that can be read in one piece, at most `limit`; `Take` then removes them.
+  int Peek(const float*& stereo, int limit) const {
+    const std::uint64_t at = Taken.load(std::memory_order_relaxed);
+    stereo = Samples.data() + std::size_t(Index(at)) * kChannels;
+    return std::min({limit, Filled(), Capacity - Index(at)});
+  }
+  void Take(int frames) { Taken.fetch_add(std::uint64_t(frames), std::memory_order_release); }
+
+ private:
+  int Index(std::uint64_t at) const { return int(at & std::uint64_t(Capacity - 1)); }
+  float* Frame(std::uint64_t at) { return Samples.data() + std::size_t(Index(at)) * kChannels; }
+  static std::size_t Bytes(int frames) { return std::size_t(frames) * kChannels * sizeof(float); }
+
+  const int Capacity;
+  std::vector<float> Samples;
+  std::atomic<std::uint64_t> Written{0};
+  std::atomic<std::uint64_t> Taken{0};
+};
+
+}  // namespace marlex

@@ -1,0 +1,133 @@
+#include "desktop/sound/mp3_frames.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace marlex {
+namespace {
+
+constexpr int kHeaderBytes = 4;
+constexpr int kChain = 4;  // frames in a row that make a stream
+constexpr std::int64_t kSearch =
+    1024 * 1024;  // bytes of junk that may stand before the first frame
+constexpr std::int64_t kChainRoom = 16 * 1024;  // more than the longest chain takes
+constexpr int kTagHeader = 10;                  // bytes of an ID3v2 header
+
+/// Kilobits a second of layer III by the header's bitrate index; 0 is the free format, which is not
+/// supported.
+constexpr std::array<int, 15> kBitrates1 = {0,   32,  40,  48,  56,  64,  80, 96,
+                                            112, 128, 160, 192, 224, 256, 320};
+constexpr std::array<int, 15> kBitrates2 = {0,  8,  16, 24,  32,  40,  48, 56,
+                                            64, 80, 96, 112, 128, 144, 160};
+constexpr std::array<int, 3> kRates1 = {44100, 48000, 32000};
+
+using Bytes = std::vector<std::uint8_t>;
+
+struct Frame {
+  std::uint8_t Kind = 0;  // version, layer and protection bits
+  std::uint8_t RateIndex = 0;
+  int Length = 0;    // bytes
+  int SideInfo = 0;  // bytes between header and a Xing header
+};
+
+/// Reads a frame header; empty when the bytes are none.
+std::optional<Frame> ReadHeader(const std::uint8_t* b) {
+  const int version = b[1] >> 3 & 3;  // 3 is MPEG 1, 2 is MPEG 2, 0 is MPEG 2.5
+  const int layer = b[1] >> 1 & 3;    // 1 is layer III
+  const int bitrateIndex = b[2] >> 4;
+  const int rateIndex = b[2] >> 2 & 3;
+  if (b[0] != 0xFF || (b[1] & 0xE0) != 0xE0 || version == 1 || layer != 1) return {};
+  if (bitrateIndex == 0 || bitrateIndex == 15 || rateIndex == 3) return {};
+  const bool first = version == 3;
+  const bool mono = b[3] >> 6 == 3;
+  const int rate = kRates1[std::size_t(rateIndex)] / (first ? 1 : version == 2 ? 2 : 4);
+  const int bitrate = (first ? kBitrates1 : kBitrates2)[std::size_t(bitrateIndex)] * 1000;
+  Frame frame;
+  frame.Kind = b[1] & 0xFE;
+  frame.RateIndex = std::uint8_t(rateIndex);
+  frame.Length = (first ? 144 : 72) * bitrate / rate + (b[2] >> 1 & 1);
+  frame.SideInfo = first ? (mono ? 17 : 32) : (mono ? 9 : 17);
+  return frame;
+}
+
+Bytes ReadAt(SoundFile& file, std::int64_t offset, std::int64_t count) {
+  Bytes bytes(std::size_t(std::max<std::int64_t>(0, std::min(count, file.Size() - offset))));
+  file.Seek(offset, SEEK_SET);
+  bytes.resize(std::size_t(file.Read(bytes.data(), bytes.size())));
+  return bytes;
+}
+
+/// Offset behind the ID3v2 tags at the beginning; their sizes have seven bits a byte.
+std::int64_t BehindTags(SoundFile& file) {
+  std::int64_t offset = 0;
+  for (;;) {
+    const Bytes tag = ReadAt(file, offset, kTagHeader);
+    if (tag.size() < kTagHeader || std::memcmp(tag.data(), "ID3", 3) != 0) return offset;
+    const std::int64_t size =
+        (tag[6] & 0x7F) << 21 | (tag[7] & 0x7F) << 14 | (tag[8] & 0x7F) << 7 | (tag[9] & 0x7F);
+    // A tag that claims to reach behind the end is a lie; the frames are then looked for behind its
+    // header.
+    offset += offset + kTagHeader + size < file.Size() ? kTagHeader + size : kTagHeader;
+  }
+}
+
+/// Whether frames of one kind stand in a chain from `at` on. A file that ends within the chain
+/// passes if it ends with a frame, with a tag, or within the second or a later frame.
+bool IsChain(const Bytes& bytes, std::size_t at) {
+  const auto first = ReadHeader(&bytes[at]);
+  if (!first) return false;
+  for (int count = 0; count < kChain; ++count) {
+    if (at + kHeaderBytes > bytes.size()) return count > 0 && (at == bytes.size() || count > 1);
+    if (std::memcmp(&bytes[at], "TAG", 3) == 0 || std::memcmp(&bytes[at], "APE", 3) == 0)
+      return count > 0;
+    const auto frame = ReadHeader(&bytes[at]);
+    if (!frame || frame->Kind != first->Kind || frame->RateIndex != first->RateIndex) return false;
+    at += std::size_t(frame->Length);
+  }
+  return true;
+}
+
+/// Frames that the Xing or Info header in the frame at `at` claims; 0 without one.
+std::int64_t ClaimedFrames(const Bytes& bytes, std::size_t at) {
+  const std::size_t tag = at + kHeaderBytes + std::size_t(ReadHeader(&bytes[at])->SideInfo);
+  if (tag + 12 > bytes.size()) return 0;
+  const std::string_view name(reinterpret_cast<const char*>(&bytes[tag]), 4);
+  if ((name != "Xing" && name != "Info") || (bytes[tag + 7] & 1) == 0) return 0;
+  std::int64_t frames = 0;
+  for (std::size_t i = 8; i < 12; ++i) frames = frames << 8 | bytes[tag + i];
+  return frames;
+}
+
+/// Whether the file begins like one of another kind that may hold MPEG frames somewhere.
+bool IsForeign(SoundFile& file) {
+  const Bytes bytes = ReadAt(file, 0, 12);
+  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  return text.starts_with("RIFF") || text.starts_with("RF64") || text.starts_with("OggS") ||
+         text.starts_with("fLaC") || text.starts_with("FORM") || text.starts_with("PK\3\4") ||
+         (text.size() >= 8 && text.substr(4, 4) == "ftyp");
+}
+
+}  // namespace
+
+bool FindMp3Start(SoundFile& file, Mp3Start& start) {
+  if (IsForeign(file)) return false;
+  const std::int64_t offset = BehindTags(file);
+  const Bytes bytes = ReadAt(file, offset, kSearch + kChainRoom);
+  const std::size_t last = std::min<std::size_t>(bytes.size(), std::size_t(kSearch));
+  for (std::size_t at = 0; at + kHeaderBytes <= bytes.size() && at < last; ++at) {
+    const void* sync = std::memchr(&bytes[at], 0xFF, last - at);
+    if (!sync) return false;
+    at = std::size_t(static_cast<const std::uint8_t*>(sync) - bytes.data());
+    if (at + kHeaderBytes > bytes.size() || !IsChain(bytes, at)) continue;
+    start.FirstFrame = offset + std::int64_t(at);
+    start.ClaimedFrames = ClaimedFrames(bytes, at);
+    return true;
+  }
+  return false;
+}
+
+}  // namespace marlex

@@ -1,0 +1,103 @@
+#include "desktop/sound/output_keeper.h"
+
+#include "desktop/sound/steady_time.h"
+#include "desktop/sound/timer_output.h"
+
+namespace marlex {
+namespace {
+
+constexpr std::int64_t kLookUs = 500000;    // between two looks at a device that plays
+constexpr std::int64_t kStallUs = 2000000;  // without a block: the device is dead
+constexpr std::int64_t kRetryUs = 1000000;  // between two attempts to open it
+
+}  // namespace
+
+OutputKeeper::OutputKeeper(OutputSource& source) : Source(source) { sem_init(&Waker, 0, 0); }
+
+OutputKeeper::~OutputKeeper() {
+  Stop();
+  sem_destroy(&Waker);
+}
+
+void OutputKeeper::Start(std::unique_ptr<SoundOutput> output, Opener opener) {
+  Open = std::move(opener);
+  const bool device = output != nullptr;
+  if (!device) output = std::make_unique<TimerOutput>();
+  Use(std::move(output), device);
+  if (Open) Thread = std::thread([this] { Run(); });
+}
+
+void OutputKeeper::Stop() {
+  Quit = true;
+  sem_post(&Waker);
+  if (Thread.joinable()) Thread.join();
+  Output.reset();
+}
+
+void OutputKeeper::Wake() {
+  {
+    const std::scoped_lock lock(Guard);
+    if (Output) Output->Wake();
+  }
+  sem_post(&Waker);
+}
+
+void OutputKeeper::OutputChanged() { sem_post(&Waker); }
+
+void OutputKeeper::Run() {
+  while (!Quit) {
+    if (OnDevice) {
+      WatchDevice();
+    } else {
+      AwaitDevice();
+    }
+  }
+}
+
+void OutputKeeper::WatchDevice() {
+  const bool asleep = Output->Asleep();
+  WaitUntil(Waker, asleep ? kForeverUs : SteadyUs() + kLookUs);
+  if (asleep) SeenUs = SteadyUs();
+  if (Quit || (Output->Alive() && !Stalled())) return;
+  Use(std::make_unique<TimerOutput>(), false);
+}
+
+/// Whether the device is awake and has taken nothing for two seconds.
+bool OutputKeeper::Stalled() {
+  const std::int64_t now = SteadyUs();
+  if (Output->Asleep() || Blocks != SeenBlocks) {
+    SeenBlocks = Blocks;
+    SeenUs = now;
+  }
+  return now - SeenUs >= kStallUs;
+}
+
+void OutputKeeper::AwaitDevice() {
+  const std::int64_t next = SteadyUs() + kRetryUs;
+  while (!Quit && WaitUntil(Waker, next)) {
+  }
+  if (Quit) return;
+  if (auto device = Open()) Use(std::move(device), true);
+}
+
+/// Stops the present output before the next one starts, so that no frame is taken twice.
+void OutputKeeper::Use(std::unique_ptr<SoundOutput> output, bool device) {
+  std::unique_ptr<SoundOutput> former;
+  {
+    const std::scoped_lock lock(Guard);
+    former = std::move(Output);
+  }
+  OnDevice = false;
+  former.reset();
+  Latency = output->LatencyMs();
+  SeenUs = SteadyUs();
+  output->Start(Source);
+  {
+    const std::scoped_lock lock(Guard);
+    Output = std::move(output);
+    Output->Wake();
+  }
+  OnDevice = device;
+}
+
+}  // namespace marlex

@@ -1,0 +1,141 @@
+#include "desktop/sound/pulse_connection.h"
+
+#include "desktop/sound/steady_time.h"
+
+namespace marlex {
+namespace {
+
+constexpr std::int64_t kLimitUs = 1500000;  // that a server may take for one answer
+constexpr char kDummySink[] = "auto_null";  // of PulseAudio and PipeWire alike
+
+/// Answers of the server, collected for one question each.
+struct Search {
+  std::string Name;
+  std::string Answer;
+  bool Found = false;
+  bool FlatVolume = false;
+};
+
+void TakeServer(pa_context*, const pa_server_info* info, void* search) {
+  auto& names = *static_cast<PulseCard*>(search);
+  if (!info) return;
+  if (info->default_sink_name) names.Sink = info->default_sink_name;
+  if (info->default_source_name) names.Source = info->default_source_name;
+}
+
+void TakeSink(pa_context*, const pa_sink_info* info, int, void* search) {
+  if (!info) return;
+  auto& sink = *static_cast<Search*>(search);
+  sink.Found = true;
+  sink.Answer = info->description ? info->description : info->name;
+  sink.FlatVolume = (info->flags & PA_SINK_FLAT_VOLUME) != 0;
+}
+
+/// Takes the source that is asked for if it is no monitor of an output, else the first such one.
+void TakeSource(pa_context*, const pa_source_info* info, int, void* search) {
+  if (!info || info->monitor_of_sink != PA_INVALID_INDEX) return;
+  auto& source = *static_cast<Search*>(search);
+  const bool asked = source.Name == info->name;
+  if (source.Found && !asked) return;
+  source.Found = true;
+  source.Answer = info->name;
+}
+
+}  // namespace
+
+std::unique_ptr<PulseConnection> PulseConnection::Connect() {
+  auto connection = std::make_unique<PulseConnection>();
+  const auto settled = [&] {
+    return connection->Good() || !PA_CONTEXT_IS_GOOD(pa_context_get_state(connection->Server));
+  };
+  if (!connection->Begin() || !connection->Await(settled)) return nullptr;
+  bool good = false;
+  connection->Locked([&] { good = connection->Good(); });
+  return good ? std::move(connection) : nullptr;
+}
+
+PulseConnection::PulseConnection() { sem_init(&Changed, 0, 0); }
+
+PulseConnection::~PulseConnection() {
+  if (Server) {
+    Locked([this] {
+      pa_context_set_state_callback(Server, nullptr, nullptr);
+      pa_context_disconnect(Server);
+    });
+  }
+  if (Loop) pa_threaded_mainloop_stop(Loop);
+  if (Server) pa_context_unref(Server);
+  if (Loop) pa_threaded_mainloop_free(Loop);
+  sem_destroy(&Changed);
+}
+
+bool PulseConnection::Begin() {
+  Loop = pa_threaded_mainloop_new();
+  if (!Loop) return false;
+  pa_threaded_mainloop_set_name(Loop, "marlex-pulse");
+  Server = pa_context_new(pa_threaded_mainloop_get_api(Loop), "Marlex");
+  if (!Server) return false;
+  pa_context_set_state_callback(Server, StateChanged, this);
+  return pa_context_connect(Server, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) == 0 &&
+         pa_threaded_mainloop_start(Loop) == 0;
+}
+
+void PulseConnection::StateChanged(pa_context* context, void* self) {
+  auto& connection = *static_cast<PulseConnection*>(self);
+  connection.Signal();
+  if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(context)) && connection.OnLost) connection.OnLost();
+}
+
+void PulseConnection::Locked(const std::function<void()>& action) const {
+  pa_threaded_mainloop_lock(Loop);
+  action();
+  pa_threaded_mainloop_unlock(Loop);
+}
+
+bool PulseConnection::Await(const std::function<bool()>& done) {
+  const std::int64_t due = SteadyUs() + kLimitUs;
+  bool isDone = false;
+  do Locked([&] { isDone = done(); });
+  while (!isDone && WaitUntil(Changed, due));
+  return isDone;
+}
+
+bool PulseConnection::Complete(const std::function<pa_operation*()>& start) {
+  pa_operation* operation = nullptr;
+  Locked([&] {
+    operation = start();
+    const auto signal = [](pa_operation*, void* self) {
+      static_cast<PulseConnection*>(self)->Signal();
+    };
+    if (operation) pa_operation_set_state_callback(operation, signal, this);
+  });
+  if (!operation) return false;
+  const bool done =
+      Await([&] { return pa_operation_get_state(operation) != PA_OPERATION_RUNNING; });
+  Locked([&] {
+    // A late answer must not reach a caller that has gone.
+    if (!done) pa_operation_cancel(operation);
+    pa_operation_unref(operation);
+  });
+  return done;
+}
+
+bool PulseConnection::Good() const { return pa_context_get_state(Server) == PA_CONTEXT_READY; }
+
+bool FindCard(PulseConnection& connection, PulseCard& card) {
+  pa_context* const server = connection.Context();
+  PulseCard names;
+  if (!connection.Complete([&] { return pa_context_get_server_info(server, TakeServer, &names); }))
+    return false;
+  Search sink{names.Sink, {}};
+  connection.Complete([&] {
+    return pa_context_get_sink_info_by_name(server, names.Sink.c_str(), TakeSink, &sink);
+  });
+  Search source{names.Source, {}};
+  connection.Complete([&] { return pa_context_get_source_info_list(server, TakeSource, &source); });
+  if (!sink.Found) return false;
+  card = {names.Sink, source.Answer, sink.Answer, names.Sink == kDummySink, sink.FlatVolume};
+  return true;
+}
+
+}  // namespace marlex

@@ -1,0 +1,169 @@
+#include "desktop/sound/pulse_output.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace marlex {
+namespace {
+
+constexpr int kLatencyMs = 40;  // from sample to sound: what a mute may be late, against wake-ups
+constexpr int kRequestMs = 20;  // samples are asked for in such pieces
+constexpr int kStartMs = 10;    // the sound begins when this much has come
+constexpr std::uint32_t kFrameBytes = kChannels * sizeof(float);
+
+constexpr std::uint32_t BytesIn(int milliseconds) {
+  return std::uint32_t(FramesIn(milliseconds)) * kFrameBytes;
+}
+
+void RestoreVolume(pa_context* server, const pa_sink_input_info* info, int, void*) {
+  if (!info) return;
+  if (info->mute)
+    pa_operation_unref(pa_context_set_sink_input_mute(server, info->index, 0, nullptr, nullptr));
+  if (!info->has_volume || !info->volume_writable) return;
+  pa_cvolume full;
+  pa_cvolume_set(&full, info->channel_map.channels, PA_VOLUME_NORM);
+  if (pa_cvolume_equal(&full, &info->volume)) return;
+  pa_operation_unref(
+      pa_context_set_sink_input_volume(server, info->index, &full, nullptr, nullptr));
+}
+
+}  // namespace
+
+PulseOutput::PulseOutput(std::unique_ptr<PulseConnection> connection)
+    : Connection(std::move(connection)) {
+  Connection->Locked([this] { Connection->OnLost = [this] { Lose(); }; });
+}
+
+PulseOutput::~PulseOutput() {
+  Connection->Locked([this] {
+    Connection->OnLost = nullptr;
+    if (!Stream) return;
+    pa_stream_set_state_callback(Stream, nullptr, nullptr);
+    pa_stream_set_write_callback(Stream, nullptr, nullptr);
+    pa_stream_set_started_callback(Stream, nullptr, nullptr);
+    pa_stream_disconnect(Stream);
+    pa_stream_unref(Stream);
+  });
+}
+
+std::unique_ptr<PulseOutput> PulseOutput::Open(std::unique_ptr<PulseConnection> connection,
+                                               const PulseCard& card, bool prove) {
+  auto output = std::make_unique<PulseOutput>(std::move(connection));
+  PulseConnection& server = *output->Connection;
+  bool connected = false;
+  server.Locked([&] { connected = output->Connect(card); });
+  const auto settled = [&] {
+    return !output->Living || pa_stream_get_state(output->Stream) == PA_STREAM_READY;
+  };
+  if (!connected || !server.Await(settled) || !output->Living) return nullptr;
+  if (!card.FlatVolume) output->CheckVolume();
+  if (!prove) return output;
+  server.Locked([&] { output->SetCorked(false); });
+  if (!server.Await([&] { return output->Started || !output->Living; }) || !output->Living)
+    return nullptr;
+  return output;
+}
+
+bool PulseOutput::Connect(const PulseCard& card) {
+  const pa_sample_spec format = {PA_SAMPLE_FLOAT32LE, kSampleRate, kChannels};
+  Stream = pa_stream_new(Connection->Context(), "Music and messages", &format, nullptr);
+  if (!Stream) return false;
+  pa_stream_set_state_callback(
+      Stream,
+      [](pa_stream* stream, void* self) {
+        auto& output = *static_cast<PulseOutput*>(self);
+        output.Connection->Signal();
+        if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream))) output.Lose();
+      },
+      this);
+  pa_stream_set_write_callback(
+      Stream, [](pa_stream*, size_t, void* self) { static_cast<PulseOutput*>(self)->Fill(); },
+      this);
+  pa_stream_set_started_callback(
+      Stream,
+      [](pa_stream*, void* self) {
+        static_cast<PulseOutput*>(self)->Started = true;
+        static_cast<PulseOutput*>(self)->Connection->Signal();
+      },
+      this);
+  const pa_buffer_attr buffer = {std::uint32_t(-1), BytesIn(kLatencyMs), BytesIn(kStartMs),
+                                 BytesIn(kRequestMs), std::uint32_t(-1)};
+  const auto flags =
+      pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY | PA_STREAM_START_CORKED |
+                        PA_STREAM_START_UNMUTED | PA_STREAM_RELATIVE_VOLUME);
+  pa_cvolume full;
+  pa_cvolume_set(&full, kChannels, PA_VOLUME_NORM);
+  return pa_stream_connect_playback(Stream, card.Sink.c_str(), &buffer, flags, &full, nullptr) == 0;
+}
+
+/// A server may remember another volume of an earlier stream; all levels are the engine's.
+void PulseOutput::CheckVolume() {
+  Connection->Complete([this] {
+    return pa_context_get_sink_input_info(Connection->Context(), pa_stream_get_index(Stream),
+                                          RestoreVolume, nullptr);
+  });
+}
+
+int PulseOutput::LatencyMs() const { return kLatencyMs; }
+
+void PulseOutput::Start(OutputSource& source) {
+  Connection->Locked([&] {
+    Source = &source;
+    SetCorked(false);
+  });
+}
+
+void PulseOutput::Wake() {
+  Connection->Locked([this] {
+    if (Corked) SetCorked(false);
+  });
+}
+
+/// A stream that wakes is filled first, so that the sound begins with its first sample.
+void PulseOutput::SetCorked(bool corked) {
+  if (!Living || pa_stream_get_state(Stream) != PA_STREAM_READY) return;
+  Corked = corked;
+  Silence.Reset();
+  if (!corked) Fill();
+  const auto release = [](pa_operation* operation) {
+    if (operation) pa_operation_unref(operation);
+  };
+  release(pa_stream_cork(Stream, corked, nullptr, nullptr));
+  if (corked) release(pa_stream_flush(Stream, nullptr, nullptr));
+  if (corked && Source) Source->OutputChanged();
+}
+
+/// Gives the server all that it asks for.
+void PulseOutput::Fill() {
+  if (Corked || !Living) return;
+  size_t bytes = pa_stream_writable_size(Stream);
+  if (bytes == size_t(-1)) return;
+  bool sleepy = false;
+  while (bytes >= kFrameBytes) {
+    void* data = nullptr;
+    size_t piece = bytes;
+    if (pa_stream_begin_write(Stream, &data, &piece) != 0 || !data) return;
+    piece = std::min(piece, bytes) / kFrameBytes * kFrameBytes;
+    if (piece == 0) {
+      pa_stream_cancel_write(Stream);
+      return;
+    }
+    const int frames = int(piece / kFrameBytes);
+    if (Source) {
+      sleepy = Silence.Passed(Source->RenderBlock(static_cast<float*>(data), frames), frames);
+    } else {
+      std::memset(data, 0, piece);
+    }
+    if (pa_stream_write(Stream, data, piece, nullptr, 0, PA_SEEK_RELATIVE) != 0) return;
+    bytes -= piece;
+  }
+  if (sleepy) SetCorked(true);
+}
+
+void PulseOutput::Lose() {
+  if (!Living.exchange(false)) return;
+  Connection->Signal();
+  if (Source) Source->OutputChanged();
+}
+
+}  // namespace marlex

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "desktop/sound/pulse_connection.h"
+#include "desktop/sound/sound_output.h"
+
+namespace marlex {
+
+/// A stream of the sound server, pinned to one sink: the server closes it rather than move it to
+/// another card. It is corked while nothing plays.
+class PulseOutput : public SoundOutput {
+ public:
+  /// Opens a stream on the card's sink; null when the sink is not there. With `prove` the sink must
+  /// also take samples (silence) before the output counts as open.
+  static std::unique_ptr<PulseOutput> Open(std::unique_ptr<PulseConnection> connection,
+                                           const PulseCard& card, bool prove);
+
+  explicit PulseOutput(std::unique_ptr<PulseConnection> connection);
+  ~PulseOutput() override;
+
+  void Start(OutputSource& source) override;
+  void Wake() override;
+  bool Alive() const override { return Living; }
+  bool Asleep() const override { return Corked; }
+  int LatencyMs() const override;
+
+ private:
+  bool Connect(const PulseCard& card);
+  void CheckVolume();
+  void Fill();
+  void SetCorked(bool corked);
+  void Lose();
+
+  std::unique_ptr<PulseConnection> Connection;
+  pa_stream* Stream = nullptr;
+  OutputSource* Source = nullptr;  // null until the start: silence
+  SleepTimer Silence;
+  bool Started = false;  // the sink has begun to take samples
+  std::atomic<bool> Corked{true};
+  std::atomic<bool> Living{true};
+};
+
+}  // namespace marlex

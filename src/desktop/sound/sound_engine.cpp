@@ -1,0 +1,184 @@
+#include "desktop/sound/sound_engine.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <map>
+#include <thread>
+
+#include "desktop/sound/end_reports.h"
+#include "desktop/sound/output_keeper.h"
+#include "desktop/sound/sound_devices.h"
+#include "desktop/sound/steady_time.h"
+#include "desktop/sound/stream_mixer.h"
+
+namespace marlex {
+namespace {
+
+constexpr std::int64_t kFarewellUs = 1000000;  // that the destructor waits for decoding threads
+constexpr std::int64_t kUsPerMs = 1000;
+constexpr std::int64_t kUsPerSecond = 1000000;
+
+/// Cuts what is louder than full, and what is no number.
+void Clip(float* samples, int count) {
+  for (int i = 0; i < count; ++i) {
+    const float top = samples[i] < 1.0f ? samples[i] : 1.0f;
+    samples[i] = top > -1.0f ? top : -1.0f;
+  }
+}
+
+}  // namespace
+
+class SoundEngine::Body : public OutputSource {
+ public:
+  explicit Body(EventLoop& loop)
+      : Loop(loop),
+        Family(std::make_shared<StreamFamily>()),
+        Mixer([](void* self,
+                 const SoundStream& stream) { return static_cast<Body*>(self)->TellEnd(stream); },
+              this),
+        WaveGain(Wave),
+        MasterGain(Master) {}
+
+  void Open(const SoundOptions& options, const std::shared_ptr<Body>& self);
+  void Close();
+
+  bool RenderBlock(float* stereo, int frames) override;
+  void OutputChanged() override {
+    if (Keeper) Keeper->OutputChanged();
+  }
+  void Wake() {
+    if (Keeper) Keeper->Wake();
+  }
+  void Ended(std::uint64_t stream);
+
+  EventLoop& Loop;
+  SoundLine Master;
+  SoundLine Wave;
+  SoundLine Microphone{true};
+  const std::shared_ptr<StreamFamily> Family;
+  StreamMixer Mixer;
+  std::map<std::uint64_t, std::function<void()>> Listeners;  // of the streams that play, by number
+  bool HasOutput = false;
+  bool HasMicrophone = false;
+  std::string CardName;
+  std::unique_ptr<EndReports> Reports;
+  std::unique_ptr<OutputKeeper> Keeper;
+
+ private:
+  SoundDevice FindDevice(const SoundOptions& options);
+  bool TellEnd(const SoundStream& stream);
+
+  GainRamp WaveGain;
+  GainRamp MasterGain;
+};
+
+SoundDevice SoundEngine::Body::FindDevice(const SoundOptions& options) {
+  const MicrophoneLines lines = {Microphone, Master};
+  SoundDevice device;
+  if (options.UseServer) device = FindServerDevice(lines);
+  if (!device.Output && options.UseCard) device = FindCardDevice(options.CardDevice, lines);
+  return device;
+}
+
+void SoundEngine::Body::Open(const SoundOptions& options, const std::shared_ptr<Body>& self) {
+  Reports = std::make_unique<EndReports>(
+      [&loop = Loop, weak = std::weak_ptr(self)](std::uint64_t stream) {
+        loop.Post([weak, stream] {
+          if (const auto body = weak.lock()) body->Ended(stream);
+        });
+      });
+  if (options.Offline) return;
+  SoundDevice device = FindDevice(options);
+  HasOutput = device.Output != nullptr;
+  HasMicrophone = HasOutput && device.HasMicrophone;
+  CardName = device.CardName;
+  Keeper = std::make_unique<OutputKeeper>(*this);
+  Keeper->Start(std::move(device.Output), std::move(device.Reopen));
+  Microphone.OnChange = [this] { Wake(); };
+}
+
+/// Everything that renders or reports ends here; a thread that hangs in a drive is left behind.
+void SoundEngine::Body::Close() {
+  Microphone.OnChange = nullptr;
+  if (Keeper) Keeper->Stop();
+  Reports.reset();
+  Listeners.clear();
+  Mixer.StopAll();
+  const std::int64_t due = SteadyUs() + kFarewellUs;
+  while (Family->Threads > 0 && SteadyUs() < due)
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
+bool SoundEngine::Body::RenderBlock(float* stereo, int frames) {
+  if (Keeper) Keeper->CountBlock();
+  std::memset(stereo, 0, std::size_t(frames) * kChannels * sizeof(float));
+  if (!Mixer.MixInto(stereo, frames)) {
+    WaveGain.Jump();
+    MasterGain.Jump();
+    return false;
+  }
+  StereoPeak peak = PeakOf(stereo, frames);
+  WaveGain.Apply(stereo, frames, peak);
+  MasterGain.Apply(stereo, frames, peak);
+  Clip(stereo, frames * kChannels);
+  return true;
+}
+
+/// On the rendering thread. What the output takes now sounds after its latency, and the stream's
+/// last frame came that much earlier as the block's end is empty.
+bool SoundEngine::Body::TellEnd(const SoundStream& stream) {
+  if (stream.Report() == EndReport::kHandedOver || !Keeper) return Reports->Push(stream.Id(), 0);
+  const std::int64_t latencyUs = Keeper->LatencyMs() * kUsPerMs;
+  const std::int64_t missingUs = stream.Missing() * kUsPerSecond / kSampleRate;
+  return Reports->Push(stream.Id(), std::max<std::int64_t>(0, latencyUs - missingUs));
+}
+
+/// An event of the loop. A stream that was released in the meantime has no listener any more.
+void SoundEngine::Body::Ended(std::uint64_t stream) {
+  const auto found = Listeners.find(stream);
+  if (found == Listeners.end()) return;
+  const std::function<void()> listener = std::move(found->second);
+  Listeners.erase(found);
+  listener();
+}
+
+SoundEngine::SoundEngine(EventLoop& loop, const SoundOptions& options)
+    : Inside(std::make_shared<Body>(loop)) {
+  Inside->Open(options, Inside);
+}
+
+SoundEngine::~SoundEngine() { Inside->Close(); }
+
+SoundLine& SoundEngine::Master() { return Inside->Master; }
+SoundLine& SoundEngine::Wave() { return Inside->Wave; }
+SoundLine& SoundEngine::Microphone() { return Inside->Microphone; }
+
+bool SoundEngine::HasOutput() const { return Inside->HasOutput; }
+bool SoundEngine::HasMicrophone() const { return Inside->HasMicrophone; }
+std::string SoundEngine::CardName() const { return Inside->CardName; }
+bool SoundEngine::OutputAlive() const { return Inside->Keeper && Inside->Keeper->DeviceAlive(); }
+
+void SoundEngine::Render(float* stereo, int frames) {
+  Inside->Mixer.AwaitDecoding(frames);
+  Inside->RenderBlock(stereo, frames);
+}
+
+std::shared_ptr<SoundStream> SoundEngine::Load(const std::string& path, OpenDecoder open,
+                                               EndReport report) {
+  return SoundStream::Open(path, open, report, Inside->Family);
+}
+
+void SoundEngine::Play(const std::shared_ptr<SoundStream>& stream, std::function<void()> onEnded) {
+  const bool fresh = Inside->Listeners.insert_or_assign(stream->Id(), std::move(onEnded)).second;
+  stream->Play();
+  if (fresh) Inside->Mixer.Add(stream);
+  Inside->Wake();
+}
+
+void SoundEngine::Release(const std::shared_ptr<SoundStream>& stream) {
+  Inside->Listeners.erase(stream->Id());
+  Inside->Mixer.Remove(stream);
+}
+
+}  // namespace marlex

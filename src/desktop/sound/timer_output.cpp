@@ -1,0 +1,55 @@
+#include "desktop/sound/timer_output.h"
+
+#include <vector>
+
+#include "desktop/sound/steady_time.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kBlockMs = 20;
+constexpr std::int64_t kBlockUs = kBlockMs * 1000;
+constexpr std::int64_t kLateUs = 500000;  // a machine that slept this long does not make up for it
+
+}  // namespace
+
+TimerOutput::TimerOutput() { sem_init(&Waker, 0, 0); }
+
+TimerOutput::~TimerOutput() {
+  Quit = true;
+  sem_post(&Waker);
+  if (Thread.joinable()) Thread.join();
+  sem_destroy(&Waker);
+}
+
+void TimerOutput::Start(OutputSource& source) {
+  Thread = std::thread([this, &source] { Run(source); });
+}
+
+void TimerOutput::Wake() { sem_post(&Waker); }
+
+void TimerOutput::Run(OutputSource& source) {
+  std::vector<float> block(std::size_t(FramesIn(kBlockMs)) * kChannels);
+  SleepTimer silence;
+  std::int64_t due = SteadyUs() + kBlockUs;
+  while (!Quit) {
+    if (WaitUntil(Waker, due)) continue;
+    due += kBlockUs;
+    if (SteadyUs() - due > kLateUs) due = SteadyUs() + kBlockUs;
+    const bool sounded = source.RenderBlock(block.data(), FramesIn(kBlockMs));
+    if (!silence.Passed(sounded, FramesIn(kBlockMs))) continue;
+    Sleep(source);
+    silence.Reset();
+    due = SteadyUs();
+  }
+}
+
+/// A `Wake` that came since the last block was taken has posted already, so that none is missed.
+void TimerOutput::Sleep(OutputSource& source) {
+  Sleeping = true;
+  source.OutputChanged();
+  WaitUntil(Waker, kForeverUs);
+  Sleeping = false;
+}
+
+}  // namespace marlex

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <semaphore.h>
+
+#include <thread>
+
+#include "desktop/sound/sound_output.h"
+
+namespace marlex {
+
+/// Time without a device: takes the samples in real time and drops them, so that songs and messages
+/// end.
+class TimerOutput : public SoundOutput {
+ public:
+  TimerOutput();
+  ~TimerOutput() override;
+  TimerOutput(const TimerOutput&) = delete;
+  TimerOutput& operator=(const TimerOutput&) = delete;
+
+  void Start(OutputSource& source) override;
+  void Wake() override;
+  bool Alive() const override { return true; }
+  bool Asleep() const override { return Sleeping; }
+  int LatencyMs() const override { return 0; }
+
+ private:
+  void Run(OutputSource& source);
+  void Sleep(OutputSource& source);
+
+  std::atomic<bool> Quit{false};
+  std::atomic<bool> Sleeping{false};
+  sem_t Waker;
+  std::thread Thread;
+};
+
+}  // namespace marlex
