@@ -1,0 +1,82 @@
+#include "desktop/windows/binder.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+
+#include "desktop/windows/shown_text.h"
+
+namespace marlex {
+
+Binder::Binder(Form& form, QWidget& window, EventLoop& loop)
+    : Shown(form), Window(window), Operator(loop) {
+  window.installEventFilter(this);
+  BindControls(window);
+  form.Watcher = [this] {
+    WindowDirty = true;
+    PaintSoon();
+  };
+  PaintSoon();
+}
+
+Binder::~Binder() {
+  Shown.Watcher = nullptr;
+  for (const auto& bound : Controls) bound->Shown.Watcher = nullptr;
+}
+
+void Binder::BindControls(QWidget& window) {
+  for (Control* control : Shown.Controls) {
+    std::unique_ptr<Binding> binding = Bind(*control, window, Operator);
+    if (!binding) continue;
+    Controls.push_back(std::make_unique<Bound>(Bound{*control, std::move(binding)}));
+    Bound& bound = *Controls.back();
+    control->Watcher = [this, &bound] {
+      bound.Dirty = true;
+      bound.View->Note();
+      PaintSoon();
+    };
+  }
+}
+
+void Binder::PaintSoon() {
+  if (PaintQueued) return;
+  PaintQueued = true;
+  Operator.ForwardAlways([this] { PaintAll(); });
+}
+
+void Binder::PaintAll() {
+  PaintQueued = false;
+  for (const auto& bound : Controls) {
+    if (!bound->Dirty) continue;
+    bound->Dirty = false;
+    bound->View->Paint();
+  }
+  if (WindowDirty) PaintWindow();
+}
+
+void Binder::PaintWindow() {
+  WindowDirty = false;
+  Window.setWindowTitle(ShownText(Shown.Caption));
+  if (Window.isVisible() == Shown.Visible) return;
+  if (!Shown.Visible) return Window.hide();
+  if (OnShow) OnShow(Window);
+  Window.show();
+  Window.raise();
+  Window.activateWindow();
+}
+
+/// The window never closes by itself: what its closing means is the form's to say.
+bool Binder::eventFilter(QObject* object, QEvent* event) {
+  if (object != &Window) return false;
+  if (event->type() == QEvent::Close) {
+    event->ignore();
+    Operator.ForwardAlways([this] {
+      if (Shown.Visible) Shown.Close();
+    });
+    return true;
+  }
+  // A dialog's own answer to Escape would hide the window behind the form's back.
+  return event->type() == QEvent::KeyPress &&
+         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+}
+
+}  // namespace marlex

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "controls/form.h"
+#include "desktop/windows/binding.h"
+#include "desktop/windows/hand.h"
+
+namespace marlex {
+
+/// Connects a form to its window: each control to the widget of the same object name, the form's
+/// caption and visibility to the window itself. However often a control changes within one event of
+/// the system, it is painted once, after it. The window must outlive the binder, and the form both.
+class Binder : public QObject {
+ public:
+  Binder(Form& form, QWidget& window, EventLoop& loop);
+  ~Binder() override;
+
+  /// Called before the window comes up, to give it its place.
+  std::function<void(QWidget&)> OnShow;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  struct Bound {
+    Control& Shown;
+    std::unique_ptr<Binding> View;
+    bool Dirty = true;
+  };
+
+  void BindControls(QWidget& window);
+  void PaintSoon();
+  void PaintAll();
+  void PaintWindow();
+
+  Form& Shown;
+  QWidget& Window;
+  Hand Operator;
+  std::vector<std::unique_ptr<Bound>> Controls;
+  bool WindowDirty = true;
+  bool PaintQueued = false;
+};
+
+}  // namespace marlex

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QWidget>
+#include <memory>
+
+#include "controls/widgets.h"
+#include "desktop/windows/hand.h"
+
+namespace marlex {
+
+/// One control and what shows it.
+class Binding {
+ public:
+  Binding() = default;
+  virtual ~Binding() = default;
+  Binding(const Binding&) = delete;
+  Binding& operator=(const Binding&) = delete;
+
+  /// Called at once at each change of the control, for what would be lost until it is painted.
+  virtual void Note() {}
+
+  /// Shows the control as it is now. Painting never looks to the system like the operator's hand.
+  virtual void Paint() = 0;
+};
+
+/// Binds `control` to the widget or action of its object name below `window`; null for a control
+/// that is never seen. A control that can be seen and has no widget of its kind there is a
+/// RuntimeFailure.
+std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand);
+
+/// Binds a control to a widget: what all widgets show alike.
+class WidgetBinding : public Binding {
+ public:
+  WidgetBinding(VisualControl& control, QWidget& widget);
+
+  /// Shows visibility, state, tool tip and colours. A widget whose layout fixes its height keeps
+  /// that height's relation to the control's, but never becomes lower than its content.
+  void Paint() override;
+
+ private:
+  void PaintColors();
+  void PaintHeight();
+
+  VisualControl& Source;
+  QWidget& Widget;
+  Color PaintedBack = kButtonFace;
+  Color PaintedText = kButtonText;
+  int DesignHeightTwips;
+  int DesignHeightPixels;
+};
+
+/// Throws away what a widget's signal reports while it is painted by code.
+class PaintGuard {
+ public:
+  explicit PaintGuard(bool& painting) : Painting(painting) { Painting = true; }
+  ~PaintGuard() { Painting = false; }
+  PaintGuard(const PaintGuard&) = delete;
+  PaintGuard& operator=(const PaintGuard&) = delete;
+
+ private:
+  bool& Painting;
+};
+
+MouseButton MouseButtonOf(Qt::MouseButton button);
+
+}  // namespace marlex

@@ -1,0 +1,130 @@
+#include "desktop/windows/glyphs.h"
+
+#include <QAbstractButton>
+#include <QIcon>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPixmap>
+#include <utility>
+
+namespace marlex {
+
+namespace {
+
+constexpr qreal kField = 24;  // all pictures are drawn on a field of 24 by 24
+
+QPainterPath Triangle(qreal left) {
+  QPainterPath path;
+  path.moveTo(left, 5);
+  path.lineTo(left + 11, 12);
+  path.lineTo(left, 19);
+  path.closeSubpath();
+  return path;
+}
+
+QPainterPath Skip() {
+  QPainterPath path = Triangle(5);
+  path.addRoundedRect(QRectF(16.5, 5, 3, 14), 1, 1);
+  return path;
+}
+
+QPainterPath Stop() {
+  QPainterPath path;
+  path.addRoundedRect(QRectF(6, 6, 12, 12), 2, 2);
+  return path;
+}
+
+QPainterPath Note() {
+  QPainterPath path;
+  path.setFillRule(Qt::WindingFill);
+  path.addEllipse(QRectF(4, 15, 6.4, 5));
+  path.addEllipse(QRectF(13.4, 13.2, 6.4, 5));
+  path.addRect(QRectF(8.6, 6, 1.8, 11.6));
+  path.addRect(QRectF(18, 4.2, 1.8, 11.6));
+  QPainterPath beam;
+  beam.moveTo(8.6, 6);
+  beam.lineTo(19.8, 3.6);
+  beam.lineTo(19.8, 7.4);
+  beam.lineTo(8.6, 9.8);
+  beam.closeSubpath();
+  path.addPath(beam);
+  return path.simplified();
+}
+
+QPainterPath Microphone() {
+  QPainterPath path;
+  path.setFillRule(Qt::WindingFill);
+  path.addRoundedRect(QRectF(8.8, 3, 6.4, 11), 3.2, 3.2);
+  QPainterPath cup;
+  cup.moveTo(5.8, 11);
+  cup.arcTo(QRectF(5.8, 5, 12.4, 12.4), 180, 180);
+  QPainterPathStroker stroker;
+  stroker.setWidth(1.8);
+  stroker.setCapStyle(Qt::RoundCap);
+  path.addPath(stroker.createStroke(cup));
+  path.addRect(QRectF(11.1, 17, 1.8, 3));
+  path.addRoundedRect(QRectF(8, 19.4, 8, 1.8), 0.9, 0.9);
+  return path;
+}
+
+QPainterPath PathOf(const QString& name) {
+  if (name == "play") return Triangle(7);
+  if (name == "skip") return Skip();
+  if (name == "stop") return Stop();
+  if (name == "note") return Note();
+  return Microphone();
+}
+
+/// Paints the picture at whatever size is asked for, in the colour of the key's state.
+class GlyphEngine : public QIconEngine {
+ public:
+  GlyphEngine(QPainterPath path, QColor atRest, QColor switchedOn)
+      : Path(std::move(path)), AtRest(atRest), SwitchedOn(switchedOn) {}
+
+  void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
+    const QColor disabled(0xA9, 0xB4, 0xC0);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->translate(area.topLeft());
+    painter->scale(area.width() / kField, area.height() / kField);
+    const QColor enabled = state == QIcon::On ? SwitchedOn : AtRest;
+    painter->fillPath(Path, mode == QIcon::Disabled ? disabled : enabled);
+    painter->restore();
+  }
+
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+    return pixmap;
+  }
+
+  QIconEngine* clone() const override { return new GlyphEngine(*this); }
+
+ private:
+  QPainterPath Path;
+  QColor AtRest;
+  QColor SwitchedOn;
+};
+
+QColor RestColour(const QAbstractButton& key) {
+  const QString face = key.property("face").toString();
+  if (face == "primary" || face == "call") return Qt::white;
+  if (face == "toggle") return QColor(0x8A, 0x97, 0xA6);
+  return QColor(0x2B, 0x3A, 0x4A);
+}
+
+}  // namespace
+
+void PutGlyphs(QWidget& window) {
+  for (QAbstractButton* key : window.findChildren<QAbstractButton*>()) {
+    const QString name = key->property("glyph").toString();
+    if (name.isEmpty()) continue;
+    key->setIcon(QIcon(new GlyphEngine(PathOf(name), RestColour(*key), Qt::white)));
+    key->setIconSize(QSize(22, 22));
+  }
+}
+
+}  // namespace marlex

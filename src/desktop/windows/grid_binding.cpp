@@ -1,0 +1,194 @@
+#include "desktop/windows/grid_binding.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "desktop/windows/shown_text.h"
+#include "desktop/windows/theme.h"
+
+namespace marlex {
+
+namespace {
+
+constexpr int kCellMargin = 10;
+constexpr int kRowAir = 10;  // above and below the text of a row together
+constexpr double kDesignFontHeight =
+    13;  // pixels; column widths were designed for it, at 15 twips a pixel
+constexpr double kTwipsPerPixel = 15;
+
+Qt::Alignment AlignmentOf(GridAlignment alignment) {
+  return Qt::AlignVCenter | (alignment == GridAlignment::Centre ? Qt::AlignHCenter : Qt::AlignLeft);
+}
+
+}  // namespace
+
+void GridModel::Refresh() {
+  const int rows = Cells.Rows() - 1;
+  if (rows != KnownRows) {
+    beginResetModel();
+    KnownRows = rows;
+    endResetModel();
+  } else if (rows > 0) {
+    emit dataChanged(index(0, 0), index(rows - 1, Grid::kColumns - 1));
+  }
+  emit headerDataChanged(Qt::Horizontal, 0, Grid::kColumns - 1);
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  const int row = index.row() + 1;
+  // The grid may have lost rows since the view was told of them.
+  if (row >= Cells.Rows()) return {};
+  const int column = index.column();
+  switch (role) {
+    case Qt::DisplayRole:
+      return ShownText(Cells.TextMatrix(row, column));
+    case Qt::ToolTipRole:
+      return column == Grid::kColumns - 1 ? ShownText(Cells.TextMatrix(row, column)).toHtmlEscaped()
+                                          : QString();
+    case Qt::BackgroundRole:
+      return QBrush(ShownColor(Cells.BackColorAt(row, column)));
+    case Qt::ForegroundRole:
+      return QBrush(ShownColor(Cells.ForeColorAt(row, column)));
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(AlignmentOf(Cells.ColAlignment(column)));
+    default:
+      return {};
+  }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal) return {};
+  if (role == Qt::DisplayRole) return ShownText(Cells.TextMatrix(0, section));
+  if (role == Qt::TextAlignmentRole)
+    return QVariant::fromValue(AlignmentOf(Cells.ColAlignment(section)));
+  return {};
+}
+
+void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+  painter->fillRect(option.rect, index.data(Qt::BackgroundRole).value<QBrush>());
+  painter->setPen(index.data(Qt::ForegroundRole).value<QBrush>().color());
+  painter->setFont(option.font);
+  const QRect area = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
+  const QString text =
+      option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width());
+  painter->drawText(area, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine, text);
+  if (option.state & QStyle::State_HasFocus) painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+}
+
+GridBinding::GridBinding(Grid& grid, QTableView& view, Hand& hand)
+    : WidgetBinding(grid, view), Cells(grid), View(view), Operator(hand), Model(grid) {
+  view.setModel(&Model);
+  view.setItemDelegate(&Painter);
+  view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  view.setSelectionMode(QAbstractItemView::NoSelection);
+  view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  view.setWordWrap(false);
+  view.setTabKeyNavigation(false);
+  view.setAutoScroll(false);  // the current cell may be anywhere, and the table stays where it is
+  SetUpHeaders();
+  ForwardCells();
+  ForwardScroll();
+  view.viewport()->installEventFilter(this);
+}
+
+void GridBinding::SetUpHeaders() {
+  View.verticalHeader()->hide();
+  View.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  View.verticalHeader()->setMinimumSectionSize(1);
+  View.verticalHeader()->setDefaultSectionSize(View.fontMetrics().height() + kRowAir);
+  View.horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  View.horizontalHeader()->setStretchLastSection(true);
+  View.horizontalHeader()->setHighlightSections(false);
+  View.horizontalHeader()->setSectionsClickable(false);
+}
+
+void GridBinding::ForwardCells() {
+  const auto choose = [this](const QModelIndex& cell) {
+    if (Painting || !cell.isValid()) return;
+    Operator.Forward(Cells,
+                     [this, row = cell.row() + 1, column = cell.column()] { Choose(row, column); });
+  };
+  connect(&View, &QTableView::pressed, this, choose);
+  connect(View.selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this, choose](const QModelIndex& cell) {
+            choose(cell);
+            if (!Painting && cell.isValid()) View.scrollTo(cell);
+          });
+  connect(&View, &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
+    Operator.Forward(Cells, [this, row = cell.row() + 1, column = cell.column()] {
+      if (Choose(row, column) && Cells.OnDblClick) Cells.OnDblClick();
+    });
+  });
+}
+
+void GridBinding::ForwardScroll() {
+  connect(View.verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+    const int row = View.rowAt(0) + 1;
+    if (Painting || row == 0) return;
+    Operator.Forward(Cells, [this, row] {
+      if (row < Cells.Rows() && row != Cells.TopRow()) Cells.SetTopRow(row);
+    });
+  });
+}
+
+/// Makes a cell the current one; false when the table has lost it meanwhile.
+bool GridBinding::Choose(int row, int column) {
+  if (row >= Cells.Rows()) return false;
+  Cells.SetRow(row);
+  Cells.SetCol(column);
+  return true;
+}
+
+void GridBinding::Paint() {
+  WidgetBinding::Paint();
+  const PaintGuard guard(Painting);
+  Model.Refresh();
+  PaintColumns();
+  PaintRows();
+  PaintPlace();
+}
+
+void GridBinding::PaintColumns() {
+  for (int column = 0; column < Grid::kColumns; ++column) {
+    const bool hidden = Cells.ColWidth(column) == 0;
+    if (View.isColumnHidden(column) != hidden) View.setColumnHidden(column, hidden);
+    if (!hidden && column < Grid::kColumns - 1) View.setColumnWidth(column, PixelWidth(column));
+  }
+}
+
+int GridBinding::PixelWidth(int column) const {
+  const double scale = View.fontMetrics().height() / kDesignFontHeight / kTwipsPerPixel;
+  const int designed = static_cast<int>(Cells.ColWidth(column) * scale) + 2 * kCellMargin;
+  return std::max(designed, View.horizontalHeader()->sectionSizeHint(column));
+}
+
+void GridBinding::PaintRows() {
+  for (int row = 0; row < Model.rowCount(); ++row) {
+    const bool hidden = Cells.RowHeight(row + 1) == 0;
+    if (View.isRowHidden(row) != hidden) View.setRowHidden(row, hidden);
+  }
+}
+
+/// Brings the current cell and the first visible row where the grid has them.
+void GridBinding::PaintPlace() {
+  const QModelIndex current = Model.index(Cells.Row() - 1, Cells.Col());
+  if (current != View.currentIndex())
+    View.selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+  const int top = Cells.TopRow() - 1;
+  if (top >= Model.rowCount() || View.rowAt(0) == top) return;
+  View.verticalScrollBar()->setValue(View.verticalHeader()->sectionPosition(top));
+}
+
+bool GridBinding::eventFilter(QObject*, QEvent* event) {
+  // A table that becomes higher, or is shown for the first time, can come nearer to the row it
+  // should begin with.
+  const bool isResized = event->type() == QEvent::Resize || event->type() == QEvent::Show;
+  if (isResized && Cells.Watcher) Cells.Watcher();
+  return false;
+}
+
+}  // namespace marlex

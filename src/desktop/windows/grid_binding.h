@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStyledItemDelegate>
+#include <QTableView>
+
+#include "controls/grid.h"
+#include "desktop/windows/binding.h"
+
+namespace marlex {
+
+/// The cells of a grid as a view reads them, straight from the control: row r of the view is row r
+/// + 1 of the grid, and the grid's row 0 is the heading.
+class GridModel : public QAbstractTableModel {
+ public:
+  explicit GridModel(const Grid& grid) : Cells(grid) {}
+
+  /// Tells the views what has changed since the last call.
+  void Refresh();
+
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : KnownRows;
+  }
+  int columnCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : Grid::kColumns;
+  }
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  const Grid& Cells;
+  int KnownRows = 0;
+};
+
+/// Paints a cell in its own two colours, whatever is selected.
+class CellPainter : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+};
+
+class GridBinding : public QObject, public WidgetBinding {
+ public:
+  GridBinding(Grid& grid, QTableView& view, Hand& hand);
+  void Paint() override;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void SetUpHeaders();
+  void ForwardCells();
+  void ForwardScroll();
+  void PaintColumns();
+  void PaintRows();
+  void PaintPlace();
+  int PixelWidth(int column) const;
+  bool Choose(int row, int column);
+
+  Grid& Cells;
+  QTableView& View;
+  Hand& Operator;
+  GridModel Model;
+  CellPainter Painter;
+  bool Painting = false;
+};
+
+}  // namespace marlex

@@ -1,0 +1,183 @@
+#include "desktop/windows/list_binding.h"
+
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <algorithm>
+
+namespace marlex {
+
+namespace {
+
+constexpr int kOutsideStepMs = 70;
+constexpr std::size_t kMostSelections = 16;
+
+}  // namespace
+
+void ListModel::Refresh() {
+  const int rows = List.ListCount();
+  // Rows come and go at the end, so that the view keeps its place; what they show is read anew in
+  // any case.
+  if (rows > KnownRows) {
+    beginInsertRows({}, KnownRows, rows - 1);
+    KnownRows = rows;
+    endInsertRows();
+  } else if (rows < KnownRows) {
+    beginRemoveRows({}, rows, KnownRows - 1);
+    KnownRows = rows;
+    endRemoveRows();
+  }
+  if (rows > 0) emit dataChanged(index(0), index(rows - 1));
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const {
+  // The control may have lost entries since the view was told of them.
+  if (role != Qt::DisplayRole || index.row() >= List.ListCount()) return {};
+  return QString::fromStdString(List.List(index.row()));
+}
+
+ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
+    : WidgetBinding(list, view),
+      List(list),
+      View(view),
+      Operator(hand),
+      Model(list),
+      Watch(*view.viewport()) {
+  view.setModel(&Model);
+  view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  view.setUniformItemSizes(true);
+  view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  view.installEventFilter(this);
+  view.viewport()->installEventFilter(this);
+  view.viewport()->installEventFilter(
+      &Watch);  // goes before the filter above, which lets nothing through
+  Watch.OnPress = [this](const QMouseEvent& event) { Press(event); };
+  Watch.OnRelease = [this](Qt::MouseButton) { Release(); };
+  OutsideTimer.setInterval(kOutsideStepMs);
+  connect(&OutsideTimer, &QTimer::timeout, this, [this] { FollowPointer(); });
+  connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& current) {
+            if (!Painting) SelectByKey(current.row());
+          });
+}
+
+void ListBinding::Note() {
+  const int selected = List.ListIndex();
+  if (!Selections.empty() && Selections.back() == selected) return;
+  if (Selections.size() == kMostSelections) Selections.erase(Selections.begin());
+  Selections.push_back(selected);
+}
+
+void ListBinding::Paint() {
+  WidgetBinding::Paint();
+  const PaintGuard guard(Painting);
+  Model.Refresh();
+  ScrollAsSelected();
+}
+
+/// A list scrolls to each entry that is selected, even for an instant: the system selects one
+/// further down first when it wants the coming entries in view.
+void ListBinding::ScrollAsSelected() {
+  for (const int row : Selections) {
+    if (Has(row) && row != View.currentIndex().row()) View.scrollTo(Model.index(row));
+  }
+  Selections.clear();
+  const QModelIndex current = Has(List.ListIndex()) ? Model.index(List.ListIndex()) : QModelIndex();
+  if (current == View.currentIndex()) return;
+  View.selectionModel()->clear();
+  View.setCurrentIndex(current);
+}
+
+bool ListBinding::eventFilter(QObject* object, QEvent* event) {
+  if (object == View.viewport()) return FilterPointer(*event);
+  const bool isDelete =
+      event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete;
+  if (!isDelete) return false;
+  Operator.Forward(List, [this] {
+    if (List.OnKeyDown) List.OnKeyDown(kKeyDelete);
+  });
+  return true;
+}
+
+/// The view's own handling of the pointer is left out: what is selected is the system's to say.
+bool ListBinding::FilterPointer(QEvent& event) {
+  switch (event.type()) {
+    case QEvent::MouseMove:
+      Pointer = static_cast<QMouseEvent&>(event).pos();
+      if (Dragging) FollowPointer();
+      return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void ListBinding::Press(const QMouseEvent& event) {
+  const MouseButton button = MouseButtonOf(event.button());
+  const int row = button == MouseButton::Left ? RowAt(event.pos()) : ListBox::kNoSelection;
+  if (event.type() == QEvent::MouseButtonDblClick) return ForwardDoubleClick(row);
+  Dragging = row != ListBox::kNoSelection;
+  Operator.Forward(List, [this, row, button] {
+    if (Has(row)) List.SetListIndex(row);
+    DownForwarded = true;
+    if (List.OnMouseDown) List.OnMouseDown(button);
+  });
+}
+
+void ListBinding::ForwardDoubleClick(int row) {
+  Operator.Forward(List, [this, row] {
+    if (!Has(row)) return;
+    List.SetListIndex(row);
+    if (List.OnDblClick) List.OnDblClick();
+  });
+}
+
+void ListBinding::Release() {
+  Dragging = false;
+  OutsideTimer.stop();
+  Operator.ForwardAlways([this] {
+    if (!DownForwarded) return;
+    DownForwarded = false;
+    if (List.OnMouseUp) List.OnMouseUp();
+  });
+}
+
+void ListBinding::FollowPointer() {
+  const QRect area = View.viewport()->rect();
+  const bool isAbove = Pointer.y() < area.top();
+  const bool isBelow = Pointer.y() > area.bottom();
+  if (!isAbove && !isBelow) OutsideTimer.stop();
+  if ((isAbove || isBelow) && !OutsideTimer.isActive()) OutsideTimer.start();
+  int row = RowAt(QPoint(area.center().x(), std::clamp(Pointer.y(), area.top(), area.bottom())));
+  if (row == ListBox::kNoSelection) row = LastRow();
+  DragTo(std::clamp(row - isAbove + isBelow, 0, std::max(LastRow(), 0)));
+}
+
+void ListBinding::DragTo(int row) {
+  Operator.Forward(List, [this, row] {
+    for (int steps = List.ListCount(); steps > 0 && DownForwarded && Has(row); --steps) {
+      StepTo(row);
+      if (List.OnMouseMove) List.OnMouseMove();
+      if (List.ListIndex() == row) break;
+    }
+  });
+}
+
+void ListBinding::StepTo(int row) {
+  const int selected = List.ListIndex();
+  if (selected == ListBox::kNoSelection) return List.SetListIndex(row);
+  if (selected != row) List.SetListIndex(selected < row ? selected + 1 : selected - 1);
+}
+
+void ListBinding::SelectByKey(int row) {
+  Operator.Forward(List, [this, row] {
+    if (Has(row)) List.SetListIndex(row);
+  });
+}
+
+int ListBinding::RowAt(QPoint position) const { return View.indexAt(position).row(); }
+
+}  // namespace marlex

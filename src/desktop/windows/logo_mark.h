@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QIcon>
+#include <QWidget>
+
+namespace marlex {
+
+/// The product's mark, painted as vectors: five bars of a level meter that stand as an M on a
+/// rounded field.
+class LogoMark : public QWidget {
+ public:
+  explicit LogoMark(QWidget* parent = nullptr) : QWidget(parent) {}
+
+  /// Paints the mark into a square of `size` pixels at the origin.
+  static void Paint(QPainter& painter, qreal size);
+
+  /// The mark as the icon of a window.
+  static QIcon Icon();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace marlex

@@ -1,0 +1,74 @@
+#include "desktop/windows/press_watch.h"
+
+#include <QGuiApplication>
+
+namespace marlex {
+
+PressWatch::PressWatch(QWidget& widget) : Widget(widget) {
+  widget.installEventFilter(this);
+  widget.window()->installEventFilter(this);
+  connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
+          [this](Qt::ApplicationState state) {
+            if (state != Qt::ApplicationActive) ReleaseAllBut(Qt::NoButton);
+          });
+}
+
+bool PressWatch::eventFilter(QObject* object, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::WindowBlocked:
+    case QEvent::WindowDeactivate:
+    case QEvent::Hide:
+    case QEvent::Close:
+      ReleaseAllBut(Qt::NoButton);
+      break;
+    default:
+      if (object == &Widget) FilterOwn(*event);
+  }
+  return false;
+}
+
+void PressWatch::FilterOwn(QEvent& event) {
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      Press(static_cast<QMouseEvent&>(event));
+      break;
+    case QEvent::MouseButtonRelease:
+      Release(static_cast<QMouseEvent&>(event).button());
+      break;
+    case QEvent::MouseMove:
+      // A movement tells which keys are really down: the release of the others went somewhere else.
+      ReleaseAllBut(static_cast<QMouseEvent&>(event).buttons());
+      break;
+    case QEvent::EnabledChange:
+      if (!Widget.isEnabled()) ReleaseAllBut(Qt::NoButton);
+      break;
+    case QEvent::FocusOut:
+    case QEvent::TouchCancel:
+      ReleaseAllBut(Qt::NoButton);
+      break;
+    default:
+      break;
+  }
+}
+
+void PressWatch::Press(const QMouseEvent& event) {
+  if (!Widget.isEnabled()) return;
+  Release(event.button());
+  Held |= event.button();
+  if (OnPress) OnPress(event);
+}
+
+void PressWatch::Release(Qt::MouseButton button) {
+  if (!(Held & button)) return;
+  Held &= ~Qt::MouseButtons(button);
+  if (OnRelease) OnRelease(button);
+}
+
+void PressWatch::ReleaseAllBut(Qt::MouseButtons stillHeld) {
+  for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+    if (!(stillHeld & button)) Release(button);
+  }
+}
+
+}  // namespace marlex

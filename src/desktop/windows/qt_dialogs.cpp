@@ -1,0 +1,72 @@
+#include "desktop/windows/qt_dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include "desktop/windows/shown_text.h"
+
+namespace marlex {
+
+namespace {
+
+/// The window that a box belongs to: the one in front, else any that can be seen.
+QWidget* FrontWindow() {
+  if (QWidget* active = QApplication::activeModalWidget()) return active;
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->windowType() != Qt::Popup &&
+        window->windowType() != Qt::ToolTip)
+      return window;
+  }
+  return nullptr;
+}
+
+/// "Text (*.ext)|*.ext" holds a description and its patterns, separated by ';'; Qt takes "Text
+/// (*.ext)".
+QStringList NameFilters(const std::string& filter) {
+  const QStringList parts = QString::fromStdString(filter).split('|');
+  QStringList filters;
+  for (qsizetype part = 0; part + 1 < parts.size(); part += 2) {
+    const QString description = parts[part].section('(', 0, 0).trimmed();
+    QString patterns = parts[part + 1];
+    filters.append(description + " (" + patterns.replace(';', ' ') + ")");
+  }
+  return filters;
+}
+
+std::string Result(const QStringList& files) {
+  if (files.isEmpty()) return "";
+  if (files.size() == 1) return files.first().toStdString();
+  QString directory = QFileInfo(files.first()).path();
+  if (!directory.endsWith('/')) directory += '/';
+  for (const QString& file : files) directory += ' ' + QFileInfo(file).fileName();
+  return directory.toStdString();
+}
+
+}  // namespace
+
+std::string QtDialogs::ShowOpen(const FileDialog& dialog) {
+  QFileDialog box(FrontWindow());
+  box.setObjectName("fileDialog");
+  box.setOption(QFileDialog::DontUseNativeDialog);
+  box.setOption(QFileDialog::ReadOnly);  // files are chosen here, never renamed or deleted
+  box.setFileMode(dialog.AllowMultiselect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+  box.setNameFilters(NameFilters(dialog.Filter));
+  box.setDefaultSuffix(QString::fromStdString(dialog.DefaultExtension));
+  box.setDirectory(QString::fromStdString(dialog.InitialDirectory));
+  return box.exec() == QDialog::Accepted ? Result(box.selectedFiles()) : "";
+}
+
+void QtDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) {
+  const bool isCritical = icon == BoxIcon::Critical;
+  QMessageBox box(isCritical ? QMessageBox::Critical : QMessageBox::Information, ShownText(caption),
+                  ShownText(body), QMessageBox::Ok, FrontWindow());
+  box.setObjectName("messageBox");
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+}  // namespace marlex

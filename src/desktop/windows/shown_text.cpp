@@ -1,0 +1,14 @@
+#include "desktop/windows/shown_text.h"
+
+namespace marlex {
+
+QString ShownText(const std::string& text) {
+  QString shown = QString::fromStdString(text);
+  shown.replace("\r\n", "\n");
+  shown.replace('\r', '\n');
+  return shown;
+}
+
+QString ShownCaption(const std::string& text) { return ShownText(text).replace("&", "&&"); }
+
+}  // namespace marlex

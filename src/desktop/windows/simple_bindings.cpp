@@ -1,0 +1,289 @@
+#include <QAction>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+
+#include "desktop/windows/binding.h"
+#include "desktop/windows/grid_binding.h"
+#include "desktop/windows/list_binding.h"
+#include "desktop/windows/press_watch.h"
+#include "desktop/windows/shown_text.h"
+
+namespace marlex {
+
+namespace {
+
+class LabelBinding : public WidgetBinding {
+ public:
+  LabelBinding(Label& label, QLabel& widget)
+      : WidgetBinding(label, widget), Shown(label), Widget(widget) {
+    widget.setTextFormat(Qt::PlainText);
+  }
+
+  void Paint() override {
+    WidgetBinding::Paint();
+    Widget.setText(ShownText(Shown.Caption));
+  }
+
+ private:
+  Label& Shown;
+  QLabel& Widget;
+};
+
+class FrameBinding : public WidgetBinding {
+ public:
+  FrameBinding(Frame& frame, QGroupBox& widget)
+      : WidgetBinding(frame, widget), Shown(frame), Widget(widget) {}
+
+  void Paint() override {
+    WidgetBinding::Paint();
+    const QString title = ShownCaption(Shown.Caption);
+    if (title != Widget.title()) Widget.setTitle(title);
+  }
+
+ private:
+  Frame& Shown;
+  QGroupBox& Widget;
+};
+
+/// What all keys show alike: a caption.
+class ButtonBinding : public WidgetBinding {
+ public:
+  ButtonBinding(VisualControl& control, QAbstractButton& widget)
+      : WidgetBinding(control, widget), Shown(control), Widget(widget) {}
+
+  void Paint() override {
+    const QString caption = ShownCaption(Shown.Caption);
+    if (caption != Widget.text()) Widget.setText(caption);
+    WidgetBinding::Paint();
+  }
+
+ protected:
+  VisualControl& Shown;
+  QAbstractButton& Widget;
+};
+
+class CommandBinding : public ButtonBinding {
+ public:
+  CommandBinding(CommandButton& button, QAbstractButton& widget, Hand& hand)
+      : ButtonBinding(button, widget), Watch(widget) {
+    QObject::connect(&widget, &QAbstractButton::clicked, &Watch, [&button, &hand] {
+      hand.Forward(button, [&button] {
+        if (button.OnClick) button.OnClick();
+      });
+    });
+    Watch.OnPress = [this, &button, &hand](const QMouseEvent& event) {
+      hand.Forward(button, [this, &button, key = event.button()] { Down(button, key); });
+    };
+    Watch.OnRelease = [this, &button, &hand](Qt::MouseButton key) {
+      hand.ForwardAlways([this, &button, key] { Up(button, key); });
+    };
+  }
+
+ private:
+  void Down(CommandButton& button, Qt::MouseButton key) {
+    Forwarded |= key;
+    if (button.OnMouseDown) button.OnMouseDown(MouseButtonOf(key));
+  }
+
+  void Up(CommandButton& button, Qt::MouseButton key) {
+    if (!(Forwarded & key)) return;
+    Forwarded &= ~Qt::MouseButtons(key);
+    if (button.OnMouseUp) button.OnMouseUp(MouseButtonOf(key));
+  }
+
+  PressWatch Watch;
+  Qt::MouseButtons Forwarded;  // presses that the system has been told of and not of their release
+};
+
+class ToggleBinding : public ButtonBinding {
+ public:
+  ToggleBinding(ToggleButton& toggle, QAbstractButton& widget, Hand& hand)
+      : ButtonBinding(toggle, widget), Toggle(toggle) {
+    QObject::connect(&widget, &QAbstractButton::clicked, [&toggle, &hand](bool checked) {
+      hand.Forward(toggle, [&toggle, checked] { toggle.Value = checked; });
+    });
+  }
+
+  void Paint() override {
+    ButtonBinding::Paint();
+    Widget.setChecked(Toggle.Value);
+  }
+
+ private:
+  ToggleButton& Toggle;
+};
+
+class CheckBinding : public ButtonBinding {
+ public:
+  CheckBinding(CheckBox& check, QAbstractButton& widget, Hand& hand)
+      : ButtonBinding(check, widget), Check(check) {
+    QObject::connect(&widget, &QAbstractButton::clicked, [&check, &hand](bool checked) {
+      hand.Forward(check, [&check, checked] { check.Value = checked ? 1 : 0; });
+    });
+  }
+
+  void Paint() override {
+    ButtonBinding::Paint();
+    Widget.setChecked(Check.Value != 0);
+  }
+
+ private:
+  CheckBox& Check;
+};
+
+class OptionBinding : public ButtonBinding {
+ public:
+  OptionBinding(OptionButton& option, QAbstractButton& widget, Hand& hand)
+      : ButtonBinding(option, widget), Option(option) {
+    QObject::connect(&widget, &QAbstractButton::clicked, [&option, &hand] {
+      hand.Forward(option, [&option] {
+        option.SetValue(true);
+        PaintArrayOf(option);
+      });
+    });
+  }
+
+  void Paint() override {
+    ButtonBinding::Paint();
+    // A group of its own would refuse to be all off, or to be switched in the order in which the
+    // system does it.
+    Widget.setAutoExclusive(false);
+    Widget.setChecked(Option.Value());
+    Widget.setAutoExclusive(true);
+  }
+
+ private:
+  /// The widgets have switched each other off by themselves, whatever the system made of the click.
+  static void PaintArrayOf(OptionButton& option) {
+    for (Control* control : option.Owner.Controls) {
+      if (control->Name == option.Name && control->Watcher) control->Watcher();
+    }
+  }
+
+  OptionButton& Option;
+};
+
+class TextBinding : public WidgetBinding {
+ public:
+  TextBinding(TextBox& box, QLineEdit& widget, Hand& hand)
+      : WidgetBinding(box, widget), Box(box), Widget(widget) {
+    QObject::connect(&widget, &QLineEdit::textEdited, [&box, &hand](const QString& text) {
+      hand.Forward(box, [&box, typed = text.toStdString()] { box.Text = typed; });
+    });
+  }
+
+  void Paint() override {
+    WidgetBinding::Paint();
+    const QString text = QString::fromStdString(Box.Text);
+    if (text != Widget.text()) Widget.setText(text);
+  }
+
+ private:
+  TextBox& Box;
+  QLineEdit& Widget;
+};
+
+class SliderBinding : public WidgetBinding {
+ public:
+  SliderBinding(Slider& slider, QSlider& widget, Hand& hand)
+      : WidgetBinding(slider, widget), Shown(slider), Widget(widget) {
+    QObject::connect(&widget, &QSlider::valueChanged, [this, &slider, &hand](int value) {
+      if (Painting) return;
+      hand.Forward(slider, [&slider, value] { slider.Value = value; });
+    });
+  }
+
+  void Paint() override {
+    WidgetBinding::Paint();
+    const PaintGuard guard(Painting);
+    Widget.setRange(Shown.Min, Shown.Max);
+    Widget.setValue(Shown.Value.Get());
+  }
+
+ private:
+  Slider& Shown;
+  QSlider& Widget;
+  bool Painting = false;
+};
+
+/// An item of a menu, or the title of a menu that opens.
+class MenuBinding : public Binding {
+ public:
+  MenuBinding(Menu& menu, QAction& action, Hand& hand) : Shown(menu), Action(action) {
+    QObject::connect(&action, &QAction::triggered, [&menu, &hand] {
+      hand.Forward(menu, [&menu] {
+        if (menu.OnClick) menu.OnClick();
+      });
+    });
+  }
+
+  void Paint() override {
+    Action.setText(ShownCaption(Shown.Caption));
+    Action.setEnabled(Shown.Enabled);
+    Action.setVisible(Shown.Visible);
+    if (Action.isCheckable()) Action.setChecked(Shown.Checked);
+  }
+
+ private:
+  Menu& Shown;
+  QAction& Action;
+};
+
+template <class T>
+T& Find(QWidget& window, const Control& control) {
+  if (T* found = window.findChild<T*>(QString::fromStdString(control.ObjectName()))) return *found;
+  throw RuntimeFailure("The window " + control.Owner.Name + " shows no " + control.Kind() + " " +
+                       control.ObjectName());
+}
+
+std::unique_ptr<Binding> BindMenu(Menu& menu, QWidget& window, Hand& hand) {
+  const QString name = QString::fromStdString(menu.ObjectName());
+  auto* submenu = window.findChild<QMenu*>(name);
+  QAction& action = submenu ? *submenu->menuAction() : Find<QAction>(window, menu);
+  return std::make_unique<MenuBinding>(menu, action, hand);
+}
+
+}  // namespace
+
+std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand) {
+  if (auto* label = dynamic_cast<Label*>(&control)) {
+    return std::make_unique<LabelBinding>(*label, Find<QLabel>(window, control));
+  }
+  if (auto* frame = dynamic_cast<Frame*>(&control)) {
+    return std::make_unique<FrameBinding>(*frame, Find<QGroupBox>(window, control));
+  }
+  if (auto* button = dynamic_cast<CommandButton*>(&control)) {
+    return std::make_unique<CommandBinding>(*button, Find<QPushButton>(window, control), hand);
+  }
+  if (auto* toggle = dynamic_cast<ToggleButton*>(&control)) {
+    return std::make_unique<ToggleBinding>(*toggle, Find<QPushButton>(window, control), hand);
+  }
+  if (auto* check = dynamic_cast<CheckBox*>(&control)) {
+    return std::make_unique<CheckBinding>(*check, Find<QCheckBox>(window, control), hand);
+  }
+  if (auto* option = dynamic_cast<OptionButton*>(&control)) {
+    return std::make_unique<OptionBinding>(*option, Find<QRadioButton>(window, control), hand);
+  }
+  if (auto* text = dynamic_cast<TextBox*>(&control)) {
+    return std::make_unique<TextBinding>(*text, Find<QLineEdit>(window, control), hand);
+  }
+  if (auto* slider = dynamic_cast<Slider*>(&control)) {
+    return std::make_unique<SliderBinding>(*slider, Find<QSlider>(window, control), hand);
+  }
+  if (auto* list = dynamic_cast<ListBox*>(&control)) {
+    return std::make_unique<ListBinding>(*list, Find<QListView>(window, control), hand);
+  }
+  if (auto* grid = dynamic_cast<Grid*>(&control)) {
+    return std::make_unique<GridBinding>(*grid, Find<QTableView>(window, control), hand);
+  }
+  if (auto* menu = dynamic_cast<Menu*>(&control)) return BindMenu(*menu, window, hand);
+  return nullptr;
+}
+
+}  // namespace marlex

@@ -1,0 +1,66 @@
+#include "desktop/windows/views.h"
+
+#include <QApplication>
+#include <QScreen>
+
+#include "desktop/windows/glyphs.h"
+#include "desktop/windows/theme.h"
+#include "ui_frm_about.h"
+#include "ui_frm_lang_sel.h"
+#include "ui_frm_logo.h"
+#include "ui_frm_main.h"
+
+namespace marlex {
+
+namespace {
+
+constexpr QSize kMainSize(1080, 720);  // at first; the window can be enlarged
+
+template <class Window, class Layout>
+std::unique_ptr<QWidget> Make(Layout layout, Qt::WindowFlags flags = Qt::Window) {
+  auto window = std::make_unique<Window>();
+  layout.setupUi(window.get());
+  window->setWindowFlags(flags);
+  PutGlyphs(*window);
+  return window;
+}
+
+void Centre(QWidget& window) {
+  window.adjustSize();
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  if (screen) window.move(screen->availableGeometry().center() - window.rect().center());
+}
+
+void PlaceMain(QWidget& window) {
+  if (window.testAttribute(Qt::WA_Moved) || window.testAttribute(Qt::WA_Resized)) return;
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QSize room = screen ? screen->availableSize() : kMainSize;
+  window.resize(kMainSize.boundedTo(room).expandedTo(window.minimumSizeHint()));
+}
+
+}  // namespace
+
+Views::Views(Windows& windows, EventLoop& loop) {
+  ApplyTheme(*qApp);
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  MainWindow = Make<QMainWindow>(Ui::frmMain());
+  LogoWindow = Make<QWidget>(Ui::frmLogo(), Qt::SplashScreen | Qt::FramelessWindowHint);
+  LangSelWindow =
+      Make<QDialog>(Ui::frmlangSel(), Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+  AboutWindow =
+      Make<QDialog>(Ui::frmAbout(), Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+  Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
+  Connect(windows.frmLogo, *LogoWindow, loop, Centre);
+  Connect(windows.frmlangSel, *LangSelWindow, loop, Centre);
+  Connect(windows.frmAbout, *AboutWindow, loop, Centre);
+}
+
+Views::~Views() = default;
+
+void Views::Connect(Form& form, QWidget& window, EventLoop& loop,
+                    std::function<void(QWidget&)> place) {
+  Binders.push_back(std::make_unique<Binder>(form, window, loop));
+  Binders.back()->OnShow = std::move(place);
+}
+
+}  // namespace marlex

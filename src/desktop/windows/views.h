@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "desktop/windows/binder.h"
+#include "platform/event_loop.h"
+#include "windows/windows.h"
+
+namespace marlex {
+
+/// The windows on the screen. Each is there from the start, hidden, and comes and goes with its
+/// form. Needs a running QApplication, which it gives its look. The forms and the loop must outlive
+/// it.
+class Views {
+ public:
+  Views(Windows& windows, EventLoop& loop);
+  ~Views();
+
+  QWidget& Main() { return *MainWindow; }
+  QWidget& Logo() { return *LogoWindow; }
+  QWidget& LangSel() { return *LangSelWindow; }
+  QWidget& About() { return *AboutWindow; }
+
+ private:
+  void Connect(Form& form, QWidget& window, EventLoop& loop, std::function<void(QWidget&)> place);
+
+  std::unique_ptr<QWidget> MainWindow;
+  std::unique_ptr<QWidget> LogoWindow;
+  std::unique_ptr<QWidget> LangSelWindow;
+  std::unique_ptr<QWidget> AboutWindow;
+  std::vector<std::unique_ptr<Binder>> Binders;  // go before the windows
+};
+
+}  // namespace marlex

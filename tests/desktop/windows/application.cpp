@@ -1,0 +1,23 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <memory>
+
+namespace {
+
+/// One QApplication for all tests of the process.
+class Application : public ::testing::Environment {
+ public:
+  void SetUp() override { Running = std::make_unique<QApplication>(Count, Arguments); }
+  void TearDown() override { Running.reset(); }
+
+ private:
+  int Count = 1;
+  char Name[13] = "window_tests";
+  char* Arguments[2] = {Name, nullptr};
+  std::unique_ptr<QApplication> Running;
+};
+
+const auto* const Registered = ::testing::AddGlobalTestEnvironment(new Application);
+
+}  // namespace

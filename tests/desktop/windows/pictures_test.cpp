@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include "desktop/windows/desk.h"
+#include "desktop/windows/texts.h"
+
+namespace marlex {
+namespace {
+
+void Keep(QWidget& window, const std::string& name) {
+  const QString directory = QString(MARLEX_BINARY_DIR) + "/screenshots";
+  QDir().mkpath(directory);
+  const QPixmap picture = window.grab();
+  EXPECT_FALSE(picture.isNull());
+  EXPECT_TRUE(picture.save(directory + "/" + QString::fromStdString(name) + ".png"));
+}
+
+/// The desk with the router amplifier: zones, and a call key beside them.
+void ShowRouter(Desk& desk) {
+  FrmMain& main = desk.Forms.frmMain;
+  main.Load();
+  Texts().Fill(desk.Forms);
+  FillSchedule(main.grdSchedule, 26);
+  main.frCall.Visible = false;
+  for (const int zone : {0, 1, 2, 4}) main.cmdMusicZones[zone].Value = true;
+  for (const int zone : {0, 5}) main.cmdCallZone[zone].Value = true;
+  for (const int zone : {0, 1, 2, 4}) main.lblCurrentZone[zone].BackColor = kGreen;
+  desk.ShowMain();
+}
+
+TEST(Pictures, MainWindowWithZones) {
+  Desk desk;
+  ShowRouter(desk);
+  FrmMain& main = desk.Forms.frmMain;
+  PaintRow(main.grdSchedule, 15, kNavy, kWhite);
+  main.grdSchedule.SetTopRow(7);
+  desk.Settle();
+  Keep(desk.Screen.Main(), "main_zones");
+}
+
+TEST(Pictures, MainWindowWhileAMessagePlays) {
+  Desk desk;
+  ShowRouter(desk);
+  FrmMain& main = desk.Forms.frmMain;
+  PaintRow(main.grdSchedule, 4, kNavy, kWhite);
+  main.grdSchedule.SetCol(0);
+  main.grdSchedule.SetCellColors(kGreen, kWhite);
+  for (CommandButton* key : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop}) key->Enabled = false;
+  desk.Settle();
+  Keep(desk.Screen.Main(), "main_message");
+}
+
+TEST(Pictures, MainWindowWithAConflictAndAHigherCall) {
+  Desk desk;
+  ShowRouter(desk);
+  FrmMain& main = desk.Forms.frmMain;
+  for (const int row : {3, 4}) {
+    main.grdSchedule.SetRow(row);
+    main.grdSchedule.SetCol(0);
+    main.grdSchedule.SetCellColors(kRed, kWhite);
+  }
+  main.lblConflict.Caption =
+      "Time conflict(s) in schedule, double-click a red time field to remove a sequence";
+  main.lblConflict.Visible = true;
+  for (CommandButton* key : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop})
+    key->Height = FrmMain::kShrunkenKeyHeight;
+  main.lblHiPrio.Caption = "Higher priority call in progress";
+  main.lblHiPrio.Visible = true;
+  main.lblBusy[0].BackColor = kGreen;
+  main.cmdCall.Caption = "Speak";
+  desk.Settle();
+  Keep(desk.Screen.Main(), "main_conflict");
+}
+
+TEST(Pictures, MainWindowWithZonesAndNoMicrophone) {
+  Desk desk;
+  ShowRouter(desk);
+  FrmMain& main = desk.Forms.frmMain;
+  for (VisualControl* control :
+       {static_cast<VisualControl*>(&main.lblCall), static_cast<VisualControl*>(&main.cmdCall),
+        static_cast<VisualControl*>(&main.lblBusy[0])}) {
+    control->Visible = false;
+  }
+  for (int zone = 0; zone < kZones; ++zone) {
+    main.cmdCallZone[zone].Visible = false;
+    main.cmdMusicZones[zone].Height = FrmMain::kTallZoneKeyHeight;
+  }
+  desk.Settle();
+  Keep(desk.Screen.Main(), "main_zones_no_microphone");
+}
+
+TEST(Pictures, MainWindowWithoutZones) {
+  Desk desk;
+  ShowRouter(desk);
+  FrmMain& main = desk.Forms.frmMain;
+  main.frRouting.Visible = false;
+  main.frCall.Visible = true;
+  main.grdSchedule.SetColWidth(kRoutingColumn, 0);
+  desk.Settle();
+  Keep(desk.Screen.Main(), "main_call_key");
+  main.frCall.Visible = false;
+  desk.Settle();
+  Keep(desk.Screen.Main(), "main_player_only");
+}
+
+TEST(Pictures, MainWindowWithLongTexts) {
+  Desk desk;
+  desk.Forms.frmMain.Load();
+  Texts(true).Fill(desk.Forms);
+  FillSchedule(desk.Forms.frmMain.grdSchedule, 8);
+  desk.Forms.frmMain.frCall.Visible = false;
+  desk.ShowMain();
+  Keep(desk.Screen.Main(), "main_long_texts");
+}
+
+TEST(Pictures, SmallWindows) {
+  Desk desk;
+  Texts().Fill(desk.Forms);
+  for (Form* form :
+       {static_cast<Form*>(&desk.Forms.frmLogo), static_cast<Form*>(&desk.Forms.frmAbout),
+        static_cast<Form*>(&desk.Forms.frmlangSel)}) {
+    form->Show();
+  }
+  desk.Settle();
+  Keep(desk.Screen.Logo(), "splash");
+  Keep(desk.Screen.About(), "about");
+  Keep(desk.Screen.LangSel(), "languages");
+}
+
+TEST(Pictures, OpenMenus) {
+  Desk desk;
+  ShowRouter(desk);
+  for (const char* name : {"mnuFile", "mnuEdit", "mnuView", "mnuAbout"}) {
+    auto& menu = desk.Find<QMenu>(name);
+    menu.popup(desk.Screen.Main().mapToGlobal(QPoint(20, 40)));
+    Keep(menu, name);
+    menu.hide();
+  }
+}
+
+}  // namespace
+}  // namespace marlex

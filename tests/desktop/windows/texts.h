@@ -1,0 +1,112 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "windows/windows.h"
+
+namespace marlex {
+
+/// Puts captions and contents into the windows as a day of work does. `longer` makes every
+/// caption 1.6 times as long, which is more than any language needs.
+class Texts {
+ public:
+  explicit Texts(bool longer = false) : Longer(longer) {}
+
+  void Fill(Windows& forms) {
+    Fill(forms.frmMain);
+    Languages(forms.frmlangSel);
+    for (Form* form : {static_cast<Form*>(&forms.frmLogo), static_cast<Form*>(&forms.frmAbout)})
+      Stretch(*form);
+  }
+
+  std::string Word(const std::string& text) const {
+    if (!Longer || text.empty()) return text;
+    return text + text.substr(0, (text.size() * 6 + 9) / 10);
+  }
+
+ private:
+  void Fill(FrmMain& main) {
+    Stretch(main);
+    main.frSchedule.Caption = "14:23:05" + Word(" Message time schedule ") + Word("today");
+    main.frBGMusic.Caption = Word("Music playlist: Morning  Starts at: 08:00  Stops at: 18:30");
+    main.lblMP3Number.Caption = "4/24";
+    main.lblMP3Position.Caption = "1:07";
+    main.lblMP3Length.Caption = "3:42";
+    const char* zones[] = {"Entrance", "Hall A", "Hall B", "Canteen", "Workshop", "Car park"};
+    for (int zone = 0; zone < kZones; ++zone) main.lblZoneName[zone].Caption = Word(zones[zone]);
+    Songs(main);
+    Heading(main.grdSchedule);
+    main.mnuCurrentDay.Checked = true;
+  }
+
+  void Songs(FrmMain& main) {
+    for (int song = 1; song <= 24; ++song) {
+      main.lstPlaylist.AddItem("0" + std::to_string(song / 10) + std::to_string(song % 10) +
+                               " Evening walk by the sea");
+    }
+    main.lstPlaylist.SetListIndex(3);
+    main.lstPlaylist.ToolTipText = "Double-click to play song";
+  }
+
+  void Heading(Grid& grid) {
+    const char* texts[] = {"Time", "", "Routing", "Schedule", "Message info"};
+    const int widths[] = {600, 0, 800, 1800, 6500};
+    for (int column = 0; column < Grid::kColumns; ++column) {
+      grid.SetTextMatrix(0, column, Word(texts[column]));
+      grid.SetColWidth(column, widths[column]);
+      grid.SetColAlignment(column,
+                           column < kNameColumn ? GridAlignment::Centre : GridAlignment::Left);
+    }
+  }
+
+  void Stretch(Form& form) {
+    for (Control* control : form.Controls) {
+      auto* visual = dynamic_cast<VisualControl*>(control);
+      const bool isDigit = visual && visual->Caption.Get().size() < 2;
+      if (visual && !isDigit) visual->Caption = Word(visual->Caption);
+    }
+  }
+
+  void Languages(FrmLangSel& form) {
+    const char* names[] = {"English",   "French",    "German",  "Spanish", "Finnish",
+                           "Hungarian", "Greek",     "Russian", "Hebrew",  "Turkish",
+                           "Dutch",     "Norwegian", "Italian", "Swedish"};
+    for (int language = 0; language < FrmLangSel::kLanguages; ++language) {
+      form.optLanguage[language].Caption = Word(names[language]);
+    }
+    form.optLanguage[0].SetValue(true);
+  }
+
+  bool Longer;
+};
+
+/// A day's rows, every half hour from seven on.
+inline void FillSchedule(Grid& grid, int rows) {
+  const char* messages[] = {"gong,good_morning", "gong,lunch_break", "closing_time,gong",
+                            "fire_drill_test,thank_you"};
+  const char* names[] = {"Morning", "Breaks", "Closing", "Safety"};
+  grid.SetRows(rows + 1);
+  for (int row = 1; row <= rows; ++row) {
+    const int minutes = 7 * 60 + (row - 1) * 30;
+    const auto two = [](int value) {
+      return std::string(value < 10 ? "0" : "") + std::to_string(value);
+    };
+    grid.SetTextMatrix(row, kTimeColumn,
+                       two(minutes / 60 % 24) + ":" + two(minutes % 60) + (row % 3 ? "  " : "+"));
+    grid.SetTextMatrix(row, kDaysColumn, "1234500");
+    grid.SetTextMatrix(row, kRoutingColumn, row % 2 ? "123456" : "120000");
+    grid.SetTextMatrix(row, kNameColumn, names[row % 4]);
+    grid.SetTextMatrix(row, kMessagesColumn, messages[row % 4]);
+  }
+}
+
+inline void PaintRow(Grid& grid, int row, Color back, Color text) {
+  grid.SetRow(row);
+  for (int column = 0; column < Grid::kColumns; ++column) {
+    grid.SetCol(column);
+    grid.SetCellColors(back, text);
+  }
+}
+
+}  // namespace marlex
