@@ -15,14 +15,14 @@ TEST(MessagePlayback, ARowAtSetTimeFadesTheMusicAnnouncesIntoItsZonesAndGivesThe
   desk.Pc.Journal.Clear();
   desk.Advance(10'000);
   EXPECT_EQ(desk.Journal(),
-            "1029 song pause\n"
-            "1029 wav play welcome.wav\n"
-            "1229 send 68\n"
-            "4029 wav end welcome.wav\n"
-            "4029 wav play closing.wav\n"
-            "6029 wav end closing.wav\n"
-            "6029 song resume march.mp3\n"
-            "6229 send 67\n");
+            "1529 song pause\n"
+            "1529 wav play welcome.wav\n"
+            "1729 send 68\n"
+            "4529 wav end welcome.wav\n"
+            "4529 wav play closing.wav\n"
+            "6529 wav end closing.wav\n"
+            "6529 song resume march.mp3\n"
+            "6729 send 67\n");
 }
 
 }  // namespace
