@@ -62,7 +62,6 @@ void SimulatedWavePlayer::Open() {
 
 void SimulatedWavePlayer::Play() {
   if (PresentMode != kWaveStopped && PresentMode != kWavePaused) return;
-  if (PresentMode == kWaveStopped) PlayedMs = 0;
   Note((PresentMode == kWavePaused ? "resume " : "play ") + ShortName());
   PresentMode = kWavePlaying;
   StartedMs = Loop.NowMs();

@@ -9,7 +9,7 @@ namespace marlex {
 namespace {
 
 /// So many events without a millisecond between them are a ring of events that feed each other.
-constexpr std::uint64_t kMostEventsOfAnInstant = 5'000'000;
+constexpr std::uint64_t kMostEventsOfAnInstant = 1'000'000;
 
 }  // namespace
 

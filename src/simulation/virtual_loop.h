@@ -28,6 +28,8 @@ struct LoopGone {};
 /// and the next one lets it go on from there. While the test has the turn, it may read the whole
 /// state of the system freely.
 ///
+/// Nothing here is locked beyond that hand-over: `Post` is for these two threads alone.
+///
 /// `Pump` and `PumpUntil` may also be called by the test itself, without a deadline: the events
 /// then run on its stack.
 class VirtualLoop : public EventLoop {
