@@ -38,7 +38,7 @@ class EngineWavePlayer : public WavePlayer {
       Stream;          // null when none is open, and after a play until the next one
   double Seconds = 0;  // length of the open file
   int Present = kWaveNotOpen;
-  bool Reporting = false;  // mode 525 is being delivered
+  std::weak_ptr<char> Reported;  // lives while mode 525 is being delivered
   /// Changes with every opening, and at the end of the player, so that older reports are no longer
   /// delivered.
   std::shared_ptr<char> Generation = std::make_shared<char>();

@@ -23,7 +23,7 @@ class GainRamp {
   /// block, and becomes that of the result.
   void Apply(float* stereo, int frames, StereoPeak& peak);
 
-  /// Silence passes: a change of the line needs no ramp, since nothing is heard of it.
+  /// Takes over the line's level at once. For the first block behind silence, which needs no ramp.
   void Jump();
 
  private:

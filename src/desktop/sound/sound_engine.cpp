@@ -68,9 +68,12 @@ class SoundEngine::Body : public OutputSource {
  private:
   SoundDevice FindDevice(const SoundOptions& options);
   bool TellEnd(const SoundStream& stream);
+  void PostEnd(std::uint64_t stream);
 
   GainRamp WaveGain;
   GainRamp MasterGain;
+  std::weak_ptr<Body> Self;
+  bool Sounds = false;  // in the last block; of the rendering thread
 };
 
 SoundDevice SoundEngine::Body::FindDevice(const SoundOptions& options) {
@@ -82,13 +85,9 @@ SoundDevice SoundEngine::Body::FindDevice(const SoundOptions& options) {
 }
 
 void SoundEngine::Body::Open(const SoundOptions& options, const std::shared_ptr<Body>& self) {
-  Reports = std::make_unique<EndReports>(
-      [&loop = Loop, weak = std::weak_ptr(self)](std::uint64_t stream) {
-        loop.Post([weak, stream] {
-          if (const auto body = weak.lock()) body->Ended(stream);
-        });
-      });
+  Self = self;
   if (options.Offline) return;
+  Reports = std::make_unique<EndReports>([this](std::uint64_t stream) { PostEnd(stream); });
   SoundDevice device = FindDevice(options);
   HasOutput = device.Output != nullptr;
   HasMicrophone = HasOutput && device.HasMicrophone;
@@ -113,10 +112,12 @@ void SoundEngine::Body::Close() {
 bool SoundEngine::Body::RenderBlock(float* stereo, int frames) {
   if (Keeper) Keeper->CountBlock();
   std::memset(stereo, 0, std::size_t(frames) * kChannels * sizeof(float));
-  if (!Mixer.MixInto(stereo, frames)) {
+  const bool sounded = Sounds;
+  Sounds = Mixer.MixInto(stereo, frames);
+  if (!Sounds) return false;
+  if (!sounded) {
     WaveGain.Jump();
     MasterGain.Jump();
-    return false;
   }
   StereoPeak peak = PeakOf(stereo, frames);
   WaveGain.Apply(stereo, frames, peak);
@@ -128,10 +129,20 @@ bool SoundEngine::Body::RenderBlock(float* stereo, int frames) {
 /// On the rendering thread. What the output takes now sounds after its latency, and the stream's
 /// last frame came that much earlier as the block's end is empty.
 bool SoundEngine::Body::TellEnd(const SoundStream& stream) {
-  if (stream.Report() == EndReport::kHandedOver || !Keeper) return Reports->Push(stream.Id(), 0);
+  if (!Reports) {  // offline: this is the system's thread
+    PostEnd(stream.Id());
+    return true;
+  }
+  if (stream.Report() == EndReport::kHandedOver) return Reports->Push(stream.Id(), 0);
   const std::int64_t latencyUs = Keeper->LatencyMs() * kUsPerMs;
   const std::int64_t missingUs = stream.Missing() * kUsPerSecond / kSampleRate;
   return Reports->Push(stream.Id(), std::max<std::int64_t>(0, latencyUs - missingUs));
+}
+
+void SoundEngine::Body::PostEnd(std::uint64_t stream) {
+  Loop.Post([weak = Self, stream] {
+    if (const auto body = weak.lock()) body->Ended(stream);
+  });
 }
 
 /// An event of the loop. A stream that was released in the meantime has no listener any more.

@@ -55,7 +55,7 @@ void StreamMixer::Empty(Place& place) {
 /// Frees what the rendering thread no longer uses.
 void StreamMixer::Collect() {
   for (Place& place : Places) {
-    if (place.Owner && place.Leaving && place.Over == place.Owner.get()) Empty(place);
+    if (place.Owner && place.Leaving && place.Over == place.Owner->Id()) Empty(place);
   }
   const std::uint64_t rounds = Rounds.load();
   std::erase_if(Discards, [rounds](const Discarded& discarded) {
@@ -73,17 +73,17 @@ bool StreamMixer::MixInto(float* stereo, int frames) {
 
 bool StreamMixer::MixPlace(Place& place, float* stereo, int frames) {
   SoundStream* const stream = place.Sounding.load();
-  if (!stream || place.Over == stream) return false;
+  if (!stream || place.Over == stream->Id()) return false;
   switch (stream->MixInto(stereo, frames)) {
     case SoundStream::State::kActive:
       return true;
     case SoundStream::State::kSilent:
       return false;
     case SoundStream::State::kEnded:
-      if (OnEnded(Context, *stream)) place.Over = stream;
+      if (OnEnded(Context, *stream)) place.Over = stream->Id();
       return true;
     case SoundStream::State::kGone:
-      place.Over = stream;
+      place.Over = stream->Id();
       return true;
   }
   return false;

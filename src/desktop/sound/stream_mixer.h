@@ -47,9 +47,10 @@ class StreamMixer {
 
   struct Place {
     std::atomic<SoundStream*> Sounding{nullptr};
-    std::atomic<SoundStream*> Over{nullptr};  // has ended and was told, or is gone
-    std::shared_ptr<SoundStream> Owner;       // of the system's thread
-    bool Leaving = false;                     // likewise: removed, may still fade out
+    std::atomic<std::uint64_t> Over{
+        0};  // number of the stream that has ended and was told, or is gone
+    std::shared_ptr<SoundStream> Owner;  // of the system's thread
+    bool Leaving = false;                // likewise: removed, may still fade out
   };
 
   struct Discarded {
