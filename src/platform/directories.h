@@ -16,7 +16,9 @@ inline std::string JoinPath(const std::string& directory, const std::string& nam
   return directory + kSeparator + name;
 }
 
-/// Look-ups in the file system. A path that cannot be read counts as absent.
+/// Look-ups in the file system. A path that cannot be read counts as absent. Hidden files, whose
+/// name begins with a dot, do not count in a directory: they are litter that other systems and
+/// half-finished writings leave on a disk.
 class Directories {
  public:
   virtual ~Directories() = default;
@@ -27,7 +29,7 @@ class Directories {
   virtual std::string Search(const std::string& path) const = 0;
 
   /// Names of the regular files in `directory` that match `pattern` (`*` and `?`, without regard to
-  /// case), sorted.
+  /// case), sorted as NameComesBefore orders them.
   virtual std::vector<std::string> List(const std::string& directory,
                                         const std::string& pattern) const = 0;
 

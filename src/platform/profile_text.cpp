@@ -1,0 +1,165 @@
+#include "platform/profile_text.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <optional>
+
+#include "platform/text_case.h"
+
+namespace marlex {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\v\f";
+constexpr std::string_view kLineEnds = "\r\n";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+std::string_view WithoutBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::string_view WithoutQuotes(std::string_view value) {
+  const bool quoted = value.size() >= 2 && value.front() == value.back() &&
+                      (value.front() == '"' || value.front() == '\'');
+  return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+/// One line of the text; positions count from the beginning of the text.
+struct Line {
+  std::size_t Begin = 0;
+  std::size_t End = 0;   // behind the last character that is not a line end
+  std::size_t Next = 0;  // behind the line end
+};
+
+/// Walks the lines of a text from top to bottom.
+class LineReader {
+ public:
+  explicit LineReader(std::string_view text) : Text(text) {
+    if (Text.starts_with(kByteOrderMark)) Place = kByteOrderMark.size();
+  }
+
+  std::optional<Line> Next() {
+    if (Place >= Text.size()) return std::nullopt;
+    Line line;
+    line.Begin = Place;
+    line.End = std::min(Text.find_first_of(kLineEnds, Place), Text.size());
+    line.Next = Place = BehindLineEnd(line.End);
+    return line;
+  }
+
+ private:
+  /// CR LF is one line end, however many CR some editor left in front of the LF.
+  std::size_t BehindLineEnd(std::size_t end) const {
+    const std::size_t lineFeed = std::min(Text.find_first_not_of('\r', end), Text.size());
+    if (lineFeed < Text.size() && Text[lineFeed] == '\n') return lineFeed + 1;
+    return std::min(end + 1, Text.size());
+  }
+
+  std::string_view Text;
+  std::size_t Place = 0;
+};
+
+std::string_view Content(std::string_view text, const Line& line) {
+  return WithoutBlanks(text.substr(line.Begin, line.End - line.Begin));
+}
+
+bool IsSection(std::string_view content) { return content.starts_with('['); }
+
+/// Name between the outermost brackets. A forgotten closing bracket does not hide the section.
+std::string_view SectionName(std::string_view content) {
+  const std::size_t close = content.rfind(']');
+  return WithoutBlanks(content.substr(1, close == std::string_view::npos ? close : close - 1));
+}
+
+bool HasKey(std::string_view content, std::string_view key) {
+  if (content.starts_with(';')) return false;
+  const std::size_t equals = content.find('=');
+  return equals != std::string_view::npos &&
+         SameButForCase(WithoutBlanks(content.substr(0, equals)), key);
+}
+
+/// Where a key stands, or where it would go.
+struct KeyPlace {
+  std::optional<Line> KeyLine;
+  std::optional<Line>
+      LastLine;  // the last line of the section that is not blank; empty without a section
+};
+
+KeyPlace Find(std::string_view text, std::string_view section, std::string_view key) {
+  KeyPlace place;
+  LineReader lines(text);
+  while (const auto line = lines.Next()) {
+    const std::string_view content = Content(text, *line);
+    if (content.empty()) continue;
+    if (IsSection(content)) {
+      if (place.LastLine) return place;
+      if (SameButForCase(SectionName(content), section)) place.LastLine = line;
+    } else if (place.LastLine) {
+      place.LastLine = line;
+      if (!HasKey(content, key)) continue;
+      place.KeyLine = line;
+      return place;
+    }
+  }
+  return place;
+}
+
+/// Line end in use at this line: its own, or for a last line without one that of the first line.
+std::string_view LineEndAt(std::string_view text, const Line& line) {
+  if (line.Next > line.End) return text.substr(line.End, line.Next - line.End);
+  const auto first = LineReader(text).Next();
+  if (first && first->Next > first->End) return text.substr(first->End, first->Next - first->End);
+  return kLineEnds;
+}
+
+std::string Concatenated(std::initializer_list<std::string_view> parts) {
+  std::string text;
+  for (const std::string_view part : parts) text += part;
+  return text;
+}
+
+std::string WithNewKey(std::string_view text, const Line& after, std::string_view key,
+                       std::string_view value) {
+  const std::string_view lineEnd = LineEndAt(text, after);
+  const std::string_view missingEnd = after.Next > after.End ? "" : lineEnd;
+  return Concatenated(
+      {text.substr(0, after.Next), missingEnd, key, "=", value, lineEnd, text.substr(after.Next)});
+}
+
+std::string WithNewSection(std::string_view text, std::string_view section, std::string_view key,
+                           std::string_view value) {
+  LineReader lines(text);
+  Line last{text.size(), text.size(), text.size()};
+  while (const auto line = lines.Next()) last = *line;
+  const std::string_view lineEnd = LineEndAt(text, last);
+  const std::string_view missingEnd = last.End > last.Begin && last.Next == last.End ? lineEnd : "";
+  return Concatenated({text, missingEnd, "[", section, "]", lineEnd, key, "=", value, lineEnd});
+}
+
+}  // namespace
+
+std::string ProfileValue(std::string_view text, std::string_view section, std::string_view key,
+                         std::size_t maxCharacters) {
+  const KeyPlace place = Find(text, WithoutBlanks(section), WithoutBlanks(key));
+  if (!place.KeyLine) return "";
+  const std::string_view content = Content(text, *place.KeyLine);
+  const std::string_view value = WithoutBlanks(content.substr(content.find('=') + 1));
+  return std::string(FirstCharacters(WithoutQuotes(value), maxCharacters));
+}
+
+std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,
+                             std::string_view value) {
+  section = WithoutBlanks(section);
+  key = WithoutBlanks(key);
+  const KeyPlace place = Find(text, section, key);
+  if (place.KeyLine) {
+    const std::size_t equals = text.find('=', place.KeyLine->Begin);
+    return Concatenated({text.substr(0, equals + 1), value, text.substr(place.KeyLine->End)});
+  }
+  if (place.LastLine) return WithNewKey(text, *place.LastLine, key, value);
+  return WithNewSection(text, section, key, value);
+}
+
+}  // namespace marlex
