@@ -1,0 +1,28 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace marlex {
+
+/// Owner of an open file descriptor.
+class FileDescriptor {
+ public:
+  explicit FileDescriptor(int number) : Number(number) {}
+  FileDescriptor(FileDescriptor&& other) noexcept : Number(std::exchange(other.Number, -1)) {}
+  FileDescriptor& operator=(FileDescriptor&&) = delete;
+  ~FileDescriptor() { Close(); }
+
+  bool IsOpen() const { return Number >= 0; }
+  int Get() const { return Number; }
+
+  /// False when the system reports a late fault of what was written before. The descriptor is gone
+  /// in any case.
+  bool Close() { return Number < 0 || ::close(std::exchange(Number, -1)) == 0; }
+
+ private:
+  int Number;
+};
+
+}  // namespace marlex

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "platform/profile_files.h"
+
+namespace marlex {
+
+/// Profile files on the disk. Each call reads the file anew, so that a change made by hand counts
+/// at once. A value that stands there already is not written again. A file that is there but cannot
+/// be read is never written.
+class DiskProfileFiles : public ProfileFiles {
+ public:
+  std::string GetString(const std::string& section, const std::string& key, const std::string& file,
+                        std::size_t maxCharacters) const override;
+  bool WriteString(const std::string& section, const std::string& key, const std::string& value,
+                   const std::string& file) override;
+};
+
+}  // namespace marlex

@@ -1,0 +1,113 @@
+#include "desktop/files/directories.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "desktop/files/forked_child.h"
+#include "desktop/files/temporary_directory.h"
+
+namespace marlex::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+TEST(Directories, SearchGivesTheNameOfAFileOrDirectory) {
+  const TemporaryDirectory disk;
+  disk.Write("list.lst", "");
+  fs::create_directories(disk.Path("music"));
+  fs::create_symlink("list.lst", disk.Path("link"));
+  fs::create_symlink("gone", disk.Path("dangling"));
+  DiskDirectories directories;
+  EXPECT_EQ(directories.Search(disk.Path("list.lst")), "list.lst");
+  EXPECT_EQ(directories.Search(disk.Path("music")), "music");
+  EXPECT_EQ(directories.Search(disk.Path("link")), "link");
+  EXPECT_EQ(directories.Search(disk.Path("dangling")), "");
+  EXPECT_EQ(directories.Search(disk.Path("LIST.LST")), "");
+  EXPECT_EQ(directories.Search(disk.Path("list.lst/deeper")), "");
+  EXPECT_EQ(directories.Search(disk.Path(std::string(5000, 'x'))), "");
+  EXPECT_EQ(directories.Search(""), "");
+}
+
+TEST(Directories, SearchOfADirectoryGivesItsFirstRegularFile) {
+  const TemporaryDirectory disk;
+  fs::create_directories(disk.Path("a"));
+  disk.Write(".hidden", "");
+  DiskDirectories directories;
+  EXPECT_EQ(directories.Search(disk.Path("")), "");
+  disk.Write("C.mp3", "");
+  disk.Write("b.mp3", "");
+  EXPECT_EQ(directories.Search(disk.Path("")), "b.mp3");
+  EXPECT_EQ(directories.Search(disk.Path("a/")), "");
+  EXPECT_EQ(directories.Search(disk.Path("gone/")), "");
+  EXPECT_EQ(directories.Search(disk.Path("b.mp3/")), "");
+}
+
+TEST(Directories, ListGivesTheMatchingRegularFilesInOrder) {
+  const TemporaryDirectory disk;
+  for (const char* name :
+       {"b.mp3", "A.MP3", "ö.Mp3", "c.wav", ".d.mp3", "._b.mp3", "e.mp3.part", "C.mp3"}) {
+    disk.Write(name, "");
+  }
+  disk.Write("\xFF.mp3", "");
+  fs::create_directories(disk.Path("album.mp3"));
+  fs::create_symlink("b.mp3", disk.Path("z.mp3"));
+  fs::create_symlink("gone.mp3", disk.Path("dangling.mp3"));
+  ASSERT_EQ(::mkfifo(disk.Path("pipe.mp3").c_str(), 0666), 0);
+  DiskDirectories directories;
+  const Names songs = {"A.MP3", "b.mp3", "C.mp3", "z.mp3", "ö.Mp3", "\xFF.mp3"};
+  EXPECT_EQ(directories.List(disk.Path(), "*.mp3"), songs);
+  EXPECT_EQ(directories.List(disk.Path(""), "*.mp3"), songs);
+  EXPECT_EQ(directories.List(disk.Path(), "?.wav"), Names{"c.wav"});
+  EXPECT_EQ(directories.List(disk.Path(), "*.lst"), Names{});
+}
+
+TEST(Directories, ListIsEmptyWhereNothingCanBeRead) {
+  const TemporaryDirectory disk;
+  disk.Write("file", "");
+  DiskDirectories directories;
+  for (const std::string& path :
+       {std::string(), disk.Path("gone"), disk.Path("file"), std::string(5000, 'x')}) {
+    EXPECT_EQ(directories.List(path, "*"), Names{});
+  }
+}
+
+TEST(Directories, ADirectoryThatMayNotBeEnteredCountsAsEmpty) {
+  const TemporaryDirectory disk;
+  ASSERT_EQ(::chmod(disk.Path().c_str(), 0755), 0);
+  fs::create_directories(disk.Path("locked"));
+  disk.Write("locked/a.mp3", "");
+  ASSERT_EQ(::chmod(disk.Path("locked").c_str(), 0), 0);
+  EXPECT_TRUE(TrueInAChild([&] {
+    DiskDirectories directories;
+    return BecomeNobody() && directories.List(disk.Path("locked"), "*").empty() &&
+           directories.Search(disk.Path("locked/")).empty() &&
+           directories.Search(disk.Path("locked/a.mp3")).empty() &&
+           !directories.Delete(disk.Path("locked/a.mp3"));
+  }));
+  ASSERT_EQ(::chmod(disk.Path("locked").c_str(), 0755), 0);
+}
+
+TEST(Directories, DeleteRemovesOneFileAndNeverADirectory) {
+  const TemporaryDirectory disk;
+  disk.Write("a", "");
+  disk.Write("b", "kept");
+  fs::create_directories(disk.Path("empty"));
+  fs::create_symlink("b", disk.Path("link"));
+  DiskDirectories directories;
+  EXPECT_TRUE(directories.Delete(disk.Path("a")));
+  EXPECT_FALSE(directories.Delete(disk.Path("a")));
+  EXPECT_FALSE(directories.Delete(disk.Path("empty")));
+  EXPECT_FALSE(directories.Delete(""));
+  EXPECT_TRUE(directories.Delete(disk.Path("link")));
+  EXPECT_FALSE(fs::exists(disk.Path("a")));
+  EXPECT_TRUE(fs::exists(disk.Path("empty")));
+  EXPECT_EQ(disk.Read("b"), "kept");
+}
+
+}  // namespace
+}  // namespace marlex::test

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace marlex::test {
+
+/// An empty directory of its own for one test, gone with all that is in it at the end.
+class TemporaryDirectory {
+ public:
+  TemporaryDirectory() {
+    std::string name = (std::filesystem::temp_directory_path() / "marlex-XXXXXX").string();
+    if (!::mkdtemp(name.data())) ADD_FAILURE() << "no temporary directory";
+    Root = name;
+  }
+  TemporaryDirectory(const TemporaryDirectory&) = delete;
+  TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
+  ~TemporaryDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(Root, ignored);
+  }
+
+  std::string Path(const std::string& name = "") const { return (Root / name).string(); }
+
+  std::string Write(const std::string& name, std::string_view text) const {
+    std::ofstream(Path(name), std::ios::binary) << text;
+    return Path(name);
+  }
+
+  std::string Read(const std::string& name) const {
+    std::ifstream file(Path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  /// Number of entries of the directory, hidden ones included.
+  long Entries() const {
+    return std::distance(std::filesystem::directory_iterator(Root),
+                         std::filesystem::directory_iterator());
+  }
+
+ private:
+  std::filesystem::path Root;
+};
+
+}  // namespace marlex::test
