@@ -1,0 +1,48 @@
+#pragma once
+
+#include "desktop/files/directories.h"
+#include "desktop/files/profile_files.h"
+#include "desktop/mixer/desk_mixer.h"
+#include "desktop/process/process.h"
+#include "desktop/process/qt_event_loop.h"
+#include "desktop/process/wall_clock.h"
+#include "desktop/serial/serial_port.h"
+#include "desktop/sound/engine_song_player.h"
+#include "desktop/sound/engine_wave_player.h"
+#include "desktop/sound/sound_engine.h"
+#include "desktop/windows/qt_dialogs.h"
+#include "platform/pc.h"
+
+namespace marlex {
+
+/// The PC as it is on the operator's desk. Needs a running QApplication.
+struct DesktopPc {
+  QtEventLoop Loop;
+  SystemClock Clock;
+  DiskProfileFiles Profiles;
+  DiskDirectories Files;
+  PosixProcess TheProcess;
+  TtySerialPort TolvoPort{Loop, {.ProgramDirectory = TheProcess.ApplicationDirectory()}};
+  SoundEngine Sound{Loop};
+  EngineWavePlayer WavPlayer{Sound, Loop};
+  EngineWavePlayer WavControl{Sound, Loop};
+  EngineSongPlayer MP3Player{Sound};
+  DeskMixer Mixer{Sound};
+  QtDialogs Boxes;
+
+  Pc Ports() {
+    return {.Loop = Loop,
+            .Clock = Clock,
+            .Profiles = Profiles,
+            .Files = Files,
+            .TolvoPort = TolvoPort,
+            .WavPlayer = WavPlayer,
+            .WavControl = WavControl,
+            .MP3Player = MP3Player,
+            .Mixer = Mixer,
+            .Boxes = Boxes,
+            .TheProcess = TheProcess};
+  }
+};
+
+}  // namespace marlex
