@@ -22,6 +22,9 @@ namespace marlex {
 /// may stand in a wait.
 struct SimulatedPc {
   SimulatedPc();
+  ~SimulatedPc() { Kill(); }  // while all parts are still there
+  SimulatedPc(const SimulatedPc&) = delete;
+  SimulatedPc& operator=(const SimulatedPc&) = delete;
 
   /// Ends the system's process wherever it stands, as a power cut does; does nothing when it has
   /// ended by itself.

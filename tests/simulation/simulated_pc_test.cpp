@@ -212,6 +212,24 @@ TEST(Journal, OnlyTheChosenCategoriesAreRecordedAndTimeCountsFromClear) {
   EXPECT_EQ(pc.Journal.Text(), "50 song pause\n");
 }
 
+TEST(SimulatedPc, MayBeDestroyedUnderAnOpenBox) {
+  bool partsStillThere = false;
+  struct AtExit {
+    ~AtExit() { Seen = Pc.Dialogs.OpenBoxCount() == 0 && Pc.Disk.Search("/app") == "app"; }
+    SimulatedPc& Pc;
+    bool& Seen;
+  };
+  {
+    SimulatedPc pc;
+    pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
+    pc.Loop.Do([&] {
+      const AtExit atExit{pc, partsStillThere};
+      pc.Dialogs.MsgBox("body", BoxIcon::Critical, "Error");
+    });
+  }
+  EXPECT_TRUE(partsStillThere);
+}
+
 TEST(SimulatedPc, FailureThatNoSystemHandlesIsALineOfTheJournal) {
   SimulatedPc pc;
   pc.Loop.Do([] { throw RuntimeFailure("index 9"); });
