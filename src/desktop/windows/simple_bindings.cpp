@@ -1,6 +1,5 @@
 #include <QAction>
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -9,6 +8,7 @@
 #include <QSlider>
 
 #include "desktop/windows/binding.h"
+#include "desktop/windows/card.h"
 #include "desktop/windows/grid_binding.h"
 #include "desktop/windows/list_binding.h"
 #include "desktop/windows/press_watch.h"
@@ -37,18 +37,17 @@ class LabelBinding : public WidgetBinding {
 
 class FrameBinding : public WidgetBinding {
  public:
-  FrameBinding(Frame& frame, QGroupBox& widget)
+  FrameBinding(Frame& frame, Card& widget)
       : WidgetBinding(frame, widget), Shown(frame), Widget(widget) {}
 
   void Paint() override {
     WidgetBinding::Paint();
-    const QString title = ShownCaption(Shown.Caption);
-    if (title != Widget.title()) Widget.setTitle(title);
+    Widget.ShowTitle(ShownCaption(Shown.Caption));
   }
 
  private:
   Frame& Shown;
-  QGroupBox& Widget;
+  Card& Widget;
 };
 
 /// What all keys show alike: a caption.
@@ -237,7 +236,11 @@ class MenuBinding : public Binding {
 
 template <class T>
 T& Find(QWidget& window, const Control& control) {
-  if (T* found = window.findChild<T*>(QString::fromStdString(control.ObjectName()))) return *found;
+  // The search goes by QObject, since not every class of ours has a description of its own for Qt.
+  for (QObject* found :
+       window.findChildren<QObject*>(QString::fromStdString(control.ObjectName()))) {
+    if (T* widget = dynamic_cast<T*>(found)) return *widget;
+  }
   throw RuntimeFailure("The window " + control.Owner.Name + " shows no " + control.Kind() + " " +
                        control.ObjectName());
 }
@@ -256,7 +259,7 @@ std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand) {
     return std::make_unique<LabelBinding>(*label, Find<QLabel>(window, control));
   }
   if (auto* frame = dynamic_cast<Frame*>(&control)) {
-    return std::make_unique<FrameBinding>(*frame, Find<QGroupBox>(window, control));
+    return std::make_unique<FrameBinding>(*frame, Find<Card>(window, control));
   }
   if (auto* button = dynamic_cast<CommandButton*>(&control)) {
     return std::make_unique<CommandBinding>(*button, Find<QPushButton>(window, control), hand);

@@ -14,7 +14,7 @@ namespace marlex {
 
 namespace {
 
-constexpr QSize kMainSize(1080, 720);  // at first; the window can be enlarged
+constexpr QSize kMainSize(1160, 760);  // at first; the window can be enlarged
 
 template <class Window, class Layout>
 std::unique_ptr<QWidget> Make(Layout layout, Qt::WindowFlags flags = Qt::Window) {

@@ -6,6 +6,8 @@
 namespace marlex {
 namespace {
 
+constexpr QSize kPictureSize(1160, 760);
+
 void Keep(QWidget& window, const std::string& name) {
   const QString directory = QString(MARLEX_BINARY_DIR) + "/screenshots";
   QDir().mkpath(directory);
@@ -25,6 +27,7 @@ void ShowRouter(Desk& desk) {
   for (const int zone : {0, 5}) main.cmdCallZone[zone].Value = true;
   for (const int zone : {0, 1, 2, 4}) main.lblCurrentZone[zone].BackColor = kGreen;
   desk.ShowMain();
+  desk.Screen.Main().resize(kPictureSize);
 }
 
 TEST(Pictures, MainWindowWithZones) {
@@ -129,7 +132,7 @@ TEST(Pictures, SmallWindows) {
 TEST(Pictures, OpenMenus) {
   Desk desk;
   ShowRouter(desk);
-  for (const char* name : {"mnuFile", "mnuEdit", "mnuView", "mnuAbout"}) {
+  for (const char* name : {"mnuFile", "mnuEdit", "mnuView", "mnuSchedules", "mnuAbout"}) {
     auto& menu = desk.Find<QMenu>(name);
     menu.popup(desk.Screen.Main().mapToGlobal(QPoint(20, 40)));
     Keep(menu, name);

@@ -1,0 +1,71 @@
+#include "desktop/windows/card.h"
+
+#include <QLayout>
+#include <QStyleOptionGroupBox>
+#include <QStylePainter>
+
+namespace marlex {
+
+namespace {
+
+constexpr int kTitleFlags = Qt::TextWordWrap | Qt::TextShowMnemonic | Qt::AlignTop;
+constexpr int kTitleGap = 10;
+constexpr int kTileTitleGap = 2;
+
+bool IsTile(const QWidget& card) { return card.property("face").toString() == "tile"; }
+
+}  // namespace
+
+void Card::ShowTitle(const QString& shown) {
+  if (shown == title()) return;
+  setTitle(shown);
+  MakeRoom();
+}
+
+/// The layout's own size, at least as wide as the longest word of the title.
+QSize Card::minimumSizeHint() const {
+  const QSize content = QWidget::minimumSizeHint();
+  const QMargins margins = contentsMargins();
+  const int word =
+      fontMetrics().boundingRect(QRect(0, 0, 1, QWIDGETSIZE_MAX), kTitleFlags, title()).width();
+  return content.expandedTo(QSize(word + margins.left() + margins.right(), 0));
+}
+
+void Card::changeEvent(QEvent* event) {
+  QGroupBox::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) MakeRoom();
+}
+
+void Card::resizeEvent(QResizeEvent* event) {
+  QGroupBox::resizeEvent(event);
+  MakeRoom();
+}
+
+QRect Card::TitleArea() const {
+  if (title().isEmpty()) return {};
+  const QRect room = contentsRect();
+  const QRect text =
+      fontMetrics().boundingRect(QRect(0, 0, room.width(), QWIDGETSIZE_MAX), kTitleFlags, title());
+  return QRect(room.left(), room.top(), room.width(), text.height());
+}
+
+void Card::MakeRoom() {
+  if (!layout()) return;
+  const QRect area = TitleArea();
+  const int top = area.isEmpty() ? 0 : area.height() + (IsTile(*this) ? kTileTitleGap : kTitleGap);
+  if (layout()->contentsMargins().top() != top) layout()->setContentsMargins(0, top, 0, 0);
+}
+
+void Card::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionGroupBox option;
+  initStyleOption(&option);
+  option.text.clear();
+  option.subControls = QStyle::SC_GroupBoxFrame;
+  painter.drawComplexControl(QStyle::CC_GroupBox, option);
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(TitleArea(), kTitleFlags | (IsTile(*this) ? Qt::AlignHCenter : Qt::AlignLeft),
+                   title());
+}
+
+}  // namespace marlex

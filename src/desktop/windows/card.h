@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QGroupBox>
+
+namespace marlex {
+
+/// A frame that shows its title whole: a title too long for one line is wrapped, and the content
+/// moves down. Its face "tile" centres the title.
+class Card : public QGroupBox {
+ public:
+  using QGroupBox::QGroupBox;
+
+  void ShowTitle(const QString& title);
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  QRect TitleArea() const;
+  void MakeRoom();
+};
+
+}  // namespace marlex
