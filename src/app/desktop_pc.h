@@ -1,8 +1,10 @@
 #pragma once
 
+#include <memory>
+
 #include "desktop/files/directories.h"
 #include "desktop/files/profile_files.h"
-#include "desktop/mixer/desk_mixer.h"
+#include "desktop/mixer/engine_mixer.h"
 #include "desktop/process/process.h"
 #include "desktop/process/qt_event_loop.h"
 #include "desktop/process/wall_clock.h"
@@ -27,7 +29,7 @@ struct DesktopPc {
   EngineWavePlayer WavPlayer{Sound, Loop};
   EngineWavePlayer WavControl{Sound, Loop};
   EngineSongPlayer MP3Player{Sound};
-  DeskMixer Mixer{Sound};
+  std::unique_ptr<MixerFunctions> Mixer = MakeEngineMixer(Loop, Sound);
   QtDialogs Boxes;
 
   Pc Ports() {
@@ -39,7 +41,7 @@ struct DesktopPc {
             .WavPlayer = WavPlayer,
             .WavControl = WavControl,
             .MP3Player = MP3Player,
-            .Mixer = Mixer,
+            .Mixer = *Mixer,
             .Boxes = Boxes,
             .TheProcess = TheProcess};
   }

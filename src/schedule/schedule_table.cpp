@@ -1,7 +1,7 @@
 #include "schedule/schedule_table.h"
 
 #include "platform/runtime_failure.h"
-#include "state/characters.h"
+#include "state/file_names.h"
 
 namespace marlex {
 

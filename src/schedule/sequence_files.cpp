@@ -2,7 +2,7 @@
 
 #include "platform/directories.h"
 #include "platform/runtime_failure.h"
-#include "state/characters.h"
+#include "platform/text_case.h"
 
 namespace marlex {
 namespace {
@@ -21,7 +21,7 @@ std::vector<std::string> SplitCuttingLast(const std::string& text, char separato
     parts.push_back(text.substr(start, end - start));
     start = end + 1;
   }
-  parts.push_back(FirstCharacters(text.substr(start), kLongestLast));
+  parts.emplace_back(FirstCharacters(std::string_view(text).substr(start), kLongestLast));
   return parts;
 }
 

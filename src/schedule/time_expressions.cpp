@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "platform/runtime_failure.h"
-#include "state/characters.h"
+#include "platform/text_case.h"
 
 namespace marlex {
 namespace {
@@ -51,7 +51,8 @@ std::string TimeExpressions::Item(const std::string& expression, int item, int l
   const auto start = static_cast<std::size_t>(CommaPositions[place - 1]);
   const int comma = CommaPositions[place];
   if (comma != 0) return expression.substr(start, static_cast<std::size_t>(comma) - 1 - start);
-  return FirstCharacters(expression.substr(start), static_cast<std::size_t>(longestLast));
+  return std::string(FirstCharacters(std::string_view(expression).substr(start),
+                                     static_cast<std::size_t>(longestLast)));
 }
 
 void TimeExpressions::ExpandHourItems() {
