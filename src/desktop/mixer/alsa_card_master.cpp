@@ -1,0 +1,226 @@
+#include "desktop/mixer/alsa_card_master.h"
+
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+#include "desktop/mixer/alsa_master.h"
+
+namespace marlex {
+
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::milliseconds;
+
+constexpr auto kFirstAnswerLimit = 1s;
+constexpr auto kSettleLimit = 200ms;
+constexpr auto kFarewellLimit = 500ms;
+constexpr milliseconds kFirstRetry = 1s;
+constexpr milliseconds kLongestRetry = 60s;
+constexpr milliseconds kForever(-1);
+constexpr milliseconds kBetweenEvents =
+    20ms;  // a device that reports without end keeps nobody busy
+
+/// A server that is away would fill the log with one line for each try. The library has one place
+/// for this in the whole program.
+void SayNothing(const char*, int, const char*, int, const char*, ...) {}
+
+}  // namespace
+
+class AlsaCardMaster::Worker {
+ public:
+  Worker(std::string device, std::function<void()> report)
+      : Device(std::move(device)),
+        Waker(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
+        Report(std::move(report)) {}
+  ~Worker() { close(Waker); }
+  Worker(const Worker&) = delete;
+  Worker& operator=(const Worker&) = delete;
+
+  // For the system's thread.
+
+  std::optional<CardState> FoundState() {
+    const std::lock_guard<std::mutex> lock(Guard);
+    return Found;
+  }
+
+  void Wish(const CardWish& wish) {
+    const std::lock_guard<std::mutex> lock(Guard);
+    if (wish == Wished) return;
+    Wished = wish;
+    Settled = false;
+    if (Found) Wake();  // while it is away, wishes must not hurry the search
+  }
+
+  void SetWanted(bool wanted) {
+    Wanted = wanted;
+    ++Orders;
+    Wake();
+  }
+
+  void AwaitFirstAnswer() {
+    std::unique_lock<std::mutex> lock(Guard);
+    Changed.wait_for(lock, kFirstAnswerLimit, [this] { return Looked; });
+  }
+
+  void AwaitSettled() {
+    std::unique_lock<std::mutex> lock(Guard);
+    Changed.wait_for(lock, kSettleLimit, [this] { return Settled || !Found; });
+  }
+
+  /// Asks the thread to end. Whether it has ended within the limit.
+  bool Finish() {
+    std::unique_lock<std::mutex> lock(Guard);
+    Report = nullptr;
+    Quit = true;
+    ++Orders;
+    Wake();
+    return Changed.wait_for(lock, kFarewellLimit, [this] { return Ended; });
+  }
+
+  // For the thread.
+
+  void Run() {
+    milliseconds retry = kFirstRetry;
+    while (!Quit) {
+      const std::uint64_t order = Orders;
+      if (!Wanted) {
+        SleepUntilWoken(kForever);
+        retry = kFirstRetry;
+        continue;
+      }
+      if (FollowMaster(order)) retry = kFirstRetry;
+      if (order == Orders) SleepUntilWoken(retry);
+      retry = std::min(2 * retry, kLongestRetry);
+    }
+    const std::lock_guard<std::mutex> lock(Guard);
+    Ended = true;
+    Changed.notify_all();
+  }
+
+ private:
+  /// Opens the device and serves it until it is lost or another order has come. False when there is
+  /// no master.
+  bool FollowMaster(std::uint64_t order) {
+    const std::unique_ptr<AlsaMaster> master = AlsaMaster::Open(Device);
+    if (!master) {
+      Publish(std::nullopt);
+      return false;
+    }
+    const CardState found = master->Read();
+    if (ApplyWish(*master)) {
+      Publish(found);
+      while (order == Orders && ApplyWish(*master) && AwaitEvents(*master)) continue;
+    }
+    Publish(std::nullopt);
+    return true;
+  }
+
+  bool ApplyWish(AlsaMaster& master) {
+    CardWish wish;
+    {
+      const std::lock_guard<std::mutex> lock(Guard);
+      if (Settled && Found) return true;
+      wish = Wished;
+    }
+    if (!master.Apply(wish)) return false;
+    const std::lock_guard<std::mutex> lock(Guard);
+    Settled = wish == Wished;
+    Changed.notify_all();
+    return true;
+  }
+
+  /// Sleeps until somebody wishes something or something happens at the card. False when it is
+  /// lost.
+  bool AwaitEvents(AlsaMaster& master) {
+    std::vector<pollfd> descriptors = {{Waker, POLLIN, 0}};
+    master.AppendDescriptors(descriptors);
+    poll(descriptors.data(), descriptors.size(), -1);
+    short card = 0;
+    for (std::size_t i = 1; i < descriptors.size(); ++i) card |= descriptors[i].revents;
+    if (card & (POLLERR | POLLHUP | POLLNVAL)) return false;
+    if (card) {
+      if (!master.HandleEvents()) return false;
+      SleepUntilWoken(kBetweenEvents);
+    }
+    ForgetWakes();
+    return true;
+  }
+
+  void SleepUntilWoken(milliseconds limit) {
+    pollfd descriptor = {Waker, POLLIN, 0};
+    poll(&descriptor, 1, static_cast<int>(limit.count()));
+    ForgetWakes();
+  }
+
+  void Wake() { eventfd_write(Waker, 1); }
+
+  void ForgetWakes() {
+    eventfd_t ignored;
+    eventfd_read(Waker, &ignored);
+  }
+
+  void Publish(const std::optional<CardState>& found) {
+    const std::lock_guard<std::mutex> lock(Guard);
+    Looked = true;
+    const bool changed = found.has_value() != Found.has_value();
+    Found = found;
+    Changed.notify_all();
+    if (changed && Report) Report();
+  }
+
+  const std::string Device;
+  const int Waker;
+
+  std::atomic<bool> Wanted{true};
+  std::atomic<bool> Quit{false};
+  std::atomic<std::uint64_t> Orders{0};  // counts the changes of these two
+
+  std::mutex Guard;  // guards what stands below it; never held during a call of ALSA
+  std::condition_variable Changed;
+  std::function<void()> Report;  // null when nobody listens any more
+  CardWish Wished;
+  std::optional<CardState> Found;  // as it was before our wish
+  bool Settled = true;             // the card has the last wish
+  bool Looked = false;             // the first look for the card is over
+  bool Ended = false;
+};
+
+AlsaCardMaster::AlsaCardMaster(EventLoop& loop, const std::string& device) {
+  snd_lib_error_set_handler(SayNothing);
+  const auto tell = [this, &loop, token = std::weak_ptr(Token)] {
+    loop.Post([this, token] {
+      if (!token.expired() && OnChange) OnChange();
+    });
+  };
+  Work = std::make_shared<Worker>(device, tell);
+  Thread = std::thread([work = Work] { work->Run(); });
+  Work->AwaitFirstAnswer();
+}
+
+AlsaCardMaster::~AlsaCardMaster() {
+  if (Work->Finish()) {
+    Thread.join();
+  } else {
+    Thread.detach();
+  }
+}
+
+std::optional<CardState> AlsaCardMaster::Found() const { return Work->FoundState(); }
+
+void AlsaCardMaster::Wish(const CardWish& wish) { Work->Wish(wish); }
+
+void AlsaCardMaster::SetWanted(bool wanted) { Work->SetWanted(wanted); }
+
+void AlsaCardMaster::Settle() { Work->AwaitSettled(); }
+
+}  // namespace marlex

@@ -1,0 +1,172 @@
+#include "desktop/mixer/desk_mixer.h"
+
+#include <set>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace marlex {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Values = std::vector<std::uint32_t>;
+
+/// A mixer of three lines that no device stands behind.
+class DeskMixerTest : public testing::Test {
+ protected:
+  void SetUp() override { Make(true); }
+
+  void Make(bool withMicrophone) {
+    DeskMixerParts parts;
+    parts.CardName = "Card";
+    parts.Speakers = std::make_unique<EngineLine>(Master);
+    parts.Wave = std::make_unique<EngineLine>(Wave);
+    if (withMicrophone) parts.Microphone = std::make_unique<EngineLine>(Microphone);
+    Mixer = std::make_unique<DeskMixer>(std::move(parts));
+    ASSERT_EQ(Mixer->Open(0, Handle), kMixerNoError);
+  }
+
+  std::uint32_t Control(std::uint32_t component, std::uint32_t type) {
+    const auto line = Mixer->GetLineOfType(Handle, component);
+    if (!line) return 0;
+    return Mixer->GetLineControl(Handle, line->LineId, type).value_or(0);
+  }
+  std::uint32_t Set(std::uint32_t control, const Values& values) {
+    return Mixer->SetControlDetails(Handle, control, values);
+  }
+  Values Get(std::uint32_t control, std::uint32_t channels) {
+    return Mixer->GetControlDetails(Handle, control, channels);
+  }
+
+  SoundLine Master;
+  SoundLine Wave;
+  SoundLine Microphone{true};
+  std::unique_ptr<DeskMixer> Mixer;
+  std::uint32_t Handle = 0;
+};
+
+TEST_F(DeskMixerTest, TheOneDeviceIsTheCardAndItsOneDestinationTheSpeakers) {
+  EXPECT_EQ(Mixer->GetNumDevs(), 1u);
+  MixerCaps caps;
+  EXPECT_EQ(Mixer->GetDevCaps(0, caps), kMixerNoError);
+  EXPECT_EQ(caps.ProductName, "Card");
+  EXPECT_EQ(caps.Destinations, 1u);
+  const auto speakers = Mixer->GetDestination(Handle, 0);
+  ASSERT_TRUE(speakers);
+  EXPECT_EQ(speakers->ComponentType, kComponentSpeakers);
+  EXPECT_EQ(speakers->Channels, 2u);
+  EXPECT_EQ(speakers->Connections, 2u);
+  EXPECT_FALSE(Mixer->GetDestination(Handle, 1));
+}
+
+TEST_F(DeskMixerTest, TheSourcesAreTheWaveOutputAndTheMicrophone) {
+  const auto wave = Mixer->GetSource(Handle, 0, 0);
+  const auto microphone = Mixer->GetSource(Handle, 0, 1);
+  ASSERT_TRUE(wave && microphone);
+  EXPECT_EQ(wave->ComponentType, kComponentWaveOut);
+  EXPECT_EQ(microphone->ComponentType, kComponentMicrophone);
+  EXPECT_FALSE(wave->Name.empty());
+  EXPECT_FALSE(Mixer->GetSource(Handle, 0, 2));
+  EXPECT_FALSE(Mixer->GetSource(Handle, 1, 0));
+}
+
+TEST_F(DeskMixerTest, WithoutAMicrophoneThereIsNoLineOfIt) {
+  const std::uint32_t mute = Control(kComponentMicrophone, kControlMute);
+  Make(false);
+  EXPECT_EQ(Mixer->GetDestination(Handle, 0)->Connections, 1u);
+  EXPECT_FALSE(Mixer->GetSource(Handle, 0, 1));
+  EXPECT_FALSE(Mixer->GetLineOfType(Handle, kComponentMicrophone));
+  EXPECT_NE(Set(mute, {0}), kMixerNoError);
+  EXPECT_TRUE(Microphone.Muted());
+}
+
+TEST_F(DeskMixerTest, WithoutAnOutputThereIsNoMixer) {
+  DeskMixerParts parts;
+  parts.HasOutput = false;
+  DeskMixer none(std::move(parts));
+  std::uint32_t handle = 0;
+  MixerCaps caps;
+  EXPECT_EQ(none.GetNumDevs(), 0u);
+  EXPECT_NE(none.Open(0, handle), kMixerNoError);
+  EXPECT_NE(none.GetDevCaps(0, caps), kMixerNoError);
+}
+
+TEST_F(DeskMixerTest, EveryLineHasThreeControlsWithIdsOfTheirOwnAndNoneIsNought) {
+  std::set<std::uint32_t> ids;
+  for (const auto component : {kComponentSpeakers, kComponentWaveOut, kComponentMicrophone}) {
+    for (const auto type : {kControlVolume, kControlMute, kControlPeakMeter}) {
+      ids.insert(Control(component, type));
+    }
+  }
+  EXPECT_EQ(ids.size(), 9u);
+  EXPECT_FALSE(ids.contains(0));
+  EXPECT_FALSE(Mixer->GetLineControl(Handle, 4711, kControlMute));
+  EXPECT_FALSE(Mixer->GetLineControl(Handle, Mixer->GetSource(Handle, 0, 0)->LineId, 4711));
+}
+
+TEST_F(DeskMixerTest, AVolumeGoesThroughBothWaysOneValueAChannel) {
+  const std::uint32_t volume = Control(kComponentWaveOut, kControlVolume);
+  EXPECT_THAT(Get(volume, 2), ElementsAre(65535, 65535));
+  EXPECT_EQ(Set(volume, {12345, 54321}), kMixerNoError);
+  EXPECT_EQ(Wave.Level(), (StereoLevel{12345, 54321}));
+  EXPECT_THAT(Get(volume, 2), ElementsAre(12345, 54321));
+  EXPECT_THAT(Get(volume, 1), ElementsAre(12345));
+  EXPECT_EQ(Master.Level(), StereoLevel{});
+  EXPECT_EQ(Microphone.Level(), StereoLevel{});
+}
+
+TEST_F(DeskMixerTest, ASingleVolumeCountsForBothChannelsAndTooMuchIsFull) {
+  const std::uint32_t volume = Control(kComponentMicrophone, kControlVolume);
+  EXPECT_EQ(Set(volume, {0}), kMixerNoError);
+  EXPECT_EQ(Microphone.Level(), (StereoLevel{0, 0}));
+  EXPECT_EQ(Set(volume, {65536, 0xFFFFFFFF}), kMixerNoError);
+  EXPECT_EQ(Microphone.Level(), (StereoLevel{65535, 65535}));
+}
+
+TEST_F(DeskMixerTest, AMuteIsOneValueForTheWholeLine) {
+  const std::uint32_t mute = Control(kComponentMicrophone, kControlMute);
+  EXPECT_THAT(Get(mute, 2), ElementsAre(1, 1));
+  EXPECT_EQ(Set(mute, {0}), kMixerNoError);
+  EXPECT_FALSE(Microphone.Muted());
+  EXPECT_THAT(Get(mute, 1), ElementsAre(0));
+  EXPECT_EQ(Set(mute, {1}), kMixerNoError);
+  EXPECT_TRUE(Microphone.Muted());
+}
+
+TEST_F(DeskMixerTest, AMeterReadsTheLoudestSampleSinceTheLastReading) {
+  const std::uint32_t peak = Control(kComponentSpeakers, kControlPeakMeter);
+  Master.Meter(0.5F);
+  Master.Meter(0.25F);
+  const Values values = Get(peak, 1);
+  ASSERT_EQ(values.size(), 1u);
+  EXPECT_NEAR(values[0], 16384, 1);
+  EXPECT_THAT(Get(peak, 1), ElementsAre(0));
+  EXPECT_NE(Set(peak, {1}), kMixerNoError);
+}
+
+TEST_F(DeskMixerTest, AnUnknownControlIsRefusedWithoutConsequence) {
+  for (const std::uint32_t control : {0u, 4u, 15u, 16u, 52u, 0xFFFFFFFFu}) {
+    EXPECT_NE(Set(control, {0}), kMixerNoError) << control;
+    EXPECT_THAT(Get(control, 2), IsEmpty()) << control;
+  }
+  const std::uint32_t volume = Control(kComponentSpeakers, kControlVolume);
+  EXPECT_NE(Set(volume, {}), kMixerNoError);
+  EXPECT_NE(Set(volume, {1, 2, 3}), kMixerNoError);
+  EXPECT_EQ(Master.Level(), StereoLevel{});
+  EXPECT_EQ(Wave.Level(), StereoLevel{});
+}
+
+TEST_F(DeskMixerTest, AClosedMixerAnswersNothing) {
+  const std::uint32_t volume = Control(kComponentWaveOut, kControlVolume);
+  Mixer->Close(Handle);
+  EXPECT_NE(Set(volume, {0}), kMixerNoError);
+  EXPECT_THAT(Get(volume, 2), IsEmpty());
+  EXPECT_FALSE(Mixer->GetDestination(Handle, 0));
+  EXPECT_FALSE(Mixer->GetLineOfType(Handle, kComponentWaveOut));
+  EXPECT_EQ(Wave.Level(), StereoLevel{});
+  EXPECT_EQ(Mixer->GetNumDevs(), 1u);
+}
+
+}  // namespace
+}  // namespace marlex
