@@ -1,0 +1,84 @@
+#include "desktop/mixer/engine_mixer.h"
+
+#include <chrono>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "desktop/mixer/private_sound_server.h"
+#include "desktop/process/qt_event_loop.h"
+
+namespace marlex {
+namespace {
+
+using namespace std::chrono_literals;
+using SteadyClock = std::chrono::steady_clock;
+
+constexpr auto kLimit = 30s;  // for what must happen, however busy the machine is
+
+/// The mixer of a desk as it is composed, on a sound server of the test's own.
+class EngineMixerTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs pulseaudio and pactl";
+    ASSERT_TRUE(Server.Start());
+    Engine = std::make_unique<SoundEngine>(Loop);
+    Mixer = MakeEngineMixer(Loop, *Engine);
+    ASSERT_EQ(Mixer->Open(0, Handle), kMixerNoError);
+  }
+
+  void Set(std::uint32_t component, std::uint32_t type, const std::vector<std::uint32_t>& values) {
+    const auto line = Mixer->GetLineOfType(Handle, component);
+    ASSERT_TRUE(line);
+    const auto control = Mixer->GetLineControl(Handle, line->LineId, type);
+    ASSERT_TRUE(control);
+    EXPECT_EQ(Mixer->SetControlDetails(Handle, *control, values), kMixerNoError);
+  }
+
+  testing::AssertionResult Await(const std::function<bool()>& done) {
+    const auto deadline = SteadyClock::now() + kLimit;
+    const auto watchdog = Loop.StartTimer(20, [] {});
+    bool held = false;
+    Loop.PumpUntil([&] { return (held = done()) || SteadyClock::now() > deadline; });
+    Loop.StopTimer(watchdog);
+    return held ? testing::AssertionSuccess() : testing::AssertionFailure() << "waited in vain";
+  }
+
+  PrivateSoundServer Server;
+  QtEventLoop Loop;
+  std::unique_ptr<SoundEngine> Engine;
+  std::unique_ptr<MixerFunctions> Mixer;
+  std::uint32_t Handle = 0;
+};
+
+TEST_F(EngineMixerTest, TheSpeakersAreTheServersOutputAndTheWaveLineIsTheEnginesOwn) {
+  Set(kComponentSpeakers, kControlVolume, {32768, 16384});
+  Set(kComponentWaveOut, kControlVolume, {100, 200});
+  EXPECT_TRUE(Await([&] { return Server.Level(0) == 32769 && Server.Level(1) == 16384; }));
+  EXPECT_EQ(Engine->Master().Level(), StereoLevel{});
+  EXPECT_EQ(Engine->Wave().Level(), (StereoLevel{100, 200}));
+}
+
+TEST_F(EngineMixerTest, WhatWasSetRightBeforeTheMixerIsClosedHasReachedTheCard) {
+  Set(kComponentSpeakers, kControlMute, {1});
+  Mixer->Close(Handle);
+  EXPECT_TRUE(Server.IsMuted());
+  EXPECT_TRUE(Engine->Master().Muted());
+}
+
+TEST_F(EngineMixerTest, LevelAndMuteAreAsSetWhenTheServerStartsAgain) {
+  Set(kComponentSpeakers, kControlVolume, {20000, 20000});
+  Set(kComponentSpeakers, kControlMute, {1});
+  ASSERT_TRUE(Await([&] { return Server.IsMuted(); }));
+  Server.Kill();
+  ASSERT_TRUE(Await([&] { return !Engine->OutputAlive(); }));
+  EXPECT_TRUE(Await([&] { return Engine->Master().Level() == StereoLevel{20000, 20000}; }));
+  Set(kComponentSpeakers, kControlVolume, {30000, 30000});
+  ASSERT_TRUE(Server.Start());
+  ASSERT_TRUE(Await([&] { return Engine->OutputAlive(); }));
+  EXPECT_TRUE(Await([&] { return Server.Level(0) == 30000 && Server.IsMuted(); }));
+  EXPECT_TRUE(Await([&] { return Engine->Master().Level() == StereoLevel{}; }));
+}
+
+}  // namespace
+}  // namespace marlex
