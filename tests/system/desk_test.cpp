@@ -113,6 +113,35 @@ TEST(Songs, FollowEachOtherAndThePlaylistFileKeepsThePlace) {
   EXPECT_NEAR(first[0].Length(), 4.0, 0.1);
 }
 
+TEST(Songs, FilesOfEveryRateSoundAtTheirOwnPitchAndLength) {
+  constexpr int kSongRates[] = {16'000, 22'050, 24'000, 32'000, 48'000};
+  stage::InstallationFiles files;
+  for (int rate : kSongRates) {
+    double frequency = 300 + 400 * double(files.Songs.size());
+    files.Songs.push_back({std::to_string(rate), stage::Tone(frequency, 2, kTonePeak, rate)});
+  }
+  files.Songs.push_back({"Rest", stage::Tone(5000, 20, 0.01)});
+  files.Messages = {{"Low", stage::Tone(3100, 1, kTonePeak, 8000)},
+                    {"High", stage::Tone(3500, 1, kTonePeak, 96'000)}};
+  files.Sequences = {{"Opening", "Low,High", "09", "00"}};
+  Desk desk(files);
+  desk.Start("2031-05-05 08:59:43");
+  ASSERT_TRUE(AwaitTone(desk, 3500, 60));
+  ASSERT_TRUE(desk.Await("frmMain.cmdPlay", "enabled", "yes"));
+  stage::Recording heard = desk.Card->Take();
+  for (double frequency = 300; frequency < 300 + 400 * double(std::size(kSongRates));
+       frequency += 400) {
+    std::vector<stage::Span> song = heard.Tone(frequency, -25);
+    ASSERT_EQ(song.size(), 1U) << frequency;
+    EXPECT_NEAR(song[0].Length(), 2, 0.08) << frequency;
+  }
+  for (double frequency : {3100, 3500}) {
+    std::vector<stage::Span> message = heard.Tone(frequency, -25);
+    ASSERT_EQ(message.size(), 1U) << frequency;
+    EXPECT_NEAR(message[0].Length(), 1, 0.03) << frequency;
+  }
+}
+
 TEST(Songs, TheStopKeySilencesTheMusicAndReleasesTheZones) {
   Desk desk(TwoSongs(40));
   desk.Start();

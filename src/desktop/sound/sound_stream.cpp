@@ -6,6 +6,8 @@
 #include <thread>
 #include <vector>
 
+#include "desktop/sound/rate_converter.h"
+
 namespace marlex {
 namespace {
 
@@ -60,13 +62,15 @@ void SoundStream::Want(Wanted wanted) {
 }
 
 void SoundStream::Run(const std::string& path, OpenDecoder open) {
-  const std::unique_ptr<Decoder> decoder = open(path);
-  if (decoder) {
-    Settle(Opening::kOpen, decoder->Seconds());
-    Decode(*decoder);
+  std::unique_ptr<Decoder> file = open(path);
+  const bool isOpen = file != nullptr;
+  if (isOpen) {
+    RateConverter decoder(std::move(file));
+    Settle(Opening::kOpen, decoder.Seconds());
+    Decode(decoder);
   }
   DecodedAll.store(true, std::memory_order_release);
-  if (!decoder) Settle(Opening::kRefused, 0);
+  if (!isOpen) Settle(Opening::kRefused, 0);
 }
 
 void SoundStream::Settle(Opening outcome, double seconds) {

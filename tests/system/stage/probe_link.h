@@ -51,8 +51,8 @@ class ProbeLink {
   /// All changes so far, in their order.
   std::vector<WindowEvent> Events() const;
 
-  /// Place of a control, an unfolded menu item, or a cell ("grdSchedule 1 0", row 0 is the heading); absent when it
-  /// cannot be seen.
+  /// Place of a control, an unfolded menu item, or a cell ("grdSchedule 1 0", row 0 is the
+  /// heading); absent when it cannot be seen.
   std::optional<ScreenArea> Geometry(const std::string& object);
 
  private:

@@ -15,26 +15,28 @@ constexpr double kLadderFoot =
 constexpr double kLadderStep = 200;
 
 /// A sine whose frequency may change without a jump of its phase.
-Sound Sweep(double seconds, double level, const std::function<double(double)>& frequencyAt) {
+Sound Sweep(double seconds, double level, int rate,
+            const std::function<double(double)>& frequencyAt) {
   Sound sound;
+  sound.Rate = rate;
   double phase = 0;
-  auto count = size_t(seconds * Sound::kRate);
+  auto count = size_t(seconds * rate);
   sound.Samples.reserve(count);
   for (size_t i = 0; i < count; ++i) {
     sound.Samples.push_back(float(level * std::sin(phase)));
-    phase += 2 * std::numbers::pi * frequencyAt(double(i) / Sound::kRate) / Sound::kRate;
+    phase += 2 * std::numbers::pi * frequencyAt(double(i) / rate) / rate;
   }
   return sound;
 }
 
 }  // namespace
 
-Sound Tone(double frequency, double seconds, double level) {
-  return Sweep(seconds, level, [frequency](double) { return frequency; });
+Sound Tone(double frequency, double seconds, double level, int rate) {
+  return Sweep(seconds, level, rate, [frequency](double) { return frequency; });
 }
 
 Sound Ladder(double seconds, double level) {
-  return Sweep(seconds, level,
+  return Sweep(seconds, level, Sound::kRate,
                [](double time) { return LadderFrequency(int(time / kLadderStepSeconds)); });
 }
 
@@ -47,7 +49,7 @@ std::vector<double> LadderFrequencies() {
 }
 
 bool WriteWavFile(const std::string& file, const Sound& sound) {
-  return WriteWav(file, sound.Samples, Sound::kRate);
+  return WriteWav(file, sound.Samples, sound.Rate);
 }
 
 bool WriteMp3File(const std::string& file, const Sound& sound) {
