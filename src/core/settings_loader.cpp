@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "state/characters.h"
+#include "state/file_names.h"
 #include "state/numbers.h"
 
 namespace marlex {
