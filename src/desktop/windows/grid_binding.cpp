@@ -14,8 +14,8 @@ namespace {
 
 constexpr int kCellMargin = 10;
 constexpr int kRowAir = 10;  // above and below the text of a row together
-constexpr double kDesignFontHeight =
-    13;  // pixels; column widths were designed for it, at 15 twips a pixel
+// Column widths are meant for a line of this many pixels, at 15 twips a pixel.
+constexpr double kDesignFontHeight = 17;
 constexpr double kTwipsPerPixel = 15;
 
 Qt::Alignment AlignmentOf(GridAlignment alignment) {
@@ -153,17 +153,27 @@ void GridBinding::Paint() {
 }
 
 void GridBinding::PaintColumns() {
+  int needed = 2 * View.frameWidth() + View.verticalScrollBar()->sizeHint().width();
   for (int column = 0; column < Grid::kColumns; ++column) {
     const bool hidden = Cells.ColWidth(column) == 0;
     if (View.isColumnHidden(column) != hidden) View.setColumnHidden(column, hidden);
-    if (!hidden && column < Grid::kColumns - 1) View.setColumnWidth(column, PixelWidth(column));
+    if (hidden) continue;
+    const bool isLast = column == Grid::kColumns - 1;  // takes the room that the others leave
+    const int width =
+        isLast ? HeadingWidth(column) : std::max(DesignWidth(column), HeadingWidth(column));
+    if (!isLast) View.setColumnWidth(column, width);
+    needed += width;
   }
+  if (needed != View.minimumWidth()) View.setMinimumWidth(needed);
 }
 
-int GridBinding::PixelWidth(int column) const {
+int GridBinding::HeadingWidth(int column) const {
+  return View.horizontalHeader()->sectionSizeHint(column);
+}
+
+int GridBinding::DesignWidth(int column) const {
   const double scale = View.fontMetrics().height() / kDesignFontHeight / kTwipsPerPixel;
-  const int designed = static_cast<int>(Cells.ColWidth(column) * scale) + 2 * kCellMargin;
-  return std::max(designed, View.horizontalHeader()->sectionSizeHint(column));
+  return static_cast<int>(Cells.ColWidth(column) * scale) + 2 * kCellMargin;
 }
 
 void GridBinding::PaintRows() {

@@ -55,7 +55,8 @@ class GridBinding : public QObject, public WidgetBinding {
   void PaintColumns();
   void PaintRows();
   void PaintPlace();
-  int PixelWidth(int column) const;
+  int HeadingWidth(int column) const;
+  int DesignWidth(int column) const;
   bool Choose(int row, int column);
 
   Grid& Cells;

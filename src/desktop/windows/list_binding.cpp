@@ -55,9 +55,10 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
   Watch.OnRelease = [this](Qt::MouseButton) { Release(); };
   OutsideTimer.setInterval(kOutsideStepMs);
   connect(&OutsideTimer, &QTimer::timeout, this, [this] { FollowPointer(); });
-  connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this](const QModelIndex& current) {
-            if (!Painting) SelectByKey(current.row());
+  // A list that only gets the focus makes an entry current; it selects none.
+  connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          [this](const QItemSelection& selected) {
+            if (!Painting && !selected.isEmpty()) SelectByKey(selected.indexes().first().row());
           });
 }
 
@@ -83,7 +84,8 @@ void ListBinding::ScrollAsSelected() {
   }
   Selections.clear();
   const QModelIndex current = Has(List.ListIndex()) ? Model.index(List.ListIndex()) : QModelIndex();
-  if (current == View.currentIndex()) return;
+  const bool isSelected = View.selectionModel()->isSelected(current);
+  if (current == View.currentIndex() && isSelected == current.isValid()) return;
   View.selectionModel()->clear();
   View.setCurrentIndex(current);
 }

@@ -5,6 +5,8 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <memory>
+#include <utility>
 
 #include "desktop/windows/shown_text.h"
 
@@ -46,6 +48,15 @@ std::string Result(const QStringList& files) {
   return directory.toStdString();
 }
 
+QMessageBox* MakeBox(const std::string& body, BoxIcon icon, const std::string& caption) {
+  const bool isCritical = icon == BoxIcon::Critical;
+  auto* box = new QMessageBox(isCritical ? QMessageBox::Critical : QMessageBox::Information,
+                              ShownText(caption), ShownText(body), QMessageBox::Ok, FrontWindow());
+  box->setObjectName("messageBox");
+  box->setTextFormat(Qt::PlainText);
+  return box;
+}
+
 }  // namespace
 
 std::string QtDialogs::ShowOpen(const FileDialog& dialog) {
@@ -61,12 +72,16 @@ std::string QtDialogs::ShowOpen(const FileDialog& dialog) {
 }
 
 void QtDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) {
-  const bool isCritical = icon == BoxIcon::Critical;
-  QMessageBox box(isCritical ? QMessageBox::Critical : QMessageBox::Information, ShownText(caption),
-                  ShownText(body), QMessageBox::Ok, FrontWindow());
-  box.setObjectName("messageBox");
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
+  std::unique_ptr<QMessageBox>(MakeBox(body, icon, caption))->exec();
+}
+
+void QtDialogs::OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
+                        std::function<void()> onAnswer) {
+  QMessageBox* box = MakeBox(body, icon, caption);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setWindowModality(Qt::ApplicationModal);
+  QObject::connect(box, &QDialog::finished, std::move(onAnswer));
+  box->show();
 }
 
 }  // namespace marlex

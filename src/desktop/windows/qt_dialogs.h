@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/dialogs.h"
@@ -14,6 +15,8 @@ class QtDialogs : public Dialogs {
 
  protected:
   void ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) override;
+  void OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
+               std::function<void()> onAnswer) override;
 };
 
 }  // namespace marlex

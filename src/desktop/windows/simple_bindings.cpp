@@ -141,10 +141,8 @@ class OptionBinding : public ButtonBinding {
   OptionBinding(OptionButton& option, QAbstractButton& widget, Hand& hand)
       : ButtonBinding(option, widget), Option(option) {
     QObject::connect(&widget, &QAbstractButton::clicked, [&option, &hand] {
-      hand.Forward(option, [&option] {
-        option.SetValue(true);
-        PaintArrayOf(option);
-      });
+      hand.Forward(option, [&option] { option.SetValue(true); });
+      PaintArrayOf(option);
     });
   }
 

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWidget>
+
+namespace marlex {
+
+/// A mouse on one widget, as the window system would report it. The pointer may leave the widget
+/// while a key is held.
+class Mouse {
+ public:
+  explicit Mouse(QWidget& widget) : Target(widget) {}
+
+  void Press(QPoint at, Qt::MouseButton key = Qt::LeftButton) {
+    Held |= key;
+    Send(QEvent::MouseButtonPress, at, key);
+  }
+  void Move(QPoint to) { Send(QEvent::MouseMove, to, Qt::NoButton); }
+  void Release(QPoint at, Qt::MouseButton key = Qt::LeftButton) {
+    Held &= ~Qt::MouseButtons(key);
+    Send(QEvent::MouseButtonRelease, at, key);
+  }
+  void Click(QPoint at) {
+    Press(at);
+    Release(at);
+  }
+  void DoubleClick(QPoint at) {
+    Click(at);
+    Held |= Qt::LeftButton;
+    Send(QEvent::MouseButtonDblClick, at, Qt::LeftButton);
+    Release(at);
+  }
+  void Press() { Press(Target.rect().center()); }
+  void Release() { Release(Target.rect().center()); }
+  void Click() { Click(Target.rect().center()); }
+
+ private:
+  void Send(QEvent::Type type, QPoint at, Qt::MouseButton key) {
+    QMouseEvent event(type, at, Target.mapToGlobal(at), key, Held, Qt::NoModifier);
+    QApplication::sendEvent(&Target, &event);
+  }
+
+  QWidget& Target;
+  Qt::MouseButtons Held;
+};
+
+}  // namespace marlex

@@ -1,0 +1,136 @@
+#include "desktop/windows/qt_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include "desktop/windows/desk.h"
+
+namespace marlex {
+namespace {
+
+/// Does `action` with the next dialog of type T that opens.
+template <class T>
+void WhenOpen(std::function<void(T&)> action) {
+  auto* watch = new QTimer(qApp);
+  QObject::connect(watch, &QTimer::timeout, [watch, action] {
+    auto* box = qobject_cast<T*>(QApplication::activeModalWidget());
+    if (!box || !box->isVisible()) return;
+    watch->deleteLater();
+    watch->stop();
+    action(*box);
+  });
+  watch->start(1);
+}
+
+TEST(QtDialogs, AMessageBoxShowsItsTextsAndIcon) {
+  QtDialogs dialogs;
+  QString seen;
+  WhenOpen<QMessageBox>([&](QMessageBox& box) {
+    EXPECT_EQ(box.icon(), QMessageBox::Critical);
+    EXPECT_EQ(box.objectName(), "messageBox");
+    EXPECT_EQ(box.windowTitle(), "Problem");
+    seen = box.text();
+    box.accept();
+  });
+  dialogs.MsgBox("<b>Cannot</b> find\rC:\\Music\\\r\nClick & go", BoxIcon::Critical, "Problem");
+  EXPECT_EQ(seen, "<b>Cannot</b> find\nC:\\Music\\\nClick & go");
+}
+
+TEST(QtDialogs, TimersGoOnUnderABox) {
+  QtDialogs dialogs;
+  int ticks = 0;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] {
+    if (++ticks == 3) QApplication::activeModalWidget()->close();
+  });
+  timer.start(1);
+  dialogs.MsgBox("Waiting", BoxIcon::Information, "Info");
+  EXPECT_GE(ticks, 3);
+}
+
+TEST(QtDialogs, AnotherBoxMayStandOnTheFirst) {
+  QtDialogs dialogs;
+  std::string story;
+  WhenOpen<QMessageBox>([&](QMessageBox& first) {
+    WhenOpen<QMessageBox>([&](QMessageBox& second) {
+      EXPECT_EQ(second.text(), "two");
+      EXPECT_TRUE(first.isVisible());
+      second.accept();
+    });
+    dialogs.MsgBox("two", BoxIcon::Information, "");
+    dialogs.MsgBox("one", BoxIcon::Information, "");  // open already
+    story += "two, ";
+    first.accept();
+  });
+  dialogs.MsgBox("one", BoxIcon::Information, "");
+  EXPECT_EQ(story + "one", "two, one");
+}
+
+struct Folder {
+  Folder() {
+    for (const char* name : {"a.sch", "b c.sch", "other.txt"}) {
+      QFile file(Place.filePath(name));
+      EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+  }
+  FileDialog Asked(bool many) const {
+    return {"Schedules (*.sch)|*.sch", "sch", Place.path().toStdString() + "/", many};
+  }
+  QTemporaryDir Place;
+};
+
+TEST(QtDialogs, AFileDialogIsSetAsAsked) {
+  Folder folder;
+  QtDialogs dialogs;
+  WhenOpen<QFileDialog>([&](QFileDialog& box) {
+    EXPECT_EQ(box.nameFilters(), QStringList("Schedules (*.sch)"));
+    EXPECT_EQ(box.defaultSuffix(), "sch");
+    EXPECT_EQ(box.directory().path(), folder.Place.path());
+    EXPECT_TRUE(box.testOption(QFileDialog::DontUseNativeDialog));
+    EXPECT_TRUE(box.testOption(QFileDialog::ReadOnly));
+    box.reject();
+  });
+  EXPECT_EQ(dialogs.ShowOpen(folder.Asked(true)), "");
+}
+
+void Choose(QFileDialog& box, const QString& names) {
+  box.findChild<QLineEdit*>("fileNameEdit")->setText(names);
+  static_cast<QDialog&>(box)
+      .findChild<QDialogButtonBox*>()
+      ->button(QDialogButtonBox::Open)
+      ->click();
+}
+
+TEST(QtDialogs, OneFileComesBackAsItsPath) {
+  Folder folder;
+  QtDialogs dialogs;
+  WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "b c.sch"); });
+  EXPECT_EQ(dialogs.ShowOpen(folder.Asked(false)), folder.Place.filePath("b c.sch").toStdString());
+}
+
+TEST(QtDialogs, SeveralFilesComeBackAsDirectoryAndNames) {
+  Folder folder;
+  QtDialogs dialogs;
+  WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "\"a.sch\" \"b c.sch\""); });
+  EXPECT_EQ(dialogs.ShowOpen(folder.Asked(true)),
+            folder.Place.path().toStdString() + "/ a.sch b c.sch");
+}
+
+TEST(QtDialogs, PicturesOfTheBoxes) {
+  Desk desk;
+  QtDialogs dialogs;
+  const auto keep = [](QWidget& box, const char* name) {
+    QDir().mkpath(QString(MARLEX_BINARY_DIR) + "/screenshots");
+    EXPECT_TRUE(box.grab().save(QString(MARLEX_BINARY_DIR) + "/screenshots/" + name + ".png"));
+    box.close();
+  };
+  WhenOpen<QMessageBox>([&](QMessageBox& box) { keep(box, "message_box"); });
+  dialogs.MsgBox("Cannot find music directory /home/music/", BoxIcon::Critical, "Problem");
+  Folder folder;
+  WhenOpen<QFileDialog>([&](QFileDialog& box) { keep(box, "file_dialog"); });
+  dialogs.ShowOpen(folder.Asked(true));
+}
+
+}  // namespace
+}  // namespace marlex

@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include "desktop/windows/binder.h"
+#include "desktop/windows/desk.h"
+#include "desktop/windows/mouse.h"
+
+namespace marlex {
+namespace {
+
+/// A small window with the kinds of control that the main window has none of.
+struct Bench {
+  template <class T>
+  T& Add(const char* name) {
+    auto* widget = new T(&Window);
+    widget->setObjectName(name);
+    Rows.addWidget(widget);
+    return *widget;
+  }
+
+  void Show() {
+    View.emplace(Place, Window, Loop);
+    Place.Show();
+    Settle();
+  }
+
+  void Settle() {
+    for (int round = 0; round < 3; ++round) {
+      Loop.Pump();
+      QApplication::processEvents();
+    }
+  }
+
+  VirtualLoop Loop;
+  Form Place{"frmBench", "Bench"};
+  QWidget Window;
+  QVBoxLayout Rows{&Window};
+  std::optional<Binder> View;
+};
+
+TEST(SimpleBindings, ACheckBoxHoldsOneOrNought) {
+  Bench bench;
+  CheckBox check(bench.Place, "chkMute");
+  auto& widget = bench.Add<QCheckBox>("chkMute");
+  int clicks = 0;
+  check.OnClick = [&] { ++clicks; };
+  bench.Show();
+  Mouse(widget).Click({8, widget.height() / 2});
+  bench.Settle();
+  EXPECT_EQ(check.Value, 1);
+  check.Value = 0;
+  bench.Settle();
+  EXPECT_FALSE(widget.isChecked());
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST(SimpleBindings, OneOptionOfAnArrayIsOn) {
+  Bench bench;
+  ControlArray<OptionButton> options(bench.Place, "optPort", 0, 2);
+  std::vector<QRadioButton*> widgets;
+  for (const char* name : {"optPort_0", "optPort_1", "optPort_2"})
+    widgets.push_back(&bench.Add<QRadioButton>(name));
+  options[0].SetValue(true);
+  bench.Show();
+  Mouse(*widgets[2]).Click({8, widgets[2]->height() / 2});
+  bench.Settle();
+  EXPECT_FALSE(options[0].Value());
+  EXPECT_TRUE(options[2].Value());
+  options[1].SetValue(true);
+  bench.Settle();
+  EXPECT_FALSE(widgets[0]->isChecked());
+  EXPECT_TRUE(widgets[1]->isChecked());
+  EXPECT_FALSE(widgets[2]->isChecked());
+  options[1].SetValue(false);
+  bench.Settle();
+  EXPECT_FALSE(widgets[1]->isChecked()) << "a group may be all off";
+}
+
+TEST(SimpleBindings, AnOptionThatWasDisabledMeanwhileKeepsItsArray) {
+  Bench bench;
+  ControlArray<OptionButton> options(bench.Place, "optPort", 0, 1);
+  auto& first = bench.Add<QRadioButton>("optPort_0");
+  auto& second = bench.Add<QRadioButton>("optPort_1");
+  options[0].SetValue(true);
+  bench.Show();
+  options[1].Enabled = false;
+  Mouse(second).Click({8, second.height() / 2});
+  bench.Settle();
+  EXPECT_TRUE(options[0].Value());
+  EXPECT_TRUE(first.isChecked());
+  EXPECT_FALSE(second.isChecked());
+}
+
+TEST(SimpleBindings, TypedTextReachesTheControl) {
+  Bench bench;
+  TextBox box(bench.Place, "txtName");
+  auto& widget = bench.Add<QLineEdit>("txtName");
+  int changes = 0;
+  box.OnChange = [&] { ++changes; };
+  bench.Show();
+  box.Text = "Hall";
+  bench.Settle();
+  EXPECT_EQ(widget.text(), "Hall");
+  QTest::keyClicks(&widget, " B");
+  bench.Settle();
+  EXPECT_EQ(box.Text.Get(), "Hall B");
+  EXPECT_EQ(changes, 3) << "one by code and one for each key";
+}
+
+TEST(SimpleBindings, ASliderMovesBothWays) {
+  Bench bench;
+  Slider slider(bench.Place, "slMaster");
+  auto& widget = bench.Add<QSlider>("slMaster");
+  int changes = 0;
+  slider.OnChange = [&] { ++changes; };
+  bench.Show();
+  slider.Value = 40000;
+  bench.Settle();
+  EXPECT_EQ(widget.value(), 40000);
+  EXPECT_EQ(changes, 1);
+  widget.setSliderPosition(100);
+  bench.Settle();
+  EXPECT_EQ(slider.Value.Get(), 100);
+  EXPECT_EQ(changes, 2);
+}
+
+}  // namespace
+}  // namespace marlex
