@@ -1,6 +1,7 @@
 #include "desktop/windows/card.h"
 
 #include <QLayout>
+#include <QResizeEvent>
 #include <QStyleOptionGroupBox>
 #include <QStylePainter>
 
@@ -22,13 +23,17 @@ void Card::ShowTitle(const QString& shown) {
   MakeRoom();
 }
 
-/// The layout's own size, at least as wide as the longest word of the title.
+/// At least as wide as the longest word of the title, and as high as wrapped lines need at the
+/// present width; a layout alone counts a line that wraps as one.
 QSize Card::minimumSizeHint() const {
-  const QSize content = QWidget::minimumSizeHint();
   const QMargins margins = contentsMargins();
   const int word =
       fontMetrics().boundingRect(QRect(0, 0, 1, QWIDGETSIZE_MAX), kTitleFlags, title()).width();
-  return content.expandedTo(QSize(word + margins.left() + margins.right(), 0));
+  const QSize smallest =
+      QWidget::minimumSizeHint().expandedTo(QSize(word + margins.left() + margins.right(), 0));
+  if (!layout() || !layout()->hasHeightForWidth()) return smallest;
+  const int wrapped = layout()->totalHeightForWidth(qMax(width(), smallest.width()));
+  return smallest.expandedTo(QSize(0, wrapped));
 }
 
 void Card::changeEvent(QEvent* event) {
@@ -39,6 +44,7 @@ void Card::changeEvent(QEvent* event) {
 void Card::resizeEvent(QResizeEvent* event) {
   QGroupBox::resizeEvent(event);
   MakeRoom();
+  if (event->oldSize().width() != width()) updateGeometry();
 }
 
 QRect Card::TitleArea() const {
