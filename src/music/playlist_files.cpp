@@ -65,10 +65,8 @@ void PlaylistFiles::LoadPlaylist() {
 }
 
 void PlaylistFiles::ReadSongs() {
-  for (int position = 1;; ++position) {
-    const std::string song = Store.ReadProfileValue("Playlist", "Song:" + std::to_string(position),
-                                                    Store.Values.CurrentPlaylistFile);
-    if (song.empty()) return;
+  for (const std::string& song :
+       Store.ReadNumberedValues("Playlist", "Song:", Store.Values.CurrentPlaylistFile)) {
     TheFrmMain.lstPlaylist.AddItem(song);
   }
 }

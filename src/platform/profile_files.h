@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace marlex {
 
@@ -18,6 +19,13 @@ class ProfileFiles {
   /// be read.
   virtual std::string GetString(const std::string& section, const std::string& key,
                                 const std::string& file, std::size_t maxCharacters) const = 0;
+
+  /// What `GetString` gives for the keys `keyPrefix` with 1, 2 and so on behind it, up to the first
+  /// that is absent or empty, from one reading of the file.
+  virtual std::vector<std::string> GetNumbered(const std::string& section,
+                                               const std::string& keyPrefix,
+                                               const std::string& file,
+                                               std::size_t maxCharacters) const = 0;
 
   /// Writes the value through to the file: an existing key keeps its place and spelling, a missing
   /// file, section or key is created, and everything else stays byte for byte. The file is replaced

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <optional>
+#include <unordered_map>
 
 #include "platform/text_case.h"
 
@@ -106,6 +107,19 @@ KeyPlace Find(std::string_view text, std::string_view section, std::string_view 
   return place;
 }
 
+std::string ValueIn(std::string_view content, std::size_t maxCharacters) {
+  const std::string_view value = WithoutBlanks(content.substr(content.find('=') + 1));
+  return std::string(FirstCharacters(WithoutQuotes(value), maxCharacters));
+}
+
+/// Number at the end of a line's key when what stands before it is the prefix; else empty.
+std::string_view NumberOfKey(std::string_view content, std::string_view keyPrefix) {
+  if (content.starts_with(';') || content.find('=') == std::string_view::npos) return {};
+  const std::string_view key = WithoutBlanks(content.substr(0, content.find('=')));
+  const std::size_t number = key.find_last_not_of("0123456789") + 1;
+  return SameButForCase(key.substr(0, number), keyPrefix) ? key.substr(number) : "";
+}
+
 /// Line end in use at this line: its own, or for a last line without one that of the first line.
 std::string_view LineEndAt(std::string_view text, const Line& line) {
   if (line.Next > line.End) return text.substr(line.End, line.Next - line.End);
@@ -144,9 +158,32 @@ std::string ProfileValue(std::string_view text, std::string_view section, std::s
                          std::size_t maxCharacters) {
   const KeyPlace place = Find(text, WithoutBlanks(section), WithoutBlanks(key));
   if (!place.KeyLine) return "";
-  const std::string_view content = Content(text, *place.KeyLine);
-  const std::string_view value = WithoutBlanks(content.substr(content.find('=') + 1));
-  return std::string(FirstCharacters(WithoutQuotes(value), maxCharacters));
+  return ValueIn(Content(text, *place.KeyLine), maxCharacters);
+}
+
+std::vector<std::string> NumberedProfileValues(std::string_view text, std::string_view section,
+                                               std::string_view keyPrefix,
+                                               std::size_t maxCharacters) {
+  std::unordered_map<std::string_view, std::string_view> lineOfNumber;
+  bool inside = false;
+  LineReader lines(text);
+  while (const auto line = lines.Next()) {
+    const std::string_view content = Content(text, *line);
+    if (IsSection(content)) {
+      if (inside) break;
+      inside = SameButForCase(SectionName(content), WithoutBlanks(section));
+    } else if (inside) {
+      lineOfNumber.try_emplace(NumberOfKey(content, keyPrefix), content);
+    }
+  }
+  std::vector<std::string> values;
+  while (true) {
+    const auto next = lineOfNumber.find(std::to_string(values.size() + 1));
+    const std::string value =
+        next == lineOfNumber.end() ? "" : ValueIn(next->second, maxCharacters);
+    if (value.empty()) return values;
+    values.push_back(value);
+  }
 }
 
 std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace marlex {
 
@@ -18,6 +19,13 @@ namespace marlex {
 /// when there is none.
 std::string ProfileValue(std::string_view text, std::string_view section, std::string_view key,
                          std::size_t maxCharacters);
+
+/// Values of the keys that are `keyPrefix` and a number, "Song:1", "Song:2" and so on, up to the
+/// first that is absent or empty: what `ProfileValue` gives for one after the other, in one pass.
+/// The prefix does not end in a digit.
+std::vector<std::string> NumberedProfileValues(std::string_view text, std::string_view section,
+                                               std::string_view keyPrefix,
+                                               std::size_t maxCharacters);
 
 /// `text` with the value set. An existing line keeps its place and its spelling up to its `=`; a
 /// missing key follows the last line of its section that is not blank; a missing section follows

@@ -12,6 +12,13 @@ std::string MemoryProfiles::GetString(const std::string& section, const std::str
   return text ? ProfileValue(*text, section, key, maxCharacters) : "";
 }
 
+std::vector<std::string> MemoryProfiles::GetNumbered(const std::string& section,
+                                                     const std::string& keyPrefix,
+                                                     const std::string& file,
+                                                     std::size_t maxCharacters) const {
+  return NumberedProfileValues(Disk.Read(file).value_or(""), section, keyPrefix, maxCharacters);
+}
+
 bool MemoryProfiles::WriteString(const std::string& section, const std::string& key,
                                  const std::string& value, const std::string& file) {
   const std::optional<std::string> text = Disk.Read(file);

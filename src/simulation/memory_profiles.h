@@ -17,6 +17,9 @@ class MemoryProfiles : public ProfileFiles {
 
   std::string GetString(const std::string& section, const std::string& key, const std::string& file,
                         std::size_t maxCharacters) const override;
+  std::vector<std::string> GetNumbered(const std::string& section, const std::string& keyPrefix,
+                                       const std::string& file,
+                                       std::size_t maxCharacters) const override;
   bool WriteString(const std::string& section, const std::string& key, const std::string& value,
                    const std::string& file) override;
 

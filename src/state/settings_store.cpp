@@ -14,6 +14,12 @@ std::string SettingsStore::ReadProfileValue(const std::string& section, const st
   return Profiles.GetString(section, key, file, kLongestValue);
 }
 
+std::vector<std::string> SettingsStore::ReadNumberedValues(const std::string& section,
+                                                           const std::string& keyPrefix,
+                                                           const std::string& file) const {
+  return Profiles.GetNumbered(section, keyPrefix, file, kLongestValue);
+}
+
 void SettingsStore::WriteProfileValue(const std::string& section, const std::string& key,
                                       const std::string& value, const std::string& file) {
   Profiles.WriteString(section, key, value, file);

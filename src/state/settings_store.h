@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/process.h"
 #include "platform/profile_files.h"
@@ -19,6 +20,12 @@ class SettingsStore {
   /// absent or unreadable.
   std::string ReadProfileValue(const std::string& section, const std::string& key,
                                const std::string& file) const;
+
+  /// Values of the keys `keyPrefix` with 1, 2 and so on behind it, up to the first that is absent
+  /// or empty; each as `ReadProfileValue` gives it.
+  std::vector<std::string> ReadNumberedValues(const std::string& section,
+                                              const std::string& keyPrefix,
+                                              const std::string& file) const;
 
   /// Writes a value through; an empty one is written as such and deletes nothing. A failed write
   /// goes unnoticed.

@@ -116,6 +116,35 @@ TEST(ProfileText, WritingAValueTwiceChangesNothingMore) {
   }
 }
 
+using Values = std::vector<std::string>;
+
+Values ValuesOneAfterTheOther(std::string_view text, std::size_t maxCharacters) {
+  Values values;
+  while (true) {
+    const std::string value =
+        ProfileValue(text, "S", "k:" + std::to_string(values.size() + 1), maxCharacters);
+    if (value.empty()) return values;
+    values.push_back(value);
+  }
+}
+
+TEST(ProfileText, NumberedValuesAreThoseOfTheirKeysOneAfterTheOther) {
+  constexpr std::size_t kMost = 4;
+  const auto numbered = [](std::string_view text) {
+    const Values values = NumberedProfileValues(text, " s ", "k:", kMost);
+    EXPECT_EQ(values, ValuesOneAfterTheOther(text, kMost)) << testing::PrintToString(text);
+    return values;
+  };
+  EXPECT_EQ(numbered("[S]\nk:1=a\nk:2= b \nk:3='c'\n"), (Values{"a", "b", "c"}));
+  EXPECT_EQ(numbered("[S]\nK:3=c\n k:1 =a\nk:2=b\nk:2=again"), (Values{"a", "b", "c"}));
+  EXPECT_EQ(numbered("[S]\nk:1=a\nk:2=b\nk:4=d\n"), (Values{"a", "b"}));
+  EXPECT_EQ(numbered("[S]\nk:1=a\nk:2=\nk:3=c\n"), (Values{"a"}));
+  EXPECT_EQ(numbered("[S]\nk:01=a\nk:=b\nk:x1=c\n"), Values{});
+  EXPECT_EQ(numbered("[S]\n;k:1=a\nk:1\nk:1=ärger\n"), (Values{"ärge"}));
+  EXPECT_EQ(numbered("[T]\nk:1=t\n[S]\nk:1=a\n[s]\nk:2=b\n"), (Values{"a"}));
+  EXPECT_EQ(numbered(""), Values{});
+}
+
 /// Every text of up to five of these characters goes through all rules: none is cut short, and a
 /// value that was set is the value that is read.
 TEST(ProfileText, AnyTextIsAFileToWhichAValueCanBeAdded) {

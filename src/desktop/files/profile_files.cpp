@@ -10,6 +10,13 @@ std::string DiskProfileFiles::GetString(const std::string& section, const std::s
   return ProfileValue(ReadWholeFile(file).Text, section, key, maxCharacters);
 }
 
+std::vector<std::string> DiskProfileFiles::GetNumbered(const std::string& section,
+                                                       const std::string& keyPrefix,
+                                                       const std::string& file,
+                                                       std::size_t maxCharacters) const {
+  return NumberedProfileValues(ReadWholeFile(file).Text, section, keyPrefix, maxCharacters);
+}
+
 bool DiskProfileFiles::WriteString(const std::string& section, const std::string& key,
                                    const std::string& value, const std::string& file) {
   const WholeFile old = ReadWholeFile(file);

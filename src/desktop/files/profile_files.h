@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "platform/profile_files.h"
 
@@ -14,6 +15,9 @@ class DiskProfileFiles : public ProfileFiles {
  public:
   std::string GetString(const std::string& section, const std::string& key, const std::string& file,
                         std::size_t maxCharacters) const override;
+  std::vector<std::string> GetNumbered(const std::string& section, const std::string& keyPrefix,
+                                       const std::string& file,
+                                       std::size_t maxCharacters) const override;
   bool WriteString(const std::string& section, const std::string& key, const std::string& value,
                    const std::string& file) override;
 };
