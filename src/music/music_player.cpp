@@ -94,17 +94,17 @@ void MusicPlayer::cmdStop_Click() {
   if (Store.Values.RouterPresent) TheFrmPlayers.TolvoPort.Output(kReleaseText);
 }
 
-/// A refused song is skipped as an operator would skip it. A list of which every song is refused is
-/// gone through once.
+/// A refused song is skipped as an operator would skip it; a list of which every song is refused is
+/// gone through once. The position is written when the round is over, since thousands of writes to
+/// a disk would hold up the amplifier and the keys.
 void MusicPlayer::MP3Player_EndOfStream() {
   PlayWaitingMessages();
-  for (int tried = 0; tried < TheFrmMain.lstPlaylist.ListCount(); ++tried) {
-    if (LoadNextSong()) {
-      PlaySong();
-      return;
-    }
-    TheFrmPlayers.MP3Player.Stop();
-  }
+  const int songs = TheFrmMain.lstPlaylist.ListCount();
+  if (songs == 0) return;
+  bool loaded = LoadNextSong();
+  for (int tried = 1; !loaded && tried < songs; ++tried) loaded = LoadNextSong();
+  WriteLastSong(TheFrmMain.lstPlaylist.ListIndex());
+  if (loaded) PlaySong();
 }
 
 void MusicPlayer::PlayWaitingMessages() {
@@ -123,7 +123,6 @@ bool MusicPlayer::LoadNextSong() {
   } else {
     NewListPosition();
   }
-  WriteLastSong(list.ListIndex());
   CurrentSongIndex = list.ListIndex();
   CurrentSongPath = SelectedSongPath();
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
