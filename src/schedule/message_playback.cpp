@@ -75,8 +75,9 @@ void MessagePlayback::Announce() {
 }
 
 /// The first cell of the table's current row, on which the tick left it; an operator who rebuilds
-/// the table meanwhile has another row painted.
+/// the table meanwhile has another row painted, and one who empties it none.
 void MessagePlayback::PaintPlayingCell(Color back, Color text) {
+  if (TheFrmMain.grdSchedule.Row() == 0) return;
   TheFrmMain.grdSchedule.SetCol(kTimeColumn);
   TheFrmMain.grdSchedule.SetCellColors(back, text);
 }
