@@ -23,6 +23,9 @@ class SoundServer {
 
   Environment Variables() const;
 
+  /// Id of its process, which must be running.
+  pid_t Pid() const { return Server->Pid(); }
+
   /// Ends it without a farewell, as a crash would.
   void Kill();
 

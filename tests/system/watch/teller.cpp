@@ -31,12 +31,20 @@ constexpr std::array kSights = {
     Sight{"frmSettings", "visible"},       Sight{"QMessageBox", "text"},
 };
 
-bool IsWorthALine(const stage::WindowEvent& event) {
+bool IsSight(const stage::WindowEvent& event) {
   for (const Sight& sight : kSights) {
-    if (event.Object == sight.Object && event.Property == sight.Property)
-      return !event.Value.empty();
+    if (event.Object == sight.Object && event.Property == sight.Property) return true;
   }
   return false;
+}
+
+/// "lblMP3Number 1/4", "cmdPlay disabled", "frmLogo shown".
+std::string InWords(const stage::WindowEvent& event) {
+  std::string name = event.Object.starts_with("frmMain.") ? event.Object.substr(8) : event.Object;
+  bool isYes = event.Value == "yes";
+  if (event.Property == "visible") return name + (isYes ? " shown" : " hidden");
+  if (event.Property == "enabled") return name + (isYes ? " enabled" : " disabled");
+  return name + " " + event.Value;
 }
 
 std::string Number(double value) {
@@ -72,8 +80,17 @@ void Teller::TellWindow() {
 }
 
 void Teller::TellEvent(const stage::WindowEvent& event) {
-  if (IsWorthALine(event))
-    Tell(event.Time, "window", event.Object + " " + event.Property + " " + event.Value);
+  std::string& seen = Seen[event.Object + " " + event.Property];
+  bool isFlag = event.Property == "visible" || event.Property == "enabled";
+  bool isNews = seen != event.Value && (!isFlag || !seen.empty() || event.Value == "yes");
+  seen = event.Value;
+  // How the window was made is no news; what it shows then, and what changes, is.
+  bool isDesign = isFlag && event.Object != "frmMain" &&
+                  Watched.Window->Read("frmMain", "visible") != "yes" &&
+                  event.Object.starts_with("frmMain");
+  if (IsSight(event) && isNews && !isDesign && !event.Value.empty()) {
+    Tell(event.Time, "window", InWords(event));
+  }
   bool isCellColour = event.Property.starts_with("cell ") && event.Property.ends_with(" 0 colour");
   if (event.Object == "frmMain.grdSchedule" && isCellColour) TellRow(event);
   if (event.Object.starts_with("frmMain.lblCurrentZone") && event.Property == "colour")
@@ -83,6 +100,7 @@ void Teller::TellEvent(const stage::WindowEvent& event) {
 /// The row that fires turns navy, and green while its messages play.
 void Teller::TellRow(const stage::WindowEvent& event) {
   if (event.Value != kGreen && event.Value != kNavy) return;
+  IsAnnouncing = event.Value == kGreen;
   std::string row = event.Property.substr(5, event.Property.find(' ', 5) - 5);
   std::string time = Watched.Window->Read(event.Object, "cell " + row + " 0");
   std::string messages = Watched.Window->Read(event.Object, "cell " + row + " 4");
@@ -105,8 +123,7 @@ void Teller::TellZones(double time) {
 void Teller::TellSound() {
   constexpr double kChangeDb = 8;
   double now = stage::Now();
-  std::string media;
-  for (const std::string& name : Watched.OpenMedia()) media += (media.empty() ? "" : ", ") + name;
+  std::string media = WhatSounds();
   double level = Watched.Card->LevelNowDb(kLevelSeconds);
   bool isSounding = level > kSilenceDb;
   bool isSame = media == MediaTold && isSounding == WasSounding &&
@@ -117,8 +134,16 @@ void Teller::TellSound() {
   WasSounding = isSounding;
   LevelToldDb = level;
   AsToldUntil = now;
-  std::string files = media.empty() ? "no file open" : media;
-  Tell(now, "sound", isSounding ? files + " at " + Number(level) + " dB" : "silence, " + files);
+  Tell(now, "sound", isSounding ? media + " at " + Number(level) + " dB" : "silence");
+}
+
+/// A song that is paused for a message stays open, and a short message is closed before it has
+/// ended.
+std::string Teller::WhatSounds() {
+  for (const std::string& name : Watched.OpenMedia()) {
+    (name.ends_with(".mp3") ? Song : Message) = name;
+  }
+  return IsAnnouncing ? Message : Song;
 }
 
 void Teller::Tell(double time, const char* kind, const std::string& text) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -26,12 +27,17 @@ class Teller {
   void TellRow(const stage::WindowEvent& event);
   void TellZones(double time);
   void TellSound();
+  std::string WhatSounds();
   void Tell(double time, const char* kind, const std::string& text) const;
 
   const stage::Stage& Watched;
   size_t BytesTold = 0;
   size_t EventsTold = 0;
   std::string ZonesTold;
+  std::map<std::string, std::string> Seen;  // object and property to the value of the last event
+  bool IsAnnouncing = false;                // a row is green
+  std::string Song;  // files that were opened last; they are read ahead, and closed early
+  std::string Message;
   std::string MediaTold;
   bool WasSounding = false;
   double LevelToldDb = 0;
