@@ -282,6 +282,21 @@ TEST(QtEventLoop, AnEventOfQtsOwnEndsAWait) {
   EXPECT_TRUE(done);
 }
 
+// Qt wakes for the call, returns, and delivers it only when it is about to sleep the next time.
+TEST(QtEventLoop, ACallThatAnotherThreadQueuesAtQtEndsAWait) {
+  QtEventLoop loop;
+  QObject receiver;
+  bool done = false;
+  std::thread other([&] {
+    std::this_thread::sleep_for(50ms);
+    QMetaObject::invokeMethod(
+        &receiver, [&] { done = true; }, Qt::QueuedConnection);
+  });
+  loop.PumpUntil([&] { return done; });
+  other.join();
+  EXPECT_TRUE(done);
+}
+
 TEST(QtEventLoop, AnInnerWaitEndsBeforeTheOuterOneGoesOn) {
   QtEventLoop loop;
   std::string order;
