@@ -1,7 +1,8 @@
 #include "simulation/simulated_dialogs.h"
 
-#include <cstddef>
+#include <algorithm>
 #include <cstdint>
+#include <utility>
 
 namespace marlex {
 
@@ -17,18 +18,6 @@ std::string InOneLine(const std::string& text) {
   return line;
 }
 
-/// Holds one place in the list of open boxes until the box closes, however it does.
-class OpenBox {
- public:
-  explicit OpenBox(std::deque<bool>& answered) : Answered(answered) { Answered.push_back(false); }
-  ~OpenBox() { Answered.pop_back(); }
-  OpenBox(const OpenBox&) = delete;
-  OpenBox& operator=(const OpenBox&) = delete;
-
- private:
-  std::deque<bool>& Answered;
-};
-
 }  // namespace
 
 std::string SimulatedDialogs::ShowOpen(const FileDialog& dialog) {
@@ -42,32 +31,65 @@ std::string SimulatedDialogs::ShowOpen(const FileDialog& dialog) {
 }
 
 void SimulatedDialogs::Answer() {
-  for (auto box = Answered.rbegin(); box != Answered.rend(); ++box) {
-    if (*box) continue;
-    *box = true;
-    Loop.Post([] {});  // The wait tests its condition after an event.
-    return;
+  const auto top =
+      std::find_if(Open.rbegin(), Open.rend(), [](const Box& box) { return !box.Answered; });
+  if (top != Open.rend()) Answer(*top);
+}
+
+void SimulatedDialogs::Answer(Box& box) {
+  box.Answered = true;
+  Loop.Post([] {});  // A wait tests its condition after an event.
+  if (!box.OnAnswer) return;
+  box.OnAnswer();
+  Close(box);
+}
+
+void SimulatedDialogs::Reset() {
+  for (const Box& box : Open) {
+    if (box.OnAnswer) box.OnAnswer();
   }
+  Open.clear();
 }
 
 void SimulatedDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) {
+  Record(body, icon, caption);
+  WaitForAnswer();
+}
+
+void SimulatedDialogs::OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
+                               std::function<void()> onAnswer) {
+  Record(body, icon, caption);
+  if (AnswerAfterMs == 0) return onAnswer();
+  Open.push_back({false, std::move(onAnswer)});
+  if (AnswerAfterMs == kNever) return;
+  Loop.Schedule(AnswerAfterMs, [this, box = &Open.back()] {
+    const bool open = std::any_of(Open.begin(), Open.end(), [&](Box& b) { return &b == box; });
+    if (open) Answer(*box);
+  });
+}
+
+void SimulatedDialogs::Record(const std::string& body, BoxIcon icon, const std::string& caption) {
   Boxes.push_back({body, caption, icon});
   Log.Write("box", InOneLine(caption + ": " + body));
-  WaitForAnswer();
 }
 
 void SimulatedDialogs::WaitForAnswer() {
   if (AnswerAfterMs == 0) return;
-  const OpenBox box(Answered);
-  const std::size_t place = Answered.size() - 1;
-  if (AnswerAfterMs == kNever) {
-    Loop.PumpUntil([this, place] { return Answered[place]; });
-    return;
-  }
+  Box& box = Open.emplace_back();
   const std::int64_t answerAtMs = Loop.NowMs() + AnswerAfterMs;
-  Loop.Schedule(AnswerAfterMs, [] {});
-  Loop.PumpUntil(
-      [this, place, answerAtMs] { return Answered[place] || Loop.NowMs() >= answerAtMs; });
+  const bool never = AnswerAfterMs == kNever;
+  if (!never) Loop.Schedule(AnswerAfterMs, [] {});
+  try {
+    Loop.PumpUntil([&] { return box.Answered || (!never && Loop.NowMs() >= answerAtMs); });
+  } catch (...) {
+    Close(box);
+    throw;
+  }
+  Close(box);
+}
+
+void SimulatedDialogs::Close(const Box& box) {
+  Open.remove_if([&box](const Box& open) { return &open == &box; });
 }
 
 }  // namespace marlex

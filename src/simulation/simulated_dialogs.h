@@ -1,6 +1,8 @@
 #pragma once
 
 #include <deque>
+#include <functional>
+#include <list>
 #include <string>
 #include <vector>
 
@@ -34,7 +36,10 @@ class SimulatedDialogs : public Dialogs {
   void Answer();
 
   /// Number of boxes that are open now.
-  int OpenBoxCount() const { return static_cast<int>(Answered.size()); }
+  int OpenBoxCount() const { return static_cast<int>(Open.size()); }
+
+  /// Closes all boxes, as the end of the process does.
+  void Reset();
 
   /// Answers of the file dialogs to come, the first one first; an empty text cancels, and so does
   /// an empty list.
@@ -46,13 +51,23 @@ class SimulatedDialogs : public Dialogs {
 
  protected:
   void ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) override;
+  void OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
+               std::function<void()> onAnswer) override;
 
  private:
+  struct Box {
+    bool Answered = false;
+    std::function<void()> OnAnswer;  // empty where a wait stands in the box
+  };
+
+  void Record(const std::string& body, BoxIcon icon, const std::string& caption);
   void WaitForAnswer();
+  void Answer(Box& box);
+  void Close(const Box& box);
 
   VirtualLoop& Loop;
   Journal& Log;
-  std::deque<bool> Answered;  // of the boxes that are open, the top one last
+  std::list<Box> Open;  // the top one last
 };
 
 }  // namespace marlex

@@ -33,6 +33,7 @@ void SimulatedPc::Restart() {
   WavControl.Reset();
   Song.Reset();
   Mixer.Reset();
+  Dialogs.Reset();
   Process.Reset();
   ReportFailures();
 }

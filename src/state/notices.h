@@ -8,13 +8,14 @@
 namespace marlex {
 
 /// Tells the operator what went wrong without waiting for an answer: the box comes as an event of
-/// its own, so that an announcement never stands still behind a box that nobody reads.
+/// its own and is left standing, so that an announcement never stands still behind a box that
+/// nobody reads.
 class Notices {
  public:
   Notices(EventLoop& loop, Dialogs& dialogs) : Loop(loop), TheDialogs(dialogs) {}
 
   void Tell(const std::string& body, BoxIcon icon, const std::string& caption) {
-    Loop.Post([this, body, icon, caption] { TheDialogs.MsgBox(body, icon, caption); });
+    Loop.Post([this, body, icon, caption] { TheDialogs.LeaveMsgBox(body, icon, caption); });
   }
 
  private:

@@ -117,6 +117,27 @@ TEST(SimulatedDialogs, TimersGoOnUnderAnOpenBoxUntilItIsAnswered) {
   EXPECT_EQ(pc.Dialogs.OpenBoxCount(), 0);
 }
 
+TEST(SimulatedDialogs, ABoxThatIsLeftHoldsNobodyUpAndGoesWithItsAnswerOrTheProcess) {
+  SimulatedPc pc;
+  pc.Dialogs.AnswerAfterMs = 100;
+  bool passed = false;
+  pc.Loop.Do([&] {
+    pc.Dialogs.LeaveMsgBox("body", BoxIcon::Information, "");
+    passed = true;
+  });
+  EXPECT_TRUE(passed);
+  EXPECT_EQ(pc.Dialogs.OpenBoxCount(), 1);
+  pc.Loop.RunFor(100);
+  EXPECT_EQ(pc.Dialogs.OpenBoxCount(), 0);
+  pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
+  for (int start = 0; start < 2; ++start) {
+    pc.Loop.Do([&] { pc.Dialogs.LeaveMsgBox("body", BoxIcon::Information, ""); });
+    EXPECT_EQ(pc.Dialogs.OpenBoxCount(), 1);
+    pc.Restart();
+  }
+  EXPECT_EQ(pc.Dialogs.Boxes.size(), 3u);
+}
+
 TEST(SimulatedDialogs, TopBoxIsAnsweredFirst) {
   SimulatedPc pc;
   std::string closed;

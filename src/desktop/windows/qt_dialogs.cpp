@@ -14,6 +14,8 @@ namespace marlex {
 
 namespace {
 
+constexpr QSize kFileDialogSize(840, 540);
+
 /// The window that a box belongs to: the one in front, else any that can be seen.
 QWidget* FrontWindow() {
   if (QWidget* active = QApplication::activeModalWidget()) return active;
@@ -68,6 +70,7 @@ std::string QtDialogs::ShowOpen(const FileDialog& dialog) {
   box.setNameFilters(NameFilters(dialog.Filter));
   box.setDefaultSuffix(QString::fromStdString(dialog.DefaultExtension));
   box.setDirectory(QString::fromStdString(dialog.InitialDirectory));
+  box.resize(kFileDialogSize);
   return box.exec() == QDialog::Accepted ? Result(box.selectedFiles()) : "";
 }
 

@@ -49,6 +49,21 @@ TEST(QtDialogs, TimersGoOnUnderABox) {
   EXPECT_GE(ticks, 3);
 }
 
+TEST(QtDialogs, ABoxThatIsLeftStandsUntilItIsAnsweredAndHoldsNobodyUp) {
+  QtDialogs dialogs;
+  dialogs.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  ASSERT_TRUE(box);
+  EXPECT_EQ(box->text(), "No paper");
+  dialogs.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+  EXPECT_EQ(QApplication::activeModalWidget(), box);
+  box->accept();
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  dialogs.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+  ASSERT_TRUE(QApplication::activeModalWidget());
+  QApplication::activeModalWidget()->close();
+}
+
 TEST(QtDialogs, AnotherBoxMayStandOnTheFirst) {
   QtDialogs dialogs;
   std::string story;
