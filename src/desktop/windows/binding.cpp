@@ -16,7 +16,7 @@ WidgetBinding::WidgetBinding(VisualControl& control, QWidget& widget)
 void WidgetBinding::Paint() {
   if (Widget.isHidden() == Source.Visible) Widget.setVisible(Source.Visible);
   Widget.setEnabled(Source.Enabled);
-  const QString toolTip = ShownText(Source.ToolTipText).toHtmlEscaped();
+  const QString toolTip = ShownToolTip(Source.ToolTipText);
   if (toolTip != Widget.toolTip()) Widget.setToolTip(toolTip);
   PaintColors();
   PaintHeight();

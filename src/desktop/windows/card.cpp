@@ -19,7 +19,12 @@ bool IsTile(const QWidget& card) { return card.property("face").toString() == "t
 
 void Card::ShowTitle(const QString& shown) {
   if (shown == title()) return;
+  // A clock runs in a title: only its own lines are painted again, not all that the frame holds.
+  setAttribute(Qt::WA_UpdatesDisabled, true);
+  const QRect before = TitleArea();
   setTitle(shown);
+  setAttribute(Qt::WA_UpdatesDisabled, false);
+  update(before.united(TitleArea()));
   MakeRoom();
 }
 

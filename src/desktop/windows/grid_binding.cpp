@@ -45,8 +45,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return ShownText(Cells.TextMatrix(row, column));
     case Qt::ToolTipRole:
-      return column == Grid::kColumns - 1 ? ShownText(Cells.TextMatrix(row, column)).toHtmlEscaped()
-                                          : QString();
+      return ShownToolTip(Cells.TextMatrix(row, column));
     case Qt::BackgroundRole:
       return QBrush(ShownColor(Cells.BackColorAt(row, column)));
     case Qt::ForegroundRole:

@@ -1,5 +1,7 @@
 #include "desktop/windows/shown_text.h"
 
+#include <QTextDocument>
+
 namespace marlex {
 
 QString ShownText(const std::string& text) {
@@ -10,5 +12,10 @@ QString ShownText(const std::string& text) {
 }
 
 QString ShownCaption(const std::string& text) { return ShownText(text).replace("&", "&&"); }
+
+QString ShownToolTip(const std::string& text) {
+  const QString shown = ShownText(text);
+  return Qt::mightBeRichText(shown) ? shown.toHtmlEscaped() : shown;
+}
 
 }  // namespace marlex

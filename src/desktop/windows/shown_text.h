@@ -12,4 +12,7 @@ QString ShownText(const std::string& text);
 /// The same for keys, menus and frames, where a single '&' would underline the letter behind it.
 QString ShownCaption(const std::string& text);
 
+/// The same for a tool tip, which would take a text that looks like HTML for HTML.
+QString ShownToolTip(const std::string& text);
+
 }  // namespace marlex

@@ -41,9 +41,12 @@ class Texts {
   }
 
   void Songs(FrmMain& main) {
+    const char* songs[] = {"Evening walk",   "Harbour lights", "Blue tram",       "Morning market",
+                           "Paper lanterns", "Slow river",     "Garden of glass", "First snow",
+                           "Two bicycles",   "Sunday radio",   "Window seat",     "North wind"};
     for (int song = 1; song <= 24; ++song) {
-      main.lstPlaylist.AddItem("0" + std::to_string(song / 10) + std::to_string(song % 10) +
-                               " Evening walk by the sea");
+      const std::string number = (song < 10 ? "0" : "") + std::to_string(song);
+      main.lstPlaylist.AddItem(number + " " + songs[song * 5 % 12]);
     }
     main.lstPlaylist.SetListIndex(3);
     main.lstPlaylist.ToolTipText = "Double-click to play song";
