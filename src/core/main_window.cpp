@@ -1,13 +1,9 @@
 #include "core/main_window.h"
 
 #include "i18n/translate_controls.h"
+#include "state/week_time.h"
 
 namespace marlex {
-namespace {
-
-std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
-
-}  // namespace
 
 MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
                        FrmMxr& frmMxr, MixerAccess& mixer, const StringTable& strings,
@@ -168,10 +164,8 @@ void MainWindow::ArrangeCallControls() {
 }
 
 void MainWindow::ShowClock() {
-  const LocalTime now = ThePc.Clock.Now();
   TheFrmMain.frSchedule.Caption =
-      TwoDigits(now.Hour) + ":" + TwoDigits(now.Minute) + ":" + TwoDigits(now.Second) +
-      Strings.LoadString(kStrTimeSchedule) +
+      SecondText(ThePc.Clock.Now()) + Strings.LoadString(kStrTimeSchedule) +
       Strings.LoadString(Store.Values.AllDaysView ? kStrAllDays : kStrToday);
 }
 

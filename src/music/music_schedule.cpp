@@ -1,6 +1,7 @@
 #include "music/music_schedule.h"
 
 #include "music/playlist_files.h"
+#include "state/week_time.h"
 
 namespace marlex {
 

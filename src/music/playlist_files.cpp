@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "state/numbers.h"
+#include "state/week_time.h"
 
 namespace marlex {
 namespace {
@@ -20,18 +21,6 @@ bool ToFlag(std::string text) {
 int PlaylistPosition(int lastSongIndex, int songCount) {
   if (songCount == 0) return ListBox::kNoSelection;
   return lastSongIndex >= 0 && lastSongIndex < songCount ? lastSongIndex : 0;
-}
-
-std::string MinuteText(const LocalTime& time) {
-  const auto twoDigits = [](int number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
-  };
-  return twoDigits(time.Hour) + ":" + twoDigits(time.Minute);
-}
-
-bool DayIsOn(const std::string& mask, int weekday) {
-  const auto place = static_cast<std::size_t>(weekday - 1);
-  return place >= mask.size() || mask[place] != '0';
 }
 
 PlaylistFiles::PlaylistFiles(Flags& flags, SettingsStore& store, Directories& directories,

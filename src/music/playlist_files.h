@@ -48,11 +48,4 @@ class PlaylistFiles {
 /// that the list does not have means the first song, and an empty list has none.
 int PlaylistPosition(int lastSongIndex, int songCount);
 
-/// "HH:MM" of a time, 24-hour clock; such texts order as the times do.
-std::string MinuteText(const LocalTime& time);
-
-/// Whether a mask of weekdays, Monday first, has the day on: its character is not "0". A day that
-/// the mask does not reach is on.
-bool DayIsOn(const std::string& mask, int weekday);
-
 }  // namespace marlex

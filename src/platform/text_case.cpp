@@ -123,4 +123,10 @@ std::string_view FirstCharacters(std::string_view text, std::size_t maxCharacter
   return text.substr(0, length);
 }
 
+std::string_view CharactersFrom(std::string_view text, std::size_t first,
+                                std::size_t maxCharacters) {
+  text.remove_prefix(FirstCharacters(text, first - 1).size());
+  return FirstCharacters(text, maxCharacters);
+}
+
 }  // namespace marlex

@@ -29,4 +29,8 @@ bool MatchesPattern(std::string_view name, std::string_view pattern);
 /// The first `maxCharacters` characters of a UTF-8 text; no character is cut in two.
 std::string_view FirstCharacters(std::string_view text, std::size_t maxCharacters);
 
+/// At most `maxCharacters` characters from the `first`-th on, counted from 1; empty behind the end.
+std::string_view CharactersFrom(std::string_view text, std::size_t first,
+                                std::size_t maxCharacters);
+
 }  // namespace marlex

@@ -1,22 +1,19 @@
 #include "schedule/conflicts.h"
 
-#include "platform/runtime_failure.h"
+#include "platform/text_case.h"
 
 namespace marlex {
 namespace {
 
-/// Character of a mask of weekdays at day 1 to 7.
-char DayCharacter(const std::string& mask, int day) {
-  if (day > static_cast<int>(mask.size())) {
-    throw RuntimeFailure("The weekdays \"" + mask + "\" of a sequence are incomplete");
-  }
-  return mask[static_cast<std::size_t>(day - 1)];
+/// Character of a row's weekdays at day 1 to 7; empty behind their end.
+std::string_view DayCharacter(const Grid& table, int row, int day) {
+  return CharactersFrom(table.TextMatrix(row, kDaysColumn), static_cast<std::size_t>(day), 1);
 }
 
 }  // namespace
 
 std::string TimeOf(const Grid& table, int row) {
-  return table.TextMatrix(row, kTimeColumn).substr(0, 5);
+  return std::string(FirstCharacters(table.TextMatrix(row, kTimeColumn), 5));
 }
 
 Conflicts::Conflicts(const Settings& settings, FrmMain& frmMain, const MixerAccess& mixer,
@@ -34,9 +31,11 @@ Conflicts::Conflicts(const Settings& settings, FrmMain& frmMain, const MixerAcce
 void Conflicts::DetectConflicts() {
   ClearMarks();
   ConflictFound = false;
+  std::set<std::string> incomplete;
   for (int row = 1; row < Table.Rows(); ++row) {
-    if (Table.RowHeight(row) >= 1) CompareWithLaterRows(row);
+    if (Table.RowHeight(row) >= 1) CompareWithLaterRows(row, incomplete);
   }
+  if (!incomplete.empty()) TellIncomplete(incomplete);
   if (ConflictFound) {
     ShowConflictNote();
   } else {
@@ -56,29 +55,32 @@ void Conflicts::ClearMarks() {
 
 /// The table is sorted: the first row of another minute ends the search, a removed row or one
 /// without a common day does not.
-void Conflicts::CompareWithLaterRows(int row) {
+void Conflicts::CompareWithLaterRows(int row, std::set<std::string>& incomplete) {
   const std::string time = TimeOf(Table, row);
   for (int later = row + 1; later < Table.Rows(); ++later) {
     if (Table.RowHeight(later) < 1) continue;
     if (TimeOf(Table, later) != time) return;
-    try {
-      if (ShareADay(row, later)) MarkPair(row, later);
-    } catch (const RuntimeFailure& failure) {
-      // One bad file must not take the check of all others with it.
-      TheNotices.Tell(failure.what(), BoxIcon::Critical, Strings.LoadString(kStrError));
-    }
+    if (ShareADay(row, later, incomplete)) MarkPair(row, later);
   }
 }
 
+void Conflicts::TellIncomplete(const std::set<std::string>& schedules) {
+  std::string body = "The weekdays of these message schedules are incomplete:";
+  for (const std::string& schedule : schedules) body += "\r\n" + schedule;
+  TheNotices.Tell(body, BoxIcon::Critical, Strings.LoadString(kStrError));
+}
+
 /// The two sides are tested unlike: the later row must hold the right digit, the earlier one
-/// anything but "0". This is meant.
-bool Conflicts::ShareADay(int earlierRow, int laterRow) const {
-  const std::string& earlier = Table.TextMatrix(earlierRow, kDaysColumn);
-  const std::string& later = Table.TextMatrix(laterRow, kDaysColumn);
+/// anything but "0". This is meant. Weekdays that end before a common day is found leave the pair
+/// undecided, and their schedule is named.
+bool Conflicts::ShareADay(int earlierRow, int laterRow, std::set<std::string>& incomplete) const {
   for (int day = 1; day <= 7; ++day) {
-    const bool laterOn = DayCharacter(later, day) == static_cast<char>('0' + day);
-    const bool earlierOn = DayCharacter(earlier, day) != '0';
-    if (laterOn && earlierOn) return true;
+    const std::string_view later = DayCharacter(Table, laterRow, day);
+    const std::string_view earlier = DayCharacter(Table, earlierRow, day);
+    if (later.empty()) incomplete.insert(Table.TextMatrix(laterRow, kNameColumn));
+    if (earlier.empty()) incomplete.insert(Table.TextMatrix(earlierRow, kNameColumn));
+    if (later.empty() || earlier.empty()) return false;
+    if (later == std::to_string(day) && earlier != "0") return true;
   }
   return false;
 }

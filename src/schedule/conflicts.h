@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "i18n/string_table.h"
@@ -26,8 +27,9 @@ class Conflicts {
  private:
   void grdSchedule_DblClick();
   void ClearMarks();
-  void CompareWithLaterRows(int row);
-  bool ShareADay(int earlierRow, int laterRow) const;
+  void CompareWithLaterRows(int row, std::set<std::string>& incomplete);
+  void TellIncomplete(const std::set<std::string>& schedules);
+  bool ShareADay(int earlierRow, int laterRow, std::set<std::string>& incomplete) const;
   void MarkPair(int earlierRow, int laterRow);
   void ShowConflictNote();
   bool CompactLayout() const;

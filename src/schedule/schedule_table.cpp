@@ -2,6 +2,7 @@
 
 #include "platform/runtime_failure.h"
 #include "state/file_names.h"
+#include "state/week_time.h"
 
 namespace marlex {
 
@@ -61,7 +62,7 @@ void ScheduleTable::AddSequenceRows() {
   const std::string weekdays = read("Weekday(s)");
   const std::string messages = read("Message(s)");
   TimerModeExact = read("Timer") == "Exact";
-  if (!Store.Values.AllDaysView && !RunsToday(weekdays)) return;
+  if (!Store.Values.AllDaysView && !DayIsOn(weekdays, Clock.Now().Weekday)) return;
 
   Times.ParseHours();
   Times.ParseMinutes();
@@ -75,12 +76,6 @@ void ScheduleTable::AddSequenceRows() {
              weekdays, zones, messages);
     }
   }
-}
-
-/// A mask too short to have today's character counts as on.
-bool ScheduleTable::RunsToday(const std::string& weekdays) const {
-  const auto place = static_cast<std::size_t>(Clock.Now().Weekday - 1);
-  return place >= weekdays.size() || weekdays[place] != '0';
 }
 
 void ScheduleTable::AddRow(const std::string& time, const std::string& weekdays,

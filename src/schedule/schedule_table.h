@@ -39,7 +39,6 @@ class ScheduleTable {
   void AddSequenceRows();
   void AddRow(const std::string& time, const std::string& weekdays, const std::string& zones,
               const std::string& messages);
-  bool RunsToday(const std::string& weekdays) const;
   void TellBadFiles(const std::vector<std::string>& badFiles);
 
   SettingsStore& Store;

@@ -1,6 +1,7 @@
 #include "schedule/schedule_tick.h"
 
-#include "music/playlist_files.h"
+#include "platform/text_case.h"
+#include "state/week_time.h"
 
 namespace marlex {
 
@@ -59,8 +60,8 @@ bool ScheduleTick::FindDueRow() {
 /// yes.
 bool ScheduleTick::RowRunsToday() const {
   const std::string& mask = Table.TextMatrix(ScheduleRow, kDaysColumn);
-  std::string tested = mask.substr(0, 5);
-  if (mask.size() > 6) tested += mask.substr(6, 2);
+  std::string tested(FirstCharacters(mask, 5));
+  tested += CharactersFrom(mask, 7, 2);
   return DayIsOn(tested, Clock.Now().Weekday);
 }
 

@@ -5,13 +5,10 @@
 
 #include "platform/runtime_failure.h"
 #include "platform/text_case.h"
+#include "state/week_time.h"
 
 namespace marlex {
 namespace {
-
-std::string TwoDigits(const std::string& number) {
-  return number.size() == 1 ? "0" + number : number;
-}
 
 /// Number that the text begins with; what no hour can reach is held at the bound of the count.
 int Value(const std::string& text) {
@@ -98,19 +95,20 @@ void TimeExpressions::StoreHour(const std::string& hour) {
 
 void TimeExpressions::ParseMinutes() {
   constexpr int kLongestLastItem = 2;
+  MinuteCount = 0;
   CommaPositions.fill(0);
   FindCommas(MinuteExpression);
-  MinuteCount = ItemCount;
-  if (MinuteCount == 1) {
+  if (ItemCount == 1) {
     // A single minute is not shortened.
     MinuteExpression = TwoDigits(MinuteExpression);
     MinuteList[1] = MinuteExpression;
-    return;
+  } else {
+    for (int item = 1; item <= ItemCount; ++item) {
+      MinuteList[static_cast<std::size_t>(item)] =
+          TwoDigits(Item(MinuteExpression, item, kLongestLastItem));
+    }
   }
-  for (int item = 1; item <= MinuteCount; ++item) {
-    MinuteList[static_cast<std::size_t>(item)] =
-        TwoDigits(Item(MinuteExpression, item, kLongestLastItem));
-  }
+  MinuteCount = ItemCount;
 }
 
 }  // namespace marlex

@@ -9,7 +9,9 @@ std::optional<int> ToNumber(const std::string& text) {
   const auto first = text.find_first_not_of(" \t");
   if (first == std::string::npos) return 0;
   const auto last = text.find_last_not_of(" \t");
-  const char* begin = text.data() + first + (text[first] == '+' ? 1 : 0);
+  const bool plus = text[first] == '+';
+  if (plus && text.find('-', first) == first + 1) return std::nullopt;
+  const char* begin = text.data() + first + (plus ? 1 : 0);
   const char* end = text.data() + last + 1;
   int number = 0;
   const auto [stop, error] = std::from_chars(begin, end, number);
