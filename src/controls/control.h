@@ -36,8 +36,8 @@ class Control {
   /// Called after each change of a property; tells the watcher.
   virtual void Changed();
 
-  void KeepDesign();     // the present values become those of the design
-  void ResetToDesign();  // back to the design's values, raising no event
+  void KeepDesign();             // the present values become those of the design
+  virtual void ResetToDesign();  // back to the design's values, raising no event
 
   Form& Owner;
   const std::string Name;

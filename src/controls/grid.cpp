@@ -4,6 +4,15 @@
 
 namespace marlex {
 
+void Grid::ResetToDesign() {
+  VisualControl::ResetToDesign();
+  RowData.assign(1, {});
+  ColumnData.assign(kColumns, {});
+  CurrentRow = 0;
+  CurrentCol = 0;
+  FirstVisibleRow = 1;
+}
+
 void Grid::SetRows(int rows) {
   if (rows < 1) throw RuntimeFailure("A table needs its heading row");
   RowData.resize(static_cast<std::size_t>(rows));

@@ -12,7 +12,8 @@ enum class GridAlignment { Left, Centre };
 
 /// A table of texts with one fixed row, the heading, as row 0. Its cells keep their text and
 /// colours whether or not they can be seen. Rows and columns count from 0; one out of range is a
-/// RuntimeFailure. Heights and widths in twips.
+/// RuntimeFailure. Heights and widths in twips. By design it has its heading row alone, empty, and
+/// columns of no width.
 class Grid : public VisualControl {
  public:
   static constexpr int kColumns = 5;
@@ -20,6 +21,7 @@ class Grid : public VisualControl {
 
   using VisualControl::VisualControl;
   const char* Kind() const override { return "MSFlexGrid"; }
+  void ResetToDesign() override;
 
   int Rows() const { return static_cast<int>(RowData.size()); }
 

@@ -2,6 +2,12 @@
 
 namespace marlex {
 
+void ListBox::ResetToDesign() {
+  VisualControl::ResetToDesign();
+  Entries.clear();
+  Selected = kNoSelection;
+}
+
 const std::string& ListBox::List(int index) const {
   RequireIndex(index);
   return Entries[static_cast<std::size_t>(index)];

@@ -8,14 +8,15 @@
 
 namespace marlex {
 
-/// A list of texts with at most one selected entry. Indices run from 0; an index out of range is a
-/// RuntimeFailure.
+/// A list of texts with at most one selected entry; its design is empty. Indices run from 0; an
+/// index out of range is a RuntimeFailure.
 class ListBox : public VisualControl {
  public:
   static constexpr int kNoSelection = -1;
 
   using VisualControl::VisualControl;
   const char* Kind() const override { return "ListBox"; }
+  void ResetToDesign() override;
 
   int ListCount() const { return static_cast<int>(Entries.size()); }
   const std::string& List(int index) const;

@@ -11,6 +11,7 @@ namespace {
 constexpr std::uint32_t kFullLevel = 65535;
 constexpr std::uint32_t kMostSources = 10;
 constexpr std::uint32_t kDevice = 0;
+constexpr int kNoPosition = -1;
 
 std::string UpToNul(const std::string& text) { return text.substr(0, text.find('\0')); }
 
@@ -95,8 +96,11 @@ void MixerAccess::ReadVolume(int index, const MixerLineInfo& line) {
   const auto values =
       Functions.GetControlDetails(MixerHandle, record.VolumeControlId, line.Channels);
   record.Level = kFullLevel - std::min(values.empty() ? 0 : values.front(), kFullLevel);
-  // The slider starts where the line is, so that the first setting that differs from it is sent.
-  TheFrmMxr.SldrVol[index].Value.Adopt(static_cast<int>(record.Level));
+  // The slider starts where the line is, so that the first setting that differs from it is sent. A
+  // line out of balance stands at no position, and any setting is sent.
+  const bool balanced = std::all_of(values.begin(), values.end(),
+                                    [&](std::uint32_t value) { return value == values.front(); });
+  TheFrmMxr.SldrVol[index].Value.Adopt(balanced ? static_cast<int>(record.Level) : kNoPosition);
   if (index == 0) return;
   if (line.ComponentType == kComponentMicrophone && MicLine == 0) MicLine = index;
   if (line.ComponentType == kComponentWaveOut && WaveLine == 0) WaveLine = index;
