@@ -10,16 +10,27 @@ namespace {
 
 constexpr int kRampFrames = FramesIn(5);
 
-/// Frames whose peaks are taken side by side, which the compiler turns into vector instructions.
+/// Frames that are worked on side by side, which the compiler turns into vector instructions.
 constexpr int kAbreast = 4;
+constexpr int kLanes = kAbreast * kChannels;
+
+/// Multiplies each channel by a constant.
+void Scale(float* stereo, int frames, float left, float right) {
+  const float gains[kLanes] = {left, right, left, right, left, right, left, right};
+  int done = 0;
+  for (; done + kAbreast <= frames; done += kAbreast, stereo += kLanes) {
+    for (int i = 0; i < kLanes; ++i) stereo[i] *= gains[i];
+  }
+  for (int i = 0; i < (frames - done) * kChannels; ++i) stereo[i] *= gains[i];
+}
 
 }  // namespace
 
 StereoPeak PeakOf(const float* stereo, int frames) {
-  float peaks[kAbreast * kChannels] = {};
+  float peaks[kLanes] = {};
   int done = 0;
-  for (; done + kAbreast <= frames; done += kAbreast, stereo += kAbreast * kChannels) {
-    for (int i = 0; i < kAbreast * kChannels; ++i) {
+  for (; done + kAbreast <= frames; done += kAbreast, stereo += kLanes) {
+    for (int i = 0; i < kLanes; ++i) {
       const float amplitude = std::fabs(stereo[i]);
       peaks[i] = amplitude > peaks[i] ? amplitude : peaks[i];
     }
@@ -51,7 +62,7 @@ void GainRamp::Jump() {
   Rest = 0;
 }
 
-void GainRamp::Apply(float* stereo, int frames, StereoPeak& peak) {
+int GainRamp::Apply(float* stereo, int frames, StereoPeak& peak) {
   if (TakeTarget()) {
     Rest = kRampFrames;
     StepLeft = (TargetLeft - Left) / kRampFrames;
@@ -59,24 +70,23 @@ void GainRamp::Apply(float* stereo, int frames, StereoPeak& peak) {
   }
   peak.Left *= std::max(Left, TargetLeft);
   peak.Right *= std::max(Right, TargetRight);
-  int done = 0;
-  for (; done < frames && Rest > 0; ++done, --Rest) {
+  const int moving = std::min(Rest, frames);
+  for (int i = 0; i < moving; ++i) {
     Left += StepLeft;
     Right += StepRight;
-    stereo[done * kChannels] *= Left;
-    stereo[done * kChannels + 1] *= Right;
+    stereo[i * kChannels] *= Left;
+    stereo[i * kChannels + 1] *= Right;
   }
+  Rest -= moving;
   if (Rest == 0) {
     Left = TargetLeft;
     Right = TargetRight;
   }
-  if (done < frames && (Left != 1 || Right != 1)) {
-    for (; done < frames; ++done) {
-      stereo[done * kChannels] *= Left;
-      stereo[done * kChannels + 1] *= Right;
-    }
+  if (moving < frames && (Left != 1 || Right != 1)) {
+    Scale(stereo + moving * kChannels, frames - moving, Left, Right);
   }
   Line.Meter(std::max(peak.Left, peak.Right));
+  return moving;
 }
 
 }  // namespace marlex

@@ -20,8 +20,9 @@ class GainRamp {
   explicit GainRamp(SoundLine& line) : Line(line) { Jump(); }
 
   /// Applies the gain to a block and reports its peak to the line's meter. `peak` is that of the
-  /// block, and becomes that of the result.
-  void Apply(float* stereo, int frames, StereoPeak& peak);
+  /// block, and becomes that of the result, or somewhat more during a ramp. Returns how many frames
+  /// the ramp covers.
+  int Apply(float* stereo, int frames, StereoPeak& peak);
 
   /// Takes over the line's level at once. For the first block behind silence, which needs no ramp.
   void Jump();

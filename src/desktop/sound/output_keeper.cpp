@@ -89,7 +89,6 @@ void OutputKeeper::Use(std::unique_ptr<SoundOutput> output, bool device) {
   }
   OnDevice = false;
   former.reset();
-  Latency = output->LatencyMs();
   SeenUs = SteadyUs();
   output->Start(Source);
   {

@@ -44,7 +44,6 @@ class OutputKeeper {
 
   /// The device takes samples; false while time goes by the timer.
   bool DeviceAlive() const { return OnDevice; }
-  int LatencyMs() const { return Latency; }
 
  private:
   void Run();
@@ -58,7 +57,6 @@ class OutputKeeper {
   std::mutex Guard;                     // of the pointer
   std::unique_ptr<SoundOutput> Output;  // changed by the keeper's thread only
   std::atomic<bool> OnDevice{false};
-  std::atomic<int> Latency{0};
   std::atomic<bool> Quit{false};
   std::atomic<std::uint64_t> Blocks{0};  // taken from the source
   std::uint64_t SeenBlocks = 0;

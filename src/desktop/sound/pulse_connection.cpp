@@ -48,7 +48,7 @@ std::unique_ptr<PulseConnection> PulseConnection::Connect() {
   const auto settled = [&] {
     return connection->Good() || !PA_CONTEXT_IS_GOOD(pa_context_get_state(connection->Server));
   };
-  if (!connection->Begin() || !connection->Await(settled)) return nullptr;
+  if (!connection->Begin() || !connection->Await(settled, kLimitUs)) return nullptr;
   bool good = false;
   connection->Locked([&] { good = connection->Good(); });
   return good ? std::move(connection) : nullptr;
@@ -92,8 +92,8 @@ void PulseConnection::Locked(const std::function<void()>& action) const {
   pa_threaded_mainloop_unlock(Loop);
 }
 
-bool PulseConnection::Await(const std::function<bool()>& done) {
-  const std::int64_t due = SteadyUs() + kLimitUs;
+bool PulseConnection::Await(const std::function<bool()>& done, std::int64_t limitUs) {
+  const std::int64_t due = SteadyUs() + limitUs;
   bool isDone = false;
   do Locked([&] { isDone = done(); });
   while (!isDone && WaitUntil(Changed, due));
@@ -111,7 +111,7 @@ bool PulseConnection::Complete(const std::function<pa_operation*()>& start) {
   });
   if (!operation) return false;
   const bool done =
-      Await([&] { return pa_operation_get_state(operation) != PA_OPERATION_RUNNING; });
+      Await([&] { return pa_operation_get_state(operation) != PA_OPERATION_RUNNING; }, kLimitUs);
   Locked([&] {
     // A late answer must not reach a caller that has gone.
     if (!done) pa_operation_cancel(operation);

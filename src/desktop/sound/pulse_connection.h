@@ -30,7 +30,7 @@ class PulseConnection {
 
   /// Waits until `done`, which is asked under the lock after each `Signal`; false when the time
   /// limit comes first.
-  bool Await(const std::function<bool()>& done);
+  bool Await(const std::function<bool()>& done, std::int64_t limitUs);
 
   /// Starts an operation under the lock and waits for its end. False at the time limit.
   bool Complete(const std::function<pa_operation*()>& start);

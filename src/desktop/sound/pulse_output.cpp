@@ -6,13 +6,24 @@
 namespace marlex {
 namespace {
 
-constexpr int kLatencyMs = 40;  // from sample to sound: what a mute may be late, against wake-ups
-constexpr int kRequestMs = 20;  // samples are asked for in such pieces
-constexpr int kStartMs = 10;    // the sound begins when this much has come
-constexpr std::uint32_t kFrameBytes = kChannels * sizeof(float);
+// The server halves the time between the card, which takes samples in pieces of that length, and a
+// queue that can be written anew while the card plays: so a mute is late by one piece and each
+// piece costs one wake-up.
+constexpr int kPieceMs = 40;
+constexpr int kRequestMs = 2;  // the least that is asked for
+constexpr int kLatencyMs =
+    2 * kPieceMs + 2 * kRequestMs;               // from a sample that is written to its sound
+constexpr int kRewriteMs = kPieceMs - 2;         // of the queue that no piece holds yet
+constexpr int kWorthMs = 10;                     // a shorter rewrite is not worth its message
+constexpr int kStartMs = 10;                     // the sound begins when this much has come
+constexpr std::int64_t kOpenLimitUs = 1500000;   // that a server may take to open a stream
+constexpr std::int64_t kProofLimitUs = 2500000;  // and a card to take its first samples
+constexpr std::int64_t kFrameBytes = kChannels * sizeof(float);
+constexpr std::int64_t kUsPerMs = 1000;
+constexpr std::int64_t kUsPerSecond = 1000000;
 
 constexpr std::uint32_t BytesIn(int milliseconds) {
-  return std::uint32_t(FramesIn(milliseconds)) * kFrameBytes;
+  return std::uint32_t(FramesIn(milliseconds) * kFrameBytes);
 }
 
 void RestoreVolume(pa_context* server, const pa_sink_input_info* info, int, void*) {
@@ -55,12 +66,12 @@ std::unique_ptr<PulseOutput> PulseOutput::Open(std::unique_ptr<PulseConnection> 
   const auto settled = [&] {
     return !output->Living || pa_stream_get_state(output->Stream) == PA_STREAM_READY;
   };
-  if (!connected || !server.Await(settled) || !output->Living) return nullptr;
+  if (!connected || !server.Await(settled, kOpenLimitUs) || !output->Living) return nullptr;
   if (!card.FlatVolume) output->CheckVolume();
   if (!prove) return output;
   server.Locked([&] { output->SetCorked(false); });
-  if (!server.Await([&] { return output->Started || !output->Living; }) || !output->Living)
-    return nullptr;
+  const auto decided = [&] { return output->Started || !output->Living; };
+  if (!server.Await(decided, kProofLimitUs) || !output->Living) return nullptr;
   return output;
 }
 
@@ -90,7 +101,8 @@ bool PulseOutput::Connect(const PulseCard& card) {
                                  BytesIn(kRequestMs), std::uint32_t(-1)};
   const auto flags =
       pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY | PA_STREAM_START_CORKED |
-                        PA_STREAM_START_UNMUTED | PA_STREAM_RELATIVE_VOLUME);
+                        PA_STREAM_START_UNMUTED | PA_STREAM_RELATIVE_VOLUME |
+                        PA_STREAM_AUTO_TIMING_UPDATE | PA_STREAM_INTERPOLATE_TIMING);
   pa_cvolume full;
   pa_cvolume_set(&full, kChannels, PA_VOLUME_NORM);
   return pa_stream_connect_playback(Stream, card.Sink.c_str(), &buffer, flags, &full, nullptr) == 0;
@@ -104,7 +116,13 @@ void PulseOutput::CheckVolume() {
   });
 }
 
-int PulseOutput::LatencyMs() const { return kLatencyMs; }
+/// Time until what is written next is heard.
+std::int64_t PulseOutput::DelayUs() const {
+  pa_usec_t latency = 0;
+  int negative = 0;
+  const bool known = pa_stream_get_latency(Stream, &latency, &negative) == 0 && !negative;
+  return known ? std::int64_t(latency) : kPieceMs * kUsPerMs;
+}
 
 void PulseOutput::Start(OutputSource& source) {
   Connection->Locked([&] {
@@ -115,8 +133,19 @@ void PulseOutput::Start(OutputSource& source) {
 
 void PulseOutput::Wake() {
   Connection->Locked([this] {
-    if (Corked) SetCorked(false);
+    if (Corked) {
+      SetCorked(false);
+    } else {
+      Rewrite();
+    }
   });
+}
+
+/// Replaces what the server has not passed to the card yet, so that a change is heard now.
+void PulseOutput::Rewrite() {
+  if (!Living || !Source) return;
+  const int frames = Source->Rewind(FramesIn(kWorthMs), FramesIn(kRewriteMs));
+  if (frames > 0) Write(size_t(frames * kFrameBytes), -frames * kFrameBytes);
 }
 
 /// A stream that wakes is filled first, so that the sound begins with its first sample.
@@ -136,28 +165,37 @@ void PulseOutput::SetCorked(bool corked) {
 /// Gives the server all that it asks for.
 void PulseOutput::Fill() {
   if (Corked || !Living) return;
-  size_t bytes = pa_stream_writable_size(Stream);
-  if (bytes == size_t(-1)) return;
+  const size_t bytes = pa_stream_writable_size(Stream);
+  if (bytes != size_t(-1)) Write(bytes, 0);
+}
+
+/// Writes that many bytes from `offset` on, counted from the end of what was written.
+void PulseOutput::Write(size_t bytes, std::int64_t offset) {
   bool sleepy = false;
-  while (bytes >= kFrameBytes) {
+  std::int64_t delayUs = DelayUs() + offset / kFrameBytes * kUsPerSecond / kSampleRate;
+  while (bytes >= size_t(kFrameBytes)) {
     void* data = nullptr;
     size_t piece = bytes;
     if (pa_stream_begin_write(Stream, &data, &piece) != 0 || !data) return;
-    piece = std::min(piece, bytes) / kFrameBytes * kFrameBytes;
+    piece = std::min(piece, bytes) / size_t(kFrameBytes) * size_t(kFrameBytes);
     if (piece == 0) {
       pa_stream_cancel_write(Stream);
       return;
     }
-    const int frames = int(piece / kFrameBytes);
-    if (Source) {
-      sleepy = Silence.Passed(Source->RenderBlock(static_cast<float*>(data), frames), frames);
-    } else {
-      std::memset(data, 0, piece);
-    }
-    if (pa_stream_write(Stream, data, piece, nullptr, 0, PA_SEEK_RELATIVE) != 0) return;
+    sleepy = Render(static_cast<float*>(data), int(std::int64_t(piece) / kFrameBytes), delayUs);
+    if (pa_stream_write(Stream, data, piece, nullptr, offset, PA_SEEK_RELATIVE) != 0) return;
+    delayUs += std::int64_t(piece) / kFrameBytes * kUsPerSecond / kSampleRate;
     bytes -= piece;
+    offset = 0;
   }
   if (sleepy) SetCorked(true);
+}
+
+/// True when nothing has played for so long that the stream should sleep.
+bool PulseOutput::Render(float* stereo, int frames, std::int64_t delayUs) {
+  if (Source) return Silence.Passed(Source->RenderBlock(stereo, frames, delayUs), frames);
+  std::memset(stereo, 0, size_t(frames * kFrameBytes));
+  return false;
 }
 
 void PulseOutput::Lose() {

@@ -21,12 +21,15 @@ class PulseOutput : public SoundOutput {
   void Wake() override;
   bool Alive() const override { return Living; }
   bool Asleep() const override { return Corked; }
-  int LatencyMs() const override;
 
  private:
   bool Connect(const PulseCard& card);
   void CheckVolume();
   void Fill();
+  void Rewrite();
+  void Write(size_t bytes, std::int64_t offset);
+  bool Render(float* stereo, int frames, std::int64_t delayUs);
+  std::int64_t DelayUs() const;
   void SetCorked(bool corked);
   void Lose();
 

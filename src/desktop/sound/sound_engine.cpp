@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstring>
 #include <map>
 #include <thread>
 
 #include "desktop/sound/end_reports.h"
 #include "desktop/sound/output_keeper.h"
+#include "desktop/sound/render_path.h"
 #include "desktop/sound/sound_devices.h"
 #include "desktop/sound/steady_time.h"
 #include "desktop/sound/stream_mixer.h"
@@ -16,16 +16,7 @@ namespace marlex {
 namespace {
 
 constexpr std::int64_t kFarewellUs = 1000000;  // that the destructor waits for decoding threads
-constexpr std::int64_t kUsPerMs = 1000;
 constexpr std::int64_t kUsPerSecond = 1000000;
-
-/// Cuts what is louder than full, and what is no number.
-void Clip(float* samples, int count) {
-  for (int i = 0; i < count; ++i) {
-    const float top = samples[i] < 1.0f ? samples[i] : 1.0f;
-    samples[i] = top > -1.0f ? top : -1.0f;
-  }
-}
 
 }  // namespace
 
@@ -37,13 +28,13 @@ class SoundEngine::Body : public OutputSource {
         Mixer([](void* self,
                  const SoundStream& stream) { return static_cast<Body*>(self)->TellEnd(stream); },
               this),
-        WaveGain(Wave),
-        MasterGain(Master) {}
+        Path(Mixer, Wave, Master) {}
 
   void Open(const SoundOptions& options, const std::shared_ptr<Body>& self);
   void Close();
 
-  bool RenderBlock(float* stereo, int frames) override;
+  bool RenderBlock(float* stereo, int frames, std::int64_t delayUs) override;
+  int Rewind(int least, int most) override { return Path.Rewind(least, most); }
   void OutputChanged() override {
     if (Keeper) Keeper->OutputChanged();
   }
@@ -70,10 +61,9 @@ class SoundEngine::Body : public OutputSource {
   bool TellEnd(const SoundStream& stream);
   void PostEnd(std::uint64_t stream);
 
-  GainRamp WaveGain;
-  GainRamp MasterGain;
+  RenderPath Path;
   std::weak_ptr<Body> Self;
-  bool Sounds = false;  // in the last block; of the rendering thread
+  std::int64_t HeardAllUs = 0;  // from now to the end of the block that is rendered
 };
 
 SoundDevice SoundEngine::Body::FindDevice(const SoundOptions& options) {
@@ -94,12 +84,12 @@ void SoundEngine::Body::Open(const SoundOptions& options, const std::shared_ptr<
   CardName = device.CardName;
   Keeper = std::make_unique<OutputKeeper>(*this);
   Keeper->Start(std::move(device.Output), std::move(device.Reopen));
-  Microphone.OnChange = [this] { Wake(); };
+  for (SoundLine* line : {&Master, &Wave, &Microphone}) line->OnChange = [this] { Wake(); };
 }
 
 /// Everything that renders or reports ends here; a thread that hangs in a drive is left behind.
 void SoundEngine::Body::Close() {
-  Microphone.OnChange = nullptr;
+  for (SoundLine* line : {&Master, &Wave, &Microphone}) line->OnChange = nullptr;
   if (Keeper) Keeper->Stop();
   Reports.reset();
   Listeners.clear();
@@ -109,34 +99,22 @@ void SoundEngine::Body::Close() {
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
-bool SoundEngine::Body::RenderBlock(float* stereo, int frames) {
+bool SoundEngine::Body::RenderBlock(float* stereo, int frames, std::int64_t delayUs) {
   if (Keeper) Keeper->CountBlock();
-  std::memset(stereo, 0, std::size_t(frames) * kChannels * sizeof(float));
-  const bool sounded = Sounds;
-  Sounds = Mixer.MixInto(stereo, frames);
-  if (!Sounds) return false;
-  if (!sounded) {
-    WaveGain.Jump();
-    MasterGain.Jump();
-  }
-  StereoPeak peak = PeakOf(stereo, frames);
-  WaveGain.Apply(stereo, frames, peak);
-  MasterGain.Apply(stereo, frames, peak);
-  Clip(stereo, frames * kChannels);
-  return true;
+  HeardAllUs = delayUs + frames * kUsPerSecond / kSampleRate;
+  return Path.Render(stereo, frames);
 }
 
-/// On the rendering thread. What the output takes now sounds after its latency, and the stream's
-/// last frame came that much earlier as the block's end is empty.
+/// On the rendering thread. The stream's last frame is heard that much before the block's end as
+/// the block is empty behind it.
 bool SoundEngine::Body::TellEnd(const SoundStream& stream) {
   if (!Reports) {  // offline: this is the system's thread
     PostEnd(stream.Id());
     return true;
   }
   if (stream.Report() == EndReport::kHandedOver) return Reports->Push(stream.Id(), 0);
-  const std::int64_t latencyUs = Keeper->LatencyMs() * kUsPerMs;
   const std::int64_t missingUs = stream.Missing() * kUsPerSecond / kSampleRate;
-  return Reports->Push(stream.Id(), std::max<std::int64_t>(0, latencyUs - missingUs));
+  return Reports->Push(stream.Id(), std::max<std::int64_t>(0, HeardAllUs - missingUs));
 }
 
 void SoundEngine::Body::PostEnd(std::uint64_t stream) {
@@ -172,7 +150,7 @@ bool SoundEngine::OutputAlive() const { return Inside->Keeper && Inside->Keeper-
 
 void SoundEngine::Render(float* stereo, int frames) {
   Inside->Mixer.AwaitDecoding(frames);
-  Inside->RenderBlock(stereo, frames);
+  Inside->RenderBlock(stereo, frames, 0);
 }
 
 std::shared_ptr<SoundStream> SoundEngine::Load(const std::string& path, OpenDecoder open,

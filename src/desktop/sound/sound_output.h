@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 
 #include "desktop/sound/sound_format.h"
@@ -12,9 +13,14 @@ class OutputSource {
  public:
   virtual ~OutputSource() = default;
 
-  /// Fills `stereo` with the next frames; false when they are silence because nothing plays. Never
-  /// locks.
-  virtual bool RenderBlock(float* stereo, int frames) = 0;
+  /// Fills `stereo` with the next frames, the first of which will be heard in `delayUs`
+  /// microseconds; false when they are silence because nothing plays. Never locks.
+  virtual bool RenderBlock(float* stereo, int frames, std::int64_t delayUs) = 0;
+
+  /// Takes back the frames that were rendered last, from `least` to `most`, and returns their
+  /// number: the next ones are the same with the levels of now. 0 when there are not enough. For an
+  /// output that can still change its buffer.
+  virtual int Rewind(int least, int most) = 0;
 
   /// The output is lost, or has gone to sleep. Never locks.
   virtual void OutputChanged() = 0;
@@ -39,9 +45,6 @@ class SoundOutput {
 
   /// Nothing plays, so that no samples are taken until `Wake`.
   virtual bool Asleep() const = 0;
-
-  /// Time in milliseconds from a sample that is taken to its sound.
-  virtual int LatencyMs() const = 0;
 };
 
 /// Decides when an output goes to sleep: when nothing has played for a while, so that the pauses

@@ -1,10 +1,10 @@
 #include "desktop/sound/sound_stream.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <system_error>
 #include <thread>
-#include <vector>
 
 #include "desktop/sound/rate_converter.h"
 
@@ -21,6 +21,18 @@ constexpr auto kShortestNap = 50ms;       // of a decoder whose ring nobody empt
 constexpr int kFadeFrames = FramesIn(5);  // of a pause, a resumption and a stop
 constexpr int kStarvingLimit =
     10 * kSampleRate;  // frames without a sample after which a file is given up
+
+constexpr int kLanes =
+    8;  // samples side by side, which the compiler turns into vector instructions
+
+void Add(float* stereo, const float* source, int frames, float gain) {
+  const int count = frames * kChannels;
+  int done = 0;
+  for (; done + kLanes <= count; done += kLanes) {
+    for (int i = 0; i < kLanes; ++i) stereo[done + i] += source[done + i] * gain;
+  }
+  for (; done < count; ++done) stereo[done] += source[done] * gain;
+}
 
 }  // namespace
 
@@ -61,16 +73,15 @@ void SoundStream::Want(Wanted wanted) {
   Changed.notify_all();
 }
 
+/// The first frames are there before the file counts as open, so that it sounds as soon as it is
+/// played.
 void SoundStream::Run(const std::string& path, OpenDecoder open) {
-  std::unique_ptr<Decoder> file = open(path);
-  const bool isOpen = file != nullptr;
-  if (isOpen) {
-    RateConverter decoder(std::move(file));
-    Settle(Opening::kOpen, decoder.Seconds());
-    Decode(decoder);
-  }
+  const std::unique_ptr<Decoder> decoder = open(path);
+  bool more = decoder && DecodeBlock(*decoder);
+  if (!more) DecodedAll.store(true, std::memory_order_release);
+  Settle(decoder ? Opening::kOpen : Opening::kRefused, decoder ? decoder->Seconds() : 0);
+  while (more && WaitForRoom()) more = DecodeBlock(*decoder);
   DecodedAll.store(true, std::memory_order_release);
-  if (!isOpen) Settle(Opening::kRefused, 0);
 }
 
 void SoundStream::Settle(Opening outcome, double seconds) {
@@ -82,26 +93,21 @@ void SoundStream::Settle(Opening outcome, double seconds) {
   Changed.notify_all();
 }
 
-void SoundStream::Decode(Decoder& decoder) {
-  std::vector<float> block(std::size_t(kDecodeBlock) * kChannels);
-  while (!Stopped()) {
-    if (Ring.Free() < kDecodeBlock) {
-      if (!WaitForRoom()) return;
-      continue;
-    }
-    const int frames = decoder.Read(block.data(), kDecodeBlock);
-    if (frames == 0) return;
-    Ring.Write(block.data(), frames);
-  }
+/// Decodes the next block into the ring, which has room for it; false at the end of the file.
+bool SoundStream::DecodeBlock(Decoder& decoder) {
+  std::array<float, std::size_t(kDecodeBlock) * kChannels> block;
+  const int frames = decoder.Read(block.data(), kDecodeBlock);
+  Ring.Write(block.data(), frames);
+  return frames > 0;
 }
 
-/// Sleeps until half of the ring is played, so that decoding wakes the processor about once a
-/// second; a stream that does not play is not looked after at all. False when the stream was
-/// stopped.
+/// Once the ring is full, sleeps until half of it is played, so that decoding wakes the processor
+/// about once a second; a stream that does not play is not looked after at all. False when the
+/// stream was stopped.
 bool SoundStream::WaitForRoom() {
+  if (Stopped() || Ring.Free() >= kDecodeBlock) return !Stopped();
   std::unique_lock lock(Guard);
-  while (Ring.Filled() > kRingFrames / 2) {
-    if (Stopped()) return false;
+  while (!Stopped() && Ring.Filled() > kRingFrames / 2) {
     if (Intent == Wanted::kPause) {
       Changed.wait(lock, [this] { return Intent != Wanted::kPause; });
       continue;
@@ -142,7 +148,7 @@ int SoundStream::MixFrames(float* stereo, int frames, bool play) {
     const bool steady = play && Fade >= 1;
     const int count = Ring.Peek(source, steady ? frames - mixed : 1);
     if (count == 0) break;
-    for (int i = 0; i < count * kChannels; ++i) stereo[i] += source[i] * Fade;
+    Add(stereo, source, count, Fade);
     Ring.Take(count);
     stereo += count * kChannels;
     mixed += count;

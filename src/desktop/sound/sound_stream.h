@@ -80,7 +80,7 @@ class SoundStream {
   void Want(Wanted wanted);
   void Run(const std::string& path, OpenDecoder open);
   void Settle(Opening outcome, double seconds);
-  void Decode(Decoder& decoder);
+  bool DecodeBlock(Decoder& decoder);
   bool WaitForRoom();
   bool Stopped() const { return Intent.load(std::memory_order_acquire) == Wanted::kStop; }
   int MixFrames(float* stereo, int frames, bool play);

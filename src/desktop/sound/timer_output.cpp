@@ -36,7 +36,7 @@ void TimerOutput::Run(OutputSource& source) {
     if (WaitUntil(Waker, due)) continue;
     due += kBlockUs;
     if (SteadyUs() - due > kLateUs) due = SteadyUs() + kBlockUs;
-    const bool sounded = source.RenderBlock(block.data(), FramesIn(kBlockMs));
+    const bool sounded = source.RenderBlock(block.data(), FramesIn(kBlockMs), 0);
     if (!silence.Passed(sounded, FramesIn(kBlockMs))) continue;
     Sleep(source);
     silence.Reset();

@@ -21,7 +21,6 @@ class TimerOutput : public SoundOutput {
   void Wake() override;
   bool Alive() const override { return true; }
   bool Asleep() const override { return Sleeping; }
-  int LatencyMs() const override { return 0; }
 
  private:
   void Run(OutputSource& source);

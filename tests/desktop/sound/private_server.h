@@ -1,0 +1,68 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace marlex {
+
+/// A PulseAudio server of the test's own, with null sinks, which this process and the tools that it
+/// runs use instead of any other.
+class PrivateServer {
+ public:
+  /// Starts it with the sinks "desk" (the default) and "other", and a microphone "mic" that hears
+  /// what is played into the sink "mouth".
+  PrivateServer();
+  ~PrivateServer();
+  PrivateServer(const PrivateServer&) = delete;
+  PrivateServer& operator=(const PrivateServer&) = delete;
+
+  void Start();
+  void Kill();
+
+  /// Waits until the sink plays at once what it gets: a null sink without listeners is seconds
+  /// ahead.
+  void Settle();
+
+  /// Runs `pactl` with these arguments and returns what it prints.
+  std::string Control(const std::string& arguments) const;
+
+  pid_t Process() const { return Server; }
+
+ private:
+  std::filesystem::path Directory;
+  pid_t Server = -1;
+  pid_t Listener = -1;  // keeps the latency of the sink low
+};
+
+/// Records the monitor of a sink as long as it lives: stereo, 44100 frames a second.
+class Recording {
+ public:
+  explicit Recording(const std::string& sink);
+  ~Recording();
+  Recording(const Recording&) = delete;
+  Recording& operator=(const Recording&) = delete;
+
+  /// What has come so far.
+  const std::vector<float>& Sound();
+
+  /// Loudest of the last `frames` frames that have come.
+  float Latest(int frames = 2205);
+
+ private:
+  pid_t Process = -1;
+  int Pipe = -1;
+  std::string Bytes;
+  std::vector<float> Samples;
+};
+
+/// Processor time of a process in seconds, and how often its threads went to sleep.
+struct ProcessCost {
+  double Seconds = 0;
+  long Wakeups = 0;
+};
+ProcessCost CostOf(pid_t process);
+
+}  // namespace marlex

@@ -1,0 +1,157 @@
+#include "desktop/sound/wav_decoder.h"
+
+#include <gtest/gtest.h>
+#include <sndfile.h>
+
+#include <cmath>
+#include <limits>
+
+#include "desktop/sound/media_files.h"
+#include "desktop/sound/rate_converter.h"
+
+namespace marlex {
+namespace {
+
+/// All that the file gives at the engine's rate.
+std::vector<float> Play(const std::string& path) {
+  std::vector<float> sound;
+  auto decoder = OpenWav(path);
+  if (!decoder) return sound;
+  RateConverter converter(std::move(decoder));
+  std::vector<float> block(2 * 4096);
+  while (const int count = converter.Read(block.data(), 4096)) {
+    sound.insert(sound.end(), block.begin(), block.begin() + count * 2);
+    if (sound.size() > 88200u * 600) break;
+  }
+  return sound;
+}
+
+std::string WriteSound(MediaFiles& files, int format, int channels, int rate,
+                       const std::vector<float>& frame) {
+  SF_INFO info = {};
+  info.samplerate = rate;
+  info.channels = channels;
+  info.format = format;
+  const std::string path = files.Path("sound.wav");
+  SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+  for (int i = 0; i < rate; ++i) sf_writef_float(file, frame.data(), 1);
+  sf_close(file);
+  return path;
+}
+
+TEST(WavDecoder, PlaysEveryWidthOfNumbers) {
+  MediaFiles files;
+  for (const int width : {SF_FORMAT_PCM_U8, SF_FORMAT_PCM_16, SF_FORMAT_PCM_24, SF_FORMAT_PCM_32,
+                          SF_FORMAT_FLOAT, SF_FORMAT_DOUBLE, SF_FORMAT_ULAW, SF_FORMAT_ALAW}) {
+    const std::vector<float> sound =
+        Play(WriteSound(files, SF_FORMAT_WAV | width, 2, 44100, {0.5f, -0.25f}));
+    ASSERT_EQ(sound.size(), 88200u) << std::hex << width;
+    EXPECT_NEAR(sound[44100], 0.5, 0.02) << std::hex << width;
+    EXPECT_NEAR(sound[44101], -0.25, 0.02) << std::hex << width;
+  }
+}
+
+TEST(WavDecoder, PlaysEveryRateAtTheEnginesRate) {
+  MediaFiles files;
+  for (const int rate : {8000, 11025, 16000, 22050, 32000, 44100, 48000, 96000, 192000}) {
+    const std::string path = files.Wav("sound.wav", 1, 0.5, rate);
+    const std::vector<float> sound = Play(path);
+    EXPECT_NEAR(double(sound.size()) / 2, 44100, 2) << rate;
+    float loudest = 0;
+    int crossings = 0;
+    for (std::size_t i = 8820; i < 79380; i += 2) {
+      loudest = std::max(loudest, sound[i]);
+      crossings += sound[i] < 0 && sound[i + 2] >= 0;
+    }
+    EXPECT_NEAR(loudest, 0.5, 0.005) << rate;
+    EXPECT_NEAR(crossings, 353, 1) << rate;  // 0.8 seconds of 441 Hz
+    EXPECT_NEAR(OpenWav(path)->Seconds(), 1, 1e-9);
+  }
+}
+
+TEST(WavDecoder, AMonoFileSoundsOnBothSidesAndOfManyChannelsTheFirstTwo) {
+  MediaFiles files;
+  const std::vector<float> mono =
+      Play(WriteSound(files, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 1, 44100, {0.5f}));
+  ASSERT_EQ(mono.size(), 88200u);
+  EXPECT_NEAR(mono[1000], 0.5, 0.001);
+  EXPECT_NEAR(mono[1001], 0.5, 0.001);
+  const std::vector<float> many = Play(WriteSound(files, SF_FORMAT_WAVEX | SF_FORMAT_PCM_16, 6,
+                                                  44100, {0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.6f}));
+  ASSERT_EQ(many.size(), 88200u);
+  EXPECT_NEAR(many[1000], 0.1, 0.001);
+  EXPECT_NEAR(many[1001], 0.2, 0.001);
+}
+
+TEST(WavDecoder, NumbersThatAreNoneAreSilence) {
+  MediaFiles files;
+  const float none = std::numeric_limits<float>::quiet_NaN();
+  const float endless = std::numeric_limits<float>::infinity();
+  const std::vector<float> sound =
+      Play(WriteSound(files, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 2, 44100, {none, endless}));
+  ASSERT_EQ(sound.size(), 88200u);
+  for (const float sample : sound) ASSERT_EQ(sample, 0);
+}
+
+TEST(WavDecoder, RefusesWhatIsNoWav) {
+  MediaFiles files;
+  EXPECT_EQ(OpenWav(files.Path("missing.wav")), nullptr);
+  EXPECT_EQ(OpenWav(""), nullptr);
+  EXPECT_EQ(OpenWav(files.Path("")), nullptr);
+  EXPECT_EQ(OpenWav("/dev/zero"), nullptr);
+  EXPECT_EQ(OpenWav(files.Write("empty.wav", "")), nullptr);
+  EXPECT_EQ(OpenWav(files.Write("noise.wav", Noise(5000))), nullptr);
+  EXPECT_EQ(OpenWav(files.Mp3("mp3.wav", 1)), nullptr);
+  EXPECT_EQ(OpenWav(files.Write("riff.wav", "RIFF\xFF\xFF\xFF\xFFWAVE")), nullptr);
+}
+
+TEST(WavDecoder, ImpossibleHeadersAreRefused) {
+  MediaFiles files;
+  WavHeader noRate;
+  noRate.Rate = 0;
+  WavHeader wildRate;
+  wildRate.Rate = 4000000000u;
+  WavHeader noChannels;
+  noChannels.Channels = 0;
+  WavHeader manyChannels;
+  manyChannels.Channels = 65535;
+  WavHeader unknown;
+  unknown.Format = 0x7777;
+  for (WavHeader header : {noRate, wildRate, noChannels, manyChannels, unknown}) {
+    header.DataSize = 4000;
+    EXPECT_EQ(OpenWav(files.Write("bad.wav", WavBytes(header, std::string(4000, '\1')))), nullptr);
+  }
+}
+
+TEST(WavDecoder, DataSizesThatLieNeverHang) {
+  MediaFiles files;
+  const std::string data(40000, '\x10');
+  for (const std::uint32_t size : {0u, 1u, 3u, 39999u, 40000u, 50000u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+    for (const std::uint32_t riff : {0u, 36u, 40036u, 0xFFFFFFFFu}) {
+      WavHeader header;
+      header.DataSize = size;
+      header.RiffSize = riff;
+      const std::vector<float> sound = Play(files.Write("lie.wav", WavBytes(header, data)));
+      EXPECT_LE(sound.size() / 2, 10000u) << size << " " << riff;
+      if (size >= 40000) {
+        EXPECT_EQ(sound.size() / 2, 10000u) << size << " " << riff;
+      }
+    }
+  }
+  EXPECT_TRUE(Play(files.Write("head.wav", WavBytes({}, ""))).empty());
+}
+
+TEST(WavDecoder, ADamagedFileNeverHangsOrCrashes) {
+  MediaFiles files;
+  const std::string bytes = MediaFiles::Read(files.Wav("tone.wav", 0.5));
+  for (std::uint32_t seed = 1; seed <= 300; ++seed) {
+    std::string damaged = bytes;
+    const std::string noise = Noise(16, seed);
+    for (std::size_t i = 0; i + 1 < noise.size(); i += 2)
+      damaged[std::uint8_t(noise[i]) % 60] = noise[i + 1];
+    EXPECT_LE(Play(files.Write("damaged.wav", damaged)).size() / 2, 44100u * 600) << seed;
+  }
+}
+
+}  // namespace
+}  // namespace marlex
