@@ -62,6 +62,11 @@ void GainRamp::Jump() {
   Rest = 0;
 }
 
+void GainRamp::Silence() {
+  Left = Right = TargetLeft = TargetRight = 0;
+  Rest = 0;
+}
+
 int GainRamp::Apply(float* stereo, int frames, StereoPeak& peak) {
   if (TakeTarget()) {
     Rest = kRampFrames;

@@ -27,6 +27,9 @@ class GainRamp {
   /// Takes over the line's level at once. For the first block behind silence, which needs no ramp.
   void Jump();
 
+  /// What comes next rises from silence to the line's level.
+  void Silence();
+
  private:
   bool TakeTarget();
 

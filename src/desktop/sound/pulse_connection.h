@@ -24,6 +24,7 @@ class PulseConnection {
   PulseConnection& operator=(const PulseConnection&) = delete;
 
   pa_context* Context() const { return Server; }
+  pa_mainloop_api* Api() const { return pa_threaded_mainloop_get_api(Loop); }
 
   /// Runs `action` under the lock.
   void Locked(const std::function<void()>& action) const;

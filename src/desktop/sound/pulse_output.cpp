@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "desktop/sound/pulse_volume.h"
+
 namespace marlex {
 namespace {
 
@@ -26,28 +28,21 @@ constexpr std::uint32_t BytesIn(int milliseconds) {
   return std::uint32_t(FramesIn(milliseconds) * kFrameBytes);
 }
 
-void RestoreVolume(pa_context* server, const pa_sink_input_info* info, int, void*) {
-  if (!info) return;
-  if (info->mute)
-    pa_operation_unref(pa_context_set_sink_input_mute(server, info->index, 0, nullptr, nullptr));
-  if (!info->has_volume || !info->volume_writable) return;
-  pa_cvolume full;
-  pa_cvolume_set(&full, info->channel_map.channels, PA_VOLUME_NORM);
-  if (pa_cvolume_equal(&full, &info->volume)) return;
-  pa_operation_unref(
-      pa_context_set_sink_input_volume(server, info->index, &full, nullptr, nullptr));
-}
-
 }  // namespace
 
-PulseOutput::PulseOutput(std::unique_ptr<PulseConnection> connection)
-    : Connection(std::move(connection)) {
+PulseOutput::PulseOutput(std::unique_ptr<PulseConnection> connection, const PulseCard& card,
+                         const MicrophoneLines& lines)
+    : Connection(std::move(connection)), Card(card) {
+  if (!card.Source.empty()) {
+    Microphone = std::make_unique<PulseMicrophone>(*Connection, card, lines);
+  }
   Connection->Locked([this] { Connection->OnLost = [this] { Lose(); }; });
 }
 
 PulseOutput::~PulseOutput() {
   Connection->Locked([this] {
     Connection->OnLost = nullptr;
+    Microphone.reset();
     if (!Stream) return;
     pa_stream_set_state_callback(Stream, nullptr, nullptr);
     pa_stream_set_write_callback(Stream, nullptr, nullptr);
@@ -58,16 +53,17 @@ PulseOutput::~PulseOutput() {
 }
 
 std::unique_ptr<PulseOutput> PulseOutput::Open(std::unique_ptr<PulseConnection> connection,
-                                               const PulseCard& card, bool prove) {
-  auto output = std::make_unique<PulseOutput>(std::move(connection));
+                                               const PulseCard& card, const MicrophoneLines& lines,
+                                               bool prove) {
+  auto output = std::make_unique<PulseOutput>(std::move(connection), card, lines);
   PulseConnection& server = *output->Connection;
   bool connected = false;
-  server.Locked([&] { connected = output->Connect(card); });
+  server.Locked([&] { connected = output->Connect(); });
   const auto settled = [&] {
     return !output->Living || pa_stream_get_state(output->Stream) == PA_STREAM_READY;
   };
   if (!connected || !server.Await(settled, kOpenLimitUs) || !output->Living) return nullptr;
-  if (!card.FlatVolume) output->CheckVolume();
+  server.Complete([&] { return CheckPlaybackVolume(server.Context(), output->Stream, card); });
   if (!prove) return output;
   server.Locked([&] { output->SetCorked(false); });
   const auto decided = [&] { return output->Started || !output->Living; };
@@ -75,7 +71,7 @@ std::unique_ptr<PulseOutput> PulseOutput::Open(std::unique_ptr<PulseConnection> 
   return output;
 }
 
-bool PulseOutput::Connect(const PulseCard& card) {
+bool PulseOutput::Connect() {
   const pa_sample_spec format = {PA_SAMPLE_FLOAT32LE, kSampleRate, kChannels};
   Stream = pa_stream_new(Connection->Context(), "Music and messages", &format, nullptr);
   if (!Stream) return false;
@@ -101,19 +97,8 @@ bool PulseOutput::Connect(const PulseCard& card) {
                                  BytesIn(kRequestMs), std::uint32_t(-1)};
   const auto flags =
       pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY | PA_STREAM_START_CORKED |
-                        PA_STREAM_START_UNMUTED | PA_STREAM_RELATIVE_VOLUME |
                         PA_STREAM_AUTO_TIMING_UPDATE | PA_STREAM_INTERPOLATE_TIMING);
-  pa_cvolume full;
-  pa_cvolume_set(&full, kChannels, PA_VOLUME_NORM);
-  return pa_stream_connect_playback(Stream, card.Sink.c_str(), &buffer, flags, &full, nullptr) == 0;
-}
-
-/// A server may remember another volume of an earlier stream; all levels are the engine's.
-void PulseOutput::CheckVolume() {
-  Connection->Complete([this] {
-    return pa_context_get_sink_input_info(Connection->Context(), pa_stream_get_index(Stream),
-                                          RestoreVolume, nullptr);
-  });
+  return ConnectAtFullVolume(Stream, Card, buffer, flags);
 }
 
 /// Time until what is written next is heard.
@@ -128,6 +113,7 @@ void PulseOutput::Start(OutputSource& source) {
   Connection->Locked([&] {
     Source = &source;
     SetCorked(false);
+    if (Microphone) Microphone->Follow();
   });
 }
 
@@ -138,6 +124,7 @@ void PulseOutput::Wake() {
     } else {
       Rewrite();
     }
+    if (Microphone && Living) Microphone->Follow();
   });
 }
 
@@ -154,11 +141,8 @@ void PulseOutput::SetCorked(bool corked) {
   Corked = corked;
   Silence.Reset();
   if (!corked) Fill();
-  const auto release = [](pa_operation* operation) {
-    if (operation) pa_operation_unref(operation);
-  };
-  release(pa_stream_cork(Stream, corked, nullptr, nullptr));
-  if (corked) release(pa_stream_flush(Stream, nullptr, nullptr));
+  Release(pa_stream_cork(Stream, corked, nullptr, nullptr));
+  if (corked) Release(pa_stream_flush(Stream, nullptr, nullptr));
   if (corked && Source) Source->OutputChanged();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/sound/pulse_connection.h"
+#include "desktop/sound/pulse_microphone.h"
 #include "desktop/sound/sound_output.h"
 
 namespace marlex {
@@ -12,9 +13,11 @@ class PulseOutput : public SoundOutput {
   /// Opens a stream on the card's sink; null when the sink is not there. With `prove` the sink must
   /// also take samples (silence) before the output counts as open.
   static std::unique_ptr<PulseOutput> Open(std::unique_ptr<PulseConnection> connection,
-                                           const PulseCard& card, bool prove);
+                                           const PulseCard& card, const MicrophoneLines& lines,
+                                           bool prove);
 
-  explicit PulseOutput(std::unique_ptr<PulseConnection> connection);
+  PulseOutput(std::unique_ptr<PulseConnection> connection, const PulseCard& card,
+              const MicrophoneLines& lines);
   ~PulseOutput() override;
 
   void Start(OutputSource& source) override;
@@ -23,8 +26,7 @@ class PulseOutput : public SoundOutput {
   bool Asleep() const override { return Corked; }
 
  private:
-  bool Connect(const PulseCard& card);
-  void CheckVolume();
+  bool Connect();
   void Fill();
   void Rewrite();
   void Write(size_t bytes, std::int64_t offset);
@@ -34,6 +36,8 @@ class PulseOutput : public SoundOutput {
   void Lose();
 
   std::unique_ptr<PulseConnection> Connection;
+  const PulseCard Card;
+  std::unique_ptr<PulseMicrophone> Microphone;  // null when the card has none
   pa_stream* Stream = nullptr;
   OutputSource* Source = nullptr;  // null until the start: silence
   SleepTimer Silence;

@@ -1,0 +1,88 @@
+#include "desktop/sound/microphone_path.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace marlex {
+namespace {
+
+constexpr int kRound = kSampleRate;    // frames after which the delay is judged
+constexpr int kTooFew = FramesIn(1);   // left at the lowest: the output is about to run dry
+constexpr int kTooMany = FramesIn(6);  // the delay is longer than it needs to be
+constexpr int kWanted = FramesIn(3);
+constexpr int kFar = FramesIn(30);  // so late that it is put right at once
+
+/// Blends `count` frames from `from` into `to`.
+void Crossfade(const float* from, const float* to, float* result, int count) {
+  for (int i = 0; i < count; ++i) {
+    const float share = float(i + 1) / float(count + 1);
+    for (int channel = 0; channel < kChannels; ++channel) {
+      const int at = i * kChannels + channel;
+      result[at] = from[at] * (1 - share) + to[at] * share;
+    }
+  }
+}
+
+}  // namespace
+
+int Shorten(float* stereo, int frames, int count) {
+  count = std::clamp(count, 0, frames);
+  const int kept = frames - count;
+  const int blend = std::min(count, kept);
+  const float* const behind = stereo + std::size_t(count) * kChannels;
+  Crossfade(stereo, behind, stereo, blend);
+  std::memmove(stereo + blend * kChannels, behind + blend * kChannels,
+               std::size_t(kept - blend) * kChannels * sizeof(float));
+  return kept;
+}
+
+int Lengthen(float* stereo, int frames, int count) {
+  count = std::clamp(count, 0, frames / 2);
+  float* const last = stereo + std::size_t(frames - count) * kChannels;
+  // The last frames come once more; the seam leads from what followed their first end back to their
+  // beginning.
+  std::memcpy(stereo + std::size_t(frames) * kChannels, last,
+              std::size_t(count) * kChannels * sizeof(float));
+  Crossfade(last, last - std::size_t(count) * kChannels, last, count);
+  return frames + count;
+}
+
+MicrophonePath::MicrophonePath(const MicrophoneLines& lines)
+    : Line(lines.Microphone), Microphone(lines.Microphone), Master(lines.Master) {}
+
+void MicrophonePath::Begin() {
+  Microphone.Silence();
+  Master.Jump();
+  Quiet = false;
+  Observed = 0;
+}
+
+int MicrophonePath::Pass(float* stereo, int frames, int queued) {
+  StereoPeak peak = PeakOf(stereo, frames);
+  const int moving = Microphone.Apply(stereo, frames, peak);
+  Master.Apply(stereo, frames, peak);
+  Quiet = Line.Muted() && moving < frames;
+  const int correction = Correction(frames, queued);
+  if (correction > 0) return Shorten(stereo, frames, correction);
+  if (correction < 0) return Lengthen(stereo, frames, -correction);
+  return frames;
+}
+
+/// Frames to take out, or below 0 to add. What the output has left when a block comes goes up and
+/// down with the pieces in which both devices work; its lowest point in a second tells how much of
+/// the delay is of no use.
+int MicrophonePath::Correction(int frames, int queued) {
+  Lowest = Observed == 0 ? queued : std::min(Lowest, queued);
+  Observed += frames;
+  if (queued > kFar) {
+    Observed = 0;
+    return std::min(queued - kWanted, frames);
+  }
+  if (Observed < kRound) return 0;
+  Observed = 0;
+  if (Lowest > kTooMany) return std::min(Lowest - kWanted, frames / 2);
+  if (Lowest < kTooFew) return -std::min(kWanted - Lowest, kMostAdded);
+  return 0;
+}
+
+}  // namespace marlex

@@ -1,0 +1,157 @@
+#include "desktop/sound/pulse_microphone.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "desktop/sound/pulse_volume.h"
+#include "desktop/sound/steady_time.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kFragmentMs = 10;  // captured at a time
+constexpr int kLatencyMs = 20;   // of the playback, the card's pieces included
+constexpr int kStartMs = 10;     // it begins when this much has come
+constexpr int kRequestMs = 2;
+constexpr int kBlockFrames = 1024;
+constexpr std::int64_t kDeadUs = 100000;  // without a block: nothing will fade out any more
+constexpr std::int64_t kRetryUs = 1000000;
+constexpr std::int64_t kFrameBytes = kChannels * sizeof(float);
+constexpr std::uint32_t kServersChoice = std::uint32_t(-1);
+
+std::uint32_t BytesIn(int milliseconds) {
+  return std::uint32_t(FramesIn(milliseconds) * kFrameBytes);
+}
+
+constexpr pa_sample_spec kFormat = {PA_SAMPLE_FLOAT32LE, kSampleRate, kChannels};
+constexpr auto kFlags = PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY;
+
+void Disconnect(pa_stream*& stream) {
+  if (!stream) return;
+  pa_stream_set_state_callback(stream, nullptr, nullptr);
+  pa_stream_set_read_callback(stream, nullptr, nullptr);
+  pa_stream_disconnect(stream);
+  pa_stream_unref(stream);
+  stream = nullptr;
+}
+
+}  // namespace
+
+PulseMicrophone::PulseMicrophone(PulseConnection& connection, const PulseCard& card,
+                                 const MicrophoneLines& lines)
+    : Connection(connection),
+      Card(card),
+      Line(lines.Microphone),
+      Path(lines),
+      Block(std::size_t(kBlockFrames + MicrophonePath::kMostAdded) * kChannels) {}
+
+PulseMicrophone::~PulseMicrophone() {
+  Close();
+  SetRetry(false);
+}
+
+/// An open microphone that is muted closes itself when its sound has faded out.
+void PulseMicrophone::Follow() {
+  const bool wanted = !Line.Muted();
+  if (wanted && !Capture) Open();
+  if (!wanted) SetRetry(false);
+  if (!wanted && Capture && (!Flowing || SteadyUs() - LastBlockUs > kDeadUs)) Close();
+}
+
+void PulseMicrophone::Open() {
+  Flowing = false;
+  Path.Begin();
+  if (!OpenPlayback() || !OpenCapture()) Lost();
+}
+
+void PulseMicrophone::Close() {
+  Disconnect(Capture);
+  Disconnect(Playback);
+}
+
+void PulseMicrophone::Lost() {
+  Close();
+  if (!Line.Muted()) SetRetry(true);
+}
+
+void PulseMicrophone::SetRetry(bool on) {
+  pa_mainloop_api* const loop = Connection.Api();
+  if (Retry) loop->time_free(Retry);
+  Retry = nullptr;
+  if (!on) return;
+  const auto retry = [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
+    auto& microphone = *static_cast<PulseMicrophone*>(self);
+    microphone.SetRetry(false);
+    microphone.Follow();
+  };
+  Retry = pa_context_rttime_new(Connection.Context(), pa_rtclock_now() + kRetryUs, retry, this);
+}
+
+bool PulseMicrophone::OpenCapture() {
+  Capture = pa_stream_new(Connection.Context(), "Microphone", &kFormat, nullptr);
+  if (!Capture) return false;
+  const auto state = [](pa_stream* stream, void* self) {
+    auto& microphone = *static_cast<PulseMicrophone*>(self);
+    if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream))) return microphone.Lost();
+    if (pa_stream_get_state(stream) != PA_STREAM_READY) return;
+    Release(CheckCaptureVolume(microphone.Connection.Context(), stream));
+  };
+  pa_stream_set_state_callback(Capture, state, this);
+  pa_stream_set_read_callback(
+      Capture, [](pa_stream*, size_t, void* self) { static_cast<PulseMicrophone*>(self)->Pass(); },
+      this);
+  const pa_buffer_attr buffer = {kServersChoice, kServersChoice, kServersChoice, kServersChoice,
+                                 BytesIn(kFragmentMs)};
+  return pa_stream_connect_record(Capture, Card.Source.c_str(), &buffer,
+                                  pa_stream_flags_t(kFlags)) == 0;
+}
+
+bool PulseMicrophone::OpenPlayback() {
+  Playback = pa_stream_new(Connection.Context(), "Announcement", &kFormat, nullptr);
+  if (!Playback) return false;
+  const auto state = [](pa_stream* stream, void* self) {
+    if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream)))
+      static_cast<PulseMicrophone*>(self)->Lost();
+  };
+  pa_stream_set_state_callback(Playback, state, this);
+  const pa_buffer_attr buffer = {kServersChoice, BytesIn(kLatencyMs), BytesIn(kStartMs),
+                                 BytesIn(kRequestMs), kServersChoice};
+  return ConnectAtFullVolume(Playback, Card, buffer, pa_stream_flags_t(kFlags));
+}
+
+/// Takes all that was captured. It is dropped until the playback is ready, since it would be late.
+void PulseMicrophone::Pass() {
+  while (Capture && pa_stream_readable_size(Capture) > 0) {
+    const void* data = nullptr;
+    size_t bytes = 0;
+    if (pa_stream_peek(Capture, &data, &bytes) != 0 || bytes == 0) return;
+    const int frames = int(std::int64_t(bytes) / kFrameBytes);
+    const bool ready = Playback && pa_stream_get_state(Playback) == PA_STREAM_READY;
+    const float* const stereo = static_cast<const float*>(data);
+    for (int done = 0; data && ready && done < frames; done += kBlockFrames) {
+      PassBlock(stereo + done * kChannels, std::min(kBlockFrames, frames - done));
+    }
+    pa_stream_drop(Capture);
+  }
+  LastBlockUs = SteadyUs();
+  if (Path.Silent() && Line.Muted()) Close();
+}
+
+void PulseMicrophone::PassBlock(const float* stereo, int frames) {
+  Flowing = true;
+  std::memcpy(Block.data(), stereo, size_t(frames * kFrameBytes));
+  const int passed = Path.Pass(Block.data(), frames, Queued());
+  if (passed > 0)
+    pa_stream_write(Playback, Block.data(), size_t(passed * kFrameBytes), nullptr, 0,
+                    PA_SEEK_RELATIVE);
+}
+
+/// Frames that wait in the server for the card.
+int PulseMicrophone::Queued() const {
+  const pa_buffer_attr* const buffer = pa_stream_get_buffer_attr(Playback);
+  const size_t room = pa_stream_writable_size(Playback);
+  if (!buffer || room == size_t(-1)) return 0;
+  return int((std::int64_t(buffer->tlength) - std::int64_t(room)) / kFrameBytes);
+}
+
+}  // namespace marlex

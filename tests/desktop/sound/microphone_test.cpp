@@ -1,0 +1,187 @@
+#include <gtest/gtest.h>
+#include <math.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <numbers>
+
+#include "desktop/sound/media_files.h"
+#include "desktop/sound/microphone_path.h"
+#include "desktop/sound/private_server.h"
+#include "desktop/sound/sound_engine.h"
+#include "desktop/sound/test_loop.h"
+
+namespace marlex {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+std::vector<float> Tone(int frames, double phase = 0) {
+  std::vector<float> sound;
+  for (int i = 0; i < frames; ++i) {
+    const float sample = float(std::sin(phase + 2 * std::numbers::pi * 441 * i / kSampleRate));
+    sound.insert(sound.end(), {sample, sample});
+  }
+  return sound;
+}
+
+float GreatestStep(const std::vector<float>& sound, int frames) {
+  float greatest = 0;
+  for (int i = 2; i < frames * 2; ++i)
+    greatest = std::max(greatest, std::fabs(sound[i] - sound[i - 2]));
+  return greatest;
+}
+
+TEST(Microphone, ShorteningAndLengtheningDoNotClick) {
+  const int step = 441;
+  for (const int count : {1, 50, 132, 200}) {
+    std::vector<float> sound = Tone(step);
+    const float own = GreatestStep(sound, step);
+    EXPECT_EQ(Shorten(sound.data(), step, count), step - count);
+    EXPECT_LT(GreatestStep(sound, step - count), own + 2.0f / float(count + 1)) << count;
+    sound = Tone(step);
+    sound.resize(std::size_t(step + count) * 2);
+    EXPECT_EQ(Lengthen(sound.data(), step, count), step + count);
+    EXPECT_LT(GreatestStep(sound, step + count), own + 2.0f / float(count + 1)) << count;
+  }
+}
+
+/// Passes `seconds` of sound to an output whose clock is `speed` times that of the capture, and
+/// returns the fewest and the most frames that the output had left, after a second of settling.
+std::pair<int, int> Drift(double speed, int seconds) {
+  SoundLine line;
+  SoundLine master;
+  MicrophonePath path({line, master});
+  path.Begin();
+  double queued = FramesIn(10);
+  int fewest = 1 << 20, most = 0;
+  for (int block = 0; block < seconds * 100; ++block) {
+    std::vector<float> sound = Tone(441 + MicrophonePath::kMostAdded);
+    if (block > 200) {
+      fewest = std::min(fewest, int(queued));
+      most = std::max(most, int(queued));
+    }
+    queued = std::max(0.0, queued) + path.Pass(sound.data(), 441, int(queued));
+    queued -= 441 * speed;
+  }
+  return {fewest, most};
+}
+
+TEST(Microphone, DelayStaysInItsWindowHoweverTheClocksDrift) {
+  for (const double speed : {1.0, 1.0003, 0.9997, 1.001, 0.999}) {
+    const auto [fewest, most] = Drift(speed, 240);
+    EXPECT_GE(fewest, 0) << speed;
+    EXPECT_LE(most, FramesIn(9)) << speed;
+  }
+}
+
+TEST(Microphone, ADelayThatIsFarTooLongIsPutRightAtOnce) {
+  SoundLine line;
+  SoundLine master;
+  MicrophonePath path({line, master});
+  path.Begin();
+  std::vector<float> sound = Tone(441 + MicrophonePath::kMostAdded);
+  EXPECT_EQ(path.Pass(sound.data(), 441, FramesIn(50)), 0);
+}
+
+TEST(Microphone, MutedLineFadesOutAndThenSaysSo) {
+  SoundLine line;
+  SoundLine master;
+  MicrophonePath path({line, master});
+  path.Begin();
+  std::vector<float> sound = Tone(441 + MicrophonePath::kMostAdded);
+  path.Pass(sound.data(), 441, FramesIn(4));
+  EXPECT_EQ(sound[0] < 0.01f, true);  // rises from silence
+  EXPECT_FALSE(path.Silent());
+  line.SetMute(true);
+  sound = Tone(441 + MicrophonePath::kMostAdded);
+  path.Pass(sound.data(), 441, FramesIn(4));
+  EXPECT_TRUE(path.Silent());
+  EXPECT_EQ(sound[880], 0);
+}
+
+/// Somebody speaks into the microphone of a private server.
+struct Booth {
+  Booth() {
+    const std::string tone = Files.Wav("voice.wav", 60, 0.5);
+    Voice = fork();
+    if (Voice == 0) {
+      execlp("paplay", "paplay", "-d", "mouth", "--latency-msec=10", tone.c_str(), nullptr);
+      _exit(127);
+    }
+  }
+  ~Booth() {
+    kill(Voice, SIGKILL);
+    waitpid(Voice, nullptr, 0);
+  }
+  std::string Streams() const { return Server.Control("list short source-outputs"); }
+
+  PrivateServer Server;
+  MediaFiles Files;
+  pid_t Voice = -1;
+  TestLoop Loop;
+  SoundEngine Engine{Loop, {.UseCard = false}};
+};
+
+TEST(Microphone, IsHeardWhileItsLineIsOpenAndOnlyThen) {
+  Booth booth;
+  Recording recording("desk");
+  ASSERT_TRUE(booth.Engine.HasMicrophone());
+  EXPECT_TRUE(booth.Engine.Microphone().Muted());
+  booth.Loop.Within(500ms, [] { return false; });
+  EXPECT_EQ(recording.Latest(), 0);
+  for (int call = 0; call < 3; ++call) {
+    booth.Engine.Microphone().SetMute(false);
+    EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest(441) > 0.45; }));
+    EXPECT_GT(booth.Engine.Microphone().Peak(), 10000);
+    EXPECT_GT(booth.Engine.Master().Peak(), 10000);
+    booth.Engine.Microphone().SetLevel(32768, 32768);
+    EXPECT_TRUE(booth.Loop.Within(5s, [&] { return std::fabs(recording.Latest() - 0.25) < 0.02; }));
+    booth.Engine.Microphone().SetMute(true);
+    EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() == 0; }));
+    booth.Engine.Microphone().SetLevel(65535, 65535);
+    EXPECT_TRUE(
+        booth.Loop.Within(5s, [&] { return booth.Streams().find("marlex") == std::string::npos; }));
+  }
+}
+
+TEST(Microphone, MasterLineMutesItToo) {
+  Booth booth;
+  Recording recording("desk");
+  booth.Engine.Microphone().SetMute(false);
+  EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+  booth.Engine.Master().SetMute(true);
+  EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() == 0; }));
+}
+
+TEST(Microphone, ComesBackWhenItWasPulledOutInMidCall) {
+  Booth booth;
+  Recording recording("desk");
+  booth.Engine.Microphone().SetMute(false);
+  ASSERT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+  booth.Server.Control("unload-module module-remap-source");
+  EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() == 0; }));
+  EXPECT_TRUE(booth.Engine.OutputAlive());
+  booth.Server.Control("load-module module-remap-source source_name=mic master=mouth.monitor");
+  EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+}
+
+TEST(Microphone, OpensAndClosesHundredsOfTimes) {
+  Booth booth;
+  Recording recording("desk");
+  for (int call = 0; call < 300; ++call) {
+    booth.Engine.Microphone().SetMute(false);
+    if (call % 3) booth.Loop.Within(std::chrono::milliseconds(call % 30), [] { return false; });
+    booth.Engine.Microphone().SetMute(true);
+    if (call % 2) booth.Loop.Within(std::chrono::milliseconds(call % 20), [] { return false; });
+  }
+  EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() == 0; }));
+  booth.Engine.Microphone().SetMute(false);
+  EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+}
+
+}  // namespace
+}  // namespace marlex
