@@ -87,6 +87,17 @@ class Road : public testing::Test {
     return time;
   }
 
+  /// The levels of some windows one after the other, for the message of a test that fails.
+  static std::string Levels(double from, int windows) {
+    std::string text;
+    for (int i = 0; i < windows; ++i) {
+      double time = from + i * Recording::kWindowSeconds;
+      text +=
+          std::to_string(std::lround(Heard.LevelDb(time, time + Recording::kWindowSeconds))) + " ";
+    }
+    return text;
+  }
+
   static inline std::optional<Desk> Place;
   static inline Recording Heard;
   static inline double Due = 0;
@@ -147,11 +158,21 @@ TEST_F(Road, TheSongGoesOnWhereItWasPaused) {
   int left = Heard.LoudestTone(ladder, SongLeaves() - 0.015, -60);
   int came = Heard.LoudestTone(ladder, SongComes() + 0.015, -60);
   ASSERT_GE(left, 0);
-  ASSERT_GE(came, 0);
+  ASSERT_GE(came, 0) << Levels(Only(kSecondTone).To - 0.05, 60);
   // What passes unheard is the silent end of the fade down and the silent begin of the fade up, an
   // event each.
   int steps = (came - left + stage::kLadderTones) % stage::kLadderTones;
   EXPECT_LE(steps, 3);
+}
+
+TEST_F(Road, NothingOfTheSongIsHeardBeforeTheFirstStepOfItsFadeUp) {
+  // A tick here would be the resumed song at its full volume, before the line is at silence.
+  double firstStep = kToneDb + stage::LineDb(65'535 - kFadeStep);
+  double came = SongComes();
+  EXPECT_LT(Heard.LevelDb(came, came + 0.03), firstStep + 1) << Levels(came - 0.1, 60);
+  for (double time = came; time < came + 0.3; time += 0.02) {
+    EXPECT_GT(Heard.LevelDb(time, time + 0.02), kSilentDb) << Levels(came - 0.1, 60);
+  }
 }
 
 TEST_F(Road, TheFadeUpRunsPastItsTargetForOneEventAndFallsBack) {
