@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "desk/desk.h"
+
+namespace marlex {
+
+/// A desk with two songs whose journal holds the bytes on the line and nothing else, from the first
+/// second after the start on.
+class LinkDesk : public Desk {
+ public:
+  explicit LinkDesk(DeskOptions options = {}, const std::function<void(SimulatedPc&)>& prepare = {})
+      : Desk(WithSongs(std::move(options)), prepare) {
+    Pc.Journal.Only({"send", "lost"});
+    Advance(1000);
+    Pc.Journal.Clear();
+  }
+
+  /// Starts the music and lets its routing byte pass.
+  void PlayMusic() {
+    Click("cmdPlay");
+    Advance(1000);
+    Pc.Journal.Clear();
+  }
+
+  /// The last status and the two priority flags: "128 held preempted".
+  std::string Priority() {
+    std::string text = std::to_string(State().AmplifierStatus);
+    if (!State().PriorityClear) text += " held";
+    if (State().PriorityPreempted) text += " preempted";
+    return text;
+  }
+
+  /// Text and height of what a status byte changes in the window: "Higher ..., 255 255 255".
+  std::string Label() {
+    std::string text = Main().lblHiPrio.Visible ? Main().lblHiPrio.Caption.Get() : "hidden";
+    for (CommandButton* key : {&Main().cmdPlay, &Main().cmdSkip, &Main().cmdStop}) {
+      text += " " + std::to_string(key->Height);
+    }
+    return text;
+  }
+
+  FrmPlayers& Players() { return Sys->TheFrmPlayers; }
+  bool WaveMuted() { return MuteCheck(Sys->Mixer.WaveLine); }
+  bool MicMuted() { return MuteCheck(Sys->Mixer.MicLine); }
+
+ private:
+  static DeskOptions WithSongs(DeskOptions options) {
+    if (options.Music.empty()) options.Music = {{"march"}, {"waltz"}};
+    return options;
+  }
+};
+
+}  // namespace marlex

@@ -1,0 +1,347 @@
+#include <gtest/gtest.h>
+
+#include "link/link_desk.h"
+#include "link/serial_link.h"
+
+namespace marlex {
+namespace {
+
+/// Plays two messages without fade and routing, as at a music break.
+void StartMessage(LinkDesk& desk) {
+  desk.Do([&] {
+    desk.Sys->Wavs.BuildMessageList("welcome,closing");
+    desk.Sys->Wavs.PlayMessageWavs();
+  });
+}
+
+TEST(Takeover, AStatusAboveLowTakesOverFromPlayingMusic) {
+  for (const std::string own : {"Low", "High"}) {
+    for (const int status : {128, 192}) {
+      LinkDesk desk({.Priority = own});
+      desk.PlayMusic();
+      desk.Status(status);
+      EXPECT_EQ(desk.Priority(), std::to_string(status) + " held preempted") << own;
+      EXPECT_EQ(desk.Heard(), "silence");
+      EXPECT_EQ(desk.Pc.Song.PlayState(), kPlaying);
+    }
+  }
+}
+
+TEST(Takeover, AStatusTakesOverFromAMessageAndFromACallToo) {
+  LinkDesk withMessage;
+  StartMessage(withMessage);
+  withMessage.Status(128);
+  EXPECT_EQ(withMessage.Priority(), "128 held preempted");
+
+  LinkDesk withCall;
+  withCall.Do([&] { withCall.State().CallActive = true; });
+  withCall.Status(192);
+  EXPECT_EQ(withCall.Priority(), "192 held preempted");
+  EXPECT_FALSE(withCall.State().CallActive);
+}
+
+TEST(Takeover, WithNothingRunningAStatusOnlyHoldsStartsBack) {
+  for (const int status : {128, 192}) {
+    LinkDesk desk;
+    desk.Status(status);
+    EXPECT_EQ(desk.Priority(), std::to_string(status) + " held");
+    EXPECT_EQ(desk.Label(), "Higher priority call in progress 255 255 255");
+    EXPECT_TRUE(desk.Enabled("cmdCall"));
+    desk.Click("cmdPlay");
+    desk.Advance(1000);
+    EXPECT_EQ(desk.Heard(), "silence");
+    EXPECT_EQ(desk.Journal(), "");
+  }
+}
+
+TEST(Takeover, PausedMusicAloneIsNothingThatRuns) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Do([&] { desk.Pc.Song.Pause(); });
+  desk.Status(192);
+  EXPECT_EQ(desk.Priority(), "192 held");
+}
+
+TEST(Takeover, SilencesTheLinesAndDropsWhatRan) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  StartMessage(desk);
+  desk.Do([&] {
+    desk.Main().cmdCall.Caption = "Wait";
+    desk.Main().lblCurrentZone[4].BackColor = kGreen;
+    desk.Players().tmrFlash.Enabled = true;
+    desk.Players().tmrDwellTimer.Enabled = true;
+    desk.Sys->TheFrmMxr.ChkMute[desk.Sys->Mixer.MicLine].Value = 0;
+    desk.Sys->TheFrmMxr.SldrVol[desk.Sys->Mixer.WaveLine].Value = 33333;
+  });
+  desk.Pc.Journal.Only({"send", "wav"});
+  desk.Pc.Journal.Clear();
+  desk.Status(128);
+  EXPECT_EQ(desk.WaveSlider(), 20000);
+  EXPECT_TRUE(desk.MicMuted());
+  EXPECT_TRUE(desk.MuteCheck(0));
+  EXPECT_EQ(desk.Text("cmdCall"), "Call");
+  EXPECT_FALSE(desk.Enabled("cmdCall"));
+  EXPECT_EQ(desk.Players().lstMsgSequence.ListCount(), 0);
+  EXPECT_EQ(desk.LitZones(), "110000");
+  EXPECT_FALSE(desk.Players().tmrFlash.Enabled);
+  EXPECT_FALSE(desk.Players().tmrDwellTimer.Enabled);
+  EXPECT_FALSE(desk.Players().tmrFadeTime.Enabled);
+  EXPECT_FALSE(desk.State().FadeRunning);
+  EXPECT_TRUE(desk.Players().tmrMessage.Enabled);
+  EXPECT_TRUE(desk.State().PriorityPreempted);
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Journal(), "0 wav stop welcome.wav\n0 wav refuse \n");
+}
+
+TEST(Takeover, LeavesAMicrophoneThatIsNotThereAlone) {
+  LinkDesk desk({.Microphone = false});
+  ASSERT_EQ(desk.Sys->Mixer.MicLine, 0);
+  desk.PlayMusic();
+  desk.Status(128);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_TRUE(desk.MuteCheck(0));
+}
+
+TEST(Takeover, WhereTheWordForCloseIsNoCommandTheMessageRunsOnUnderTheMutedMaster) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  StartMessage(desk);
+  constexpr int kOtherWord = 10;  // a block in which the number of "Close" has another text
+  desk.Do([&] { desk.Sys->Strings.LanguageBase = kOtherWord; });
+  ASSERT_EQ(desk.Sys->Strings.LoadString(kStrClose), "Browse");
+  desk.Status(128);
+  EXPECT_EQ(desk.Pc.Wav.Mode(), kWavePlaying);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_TRUE(desk.State().MessagePlaying);
+  desk.Advance(4000);
+  EXPECT_FALSE(desk.State().MessagePlaying);
+}
+
+TEST(Takeover, TheMusicRunsOnMutedAndKeepsItsPlace) {
+  LinkDesk desk({.Music = {{"march", 60'000}, {"waltz", 60'000}}});
+  desk.PlayMusic();
+  desk.Status(128);
+  desk.Advance(59'000);
+  EXPECT_EQ(desk.Main().lstPlaylist.ListIndex(), 1);
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kPlaying);
+  EXPECT_EQ(desk.Heard(), "silence");
+  desk.Status(0);
+  EXPECT_EQ(desk.Heard(), "song waltz.mp3 at 20000");
+  EXPECT_EQ(desk.Text("lblMP3Position"), "0:00");
+}
+
+TEST(Takeover, LowerStatusesDoNotEndIt) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Status(128);
+  for (const int status : {64, 192, 64, 128}) {
+    desk.Status(status);
+    EXPECT_EQ(desk.Priority(), std::to_string(status) + " held preempted");
+    EXPECT_EQ(desk.Heard(), "silence");
+  }
+  desk.Status(0);
+  EXPECT_EQ(desk.Priority(), "0");
+}
+
+TEST(Takeover, ALowStatusUnderOurHighLevelAllowsStartsButDoesNotEndIt) {
+  LinkDesk desk({.Priority = "High"});
+  desk.PlayMusic();
+  desk.Status(128);
+  desk.Status(64);
+  EXPECT_EQ(desk.Priority(), "64 preempted");
+}
+
+TEST(Takeover, NeverEndsByItself) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Status(128);
+  desk.Advance(24 * 3'600'000);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_FALSE(desk.Enabled("cmdCall"));
+  EXPECT_EQ(desk.Journal(), "");
+}
+
+TEST(Takeover, StatusZeroGivesEverythingBack) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Status(128);
+  desk.Do([&] {
+    desk.Main().lblBusy[0].BackColor = kRed;
+    desk.Main().lblBusy[1].BackColor = kRed;
+    desk.Sys->TheFrmMxr.ChkMute[desk.Sys->Mixer.WaveLine].Value = 1;
+  });
+  desk.Status(0);
+  EXPECT_EQ(desk.Priority(), "0");
+  EXPECT_EQ(desk.Label(), "hidden 615 615 615");
+  EXPECT_TRUE(desk.Players().tmrDwellTimer.Enabled);
+  EXPECT_EQ(desk.Main().lblBusy[0].BackColor, kButtonFace);
+  EXPECT_EQ(desk.Main().lblBusy[1].BackColor, kButtonFace);
+  EXPECT_TRUE(desk.Enabled("cmdCall"));
+  EXPECT_FALSE(desk.MuteCheck(0));
+  EXPECT_FALSE(desk.WaveMuted());
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
+TEST(Takeover, EachStatusZeroRunsTheWholeReturnAlsoWhenNothingWasHeldBack) {
+  LinkDesk desk({.CallRouting = "000000"});
+  EXPECT_FALSE(desk.Enabled("cmdCall"));
+  EXPECT_TRUE(desk.MuteCheck(0));
+  for (int time = 0; time < 2; ++time) {
+    desk.Status(0);
+    EXPECT_TRUE(desk.Enabled("cmdCall"));
+    EXPECT_FALSE(desk.MuteCheck(0));
+    EXPECT_EQ(desk.Label(), "hidden 615 615 615");
+    desk.Do([&] {
+      desk.Main().cmdCall.Enabled = false;
+      desk.Sys->TheFrmMxr.ChkMute[0].Value = 1;
+    });
+  }
+}
+
+TEST(Takeover, StatusZeroResumesOnlyMusicThatPlays) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  StartMessage(desk);
+  desk.Do([&] { desk.Pc.Song.Pause(); });
+  desk.Status(128);
+  desk.Do([&] { desk.Sys->TheFrmMxr.ChkMute[desk.Sys->Mixer.WaveLine].Value = 1; });
+  desk.Status(0);
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kPaused);
+  EXPECT_TRUE(desk.WaveMuted());
+  EXPECT_EQ(desk.Journal(), "");
+}
+
+TEST(Takeover, TheMusicsZonesFollowStatusZeroBy400Ms) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Status(128);
+  desk.Advance(1000);
+  desk.Status(0);
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal(), "1400 send 67\n");
+  EXPECT_FALSE(desk.Players().tmrDwellTimer.Enabled);
+}
+
+TEST(Takeover, TheDwellOpensTheMasterLineAgain) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Status(0);
+  desk.Do([&] { desk.Sys->TheFrmMxr.ChkMute[0].Value = 1; });
+  desk.Advance(199);
+  EXPECT_TRUE(desk.MuteCheck(0));
+  desk.Advance(1);
+  EXPECT_FALSE(desk.MuteCheck(0));
+}
+
+TEST(Takeover, TheDwellSendsNothingWithoutPlayingMusic) {
+  LinkDesk desk;
+  desk.Status(0);
+  desk.Do([&] { desk.Sys->TheFrmMxr.ChkMute[0].Value = 1; });
+  desk.Advance(5000);
+  EXPECT_TRUE(desk.MuteCheck(0));
+  EXPECT_EQ(desk.Journal(), "");
+}
+
+TEST(Takeover, ANewTakeoverEndsTheDwellOfTheOneBefore) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Status(128);
+  desk.Status(0);
+  desk.Advance(150);
+  desk.Status(192);
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Journal(), "");
+}
+
+TEST(Takeover, AZoneClickIsHeldBackUntilTheNextPollAfterStatusZero) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Status(128);
+  desk.Advance(100);
+  desk.Click("cmdMusicZones_4");
+  desk.Advance(950);
+  desk.Click("cmdMusicZones_0");
+  EXPECT_EQ(desk.Journal(), "");
+  desk.Status(0);
+  desk.Advance(1);
+  desk.Click("cmdMusicZones_5");
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Journal(), "1100 send 114\n1450 send 114\n");
+}
+
+TEST(Takeover, ARequestOfTheMomentBeforeIsHeldBackToo) {
+  LinkDesk desk;
+  desk.Click("cmdPlay");
+  desk.Advance(100);
+  desk.Status(128);
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal(), "");
+  desk.Status(0);
+  desk.Advance(100);
+  EXPECT_EQ(desk.Journal(), "10200 send 67\n");
+}
+
+TEST(Takeover, TheReleaseByteOfTheStopKeyIsNotHeldBack) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Status(128);
+  desk.Click("cmdStop");
+  EXPECT_EQ(desk.Journal(), "0 send 0\n");
+  desk.Status(0);
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Journal(), "0 send 0\n");
+}
+
+TEST(Takeover, EveryStateReturnsToFreeWithStatusZero) {
+  struct Row {
+    std::string Own;
+    bool Music;
+    int Status;
+    std::string Priority;
+  };
+  const std::vector<Row> rows = {{"Low", true, 0, "0"},
+                                 {"High", true, 64, "64"},
+                                 {"Low", true, 64, "64 held"},
+                                 {"High", false, 128, "128 held"},
+                                 {"Low", true, 128, "128 held preempted"},
+                                 {"High", true, 192, "192 held preempted"}};
+  for (const Row& row : rows) {
+    LinkDesk desk({.Priority = row.Own});
+    if (row.Music) desk.PlayMusic();
+    desk.Status(row.Status);
+    EXPECT_EQ(desk.Priority(), row.Priority);
+    desk.Status(0);
+    EXPECT_EQ(desk.Priority(), "0");
+    EXPECT_EQ(desk.Heard(), row.Music ? "song march.mp3 at 20000" : "silence");
+  }
+}
+
+TEST(Takeover, InsideAnOpenBoxSilencesAtOnceAndGivesBackAtOnce) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
+  desk.Click("mnuAdresses");
+  desk.Status(128);
+  EXPECT_EQ(desk.Heard(), "silence");
+  desk.Advance(3000);
+  desk.Status(0);
+  desk.Advance(1000);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Journal(), "3400 send 67\n");
+  EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
+}
+
+TEST(Takeover, TheExitInTheMiddleOfItReleasesTheZones) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Status(128);
+  desk.Pc.Journal.Only({"send", "serial", "process"});
+  desk.Click("mnuExit");
+  EXPECT_EQ(desk.Journal(), "0 send 0\n0 serial close\n0 process ends\n");
+}
+
+}  // namespace
+}  // namespace marlex
