@@ -9,6 +9,14 @@ namespace {
 
 /// A small window with the kinds of control that the main window has none of.
 struct Bench {
+  /// A control, or an array of them, that outlives the view.
+  template <class T, class... Arguments>
+  T& Make(Arguments&&... arguments) {
+    auto made = std::make_shared<T>(Place, std::forward<Arguments>(arguments)...);
+    Made.push_back(made);
+    return *made;
+  }
+
   template <class T>
   T& Add(const char* name) {
     auto* widget = new T(&Window);
@@ -32,6 +40,7 @@ struct Bench {
 
   VirtualLoop Loop;
   Form Place{"frmBench", "Bench"};
+  std::vector<std::shared_ptr<void>> Made;
   QWidget Window;
   QVBoxLayout Rows{&Window};
   std::optional<Binder> View;
@@ -39,7 +48,7 @@ struct Bench {
 
 TEST(SimpleBindings, ACheckBoxHoldsOneOrNought) {
   Bench bench;
-  CheckBox check(bench.Place, "chkMute");
+  auto& check = bench.Make<CheckBox>("chkMute");
   auto& widget = bench.Add<QCheckBox>("chkMute");
   int clicks = 0;
   check.OnClick = [&] { ++clicks; };
@@ -55,7 +64,7 @@ TEST(SimpleBindings, ACheckBoxHoldsOneOrNought) {
 
 TEST(SimpleBindings, OneOptionOfAnArrayIsOn) {
   Bench bench;
-  ControlArray<OptionButton> options(bench.Place, "optPort", 0, 2);
+  auto& options = bench.Make<ControlArray<OptionButton>>("optPort", 0, 2);
   std::vector<QRadioButton*> widgets;
   for (const char* name : {"optPort_0", "optPort_1", "optPort_2"})
     widgets.push_back(&bench.Add<QRadioButton>(name));
@@ -77,7 +86,7 @@ TEST(SimpleBindings, OneOptionOfAnArrayIsOn) {
 
 TEST(SimpleBindings, AnOptionThatWasDisabledMeanwhileKeepsItsArray) {
   Bench bench;
-  ControlArray<OptionButton> options(bench.Place, "optPort", 0, 1);
+  auto& options = bench.Make<ControlArray<OptionButton>>("optPort", 0, 1);
   auto& first = bench.Add<QRadioButton>("optPort_0");
   auto& second = bench.Add<QRadioButton>("optPort_1");
   options[0].SetValue(true);
@@ -92,7 +101,7 @@ TEST(SimpleBindings, AnOptionThatWasDisabledMeanwhileKeepsItsArray) {
 
 TEST(SimpleBindings, TypedTextReachesTheControl) {
   Bench bench;
-  TextBox box(bench.Place, "txtName");
+  auto& box = bench.Make<TextBox>("txtName");
   auto& widget = bench.Add<QLineEdit>("txtName");
   int changes = 0;
   box.OnChange = [&] { ++changes; };
@@ -108,7 +117,7 @@ TEST(SimpleBindings, TypedTextReachesTheControl) {
 
 TEST(SimpleBindings, ASliderMovesBothWays) {
   Bench bench;
-  Slider slider(bench.Place, "slMaster");
+  auto& slider = bench.Make<Slider>("slMaster");
   auto& widget = bench.Add<QSlider>("slMaster");
   int changes = 0;
   slider.OnChange = [&] { ++changes; };
