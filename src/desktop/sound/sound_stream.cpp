@@ -76,7 +76,8 @@ void SoundStream::Want(Wanted wanted) {
 /// The first frames are there before the file counts as open, so that it sounds as soon as it is
 /// played.
 void SoundStream::Run(const std::string& path, OpenDecoder open) {
-  const std::unique_ptr<Decoder> decoder = open(path);
+  std::unique_ptr<Decoder> decoder = open(path);
+  if (decoder) decoder = std::make_unique<RateConverter>(std::move(decoder));
   bool more = decoder && DecodeBlock(*decoder);
   if (!more) DecodedAll.store(true, std::memory_order_release);
   Settle(decoder ? Opening::kOpen : Opening::kRefused, decoder ? decoder->Seconds() : 0);
