@@ -1,0 +1,145 @@
+#include "latency_bench.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "real_program.h"
+#include "system/stage/installation.h"
+#include "system/stage/wait.h"
+
+namespace marlex::bench {
+namespace {
+
+constexpr int kRepetitions = 5;
+constexpr double kSilenceBudgetMs = 50;
+constexpr double kLimitSeconds = 20;
+constexpr double kSilentDb = -60;
+constexpr int kTakeOver = 128;
+constexpr int kIdle = 0;
+
+/// A row each hour.
+stage::InstallationFiles Files(bool withMusic) {
+  stage::InstallationFiles files;
+  files.Songs = {{"Song", stage::Tone(440, 120)}};
+  files.Messages = {{"Message", stage::Tone(700, 0.2)}};
+  files.Sequences = {{"Hourly", "Message", "00-23", "00"}};
+  files.MusicVolume = 0;
+  files.Autostart = withMusic;
+  return files;
+}
+
+bool AwaitLevel(stage::Stage& desk, bool isLoud) {
+  constexpr double kHeardSeconds = 0.2;
+  return stage::WaitUntil(
+      [&] { return (desk.Card->LevelNowDb(kHeardSeconds) > kSilentDb) == isLoud; }, kLimitSeconds);
+}
+
+/// Time until nothing is heard any more, in milliseconds. The song is a tone, so that a few silent
+/// milliseconds are its end.
+double SilenceAfterMs(stage::Stage& desk, double moment) {
+  constexpr double kHeardSeconds = 0.005;
+  while (desk.Card->LevelNowDb(kHeardSeconds) > kSilentDb) {
+    if (stage::Now() - moment > kLimitSeconds) throw std::runtime_error("the music plays on");
+    Sleep(0.001);
+  }
+  return (stage::Now() - moment) * 1000;
+}
+
+/// Milliseconds of sound that the card holds ahead while music plays, worked out by the server from
+/// what its clients ask for.
+double CardQueueMs(stage::Stage& desk) {
+  stage::Command command;
+  command.Arguments = {"pactl", "list", "sinks"};
+  command.Variables = desk.Server->Variables();
+  command.Variables["LC_ALL"] = "C";
+  command.LogFile = desk.Folder + "/sinks.log";
+  if (stage::Run(command) != 0) throw std::runtime_error("the sound server does not answer");
+  std::ifstream log(command.LogFile);
+  const std::string text(std::istreambuf_iterator<char>(log), {});
+  constexpr std::string_view kKey = "configured ";
+  const std::size_t place = text.find(kKey);
+  if (place == std::string::npos) throw std::runtime_error("the sound server tells no latency");
+  std::filesystem::remove(command.LogFile);
+  return std::stod(text.substr(place + kKey.size())) / 1000;
+}
+
+/// A mute is late by what the card holds ahead. The recorder asks for less of that than the program
+/// gets when nobody records, and the difference is added to what is measured with it.
+void MeasureSilence(Report& report) {
+  Figure recorded{"status byte to silence in the recording [ms]", {}};
+  Figure worst{"the same with the longer queue of a card unrecorded [ms]", {}, kSilenceBudgetMs};
+  try {
+    AwaitOthersEnd();
+    stage::Stage desk(ProgramOptions());
+    stage::LayOut(desk.Installation, Files(true));
+    desk.Start("2031-05-05 08:30:00");
+    for (int i = 0; i < kRepetitions; ++i) {
+      if (!AwaitLevel(desk, true)) throw std::runtime_error("no music is heard");
+      desk.Card.reset();
+      Sleep(0.5);
+      const double queueMs = CardQueueMs(desk);
+      desk.RecordAnew();
+      Sleep(0.5 + 0.013 * i);  // not in step with anything
+      const double recordedQueueMs = CardQueueMs(desk);
+      const double sent = stage::Now();
+      desk.Line->Send(kTakeOver);
+      recorded.Values.push_back(SilenceAfterMs(desk, sent));
+      worst.Values.push_back(recorded.Values.back() + queueMs - recordedQueueMs);
+      if (!AwaitLevel(desk, false)) throw std::runtime_error("the music comes back by itself");
+      desk.Line->Send(kIdle);
+    }
+  } catch (const std::exception& failure) {
+    recorded.Failure = worst.Failure = failure.what();
+  }
+  report.Add(recorded);
+  report.Add(worst);
+}
+
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+std::string WhyNoWindow(const stage::Stage& desk) {
+  if (desk.Window->Read("QMessageBox", "visible") != "yes") return "no main window";
+  const std::string text = desk.Window->Read("QMessageBox", "text");
+  return text.empty() ? "another Tolvo Marlex runs" : "a box: " + text;
+}
+
+Figure MeasureMinute() {
+  Figure figure{"minute change to the first byte on the line [ms]", {}};
+  try {
+    AwaitOthersEnd();
+    stage::Stage desk(ProgramOptions());
+    stage::LayOut(desk.Installation, Files(false));
+    desk.Start("2031-05-05 08:30:00");
+    if (!desk.Await("frmMain", "visible", "yes")) throw std::runtime_error(WhyNoWindow(desk));
+    for (int i = 0; i < kRepetitions; ++i) {
+      Sleep(1 + 0.17 * i);  // so that the tick stands elsewhere in the second each time
+      const std::size_t before = desk.Line->Received().size();
+      const std::string day = "2031-05-05 ";
+      desk.Clock->Set(day + TwoDigits(9 + i) + ":59:59");
+      const double due = desk.Clock->SteadyTimeOf(day + TwoDigits(10 + i) + ":00:00");
+      if (!stage::WaitUntil([&] { return desk.Line->Received().size() > before; }, kLimitSeconds)) {
+        throw std::runtime_error("no byte came");
+      }
+      figure.Values.push_back((desk.Line->Received()[before].Time - due) * 1000);
+      // The message, and what it sends at its end.
+      if (!AwaitLevel(desk, true) || !AwaitLevel(desk, false)) {
+        throw std::runtime_error("the message was not heard");
+      }
+    }
+  } catch (const std::exception& failure) {
+    figure.Failure = failure.what();
+  }
+  return figure;
+}
+
+}  // namespace
+
+void MeasureLatencies(Report& report) {
+  report.Section("Answers of the real program");
+  MeasureSilence(report);
+  report.Add(MeasureMinute());
+}
+
+}  // namespace marlex::bench

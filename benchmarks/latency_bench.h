@@ -1,0 +1,11 @@
+#pragma once
+
+#include "report.h"
+
+namespace marlex::bench {
+
+/// How long the real program takes from a status byte to silence, and from the change of the minute
+/// to the first byte of an announcement.
+void MeasureLatencies(Report& report);
+
+}  // namespace marlex::bench

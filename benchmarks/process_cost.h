@@ -1,0 +1,17 @@
+#pragma once
+
+#include <sys/types.h>
+
+namespace marlex::bench {
+
+/// What a process has used since its start.
+struct ProcessUse {
+  double ProcessorMs = 0;  // of all its threads, those that have ended included
+  double WakeUps = 0;      // voluntary context switches of the threads that live now
+  double ResidentMiB = 0;  // now
+};
+
+/// Throws when there is no such process.
+ProcessUse UseOf(pid_t process);
+
+}  // namespace marlex::bench
