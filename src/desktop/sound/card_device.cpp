@@ -1,7 +1,36 @@
+#include "desktop/sound/alsa_output.h"
 #include "desktop/sound/sound_devices.h"
 
 namespace marlex {
+namespace {
 
-SoundDevice FindCardDevice(const std::string&, const MicrophoneLines&) { return {}; }
+constexpr int kPieceMs = 20;   // one wake-up each
+constexpr int kBufferMs = 40;  // from sample to sound
+
+/// The library would print a device that is missing, which is a normal state here.
+void SayNothing(const char*, int, const char*, int, const char*, ...) {}
+
+std::unique_ptr<AlsaDevice> OpenCard(const std::string& name, snd_pcm_stream_t direction) {
+  return AlsaDevice::Open(name, direction, kPieceMs, kBufferMs);
+}
+
+}  // namespace
+
+SoundDevice FindCardDevice(const std::string& name, const MicrophoneLines& lines) {
+  snd_lib_error_set_handler(SayNothing);
+  SoundDevice found;
+  auto device = OpenCard(name, SND_PCM_STREAM_PLAYBACK);
+  if (!device) return found;
+  found.CardName = device->CardName();
+  found.HasMicrophone = OpenCard(name, SND_PCM_STREAM_CAPTURE) != nullptr;
+  found.Output = std::make_unique<AlsaOutput>(std::move(device), name, lines);
+  found.Reopen = [name, lines, card = found.CardName]() -> std::unique_ptr<SoundOutput> {
+    auto again = OpenCard(name, SND_PCM_STREAM_PLAYBACK);
+    // The same name may have passed to another card, which is not ours to play into.
+    if (!again || again->CardName() != card) return nullptr;
+    return std::make_unique<AlsaOutput>(std::move(again), name, lines);
+  };
+  return found;
+}
 
 }  // namespace marlex

@@ -3,7 +3,6 @@
 #include <soxr.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "desktop/sound/sound_format.h"
 
@@ -25,7 +24,7 @@ int RateConverter::Read(float* stereo, int frames) {
     Convert(stereo, count);
   }
   const std::size_t count = std::min(std::size_t(frames) * kChannels, Ready.size() - ReadyTaken);
-  std::memcpy(stereo, Ready.data() + ReadyTaken, count * sizeof(float));
+  std::copy_n(Ready.begin() + std::ptrdiff_t(ReadyTaken), count, stereo);
   ReadyTaken += count;
   return int(count / kChannels);
 }

@@ -145,7 +145,7 @@ const std::vector<float>& Recording::Sound() {
   const std::size_t whole = Bytes.size() / 8 * 2;
   const std::size_t known = Samples.size();
   Samples.resize(whole);
-  std::memcpy(Samples.data() + known, Bytes.data() + known * 4, (whole - known) * 4);
+  if (whole > known) std::memcpy(&Samples[known], &Bytes[known * 4], (whole - known) * 4);
   return Samples;
 }
 

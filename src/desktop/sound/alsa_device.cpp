@@ -1,0 +1,108 @@
+#include "desktop/sound/alsa_device.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "desktop/sound/sound_format.h"
+
+namespace marlex {
+namespace {
+
+constexpr float kFullWhole = 32767;  // a full amplitude of 16 bits
+constexpr unsigned kUsPerMs = 1000;
+
+}  // namespace
+
+std::unique_ptr<AlsaDevice> AlsaDevice::Open(const std::string& name, snd_pcm_stream_t direction,
+                                             int pieceMs, int bufferMs) {
+  snd_pcm_t* handle = nullptr;
+  if (snd_pcm_open(&handle, name.c_str(), direction, SND_PCM_NONBLOCK) != 0) return nullptr;
+  auto device = std::make_unique<AlsaDevice>(handle);
+  if (!device->Configure(pieceMs, bufferMs)) return nullptr;
+  return device;
+}
+
+bool AlsaDevice::Configure(int pieceMs, int bufferMs) {
+  snd_pcm_hw_params_t* hardware = nullptr;
+  snd_pcm_hw_params_alloca(&hardware);
+  if (snd_pcm_hw_params_any(Handle, hardware) < 0) return false;
+  snd_pcm_hw_params_set_rate_resample(Handle, hardware, 1);
+  if (snd_pcm_hw_params_set_access(Handle, hardware, SND_PCM_ACCESS_RW_INTERLEAVED) < 0)
+    return false;
+  Floating = snd_pcm_hw_params_set_format(Handle, hardware, SND_PCM_FORMAT_FLOAT_LE) == 0;
+  if (!Floating && snd_pcm_hw_params_set_format(Handle, hardware, SND_PCM_FORMAT_S16_LE) < 0)
+    return false;
+  if (snd_pcm_hw_params_set_channels(Handle, hardware, kChannels) < 0) return false;
+  if (snd_pcm_hw_params_set_rate(Handle, hardware, kSampleRate, 0) < 0) return false;
+  unsigned pieceUs = unsigned(pieceMs) * kUsPerMs;
+  unsigned bufferUs = unsigned(bufferMs) * kUsPerMs;
+  snd_pcm_hw_params_set_period_time_near(Handle, hardware, &pieceUs, nullptr);
+  snd_pcm_hw_params_set_buffer_time_near(Handle, hardware, &bufferUs, nullptr);
+  return snd_pcm_hw_params(Handle, hardware) == 0 && snd_pcm_prepare(Handle) == 0;
+}
+
+std::string AlsaDevice::CardName() const {
+  snd_pcm_info_t* info = nullptr;
+  snd_pcm_info_alloca(&info);
+  char* text = nullptr;
+  if (snd_pcm_info(Handle, info) == 0 && snd_pcm_info_get_card(info) >= 0 &&
+      snd_card_get_name(snd_pcm_info_get_card(info), &text) == 0) {
+    const std::string name = text;
+    std::free(text);
+    return name;
+  }
+  return snd_pcm_name(Handle);
+}
+
+int AlsaDevice::Await(int limitMs) {
+  const int ready = snd_pcm_wait(Handle, limitMs);
+  if (ready == 0) return 0;
+  if (ready < 0) return Recover(ready) && Start() ? 0 : -1;
+  const snd_pcm_sframes_t frames = snd_pcm_avail_update(Handle);
+  if (frames >= 0) return int(frames);
+  return Recover(frames) && Start() ? 0 : -1;
+}
+
+int AlsaDevice::Delay() const {
+  snd_pcm_sframes_t frames = 0;
+  return snd_pcm_delay(Handle, &frames) == 0 ? int(std::max<snd_pcm_sframes_t>(0, frames)) : 0;
+}
+
+bool AlsaDevice::Write(const float* stereo, int frames) {
+  const void* data = stereo;
+  if (!Floating) {
+    Whole.resize(std::size_t(frames) * kChannels);
+    const auto whole = [](float sample) {
+      return short(std::lround(std::clamp(sample, -1.0f, 1.0f) * kFullWhole));
+    };
+    std::transform(stereo, stereo + frames * kChannels, Whole.begin(), whole);
+    data = Whole.data();
+  }
+  const snd_pcm_sframes_t written = snd_pcm_writei(Handle, data, snd_pcm_uframes_t(frames));
+  return written >= 0 || written == -EAGAIN || Recover(written);
+}
+
+bool AlsaDevice::Read(float* stereo, int frames) {
+  void* data = stereo;
+  if (!Floating) {
+    Whole.resize(std::size_t(frames) * kChannels);
+    data = Whole.data();
+  }
+  const snd_pcm_sframes_t got = snd_pcm_readi(Handle, data, snd_pcm_uframes_t(frames));
+  if (got < frames) return got >= 0 || got == -EAGAIN || (Recover(got) && Start());
+  if (!Floating) {
+    std::transform(Whole.begin(), Whole.end(), stereo,
+                   [](short sample) { return float(sample) / kFullWhole; });
+  }
+  return true;
+}
+
+bool AlsaDevice::Start() {
+  if (snd_pcm_state(Handle) == SND_PCM_STATE_RUNNING) return true;
+  if (snd_pcm_state(Handle) != SND_PCM_STATE_PREPARED && snd_pcm_prepare(Handle) != 0) return false;
+  // Playback begins with its first samples, capture has nothing to wait for.
+  return snd_pcm_stream(Handle) == SND_PCM_STREAM_PLAYBACK || snd_pcm_start(Handle) == 0;
+}
+
+}  // namespace marlex

@@ -1,0 +1,76 @@
+#include "desktop/sound/alsa_output.h"
+
+#include <algorithm>
+
+#include "desktop/sound/steady_time.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kBlockMs = 40;   // rendered at most in one go
+constexpr int kAwaitMs = 100;  // a card that gives no sign is asked again
+constexpr std::int64_t kUsPerSecond = 1000000;
+
+}  // namespace
+
+AlsaOutput::AlsaOutput(std::unique_ptr<AlsaDevice> device, const std::string& name,
+                       const MicrophoneLines& lines)
+    : Device(std::move(device)),
+      Microphone(name, lines),
+      Block(std::size_t(FramesIn(kBlockMs)) * kChannels) {
+  sem_init(&Waker, 0, 0);
+}
+
+AlsaOutput::~AlsaOutput() {
+  Quit = true;
+  sem_post(&Waker);
+  if (Thread.joinable()) Thread.join();
+  sem_destroy(&Waker);
+}
+
+void AlsaOutput::Start(OutputSource& source) {
+  Source = &source;
+  Thread = std::thread([this] { Run(); });
+}
+
+void AlsaOutput::Wake() {
+  Microphone.Follow();
+  sem_post(&Waker);
+}
+
+void AlsaOutput::Run() {
+  bool good = Device->Start();
+  while (good && !Quit) {
+    const int room = Device->Await(kAwaitMs);
+    good = room >= 0 && Fill(room);
+  }
+  if (Quit) return;
+  Living = false;
+  Source->OutputChanged();
+}
+
+bool AlsaOutput::Fill(int frames) {
+  frames = std::min(frames, FramesIn(kBlockMs));
+  if (frames == 0) return true;
+  while (sem_trywait(&Waker) == 0) {  // the block below shows what these were for
+  }
+  const std::int64_t delayUs = Device->Delay() * kUsPerSecond / kSampleRate;
+  const bool sounds = Source->RenderBlock(Block.data(), frames, delayUs);
+  const bool speaks = Microphone.MixInto(Block.data(), frames);
+  if (!Device->Write(Block.data(), frames)) return false;
+  if (Silence.Passed(sounds || speaks, frames)) Sleep();
+  return true;
+}
+
+/// A `Wake` that came since the last block was taken has posted already, so that none is missed.
+void AlsaOutput::Sleep() {
+  Device->Drop();
+  Sleeping = true;
+  Source->OutputChanged();
+  WaitUntil(Waker, kForeverUs);
+  Sleeping = false;
+  Silence.Reset();
+  Device->Start();
+}
+
+}  // namespace marlex

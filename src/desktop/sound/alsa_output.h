@@ -1,0 +1,45 @@
+#pragma once
+
+#include <semaphore.h>
+
+#include <thread>
+#include <vector>
+
+#include "desktop/sound/alsa_device.h"
+#include "desktop/sound/alsa_microphone.h"
+#include "desktop/sound/sound_output.h"
+
+namespace marlex {
+
+/// A sound card without a server. The device stops while nothing plays.
+class AlsaOutput : public SoundOutput {
+ public:
+  AlsaOutput(std::unique_ptr<AlsaDevice> device, const std::string& name,
+             const MicrophoneLines& lines);
+  ~AlsaOutput() override;
+  AlsaOutput(const AlsaOutput&) = delete;
+  AlsaOutput& operator=(const AlsaOutput&) = delete;
+
+  void Start(OutputSource& source) override;
+  void Wake() override;
+  bool Alive() const override { return Living; }
+  bool Asleep() const override { return Sleeping; }
+
+ private:
+  void Run();
+  bool Fill(int frames);
+  void Sleep();
+
+  std::unique_ptr<AlsaDevice> Device;
+  AlsaMicrophone Microphone;
+  OutputSource* Source = nullptr;
+  SleepTimer Silence;
+  std::vector<float> Block;
+  std::atomic<bool> Quit{false};
+  std::atomic<bool> Living{true};
+  std::atomic<bool> Sleeping{false};
+  sem_t Waker;
+  std::thread Thread;
+};
+
+}  // namespace marlex

@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "desktop/sound/engine_song_player.h"
+#include "desktop/sound/media_files.h"
+#include "desktop/sound/private_server.h"
+#include "desktop/sound/test_loop.h"
+
+namespace marlex {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// An engine on an ALSA device, which is one that plays into a private server, since the machine
+/// has no card.
+struct CardDesk {
+  PrivateServer Server;
+  TestLoop Loop;
+  MediaFiles Files;
+  SoundEngine Engine{Loop, {.UseServer = false, .CardDevice = "pulse"}};
+  EngineSongPlayer Song{Engine};
+};
+
+TEST(CardOutput, PlaysASongToItsEndInRealTime) {
+  CardDesk desk;
+  ASSERT_TRUE(desk.Engine.HasOutput());
+  EXPECT_TRUE(desk.Engine.HasMicrophone());
+  Recording recording("desk");
+  bool ended = false;
+  desk.Song.OnEndOfStream = [&] { ended = true; };
+  desk.Song.SetFileName(desk.Files.Mp3("song.mp3", 2));
+  const auto begin = std::chrono::steady_clock::now();
+  desk.Song.Play();
+  EXPECT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest() > 0.4; }));
+  ASSERT_TRUE(desk.Loop.Within(10s, [&] { return ended; }));
+  const auto length = std::chrono::steady_clock::now() - begin;
+  EXPECT_GT(length, 1700ms);
+  EXPECT_LT(length, 2600ms);
+}
+
+TEST(CardOutput, GoesOnByTheTimerWhenTheCardGoesAndComesBackWithIt) {
+  CardDesk desk;
+  desk.Song.SetFileName(desk.Files.Mp3("song.mp3", 60));
+  desk.Song.Play();
+  ASSERT_TRUE(desk.Loop.Within(5s, [&] { return desk.Song.CurrentPosition() > 0.3; }));
+  desk.Server.Kill();
+  ASSERT_TRUE(desk.Loop.Within(5s, [&] { return !desk.Engine.OutputAlive(); }));
+  const double position = desk.Song.CurrentPosition();
+  EXPECT_TRUE(desk.Loop.Within(5s, [&] { return desk.Song.CurrentPosition() > position + 0.5; }));
+  desk.Server.Start();
+  EXPECT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.OutputAlive(); }));
+  Recording recording("desk");
+  EXPECT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest() > 0.4; }));
+}
+
+TEST(CardOutput, AnUnknownDeviceIsNoOutput) {
+  TestLoop loop;
+  SoundEngine engine(loop, {.UseServer = false, .CardDevice = "no-such-device"});
+  EXPECT_FALSE(engine.HasOutput());
+}
+
+TEST(CardOutput, PassesTheMicrophone) {
+  CardDesk desk;
+  Recording recording("desk");
+  MediaFiles files;
+  const std::string tone = files.Wav("voice.wav", 20, 0.5);
+  FILE* voice = popen(("paplay -d mouth --latency-msec=20 '" + tone + "'").c_str(), "r");
+  desk.Engine.Microphone().SetMute(false);
+  EXPECT_TRUE(desk.Loop.Within(8s, [&] { return recording.Latest() > 0.45; }));
+  desk.Engine.Microphone().SetMute(true);
+  EXPECT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest() == 0; }));
+  desk.Server.Kill();
+  pclose(voice);
+}
+
+}  // namespace
+}  // namespace marlex
