@@ -8,7 +8,7 @@ namespace marlex {
 MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
                        FrmMxr& frmMxr, MixerAccess& mixer, const StringTable& strings,
                        ScheduleColumns& columns, PlaylistFiles& playlist, SequenceFiles& sequences,
-                       ZoneRouting& routing)
+                       ZoneRouting& routing, Notices& notices)
     : ThePc(pc),
       Store(store),
       TheFrmMain(windows.frmMain),
@@ -20,7 +20,8 @@ MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayer
       Columns(columns),
       Playlist(playlist),
       Sequences(sequences),
-      Routing(routing) {
+      Routing(routing),
+      TheNotices(notices) {
   TheFrmMain.OnLoad = [this] { Load(); };
   TheFrmMain.OnClose = [this] { mnuExit_Click(); };
   TheFrmMain.Seconds.OnTimer = [this] { ShowClock(); };
@@ -181,8 +182,8 @@ void MainWindow::mnuExit_Click() {
 }
 
 void MainWindow::mnuAdresses_Click() {
-  ThePc.Boxes.MsgBox(Strings.LoadString(kStrSurfTo) + "\r" + Strings.LoadString(kStrNearestContact),
-                     BoxIcon::Information, Strings.LoadString(kStrInfo));
+  TheNotices.Tell(Strings.LoadString(kStrSurfTo) + "\r" + Strings.LoadString(kStrNearestContact),
+                  BoxIcon::Information, Strings.LoadString(kStrInfo));
 }
 
 }  // namespace marlex

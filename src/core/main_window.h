@@ -7,6 +7,7 @@
 #include "platform/pc.h"
 #include "schedule/schedule_columns.h"
 #include "schedule/sequence_files.h"
+#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 
@@ -18,7 +19,8 @@ class MainWindow {
  public:
   MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
              MixerAccess& mixer, const StringTable& strings, ScheduleColumns& columns,
-             PlaylistFiles& playlist, SequenceFiles& sequences, ZoneRouting& routing);
+             PlaylistFiles& playlist, SequenceFiles& sequences, ZoneRouting& routing,
+             Notices& notices);
 
   /// Hides what is of no use without a microphone. Nothing brings it back while the application
   /// runs.
@@ -52,6 +54,7 @@ class MainWindow {
   PlaylistFiles& Playlist;
   SequenceFiles& Sequences;
   ZoneRouting& Routing;
+  Notices& TheNotices;
 };
 
 }  // namespace marlex

@@ -31,7 +31,7 @@ System::System(const Pc& pc)
       Tick(TheFlags, pc.Clock, TheWindows.frmMain, TheFrmPlayers, MusicClock, Table, Wavs,
            Playback),
       TheMainWindow(ThePc, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings, Columns,
-                    Playlist, Sequences, Routing),
+                    Playlist, Sequences, Routing, TheNotices),
       Loader(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Strings,
              TheNotices),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader) {

@@ -7,9 +7,8 @@
 
 namespace marlex {
 
-/// Tells the operator what went wrong without waiting for an answer: the box comes as an event of
-/// its own and is left standing, so that an announcement never stands still behind a box that
-/// nobody reads.
+/// Tells the operator something without waiting for an answer: the box comes as an event of its own
+/// and is left standing, so that an announcement never stands still behind a box that nobody reads.
 class Notices {
  public:
   Notices(EventLoop& loop, Dialogs& dialogs) : Loop(loop), TheDialogs(dialogs) {}

@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+
+#include "desk/desk.h"
+
+namespace marlex {
+namespace {
+
+/// Something that the desk can be in the middle of, and how it gets there.
+struct Midst {
+  const char* Name;
+  std::function<void(Desk&)> Reach;
+};
+
+void RunUntil(Desk& desk, const std::function<bool()>& reached) {
+  constexpr int kLimitMs = 120'000;
+  ASSERT_TRUE(desk.Pc.Loop.RunUntil(reached, kLimitMs));
+}
+
+void ReachFadeDown(Desk& desk) {
+  desk.Click("cmdPlay");
+  RunUntil(desk, [&] { return desk.State().FadeRunning; });
+  desk.Advance(200);
+}
+
+void ReachMessage(Desk& desk) {
+  ReachFadeDown(desk);
+  RunUntil(desk, [&] { return desk.State().MessagePlaying; });
+  desk.Advance(1000);
+}
+
+void ReachFadeUp(Desk& desk) {
+  ReachMessage(desk);
+  RunUntil(desk, [&] { return !desk.State().MessagePlaying && desk.State().FadeRunning; });
+  desk.Advance(200);
+}
+
+void OpenNotice(Desk& desk) {
+  desk.Do([&] { desk.Sys->TheNotices.Tell("No paper", BoxIcon::Critical, "Error"); });
+  ASSERT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
+}
+
+void OpenFileDialog(Desk& desk) {
+  const int open = desk.Pc.Dialogs.OpenBoxCount();
+  desk.Click("mnuSequence");
+  ASSERT_EQ(desk.Pc.Dialogs.OpenBoxCount(), open + 1);
+}
+
+const std::vector<Midst> kMidsts = {
+    {"nothing", [](Desk&) {}},
+    {"music", [](Desk& desk) { desk.Click("cmdPlay"); }},
+    {"the fade down", ReachFadeDown},
+    {"a message", ReachMessage},
+    {"the fade up", ReachFadeUp},
+    {"a notice", OpenNotice},
+    {"a file dialog", OpenFileDialog},
+    {"a file dialog over a message",
+     [](Desk& desk) {
+       ReachMessage(desk);
+       OpenFileDialog(desk);
+     }},
+    {"a notice in the fade down, over a file dialog",
+     [](Desk& desk) {
+       OpenFileDialog(desk);
+       ReachFadeDown(desk);
+       desk.Do([&] { desk.Sys->TheNotices.Tell("No paper", BoxIcon::Critical, "Error"); });
+       ASSERT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 2);
+     }},
+    {"a message over a file dialog over another",
+     [](Desk& desk) {
+       OpenFileDialog(desk);
+       OpenFileDialog(desk);
+       ReachMessage(desk);
+     }},
+    {"the about window",
+     [](Desk& desk) {
+       desk.Click("mnuAboutbox");
+       ReachMessage(desk);
+     }},
+    {"a takeover",
+     [](Desk& desk) {
+       ReachMessage(desk);
+       desk.Status(192);
+       ASSERT_TRUE(desk.State().PriorityPreempted);
+     }},
+};
+
+DeskOptions Shop(bool router) {
+  return {.Music = {{"march"}}, .Sequences = {{.Minutes = "01"}}, .Router = router};
+}
+
+const auto kNobodyAnswers = [](SimulatedPc& pc) {
+  pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
+};
+
+void ExpectTheEnd(Desk& desk, const std::string& farewell) {
+  EXPECT_EQ(desk.Journal(), farewell);
+  EXPECT_TRUE(desk.Pc.Process.Ended());
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_FALSE(desk.Pc.Serial.PortOpen());
+  EXPECT_FALSE(desk.Pc.Mixer.IsOpen());
+  desk.Advance(3'600'000);
+  EXPECT_EQ(desk.Journal(), farewell);
+}
+
+constexpr const char* kFarewell = "0 send 0\n0 serial close\n0 process ends\n";
+
+TEST(Exit, TheMenuEndsTheProgramAtOnceInTheMidstOfAnything) {
+  for (const Midst& midst : kMidsts) {
+    SCOPED_TRACE(midst.Name);
+    Desk desk(Shop(true), kNobodyAnswers);
+    midst.Reach(desk);
+    desk.Pc.Journal.Clear();
+    desk.Click("mnuExit");
+    ExpectTheEnd(desk, kFarewell);
+  }
+}
+
+TEST(Exit, ClosingTheMainWindowEndsTheProgramAtOnceInTheMidstOfAnything) {
+  for (const Midst& midst : kMidsts) {
+    SCOPED_TRACE(midst.Name);
+    Desk desk(Shop(true), kNobodyAnswers);
+    midst.Reach(desk);
+    desk.Pc.Journal.Clear();
+    desk.CloseMainWindow();
+    ExpectTheEnd(desk, kFarewell);
+  }
+}
+
+TEST(Exit, WithoutTheRouterNoByteIsSent) {
+  for (const Midst& midst : kMidsts) {
+    if (midst.Name == std::string("a takeover")) continue;
+    SCOPED_TRACE(midst.Name);
+    Desk desk(Shop(false), kNobodyAnswers);
+    midst.Reach(desk);
+    desk.Pc.Journal.Clear();
+    desk.Click("mnuExit");
+    ExpectTheEnd(desk, "0 process ends\n");
+  }
+}
+
+TEST(Exit, InTheMidstOfMessagesAtTheMusicBreakEndsTheProgramAtOnce) {
+  Desk desk({.Music = {{"march", 60'000}}, .Sequences = {{.Minutes = "01", .Timer = "Between"}}});
+  desk.Click("cmdPlay");
+  RunUntil(desk, [&] { return desk.State().MessagePlaying; });
+  desk.Advance(1000);
+  ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  desk.Pc.Journal.Clear();
+  desk.Click("mnuExit");
+  ExpectTheEnd(desk, kFarewell);
+}
+
+TEST(Exit, InTheFadeWithWhichTheClockStopsTheMusicEndsTheProgramAtOnce) {
+  Desk desk({.Music = {{"march"}},
+             .StartTime = "12:01",
+             .StopTime = "12:02",
+             .WeekDays = "1234567",
+             .Now = {2024, 1, 1, 12, 0, 0}});
+  RunUntil(desk, [&] { return desk.State().FadeRunning; });
+  desk.Advance(200);
+  desk.Pc.Journal.Clear();
+  desk.CloseMainWindow();
+  ExpectTheEnd(desk, kFarewell);
+}
+
+TEST(Exit, AsksForNothingWritesNothingAndLeavesTheMixerAsItStands) {
+  Desk desk(Shop(true));
+  ReachMessage(desk);
+  desk.Pc.Journal.Only({"write", "mixer", "box", "open"});
+  desk.Pc.Journal.Clear();
+  desk.Click("mnuExit");
+  EXPECT_EQ(desk.Journal(), "0 mixer close\n");
+  EXPECT_FALSE(desk.Pc.Mixer.Muted(kComponentWaveOut));
+  EXPECT_EQ(desk.Pc.Mixer.Level(kComponentWaveOut), 65535u - 10000u);
+}
+
+TEST(Exit, TheProgramStartsAnewAfterIt) {
+  Desk desk(Shop(true));
+  ReachMessage(desk);
+  desk.Click("mnuExit");
+  EXPECT_EQ(desk.Pc.Process.ClaimedWindow, "");
+  desk.Restart();
+  EXPECT_TRUE(desk.Main().Visible);
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
+TEST(Exit, AmplifierThatIsGoneHoldsNothingUp) {
+  Desk desk(Shop(true));
+  ReachMessage(desk);
+  desk.Pc.Serial.Unplug();
+  desk.Pc.Journal.Clear();
+  desk.Click("mnuExit");
+  ExpectTheEnd(desk, "0 lost 0\n0 serial close\n0 process ends\n");
+}
+
+}  // namespace
+}  // namespace marlex
