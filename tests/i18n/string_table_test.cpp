@@ -1,0 +1,102 @@
+#include "i18n/string_table.h"
+
+#include <gtest/gtest.h>
+
+#include "i18n/languages.h"
+#include "platform/runtime_failure.h"
+
+namespace marlex {
+namespace {
+
+TEST(EnglishStrings, AreAllThereInAscendingOrder) {
+  const auto& strings = EnglishStrings();
+  EXPECT_EQ(strings.size(), 158u);
+  EXPECT_EQ(strings.front().Id, 10);
+  EXPECT_EQ(strings.back().Id, 1370);
+  for (std::size_t i = 1; i < strings.size(); ++i) {
+    EXPECT_LT(strings[i - 1].Id, strings[i].Id);
+    EXPECT_FALSE(strings[i].Text.empty()) << strings[i].Id;
+  }
+}
+
+TEST(EnglishStrings, HaveTheIdsThatAreNoMultiplesOfTenWhereTheTableHasThem) {
+  std::string ids;
+  for (const StringEntry& entry : EnglishStrings()) {
+    if (entry.Id % 10 != 0) ids += std::to_string(entry.Id) + " ";
+  }
+  EXPECT_EQ(ids,
+            "12 14 16 18 22 24 26 28 32 34 36 38 42 44 46 48 52 56 58 62 101 181 182 262 263 341 "
+            "342 343 761 871 881 882 883 ");
+}
+
+TEST(EnglishStrings, KeepTheBlanksAtTheirEndsAndNoOthersHaveAny) {
+  std::string texts;
+  for (const auto& [id, text] : EnglishStrings()) {
+    if (text.front() == ' ' || text.back() == ' ') texts += std::to_string(id) + "[" + text + "]\n";
+  }
+  EXPECT_EQ(texts,
+            "180[ Message time schedule ]\n"
+            "570[Surf to http://www.tolvo.example ]\n"
+            "871[ M  T  W   T   F   S   S]\n"
+            "1110[Could not find directory ]\n"
+            "1200[Could not find music directory: ]\n"
+            "1210[Could not find message directory: ]\n");
+}
+
+TEST(StringTable, CodeFindsTheTextsThatItAsksForByName) {
+  const StringTable strings;
+  const std::vector<std::pair<StringId, std::string>> texts = {
+      {kStrTime, "Time"},
+      {kStrDays, "Days"},
+      {kStrSchedule, "Schedule"},
+      {kStrMessageInfo, "Message info"},
+      {kStrNoMusicDirectory, "Cannot find music directory"},
+      {kStrProblem, "Problem"},
+      {kStrInfo, "Info"},
+      {kStrWarning, "Warning"},
+      {kStrError, "Error"},
+      {kStrMusicPlaylist, "Background music playlist"},
+      {kStrTimeSchedule, " Message time schedule "},
+      {kStrToday, "today"},
+      {kStrAllDays, "all days"},
+      {kStrDoubleClickToPlay, "Double-click to play song"},
+      {kStrCall, "Call"},
+      {kStrNearestContact, "to find your nearest contact address"},
+      {kStrClose, "Close"},
+      {kStrRouting, "Routing"},
+      {kStrNoMusicDirectoryEntered, "Background music directory not entered"},
+      {kStrNoMixer, "Unable to detect a mixer:"},
+      {kStrPossibleCauses, "Possible causes:"},
+      {kStrNoSoundCard, "No sound card present or correct drivers not installed"},
+      {kStrTerminating, "Terminating..."},
+      {kStrCannotOpenMixer, "Unable to open mixer."},
+      {kStrNoMixerCaps, "Unable to acquire mixer capabilities."},
+      {kStrHigherPriorityCall, "Higher priority call in progress"},
+      {kStrLowerPriorityCall, "Lower priority call in progress"},
+      {kStrTimeConflict,
+       "Time conflict(s) in schedule, double-click a red time field to remove a sequence"},
+  };
+  for (const auto& [id, text] : texts) EXPECT_EQ(strings.LoadString(id), text) << id;
+}
+
+TEST(StringTable, AnIdThatIsNowhereIsABrokenRule) {
+  const StringTable strings;
+  EXPECT_THROW(strings.LoadString(6), RuntimeFailure);
+  EXPECT_THROW(strings.LoadString(1371), RuntimeFailure);
+  EXPECT_THROW(strings.LoadString(-10), RuntimeFailure);
+  EXPECT_EQ(strings.Find(6), std::nullopt);
+}
+
+TEST(StringTable, ATextThatALanguageLacksIsEnglish) {
+  StringTable strings;
+  for (const Language& language : kLanguageTable) {
+    strings.LanguageBase = language.LanguageBase;
+    for (const StringEntry& entry : EnglishStrings()) {
+      EXPECT_NE(strings.Find(entry.Id), std::nullopt) << language.Name << " " << entry.Id;
+    }
+    EXPECT_EQ(strings.Find(6), std::nullopt) << language.Name;
+  }
+}
+
+}  // namespace
+}  // namespace marlex
