@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLayout>
 #include <QMessageBox>
 #include <memory>
 #include <utility>
@@ -15,6 +16,7 @@ namespace marlex {
 namespace {
 
 constexpr QSize kFileDialogSize(840, 540);
+constexpr QMargins kBoxMargins(20, 18, 20, 16);
 
 /// The window that a box belongs to: the one in front, else any that can be seen.
 QWidget* FrontWindow() {
@@ -56,6 +58,7 @@ QMessageBox* MakeBox(const std::string& body, BoxIcon icon, const std::string& c
                               ShownText(caption), ShownText(body), QMessageBox::Ok, FrontWindow());
   box->setObjectName("messageBox");
   box->setTextFormat(Qt::PlainText);
+  box->layout()->setContentsMargins(kBoxMargins);
   return box;
 }
 

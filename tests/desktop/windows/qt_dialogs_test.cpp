@@ -132,7 +132,7 @@ TEST(QtDialogs, SeveralFilesComeBackAsDirectoryAndNames) {
             folder.Place.path().toStdString() + "/ a.sch b c.sch");
 }
 
-TEST(QtDialogs, PicturesOfTheBoxes) {
+TEST(QtDialogs, BoxesShowTheirTextsWhole) {
   Desk desk;
   QtDialogs dialogs;
   const auto keep = [](QWidget& box, const char* name) {
@@ -140,8 +140,14 @@ TEST(QtDialogs, PicturesOfTheBoxes) {
     EXPECT_TRUE(box.grab().save(QString(MARLEX_BINARY_DIR) + "/screenshots/" + name + ".png"));
     box.close();
   };
-  WhenOpen<QMessageBox>([&](QMessageBox& box) { keep(box, "message_box"); });
-  dialogs.MsgBox("Cannot find music directory /home/music/", BoxIcon::Critical, "Problem");
+  WhenOpen<QMessageBox>([&](QMessageBox& box) {
+    const auto* text = box.findChild<QLabel*>("qt_msgbox_label");
+    EXPECT_GE(text->height(), text->heightForWidth(text->width()));
+    keep(box, "message_box");
+  });
+  dialogs.MsgBox(
+      "Unable to detect a mixer:\rPossible causes:\rNo sound card, or no driver for it, is present",
+      BoxIcon::Critical, "Problem");
   Folder folder;
   WhenOpen<QFileDialog>([&](QFileDialog& box) { keep(box, "file_dialog"); });
   dialogs.ShowOpen(folder.Asked(true));
