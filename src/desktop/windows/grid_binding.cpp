@@ -14,8 +14,9 @@ namespace {
 
 constexpr int kCellMargin = 10;
 constexpr int kRowAir = 10;  // above and below the text of a row together
-// Column widths are meant for a line of this many pixels, at 15 twips a pixel.
-constexpr double kDesignFontHeight = 17;
+// Column widths are meant for digits of this many pixels, at 15 twips a pixel. Faces of one height
+// differ in width, and a time that is cut short tells nothing.
+constexpr double kDesignDigitWidth = 6;
 constexpr double kTwipsPerPixel = 15;
 
 Qt::Alignment AlignmentOf(GridAlignment alignment) {
@@ -171,7 +172,8 @@ int GridBinding::HeadingWidth(int column) const {
 }
 
 int GridBinding::DesignWidth(int column) const {
-  const double scale = View.fontMetrics().height() / kDesignFontHeight / kTwipsPerPixel;
+  const double digit = View.fontMetrics().horizontalAdvance('0');
+  const double scale = digit / kDesignDigitWidth / kTwipsPerPixel;
   return static_cast<int>(Cells.ColWidth(column) * scale) + 2 * kCellMargin;
 }
 
