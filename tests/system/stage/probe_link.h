@@ -10,6 +10,7 @@
 
 #include "byte_reader.h"
 #include "child_process.h"
+#include "virtual_display.h"
 
 namespace marlex::stage {
 
@@ -20,14 +21,6 @@ struct WindowEvent {
   std::string
       Property;  // "text", "enabled", "visible", "checked", "colour", "row", "cell 1 0", ...
   std::string Value;
-};
-
-/// A rectangle on the screen, in pixels.
-struct ScreenArea {
-  int X = 0;
-  int Y = 0;
-  int Width = 0;
-  int Height = 0;
 };
 
 /// Our end of the probe inside the program: a mirror of what its windows show, and where things

@@ -28,9 +28,10 @@ VirtualDisplay::VirtualDisplay(const std::string& folder) : LogFile(folder + "/d
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("The system has no pipe left.");
   Command command;
-  command.Arguments = {"Xvfb",      "-displayfd", std::to_string(ends[1]),
-                       "-screen",   "0",          "1280x800x24",
-                       "-nolisten", "tcp"};
+  command.Arguments = {
+      "Xvfb",      "-displayfd", std::to_string(ends[1]),
+      "-screen",   "0",          std::to_string(kWidth) + "x" + std::to_string(kHeight) + "x24",
+      "-nolisten", "tcp"};
   command.LogFile = LogFile;
   command.Kept = ends[1];
   command.DeathSignal = SIGTERM;  // it then removes its lock file
@@ -58,9 +59,11 @@ void VirtualDisplay::Release() { Tool({"mouseup", "1"}); }
 
 void VirtualDisplay::Key(const std::string& name) { Tool({"key", name}); }
 
-bool VirtualDisplay::Picture(const std::string& file) {
+bool VirtualDisplay::Picture(const std::string& file, const ScreenArea& area) {
   Command command;
-  command.Arguments = {"import", "-window", "root", file};
+  std::string crop = std::to_string(area.Width) + "x" + std::to_string(area.Height) + "+" +
+                     std::to_string(area.X) + "+" + std::to_string(area.Y);
+  command.Arguments = {"import", "-window", "root", "-crop", crop, file};
   command.Variables = {{"DISPLAY", Name}};
   command.LogFile = LogFile;
   return Run(command) == 0;

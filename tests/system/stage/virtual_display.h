@@ -7,10 +7,21 @@
 
 namespace marlex::stage {
 
+/// A rectangle on the screen, in pixels.
+struct ScreenArea {
+  int X = 0;
+  int Y = 0;
+  int Width = 0;
+  int Height = 0;
+};
+
 /// An X server without a screen, on a display number that is free, with the hand of an operator.
 class VirtualDisplay {
  public:
   explicit VirtualDisplay(const std::string& folder);
+
+  static constexpr int kWidth = 1280;
+  static constexpr int kHeight = 800;
 
   Environment Variables() const { return {{"DISPLAY", Name}, {"QT_QPA_PLATFORM", "xcb"}}; }
 
@@ -21,8 +32,8 @@ class VirtualDisplay {
   void Release();
   void Key(const std::string& name);  // as xdotool names keys: "Return", "Escape", "alt+F4"
 
-  /// Writes a picture of the whole screen; the ending of the name chooses the format.
-  bool Picture(const std::string& file);
+  /// Writes a picture of a part of the screen; the ending of the name chooses the format.
+  bool Picture(const std::string& file, const ScreenArea& area = {0, 0, kWidth, kHeight});
 
  private:
   int Tool(std::vector<std::string> arguments);

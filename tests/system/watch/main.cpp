@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <functional>
+#include <optional>
 #include <thread>
 
 #include "system/stage/stage.h"
@@ -93,7 +95,9 @@ int Run(const std::string& program, const std::string& installation, const std::
   bool isGood = Watch(
       desk, teller, [&] { return announcement.IsPlaying(); }, kLimitSeconds);
   std::string picture = output + "/marlex.png";
-  if (desk.Display->Picture(picture)) printf("Screenshot: %s\n", picture.c_str());
+  std::optional<stage::ScreenArea> window = desk.Window->Geometry("frmMain");
+  if (window && desk.Display->Picture(picture, *window))
+    printf("Screenshot: %s\n", picture.c_str());
   isGood = isGood && Watch(
                          desk, teller, [&] { return announcement.IsOver(); }, kLimitSeconds);
   if (isGood)
