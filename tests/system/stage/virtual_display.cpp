@@ -63,7 +63,7 @@ bool VirtualDisplay::Picture(const std::string& file, const ScreenArea& area) {
   Command command;
   std::string crop = std::to_string(area.Width) + "x" + std::to_string(area.Height) + "+" +
                      std::to_string(area.X) + "+" + std::to_string(area.Y);
-  command.Arguments = {"import", "-window", "root", "-crop", crop, file};
+  command.Arguments = {"import", "-window", "root", "-crop", crop, "+repage", file};
   command.Variables = {{"DISPLAY", Name}};
   command.LogFile = LogFile;
   return Run(command) == 0;
