@@ -3,14 +3,6 @@
 #include "platform/text_case.h"
 
 namespace marlex {
-namespace {
-
-/// Character of a row's weekdays at day 1 to 7; empty behind their end.
-std::string_view DayCharacter(const Grid& table, int row, int day) {
-  return CharactersFrom(table.TextMatrix(row, kDaysColumn), static_cast<std::size_t>(day), 1);
-}
-
-}  // namespace
 
 std::string TimeOf(const Grid& table, int row) {
   return std::string(FirstCharacters(table.TextMatrix(row, kTimeColumn), 5));
@@ -31,11 +23,15 @@ Conflicts::Conflicts(const Settings& settings, FrmMain& frmMain, const MixerAcce
 void Conflicts::DetectConflicts() {
   ClearMarks();
   ConflictFound = false;
-  std::set<std::string> incomplete;
-  for (int row = 1; row < Table.Rows(); ++row) {
-    if (Table.RowHeight(row) >= 1) CompareWithLaterRows(row, incomplete);
+  Incomplete.clear();
+  const std::vector<DueRow> rows = RowsInPlace();
+  for (auto row = rows.begin(); row != rows.end(); ++row) {
+    // The table is sorted: the first row of another minute ends the search.
+    for (auto later = row + 1; later != rows.end() && later->Time == row->Time; ++later) {
+      if (ShareADay(*row, *later)) MarkPair(row->Row, later->Row);
+    }
   }
-  if (!incomplete.empty()) TellIncomplete(incomplete);
+  if (!Incomplete.empty()) TellIncomplete();
   if (ConflictFound) {
     ShowConflictNote();
   } else {
@@ -53,36 +49,42 @@ void Conflicts::ClearMarks() {
   }
 }
 
-/// The table is sorted: the first row of another minute ends the search, a removed row or one
-/// without a common day does not.
-void Conflicts::CompareWithLaterRows(int row, std::set<std::string>& incomplete) {
-  const std::string time = TimeOf(Table, row);
-  for (int later = row + 1; later < Table.Rows(); ++later) {
-    if (Table.RowHeight(later) < 1) continue;
-    if (TimeOf(Table, later) != time) return;
-    if (ShareADay(row, later, incomplete)) MarkPair(row, later);
+/// Rows that the operator has not taken out.
+std::vector<Conflicts::DueRow> Conflicts::RowsInPlace() const {
+  std::vector<DueRow> rows;
+  for (int row = 1; row < Table.Rows(); ++row) {
+    if (Table.RowHeight(row) < 1) continue;
+    const std::string& mask = Table.TextMatrix(row, kDaysColumn);
+    DueRow& due = rows.emplace_back(DueRow{row, TimeOf(Table, row), {}});
+    for (std::size_t day = 1; day <= kDays; ++day) {
+      due.Days[day - 1] = CharactersFrom(mask, day, 1);
+    }
   }
-}
-
-void Conflicts::TellIncomplete(const std::set<std::string>& schedules) {
-  std::string body = "The weekdays of these message schedules are incomplete:";
-  for (const std::string& schedule : schedules) body += "\r\n" + schedule;
-  TheNotices.Tell(body, BoxIcon::Critical, Strings.LoadString(kStrError));
+  return rows;
 }
 
 /// The two sides are tested unlike: the later row must hold the right digit, the earlier one
 /// anything but "0". This is meant. Weekdays that end before a common day is found leave the pair
 /// undecided, and their schedule is named.
-bool Conflicts::ShareADay(int earlierRow, int laterRow, std::set<std::string>& incomplete) const {
-  for (int day = 1; day <= 7; ++day) {
-    const std::string_view later = DayCharacter(Table, laterRow, day);
-    const std::string_view earlier = DayCharacter(Table, earlierRow, day);
-    if (later.empty()) incomplete.insert(Table.TextMatrix(laterRow, kNameColumn));
-    if (earlier.empty()) incomplete.insert(Table.TextMatrix(earlierRow, kNameColumn));
-    if (later.empty() || earlier.empty()) return false;
-    if (later == std::to_string(day) && earlier != "0") return true;
+bool Conflicts::ShareADay(const DueRow& earlier, const DueRow& later) {
+  constexpr std::string_view kDigits = "1234567";
+  for (std::size_t day = 0; day < kDays; ++day) {
+    bool ended = false;
+    for (const DueRow* row : {&earlier, &later}) {
+      if (!row->Days[day].empty()) continue;
+      Incomplete.insert(Table.TextMatrix(row->Row, kNameColumn));
+      ended = true;
+    }
+    if (ended) return false;
+    if (later.Days[day] == kDigits.substr(day, 1) && earlier.Days[day] != "0") return true;
   }
   return false;
+}
+
+void Conflicts::TellIncomplete() {
+  std::string body = "The weekdays of these message schedules are incomplete:";
+  for (const std::string& schedule : Incomplete) body += "\r\n" + schedule;
+  TheNotices.Tell(body, BoxIcon::Critical, Strings.LoadString(kStrError));
 }
 
 void Conflicts::MarkPair(int earlierRow, int laterRow) {

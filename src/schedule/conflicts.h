@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
 #include <set>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "i18n/string_table.h"
 #include "mixer/mixer_access.h"
@@ -25,11 +28,20 @@ class Conflicts {
   void SetNormalHeights();  // of the table and its frame
 
  private:
+  static constexpr std::size_t kDays = 7;
+
+  /// What a pass looks at of a row. The views are into the cells of the table.
+  struct DueRow {
+    int Row;
+    std::string Time;
+    std::array<std::string_view, kDays> Days;  // a character each, empty behind the mask's end
+  };
+
   void grdSchedule_DblClick();
   void ClearMarks();
-  void CompareWithLaterRows(int row, std::set<std::string>& incomplete);
-  void TellIncomplete(const std::set<std::string>& schedules);
-  bool ShareADay(int earlierRow, int laterRow, std::set<std::string>& incomplete) const;
+  std::vector<DueRow> RowsInPlace() const;
+  bool ShareADay(const DueRow& earlier, const DueRow& later);
+  void TellIncomplete();
   void MarkPair(int earlierRow, int laterRow);
   void ShowConflictNote();
   bool CompactLayout() const;
@@ -41,6 +53,7 @@ class Conflicts {
   ScheduleColumns& Columns;
   const StringTable& Strings;
   Notices& TheNotices;
+  std::set<std::string> Incomplete;  // schedules whose weekdays left a pair undecided in the pass
 };
 
 /// Firing time of a row: the first five characters of its time cell.

@@ -1,9 +1,12 @@
 #include "state/week_time.h"
 
+#include "platform/text_case.h"
+
 namespace marlex {
 
 std::string TwoDigits(const std::string& number) {
-  return number.size() == 1 ? "0" + number : number;
+  const bool oneCharacter = !number.empty() && FirstCharacters(number, 1) == number;
+  return oneCharacter ? "0" + number : number;
 }
 
 std::string MinuteText(const LocalTime& time) {
@@ -15,8 +18,7 @@ std::string SecondText(const LocalTime& time) {
 }
 
 bool DayIsOn(const std::string& mask, int weekday) {
-  const auto place = static_cast<std::size_t>(weekday - 1);
-  return place >= mask.size() || mask[place] != '0';
+  return CharactersFrom(mask, static_cast<std::size_t>(weekday), 1) != "0";
 }
 
 }  // namespace marlex

@@ -37,6 +37,7 @@ TEST(Weekdays, InTheViewOfTheDayACharacterThatIsMissingOrAnythingButNoughtIsADay
   EXPECT_EQ(DaysOfPlaying("0", false), "0234567");
   EXPECT_EQ(DaysOfPlaying("00000", false), "0000067");
   EXPECT_EQ(DaysOfPlaying("x0y0 0?", false), "1030507");
+  EXPECT_EQ(DaysOfPlaying("ü00000", false), "1000007");
 }
 
 TEST(Weekdays, InTheViewOfAllDaysSaturdayIsReadFromSundaysPlaceAndEverySundayPlays) {
@@ -54,6 +55,7 @@ TEST(Weekdays, InTheViewOfAllDaysWhatAMaskLacksIsADay) {
   EXPECT_EQ(DaysOfPlaying("", true), "1234567");
   EXPECT_EQ(DaysOfPlaying("00000", true), "0000067");
   EXPECT_EQ(DaysOfPlaying("000000", true), "0000067");
+  EXPECT_EQ(DaysOfPlaying("üü00000", true), "1200007");
 }
 
 TEST(Weekdays, WhileAConflictIsPendingTheViewOfTheDayReadsSaturdayFromSundaysPlaceToo) {

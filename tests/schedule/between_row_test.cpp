@@ -15,7 +15,7 @@ DeskOptions AtBreak() {
           .Sequences = {{.Messages = "welcome,closing", .Zones = "003000", .Timer = "Between"}}};
 }
 
-TEST(MusicBreak, TheRowWaitsForTheSongsEndAndPlaysOnTheMusicsZonesWithNoFade) {
+TEST(BetweenRow, TheRowWaitsForTheSongsEndAndPlaysOnTheMusicsZonesWithNoFade) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(60'000);
   EXPECT_EQ(desk.Journal(),
@@ -27,7 +27,7 @@ TEST(MusicBreak, TheRowWaitsForTheSongsEndAndPlaysOnTheMusicsZonesWithNoFade) {
             "36000 song play waltz.mp3\n");
 }
 
-TEST(MusicBreak, TheWaitIsShownByTheFlagTheTickAndTheRowAlone) {
+TEST(BetweenRow, TheWaitIsShownByTheFlagTheTickAndTheRowAlone) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(SpotDesk::kDue);
   EXPECT_TRUE(desk.State().MessageAwaitingSongEnd);
@@ -37,7 +37,7 @@ TEST(MusicBreak, TheWaitIsShownByTheFlagTheTickAndTheRowAlone) {
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
-TEST(MusicBreak, TheMessagesLeaveTheKeysTheZonesAndThePaintOfTheRowAlone) {
+TEST(BetweenRow, TheMessagesLeaveTheKeysTheZonesAndThePaintOfTheRowAlone) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(32'000);
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
@@ -49,7 +49,7 @@ TEST(MusicBreak, TheMessagesLeaveTheKeysTheZonesAndThePaintOfTheRowAlone) {
   EXPECT_EQ(desk.LitZones(), "110000");
 }
 
-TEST(MusicBreak, TheNextSongPlaysAtItsLevelAndTheTickIsBack) {
+TEST(BetweenRow, TheNextSongPlaysAtItsLevelAndTheTickIsBack) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(36'000);
   EXPECT_EQ(desk.Heard(), "song waltz.mp3 at 20000");
@@ -57,7 +57,7 @@ TEST(MusicBreak, TheNextSongPlaysAtItsLevelAndTheTickIsBack) {
   EXPECT_FALSE(desk.State().MessagePlaying);
 }
 
-TEST(MusicBreak, WithoutMusicTheRowPlaysAtItsMinuteIntoItsOwnZones) {
+TEST(BetweenRow, WithoutMusicTheRowPlaysAtItsMinuteIntoItsOwnZones) {
   SpotDesk desk(AtBreak(), kSilent);
   desk.AdvanceTo(10'000);
   EXPECT_EQ(desk.Journal(),
@@ -70,7 +70,7 @@ TEST(MusicBreak, WithoutMusicTheRowPlaysAtItsMinuteIntoItsOwnZones) {
   EXPECT_FALSE(desk.State().MessageAwaitingSongEnd);
 }
 
-TEST(MusicBreak, WithPausedMusicTheRowPlaysAtItsMinuteAndResumesIt) {
+TEST(BetweenRow, WithPausedMusicTheRowPlaysAtItsMinuteAndResumesIt) {
   SpotDesk desk(AtBreak());
   desk.Do([&] { desk.Pc.Song.Pause(); });
   desk.AdvanceTo(1500);
@@ -79,7 +79,7 @@ TEST(MusicBreak, WithPausedMusicTheRowPlaysAtItsMinuteAndResumesIt) {
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
-TEST(MusicBreak, EveryTimerValueButExactWaitsForTheBreak) {
+TEST(BetweenRow, EveryTimerValueButExactWaitsForTheBreak) {
   for (const char* timer : {"Between", "exact", "Exact now", ""}) {
     DeskOptions options = AtBreak();
     options.Sequences[0].Timer = timer;
@@ -89,7 +89,7 @@ TEST(MusicBreak, EveryTimerValueButExactWaitsForTheBreak) {
   }
 }
 
-TEST(MusicBreak, APlusAnywhereInTheTimeCellWaitsForTheBreak) {
+TEST(BetweenRow, APlusAnywhereInTheTimeCellWaitsForTheBreak) {
   DeskOptions options = AtBreak();
   options.Sequences[0].Timer = "Exact";
   SpotDesk desk(options);
@@ -98,7 +98,7 @@ TEST(MusicBreak, APlusAnywhereInTheTimeCellWaitsForTheBreak) {
   EXPECT_TRUE(desk.State().MessageAwaitingSongEnd);
 }
 
-TEST(MusicBreak, ASkippedSongEndsTheWaitAtOnce) {
+TEST(BetweenRow, ASkippedSongEndsTheWaitAtOnce) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(5000);
   desk.Click("cmdSkip");
@@ -113,7 +113,7 @@ TEST(MusicBreak, ASkippedSongEndsTheWaitAtOnce) {
   EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
 }
 
-TEST(MusicBreak, AStoppedSongLeavesTheWholeScheduleStandingStill) {
+TEST(BetweenRow, AStoppedSongLeavesTheWholeScheduleStandingStill) {
   DeskOptions options = AtBreak();
   options.Sequences.push_back({.File = "b.sch", .Minutes = "05,10"});
   options.StartTime = "12:02";
@@ -130,7 +130,7 @@ TEST(MusicBreak, AStoppedSongLeavesTheWholeScheduleStandingStill) {
   EXPECT_EQ(desk.Sys->Tick.LastMinute, "12:01");
 }
 
-TEST(MusicBreak, MessagesThatWaitPlayAfterTheNextSongHoweverLate) {
+TEST(BetweenRow, MessagesThatWaitPlayAfterTheNextSongHoweverLate) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(5000);
   desk.Click("cmdStop");
@@ -150,7 +150,7 @@ TEST(MusicBreak, MessagesThatWaitPlayAfterTheNextSongHoweverLate) {
   EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
 }
 
-TEST(MusicBreak, TheEndOfACallBringsTheTickBackAndTheMessagesKeepWaiting) {
+TEST(BetweenRow, TheEndOfACallBringsTheTickBackAndTheMessagesKeepWaiting) {
   DeskOptions options = AtBreak();
   options.Sequences.push_back({.File = "b.sch", .Messages = "closing", .Minutes = "03"});
   SpotDesk desk(options);
@@ -171,7 +171,7 @@ TEST(MusicBreak, TheEndOfACallBringsTheTickBackAndTheMessagesKeepWaiting) {
             "123000 send 0\n");
 }
 
-TEST(MusicBreak, ASongChosenByHandWhileMessagesWaitEndsTheWaitWithItsOwnEnd) {
+TEST(BetweenRow, ASongChosenByHandWhileMessagesWaitEndsTheWaitWithItsOwnEnd) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(5000);
   desk.DoubleClickSong(1);
@@ -181,7 +181,7 @@ TEST(MusicBreak, ASongChosenByHandWhileMessagesWaitEndsTheWaitWithItsOwnEnd) {
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
-TEST(MusicBreak, ATakeoverInTheMessagesOfTheBreakCutsThemOffAndTheNextSongRunsMuted) {
+TEST(BetweenRow, ATakeoverInTheMessagesOfTheBreakCutsThemOffAndTheNextSongRunsMuted) {
   for (const int status : {128, 192}) {
     SpotDesk desk(AtBreak());
     desk.AdvanceTo(32'000);
@@ -200,7 +200,7 @@ TEST(MusicBreak, ATakeoverInTheMessagesOfTheBreakCutsThemOffAndTheNextSongRunsMu
   }
 }
 
-TEST(MusicBreak, StatusBytesThatTakeNothingOverLeaveTheMessagesOfTheBreakAlone) {
+TEST(BetweenRow, StatusBytesThatTakeNothingOverLeaveTheMessagesOfTheBreakAlone) {
   for (const int status : {64, 0}) {
     SpotDesk desk(AtBreak());
     desk.AdvanceTo(32'000);
@@ -211,7 +211,7 @@ TEST(MusicBreak, StatusBytesThatTakeNothingOverLeaveTheMessagesOfTheBreakAlone) 
   }
 }
 
-TEST(MusicBreak, AZoneKeyPressedUnderTheMessagesLightsItsLabelAndAsksForNoByte) {
+TEST(BetweenRow, AZoneKeyPressedUnderTheMessagesLightsItsLabelAndAsksForNoByte) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(32'000);
   desk.Pc.Journal.Only({"send"});
@@ -222,7 +222,7 @@ TEST(MusicBreak, AZoneKeyPressedUnderTheMessagesLightsItsLabelAndAsksForNoByte) 
   EXPECT_EQ(desk.Journal(), "");
 }
 
-TEST(MusicBreak, TheProgramCanBeLeftInTheWaitAndInTheMessagesOfTheBreak) {
+TEST(BetweenRow, TheProgramCanBeLeftInTheWaitAndInTheMessagesOfTheBreak) {
   for (const int atMs : {5000, 32'000, 35'000}) {
     SpotDesk desk(AtBreak());
     desk.AdvanceTo(atMs);
@@ -233,7 +233,7 @@ TEST(MusicBreak, TheProgramCanBeLeftInTheWaitAndInTheMessagesOfTheBreak) {
   }
 }
 
-TEST(MusicBreak, TheViewChangedInTheWaitRebuildsTheTableAndTheMessagesPlayAllTheSame) {
+TEST(BetweenRow, TheViewChangedInTheWaitRebuildsTheTableAndTheMessagesPlayAllTheSame) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(5000);
   desk.Click("mnuAllDays");
@@ -242,7 +242,7 @@ TEST(MusicBreak, TheViewChangedInTheWaitRebuildsTheTableAndTheMessagesPlayAllThe
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
-TEST(MusicBreak, ARowOfOneMinuteBeforeMidnightMayPlayOnTheNewDay) {
+TEST(BetweenRow, ARowOfOneMinuteBeforeMidnightMayPlayOnTheNewDay) {
   SpotDesk desk({.Music = {{"march", 150'000}, {"waltz", 600'000}},
                  .Sequences = {{.Hours = "23", .Minutes = "59", .Timer = "Between"}},
                  .Now = {2024, 1, 1, 23, 58, 40}});
