@@ -204,6 +204,21 @@ TEST(MessageTakeover, ATakeoverWithoutMusicCutsTheMessageOffAndSendsNoRelease) {
   EXPECT_EQ(desk.Alive(), "tick cmdPlay");
 }
 
+TEST(MessageTakeover, WhereTheWordForCloseIsNoCommandTheFileRunsOnUnderTheMutedMaster) {
+  SpotDesk desk({.Language = "Italian"});
+  desk.Sys->Strings.AddBlock(desk.Sys->Strings.LanguageBase, {{kStrClose, "Chiudi"}});
+  ASSERT_NE(desk.Sys->Strings.LanguageBase, 0);
+  desk.AdvanceTo(kInTheFirstMessage);
+  desk.Pc.Journal.Clear();
+  desk.Status(128);
+  EXPECT_TRUE(desk.State().MessagePlaying);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Pc.Wav.Mode(), kWavePlaying);
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal(), "1529 wav end welcome.wav\n1529 wav refuse \n");
+  EXPECT_EQ(desk.Alive(), "tick cmdPlay");
+}
+
 TEST(MessageTakeover, ACallInTheFadeEndsTheSequenceAndLeavesAllAsItIs) {
   SpotDesk desk;
   desk.AdvanceTo(kInTheFade);
