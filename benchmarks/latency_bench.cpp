@@ -69,7 +69,7 @@ double CardQueueMs(stage::Stage& desk) {
 /// gets when nobody records, and the difference is added to what is measured with it.
 void MeasureSilence(Report& report) {
   Figure recorded{"status byte to silence in the recording [ms]", {}};
-  Figure worst{"the same with the longer queue of a card unrecorded [ms]", {}, kSilenceBudgetMs};
+  Figure worst{"the same with the queue of a card that is not recorded [ms]", {}, kSilenceBudgetMs};
   try {
     AwaitOthersEnd();
     stage::Stage desk(ProgramOptions());

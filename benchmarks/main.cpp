@@ -25,6 +25,9 @@ void PrintLoad(const char* when) {
          std::thread::hardware_concurrency());
 }
 
+/// The platform without a screen complains of what it cannot do, into the midst of the figures.
+void IgnoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
 struct Group {
   const char* Name;
   void (*Measure)(Report&);
@@ -54,6 +57,7 @@ bool IsChosen(const std::string& name, const std::set<std::string>& chosen) {
 int main(int argc, char* argv[]) {
   using namespace marlex::bench;
   setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  qInstallMessageHandler(IgnoreMessage);
   QApplication application(argc, argv);
   PrintLoad("before");
   Report report;

@@ -6,7 +6,7 @@
 namespace marlex::bench {
 namespace {
 
-constexpr int kNameWidth = 58;
+constexpr int kNameWidth = 62;
 constexpr int kNumberWidth = 10;
 
 std::string Padded(const std::string& text, int width) {

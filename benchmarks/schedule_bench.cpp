@@ -159,7 +159,7 @@ void MeasureTable(Report& report) {
 
 void MeasureDay(Report& report) {
   constexpr int kDayMs = 24 * 3600 * 1000;
-  report.Section("A shop with music all day and 100 announcements, on the simulated PC");
+  report.Section("A day of music and 100 announcements, on the simulated PC");
   Figure day{"a simulated day [s]", {}};
   Desk desk({.Music = {{"one"}, {"two"}, {"three"}, {"four"}},
              .Sequences = {{.File = "a.sch", .Hours = "00-23", .Minutes = "00,30"},
