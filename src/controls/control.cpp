@@ -1,13 +1,6 @@
 #include "controls/control.h"
 
-#include "controls/form.h"
-
 namespace marlex {
-
-Control::Control(Form& form, std::string name, int index)
-    : Owner(form), Name(std::move(name)), Index(index) {
-  form.Controls.push_back(this);
-}
 
 std::string Control::ObjectName() const {
   return Index == kNoIndex ? Name : Name + "_" + std::to_string(Index);

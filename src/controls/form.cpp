@@ -2,6 +2,12 @@
 
 namespace marlex {
 
+/// Stands here, where both are known: a control enters itself in the list of its form.
+Control::Control(Form& form, std::string name, int index)
+    : Owner(form), Name(std::move(name)), Index(index) {
+  form.Controls.push_back(this);
+}
+
 void Form::Load() {
   if (IsLoaded) return;
   if (!DesignKept) {

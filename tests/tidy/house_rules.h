@@ -1,0 +1,33 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace marlex {
+
+/// Source files by their path from the root of the project, each with its lines.
+using SourceTree = std::map<std::string, std::vector<std::string>>;
+
+/// All .h and .cpp files below a directory, such as "src", of the project at `root`.
+SourceTree ReadSources(const std::string& root, const std::string& directory);
+
+/// Every rule gives its complaints, one a line: "<file>:<line>: <what is wrong and what to do>". No
+/// complaint is the empty text.
+
+/// Includes point to the same folder or to one on a lower floor.
+std::string ClimbingIncludes(const SourceTree& sources);
+
+/// No two modules, each a .h and its .cpp, include each other, not even by a detour.
+std::string CircularIncludes(const SourceTree& sources);
+
+/// The system knows no PC: neither its libraries nor its files, clocks and threads.
+std::string ForeignWords(const SourceTree& sources);
+
+/// Lines of at most a hundred characters, files of at most five hundred lines.
+std::string Oversizes(const SourceTree& sources);
+
+/// Every header begins with its guard.
+std::string UnguardedHeaders(const SourceTree& sources);
+
+}  // namespace marlex
