@@ -95,14 +95,16 @@ bool PulseOutput::Connect() {
       this);
   const pa_buffer_attr buffer = {std::uint32_t(-1), BytesIn(kLatencyMs), BytesIn(kStartMs),
                                  BytesIn(kRequestMs), std::uint32_t(-1)};
-  const auto flags =
-      pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY | PA_STREAM_START_CORKED |
-                        PA_STREAM_AUTO_TIMING_UPDATE | PA_STREAM_INTERPOLATE_TIMING);
+  const auto flags = pa_stream_flags_t(PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY |
+                                       PA_STREAM_START_CORKED | PA_STREAM_INTERPOLATE_TIMING);
   return ConnectAtFullVolume(Stream, Card, buffer, flags);
 }
 
-/// Time until what is written next is heard.
-std::int64_t PulseOutput::DelayUs() const {
+/// Time until what is written next is heard. The server is asked only while that matters, and a
+/// first answer is on its way for one piece; until then the least delay counts.
+std::int64_t PulseOutput::DelayUs() {
+  if (!Source || !Source->NeedsDelay()) return kPieceMs * kUsPerMs;
+  Release(pa_stream_update_timing_info(Stream, nullptr, nullptr));
   pa_usec_t latency = 0;
   int negative = 0;
   const bool known = pa_stream_get_latency(Stream, &latency, &negative) == 0 && !negative;

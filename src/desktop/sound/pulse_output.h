@@ -31,7 +31,7 @@ class PulseOutput : public SoundOutput {
   void Rewrite();
   void Write(size_t bytes, std::int64_t offset);
   bool Render(float* stereo, int frames, std::int64_t delayUs);
-  std::int64_t DelayUs() const;
+  std::int64_t DelayUs();
   void SetCorked(bool corked);
   void Lose();
 

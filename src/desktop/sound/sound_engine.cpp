@@ -35,6 +35,7 @@ class SoundEngine::Body : public OutputSource {
 
   bool RenderBlock(float* stereo, int frames, std::int64_t delayUs) override;
   int Rewind(int least, int most) override { return Path.Rewind(least, most); }
+  bool NeedsDelay() const override { return Mixer.HeardMatters(); }
   void OutputChanged() override {
     if (Keeper) Keeper->OutputChanged();
   }

@@ -22,6 +22,10 @@ class OutputSource {
   /// output that can still change its buffer.
   virtual int Rewind(int least, int most) = 0;
 
+  /// Whether `delayUs` matters now, since the end of something is told when it was heard. Never
+  /// locks.
+  virtual bool NeedsDelay() const = 0;
+
   /// The output is lost, or has gone to sleep. Never locks.
   virtual void OutputChanged() = 0;
 };

@@ -65,6 +65,7 @@ void StreamMixer::Collect() {
 
 bool StreamMixer::MixInto(float* stereo, int frames) {
   ++Rounds;
+  Matters = false;
   bool sounds = false;
   for (Place& place : Places) sounds = MixPlace(place, stereo, frames) || sounds;
   ++Rounds;
@@ -76,6 +77,7 @@ bool StreamMixer::MixPlace(Place& place, float* stereo, int frames) {
   if (!stream || place.Over == stream->Id()) return false;
   switch (stream->MixInto(stereo, frames)) {
     case SoundStream::State::kActive:
+      Matters = Matters || stream->Report() == EndReport::kHeard;
       return true;
     case SoundStream::State::kSilent:
       return false;

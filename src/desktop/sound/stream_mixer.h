@@ -42,6 +42,9 @@ class StreamMixer {
   /// was.
   bool MixInto(float* stereo, int frames);
 
+  /// Whether the last block held a stream whose end is told when it was heard.
+  bool HeardMatters() const { return Matters; }
+
  private:
   static constexpr std::size_t kPlaces = 16;
 
@@ -67,6 +70,7 @@ class StreamMixer {
   void* const Context;
   std::array<Place, kPlaces> Places;
   std::vector<Discarded> Discards;
+  bool Matters = false;                  // of the rendering thread
   std::atomic<std::uint64_t> Rounds{0};  // odd while a block is mixed
 };
 

@@ -2,6 +2,8 @@
 #include <signal.h>
 
 #include <chrono>
+#include <cmath>
+#include <functional>
 
 #include "desktop/sound/engine_song_player.h"
 #include "desktop/sound/engine_wave_player.h"
@@ -52,8 +54,90 @@ TEST(ServerOutput, ToneIsHeardAtItsLevel) {
 }
 
 TEST(ServerOutput, AVolumeThatTheServerRemembersIsPutBackToFull) {
+  PrivateServer server;
+  server.Control("load-module module-stream-restore restore_device=false");
+  TestLoop loop;
+  {
+    SoundEngine former(loop, {.UseCard = false});
+    const std::string number = server.Control("list short sink-inputs");
+    server.Control("set-sink-input-volume " + number.substr(0, number.find('\t')) + " 30%");
+    server.Control("set-sink-input-mute " + number.substr(0, number.find('\t')) + " 1");
+    ASSERT_NE(server.Control("list sink-inputs").find("30%"), std::string::npos);
+  }
+  SoundEngine engine(loop, {.UseCard = false});
+  const auto full = [&] {
+    const std::string streams = server.Control("list sink-inputs");
+    return streams.find("65536 / 100%") != std::string::npos &&
+           streams.find("Mute: no") != std::string::npos;
+  };
+  EXPECT_TRUE(loop.Within(2s, full));
+}
+
+/// Milliseconds from `act` until the recording is as it should be; the best of some, since the
+/// machine is shared.
+double Promptness(ServerDesk& desk, Recording& recording, const std::function<void()>& act,
+                  const std::function<void()>& undo, const std::function<bool(float)>& done) {
+  double best = 1e9;
+  for (int i = 0; i < 5; ++i) {
+    const Clock::time_point begin = Clock::now();
+    act();
+    EXPECT_TRUE(desk.Loop.Within(5s, [&] { return done(recording.Latest(64)); }));
+    best = std::min(best, std::chrono::duration<double, std::milli>(Clock::now() - begin).count());
+    desk.Loop.Within(std::chrono::milliseconds(300 + 7 * i), [] { return false; });
+    undo();
+    desk.Loop.Within(300ms, [] { return false; });
+  }
+  return best;
+}
+
+TEST(ServerOutput, AMuteIsHeardWithinFiftyMilliseconds) {
   ServerDesk desk;
-  EXPECT_NE(desk.Server.Control("list sink-inputs").find("65536 / 100%"), std::string::npos);
+  Recording recording("desk");
+  desk.Song.SetFileName(desk.Files.Mp3("noise.mp3", 30, 0.9, 44100, "-b 128", 4000));
+  desk.Song.Play();
+  ASSERT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest() > 0.5; }));
+  SoundLine& master = desk.Engine.Master();
+  EXPECT_LT(Promptness(
+                desk, recording, [&] { master.SetMute(true); }, [&] { master.SetMute(false); },
+                [](float loudest) { return loudest == 0; }),
+            50);
+}
+
+TEST(ServerOutput, ASongIsHeardWithinSixtyMilliseconds) {
+  ServerDesk desk;
+  Recording recording("desk");
+  const std::string song = desk.Files.Mp3("song.mp3", 60);
+  const auto play = [&] {
+    desk.Song.SetFileName(song);
+    desk.Song.Play();
+  };
+  EXPECT_LT(Promptness(
+                desk, recording, play, [&] { desk.Song.Stop(); },
+                [](float loudest) { return loudest > 0.01; }),
+            60);
+}
+
+TEST(ServerOutput, ChangesOfLevelLeaveTheToneWhole) {
+  ServerDesk desk;
+  Recording recording("desk");
+  desk.Wave.FileName = desk.Files.Wav("tone.wav", 30, 0.5);
+  desk.Wave.Command("Open");
+  desk.Wave.Command("Play");
+  ASSERT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest(441) > 0.45; }));
+  desk.Loop.Within(300ms, [] { return false; });
+  const std::size_t begin = recording.Sound().size();
+  for (int i = 0; i < 100; ++i) {
+    const int level = i % 2 ? 65535 : 64000;
+    desk.Engine.Wave().SetLevel(level, level);
+    desk.Loop.Within(std::chrono::milliseconds(10 + i), [] { return false; });
+  }
+  const std::vector<float>& sound = recording.Sound();
+  float greatest = 0;
+  for (std::size_t i = begin; i + 2 < sound.size(); ++i)
+    greatest = std::max(greatest, std::fabs(sound[i + 2] - sound[i]));
+  constexpr float kStepOfTheTone = 0.0315f;
+  EXPECT_LT(greatest, kStepOfTheTone * 1.1f);
+  EXPECT_GT(greatest, kStepOfTheTone * 0.9f);
 }
 
 TEST(ServerOutput, AMessageEndsWhenItWasHeard) {
