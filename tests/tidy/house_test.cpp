@@ -83,7 +83,8 @@ TEST(HouseRules, ACircleIsToldWithItsWholeWay) {
                              {"src/music/c.h", "#include \"music/a.h\"\n"},
                              {"src/music/d.h", "#include \"music/a.h\"\n"}})),
       "a circle of includes: src/music/a.h:1 includes src/music/b, src/music/b.cpp:2 includes "
-      "music/c, src/music/c.h:1 includes src/music/a; split the lower half of one off, or hand a "
+      "src/music/c, src/music/c.h:1 includes src/music/a; split the lower half of one off, or hand "
+      "a "
       "callback in\n");
 }
 
