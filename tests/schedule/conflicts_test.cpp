@@ -210,6 +210,15 @@ TEST(Conflicts, WeekdaysThatEndBeforeACommonDayAreToldOnceWithTheNamesOfTheirSch
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.front().Caption, "Error");
 }
 
+TEST(Conflicts, WeekdaysThatHaveBeenMadeCompleteAreNotToldAgain) {
+  ConflictDesk desk({"00", "1234567"});
+  ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
+  desk.Pc.Profiles.WriteString("Schedule", "Weekday(s)", "0000007", "/app/a.sch");
+  desk.Click("mnuScheduleName");
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
+  EXPECT_EQ(Marks(desk), "rr");
+}
+
 TEST(Conflicts, ShortWeekdaysThatReachACommonDayAreAConflictLikeAnyOther) {
   ConflictDesk desk({"12", "1234567"});
   EXPECT_EQ(Marks(desk), "rr");

@@ -121,6 +121,15 @@ TEST(ScheduleTable, ARebuildBringsRemovedRowsBack) {
   EXPECT_EQ(desk.Main().grdSchedule.RowHeight(2), Grid::kDefaultRowHeight);
 }
 
+TEST(ScheduleTable, ARebuildSortsByTimeWhicheverCellIsTheCurrentOne) {
+  Desk desk({.Sequences = {{.File = "a.sch", .Messages = "alarm", .Hours = "9"},
+                           {.File = "b.sch", .Messages = "bell", .Hours = "8,8"}}});
+  desk.DoubleClickCell(1, kMessagesColumn);
+  desk.Click("mnuScheduleName");
+  EXPECT_THAT(Times(desk), ElementsAre("08:01  ", "08:01  ", "09:01  "));
+  EXPECT_EQ(desk.CellColor(1, kTimeColumn), kRed);
+}
+
 TEST(ScheduleTable, ARebuildForgetsWhichRowFiredLast) {
   Desk desk({.Sequences = {{}}});
   desk.RunTo(12, 2);

@@ -168,6 +168,9 @@ TEST(TimeExpressions, CommasAreCountedAndTheirPlacesFound) {
   EXPECT_EQ(times.CommaPositions[2], 5);
   EXPECT_EQ(times.CommaPositions[3], 6);
   EXPECT_EQ(times.CommaPositions[4], 0);
+  times.FindCommas(Items(31));
+  EXPECT_EQ(times.CommaPositions[30], 60);
+  EXPECT_THROW(times.FindCommas(Items(32)), RuntimeFailure);
 }
 
 TEST(TimeExpressions, EachRunStartsAnew) {
