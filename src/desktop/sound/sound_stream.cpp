@@ -130,12 +130,17 @@ SoundStream::State SoundStream::MixInto(float* stereo, int frames) {
   const Wanted wanted = Intent.load(std::memory_order_acquire);
   const bool play = wanted == Wanted::kPlay;
   const bool decodedAll = DecodedAll.load(std::memory_order_acquire);
-  const int mixed = MixFrames(stereo, frames, play);
-  MissingFrames = frames - mixed;
+  const int held = play ? std::min(Held, frames) : 0;
+  Held -= held;
+  const int mixed = MixFrames(stereo + held * kChannels, frames - held, play);
+  MissingFrames = frames - held - mixed;
   if (mixed > 0) Played.fetch_add(mixed, std::memory_order_acq_rel);
   const bool empty = Ring.Filled() == 0;
   if (!play && empty) Fade = 0;
-  if (!play && Fade <= 0) return wanted == Wanted::kStop ? State::kGone : State::kSilent;
+  if (!play && Fade <= 0) {
+    Held = kFadeFrames;
+    return wanted == Wanted::kStop ? State::kGone : State::kSilent;
+  }
   if (empty && (decodedAll || Starves(MissingFrames))) return State::kEnded;
   return State::kActive;
 }

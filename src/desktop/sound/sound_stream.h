@@ -103,6 +103,9 @@ class SoundStream {
 
   // Of the rendering thread.
   float Fade = 1;  // amplitude between pause and play
+  /// Silent frames before a paused stream is heard again: a level that is set right behind the
+  /// resumption takes as long to be in place.
+  int Held = 0;
   int MissingFrames = 0;
   int Starving = 0;  // frames in a row that the decoder owed
 };

@@ -49,5 +49,5 @@ class ProbePlugin : public QGenericPlugin {
   Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "probe.json")
 
  public:
-  QObject* create(const QString& key, const QString& specification) override;
+  QObject* create(const QString& key, const QString& arguments) override;
 };

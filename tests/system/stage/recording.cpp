@@ -46,6 +46,17 @@ double Recording::LevelDb(double from, double to) const {
   return SquareLevelDb(Samples.data() + first, IndexAt(to) - first);
 }
 
+double Recording::TypicalLevelDb(double from, double to) const {
+  std::vector<double> levels;
+  for (size_t at = IndexAt(from); at + WindowSize() <= IndexAt(to); at += WindowSize()) {
+    levels.push_back(SquareLevelDb(Samples.data() + at, WindowSize()));
+  }
+  if (levels.empty()) return kSilenceDb;
+  auto middle = levels.begin() + std::ptrdiff_t(levels.size() / 2);
+  std::nth_element(levels.begin(), middle, levels.end());
+  return *middle;
+}
+
 double Recording::ToneDb(double frequency, double from, double to) const {
   size_t first = IndexAt(from);
   return GoertzelDb(Samples.data() + first, IndexAt(to) - first, frequency / Rate);
@@ -74,8 +85,9 @@ std::vector<Span> Recording::Spans(const std::vector<double>& levels, double thr
     if (levels[i] < thresholdDb) continue;
     double from = StartTime + double(i) * kWindowSeconds;
     bool goesOn = !spans.empty() && from - spans.back().To < joinSeconds;
-    if (!goesOn) spans.push_back({from, from});
+    if (!goesOn) spans.push_back({from, from, 0});
     spans.back().To = from + kWindowSeconds;
+    spans.back().Sounding += kWindowSeconds;
   }
   return spans;
 }

@@ -9,7 +9,8 @@ namespace marlex::stage {
 struct Span {
   double From = 0;
   double To = 0;
-  double Length() const { return To - From; }
+  double Sounding =
+      0;  // seconds of it in which there was sound; what a busy machine drops is left out
 };
 
 /// Sound with the steady time of its first sample. Levels are root mean square against a full-scale
@@ -28,15 +29,19 @@ class Recording {
   /// Level of everything that sounds between two times.
   double LevelDb(double from, double to) const;
 
+  /// Level of the middle one of the windows between two times: that of a steady sound, even when a
+  /// busy machine has dropped some of it.
+  double TypicalLevelDb(double from, double to) const;
+
   /// Level of one tone between two times, by Goertzel's method. Tones are told apart from 1 / (to -
   /// from) Hz on.
   double ToneDb(double frequency, double from, double to) const;
 
   /// When a tone is louder than the threshold; pauses shorter than `joinSeconds` don't count.
-  std::vector<Span> Tone(double frequency, double thresholdDb, double joinSeconds = 0.05) const;
+  std::vector<Span> Tone(double frequency, double thresholdDb, double joinSeconds = 0.3) const;
 
   /// When anything is louder than the threshold.
-  std::vector<Span> Sound(double thresholdDb, double joinSeconds = 0.05) const;
+  std::vector<Span> Sound(double thresholdDb, double joinSeconds = 0.3) const;
 
   /// Which of the tones is the loudest in the window around a time; -1 when all are below the
   /// threshold.
