@@ -24,9 +24,10 @@ class StringTable {
   /// The same; an id that is nowhere is a RuntimeFailure.
   std::string LoadString(int id) const;
 
- private:
+  /// Adds the texts of a language at its base. A text that is there already stays.
   void AddBlock(int base, const std::vector<StringEntry>& strings);
 
+ private:
   std::map<int, std::string> Texts;
 };
 

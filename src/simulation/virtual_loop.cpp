@@ -11,6 +11,18 @@ namespace {
 /// So many events without a millisecond between them are a ring of events that feed each other.
 constexpr std::uint64_t kMostEventsOfAnInstant = 1'000'000;
 
+/// Counts one more for as long as it lives, also when the stack is unwound.
+class Counted {
+ public:
+  explicit Counted(int& count) : Count(count) { ++Count; }
+  ~Counted() { --Count; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ private:
+  int& Count;
+};
+
 }  // namespace
 
 VirtualLoop::~VirtualLoop() { Kill(); }
@@ -49,6 +61,7 @@ void VirtualLoop::Pump() {
 
 void VirtualLoop::PumpUntil(const std::function<bool()>& done) {
   if (Ending || Gone) return RefuseToRunOn();
+  const Counted standing(WaitCount);
   while (!done()) DeliverNext(WaitForEvent());
 }
 

@@ -78,6 +78,10 @@ class VirtualLoop : public EventLoop {
 
   bool Ended() const { return Gone; }
 
+  /// Number of pumping waits that stand on the system's stack, the process's own included: 1 while
+  /// it is at rest, 0 once it has ended.
+  int Waits() const { return WaitCount; }
+
   /// Kills what still runs, and makes the loop ready for another process.
   void Restart();
 
@@ -124,8 +128,9 @@ class VirtualLoop : public EventLoop {
   void Discard();
 
   std::int64_t Now = 0;
-  std::int64_t DeadlineMs = 0;          // of the test's present call
-  std::uint64_t NextOrder = 1;          // serves as id of timers also
+  std::int64_t DeadlineMs = 0;  // of the test's present call
+  std::uint64_t NextOrder = 1;  // serves as id of timers also
+  int WaitCount = 0;
   std::uint64_t EventsThisInstant = 0;  // a guard against a clock that stands still for ever
   std::vector<Timer> Timers;            // few, so a search through all of them is the fastest queue
   std::vector<Queued> Queue;            // heap, the next one first

@@ -110,6 +110,7 @@ void Desk::Restart() {
   Pc.Restart();
   Sys.reset();
   MakeSystem();
+  if (OnRestart) OnRestart();
   Start();
 }
 
@@ -122,7 +123,7 @@ void Desk::RunTo(int hour, int minute, int second) {
 }
 
 template <class T>
-T& Desk::Find(const std::string& name) {
+T* Desk::Look(const std::string& name) {
   Windows& windows = Sys->TheWindows;
   for (Form* form :
        {static_cast<Form*>(&windows.frmMain), static_cast<Form*>(&windows.frmLogo),
@@ -130,9 +131,15 @@ T& Desk::Find(const std::string& name) {
     if (!form->Visible) continue;
     for (Control* control : form->Controls) {
       auto* found = dynamic_cast<T*>(control);
-      if (found && control->ObjectName() == name) return *found;
+      if (found && control->ObjectName() == name) return found;
     }
   }
+  return nullptr;
+}
+
+template <class T>
+T& Desk::Find(const std::string& name) {
+  if (T* found = Look<T>(name)) return *found;
   throw std::logic_error("No window shows a control " + name + " of that kind");
 }
 
@@ -190,6 +197,8 @@ void Desk::DoubleClickCell(int row, int column) {
 void Desk::CloseMainWindow() {
   Pc.Loop.Do([this] { Main().Close(); });
 }
+
+bool Desk::Shows(const std::string& control) { return Look<VisualControl>(control) != nullptr; }
 
 std::string Desk::Text(const std::string& control) { return Find<VisualControl>(control).Caption; }
 bool Desk::Enabled(const std::string& control) { return Find<VisualControl>(control).Enabled; }

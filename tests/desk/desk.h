@@ -71,6 +71,8 @@ class Desk {
 
   void Start();    // up to the end of the splash
   void Restart();  // kills the program and starts it anew on the same PC
+
+  std::function<void()> OnRestart;  // a new system has been made and is about to start
   void Advance(int ms) { Pc.Loop.RunFor(ms); }
   void RunTo(int hour, int minute, int second = 0);  // of the wall clock, today or tomorrow
 
@@ -91,6 +93,7 @@ class Desk {
   }
 
   // The operator's eyes.
+  bool Shows(const std::string& control);        // whether a window that is open has it
   std::string Text(const std::string& control);  // its caption
   bool Enabled(const std::string& control);
   bool Visible(const std::string& control);
@@ -118,6 +121,8 @@ class Desk {
  private:
   void LayOut(const DeskOptions& options);
   void MakeSystem();
+  template <class T>
+  T* Look(const std::string& name);
   template <class T>
   T& Find(const std::string& name);
   void WriteSequences(const DeskOptions& options);

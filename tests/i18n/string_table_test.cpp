@@ -43,6 +43,15 @@ TEST(EnglishStrings, KeepTheBlanksAtTheirEndsAndNoOthersHaveAny) {
             "1210[Could not find message directory: ]\n");
 }
 
+TEST(StringTable, ATextIsThatOfTheLanguageAndInEnglishWhereTheLanguageHasNone) {
+  StringTable strings;
+  strings.AddBlock(2000, {{600, "Chiudi"}});
+  EXPECT_EQ(strings.LoadString(600), "Close");
+  strings.LanguageBase = 2000;
+  EXPECT_EQ(strings.LoadString(600), "Chiudi");
+  EXPECT_EQ(strings.LoadString(kStrTime), "Time");
+}
+
 TEST(StringTable, CodeFindsTheTextsThatItAsksForByName) {
   const StringTable strings;
   const std::vector<std::pair<StringId, std::string>> texts = {

@@ -29,6 +29,23 @@ TEST(VirtualLoop, EventsComeByDueTimeAndAmongEqualsInTheOrderOfQueueing) {
   EXPECT_EQ(loop.NowMs(), 20);
 }
 
+TEST(VirtualLoop, WaitsAreCountedUntilTheyEndOrTheProcessDoes) {
+  VirtualLoop loop;
+  std::string counts;
+  const auto count = [&] { counts += std::to_string(loop.Waits()); };
+  bool done = false;
+  loop.Schedule(10, [&] { loop.PumpUntil([&] { return done; }); });
+  loop.Schedule(20, count);
+  loop.Schedule(30, [&] { done = true; });
+  loop.Schedule(40, count);
+  loop.Schedule(50, [&] { loop.PumpUntil([] { return false; }); });
+  loop.Schedule(60, count);
+  loop.RunFor(100);
+  EXPECT_EQ(counts, "212");
+  loop.Kill();
+  EXPECT_EQ(loop.Waits(), 0);
+}
+
 TEST(VirtualLoop, TimerAndQueuedEventOfOneMomentKeepTheirOrder) {
   VirtualLoop loop;
   std::string order;

@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "scenario/random_day.h"
+#include "scenario/recovery.h"
+
+namespace marlex {
+namespace {
+
+/// Seeds to run, both included.
+struct Seeds {
+  int First = 1;
+  int Last = 60;
+};
+
+/// MARLEX_SEEDS=1000 runs the seeds 1 to 1000, MARLEX_SEEDS=17..20 those from 17 to 20.
+Seeds ChosenSeeds() {
+  const char* const chosen = std::getenv("MARLEX_SEEDS");
+  if (!chosen) return {};
+  const std::string text = chosen;
+  const auto dots = text.find("..");
+  if (dots == std::string::npos) return {1, std::stoi(text)};
+  return {std::stoi(text.substr(0, dots)), std::stoi(text.substr(dots + 2))};
+}
+
+struct Failure {
+  std::string Rule;
+  std::string Story;  // when it broke and what had been going on
+};
+
+/// How many days came to each corner.
+using Corners = std::map<std::string, int>;
+
+/// Lets everything happen, waits for the end of what lasts, and asks for the next announcement.
+void Live(WatchedDesk& desk, const std::vector<Happening>& happenings) {
+  for (const Happening& happening : happenings) {
+    desk.AdvanceToMs(happening.AtMs);
+    if (desk.Pc.Process.Ended()) desk.Restart();
+    happening.Do(desk);
+  }
+  desk.AdvanceToMs(RandomDay::kLengthMs + RandomDay::kLongestMs);
+  Recovery(desk).Run();
+}
+
+/// Tells the day, with these happenings alone, and gives what went wrong.
+std::optional<Failure> Tell(const RandomDay& day, const std::vector<Happening>& happenings,
+                            Corners& corners) {
+  WatchedDesk desk(day.Installation, day.Prepare);
+  try {
+    Live(desk, happenings);
+  } catch (const std::exception& broken) {
+    const std::string at = "at " + std::to_string(desk.NowMs()) + " ms, after\n";
+    return Failure{broken.what(), at + desk.Journal()};
+  }
+  for (const auto& [corner, events] : desk.Corners) ++corners[corner];
+  return std::nullopt;
+}
+
+std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
+
+bool StillBreaks(const RandomDay& day, const std::vector<Happening>& happenings,
+                 const std::string& rule) {
+  Corners corners;
+  const auto failure = Tell(day, happenings, corners);
+  return failure && FirstLine(failure->Rule) == rule;
+}
+
+/// Leaves out whatever the fault does not need: halves first, then ever smaller parts.
+std::vector<Happening> Shrink(const RandomDay& day, const std::string& rule) {
+  std::vector<Happening> kept = day.Happenings;
+  for (std::size_t part = (kept.size() + 1) / 2; part > 0; part /= 2) {
+    for (std::size_t start = 0; start < kept.size();) {
+      std::vector<Happening> fewer = kept;
+      const auto first = fewer.begin() + static_cast<std::ptrdiff_t>(start);
+      fewer.erase(first, first + static_cast<std::ptrdiff_t>(std::min(part, fewer.size() - start)));
+      if (StillBreaks(day, fewer, rule)) {
+        kept = fewer;
+      } else {
+        start += part;
+      }
+    }
+  }
+  return kept;
+}
+
+/// The last lines of a text.
+std::string Tail(const std::string& text) {
+  constexpr std::size_t kLongest = 3000;
+  return text.size() <= kLongest ? text : "...\n" + text.substr(text.size() - kLongest);
+}
+
+std::string Report(int seed, const RandomDay& day, const Failure& failure) {
+  const std::vector<Happening> happenings = Shrink(day, FirstLine(failure.Rule));
+  Corners corners;
+  const Failure shrunk = Tell(day, happenings, corners).value_or(failure);
+  std::string text = "seed " + std::to_string(seed) + "\n" + day.Describe() + "happenings:\n";
+  for (const Happening& happening : happenings)
+    text += "  " + std::to_string(happening.AtMs) + " " + happening.What + "\n";
+  return text + shrunk.Rule + "\n" + Tail(shrunk.Story);
+}
+
+/// A campaign that no longer came to the corners that it is told for would pass for nothing.
+void ExpectAllCorners(Corners& corners) {
+  for (const char* corner :
+       {"a takeover in a fade", "a takeover in a message", "a takeover before a music break",
+        "a lower call after a takeover", "a music break", "waits in waits", "a box over a fade",
+        "a box over a message", "a conflict", "music started by the clock",
+        "music stopped by the clock", "midnight"}) {
+    EXPECT_GT(corners[corner], 0) << corner;
+  }
+}
+
+TEST(RandomDays, WhateverHappensTheDeskKeepsItsRulesAndAnnouncesTheNextRow) {
+  const Seeds seeds = ChosenSeeds();
+  constexpr int kMostReports = 3;
+  int reports = 0;
+  Corners corners;
+  for (int seed = seeds.First; seed <= seeds.Last && reports < kMostReports; ++seed) {
+    const RandomDay day(static_cast<std::uint64_t>(seed));
+    const auto failure = Tell(day, day.Happenings, corners);
+    if (!failure) continue;
+    ++reports;
+    ADD_FAILURE() << Report(seed, day, *failure);
+  }
+  if (seeds.Last - seeds.First >= Seeds().Last - Seeds().First) ExpectAllCorners(corners);
+}
+
+TEST(RandomDays, ASeedTellsTheSameDayEachTime) {
+  const auto tell = [] {
+    const RandomDay day(7);
+    WatchedDesk desk(day.Installation, day.Prepare);
+    Live(desk, day.Happenings);
+    return day.Describe() + std::to_string(desk.NowMs()) + "\n" + desk.Journal();
+  };
+  EXPECT_EQ(tell(), tell());
+}
+
+}  // namespace
+}  // namespace marlex

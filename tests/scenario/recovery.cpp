@@ -1,0 +1,253 @@
+#include "scenario/recovery.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "scenario/random_day.h"
+#include "schedule/sequence_files.h"
+#include "state/week_time.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kMinuteMs = 60'000;
+constexpr int kLongestWaitMs = 20 * kMinuteMs;
+constexpr int kRoutingDelayMs = 200;
+constexpr int kCloseMs = 50;
+constexpr int kSettleMs = 2000;  // for bytes that are on their way
+
+std::string ByText(const std::string& rule, const std::string& expected, const std::string& found) {
+  return rule + "\nexpected:\n" + expected + "found:\n" + found;
+}
+
+bool IsClockTime(const std::string& time) {
+  const auto digit = [&](std::size_t place) { return time[place] >= '0' && time[place] <= '9'; };
+  return time.size() == 5 && time[2] == ':' && digit(0) && digit(1) && digit(3) && digit(4) &&
+         time < "24:00" && time[3] < '6';
+}
+
+}  // namespace
+
+void Recovery::Run() {
+  Heal();
+  AnswerBoxes();
+  RunProgram();
+  TheDesk.Status(0);
+  EndWaits();
+  StopAndPlay();
+  TheDesk.Advance(kSettleMs);
+  while (!Announce(AwaitRow())) {
+  }
+}
+
+/// The line is found again a second after the plug.
+void Recovery::Heal() {
+  for (const std::string& path : BreakablePaths()) {
+    TheDesk.Pc.Disk.Return(path);
+    TheDesk.Pc.Disk.Heal(path);
+  }
+  TheDesk.Pc.Serial.Plug();
+  TheDesk.Advance(1000);
+}
+
+/// A box closes when the waits that stand on it have ended.
+void Recovery::AnswerBoxes() {
+  SimulatedDialogs& dialogs = TheDesk.Pc.Dialogs;
+  dialogs.AnswerAfterMs = 0;
+  dialogs.OpenResults.clear();
+  for (int boxes = dialogs.OpenBoxCount(); boxes > 0; --boxes) {
+    dialogs.Answer();
+    TheDesk.Advance(0);
+  }
+}
+
+void Recovery::RunProgram() {
+  constexpr int kSplashMs = 2500;
+  if (TheDesk.Pc.Process.Ended()) TheDesk.Restart();
+  if (!TheDesk.Main().Visible) TheDesk.Advance(kSplashMs);
+  if (!TheDesk.Main().Visible && TheDesk.Shows("cmdOK")) {
+    TheDesk.Click("cmdOK");
+    TheDesk.Advance(kSplashMs);
+  }
+  WatchedDesk::Require(TheDesk.Main().Visible, "The main window does not come up");
+}
+
+void Recovery::EndWaits() {
+  const bool ended =
+      TheDesk.Pc.Loop.RunUntil([this] { return TheDesk.Pc.Loop.Waits() == 1; }, kLongestWaitMs);
+  WatchedDesk::Require(ended, "A wait does not end");
+  WatchedDesk::Require(TheDesk.Pc.Dialogs.OpenBoxCount() == 0, "A box does not close");
+}
+
+/// The clock of a playlist's window would have a hand in what follows: the operator opens another
+/// list.
+void Recovery::StopAndPlay() {
+  TheDesk.Click("cmdStop");
+  if (!TheDesk.Enabled("cmdPlay") && TheDesk.Main().lstPlaylist.ListCount() > 0) TheDesk.Select(0);
+  TheDesk.Click("cmdPlay");
+  if (TheDesk.Pc.Song.PlayState() != kPlaying || TheDesk.Values().MusicScheduled) {
+    TheDesk.Pc.Dialogs.OpenResults = {kGoodPlaylist};
+    TheDesk.Click("mnuOpen");
+    TheDesk.Click("cmdPlay");
+  }
+  WatchedDesk::Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music does not play");
+}
+
+/// Runs to ten seconds before a row that nothing keeps from firing.
+Recovery::DueRow Recovery::AwaitRow() {
+  constexpr int kTries = 8;
+  constexpr int kReadySecond = 50;
+  for (int tries = 0; tries < kTries; ++tries) {
+    const auto tickIsOn = [this] {
+      return TheDesk.AtRest() && TheDesk.Sys->TheFrmPlayers.tmrMessage.Enabled;
+    };
+    WatchedDesk::Require(TheDesk.Pc.Loop.RunUntil(tickIsOn, kLongestWaitMs),
+                         "The tick does not come back");
+    // In the last seconds of a minute the next one can no longer be prepared for.
+    const int second = TheDesk.Pc.Clock.Now().Second;
+    TheDesk.Advance(second >= kReadySecond ? (60 - second) * 1000 : 0);
+    if (!tickIsOn()) continue;
+    std::optional<DueRow> row = NextRow(MinuteText(TheDesk.Pc.Clock.Now()));
+    if (!row) {
+      TheDesk.Pc.Dialogs.OpenResults = {kGoodSchedule};
+      TheDesk.Click("mnuSequence");
+      row = NextRow(MinuteText(TheDesk.Pc.Clock.Now()));
+    }
+    if (!row) row = NextRow("");  // tomorrow's first
+    WatchedDesk::Require(row.has_value(), "The good schedule has no row");
+    const int hour = std::stoi(row->Time.substr(0, 2));
+    const int minute = std::stoi(row->Time.substr(3));
+    TheDesk.RunTo(minute == 0 ? (hour + 23) % 24 : hour, (minute + 59) % 60, kReadySecond);
+    if (tickIsOn()) return *row;
+  }
+  throw BrokenRule("The desk does not come to rest");
+}
+
+/// The first row behind this minute that fires today: of a minute only the first counts, also when
+/// it does not run today.
+std::optional<Recovery::DueRow> Recovery::NextRow(const std::string& after) {
+  const Grid& table = TheDesk.Main().grdSchedule;
+  std::string seen;
+  for (int row = 1; row < table.Rows(); ++row) {
+    const std::string time = TheDesk.Cell(row, kTimeColumn).substr(0, 5);
+    if (table.RowHeight(row) == 0 || time == seen || time <= after || !IsClockTime(time)) continue;
+    seen = time;
+    if (RunsToday(row)) return RowAt(row);
+  }
+  return std::nullopt;
+}
+
+/// Without the sixth character of the mask, as the tick reads it.
+bool Recovery::RunsToday(int row) {
+  std::string mask = TheDesk.Cell(row, kDaysColumn);
+  if (mask.size() >= 6) mask.erase(5, 1);
+  return DayIsOn(mask, TheDesk.Pc.Clock.Now().Weekday);
+}
+
+Recovery::DueRow Recovery::RowAt(int row) {
+  DueRow due;
+  const std::string time = TheDesk.Cell(row, kTimeColumn);
+  due.Time = time.substr(0, 5);
+  due.AtMusicBreak = time.find('+') != std::string::npos;
+  due.Zones = TheDesk.Cell(row, kRoutingColumn);
+  for (const std::string& name : SplitCuttingLast(TheDesk.Cell(row, kMessagesColumn), ','))
+    due.Files.push_back(name + ".wav");
+  return due;
+}
+
+/// False when another row began before the last byte of this one had gone out.
+bool Recovery::Announce(const DueRow& row) {
+  WatchedDesk::Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music has stopped by itself");
+  TheDesk.TakeJournal();
+  const auto tickIsOn = [this] { return TheDesk.Sys->TheFrmPlayers.tmrMessage.Enabled.Get(); };
+  const bool begun = TheDesk.Pc.Loop.RunUntil([&] { return !tickIsOn(); }, kMinuteMs);
+  WatchedDesk::Require(begun, "The next row does not fire");
+  EndWaits();
+  WatchedDesk::Require(TheDesk.Pc.Loop.RunUntil(tickIsOn, kLongestWaitMs),
+                       "The tick does not come back after an announcement");
+  RequireRestored();
+  TheDesk.Advance(kRoutingDelayMs + kCloseMs);
+  if (!tickIsOn()) return false;
+  RequireHeard(row);
+  RequireSent(row);
+  return true;
+}
+
+/// Lines of the journal of these categories, without their times.
+std::string Recovery::Lines(const std::string& categories) {
+  std::string lines;
+  std::istringstream text(TheDesk.Journal());
+  for (std::string time, line; text >> time && std::getline(text, line);) {
+    const std::string category = line.substr(1, line.find(' ', 1) - 1);
+    if (categories.find(category) != std::string::npos) lines += line.substr(1) + "\n";
+  }
+  return lines;
+}
+
+/// Songs may end and begin around the announcement; the one that is paused comes back.
+void Recovery::RequireHeard(const DueRow& row) {
+  std::string expected;
+  for (const std::string& file : row.Files) {
+    const bool sounds =
+        TheDesk.Pc.Disk.MediaLengthMs("/messages/" + file, MediaKind::Wav).has_value();
+    expected +=
+        sounds ? "wav play " + file + "\nwav end " + file + "\n" : "wav refuse " + file + "\n";
+  }
+  const std::string heard = Lines("wav");
+  WatchedDesk::Require(heard == expected, ByText("The messages are not as due", expected, heard));
+  const std::string songs = Lines("song");
+  const bool paused = songs.find("song pause\nsong resume") != std::string::npos;
+  WatchedDesk::Require(paused != row.AtMusicBreak,
+                       ByText("The music does not make way and come back", "", songs));
+}
+
+/// Zones less than the routing delay before the music's are taken back are never sent.
+void Recovery::RequireSent(const DueRow& row) {
+  const int lengthMs = MessagesMs(row);
+  if (std::abs(lengthMs - kRoutingDelayMs) < kCloseMs) return;
+  std::string expected;
+  if (TheDesk.Values().RouterPresent && !row.AtMusicBreak) {
+    if (lengthMs > kRoutingDelayMs) expected = "send " + ByteFor(row.Zones, '\0') + "\n";
+    expected += "send " + ByteFor(TheDesk.Values().MusicRouting, '1') + "\n";
+  }
+  const std::string sent = Lines("send lost");
+  WatchedDesk::Require(sent == expected, ByText("The bytes are not as due", expected, sent));
+}
+
+int Recovery::MessagesMs(const DueRow& row) {
+  int lengthMs = 0;
+  for (const std::string& file : row.Files) {
+    const auto length = TheDesk.Pc.Disk.MediaLengthMs("/messages/" + file, MediaKind::Wav);
+    if (length) lengthMs += std::max(*length, 1);
+  }
+  return lengthMs;
+}
+
+/// The byte for six places, in each of which `fed`, or its own digit when that is 0, feeds a zone.
+std::string Recovery::ByteFor(const std::string& zones, char fed) {
+  int byte = 0;
+  for (std::size_t place = 0; place < kZones && place < zones.size(); ++place) {
+    const char on = fed != '\0' ? fed : static_cast<char>('1' + place);
+    if (zones[place] == on) byte |= 1 << place;
+  }
+  return std::to_string(byte == 0 ? 0 : byte + TheDesk.Values().OwnPriorityLevel);
+}
+
+/// A rise that touches full level on its way past the target stays there.
+void Recovery::RequireRestored() {
+  constexpr int kTouchesFullLevel = 4000;
+  const int volume = TheDesk.Values().MusicVolume;
+  const int slider = TheDesk.WaveSlider();
+  WatchedDesk::Require(
+      slider == volume || (slider == 0 && volume < kTouchesFullLevel),
+      "The music's level is " + std::to_string(slider) + ", not " + std::to_string(volume));
+  WatchedDesk::Require(TheDesk.Slider(0) == TheDesk.Values().MasterVolume,
+                       "The master's level is not back");
+  WatchedDesk::Require(!TheDesk.MuteCheck(0) && !TheDesk.MuteCheck(TheDesk.Sys->Mixer.WaveLine),
+                       "A mute stays behind");
+  WatchedDesk::Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music is not back");
+  for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"})
+    WatchedDesk::Require(TheDesk.Enabled(key), std::string("A key stays dead: ") + key);
+}
+
+}  // namespace marlex

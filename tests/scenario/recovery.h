@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "scenario/watched_desk.h"
+
+namespace marlex {
+
+/// Takes every fault away, answers every box, has the operator press Stop and Play once, and then
+/// asks for what the program is there for: that the next row is announced in full and the music
+/// comes back. Throws a BrokenRule when it is not.
+class Recovery {
+ public:
+  explicit Recovery(WatchedDesk& desk) : TheDesk(desk) {}
+  void Run();
+
+ private:
+  struct DueRow {
+    std::string Time;  // "HH:MM"
+    bool AtMusicBreak = false;
+    std::string Zones;
+    std::vector<std::string> Files;
+  };
+
+  void Heal();
+  void AnswerBoxes();
+  void RunProgram();
+  void EndWaits();
+  void StopAndPlay();
+  void OpenGoodFiles();
+  DueRow AwaitRow();
+  std::optional<DueRow> NextRow(const std::string& after);
+  DueRow RowAt(int row);
+  bool RunsToday(int row);
+  bool Announce(const DueRow& row);
+  void RequireHeard(const DueRow& row);
+  void RequireSent(const DueRow& row);
+  void RequireRestored();
+  int MessagesMs(const DueRow& row);
+  std::string ByteFor(const std::string& zones, char fed);
+  std::string Lines(const std::string& categories);
+
+  WatchedDesk& TheDesk;
+};
+
+}  // namespace marlex

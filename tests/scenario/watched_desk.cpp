@@ -1,0 +1,252 @@
+#include "scenario/watched_desk.h"
+
+#include <algorithm>
+
+namespace marlex {
+namespace {
+
+constexpr int kPriorityBits = 192;
+constexpr int kZoneBits = 63;
+constexpr int kMostWaits = 8;
+constexpr int kMostBoxes = 12;
+
+/// Failures that an operator can bring about by what he chooses.
+bool IsOperatorsFault(const std::string& failure) {
+  return failure == "No message schedule was found in the selection";
+}
+
+}  // namespace
+
+WatchedDesk::WatchedDesk(const DeskOptions& options,
+                         const std::function<void(SimulatedPc&)>& prepare)
+    : Desk(options, prepare, false) {
+  Arm();
+  OnRestart = [this] { Arm(); };
+  Start();
+}
+
+void WatchedDesk::Require(bool holds, const std::string& rule) {
+  if (!holds) throw BrokenRule(rule);
+}
+
+void WatchedDesk::AdvanceToMs(std::int64_t dayMs) {
+  if (dayMs > NowMs()) Pc.Loop.RunFor(dayMs - NowMs());
+}
+
+void WatchedDesk::Arm() {
+  Before = {};
+  Before.Bytes = Pc.Serial.Sent().size();
+  MasterHasSounded = ZonesLeftByTakeover = SongPressed = false;
+  // Where the word for closing is no command, a takeover leaves the message running.
+  Sys->Strings.AddBlock(2000, {{600, "Chiudi"}});
+  Main().grdSchedule.Watcher = [this] { TableChanged = true; };
+  Pc.Loop.AfterEvent = [this] { Check(); };
+  Pc.Loop.OnFailure = [told = Pc.Loop.OnFailure](const RuntimeFailure& failure) {
+    Require(IsOperatorsFault(failure.what()), std::string("A rule broke: ") + failure.what());
+    told(failure);
+  };
+}
+
+void WatchedDesk::Check() {
+  CheckWaits();
+  if (Main().Loaded()) {
+    CheckBytes();
+    CheckMasterMute();
+    CheckMessages();
+    CheckPriority();
+    CheckMixer();
+    CheckTable();
+    CheckFiringRow();
+    if (AtRest()) CheckRest();
+  }
+  NoteCorners();
+  Remember();
+}
+
+void WatchedDesk::NoteCorners() {
+  const auto note = [this](bool here, const char* corner) {
+    if (here) ++Corners[corner];
+  };
+  const Flags& flags = State();
+  const bool takenOver = flags.PriorityPreempted && !Before.Preempted;
+  note(takenOver && Before.Fading, "a takeover in a fade");
+  note(takenOver && flags.MessagePlaying, "a takeover in a message");
+  note(takenOver && flags.MessageAwaitingSongEnd, "a takeover before a music break");
+  note(flags.PriorityPreempted && flags.PriorityClear, "a lower call after a takeover");
+  note(Before.Awaiting && !flags.MessageAwaitingSongEnd, "a music break");
+  note(Pc.Loop.Waits() >= 3, "waits in waits");
+  note(Pc.Dialogs.OpenBoxCount() > 0 && flags.FadeRunning, "a box over a fade");
+  note(Pc.Dialogs.OpenBoxCount() > 0 && flags.MessagePlaying, "a box over a message");
+  note(Main().lblConflict.Visible, "a conflict");
+  note(flags.MusicStartedBySchedule, "music started by the clock");
+  note(flags.MusicStoppedBySchedule, "music stopped by the clock");
+  note(flags.CurrentMinute == "00:00", "midnight");
+}
+
+void WatchedDesk::Remember() {
+  Before.Bytes = Pc.Serial.Sent().size();
+  Before.Preempted = State().PriorityPreempted;
+  Before.MasterMuted = MuteCheck(0);
+  Before.Awaiting = State().MessageAwaitingSongEnd;
+  Before.Playing = State().MessagePlaying;
+  Before.Lines = Pc.Journal.Lines().size();
+  Before.Fading = State().FadeRunning;
+  Before.TickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
+  if (Main().Loaded() && !MuteCheck(0)) MasterHasSounded = true;
+  if (!Main().Loaded()) return;
+  ZonesLeftByTakeover &= LitZones() != MusicKeys();
+}
+
+/// A byte with zones carries our own priority and the zones that the labels show, and is held back
+/// by a takeover; the only other byte is the release.
+void WatchedDesk::CheckBytes() {
+  const auto& bytes = Pc.Serial.Sent();
+  if (bytes.size() > Before.Bytes) Require(Values().RouterPresent, "A byte without a router");
+  for (std::size_t byte = Before.Bytes; byte < bytes.size(); ++byte) {
+    const int value = bytes[byte].Value;
+    if (value == 0) continue;
+    Require((value & kPriorityBits) == Values().OwnPriorityLevel,
+            "A byte of another priority: " + std::to_string(value));
+    int zones = 0;
+    for (int zone = 0; zone < kZones; ++zone) zones |= (LitZones()[zone] == '1') << zone;
+    Require((value & kZoneBits) == zones && zones != 0,
+            "A byte of other zones than the labels: " + std::to_string(value));
+    Require(!State().PriorityPreempted, "Zones sent during a takeover");
+  }
+}
+
+/// A takeover drops the rest of the messages, and whoever plays others opens the master first. An
+/// announcement that begins under a takeover leaves its zones on the labels.
+void WatchedDesk::CheckMessages() {
+  const auto& lines = Pc.Journal.Lines();
+  for (std::size_t line = std::min(Before.Lines, lines.size()); line < lines.size(); ++line) {
+    if (lines[line].find(" wav play ") == std::string::npos) continue;
+    Require(!Before.Preempted || !MuteCheck(0), "A message begins while the master is muted");
+  }
+  if (State().MessagePlaying && !Before.Playing) ZonesLeftByTakeover = Before.Preempted;
+}
+
+/// A takeover mutes the master until status 0. Only what starts meanwhile opens it again: the
+/// messages of a row that had been waiting for the song's end, or of a row of the very tick that
+/// the takeover interrupted, and, once a lower status lets us start again, whatever then starts.
+void WatchedDesk::CheckMasterMute() {
+  if (Before.Preempted && State().PriorityPreempted && Before.MasterMuted && !MuteCheck(0)) {
+    const bool waitedForTheBreak = Before.Awaiting && !State().MessageAwaitingSongEnd;
+    Require(State().MessagePlaying || waitedForTheBreak || State().PriorityClear,
+            "The master opens during a takeover and nothing starts");
+  }
+  if (MuteCheck(0) && MasterHasSounded)
+    Require(State().PriorityPreempted, "The master is muted without a takeover");
+}
+
+void WatchedDesk::CheckPriority() {
+  const int status = State().AmplifierStatus;
+  const bool blocked = status > 0 && status >= Values().OwnPriorityLevel;
+  Require(State().PriorityClear == !blocked, "PriorityClear does not follow the status");
+  Require(!State().PriorityPreempted || status != 0, "A takeover outlives status 0");
+  Require(Main().lblHiPrio.Visible == (status != 0), "The note of a call does not follow status");
+  const int height = status != 0 ? FrmMain::kShrunkenKeyHeight : FrmMain::kTransportKeyHeight;
+  Require(Main().cmdPlay.Height == height, "The transport keys do not follow the status");
+}
+
+void WatchedDesk::CheckMixer() {
+  for (int line = 0; line < FrmMxr::kLines; ++line) {
+    Require(Slider(line) >= 0 && Slider(line) <= FrmMxr::kSilent, "A slider beyond its ends");
+  }
+  Require(LevelsAgree(0, kComponentSpeakers), "The master line is not where its slider is");
+  Require(LevelsAgree(Sys->Mixer.WaveLine, kComponentWaveOut),
+          "The wave line is not where its slider is");
+  Require(Pc.Mixer.Muted(kComponentMicrophone), "The microphone is open without a call");
+  Require(State().FadeRunning == Sys->TheFrmPlayers.tmrFadeTime.Enabled,
+          "A fade and its timer differ");
+}
+
+bool WatchedDesk::LevelsAgree(int line, std::uint32_t componentType) {
+  return static_cast<int>(Pc.Mixer.Level(componentType)) == FrmMxr::kSilent - Slider(line) &&
+         Pc.Mixer.Muted(componentType) == MuteCheck(line);
+}
+
+void WatchedDesk::CheckTable() {
+  if (!TableChanged) return;
+  TableChanged = false;
+  const Grid& table = Main().grdSchedule;
+  for (int column = 0; column < Grid::kColumns; ++column)
+    Require(CellColor(0, column) == kWhite, "The heading is painted");
+  for (int row = 2; row < table.Rows(); ++row) {
+    Require(table.TextMatrix(row - 1, kTimeColumn) <= table.TextMatrix(row, kTimeColumn),
+            "The table is not in the order of time");
+  }
+}
+
+/// Whoever switches the tick off has just painted the row that fires.
+void WatchedDesk::CheckFiringRow() {
+  if (!Before.TickOn || Sys->TheFrmPlayers.tmrMessage.Enabled) return;
+  const int row = Sys->Tick.ScheduleRow;
+  const Grid& table = Main().grdSchedule;
+  if (row >= table.Rows() || CellColor(row, kMessagesColumn) != kNavy) return;  // built anew since
+  Require(table.RowHeight(row) != 0, "A removed row fires");
+  Require(Cell(row, kTimeColumn).substr(0, 5) == State().CurrentMinute,
+          "A row of another minute fires");
+}
+
+void WatchedDesk::CheckWaits() {
+  Require(Pc.Loop.Waits() <= kMostWaits, "Waits pile up");
+  Require(Pc.Dialogs.OpenBoxCount() <= kMostBoxes, "Boxes pile up");
+}
+
+/// Nothing waits: no fade and no message is on, and the tick is off only for a row that waits for
+/// the song's end.
+void WatchedDesk::CheckRest() {
+  Require(!State().FadeRunning, "At rest, and a fade runs");
+  Require(!State().MessagePlaying, "At rest, and messages play");
+  Require(Pc.Wav.Mode() != kWavePlaying, "At rest, and a message sounds");
+  Require(Sys->TheFrmPlayers.tmrMessage.Enabled != State().MessageAwaitingSongEnd,
+          "At rest, and the tick is off without a reason");
+  Require(Main().cmdPlay.Enabled || Main().lstPlaylist.ListIndex() == ListBox::kNoSelection,
+          "At rest, and the play key is dead");
+  Require(Main().mnuAllDays.Checked != Main().mnuCurrentDay.Checked, "Both views are ticked");
+  Require(Main().mnuAllDays.Checked == Values().AllDaysView, "The ticked view is not the view");
+  CheckZonesAtRest();
+}
+
+void WatchedDesk::CheckZonesAtRest() {
+  for (int zone = 0; zone < kZones; ++zone)
+    Require(Main().cmdMusicZones[zone].Enabled, "At rest, and a zone key is dead");
+  Require(LitZones() == MusicKeys() || ZonesLeftByTakeover,
+          "At rest, and the labels are not those of the music");
+}
+
+std::string WatchedDesk::MusicKeys() {
+  std::string zones;
+  for (int zone = 0; zone < kZones; ++zone) zones += Main().cmdMusicZones[zone].Value ? '1' : '0';
+  return zones;
+}
+
+void WatchedDesk::PressSong(int entry) {
+  if (!Main().Visible || entry >= Main().lstPlaylist.ListCount()) return;
+  SongPressed = true;
+  Do([this, entry] {
+    Main().lstPlaylist.SetListIndex(entry);
+    Main().lstPlaylist.OnMouseDown(MouseButton::Left);
+  });
+}
+
+void WatchedDesk::DragTo(int entry) {
+  if (!SongPressed || entry >= Main().lstPlaylist.ListCount()) return;
+  Do([this, entry] {
+    ListBox& list = Main().lstPlaylist;
+    for (int steps = list.ListCount(); steps > 0 && list.ListIndex() != entry; --steps) {
+      const int at = list.ListIndex();
+      list.SetListIndex(at == ListBox::kNoSelection ? entry : at + (at < entry ? 1 : -1));
+      list.OnMouseMove();
+    }
+  });
+}
+
+void WatchedDesk::LetGo() {
+  if (!SongPressed) return;
+  SongPressed = false;
+  Do([this] { Main().lstPlaylist.OnMouseUp(); });
+}
+
+}  // namespace marlex

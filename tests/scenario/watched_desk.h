@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <stdexcept>
+#include <string>
+
+#include "desk/desk.h"
+
+namespace marlex {
+
+/// Something that must always hold did not.
+struct BrokenRule : std::logic_error {
+  using std::logic_error::logic_error;
+};
+
+/// A desk that tests after every event, nested ones included, what must always hold, and throws a
+/// BrokenRule out of the call that let time pass.
+class WatchedDesk : public Desk {
+ public:
+  WatchedDesk(const DeskOptions& options, const std::function<void(SimulatedPc&)>& prepare);
+
+  /// Virtual milliseconds of the day, which begins with the start of the program.
+  std::int64_t NowMs() const { return Pc.Loop.NowMs(); }
+  void AdvanceToMs(std::int64_t dayMs);
+
+  bool AtRest() { return Pc.Loop.Waits() == 1 && Main().Visible; }
+  static void Require(bool holds, const std::string& rule);
+
+  /// How often the day came to each of the corners that it is told for, by event.
+  std::map<std::string, int> Corners;
+
+  // A drag in the list of songs. It begins on an entry, and the selection follows the pointer.
+  void PressSong(int entry);
+  void DragTo(int entry);
+  void LetGo();
+
+ private:
+  void Arm();
+  void Check();
+  void CheckBytes();
+  void CheckMasterMute();
+  void CheckMessages();
+  void CheckPriority();
+  void CheckMixer();
+  void CheckTable();
+  void CheckFiringRow();
+  void CheckWaits();
+  void CheckRest();
+  void CheckZonesAtRest();
+  void NoteCorners();
+  bool LevelsAgree(int line, std::uint32_t componentType);
+  std::string MusicKeys();
+  void Remember();
+
+  // How it stood after the last event.
+  struct {
+    std::size_t Bytes = 0;
+    std::size_t Lines = 0;
+    bool Preempted = false;
+    bool MasterMuted = true;
+    bool Awaiting = false;
+    bool Fading = false;
+    bool Playing = false;
+    bool TickOn = false;
+  } Before;
+  bool MasterHasSounded = false;     // since the start of the program
+  bool ZonesLeftByTakeover = false;  // an announcement began under a takeover and left its zones
+  bool TableChanged = false;
+  bool SongPressed = false;
+};
+
+}  // namespace marlex
