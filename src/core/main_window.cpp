@@ -172,7 +172,7 @@ void MainWindow::ShowClock() {
 
 void MainWindow::mnuExit_Click() {
   if (Store.Values.RouterPresent) {
-    TheFrmPlayers.TolvoPort.Output(std::string(1, kReleaseByte));
+    TheFrmPlayers.SendReleaseByte();
     TheFrmPlayers.TolvoPort.SetPortOpen(false);
   }
   TheFrmMxr.Unload();

@@ -12,7 +12,6 @@ constexpr int kSlowFadeMs = 1500;
 constexpr int kFastFadeMs = 500;
 constexpr int kHighPriority = 128;
 constexpr int kLowPriority = 64;
-constexpr int kMuted = 1;
 
 }  // namespace
 
@@ -52,12 +51,12 @@ void SettingsLoader::LoadVolumeSettings() {
   // The test is for "Slow" here: an absent key is a fast fade.
   Values.FadeTime = Store.Read("Volume", "Fade time") == "Slow" ? kSlowFadeMs : kFastFadeMs;
   TheFrmMxr.SldrVol[0].Value = Values.MasterVolume;
-  TheFrmMxr.ChkMute[0].Value = kMuted;
+  TheFrmMxr.ChkMute[0].Value = FrmMxr::kMuted;
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Values.MusicVolume;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kMuted;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
   if (Mixer.MicLine == 0) return;
   TheFrmMxr.SldrVol[Mixer.MicLine].Value = Values.MicroVolume;
-  TheFrmMxr.ChkMute[Mixer.MicLine].Value = kMuted;
+  TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
 }
 
 void SettingsLoader::ReadVolumes() {

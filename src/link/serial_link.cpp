@@ -6,8 +6,6 @@ namespace {
 constexpr int kPriorityBits = 192;
 constexpr int kLowPriority = 64;
 constexpr int kHighPriority = 128;
-constexpr int kMuted = 1;
-constexpr int kOpen = 0;
 
 }  // namespace
 
@@ -73,7 +71,7 @@ void SerialLink::TakeOver() {
 
 void SerialLink::ProcessPriority() {
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MusicVolume;
-  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = kMuted;
+  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
   TheFrmMain.cmdCall.Caption = Strings.LoadString(kStrCall);
   TheFrmPlayers.lstMsgSequence.Clear();
   // In other languages than English this text is no command of the player, and the file runs on
@@ -83,7 +81,7 @@ void SerialLink::ProcessPriority() {
   TheFlags.CallActive = false;
   TheFrmPlayers.tmrFlash.Enabled = false;
   TheFrmPlayers.tmrFadeTime.Enabled = false;
-  TheFrmMxr.ChkMute[0].Value = kMuted;
+  TheFrmMxr.ChkMute[0].Value = FrmMxr::kMuted;
   Routing.ApplyMusicRouting();
   TheFrmMain.cmdCall.Enabled = false;
   TheFrmPlayers.tmrDwellTimer.Enabled = false;
@@ -100,10 +98,10 @@ void SerialLink::EndPriority() {
   TheFrmMain.lblBusy[0].BackColor = kButtonFace;
   TheFrmMain.lblBusy[1].BackColor = kButtonFace;
   TheFrmMain.cmdCall.Enabled = true;
-  TheFrmMxr.ChkMute[0].Value = kOpen;
+  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     PlaySong();
-    TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kOpen;
+    TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
   }
   TheFlags.PriorityPreempted = false;
 }
@@ -112,7 +110,7 @@ void SerialLink::ReturnMusicZones() {
   TheFrmPlayers.tmrDwellTimer.Enabled = false;
   if (!Store.Values.RouterPresent || TheFrmPlayers.MP3Player.PlayState() != kPlaying) return;
   TheFrmPlayers.tmrIODelay.Enabled = true;
-  TheFrmMxr.ChkMute[0].Value = kOpen;
+  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
 }
 
 void SerialLink::SetTransportKeyHeight(int height) {

@@ -5,14 +5,6 @@
 #include "state/numbers.h"
 
 namespace marlex {
-namespace {
-
-constexpr int kMuted = 1;
-constexpr int kOpen = 0;
-const std::string kReleaseText(1, kReleaseByte);
-
-}  // namespace
-
 std::string FormatSeconds(double seconds) {
   const long whole = RoundHalfEven(seconds);
   const long rest = whole % 60;
@@ -50,7 +42,7 @@ void MusicPlayer::cmdPlay_Click() {
     if (!TheFlags.PriorityClear) return;
     if (TheFrmPlayers.MP3Player.PlayState() != kPlaying) TheFrmPlayers.tmrIODelay.Enabled = true;
   }
-  TheFrmMxr.ChkMute[0].Value = kOpen;
+  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
   CurrentSongPath = SelectedSongPath();
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
   TheFrmMxr.SldrVol[0].Value = settings.MasterVolume;
@@ -71,7 +63,7 @@ void MusicPlayer::cmdPlay_Click() {
     TheFlags.MusicStoppedBySchedule = false;
   }
   TheFlags.MusicStoppedByUser = false;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kOpen;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
 }
 
 /// The test looks at the path alone, also for a caller that loaded the player with another file.
@@ -87,11 +79,11 @@ void MusicPlayer::cmdSkip_Click() {
 
 void MusicPlayer::cmdStop_Click() {
   TheFrmPlayers.MP3Player.Stop();
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kMuted;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
   TheFrmMain.cmdSkip.Enabled = false;
   TheFrmMain.cmdStop.Enabled = false;
   TheFlags.MusicStoppedByUser = true;
-  if (Store.Values.RouterPresent) TheFrmPlayers.TolvoPort.Output(kReleaseText);
+  if (Store.Values.RouterPresent) TheFrmPlayers.SendReleaseByte();
 }
 
 /// A refused song is skipped as an operator would skip it; a list of which every song is refused is
@@ -198,11 +190,13 @@ void MusicPlayer::StartDrag() {
   DragText = TheFrmMain.lstPlaylist.Text();
 }
 
-/// The selection has followed the pointer: the dragged entry changes places with its neighbour.
+/// The selection has followed the pointer: the dragged entry changes places with its neighbour. An
+/// entry that was deleted or went with its list meanwhile is dragged no further.
 void MusicPlayer::MoveDrag() {
+  ListBox& list = TheFrmMain.lstPlaylist;
+  DragActive &= DragIndex < list.ListCount() && list.List(DragIndex) == DragText;
   if (!DragActive) return;
   ShowNumber();
-  ListBox& list = TheFrmMain.lstPlaylist;
   const int index = list.ListIndex();
   if (index == DragIndex) return;
   const int neighbour = index < DragIndex ? index + 1 : index - 1;

@@ -43,7 +43,7 @@ void MusicSchedule::CheckMusicStop() {
   TheFrmMain.cmdSkip.Enabled = false;
   TheFlags.MusicStoppedBySchedule = true;
   if (!TheFlags.CallActive && !TheFlags.MessagePlaying && settings.RouterPresent) {
-    TheFrmPlayers.TolvoPort.Output(std::string(1, kReleaseByte));
+    TheFrmPlayers.SendReleaseByte();
   }
 }
 

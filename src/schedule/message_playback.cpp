@@ -1,12 +1,6 @@
 #include "schedule/message_playback.h"
 
 namespace marlex {
-namespace {
-
-const std::string kReleaseText(1, kReleaseByte);
-
-}  // namespace
-
 MessagePlayback::MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain,
                                  FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
                                  ZoneRouting& routing, Fades& fades, MusicPlayer& music,
@@ -62,7 +56,7 @@ bool MessagePlayback::ClearMusic() {
 /// The zones follow the release by 200 ms, during the start of the first message.
 void MessagePlayback::RouteMessage(const std::string& currentRouting) {
   if (!Store.Values.RouterPresent) return;
-  if (TheFlags.AmplifierStatus != 0) TheFrmPlayers.TolvoPort.Output(kReleaseText);
+  if (TheFlags.AmplifierStatus != 0) TheFrmPlayers.SendReleaseByte();
   Routing.ShowMessageZones(currentRouting);
 }
 
@@ -92,7 +86,7 @@ void MessagePlayback::RestoreRouting() {
   if (MusicIs(kPaused)) {
     TheFrmPlayers.tmrIODelay.Enabled = true;
   } else {
-    TheFrmPlayers.TolvoPort.Output(kReleaseText);
+    TheFrmPlayers.SendReleaseByte();
   }
 }
 

@@ -3,13 +3,6 @@
 #include "schedule/sequence_files.h"
 
 namespace marlex {
-namespace {
-
-constexpr int kMuted = 1;
-constexpr int kOpen = 0;
-
-}  // namespace
-
 MessageWavs::MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop,
                          FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer)
     : TheFlags(flags),
@@ -49,9 +42,9 @@ void MessageWavs::PlayMessageWavs() {
 /// Messages always go out unmuted, with the microphone closed.
 void MessageWavs::OpenMessageLine() {
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MessageVolume;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = kOpen;
-  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = kMuted;
-  TheFrmMxr.ChkMute[0].Value = kOpen;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
 }
 
 void MessageWavs::PlayWav(const std::string& fileName) {

@@ -14,6 +14,10 @@ struct FrmMxr : Form {
   static constexpr int kSilent =
       65535;  // slider positions run from 0, the loudest, to 65535, silence
 
+  // Values of a mute check.
+  static constexpr int kOpen = 0;
+  static constexpr int kMuted = 1;
+
   explicit FrmMxr(EventLoop& loop)
       : Form("FrmMxr", ""), TmrQuit(*this, "TmrQuit", loop, 100, false) {
     for (int line = 0; line < kLines; ++line) {

@@ -29,6 +29,9 @@ struct FrmPlayers : Form {
         tmrIODelay(*this, "tmrIODelay", loop, 200, false),
         tmrFadeTime(*this, "tmrFadeTime", loop, 10, false) {}
 
+  /// Writes the release byte at once, past everything that holds a routing byte back.
+  void SendReleaseByte() { TolvoPort.Output({&kReleaseByte, 1}); }
+
   SongPlayer& MP3Player;
   WavePlayer& WavPlayer;
   WavePlayer& WavControl;
