@@ -14,19 +14,16 @@ Timer::~Timer() { Stop(); }
 
 void Timer::Changed() {
   const bool run = Owner.Loaded() && Enabled && Interval > 0;
-  if (run && RunningInterval == Interval) return;
   Stop();
   if (!run) return;
-  RunningInterval = Interval;
-  Running = Loop.StartTimer(RunningInterval, [this] {
+  Running = Loop.StartTimer(Interval, [this] {
     if (OnTimer) OnTimer();
   });
 }
 
 void Timer::Stop() {
-  if (RunningInterval == 0) return;
-  Loop.StopTimer(Running);
-  RunningInterval = 0;
+  if (Running) Loop.StopTimer(*Running);
+  Running.reset();
 }
 
 }  // namespace marlex

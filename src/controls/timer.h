@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "controls/control.h"
 #include "platform/event_loop.h"
@@ -24,8 +25,7 @@ class Timer : public Control {
   void Stop();
 
   EventLoop& Loop;
-  EventLoop::TimerId Running = 0;
-  int RunningInterval = 0;  // 0 while it does not run
+  std::optional<EventLoop::TimerId> Running;
 };
 
 }  // namespace marlex

@@ -204,6 +204,15 @@ TEST(SettingsLoader, ALongListOfSequencesLosesItsTailSilently) {
   EXPECT_EQ(read, list.substr(0, 1499));
 }
 
+TEST(SettingsLoader, TheStartClearsThePriorityAndStopsAFade) {
+  Desk desk({}, nullptr, false);
+  desk.Sys->TheFrmPlayers.tmrFadeTime.Enabled = true;
+  EXPECT_FALSE(desk.State().PriorityClear);
+  desk.Start();
+  EXPECT_FALSE(desk.Sys->TheFrmPlayers.tmrFadeTime.Enabled);
+  EXPECT_TRUE(desk.State().PriorityClear);
+}
+
 TEST(SettingsLoader, WithoutTheRouterThePortNumberIsNotTouched) {
   Desk desk({.Router = false}, With("Used com port", "Com port", "2"));
   EXPECT_EQ(desk.Pc.Serial.CommPort(), 1);

@@ -93,6 +93,15 @@ TEST(StartUp, ALanguageInLowerCaseOrUnknownIsEnglishWithoutADialog) {
   }
 }
 
+TEST(StartUp, EachStoredLanguageSetsItsBaseBeforeTheSplashIsShown) {
+  for (const Language& language : kLanguageTable) {
+    Desk desk({.Language = language.Name}, nullptr, false);
+    desk.Do([&] { desk.Sys->Start(); });
+    EXPECT_EQ(desk.Sys->Strings.LanguageBase, language.LanguageBase) << language.Name;
+    EXPECT_TRUE(desk.Sys->TheWindows.frmLogo.Visible);
+  }
+}
+
 TEST(StartUp, ClosingTheLanguageDialogEndsTheProgram) {
   Desk desk({.Language = ""});
   desk.Do([&] { desk.Sys->TheWindows.frmlangSel.Close(); });

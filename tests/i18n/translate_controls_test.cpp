@@ -157,6 +157,8 @@ TEST(TranslateControls, TheIdsOfTheMainWindowsControlsStandInTheirTags) {
 
 TEST(TranslateControls, TheSplashAndTheAboutWindowTellWhatTheProductIs) {
   Desk desk({}, nullptr, false);
+  desk.Sys->TheWindows.frmLogo.Lines.Label5.Caption = "of the design";
+  desk.Sys->TheWindows.frmAbout.Lines.Label5.Caption = "of the design";
   desk.Do([&] { desk.Sys->Start(); });
   const auto lines = [&] {
     std::string text;
