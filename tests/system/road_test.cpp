@@ -67,9 +67,13 @@ class Road : public testing::Test {
 
   void SetUp() override { ASSERT_GT(RowFired, 0) << "The announcement did not come."; }
 
+  /// The time in which a message's tone sounds. Edges of other tones can look like moments of it.
   static Span Only(double frequency) {
-    std::vector<Span> spans = Heard.Tone(frequency, -30);
-    return spans.size() == 1 ? spans[0] : Span{};
+    Span longest;
+    for (const Span& span : Heard.Tone(frequency, -30)) {
+      if (span.Sounding > longest.Sounding) longest = span;
+    }
+    return longest;
   }
 
   /// Last moment before, and first moment after the messages, at which the song is heard.
@@ -169,7 +173,7 @@ TEST_F(Road, NothingOfTheSongIsHeardBeforeTheFirstStepOfItsFadeUp) {
   // A tick here would be the resumed song at its full volume, before the line is at silence.
   double firstStep = kToneDb + stage::LineDb(65'535 - kFadeStep);
   double came = SongComes();
-  for (double time = Only(kSecondTone).To + 0.005; time < came + 0.03; time += 0.0025) {
+  for (double time = Only(kSecondTone).To + 0.005; time < came; time += 0.0025) {
     EXPECT_LT(Heard.LevelDb(time, time + 0.005), firstStep + 1.5) << Levels(came - 0.1, 60);
   }
 }

@@ -37,10 +37,15 @@ void SoundServer::Start(const SoundCards& cards) {
   unlink((Folder + "/native").c_str());
   WriteScript(cards);
   Command command;
-  command.Arguments = {"pulseaudio",          "-n",
-                       "--daemonize=no",      "--use-pid-file=no",
-                       "--exit-idle-time=-1", "--high-priority=no",
-                       "--log-level=notice",  "-F",
+  command.Arguments = {"pulseaudio",
+                       "-n",
+                       "--daemonize=no",
+                       "--use-pid-file=no",
+                       "--exit-idle-time=-1",
+                       "--high-priority=yes",
+                       "--realtime=yes",
+                       "--log-level=notice",
+                       "-F",
                        Folder + "/server.pa"};
   command.Variables = Variables();
   command.Variables["HOME"] = Folder;
