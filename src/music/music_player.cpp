@@ -193,11 +193,13 @@ void MusicPlayer::StartDrag() {
 /// The selection has followed the pointer: the dragged entry changes places with its neighbour. An
 /// entry that was deleted or went with its list meanwhile is dragged no further.
 void MusicPlayer::MoveDrag() {
+  if (!DragActive) return;
   ListBox& list = TheFrmMain.lstPlaylist;
-  DragActive &= DragIndex < list.ListCount() && list.List(DragIndex) == DragText;
+  const int index = list.ListIndex();
+  DragActive = index != ListBox::kNoSelection && DragIndex < list.ListCount() &&
+               list.List(DragIndex) == DragText;
   if (!DragActive) return;
   ShowNumber();
-  const int index = list.ListIndex();
   if (index == DragIndex) return;
   const int neighbour = index < DragIndex ? index + 1 : index - 1;
   DragMoved = true;
