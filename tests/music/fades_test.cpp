@@ -196,6 +196,20 @@ TEST(Fades, AFadeDownFromSilenceTakesOneEvent) {
   EXPECT_EQ(desk.WaveSlider(), kSilent);
 }
 
+TEST(Fades, AFadeDownAfterAFadeUpGoesDownAgain) {
+  FadeDesk desk;
+  desk.FadeDown();
+  desk.Advance(3000);
+  desk.FadeUp();
+  desk.Advance(3000);
+  desk.Watch();
+  desk.FadeDown();
+  EXPECT_FALSE(desk.Sys->TheFades.FadeIn);
+  desk.Advance(3000);
+  EXPECT_EQ(desk.ReturnedMs, 23 * 23);
+  EXPECT_EQ(desk.WaveSlider(), kSilent);
+}
+
 TEST(Fades, AFadeDownFromCloseToSilenceEndsAtIt) {
   FadeDesk desk({.FadeTime = "Fast"});
   for (const int start : {63'533, 63'534}) {
