@@ -41,7 +41,9 @@ class Desk : public stage::Stage {
     stage::LayOut(Installation, files);
   }
   ~Desk() {
-    if (!testing::Test::HasFailure()) return;
+    if (!testing::UnitTest::GetInstance()->Failed()) return;
+    const char* recording = MARLEX_BINARY_DIR "/failed.wav";
+    if (Card && Card->Take().Write(recording)) GTEST_LOG_(INFO) << "The card played: " << recording;
     GTEST_LOG_(INFO) << "The program wrote:\n" << ProgramLog();
     for (const stage::LineByte& byte : Bytes()) {
       GTEST_LOG_(INFO) << Clock->TimeAt(byte.Time) << " <- " << byte.Value;

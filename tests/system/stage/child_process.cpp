@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int kCannotStart = 127;  // the shell's own code for a program that is not there
 constexpr int kSignalBase = 128;
+constexpr int kBeforeOthers = -10;
 
 std::vector<std::string> Merge(const Environment& variables) {
   std::vector<std::string> merged;
@@ -54,6 +56,7 @@ ChildProcess::ChildProcess(const Command& command) {
   if (Id < 0) throw std::runtime_error("The system has no room for another process.");
   if (Id == 0) {
     prctl(PR_SET_PDEATHSIG, command.DeathSignal);
+    if (command.GoesFirst) setpriority(PRIO_PROCESS, 0, kBeforeOthers);
     if (getppid() != parent) _exit(kCannotStart);
     if (!command.Directory.empty() && chdir(command.Directory.c_str()) != 0) _exit(kCannotStart);
     dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);

@@ -20,6 +20,7 @@ struct Command {
   std::string LogFile;                 // takes what it writes to both outputs; empty throws it away
   int Output = -1;            // descriptor that takes its standard output instead; -1 is none
   int Kept = -1;              // one more descriptor that stays open in it; -1 is none
+  bool GoesFirst = false;     // before the other work of the machine, where we may ask for that
   int DeathSignal = SIGKILL;  // what it gets from the system when we die, however we die
 };
 

@@ -69,6 +69,7 @@ std::unique_ptr<ChildProcess> SoundServer::Record(const std::string& output, int
                        "--latency-msec=10"};
   command.Variables = Variables();
   command.LogFile = Folder + "/record.log";
+  command.GoesFirst = true;
   command.Output = descriptor;
   auto recorder = std::make_unique<ChildProcess>(command);
   close(descriptor);

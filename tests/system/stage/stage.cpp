@@ -155,6 +155,7 @@ Command Stage::StartCommand(const ProbeLink& link) const {
   command.Variables = Surroundings(link);
   command.Directory = Folder;
   command.LogFile = Folder + "/program.log";
+  command.GoesFirst = true;  // on the operator's desk there is no other work
   return command;
 }
 

@@ -34,6 +34,7 @@ VirtualDisplay::VirtualDisplay(const std::string& folder) : LogFile(folder + "/d
       "-nolisten", "tcp"};
   command.LogFile = LogFile;
   command.Kept = ends[1];
+  command.GoesFirst = true;
   command.DeathSignal = SIGTERM;  // it then removes its lock file
   Server = std::make_unique<ChildProcess>(command);
   close(ends[1]);
