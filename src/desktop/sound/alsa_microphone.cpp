@@ -5,6 +5,7 @@
 
 #include "desktop/sound/alsa_device.h"
 #include "desktop/sound/steady_time.h"
+#include "desktop/sound/thread_priority.h"
 
 namespace marlex {
 namespace {
@@ -35,6 +36,7 @@ AlsaMicrophone::~AlsaMicrophone() {
 void AlsaMicrophone::Follow() { sem_post(&Waker); }
 
 void AlsaMicrophone::Run() {
+  PreferThisThread();
   while (!Quit) {
     WaitUntil(Waker, Line.Muted() ? kForeverUs : SteadyUs() + kRetryUs);
     if (!Quit && !Line.Muted()) Capture();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "desktop/sound/steady_time.h"
+#include "desktop/sound/thread_priority.h"
 
 namespace marlex {
 namespace {
@@ -39,6 +40,7 @@ void AlsaOutput::Wake() {
 }
 
 void AlsaOutput::Run() {
+  PreferThisThread();
   bool good = Device->Start();
   while (good && !Quit) {
     const int room = Device->Await(kAwaitMs);

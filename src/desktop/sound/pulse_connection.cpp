@@ -1,6 +1,7 @@
 #include "desktop/sound/pulse_connection.h"
 
 #include "desktop/sound/steady_time.h"
+#include "desktop/sound/thread_priority.h"
 
 namespace marlex {
 namespace {
@@ -83,6 +84,7 @@ bool PulseConnection::Begin() {
 void PulseConnection::StateChanged(pa_context* context, void* self) {
   auto& connection = *static_cast<PulseConnection*>(self);
   connection.Signal();
+  if (pa_context_get_state(context) == PA_CONTEXT_AUTHORIZING) PreferThisThread();
   if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(context)) && connection.OnLost) connection.OnLost();
 }
 

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "desktop/sound/pulse_volume.h"
+#include "desktop/sound/steady_time.h"
 
 namespace marlex {
 namespace {
@@ -14,10 +15,11 @@ namespace {
 constexpr int kPieceMs = 40;
 constexpr int kRequestMs = 2;  // the least that is asked for
 constexpr int kLatencyMs =
-    2 * kPieceMs + 2 * kRequestMs;               // from a sample that is written to its sound
-constexpr int kRewriteMs = kPieceMs - 2;         // of the queue that no piece holds yet
-constexpr int kWorthMs = 10;                     // a shorter rewrite is not worth its message
-constexpr int kStartMs = 10;                     // the sound begins when this much has come
+    2 * kPieceMs + 2 * kRequestMs;       // from a sample that is written to its sound
+constexpr int kLeftMs = 8;               // of the queue that is never rewritten
+constexpr std::int64_t kGuardUs = 6000;  // before the card's next piece, when nothing is rewritten
+constexpr int kWorthMs = 10;             // a shorter rewrite is not worth its message
+constexpr int kStartMs = 10;             // the sound begins when this much has come
 constexpr std::int64_t kOpenLimitUs = 1500000;   // that a server may take to open a stream
 constexpr std::int64_t kProofLimitUs = 2500000;  // and a card to take its first samples
 constexpr std::int64_t kFrameBytes = kChannels * sizeof(float);
@@ -130,11 +132,29 @@ void PulseOutput::Wake() {
   });
 }
 
-/// Replaces what the server has not passed to the card yet, so that a change is heard now.
+/// Replaces what the server has not passed to the card yet, so that a change is heard now. Just
+/// before the card takes its next piece it would come too late, and the sound would jump; then it
+/// waits for that piece.
 void PulseOutput::Rewrite() {
   if (!Living || !Source) return;
-  const int frames = Source->Rewind(FramesIn(kWorthMs), FramesIn(kRewriteMs));
-  if (frames > 0) Write(size_t(frames * kFrameBytes), -frames * kFrameBytes);
+  RewriteDue = SteadyUs() > NextPieceUs - kGuardUs;
+  if (!RewriteDue) WriteFrom(Rewindable(), 0);
+}
+
+/// Frames that are in the server's queue for certain.
+int PulseOutput::Rewindable() const {
+  const pa_buffer_attr* const buffer = pa_stream_get_buffer_attr(Stream);
+  const size_t room = pa_stream_writable_size(Stream);
+  if (!buffer || room == size_t(-1)) return 0;
+  const std::int64_t queued = std::int64_t(buffer->tlength) - std::int64_t(room);
+  return std::max(0, int(queued / kFrameBytes) - FramesIn(kLeftMs));
+}
+
+/// Writes `bytes` new ones behind up to `frames` that are rendered again.
+void PulseOutput::WriteFrom(int frames, size_t bytes) {
+  RewriteDue = false;
+  const std::int64_t back = Source ? Source->Rewind(FramesIn(kWorthMs), frames) * kFrameBytes : 0;
+  Write(size_t(back) + bytes, -back);
 }
 
 /// A stream that wakes is filled first, so that the sound begins with its first sample.
@@ -148,11 +168,14 @@ void PulseOutput::SetCorked(bool corked) {
   if (corked && Source) Source->OutputChanged();
 }
 
-/// Gives the server all that it asks for.
+/// Gives the server all that it asks for, which is what the card has just taken; as much later it
+/// takes as much again.
 void PulseOutput::Fill() {
   if (Corked || !Living) return;
   const size_t bytes = pa_stream_writable_size(Stream);
-  if (bytes != size_t(-1)) Write(bytes, 0);
+  if (bytes == size_t(-1) || bytes < size_t(kFrameBytes)) return;
+  NextPieceUs = SteadyUs() + std::int64_t(bytes) / kFrameBytes * kUsPerSecond / kSampleRate;
+  WriteFrom(RewriteDue ? Rewindable() : 0, bytes);
 }
 
 /// Writes that many bytes from `offset` on, counted from the end of what was written.

@@ -29,6 +29,8 @@ class PulseOutput : public SoundOutput {
   bool Connect();
   void Fill();
   void Rewrite();
+  int Rewindable() const;
+  void WriteFrom(int frames, size_t bytes);
   void Write(size_t bytes, std::int64_t offset);
   bool Render(float* stereo, int frames, std::int64_t delayUs);
   std::int64_t DelayUs();
@@ -41,7 +43,9 @@ class PulseOutput : public SoundOutput {
   pa_stream* Stream = nullptr;
   OutputSource* Source = nullptr;  // null until the start: silence
   SleepTimer Silence;
-  bool Started = false;  // the sink has begun to take samples
+  std::int64_t NextPieceUs = 0;  // when the card is expected to take more, on the steady clock
+  bool RewriteDue = false;       // a change waits for that
+  bool Started = false;          // the sink has begun to take samples
   std::atomic<bool> Corked{true};
   std::atomic<bool> Living{true};
 };

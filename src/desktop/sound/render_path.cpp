@@ -32,7 +32,7 @@ int RenderPath::Rewind(int least, int most) {
   if (Again > 0) return 0;
   int& available = Sounds ? Steady : Silent;
   const int back = std::min(available, most);
-  if (back < least) return 0;
+  if (back < std::max(least, 1)) return 0;
   available -= back;
   if (Sounds) Again = back;
   return back;

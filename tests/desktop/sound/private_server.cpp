@@ -1,6 +1,7 @@
 #include "desktop/sound/private_server.h"
 
 #include <fcntl.h>
+#include <sched.h>
 #include <signal.h>
 #include <stdlib.h>
 #include <sys/wait.h>
@@ -26,11 +27,17 @@ pid_t Spawn(const std::vector<std::string>& words, int output) {
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   const pid_t child = fork();
-  if (child != 0) return child;
+  if (child < 0) throw std::runtime_error("no process for " + words[0]);
+  if (child > 0) return child;
   const int nothing = open("/dev/null", O_RDWR);
   dup2(nothing, 0);
   dup2(output >= 0 ? output : nothing, 1);
   dup2(nothing, 2);
+  // Where it is allowed, server and recorder run in real time, so that a busy machine does not
+  // spoil the sound.
+  sched_param realTime = {};
+  realTime.sched_priority = 10;
+  sched_setscheduler(0, SCHED_RR, &realTime);
   execvp(arguments[0], arguments.data());
   _exit(127);
 }
