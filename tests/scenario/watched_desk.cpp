@@ -25,8 +25,8 @@ WatchedDesk::WatchedDesk(const DeskOptions& options,
   Start();
 }
 
-void WatchedDesk::Require(bool holds, const std::string& rule) {
-  if (!holds) throw BrokenRule(rule);
+void WatchedDesk::Require(bool holds, std::string_view rule) {
+  if (!holds) throw BrokenRule(std::string(rule));
 }
 
 void WatchedDesk::AdvanceToMs(std::int64_t dayMs) {
@@ -94,7 +94,7 @@ void WatchedDesk::Remember() {
   Before.TickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
   if (Main().Loaded() && !MuteCheck(0)) MasterHasSounded = true;
   if (!Main().Loaded()) return;
-  ZonesLeftByTakeover &= LitZones() != MusicKeys();
+  if (ZonesLeftByTakeover) ZonesLeftByTakeover = !MusicZonesAreLit();
 }
 
 /// A byte with zones carries our own priority and the zones that the labels show, and is held back
@@ -123,7 +123,7 @@ void WatchedDesk::CheckMessages() {
     if (lines[line].find(" wav play ") == std::string::npos) continue;
     Require(!Before.Preempted || !MuteCheck(0), "A message begins while the master is muted");
   }
-  if (State().MessagePlaying && !Before.Playing) ZonesLeftByTakeover = Before.Preempted;
+  if (State().MessagePlaying && !Before.Playing) ZonesLeftByTakeover |= Before.Preempted;
 }
 
 /// A takeover mutes the master until status 0. Only what starts meanwhile opens it again: the
@@ -212,14 +212,16 @@ void WatchedDesk::CheckRest() {
 void WatchedDesk::CheckZonesAtRest() {
   for (int zone = 0; zone < kZones; ++zone)
     Require(Main().cmdMusicZones[zone].Enabled, "At rest, and a zone key is dead");
-  Require(LitZones() == MusicKeys() || ZonesLeftByTakeover,
+  Require(ZonesLeftByTakeover || MusicZonesAreLit(),
           "At rest, and the labels are not those of the music");
 }
 
-std::string WatchedDesk::MusicKeys() {
-  std::string zones;
-  for (int zone = 0; zone < kZones; ++zone) zones += Main().cmdMusicZones[zone].Value ? '1' : '0';
-  return zones;
+bool WatchedDesk::MusicZonesAreLit() {
+  for (int zone = 0; zone < kZones; ++zone) {
+    const bool lit = Main().lblCurrentZone[zone].BackColor == kGreen;
+    if (lit != Main().cmdMusicZones[zone].Value) return false;
+  }
+  return true;
 }
 
 void WatchedDesk::PressSong(int entry) {

@@ -4,6 +4,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "desk/desk.h"
 
@@ -25,7 +26,7 @@ class WatchedDesk : public Desk {
   void AdvanceToMs(std::int64_t dayMs);
 
   bool AtRest() { return Pc.Loop.Waits() == 1 && Main().Visible; }
-  static void Require(bool holds, const std::string& rule);
+  static void Require(bool holds, std::string_view rule);
 
   /// How often the day came to each of the corners that it is told for, by event.
   std::map<std::string, int> Corners;
@@ -50,7 +51,7 @@ class WatchedDesk : public Desk {
   void CheckZonesAtRest();
   void NoteCorners();
   bool LevelsAgree(int line, std::uint32_t componentType);
-  std::string MusicKeys();
+  bool MusicZonesAreLit();
   void Remember();
 
   // How it stood after the last event.
