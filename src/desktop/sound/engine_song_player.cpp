@@ -50,7 +50,10 @@ void EngineSongPlayer::Unload() {
   Stream = nullptr;
 }
 
+/// The end of a song that was paused in the meantime waits: when the song goes on, the stream ends
+/// once more.
 void EngineSongPlayer::SongEnded() {
+  if (State == kPaused) return;
   Unload();
   if (OnEndOfStream) OnEndOfStream();
 }

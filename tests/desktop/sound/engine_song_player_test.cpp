@@ -86,6 +86,26 @@ TEST(EngineSongPlayer, AnEndThatWasNotDeliveredYetIsDroppedByAStopAndByTheNextSo
   }
 }
 
+TEST(EngineSongPlayer, AnEndThatWasNotDeliveredBeforeAPauseIsKeptUntilTheSongGoesOn) {
+  OfflineDesk desk;
+  desk.Song.SetFileName(desk.Files.Mp3("song.mp3", 0.1));
+  desk.Song.Play();
+  std::vector<float> block(2 * 4096);
+  for (int i = 0; i < 4; ++i) desk.Engine.Render(block.data(), 4096);
+  desk.Song.Pause();
+  desk.Render(44100);
+  EXPECT_EQ(desk.Journal, "");
+  EXPECT_EQ(desk.Song.PlayState(), kPaused);
+  EXPECT_NEAR(desk.Song.CurrentPosition(), 0.1, 1e-6);
+  desk.Song.Play();
+  EXPECT_EQ(desk.Journal, "");  // no callback inside a call
+  EXPECT_EQ(desk.Song.PlayState(), kPlaying);
+  desk.RenderUntil("end", 1);
+  desk.Render(44100);
+  EXPECT_EQ(desk.Journal, "end ");
+  EXPECT_EQ(desk.Song.PlayState(), kStopped);
+}
+
 TEST(EngineSongPlayer, SongsFollowEachOtherWithoutAGap) {
   OfflineDesk desk;
   const std::string song = desk.Files.Mp3("song.mp3", 0.5);
