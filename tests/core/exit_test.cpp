@@ -173,6 +173,20 @@ TEST(Exit, AsksForNothingWritesNothingAndLeavesTheMixerAsItStands) {
   EXPECT_EQ(desk.Pc.Mixer.Level(kComponentWaveOut), 65535u - 10000u);
 }
 
+TEST(Exit, UnloadsTheMixerThenTheEnginesThenTheMainWindow) {
+  Desk desk(Shop(true));
+  std::string order;
+  for (Form* form : {static_cast<Form*>(&desk.Main()), static_cast<Form*>(&desk.Sys->TheFrmPlayers),
+                     static_cast<Form*>(&desk.Sys->TheFrmMxr)}) {
+    form->OnUnload = [&order, form, unload = form->OnUnload] {
+      order += form->Name + " ";
+      return !unload || unload();
+    };
+  }
+  desk.Click("mnuExit");
+  EXPECT_EQ(order, "FrmMxr frmPlayers frmMain ");
+}
+
 TEST(Exit, TheProgramStartsAnewAfterIt) {
   Desk desk(Shop(true));
   ReachMessage(desk);

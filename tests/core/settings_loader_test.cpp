@@ -112,8 +112,9 @@ TEST(SettingsLoader, KeysAreFoundWhateverTheirCaseIs) {
 }
 
 TEST(SettingsLoader, AnEmptyChimeIsNoChime) {
-  Desk desk({}, With("Chime selection", "PreChime", ""));
+  Desk desk({}, Ini(std::string(kLeast) + "[Chime selection]\r\nPreChime=\r\nPostChime=dong\r\n"));
   EXPECT_EQ(desk.Values().PreChime, "");
+  EXPECT_EQ(desk.Values().PostChime, "dong");
 }
 
 TEST(SettingsLoader, AnEmptyMusicDirectoryIsAFirstRunOnWhichNoOtherKeyTakesEffect) {

@@ -30,6 +30,35 @@ TEST(StartUp, TheSplashStandsForTwoAndAHalfSecondsBeforeTheMainWindow) {
   EXPECT_TRUE(desk.Main().Visible);
 }
 
+/// Name, period and state of every timer of a window, in the order of their making.
+std::string Timers(const Form& form) {
+  std::string text;
+  for (const Control* control : form.Controls) {
+    const auto* timer = dynamic_cast<const Timer*>(control);
+    if (!timer) continue;
+    text += timer->ObjectName() + " " + std::to_string(timer->Interval) +
+            (timer->Enabled ? " on\n" : " off\n");
+  }
+  return text;
+}
+
+TEST(StartUp, EveryTimerHasItsPeriodAndStartsOnOrOff) {
+  Desk desk({}, nullptr, false);
+  EXPECT_EQ(Timers(desk.Sys->TheFrmPlayers),
+            "tmrMessage 1000 on\ntmrMP3Position 100 on\ntmrDwellTimer 200 off\n"
+            "tmrFlash 125 off\ntmrIODelay 200 off\ntmrFadeTime 10 off\n");
+  EXPECT_EQ(Timers(desk.Main()), "Seconds 450 on\n");
+  EXPECT_EQ(Timers(desk.Sys->TheWindows.frmLogo), "tmrView 2500 off\n");
+}
+
+TEST(StartUp, TheTimersThatRunAfterItAreTheTickThePositionAndTheClock) {
+  Desk desk;
+  EXPECT_EQ(Timers(desk.Sys->TheFrmPlayers),
+            "tmrMessage 1000 on\ntmrMP3Position 100 on\ntmrDwellTimer 200 off\n"
+            "tmrFlash 125 off\ntmrIODelay 200 off\ntmrFadeTime 10 off\n");
+  EXPECT_EQ(Timers(desk.Main()), "Seconds 450 on\n");
+}
+
 TEST(StartUp, TheSplashHasAnotherCaptionThanTheMainWindow) {
   Desk desk;
   EXPECT_EQ(desk.Main().Caption.Get(), "Tolvo Marlex");
@@ -137,12 +166,23 @@ TEST(StartUp, ASecondInstanceDoesNotStartBehindItsOpenWarning) {
   EXPECT_TRUE(desk.Pc.Process.Ended());
 }
 
+TEST(StartUp, OfTwoInstancesThatAreStartedAtOnceTheSecondTouchesNothing) {
+  Desk desk({.Music = {{"march"}}, .Autostart = "True"}, nullptr, false);
+  desk.Pc.Journal.Unmute("mixer");
+  desk.Do([&] { desk.Sys->Start(); });
+  desk.Advance(2499);
+  desk.Pc.Process.OtherWindows = {"Tolvo Marlex"};
+  desk.Pc.Journal.Clear();
+  desk.Advance(1);
+  EXPECT_EQ(desk.Journal(), "1 box Warning: \n1 process ends\n");
+}
+
 TEST(StartUp, AWindowWithAnotherCaptionIsNoRunningInstance) {
   Desk desk({}, [](SimulatedPc& pc) { pc.Process.OtherWindows = {"Tolvo Marlex starts"}; });
   EXPECT_TRUE(desk.Main().Visible);
 }
 
-TEST(StartUp, TheProcessIsKnownByItsMainWindowAndNotBefore) {
+TEST(StartUp, TheProcessIsKnownFromTheEndOfTheSplashAndNotBefore) {
   Desk desk({}, nullptr, false);
   desk.Do([&] { desk.Sys->Start(); });
   EXPECT_EQ(desk.Pc.Process.ClaimedWindow, "");

@@ -44,14 +44,25 @@ TEST(SerialLink, AnyPriorityButHighCountsAsLow) {
   EXPECT_EQ(ByteFor("100000", "high"), "200 send 65\n");
 }
 
-TEST(SerialLink, EveryByteOfTheProtocolPassesUnchanged) {
-  LinkDesk desk;
-  std::string expected;
-  for (int value = 0; value < 256; ++value) {
-    desk.Do([&] { desk.Pc.Serial.Output(std::string(1, static_cast<char>(value))); });
-    expected += "0 send " + std::to_string(value) + "\n";
+/// Lights the labels of a pattern, bit 0 for zone 1, and lets a routing request run out.
+std::string ByteForLabels(LinkDesk& desk, int pattern) {
+  desk.Pc.Journal.Clear();
+  desk.Do([&] {
+    for (int zone = 0; zone < kZones; ++zone)
+      desk.Main().lblCurrentZone[zone].BackColor = (pattern >> zone & 1) ? kGreen : kRed;
+    desk.Players().tmrIODelay.Enabled = true;
+  });
+  desk.Advance(200);
+  return desk.TakeJournal();
+}
+
+TEST(SerialLink, EveryPatternOfLabelsMakesItsByteAtBothPriorities) {
+  for (const auto& [priority, level] : {std::pair{"Low", 64}, std::pair{"High", 128}}) {
+    LinkDesk desk({.Priority = priority});
+    EXPECT_EQ(ByteForLabels(desk, 0), "200 send 0\n");
+    for (int pattern = 1; pattern < 64; ++pattern)
+      EXPECT_EQ(ByteForLabels(desk, pattern), "200 send " + std::to_string(level + pattern) + "\n");
   }
-  EXPECT_EQ(desk.Journal(), expected);
 }
 
 TEST(SerialLink, TheByteIsMadeFromTheLabelsAndNotFromTheSettings) {
@@ -119,6 +130,8 @@ TEST(SerialLink, WithTheOtherAmplifierThePortStaysShutAndNothingIsSent) {
     desk.Players().tmrDwellTimer.Enabled = true;
   });
   desk.Advance(1000);
+  EXPECT_TRUE(desk.Players().tmrIODelay.Enabled);  // the request runs on and is never served
+  EXPECT_FALSE(desk.Players().tmrDwellTimer.Enabled);
   desk.Click("mnuExit");
   EXPECT_EQ(desk.Journal(), "");
 }

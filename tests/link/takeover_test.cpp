@@ -94,7 +94,7 @@ TEST(Takeover, SilencesTheLinesAndDropsWhatRan) {
   EXPECT_EQ(desk.Journal(), "0 wav stop welcome.wav\n0 wav refuse \n");
 }
 
-TEST(Takeover, LeavesAMicrophoneThatIsNotThereAlone) {
+TEST(Takeover, SilencesADeskWithoutAMicrophoneToo) {
   LinkDesk desk({.Microphone = false});
   ASSERT_EQ(desk.Sys->Mixer.MicLine, 0);
   desk.PlayMusic();
@@ -181,6 +181,20 @@ TEST(Takeover, StatusZeroGivesEverythingBack) {
   EXPECT_FALSE(desk.MuteCheck(0));
   EXPECT_FALSE(desk.WaveMuted());
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
+TEST(Takeover, StatusZeroResumesTheMusicByItsPlayProcedure) {
+  LinkDesk desk;
+  int calls = 0;
+  desk.Sys->Link.PlaySong = [&] { ++calls; };
+  desk.Status(0);
+  EXPECT_EQ(calls, 0);
+  desk.PlayMusic();
+  desk.Status(0);
+  EXPECT_EQ(calls, 1);
+  desk.Do([&] { desk.Pc.Song.Pause(); });
+  desk.Status(0);
+  EXPECT_EQ(calls, 1);
 }
 
 TEST(Takeover, EachStatusZeroRunsTheWholeReturnAlsoWhenNothingWasHeldBack) {
