@@ -39,7 +39,23 @@ bool AlsaDevice::Configure(int pieceMs, int bufferMs) {
   unsigned bufferUs = unsigned(bufferMs) * kUsPerMs;
   snd_pcm_hw_params_set_period_time_near(Handle, hardware, &pieceUs, nullptr);
   snd_pcm_hw_params_set_buffer_time_near(Handle, hardware, &bufferUs, nullptr);
-  return snd_pcm_hw_params(Handle, hardware) == 0 && snd_pcm_prepare(Handle) == 0;
+  if (snd_pcm_hw_params(Handle, hardware) != 0 || snd_pcm_prepare(Handle) != 0) return false;
+  snd_pcm_uframes_t piece = 0;
+  snd_pcm_uframes_t buffer = 0;
+  if (snd_pcm_get_params(Handle, &buffer, &piece) != 0) return false;
+  Piece = int(piece);
+  Buffer = int(buffer);
+  return true;
+}
+
+void AlsaDevice::SetReady(int frames) {
+  if (frames == Ready) return;
+  Ready = frames;
+  snd_pcm_sw_params_t* software = nullptr;
+  snd_pcm_sw_params_alloca(&software);
+  if (snd_pcm_sw_params_current(Handle, software) != 0) return;
+  snd_pcm_sw_params_set_avail_min(Handle, software, snd_pcm_uframes_t(frames));
+  snd_pcm_sw_params(Handle, software);
 }
 
 std::string AlsaDevice::CardName() const {

@@ -26,8 +26,15 @@ class AlsaDevice {
   /// when it has none.
   std::string CardName() const;
 
-  /// Waits up to `limitMs` until the device has taken or given a piece, and returns how many frames
-  /// can be written or read; -1 when the device is gone. One that ran dry is started again.
+  /// Frames in which the device works, and that it holds, as it was opened.
+  int PieceFrames() const { return Piece; }
+  int BufferFrames() const { return Buffer; }
+
+  /// Lets `Await` return as soon as so many frames can be written or read.
+  void SetReady(int frames);
+
+  /// Waits up to `limitMs` until as much can be written or read as was set, or else a piece, and
+  /// returns how many frames can be; -1 when the device is gone. One that ran dry is started again.
   int Await(int limitMs);
 
   /// Frames between what is written next and its sound.
@@ -47,6 +54,9 @@ class AlsaDevice {
 
   snd_pcm_t* const Handle;
   bool Floating = true;
+  int Piece = 0;
+  int Buffer = 0;
+  int Ready = 0;             // frames that end a wait, 0 for the device's own choice
   std::vector<short> Whole;  // samples on their way, of a device that takes 16 bits
 };
 

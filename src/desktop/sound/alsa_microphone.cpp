@@ -10,8 +10,6 @@
 namespace marlex {
 namespace {
 
-constexpr int kRingFrames = 16384;
-constexpr int kPieceMs = 5;
 constexpr int kBufferMs = 40;
 constexpr int kAwaitMs = 100;
 constexpr int kBlockFrames = 1024;
@@ -21,7 +19,7 @@ constexpr std::int64_t kRetryUs =
 }  // namespace
 
 AlsaMicrophone::AlsaMicrophone(const std::string& name, const MicrophoneLines& lines)
-    : Name(name), Line(lines.Microphone), Path(lines), Ring(kRingFrames) {
+    : Name(name), Line(lines.Microphone), Path(lines) {
   sem_init(&Waker, 0, 0);
   Thread = std::thread([this] { Run(); });
 }
@@ -47,27 +45,26 @@ void AlsaMicrophone::Run() {
 void AlsaMicrophone::Capture() {
   const auto device = AlsaDevice::Open(Name, SND_PCM_STREAM_CAPTURE, kPieceMs, kBufferMs);
   if (!device || !device->Start()) return;
+  Queue.Begin();
+  Pass(*device);
+  Queue.End();
+}
+
+void AlsaMicrophone::Pass(AlsaDevice& device) {
   std::vector<float> block(std::size_t(kBlockFrames + MicrophonePath::kMostAdded) * kChannels);
   Path.Begin();
   while (!Quit && !(Line.Muted() && Path.Silent())) {
-    const int ready = device->Await(kAwaitMs);
+    const int ready = device.Await(kAwaitMs);
     if (ready < 0 || (ready == 0 && Line.Muted())) break;
     const int frames = std::min(ready, kBlockFrames);
     if (frames == 0) continue;
-    if (!device->Read(block.data(), frames)) break;
-    Ring.Write(block.data(), Path.Pass(block.data(), frames, Ring.Filled()));
+    if (!device.Read(block.data(), frames)) break;
+    Queue.Write(block.data(), Path.Pass(block.data(), frames, Queue.Filled()));
   }
 }
 
 bool AlsaMicrophone::MixInto(float* stereo, int frames) {
-  for (int done = 0; done < frames;) {
-    const float* source = nullptr;
-    const int count = Ring.Peek(source, frames - done);
-    if (count == 0) break;
-    for (int i = 0; i < count * kChannels; ++i) stereo[done * kChannels + i] += source[i];
-    Ring.Take(count);
-    done += count;
-  }
+  Queue.MixInto(stereo, frames);
   return !Line.Muted();
 }
 

@@ -5,10 +5,12 @@
 #include <string>
 #include <thread>
 
-#include "desktop/sound/frame_ring.h"
 #include "desktop/sound/microphone_path.h"
+#include "desktop/sound/microphone_queue.h"
 
 namespace marlex {
+
+class AlsaDevice;
 
 /// Captures from an ALSA device while the microphone line is open, and hands the sound to the
 /// output's thread. The device is opened and closed with the line, so that no old capture is ever
@@ -23,17 +25,25 @@ class AlsaMicrophone {
   /// The line was opened or closed. Returns at once.
   void Follow();
 
-  /// For the output's thread: adds what was captured. True while the line is open. Never locks.
+  // For the output's thread; nothing here locks.
+
+  /// Sound comes from the microphone.
+  bool Speaks() const { return Queue.Speaks(); }
+
+  /// Adds what was captured. True while the line is open.
   bool MixInto(float* stereo, int frames);
+
+  static constexpr int kPieceMs = 3;  // captured at a time
 
  private:
   void Run();
   void Capture();
+  void Pass(AlsaDevice& device);
 
   const std::string Name;
   SoundLine& Line;
   MicrophonePath Path;
-  FrameRing Ring;
+  MicrophoneQueue Queue;
   std::atomic<bool> Quit{false};
   sem_t Waker;
   std::thread Thread;

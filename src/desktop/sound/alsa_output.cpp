@@ -8,11 +8,18 @@
 namespace marlex {
 namespace {
 
+constexpr int kMusicMs = 40;   // from sample to sound, unless the card needs more
 constexpr int kBlockMs = 40;   // rendered at most in one go
 constexpr int kAwaitMs = 100;  // a card that gives no sign is asked again
 constexpr std::int64_t kUsPerSecond = 1000000;
 
 }  // namespace
+
+CardFill FillOfCard(int piece, int buffer, bool speaks) {
+  const int music = std::min(buffer, std::max(FramesIn(kMusicMs), 2 * piece));
+  const int most = speaks ? std::min(2 * piece, music) : music;
+  return {most / 2, most};
+}
 
 AlsaOutput::AlsaOutput(std::unique_ptr<AlsaDevice> device, const std::string& name,
                        const MicrophoneLines& lines)
@@ -42,13 +49,25 @@ void AlsaOutput::Wake() {
 void AlsaOutput::Run() {
   PreferThisThread();
   bool good = Device->Start();
-  while (good && !Quit) {
-    const int room = Device->Await(kAwaitMs);
-    good = room >= 0 && Fill(room);
-  }
+  while (good && !Quit) good = Step();
   if (Quit) return;
   Living = false;
   Source->OutputChanged();
+}
+
+/// A card that should be less full gets nothing until it is, so that a change leaves the sound
+/// whole.
+bool AlsaOutput::Step() {
+  const int buffer = Device->BufferFrames();
+  const CardFill fill = FillOfCard(Device->PieceFrames(), buffer, Microphone.Speaks());
+  Device->SetReady(buffer - fill.Least);
+  const int room = Device->Await(kAwaitMs);
+  if (room <= 0) return room == 0;
+  const int queued = buffer - room;
+  if (queued <= fill.Least) return Fill(fill.Most - queued);
+  // Not every device waits for as much as it was told.
+  WaitUntil(Waker, SteadyUs() + (queued - fill.Least) * kUsPerSecond / kSampleRate);
+  return true;
 }
 
 bool AlsaOutput::Fill(int frames) {

@@ -11,6 +11,17 @@
 
 namespace marlex {
 
+/// How full a card is kept, in frames: when no more than `Least` are left, it is filled up to
+/// `Most`.
+struct CardFill {
+  int Least = 0;
+  int Most = 0;
+};
+
+/// For a card that works in pieces of `piece` frames and holds `buffer`. Music takes few wake-ups;
+/// while somebody speaks, two pieces are all that waits.
+CardFill FillOfCard(int piece, int buffer, bool speaks);
+
 /// A sound card without a server. The device stops while nothing plays.
 class AlsaOutput : public SoundOutput {
  public:
@@ -27,6 +38,7 @@ class AlsaOutput : public SoundOutput {
 
  private:
   void Run();
+  bool Step();
   bool Fill(int frames);
   void Sleep();
 

@@ -4,8 +4,8 @@
 namespace marlex {
 namespace {
 
-constexpr int kPieceMs = 20;   // one wake-up each
-constexpr int kBufferMs = 40;  // from sample to sound
+constexpr int kPieceMs = 5;  // so fine can the card be filled
+constexpr int kBufferMs = 40;
 
 /// The library would print a device that is missing, which is a normal state here.
 void SayNothing(const char*, int, const char*, int, const char*, ...) {}

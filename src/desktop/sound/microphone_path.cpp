@@ -7,8 +7,8 @@ namespace marlex {
 namespace {
 
 constexpr int kRound = kSampleRate;    // frames after which the delay is judged
-constexpr int kTooFew = FramesIn(1);   // left at the lowest: the output is about to run dry
-constexpr int kTooMany = FramesIn(6);  // the delay is longer than it needs to be
+constexpr int kTooFew = FramesIn(2);   // left at the lowest: the output is about to run dry
+constexpr int kTooMany = FramesIn(5);  // the delay is longer than it needs to be
 constexpr int kWanted = FramesIn(3);
 constexpr int kFar = FramesIn(30);  // so late that it is put right at once
 
