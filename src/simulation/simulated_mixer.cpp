@@ -85,14 +85,14 @@ std::optional<MixerLineInfo> SimulatedMixer::GetSource(std::uint32_t handle,
   const SimulatedMixerDevice* device = Device(handle);
   if (!device || destination >= device->Destinations.size()) return std::nullopt;
   const SimulatedDestination& found = device->Destinations[destination];
-  if (source >= found.Sources.size()) return std::nullopt;
+  if (source >= found.Sources.size() || LostSources.contains(source)) return std::nullopt;
   return Describe(found.Sources[source], LineId(destination, source + 1), 0);
 }
 
 std::optional<MixerLineInfo> SimulatedMixer::GetLineOfType(std::uint32_t handle,
                                                            std::uint32_t componentType) {
   const SimulatedMixerDevice* device = Device(handle);
-  if (!device) return std::nullopt;
+  if (!device || HiddenTypes.contains(componentType)) return std::nullopt;
   for (std::uint32_t d = 0; d < device->Destinations.size(); ++d) {
     const SimulatedDestination& destination = device->Destinations[d];
     if (destination.Line.ComponentType == componentType) return GetDestination(handle, d);
@@ -117,7 +117,7 @@ std::vector<std::uint32_t> SimulatedMixer::GetControlDetails(std::uint32_t handl
                                                              std::uint32_t controlId,
                                                              std::uint32_t channels) {
   const std::optional<Control> control = ControlById(handle, controlId);
-  if (!control) return {};
+  if (!control || UnreadableTypes.contains(control->Type)) return {};
   std::vector<std::uint32_t> values(channels, control->Line->Mute);
   if (control->Type == kControlMute) return values;
   const auto& levels =

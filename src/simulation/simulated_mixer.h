@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -64,6 +65,10 @@ class SimulatedMixer : public MixerFunctions {
 
   std::uint32_t OpenResult = kMixerNoError;  // what Open answers
   std::uint32_t CapsResult = kMixerNoError;  // what GetDevCaps answers
+
+  std::set<std::uint32_t> HiddenTypes;      // component types for which GetLineOfType fails
+  std::set<std::uint32_t> LostSources;      // numbers of sources for which GetSource fails
+  std::set<std::uint32_t> UnreadableTypes;  // control types for which GetControlDetails fails
 
   /// The first line of this component type on the first device. Null when there is none.
   SimulatedLine* Line(std::uint32_t componentType);

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <map>
+#include <set>
+
 #include "i18n/languages.h"
 #include "platform/runtime_failure.h"
 
@@ -17,6 +21,29 @@ TEST(EnglishStrings, AreAllThereInAscendingOrder) {
     EXPECT_LT(strings[i - 1].Id, strings[i].Id);
     EXPECT_FALSE(strings[i].Text.empty()) << strings[i].Id;
   }
+}
+
+/// The texts as they were agreed on, one line each: the id, a tab, the text with its blanks.
+std::map<int, std::string> AgreedStrings() {
+  std::ifstream file(MARLEX_SOURCE_DIR "/tests/i18n/english.tsv");
+  std::map<int, std::string> strings;
+  for (std::string line; std::getline(file, line);) {
+    const std::size_t tab = line.find('\t');
+    strings[std::stoi(line)] = line.substr(tab + 1);
+  }
+  return strings;
+}
+
+TEST(EnglishStrings, AreTheAgreedOnesLetterByLetter) {
+  const std::map<int, std::string> agreed = AgreedStrings();
+  EXPECT_EQ(agreed.size(), 158u);
+  std::set<int> ids;
+  for (const auto& [id, text] : EnglishStrings()) {
+    ids.insert(id);
+    const auto found = agreed.find(id);
+    EXPECT_EQ(text, found == agreed.end() ? "(none agreed)" : found->second) << id;
+  }
+  for (const auto& [id, text] : agreed) EXPECT_TRUE(ids.contains(id)) << id << " " << text;
 }
 
 TEST(EnglishStrings, HaveTheIdsThatAreNoMultiplesOfTenWhereTheTableHasThem) {
