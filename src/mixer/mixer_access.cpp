@@ -11,7 +11,7 @@ namespace {
 constexpr std::uint32_t kFullLevel = 65535;
 constexpr std::uint32_t kMostSources = 10;
 constexpr std::uint32_t kDevice = 0;
-constexpr int kNoPosition = -1;
+constexpr int kNotSetYet = -1;  // of a slider or a check
 
 std::string UpToNul(const std::string& text) { return text.substr(0, text.find('\0')); }
 
@@ -78,16 +78,15 @@ void MixerAccess::ReadMixerLines() {
 }
 
 void MixerAccess::FillRecord(int index, const MixerLineInfo& line) {
-  MixerLines[static_cast<std::size_t>(index)].Channels = line.Channels;
+  Record(index).Channels = line.Channels;
   TheFrmMxr.LblName[index].Caption = UpToNul(line.Name);
   ReadVolume(index, line);
   ReadMute(index, line);
-  MixerLines[static_cast<std::size_t>(index)].MeterControlId =
-      FindLineControl(line, kControlPeakMeter);
+  Record(index).MeterControlId = FindLineControl(line, kControlPeakMeter);
 }
 
 void MixerAccess::ReadVolume(int index, const MixerLineInfo& line) {
-  MixerLineRecord& record = MixerLines[static_cast<std::size_t>(index)];
+  MixerLineRecord& record = Record(index);
   record.VolumeControlId = FindLineControl(line, kControlVolume);
   if (record.VolumeControlId == 0) {
     TheFrmMxr.SldrVol[index].Enabled = false;
@@ -96,18 +95,15 @@ void MixerAccess::ReadVolume(int index, const MixerLineInfo& line) {
   const auto values =
       Functions.GetControlDetails(MixerHandle, record.VolumeControlId, line.Channels);
   record.Level = kFullLevel - std::min(values.empty() ? 0 : values.front(), kFullLevel);
-  // The slider starts where the line is, so that the first setting that differs from it is sent. A
-  // line out of balance stands at no position, and any setting is sent.
-  const bool balanced = std::all_of(values.begin(), values.end(),
-                                    [&](std::uint32_t value) { return value == values.front(); });
-  TheFrmMxr.SldrVol[index].Value.Adopt(balanced ? static_cast<int>(record.Level) : kNoPosition);
+  // The first setting is sent wherever the line stands, so that the card is known to have it.
+  TheFrmMxr.SldrVol[index].Value.Adopt(kNotSetYet);
   if (index == 0) return;
   if (line.ComponentType == kComponentMicrophone && MicLine == 0) MicLine = index;
   if (line.ComponentType == kComponentWaveOut && WaveLine == 0) WaveLine = index;
 }
 
 void MixerAccess::ReadMute(int index, const MixerLineInfo& line) {
-  MixerLineRecord& record = MixerLines[static_cast<std::size_t>(index)];
+  MixerLineRecord& record = Record(index);
   record.MuteControlId = FindLineControl(line, kControlMute);
   if (record.MuteControlId == 0) {
     TheFrmMxr.ChkMute[index].Enabled = false;
@@ -115,7 +111,7 @@ void MixerAccess::ReadMute(int index, const MixerLineInfo& line) {
   }
   const auto values = Functions.GetControlDetails(MixerHandle, record.MuteControlId, line.Channels);
   record.Mute = values.empty() || values.front() == 0 ? 0 : 1;
-  TheFrmMxr.ChkMute[index].Value.Adopt(static_cast<int>(record.Mute));
+  TheFrmMxr.ChkMute[index].Value.Adopt(kNotSetYet);
 }
 
 /// Id of the line's control of a type, 0 if there is none. The question for a line of the component
@@ -125,11 +121,19 @@ std::uint32_t MixerAccess::FindLineControl(const MixerLineInfo& line, std::uint3
   return Functions.GetLineControl(MixerHandle, line.LineId, controlType).value_or(0);
 }
 
+MixerLineRecord& MixerAccess::Record(int index) {
+  if (index < 0 || index >= static_cast<int>(MixerLines.size())) {
+    throw RuntimeFailure("Mixer line " + std::to_string(index) + " out of range");
+  }
+  return MixerLines[static_cast<std::size_t>(index)];
+}
+
 void MixerAccess::SetLineVolume(int index) {
   if (MixerLines.empty()) return;
-  MixerLineRecord& record = MixerLines.at(static_cast<std::size_t>(index));
-  const std::uint32_t level =
-      kFullLevel - static_cast<std::uint32_t>(TheFrmMxr.SldrVol[index].Value.Get());
+  MixerLineRecord& record = Record(index);
+  const int position = TheFrmMxr.SldrVol[index].Value;
+  if (position == kNotSetYet) return;
+  const std::uint32_t level = kFullLevel - static_cast<std::uint32_t>(position);
   if (record.Channels != 2) {
     record.Level = level;
     Functions.SetControlDetails(MixerHandle, record.VolumeControlId, {level});
@@ -147,14 +151,16 @@ void MixerAccess::SetLineVolume(int index) {
 
 void MixerAccess::SetLineMute(int index) {
   if (MixerLines.empty()) return;
-  MixerLineRecord& record = MixerLines.at(static_cast<std::size_t>(index));
+  MixerLineRecord& record = Record(index);
   record.Mute = static_cast<std::uint32_t>(TheFrmMxr.ChkMute[index].Value.Get());
   Functions.SetControlDetails(MixerHandle, record.MuteControlId, {record.Mute});
 }
 
 std::int32_t MixerAccess::ReadMeter(std::uint32_t meterControlId) {
   const auto values = Functions.GetControlDetails(MixerHandle, meterControlId, 1);
-  return values.empty() ? 0 : std::abs(static_cast<std::int32_t>(values.front()));
+  if (values.empty()) return 0;
+  const auto peak = static_cast<std::int32_t>(values.front());
+  return peak == INT32_MIN ? INT32_MAX : std::abs(peak);
 }
 
 }  // namespace marlex

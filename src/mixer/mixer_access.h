@@ -53,6 +53,10 @@ class MixerAccess {
 
   /// Peak of the line's meter, as the mixer gives it; 0 when it gives none.
   std::int32_t ReadMeter(std::uint32_t meterControlId);
+
+  /// Throws `RuntimeFailure` when the mixer has no such line.
+  MixerLineRecord& Record(int index);
+
   void Close() { Functions.Close(MixerHandle); }
 
  private:

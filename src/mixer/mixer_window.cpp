@@ -62,7 +62,7 @@ void MixerWindow::ActivateMixerWindow(Screen screen) {
 }
 
 void MixerWindow::ShowStrip(int line) {
-  const MixerLineRecord record = Mixer.MixerLines.at(static_cast<std::size_t>(line));
+  const MixerLineRecord record = Mixer.Record(line);
   if (record.Channels < 2) TheFrmMxr.SldrPan[line].Enabled = false;
   TheFrmMxr.SldrVol[line].Value = static_cast<int>(record.Level);
   TheFrmMxr.ChkMute[line].Value = static_cast<int>(record.Mute);

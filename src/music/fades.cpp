@@ -44,7 +44,6 @@ void Fades::WorkOutSteps() {
   FadeTarget = TheSettings.MusicVolume;
   FadeStep = TheSettings.FadeTime == kFastFadeMs ? kFastStep : kSlowStep;
   FadeSteps = (FrmMxr::kSilent - TheSettings.MusicVolume) / FadeStep;
-  // A music level next to silence leaves no whole step: such a fade is over in one.
   const double steps = std::max(FadeSteps, 1);
   TheFrmPlayers.tmrFadeTime.Interval =
       static_cast<int>(RoundHalfEven(TheSettings.FadeTime / steps));
@@ -52,7 +51,10 @@ void Fades::WorkOutSteps() {
 
 void Fades::Step() {
   const int position = TheFrmMxr.SldrVol[Mixer.WaveLine].Value;
-  if (FadeIn) {
+  if (FadeSteps == 0) {
+    // A music level next to silence leaves no whole step: such a fade is over in one.
+    EndAt(FadeIn ? FadeTarget : FrmMxr::kSilent);
+  } else if (FadeIn) {
     StepUp(position);
   } else {
     StepDown(position);

@@ -87,15 +87,22 @@ void MusicPlayer::cmdStop_Click() {
 }
 
 /// A refused song is skipped as an operator would skip it; a list of which every song is refused is
-/// gone through once. The position is written when the round is over, since thousands of writes to
-/// a disk would hold up the amplifier and the keys.
+/// gone through once. The first position is written at once, that of a round when it is over, since
+/// thousands of writes to a disk would hold up the amplifier and the keys.
 void MusicPlayer::MP3Player_EndOfStream() {
   PlayWaitingMessages();
   const int songs = TheFrmMain.lstPlaylist.ListCount();
   if (songs == 0) return;
-  bool loaded = LoadNextSong();
-  for (int tried = 1; !loaded && tried < songs; ++tried) loaded = LoadNextSong();
-  WriteLastSong(TheFrmMain.lstPlaylist.ListIndex());
+  const ListBox& list = TheFrmMain.lstPlaylist;
+  bool wrapped = MoveToNextSong();
+  const int written = list.ListIndex();
+  WriteLastSong(written);
+  bool loaded = LoadSong(wrapped);
+  for (int tried = 1; !loaded && tried < songs; ++tried) {
+    wrapped = MoveToNextSong();
+    loaded = LoadSong(wrapped);
+  }
+  if (CurrentSongIndex != written) WriteLastSong(CurrentSongIndex);
   if (loaded) PlaySong();
 }
 
@@ -106,20 +113,25 @@ void MusicPlayer::PlayWaitingMessages() {
   TheFrmPlayers.tmrMessage.Enabled = true;
 }
 
-/// Moves to the next entry and gives it to the player. False when the player refuses it.
-bool MusicPlayer::LoadNextSong() {
+/// Moves to the next entry. True when that is the first one again.
+bool MusicPlayer::MoveToNextSong() {
   ListBox& list = TheFrmMain.lstPlaylist;
-  const bool wrap = list.ListIndex() == list.ListCount() - 1;
-  if (wrap) {
+  const bool wraps = list.ListIndex() == list.ListCount() - 1;
+  if (wraps) {
     list.SetListIndex(0);
   } else {
     NewListPosition();
   }
   CurrentSongIndex = list.ListIndex();
+  return wraps;
+}
+
+/// Gives the selected song to the player. False when the player refuses it.
+bool MusicPlayer::LoadSong(bool wrapped) {
   CurrentSongPath = SelectedSongPath();
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
   // After the last song its length stays on show for the whole of the first one. This is meant.
-  if (!wrap) ShowLength();
+  if (!wrapped) ShowLength();
   ShowNumber();
   return !TheFrmPlayers.MP3Player.FileName().empty();
 }

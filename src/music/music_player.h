@@ -51,7 +51,8 @@ class MusicPlayer {
  private:
   void MP3Player_EndOfStream();
   void PlayWaitingMessages();
-  bool LoadNextSong();
+  bool MoveToNextSong();
+  bool LoadSong(bool wrapped);
   void NewListPosition();
   void ShowNumber();
   void ShowLength();

@@ -1,5 +1,6 @@
 #include "mixer/mixer_access.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "desk/desk.h"
@@ -7,6 +8,7 @@
 namespace marlex {
 namespace {
 
+using testing::HasSubstr;
 using Prepare = std::function<void(SimulatedPc&)>;
 
 /// The mixer's calls of what `action` does to a running desk.
@@ -54,7 +56,23 @@ TEST(MixerAccess, ALevelAtStartIsKeptAsASliderPosition) {
   EXPECT_EQ(desk.Sys->Mixer.MixerLines[3].Level, 64535u);
   EXPECT_EQ(desk.Sys->Mixer.MixerLines[3].Mute, 0u);
   EXPECT_EQ(desk.Sys->Mixer.MixerLines[4].Mute, 1u);
-  EXPECT_TRUE(desk.MuteCheck(4));
+}
+
+TEST(MixerAccess, TheLevelsOfTheSettingsAreSentToALineThatStandsThereAlready) {
+  Desk desk({.MasterVolume = 5000}, [](SimulatedPc& pc) {
+    SimulatedLine& speakers = *pc.Mixer.Line(kComponentSpeakers);
+    speakers.Volume = {60535, 60535};
+    speakers.Mute = 1;
+    pc.Journal.Unmute("mixer");
+  });
+  EXPECT_THAT(desk.Journal(), HasSubstr("mixer volume speakers 60535 60535\n"));
+  EXPECT_THAT(desk.Journal(), HasSubstr("mixer mute speakers 1\n"));
+}
+
+TEST(MixerAccess, ALineThatTheMixerDoesNotHaveIsABrokenRule) {
+  Desk desk;
+  EXPECT_THROW(desk.Sys->Mixer.SetLineVolume(3), RuntimeFailure);
+  EXPECT_THROW(desk.Sys->Mixer.SetLineMute(3), RuntimeFailure);
 }
 
 TEST(MixerAccess, LooksForTheSpeakersAmongAllDestinations) {

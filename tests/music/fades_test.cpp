@@ -222,7 +222,7 @@ TEST(Fades, AFadeDownFromCloseToSilenceEndsAtIt) {
   }
 }
 
-TEST(Fades, AMusicLevelNextToSilenceFadesDownInOneStep) {
+TEST(Fades, AMusicLevelNextToSilenceFadesInOneStepDownAndUp) {
   const std::vector<std::pair<std::string, int>> levels = {
       {"Slow", 64'536}, {"Slow", kSilent}, {"Fast", 63'536}, {"Fast", kSilent}};
   for (const auto& [fadeTime, level] : levels) {
@@ -233,7 +233,8 @@ TEST(Fades, AMusicLevelNextToSilenceFadesDownInOneStep) {
     EXPECT_EQ(desk.ReturnedMs, fadeTime == "Slow" ? 1500 : 500) << level;
     EXPECT_EQ(desk.WaveSlider(), kSilent);
     desk.FadeUp();
-    desk.Advance(10'000);
+    desk.Advance(1500);
+    EXPECT_EQ(desk.ReturnedMs, fadeTime == "Slow" ? 1500 : 500) << level;
     EXPECT_EQ(desk.WaveSlider(), level);
     EXPECT_FALSE(desk.State().FadeRunning);
   }
