@@ -33,7 +33,6 @@ MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayer
 }
 
 void MainWindow::Load() {
-  ThePc.TheProcess.ClaimWindow(FrmMain::kCaption);
   WriteMenuIds();
   WriteHeadings();
   TranslateControls(TheFrmMain, Strings);

@@ -77,6 +77,8 @@ void StartUp::EndSecondInstance() {
 
 void StartUp::EndSplash() {
   TheFrmLogo.tmrView.Enabled = false;
+  // Of two that were started at once, one comes first; the other must not touch the sound card.
+  if (!ThePc.TheProcess.ClaimWindow(FrmMain::kCaption)) EndSecondInstance();
   Loader.LoadSettings();
   TheFrmLogo.Unload();
 }

@@ -22,8 +22,9 @@ class Process {
   /// Whether another process of this machine shows a main window with exactly this caption.
   virtual bool FindWindow(const std::string& caption) const = 0;
 
-  /// Makes this process known by its main window until it ends, however it ends.
-  virtual void ClaimWindow(const std::string& caption) = 0;
+  /// Makes this process known by its main window until it ends, however it ends. False when another
+  /// process has such a window.
+  virtual bool ClaimWindow(const std::string& caption) = 0;
 
   virtual SystemVersion GetVersion() const = 0;
 

@@ -20,7 +20,11 @@ class SimulatedProcess : public Process {
   bool FindWindow(const std::string& caption) const override {
     return OtherWindows.contains(caption);
   }
-  void ClaimWindow(const std::string& caption) override { ClaimedWindow = caption; }
+  bool ClaimWindow(const std::string& caption) override {
+    if (FindWindow(caption)) return false;
+    ClaimedWindow = caption;
+    return true;
+  }
   SystemVersion GetVersion() const override { return Version; }
 
   [[noreturn]] void End() override {

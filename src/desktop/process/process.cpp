@@ -71,15 +71,17 @@ bool PosixProcess::FindWindow(const std::string& caption) const {
   return found;
 }
 
-void PosixProcess::ClaimWindow(const std::string& caption) {
-  if (Claims.contains(caption)) return;
+bool PosixProcess::ClaimWindow(const std::string& caption) {
+  if (Claims.contains(caption)) return true;
   const int socket = MakeSocket();
-  if (socket < 0) return;
+  if (socket < 0) return true;  // a desk that cannot ask is better than none
   if (WindowAddress(caption).Bind(socket)) {
     Claims.emplace(caption, socket);
-  } else {
-    close(socket);
+    return true;
   }
+  const bool taken = errno == EADDRINUSE;
+  close(socket);
+  return !taken;
 }
 
 SystemVersion PosixProcess::GetVersion() const {

@@ -23,7 +23,7 @@ class PosixProcess : public Process {
   bool FindWindow(const std::string& caption) const override;
 
   /// Does nothing when another process holds the caption.
-  void ClaimWindow(const std::string& caption) override;
+  bool ClaimWindow(const std::string& caption) override;
 
   /// Version of the kernel; the family is none of the published ones.
   SystemVersion GetVersion() const override;
