@@ -97,11 +97,15 @@ bool PlaylistFiles::InsideWindow() const {
 }
 
 void PlaylistFiles::mnuOpen_Click() {
-  Store.Values.CurrentPlaylistFile =
-      TheDialogs.ShowOpen({.Filter = "Playlist files (*.lst)|*.lst",
-                           .DefaultExtension = "lst",
-                           .InitialDirectory = Store.ApplicationDirectory(),
-                           .AllowMultiselect = false});
+  TheDialogs.LeaveOpen({.Filter = "Playlist files (*.lst)|*.lst",
+                        .DefaultExtension = "lst",
+                        .InitialDirectory = Store.ApplicationDirectory(),
+                        .AllowMultiselect = false},
+                       [this](const std::string& file) { Open(file); });
+}
+
+void PlaylistFiles::Open(const std::string& file) {
+  Store.Values.CurrentPlaylistFile = file;
   Store.Write("Playlist", "Current List", Store.Values.CurrentPlaylistFile);
   LoadPlaylist();
   TheFlags.MusicStoppedByUser = false;

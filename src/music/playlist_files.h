@@ -28,6 +28,7 @@ class PlaylistFiles {
   void mnuOpen_Click();
 
  private:
+  void Open(const std::string& file);
   void ReadSongs();
   void ReadTimes();
   void ShowName();

@@ -19,8 +19,9 @@ struct FileDialog {
   bool AllowMultiselect = false;
 };
 
-/// Modal boxes. `MsgBox` and `ShowOpen` return when the operator has answered; events are delivered
-/// meanwhile, so that timers and the serial line go on under an open box. Both boxes of a text have
+/// Modal boxes. `MsgBox` returns when the operator has answered; events are delivered meanwhile, so
+/// that timers and the serial line go on under an open box. The others are left standing: whoever
+/// waits further down the stack goes on, also when nobody ever answers. Both boxes of a text have
 /// one OK key, and one that is open already, with the same caption and body, is not opened again.
 class Dialogs {
  public:
@@ -39,8 +40,6 @@ class Dialogs {
     Forget(box);
   }
 
-  /// Opens the box and returns at once: whoever waits further down the stack goes on, also when
-  /// nobody ever reads it.
   void LeaveMsgBox(const std::string& body, BoxIcon icon, const std::string& caption) {
     const Box box{caption, body};
     if (IsOpen(box)) return;
@@ -48,9 +47,21 @@ class Dialogs {
     OpenBox(body, icon, caption, [this, box] { Forget(box); });
   }
 
-  /// Path of one file; with `AllowMultiselect` and several files, their directory with its final
-  /// separator, a blank, and their names separated by blanks. Empty when the operator cancelled.
-  virtual std::string ShowOpen(const FileDialog& dialog) = 0;
+  /// What the operator chose. Path of one file; with `AllowMultiselect` and several files, their
+  /// directory with its final separator, a blank, and their names separated by blanks. Empty when
+  /// it was cancelled.
+  using OnChosen = std::function<void(const std::string& result)>;
+
+  /// Leaves a file dialog standing; `onChosen` is an event of its own. Nothing happens while
+  /// another file dialog is open.
+  void LeaveOpen(const FileDialog& dialog, OnChosen onChosen) {
+    if (FileDialogOpen) return;
+    FileDialogOpen = true;
+    OpenFileDialog(dialog, [this, onChosen = std::move(onChosen)](const std::string& result) {
+      FileDialogOpen = false;
+      onChosen(result);
+    });
+  }
 
  protected:
   virtual void ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) = 0;
@@ -58,6 +69,15 @@ class Dialogs {
   /// Does not wait; `onAnswer` is called once, when the box has closed.
   virtual void OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
                        std::function<void()> onAnswer) = 0;
+
+  /// Does not wait; `onChosen` is called once, as an event, when the dialog has closed.
+  virtual void OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) = 0;
+
+  /// For a new program on the same PC, with which all that was open has closed.
+  void ForgetAll() {
+    OpenBoxes.clear();
+    FileDialogOpen = false;
+  }
 
  private:
   using Box = std::pair<std::string, std::string>;  // caption and body
@@ -69,6 +89,7 @@ class Dialogs {
   }
 
   std::vector<Box> OpenBoxes;
+  bool FileDialogOpen = false;
 };
 
 }  // namespace marlex

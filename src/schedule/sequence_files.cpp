@@ -27,8 +27,10 @@ std::vector<std::string> SplitCuttingLast(const std::string& text, char separato
 
 SequenceSelection ParseSequenceSelection(const std::string& result) {
   const std::string extension = ".sch";
-  const auto severalFiles = result.find(std::string(1, kSeparator) + " ");
-  const bool several = severalFiles != std::string::npos;
+  // A directory's name may begin with a blank: only the last separator ends the directory.
+  const auto severalFiles = result.rfind(std::string(1, kSeparator) + " ");
+  const bool several =
+      severalFiles != std::string::npos && severalFiles == result.find_last_of(kSeparator);
   const auto nameStart = several ? severalFiles + 2 : result.find_last_of(kSeparator) + 1;
   const std::string names = result.substr(nameStart) + " ";
 
@@ -67,10 +69,14 @@ void SequenceFiles::LoadSequenceList() {
 }
 
 void SequenceFiles::mnuSequence_Click() {
-  const std::string result = TheDialogs.ShowOpen({.Filter = "Msg sequence files (*.sch)|*.sch",
-                                                  .DefaultExtension = "sch",
-                                                  .InitialDirectory = Store.ApplicationDirectory(),
-                                                  .AllowMultiselect = true});
+  TheDialogs.LeaveOpen({.Filter = "Msg sequence files (*.sch)|*.sch",
+                        .DefaultExtension = "sch",
+                        .InitialDirectory = Store.ApplicationDirectory(),
+                        .AllowMultiselect = true},
+                       [this](const std::string& result) { Open(result); });
+}
+
+void SequenceFiles::Open(const std::string& result) {
   if (result.find(".sch") == std::string::npos) return;
   const SequenceSelection selection = ParseSequenceSelection(result);
   Store.Write(kSection, "Sequence list", selection.List);

@@ -26,6 +26,7 @@ class SequenceFiles {
   void mnuClose_Click();
 
  private:
+  void Open(const std::string& result);
   SettingsStore& Store;
   Dialogs& TheDialogs;
   FrmMain& TheFrmMain;

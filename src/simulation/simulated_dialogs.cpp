@@ -20,10 +20,15 @@ std::string InOneLine(const std::string& text) {
 
 }  // namespace
 
-std::string SimulatedDialogs::ShowOpen(const FileDialog& dialog) {
+void SimulatedDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
   FileDialogs.push_back(dialog);
   Log.Write("open", dialog.Filter);
-  WaitForAnswer();
+  LeaveStanding([this, onChosen = std::move(onChosen)] {
+    Loop.Post([onChosen, result = NextOpenResult()] { onChosen(result); });
+  });
+}
+
+std::string SimulatedDialogs::NextOpenResult() {
   if (OpenResults.empty()) return "";
   const std::string result = OpenResults.front();
   OpenResults.pop_front();
@@ -45,10 +50,8 @@ void SimulatedDialogs::Answer(Box& box) {
 }
 
 void SimulatedDialogs::Reset() {
-  for (const Box& box : Open) {
-    if (box.OnAnswer) box.OnAnswer();
-  }
   Open.clear();
+  ForgetAll();
 }
 
 void SimulatedDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) {
@@ -59,6 +62,10 @@ void SimulatedDialogs::ShowBox(const std::string& body, BoxIcon icon, const std:
 void SimulatedDialogs::OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
                                std::function<void()> onAnswer) {
   Record(body, icon, caption);
+  LeaveStanding(std::move(onAnswer));
+}
+
+void SimulatedDialogs::LeaveStanding(std::function<void()> onAnswer) {
   if (AnswerAfterMs == 0) return onAnswer();
   Open.push_back({false, std::move(onAnswer)});
   if (AnswerAfterMs == kNever) return;

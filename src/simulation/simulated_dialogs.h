@@ -17,8 +17,6 @@ class SimulatedDialogs : public Dialogs {
  public:
   SimulatedDialogs(VirtualLoop& loop, Journal& journal) : Loop(loop), Log(journal) {}
 
-  std::string ShowOpen(const FileDialog& dialog) override;
-
   struct MessageBox {
     std::string Body;
     std::string Caption;
@@ -53,6 +51,7 @@ class SimulatedDialogs : public Dialogs {
   void ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) override;
   void OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
                std::function<void()> onAnswer) override;
+  void OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) override;
 
  private:
   struct Box {
@@ -62,6 +61,8 @@ class SimulatedDialogs : public Dialogs {
 
   void Record(const std::string& body, BoxIcon icon, const std::string& caption);
   void WaitForAnswer();
+  void LeaveStanding(std::function<void()> onAnswer);
+  std::string NextOpenResult();
   void Answer(Box& box);
   void Close(const Box& box);
 

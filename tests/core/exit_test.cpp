@@ -65,9 +65,8 @@ const std::vector<Midst> kMidsts = {
        desk.Do([&] { desk.Sys->TheNotices.Tell("No paper", BoxIcon::Critical, "Error"); });
        ASSERT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 2);
      }},
-    {"a message over a file dialog over another",
+    {"a message under a file dialog",
      [](Desk& desk) {
-       OpenFileDialog(desk);
        OpenFileDialog(desk);
        ReachMessage(desk);
      }},

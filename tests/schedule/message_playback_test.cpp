@@ -293,5 +293,31 @@ TEST(MessagePlayback, AMusicLevelChangedByCodeInASequenceIsNotTheTargetOfTheRise
   EXPECT_EQ(desk.WaveSlider(), 20000);
 }
 
+/// The journal of a whole announcement during which a menu's file dialog is opened and left.
+std::string JournalUnderDialog(const std::string& menu, int openMs) {
+  SpotDesk desk;
+  desk.Pc.Journal.Mute("open");
+  desk.AdvanceTo(openMs);
+  desk.Pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
+  desk.Click(menu);
+  EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
+  desk.AdvanceTo(20'000);
+  EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
+  EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
+  return desk.Journal();
+}
+
+TEST(MessagePlayback, AFileDialogThatIsOpenedMeanwhileAndLeftHoldsNothingUp) {
+  SpotDesk undisturbed;
+  undisturbed.AdvanceTo(20'000);
+  constexpr int kFading = 1250;
+  constexpr int kSpeaking = 3000;
+  constexpr int kRising = 6900;
+  for (const char* menu : {"mnuOpen", "mnuSequence"}) {
+    for (const int openMs : {kFading, kSpeaking, kRising})
+      EXPECT_EQ(JournalUnderDialog(menu, openMs), undisturbed.Journal()) << menu << openMs;
+  }
+}
+
 }  // namespace
 }  // namespace marlex

@@ -102,6 +102,7 @@ TEST(SequenceFiles, SeveralFilesChosenAreListedWithBarsAndRead) {
   ClosedDesk desk;
   desk.Choose("/app/ b.sch a.sch");
   EXPECT_EQ(desk.Setting(kSection, "Sequence list"), "b.sch|a.sch");
+  EXPECT_THAT(desk.Pc.Disk.Read(Desk::kIni).value_or(""), HasSubstr("Sequence path=/app/ \r\n"));
   EXPECT_THAT(OpenFiles(desk), ElementsAre("b.sch", "a.sch"));
   EXPECT_THAT(Times(desk), ElementsAre("07:01  closing", "08:01  welcome"));
 }
@@ -177,6 +178,15 @@ TEST(SequenceSelection, OneFileIsItsNameAndItsDirectoryWithTheSeparator) {
   EXPECT_EQ(ParseSequenceSelection("/day.sch").Path, "/");
 }
 
+TEST(SequenceSelection, ADirectoryWhoseNameBeginsWithABlankIsADirectory) {
+  const SequenceSelection one = ParseSequenceSelection("/shows/ night/a.sch");
+  EXPECT_EQ(one.List, "a.sch");
+  EXPECT_EQ(one.Path, "/shows/ night/");
+  const SequenceSelection several = ParseSequenceSelection("/shows/ night/ a.sch b.sch");
+  EXPECT_EQ(several.List, "a.sch|b.sch");
+  EXPECT_EQ(several.Path, "/shows/ night/ ");
+}
+
 TEST(SequenceSelection, SeveralFilesAreListedAndTheDirectoryKeepsTheBlank) {
   const SequenceSelection several = ParseSequenceSelection("/shows/ day.sch night.sch noon.sch");
   EXPECT_EQ(several.List, "day.sch|night.sch|noon.sch");
@@ -193,6 +203,11 @@ TEST(SequenceSelection, NamesMayHoldBlanksAndPoints) {
 TEST(SequenceSelection, WhatFollowsTheLastSequenceFileIsLeftOut) {
   EXPECT_EQ(ParseSequenceSelection("/shows/ a.sch b.SCH").List, "a.sch");
   EXPECT_EQ(ParseSequenceSelection("/shows/ a.sch b.sch2").List, "a.sch");
+}
+
+TEST(SequenceSelection, ANameWithAnotherExtensionIsPartOfTheNextName) {
+  EXPECT_EQ(ParseSequenceSelection("/app/ A.SCH b.sch").List, "A.SCH b.sch");
+  EXPECT_EQ(ParseSequenceSelection("/app/ a.sch B.seq c.sch").List, "a.sch|B.seq c.sch");
 }
 
 TEST(SequenceSelection, NamesWithoutASequenceFileAreAFailure) {

@@ -184,9 +184,12 @@ TEST(SimulatedDialogs, OpenDialogGivesTheScriptedResultsThenCancels) {
   SimulatedPc pc;
   pc.Dialogs.OpenResults = {"/app/a.sch", ""};
   const FileDialog dialog{"Sequence (*.sch)|*.sch", "sch", "/app", false};
-  EXPECT_EQ(pc.Dialogs.ShowOpen(dialog), "/app/a.sch");
-  EXPECT_EQ(pc.Dialogs.ShowOpen(dialog), "");
-  EXPECT_EQ(pc.Dialogs.ShowOpen(dialog), "");
+  std::string results;
+  for (int opened = 0; opened < 3; ++opened) {
+    pc.Dialogs.LeaveOpen(dialog, [&](const std::string& result) { results += result + "|"; });
+    pc.Loop.RunFor(0);
+  }
+  EXPECT_EQ(results, "/app/a.sch|||");
   ASSERT_EQ(pc.Dialogs.FileDialogs.size(), 3u);
   EXPECT_EQ(pc.Dialogs.FileDialogs[0].InitialDirectory, "/app");
 }

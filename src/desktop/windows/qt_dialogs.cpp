@@ -62,19 +62,30 @@ QMessageBox* MakeBox(const std::string& body, BoxIcon icon, const std::string& c
   return box;
 }
 
+void LeaveStanding(QDialog* box) {
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setWindowModality(Qt::ApplicationModal);
+  box->show();
+}
+
 }  // namespace
 
-std::string QtDialogs::ShowOpen(const FileDialog& dialog) {
-  QFileDialog box(FrontWindow());
-  box.setObjectName("fileDialog");
-  box.setOption(QFileDialog::DontUseNativeDialog);
-  box.setOption(QFileDialog::ReadOnly);  // files are chosen here, never renamed or deleted
-  box.setFileMode(dialog.AllowMultiselect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-  box.setNameFilters(NameFilters(dialog.Filter));
-  box.setDefaultSuffix(QString::fromStdString(dialog.DefaultExtension));
-  box.setDirectory(QString::fromStdString(dialog.InitialDirectory));
-  box.resize(kFileDialogSize);
-  return box.exec() == QDialog::Accepted ? Result(box.selectedFiles()) : "";
+void QtDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
+  auto* box = new QFileDialog(FrontWindow());
+  box->setObjectName("fileDialog");
+  box->setOption(QFileDialog::DontUseNativeDialog);
+  box->setOption(QFileDialog::ReadOnly);  // files are chosen here, never renamed or deleted
+  box->setFileMode(dialog.AllowMultiselect ? QFileDialog::ExistingFiles
+                                           : QFileDialog::ExistingFile);
+  box->setNameFilters(NameFilters(dialog.Filter));
+  box->setDefaultSuffix(QString::fromStdString(dialog.DefaultExtension));
+  box->setDirectory(QString::fromStdString(dialog.InitialDirectory));
+  box->resize(kFileDialogSize);
+  QObject::connect(box, &QDialog::finished, [this, box, onChosen = std::move(onChosen)](int code) {
+    const std::string result = code == QDialog::Accepted ? Result(box->selectedFiles()) : "";
+    Loop.Post([onChosen, result] { onChosen(result); });
+  });
+  LeaveStanding(box);
 }
 
 void QtDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) {
@@ -84,10 +95,8 @@ void QtDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string
 void QtDialogs::OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
                         std::function<void()> onAnswer) {
   QMessageBox* box = MakeBox(body, icon, caption);
-  box->setAttribute(Qt::WA_DeleteOnClose);
-  box->setWindowModality(Qt::ApplicationModal);
   QObject::connect(box, &QDialog::finished, std::move(onAnswer));
-  box->show();
+  LeaveStanding(box);
 }
 
 }  // namespace marlex

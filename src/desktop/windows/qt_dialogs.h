@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/dialogs.h"
+#include "platform/event_loop.h"
 
 namespace marlex {
 
@@ -11,12 +12,16 @@ namespace marlex {
 /// other; the one on top is answered first.
 class QtDialogs : public Dialogs {
  public:
-  std::string ShowOpen(const FileDialog& dialog) override;
+  explicit QtDialogs(EventLoop& loop) : Loop(loop) {}
 
  protected:
   void ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) override;
   void OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
                std::function<void()> onAnswer) override;
+  void OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) override;
+
+ private:
+  EventLoop& Loop;
 };
 
 }  // namespace marlex

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <optional>
 
+#include "desktop/process/qt_event_loop.h"
 #include "desktop/windows/desk.h"
 
 namespace marlex {
@@ -24,7 +26,8 @@ void WhenOpen(std::function<void(T&)> action) {
 }
 
 TEST(QtDialogs, AMessageBoxShowsItsTextsAndIcon) {
-  QtDialogs dialogs;
+  QtEventLoop loop;
+  QtDialogs dialogs(loop);
   QString seen;
   WhenOpen<QMessageBox>([&](QMessageBox& box) {
     EXPECT_EQ(box.icon(), QMessageBox::Critical);
@@ -38,7 +41,8 @@ TEST(QtDialogs, AMessageBoxShowsItsTextsAndIcon) {
 }
 
 TEST(QtDialogs, TimersGoOnUnderABox) {
-  QtDialogs dialogs;
+  QtEventLoop loop;
+  QtDialogs dialogs(loop);
   int ticks = 0;
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [&] {
@@ -50,7 +54,8 @@ TEST(QtDialogs, TimersGoOnUnderABox) {
 }
 
 TEST(QtDialogs, ABoxThatIsLeftStandsUntilItIsAnsweredAndHoldsNobodyUp) {
-  QtDialogs dialogs;
+  QtEventLoop loop;
+  QtDialogs dialogs(loop);
   dialogs.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
   auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
   ASSERT_TRUE(box);
@@ -65,7 +70,8 @@ TEST(QtDialogs, ABoxThatIsLeftStandsUntilItIsAnsweredAndHoldsNobodyUp) {
 }
 
 TEST(QtDialogs, AnotherBoxMayStandOnTheFirst) {
-  QtDialogs dialogs;
+  QtEventLoop loop;
+  QtDialogs dialogs(loop);
   std::string story;
   WhenOpen<QMessageBox>([&](QMessageBox& first) {
     WhenOpen<QMessageBox>([&](QMessageBox& second) {
@@ -95,9 +101,19 @@ struct Folder {
   QTemporaryDir Place;
 };
 
+/// What comes of a file dialog that is answered by `WhenOpen`.
+std::string Chosen(QtEventLoop& loop, QtDialogs& dialogs, const FileDialog& dialog) {
+  std::optional<std::string> chosen;
+  dialogs.LeaveOpen(dialog, [&](const std::string& result) { chosen = result; });
+  EXPECT_FALSE(chosen);  // nobody was held up
+  loop.PumpUntil([&] { return chosen.has_value(); });
+  return *chosen;
+}
+
 TEST(QtDialogs, AFileDialogIsSetAsAsked) {
   Folder folder;
-  QtDialogs dialogs;
+  QtEventLoop loop;
+  QtDialogs dialogs(loop);
   WhenOpen<QFileDialog>([&](QFileDialog& box) {
     EXPECT_EQ(box.nameFilters(), QStringList("Schedules (*.sch)"));
     EXPECT_EQ(box.defaultSuffix(), "sch");
@@ -106,7 +122,7 @@ TEST(QtDialogs, AFileDialogIsSetAsAsked) {
     EXPECT_TRUE(box.testOption(QFileDialog::ReadOnly));
     box.reject();
   });
-  EXPECT_EQ(dialogs.ShowOpen(folder.Asked(true)), "");
+  EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(true)), "");
 }
 
 void Choose(QFileDialog& box, const QString& names) {
@@ -117,24 +133,46 @@ void Choose(QFileDialog& box, const QString& names) {
       ->click();
 }
 
+TEST(QtDialogs, OnlyOneFileDialogStandsAtATime) {
+  Folder folder;
+  QtEventLoop loop;
+  QtDialogs dialogs(loop);
+  std::string story;
+  dialogs.LeaveOpen(folder.Asked(true), [&](const std::string&) { story += "first "; });
+  QWidget* const first = QApplication::activeModalWidget();
+  dialogs.LeaveOpen(folder.Asked(true), [&](const std::string&) { story += "second "; });
+  EXPECT_EQ(QApplication::activeModalWidget(), first);
+  static_cast<QDialog*>(first)->reject();
+  loop.PumpUntil([&] { return !story.empty(); });
+  EXPECT_EQ(story, "first ");
+  dialogs.LeaveOpen(folder.Asked(true), [&](const std::string&) { story += "third"; });
+  static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+  loop.PumpUntil([&] { return story != "first "; });
+  EXPECT_EQ(story, "first third");
+}
+
 TEST(QtDialogs, OneFileComesBackAsItsPath) {
   Folder folder;
-  QtDialogs dialogs;
+  QtEventLoop loop;
+  QtDialogs dialogs(loop);
   WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "b c.sch"); });
-  EXPECT_EQ(dialogs.ShowOpen(folder.Asked(false)), folder.Place.filePath("b c.sch").toStdString());
+  EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(false)),
+            folder.Place.filePath("b c.sch").toStdString());
 }
 
 TEST(QtDialogs, SeveralFilesComeBackAsDirectoryAndNames) {
   Folder folder;
-  QtDialogs dialogs;
+  QtEventLoop loop;
+  QtDialogs dialogs(loop);
   WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "\"a.sch\" \"b c.sch\""); });
-  EXPECT_EQ(dialogs.ShowOpen(folder.Asked(true)),
+  EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(true)),
             folder.Place.path().toStdString() + "/ a.sch b c.sch");
 }
 
 TEST(QtDialogs, BoxesShowTheirTextsWhole) {
   Desk desk;
-  QtDialogs dialogs;
+  QtEventLoop loop;
+  QtDialogs dialogs(loop);
   const auto keep = [](QWidget& box, const char* name) {
     QDir().mkpath(QString(MARLEX_BINARY_DIR) + "/screenshots");
     EXPECT_TRUE(box.grab().save(QString(MARLEX_BINARY_DIR) + "/screenshots/" + name + ".png"));
@@ -150,7 +188,7 @@ TEST(QtDialogs, BoxesShowTheirTextsWhole) {
       BoxIcon::Critical, "Problem");
   Folder folder;
   WhenOpen<QFileDialog>([&](QFileDialog& box) { keep(box, "file_dialog"); });
-  dialogs.ShowOpen(folder.Asked(true));
+  Chosen(loop, dialogs, folder.Asked(true));
 }
 
 }  // namespace
