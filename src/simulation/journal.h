@@ -16,7 +16,7 @@ namespace marlex {
 ///
 /// Categories: send, lost, serial (the line), wav, control (the two wave players), song, box, open
 /// (dialogs), process, failure (broken rules nobody handles), delete, and, off unless asked for,
-/// write (profile files) and mixer.
+/// write (profile files), mixer and load (of a song).
 class Journal {
  public:
   explicit Journal(const VirtualLoop& loop) : Loop(loop) {}
@@ -67,7 +67,7 @@ class Journal {
   std::int64_t StartMs = 0;
   std::vector<std::string> Entries;
   std::optional<std::set<std::string>> Chosen;
-  std::set<std::string> Muted{"mixer", "write"};
+  std::set<std::string> Muted{"mixer", "write", "load"};
 };
 
 }  // namespace marlex

@@ -16,6 +16,7 @@ void SimulatedSongPlayer::SetFileName(const std::string& path) {
   const std::optional<int> lengthMs = Disk.MediaLengthMs(path, MediaKind::Mp3);
   Path = lengthMs ? path : "";
   LengthMs = lengthMs.value_or(0);
+  Log.Write("load", NameOf(path));
   if (!lengthMs && !path.empty()) Log.Write("song", "refuse " + NameOf(path));
 }
 

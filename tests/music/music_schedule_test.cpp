@@ -195,8 +195,12 @@ TEST(MusicSchedule, ALastSongBehindTheEndOfTheListStartsTheFirstOne) {
 TEST(MusicSchedule, AnEmptyListIsTriedEveryMinuteWithoutAWord) {
   ClockDesk desk;
   desk.Do([&] { desk.List().Clear(); });
-  desk.RunTo(12, 12);
+  desk.RunTo(12, 7, 30);
   EXPECT_EQ(desk.PlayState(), kStopped);
+  EXPECT_EQ(desk.MusicFlags(), "Started");
+  desk.Do([&] { desk.List().AddItem("a"); });
+  desk.RunTo(12, 8, 2);
+  EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
 }
 

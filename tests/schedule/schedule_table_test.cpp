@@ -183,21 +183,47 @@ TEST(ScheduleTable, EditsCountFromTheNextBuildOn) {
   EXPECT_THAT(Times(desk), ElementsAre("13:01  "));
 }
 
-TEST(ScheduleTable, AFileThatWouldMakeTheTableTooLongIsNamedAndTheOthersStay) {
-  DeskOptions options{.AllDays = true};
+/// The minutes 00 to `count` less 1, at most the thirty that an expression holds.
+std::string MinutesUpTo(int count) {
   std::string minutes = "00";
-  for (int minute = 1; minute < 30; ++minute) minutes += "," + std::to_string(minute);
-  for (int file = 0; file < 46; ++file) {
+  for (int minute = 1; minute < count; ++minute) minutes += "," + std::to_string(minute);
+  return minutes;
+}
+
+/// So many sequence files of 720 rows each, none of which runs on any day.
+DeskOptions WholeDays(int files) {
+  DeskOptions options{.AllDays = true};
+  for (int file = 0; file < files; ++file) {
     options.Sequences.push_back({.File = "f" + std::to_string(file) + ".sch",
                                  .Hours = "0-23",
-                                 .Minutes = minutes,
+                                 .Minutes = MinutesUpTo(30),
                                  .Weekdays = "0000000"});
   }
+  return options;
+}
+
+TEST(ScheduleTable, AFileThatWouldMakeTheTableTooLongIsNamedAndTheOthersStay) {
+  DeskOptions options = WholeDays(46);
   options.Sequences.push_back({.File = "last.sch"});
   Desk desk(options);
   EXPECT_EQ(desk.Main().grdSchedule.Rows() - 1, 45 * 720 + 1);
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
   EXPECT_THAT(desk.Pc.Dialogs.Boxes.front().Body, HasSubstr("f45.sch"));
+}
+
+TEST(ScheduleTable, TheLongestTableIsBuiltAndOneRowMoreIsTold) {
+  for (const bool oneMore : {false, true}) {
+    DeskOptions options = WholeDays(45);
+    options.Sequences.push_back(
+        {.File = "half.sch", .Hours = "0-11", .Minutes = MinutesUpTo(30), .Weekdays = "0000000"});
+    options.Sequences.push_back(
+        {.File = "rest.sch", .Minutes = MinutesUpTo(7), .Weekdays = "0000000"});
+    if (oneMore) options.Sequences.push_back({.File = "more.sch"});
+    Desk desk(options);
+    EXPECT_EQ(desk.Main().grdSchedule.Rows() - 1, 32767);
+    ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), oneMore ? 1U : 0U);
+    for (const auto& box : desk.Pc.Dialogs.Boxes) EXPECT_THAT(box.Body, HasSubstr("more.sch"));
+  }
 }
 
 // The columns.

@@ -89,6 +89,12 @@ TEST(TimeExpressions, TheUpperBoundIsTheTwoCharactersBehindTheFirstDash) {
   EXPECT_EQ(Hours("8-1-2"), Hours("8-1"));
 }
 
+TEST(TimeExpressions, ARangeWithoutAnUpperBoundRunsToMidnight) {
+  EXPECT_EQ(Hours("5-"), "05 06 07 08 09 10 11 12 13 14 15 16 17 18 19 20 21 22 23 00");
+  EXPECT_EQ(Hours("23-,5"), "23 00 05");
+  EXPECT_THROW(Hours("0-"), RuntimeFailure);
+}
+
 TEST(TimeExpressions, ARangeWithoutALowerBoundHasNoStart) {
   EXPECT_THROW(Hours("-5"), RuntimeFailure);
   EXPECT_THROW(Hours("1,-5,2"), RuntimeFailure);
