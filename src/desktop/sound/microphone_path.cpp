@@ -6,9 +6,10 @@
 namespace marlex {
 namespace {
 
-constexpr int kRound = kSampleRate;    // frames after which the delay is judged
-constexpr int kTooFew = FramesIn(2);   // left at the lowest: the output is about to run dry
-constexpr int kTooMany = FramesIn(5);  // the delay is longer than it needs to be
+constexpr int kRound = kSampleRate;           // frames after which the delay is judged
+constexpr int kFirstRound = kSampleRate / 8;  // the first time, then twice as many each time
+constexpr int kTooFew = FramesIn(2);          // left at the lowest: the output is about to run dry
+constexpr int kTooMany = FramesIn(5);         // the delay is longer than it needs to be
 constexpr int kWanted = FramesIn(3);
 constexpr int kFar = FramesIn(30);  // so late that it is put right at once
 
@@ -54,7 +55,8 @@ void MicrophonePath::Begin() {
   Microphone.Silence();
   Master.Jump();
   Quiet = false;
-  Observed = 0;
+  Observed = Excess = 0;
+  Round = kFirstRound;
 }
 
 int MicrophonePath::Pass(float* stereo, int frames, int queued) {
@@ -70,17 +72,30 @@ int MicrophonePath::Pass(float* stereo, int frames, int queued) {
 
 /// Frames to take out, or below 0 to add. What the output has left when a block comes goes up and
 /// down with the pieces in which both devices work; its lowest point in a second tells how much of
-/// the delay is of no use.
+/// the delay is of no use. More than half a block is never taken out of it, so that it may take
+/// several.
 int MicrophonePath::Correction(int frames, int queued) {
   Lowest = Observed == 0 ? queued : std::min(Lowest, queued);
   Observed += frames;
   if (queued > kFar) {
-    Observed = 0;
+    Observed = Excess = 0;
     return std::min(queued - kWanted, frames);
   }
-  if (Observed < kRound) return 0;
+  if (Excess == 0 && Observed >= Round) return Judge(frames);
+  const int taken = std::min(Excess, frames / 2);
+  Excess -= taken;
+  if (taken > 0) Observed = 0;
+  return taken;
+}
+
+int MicrophonePath::Judge(int frames) {
   Observed = 0;
-  if (Lowest > kTooMany) return std::min(Lowest - kWanted, frames / 2);
+  Round = std::min(2 * Round, kRound);
+  if (Lowest > kTooMany) {
+    const int taken = std::min(Lowest - kWanted, frames / 2);
+    Excess = Lowest - kWanted - taken;
+    return taken;
+  }
   if (Lowest < kTooFew) return -std::min(kWanted - Lowest, kMostAdded);
   return 0;
 }

@@ -26,6 +26,7 @@ class MicrophonePath {
 
  private:
   int Correction(int frames, int queued);
+  int Judge(int frames);
 
   SoundLine& Line;
   GainRamp Microphone;
@@ -33,6 +34,8 @@ class MicrophonePath {
   bool Quiet = false;
   int Lowest = 0;    // fewest frames that the output had left in this round
   int Observed = 0;  // frames of this round
+  int Round = 0;     // frames that make a round
+  int Excess = 0;    // frames that are still to be taken out
 };
 
 /// Takes `count` frames out of a block, crossfading where they were. Returns the new length.

@@ -10,8 +10,8 @@ namespace marlex {
 namespace {
 
 constexpr int kFragmentMs = 5;  // captured at a time
-constexpr int kLatencyMs = 20;  // of the playback, the card's pieces included
-constexpr int kStartMs = 10;    // it begins when this much has come
+constexpr int kLatencyMs = 16;  // of the playback, the card's pieces included
+constexpr int kStartMs = 8;     // it begins when this much has come
 constexpr int kRequestMs = 2;
 constexpr int kBlockFrames = 1024;
 constexpr std::int64_t kDeadUs = 100000;  // without a block: nothing will fade out any more

@@ -87,6 +87,21 @@ TEST(Microphone, ADelayThatIsFarTooLongIsPutRightAtOnce) {
   EXPECT_EQ(path.Pass(sound.data(), 441, FramesIn(50)), 0);
 }
 
+TEST(Microphone, ADelayThatIsTooLongIsPutRightWithinHalfASecondInSmallBlocksToo) {
+  SoundLine line;
+  SoundLine master;
+  MicrophonePath path({line, master});
+  path.Begin();
+  const int piece = FramesIn(3);
+  int queued = FramesIn(25);
+  for (int block = 0; block < 500 / 3; ++block) {
+    std::vector<float> sound = Tone(piece + MicrophonePath::kMostAdded);
+    queued += path.Pass(sound.data(), piece, queued) - piece;
+  }
+  EXPECT_LE(queued, FramesIn(5));
+  EXPECT_GE(queued, FramesIn(2));
+}
+
 TEST(Microphone, MutedLineFadesOutAndThenSaysSo) {
   SoundLine line;
   SoundLine master;

@@ -152,8 +152,21 @@ const std::vector<float>& Recording::Sound() {
   const std::size_t whole = Bytes.size() / 8 * 2;
   const std::size_t known = Samples.size();
   Samples.resize(whole);
-  if (whole > known) std::memcpy(&Samples[known], &Bytes[known * 4], (whole - known) * 4);
+  if (whole == known) return Samples;
+  std::memcpy(&Samples[known], &Bytes[known * 4], (whole - known) * 4);
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  Deliveries.push_back({whole / 2, std::chrono::duration<double>(now).count()});
   return Samples;
+}
+
+double Recording::TimeOf(std::size_t frame) const {
+  constexpr double kRate = 44100;
+  double first = 1e300;  // time of frame 0, were there no gap
+  for (const Delivery& delivery : Deliveries) {
+    if (delivery.Frames <= frame || delivery.Frames > frame + std::size_t(kRate / 2)) continue;
+    first = std::min(first, delivery.Seconds - double(delivery.Frames) / kRate);
+  }
+  return first + double(frame) / kRate;
 }
 
 float Recording::Latest(int frames) {

@@ -48,6 +48,10 @@ class Recording {
   /// What has come so far.
   const std::vector<float>& Sound();
 
+  /// When the frame was passed on, on the steady clock in seconds: a late delivery is put right by
+  /// the prompt ones that follow it within half a second. The frame must have come.
+  double TimeOf(std::size_t frame) const;
+
   /// Loudest of the last `frames` frames that have come.
   float Latest(int frames = 2205);
 
@@ -56,6 +60,12 @@ class Recording {
   int Pipe = -1;
   std::string Bytes;
   std::vector<float> Samples;
+
+  struct Delivery {
+    std::size_t Frames;  // that had come so far
+    double Seconds;      // when, on the steady clock
+  };
+  std::vector<Delivery> Deliveries;
 };
 
 /// Processor time of a process in seconds, and how often its threads went to sleep.
