@@ -1,0 +1,157 @@
+// Takeovers in places where the steps of two procedures meet: what they literally give is meant.
+
+#include <gtest/gtest.h>
+
+#include "schedule/spot_desk.h"
+
+namespace marlex {
+namespace {
+
+constexpr auto kSilent = SpotDesk::Music::IsSilent;
+
+/// A row that waits for the music break; the first song ends 31 seconds into the journal.
+DeskOptions AtBreak() {
+  return {.Music = {{"march", 58'000}, {"waltz", 600'000}},
+          .Sequences = {{.Messages = "welcome,closing", .Zones = "003000", .Timer = "Between"}}};
+}
+
+/// Music that the clock has started stops in the minute of the row.
+DeskOptions StopsAtTheRow() {
+  return {.StartTime = "11:00", .StopTime = "12:01", .WeekDays = "1234567"};
+}
+
+TEST(TakeoverCorners, ARowThatWaitsIsLostAndTheNextSongOpensTheMasterUnderTheTakeover) {
+  SpotDesk desk(AtBreak());
+  desk.AdvanceTo(5000);
+  desk.Status(128);
+  EXPECT_EQ(desk.Muted(), "master microphone");
+  EXPECT_EQ(desk.Heard(), "silence");
+  desk.AdvanceTo(31'000);
+  EXPECT_EQ(desk.Heard(), "song waltz.mp3 at 20000");
+  EXPECT_TRUE(desk.State().PriorityPreempted);
+  EXPECT_EQ(desk.Muted(), "microphone");
+  EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
+  EXPECT_EQ(desk.Journal(), "31000 song end\n31000 song play waltz.mp3\n");
+}
+
+TEST(TakeoverCorners, ARowThatWaitedUnderATakeoverIsLostAlsoWhenTheTakeoverEndsBeforeTheSong) {
+  SpotDesk desk(AtBreak());
+  desk.AdvanceTo(5000);
+  desk.Status(128);
+  desk.AdvanceTo(6000);
+  desk.Status(0);
+  desk.AdvanceTo(40'000);
+  EXPECT_EQ(desk.Journal(), "6400 send 67\n31000 song end\n31000 song play waltz.mp3\n");
+  EXPECT_EQ(desk.Heard(), "song waltz.mp3 at 20000");
+}
+
+TEST(TakeoverCorners, ATakeoverInTheFadeOfTheClocksStopDoesNotKeepTheRowOfTheMinute) {
+  SpotDesk desk(StopsAtTheRow(), kSilent);
+  ASSERT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  desk.AdvanceTo(1250);
+  desk.Status(128);
+  // One release of the music's stop, and one before the zones of the row.
+  EXPECT_EQ(desk.Journal(),
+            "1250 song stop\n"
+            "1250 send 0\n"
+            "1250 send 0\n"
+            "1250 wav play welcome.wav\n");
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  EXPECT_TRUE(desk.State().PriorityPreempted);
+  EXPECT_EQ(desk.Muted(), "microphone");
+}
+
+TEST(TakeoverCorners, ARowThatPlaysUnderATakeoverLeavesItsZonesAndTheirByteUntilTheEnd) {
+  SpotDesk desk(StopsAtTheRow(), kSilent);
+  desk.Pc.Journal.Only({"send"});
+  desk.AdvanceTo(1250);
+  desk.Status(128);
+  desk.AdvanceTo(10'000);
+  EXPECT_EQ(desk.LitZones(), "001000");
+  EXPECT_EQ(desk.Alive(), "tick cmdPlay");
+  EXPECT_EQ(desk.Heard(), "silence");
+  desk.Status(0);
+  desk.AdvanceTo(20'000);
+  // The request of 1250 is made again every 200 ms; at 10'050 it is free to go.
+  EXPECT_EQ(desk.Journal(), "1250 send 0\n1250 send 0\n10050 send 68\n");
+  EXPECT_EQ(desk.LitZones(), "001000");
+}
+
+TEST(TakeoverCorners, UnderOurHighLevelALowerCallAfterATakeoverLetsARowFadeTheMusicOutForNothing) {
+  SpotDesk desk({.Priority = "High"});
+  desk.AdvanceTo(500);
+  desk.Status(128);
+  desk.Status(64);
+  EXPECT_TRUE(desk.State().PriorityClear);
+  EXPECT_TRUE(desk.State().PriorityPreempted);
+  desk.AdvanceTo(5000);
+  EXPECT_EQ(desk.Journal(), "");
+  EXPECT_EQ(desk.WaveSlider(), FrmMxr::kSilent);
+  EXPECT_EQ(desk.MusicState(), kPlaying);
+  EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
+}
+
+TEST(TakeoverCorners, MusicThatWasFadedOutForNothingStaysSilentUntilThePlayKey) {
+  SpotDesk desk({.Priority = "High"});
+  desk.AdvanceTo(500);
+  desk.Status(128);
+  desk.Status(64);
+  desk.AdvanceTo(5000);
+  desk.Status(0);
+  desk.AdvanceTo(30'000);
+  EXPECT_EQ(desk.Journal(), "5400 send 131\n");
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Muted(), "microphone");
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
+/// Under our high level: a call of level 128 cuts a message off, a lower one follows, and with it
+/// comes the next row.
+class LowerCallAfterATakeover : public SpotDesk {
+ public:
+  LowerCallAfterATakeover()
+      : SpotDesk(
+            {.Sequences =
+                 {{.Messages = "welcome,closing", .Zones = "003000"},
+                  {.File = "b.sch", .Messages = "closing", .Minutes = "02", .Zones = "000406"}},
+             .Priority = "High"}) {
+    AdvanceTo(3000);
+    Status(128);
+    AdvanceTo(4000);
+    Status(64);
+    AdvanceTo(60'999);
+    Pc.Journal.Clear();
+  }
+};
+
+TEST(TakeoverCorners, UnderOurHighLevelARowSoundsInATakeoverOnceALowerCallHasFollowed) {
+  LowerCallAfterATakeover desk;
+  ASSERT_EQ(desk.Muted(), "master microphone");
+  ASSERT_EQ(desk.MusicState(), kPaused);
+  desk.AdvanceTo(62'000);
+  EXPECT_EQ(desk.Heard(), "wav closing.wav at 10000");
+  EXPECT_TRUE(desk.State().PriorityPreempted);
+  desk.AdvanceTo(80'000);
+  EXPECT_EQ(desk.Journal(),
+            "1 send 0\n"
+            "1 wav play closing.wav\n"
+            "2001 wav end closing.wav\n");
+  EXPECT_EQ(desk.Alive(), "tick cmdPlay");
+  EXPECT_EQ(desk.MusicState(), kPaused);
+}
+
+TEST(TakeoverCorners, TheZonesOfARowThatSoundedInATakeoverGoOutWithItsEnd) {
+  LowerCallAfterATakeover desk;
+  desk.AdvanceTo(80'000);
+  EXPECT_EQ(desk.LitZones(), "000101");
+  desk.Pc.Journal.Only({"send"});
+  desk.Pc.Journal.Clear();
+  desk.Status(0);
+  desk.Advance(5000);
+  // Asked for at 61'000 and asked again every 200 ms: 128 + 8 + 32 for the zones 4 and 6.
+  EXPECT_EQ(desk.Journal(), "200 send 168\n");
+}
+
+}  // namespace
+}  // namespace marlex
