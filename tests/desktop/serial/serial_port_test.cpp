@@ -279,6 +279,20 @@ TEST_F(SerialPortTest, AFarEndThatTakesNothingBlocksNobodyAndGetsTheNewestBytesL
   EXPECT_EQ(line.Take(), "!");
 }
 
+TEST_F(SerialPortTest, TheOutputBufferHoldsTheNewest512BytesInTheirOrder) {
+  PseudoTerminal line;
+  Link("program/com1", line);
+  Port->SetPortOpen(true);
+  for (int i = 0; i < 50'000; ++i) Port->Output("a");
+  LetPass(500ms);  // the kernel has taken what it can hold
+  std::string numbered;
+  for (int i = 0; i < 600; ++i) numbered += static_cast<char>(128 + i % 101);
+  for (const char byte : numbered) Port->Output({&byte, 1});
+  std::string arrived = line.Take();
+  ASSERT_TRUE(Await([&] { return (arrived += line.Take()).ends_with(numbered.substr(500)); }));
+  EXPECT_EQ(arrived.substr(arrived.size() - 513), "a" + numbered.substr(600 - 512));
+}
+
 TEST_F(SerialPortTest, AByteOutHasLeftTheProgramWhenTheCallReturns) {
   PseudoTerminal line;
   Link("program/com1", line);
