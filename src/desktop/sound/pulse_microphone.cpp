@@ -110,8 +110,10 @@ bool PulseMicrophone::OpenPlayback() {
   Playback = pa_stream_new(Connection.Context(), "Announcement", &kFormat, nullptr);
   if (!Playback) return false;
   const auto state = [](pa_stream* stream, void* self) {
-    if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream)))
-      static_cast<PulseMicrophone*>(self)->Lost();
+    auto& microphone = *static_cast<PulseMicrophone*>(self);
+    if (!PA_STREAM_IS_GOOD(pa_stream_get_state(stream))) return microphone.Lost();
+    if (pa_stream_get_state(stream) != PA_STREAM_READY) return;
+    Release(CheckPlaybackVolume(microphone.Connection.Context(), stream, microphone.Card));
   };
   pa_stream_set_state_callback(Playback, state, this);
   const pa_buffer_attr buffer = {kServersChoice, BytesIn(kLatencyMs), BytesIn(kStartMs),

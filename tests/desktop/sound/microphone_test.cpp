@@ -163,6 +163,22 @@ TEST(Microphone, IsHeardWhileItsLineIsOpenAndOnlyThen) {
   }
 }
 
+/// A server with a telephone in use, for which it mutes every stream that comes.
+TEST(Microphone, IsHeardWhereTheServerMutesItsStream) {
+  Booth booth;
+  Recording recording("desk");
+  booth.Server.Control("load-module module-role-cork trigger_roles=phone cork_roles=no_role");
+  const std::string ring = booth.Files.Wav("ring.wav", 60, 0);
+  const std::string command = "paplay -d desk --property=media.role=phone '" + ring + "'";
+  FILE* const telephone = popen(("exec " + command).c_str(), "r");
+  const auto inputs = [&] { return booth.Server.Control("list sink-inputs"); };
+  ASSERT_TRUE(booth.Loop.Within(5s, [&] { return inputs().find("phone") != std::string::npos; }));
+  booth.Engine.Microphone().SetMute(false);
+  EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+  booth.Server.Kill();
+  pclose(telephone);
+}
+
 TEST(Microphone, MasterLineMutesItToo) {
   Booth booth;
   Recording recording("desk");
