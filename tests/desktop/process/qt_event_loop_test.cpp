@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <QObject>
 #include <chrono>
+#include <cmath>
 #include <memory>
 #include <stdexcept>
 #include <thread>
@@ -65,6 +66,25 @@ TEST(QtEventLoop, ATimerKeepsItsCadenceAlthoughItsCallbackTakesTime) {
     // Periods that a busy machine makes the loop miss are dropped, but never shifted.
     EXPECT_LT(sinceBegin - 20.0 * static_cast<int>(sinceBegin / 20.0), 15.0);
   }
+}
+
+TEST(QtEventLoop, TimersOfASecondAreNotBundledIntoCoarseOnes) {
+  constexpr double kPunctualMs = 20;
+  QtEventLoop loop;
+  int early = 0;
+  std::vector<bool> punctual(5, false);
+  // They start between each other's periods: bundled timers would all be off, but for one.
+  for (std::size_t timer = 0; timer < punctual.size(); ++timer) {
+    loop.StartTimer(1000, [&, timer, begin = SteadyClock::now()] {
+      const auto since = std::chrono::duration<double, std::milli>(SteadyClock::now() - begin);
+      const double late = since.count() - 1000 * std::floor(since.count() / 1000);
+      if (since.count() < 1000 || late > 1000 - kPunctualMs) ++early;
+      if (late < kPunctualMs) punctual[timer] = true;
+    });
+    std::this_thread::sleep_for(43ms);
+  }
+  EXPECT_TRUE(Await(loop, [&] { return punctual == std::vector<bool>(5, true); }));
+  EXPECT_EQ(early, 0);
 }
 
 TEST(QtEventLoop, MissedPeriodsAreDroppedAndNotMadeUp) {
