@@ -14,7 +14,8 @@ namespace marlex {
 /// never a dead one.
 class Form {
  public:
-  Form(std::string name, std::string caption) : Name(std::move(name)), Self(*this, caption) {}
+  Form(std::string name, const std::string& caption)
+      : Name(std::move(name)), Self(*this, caption) {}
   virtual ~Form() = default;
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
