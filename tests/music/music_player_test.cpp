@@ -241,6 +241,35 @@ TEST(MusicPlayer, ASkipEndsTheSongAtOnce) {
   EXPECT_EQ(desk.LastSong(), "1");
 }
 
+TEST(MusicPlayer, ASongEndWritesThePositionBeforeItLoadsTheNextSong) {
+  MusicDesk desk({.Music = MusicDesk::Songs(2)});
+  desk.Click("cmdPlay");
+  desk.Pc.Journal.Only({"song", "write", "load"});
+  const auto written = [](const std::string& song) {
+    return std::string("10000 write Day.lst [Last played] Last song=") + song + "\n";
+  };
+  desk.Pc.Journal.Clear();
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.TakeJournal(),
+            "10000 song end\n" + written("1") + "10000 load b.mp3\n10000 song play b.mp3\n");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.TakeJournal(),
+            "10000 song end\n" + written("0") + "10000 load a.mp3\n10000 song play a.mp3\n");
+}
+
+TEST(MusicPlayer, ThePlayKeyOnAnEmptyListStoresThatNoneIsSelectedAndWakesTheKeys) {
+  MusicDesk desk;
+  desk.Do([&] { desk.List().Clear(); });
+  desk.Click("cmdPlay");
+  desk.Advance(1000);
+  EXPECT_EQ(desk.Journal(), "0 song refuse .mp3\n");
+  EXPECT_EQ(desk.LastSong(), "-1");
+  EXPECT_EQ(desk.Text("lblMP3Number"), "0/0");
+  EXPECT_EQ(desk.Text("lblMP3Length"), "0:00");
+  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.PlayState(), kStopped);
+}
+
 TEST(MusicPlayer, TheStopKeyStopsAndMutesAndBarsTheClock) {
   MusicDesk desk;
   desk.Click("cmdPlay");
