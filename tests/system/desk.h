@@ -19,9 +19,29 @@ constexpr double kToneDb = -9.03;
 /// Below this nothing is heard.
 constexpr double kSilentDb = -70;
 
+/// Tones of the songs and messages of most tests.
+constexpr double kFirstSong = 500;
+constexpr double kSecondSong = 900;
+constexpr double kMessage = 1500;
+
+/// A tone above this is heard; what is below it may be the edge of another tone that starts or
+/// ends.
+constexpr double kHeardDb = -25;
+
 /// The colours of the schedule's rows and of the zones' lamps.
 constexpr const char* kNavy = "#000080";
 constexpr const char* kGreen = "#00ff00";
+constexpr const char* kRed = "#ff0000";
+constexpr const char* kWhite = "#ffffff";
+
+inline stage::InstallationFiles TwoSongs(double firstSeconds) {
+  stage::InstallationFiles files;
+  files.Songs = {{"First", stage::Tone(kFirstSong, firstSeconds, kTonePeak)},
+                 {"Second", stage::Tone(kSecondSong, 40, kTonePeak)}};
+  files.Messages = {{"Long", stage::Tone(kMessage, 6, kTonePeak)},
+                    {"Short", stage::Tone(kMessage, 1, kTonePeak)}};
+  return files;
+}
 
 inline stage::StageOptions DeskOptions() {
   stage::StageOptions options;
@@ -56,6 +76,14 @@ class Desk : public stage::Stage {
   }
   bool AwaitSilence(double limitSeconds = 30) {
     return stage::WaitUntil([this] { return Card->LevelNowDb(0.2) < kSilentDb; }, limitSeconds);
+  }
+
+  bool IsLoud(double frequency) const {
+    const stage::Recording heard = Card->Take();
+    return heard.ToneDb(frequency, heard.EndTime() - 0.1, heard.EndTime()) > kHeardDb;
+  }
+  bool AwaitTone(double frequency, double limitSeconds = 30) const {
+    return stage::WaitUntil([&] { return IsLoud(frequency); }, limitSeconds);
   }
 
   /// Lets a stretch of time be recorded.

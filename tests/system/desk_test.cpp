@@ -12,31 +12,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-constexpr double kFirstSong = 500;
-constexpr double kSecondSong = 900;
-constexpr double kMessage = 1500;
-
-// A tone above this is heard; what is below it may be the edge of another tone that starts or ends.
-constexpr double kHeardDb = -25;
-
-stage::InstallationFiles TwoSongs(double firstSeconds) {
-  stage::InstallationFiles files;
-  files.Songs = {{"First", stage::Tone(kFirstSong, firstSeconds, kTonePeak)},
-                 {"Second", stage::Tone(kSecondSong, 40, kTonePeak)}};
-  files.Messages = {{"Long", stage::Tone(kMessage, 6, kTonePeak)},
-                    {"Short", stage::Tone(kMessage, 1, kTonePeak)}};
-  return files;
-}
-
-bool IsLoud(const Desk& desk, double frequency) {
-  stage::Recording heard = desk.Card->Take();
-  return heard.ToneDb(frequency, heard.EndTime() - 0.1, heard.EndTime()) > kHeardDb;
-}
-
-bool AwaitTone(const Desk& desk, double frequency, double limitSeconds = 30) {
-  return stage::WaitUntil([&] { return IsLoud(desk, frequency); }, limitSeconds);
-}
-
 TEST(Start, AnEmptyFolderAsksForTheLanguageFirstAndKeepsIt) {
   Desk desk;
   desk.Start();
@@ -52,7 +27,7 @@ TEST(Start, AnEmptyFolderAsksForTheLanguageFirstAndKeepsIt) {
 TEST(Start, ASecondProgramShowsAnEmptyWarningAndEndsAndTheFirstPlaysOn) {
   Desk desk(TwoSongs(40));
   desk.Start();
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   auto link = desk.MakeSecondLink();
   auto second = desk.StartSecond(*link);
   ASSERT_TRUE(stage::WaitUntil([&] { return link->Read("QMessageBox", "visible") == "yes"; }, 30));
@@ -60,7 +35,7 @@ TEST(Start, ASecondProgramShowsAnEmptyWarningAndEndsAndTheFirstPlaysOn) {
   ASSERT_TRUE(desk.Click("QMessageBox.OK", *link));
   EXPECT_TRUE(second->WaitForEnd(10));
   EXPECT_TRUE(desk.Program->IsRunning());
-  EXPECT_TRUE(IsLoud(desk, kFirstSong));
+  EXPECT_TRUE(desk.IsLoud(kFirstSong));
 }
 
 TEST(Start, WithoutAnySoundDeviceABoxTellsThatThereIsNoMixerAndTheProgramEnds) {
@@ -77,7 +52,7 @@ TEST(Start, WithoutAnySoundDeviceABoxTellsThatThereIsNoMixerAndTheProgramEnds) {
 TEST(Exit, SendsTheReleaseByteAndEndsAtOnce) {
   Desk desk(TwoSongs(40));
   desk.Start();
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(desk.Click("mnuFile"));
   ASSERT_TRUE(desk.Click("mnuExit"));
@@ -92,7 +67,7 @@ TEST(Exit, EndsInTheMiddleOfAMessageWithTheReleaseByteOnTheLine) {
   files.Sequences = {{"Opening", "Long,Long", "09", "00", "003000"}};
   Desk desk(files);
   desk.Start("2031-05-05 08:59:53");
-  ASSERT_TRUE(AwaitTone(desk, kMessage));
+  ASSERT_TRUE(desk.AwaitTone(kMessage));
   ASSERT_TRUE(desk.AwaitBytes(2));
   ASSERT_TRUE(desk.Click("mnuFile"));
   ASSERT_TRUE(desk.Click("mnuExit"));
@@ -105,10 +80,10 @@ TEST(Exit, EndsInTheMiddleOfAMessageWithTheReleaseByteOnTheLine) {
 TEST(Songs, FollowEachOtherAndThePlaylistFileKeepsThePlace) {
   Desk desk(TwoSongs(4));
   desk.Start();
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   EXPECT_TRUE(desk.AwaitText("frmMain.lblMP3Number", "1/2"));
   EXPECT_EQ(desk.Window->Read("frmMain.lblMP3Length", "text"), "0:04");
-  ASSERT_TRUE(AwaitTone(desk, kSecondSong));
+  ASSERT_TRUE(desk.AwaitTone(kSecondSong));
   EXPECT_TRUE(desk.AwaitText("frmMain.lblMP3Number", "2/2"));
   EXPECT_THAT(desk.ReadFile("Day.lst"), HasSubstr("Last song=1"));
   std::vector<stage::Span> first = desk.Card->Take().Tone(kFirstSong, kHeardDb);
@@ -129,7 +104,7 @@ TEST(Songs, FilesOfEveryRateSoundAtTheirOwnPitchAndLength) {
   files.Sequences = {{"Opening", "Low,High", "09", "00"}};
   Desk desk(files);
   desk.Start("2031-05-05 08:59:43");
-  ASSERT_TRUE(AwaitTone(desk, 3500, 60));
+  ASSERT_TRUE(desk.AwaitTone(3500, 60));
   ASSERT_TRUE(desk.Await("frmMain.cmdPlay", "enabled", "yes"));
   stage::Recording heard = desk.Card->Take();
   for (double frequency = 300; frequency < 300 + 400 * double(std::size(kSongRates));
@@ -148,14 +123,14 @@ TEST(Songs, FilesOfEveryRateSoundAtTheirOwnPitchAndLength) {
 TEST(Songs, TheStopKeySilencesTheMusicAndReleasesTheZones) {
   Desk desk(TwoSongs(40));
   desk.Start();
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(desk.Click("frmMain.cmdStop"));
   EXPECT_TRUE(desk.AwaitSilence(5));
   EXPECT_TRUE(desk.AwaitBytes(2));
   EXPECT_THAT(desk.ByteValues(), ElementsAre(128 + 3, 0));
   ASSERT_TRUE(desk.Click("frmMain.cmdPlay"));
-  EXPECT_TRUE(AwaitTone(desk, kFirstSong));
+  EXPECT_TRUE(desk.AwaitTone(kFirstSong));
 }
 
 TEST(Between, AMessageOfABreakFollowsTheSongOnItsZonesWithoutAFade) {
@@ -163,9 +138,9 @@ TEST(Between, AMessageOfABreakFollowsTheSongOnItsZonesWithoutAFade) {
   files.Sequences = {{"Break", "Short", "09", "00", "003000", "Between"}};
   Desk desk(files);
   desk.Start("2031-05-05 08:59:53");
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
-  ASSERT_TRUE(AwaitTone(desk, kMessage, 60));
-  ASSERT_TRUE(AwaitTone(desk, kSecondSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kMessage, 60));
+  ASSERT_TRUE(desk.AwaitTone(kSecondSong));
   EXPECT_THAT(desk.ByteValues(), ElementsAre(128 + 3));
   stage::Recording heard = desk.Card->Take();
   std::vector<stage::Span> song = heard.Tone(kFirstSong, kHeardDb);
@@ -182,7 +157,7 @@ TEST(Between, AMessageOfABreakFollowsTheSongOnItsZonesWithoutAFade) {
 TEST(Takeover, AStatusByteSilencesTheMusicAndStatus0GivesItBackOnItsZones) {
   Desk desk(TwoSongs(60));
   desk.Start();
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
   double taken = stage::Now();
   desk.Line->Send(128);
@@ -191,7 +166,7 @@ TEST(Takeover, AStatusByteSilencesTheMusicAndStatus0GivesItBackOnItsZones) {
   desk.RecordFor(1);
   double given = stage::Now();
   desk.Line->Send(0);
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(2));
   std::vector<stage::Span> song = desk.Card->Take().Tone(kFirstSong, kHeardDb);
   ASSERT_EQ(song.size(), 2U);
@@ -207,14 +182,14 @@ TEST(SoundServer, WhenItDiesInMidSongTheMusicGoesOnAtItsReturnOnTheSameCard) {
   options.Cards.Outputs = {"card", "other"};
   Desk desk(TwoSongs(90), options);
   desk.Start();
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   desk.Server->Kill();
   stage::WaitUntil([&] { return !desk.Program->IsRunning(); }, 3);
   ASSERT_TRUE(desk.Program->IsRunning());
   desk.Server->Start({{"other", "card"}, false});  // the other card is the default now
   double back = stage::Now();
   desk.RecordAnew();
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong, 20));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong, 20));
   double silent = stage::Now() - back;
   EXPECT_LT(silent, 3);
   GTEST_LOG_(INFO) << "Sound after " << int(silent * 1000) << " ms";
@@ -229,10 +204,10 @@ TEST(Clock, ARowFiresAtItsMinuteWhenTheClockIsSetToIt) {
   files.Sequences = {{"Noon", "Short", "12", "00", "100000"}};
   Desk desk(files);
   desk.Start("2031-05-05 08:30:00");
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.Await("frmMain.grdSchedule", "cell 1 0", "12:00  "));
   desk.Clock->Set("2031-05-05 12:00:01");
-  EXPECT_TRUE(AwaitTone(desk, kMessage, 5));
+  EXPECT_TRUE(desk.AwaitTone(kMessage, 5));
 }
 
 /// Plays up to a moment of an announcement, kills the program there without a farewell, and starts
@@ -245,14 +220,14 @@ TEST_P(Killed, AtAnyStepOfAnAnnouncementTheNextStartHasMusicLevelAndZonesRight) 
   files.Sequences = {{"Opening", "Short", "09", "00", "003000"}};
   Desk desk(files);
   desk.Start("2031-05-05 08:59:54");
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitTime("frmMain.grdSchedule", "cell 1 0 colour", kNavy));
   desk.RecordFor(GetParam());
   desk.Program->Signal(SIGKILL);
   ASSERT_TRUE(desk.Program->WaitForEnd(5));
   size_t before = desk.Bytes().size();
   desk.Start("2031-05-05 09:10:00");
-  ASSERT_TRUE(AwaitTone(desk, kFirstSong));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(before + 1));
   desk.RecordFor(1);
   stage::Recording heard = desk.Card->Take();

@@ -9,7 +9,9 @@
 
 namespace marlex::stage {
 
-Amplifier::Amplifier(const std::string& link) : Link(link) {
+Amplifier::Amplifier(const std::string& link) : Link(link) { PlugIn(); }
+
+void Amplifier::PlugIn() {
   int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
   if (master < 0 || grantpt(master) != 0 || unlockpt(master) != 0) {
     throw std::runtime_error("The system has no pseudo-terminal left.");
@@ -29,9 +31,14 @@ Amplifier::Amplifier(const std::string& link) : Link(link) {
   });
 }
 
-Amplifier::~Amplifier() {
+void Amplifier::PullOut() {
   Reader.reset();
-  close(Slave);
+  if (Slave >= 0) close(Slave);
+  Slave = -1;
+}
+
+Amplifier::~Amplifier() {
+  PullOut();
   unlink(Link.c_str());
 }
 

@@ -22,6 +22,12 @@ class Amplifier {
   explicit Amplifier(const std::string& link);
   ~Amplifier();
 
+  /// Pulls the line out: its device is gone, and the link points nowhere.
+  void PullOut();
+
+  /// Plugs it in again, as another device under the same link.
+  void PlugIn();
+
   /// All bytes that the program has sent so far.
   std::vector<LineByte> Received() const;
 

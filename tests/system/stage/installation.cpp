@@ -38,8 +38,9 @@ void WritePlaylist(const std::string& folder, const InstallationFiles& files) {
   int number = 0;
   for (const NamedSound& song : files.Songs)
     stream << "Song:" << ++number << "=" << song.first << "\n";
-  stream << "[Background music]\nStart time=\nStop time=\nWeekdays=0000000\nAutostart="
-         << (files.Autostart ? "True" : "False") << "\n";
+  stream << "[Background music]\nStart time=" << files.MusicStart
+         << "\nStop time=" << files.MusicStop
+         << "\nWeekdays=1234567\nAutostart=" << (files.Autostart ? "True" : "False") << "\n";
 }
 
 void WriteSequence(const std::string& folder, const SequenceFile& sequence) {

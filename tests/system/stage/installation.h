@@ -35,6 +35,8 @@ struct InstallationFiles {
   std::string MusicRouting = "110000";
   bool HasRouter = true;
   bool Autostart = true;
+  std::string MusicStart;  // of the music's clock, "09:00"; empty is none
+  std::string MusicStop;
   int LastSong = 0;
 };
 

@@ -113,15 +113,26 @@ bool Stage::Await(const std::string& object, const std::string& property, const 
 bool Stage::Click(const std::string& object) { return Click(object, *Window); }
 
 bool Stage::Click(const std::string& object, ProbeLink& link) {
+  const std::optional<ScreenArea> area = AwaitPlace(object, link);
+  if (area) Display->Click(area->X + area->Width / 2, area->Y + area->Height / 2);
+  return area.has_value();
+}
+
+bool Stage::DoubleClick(const std::string& object) {
+  const std::optional<ScreenArea> area = AwaitPlace(object, *Window);
+  if (area) Display->DoubleClick(area->X + area->Width / 2, area->Y + area->Height / 2);
+  return area.has_value();
+}
+
+std::optional<ScreenArea> Stage::AwaitPlace(const std::string& object, ProbeLink& link) const {
   constexpr double kSeenLimitSeconds = 30;
   std::optional<ScreenArea> area;
-  auto isSeen = [&] {
+  const auto isSeen = [&] {
     area = link.Geometry(object);
     return area.has_value();
   };
-  if (!WaitUntil(isSeen, kSeenLimitSeconds)) return false;
-  Display->Click(area->X + area->Width / 2, area->Y + area->Height / 2);
-  return true;
+  WaitUntil(isSeen, kSeenLimitSeconds);
+  return area;
 }
 
 void Stage::RecordAnew() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,8 @@ class Stage {
   /// never could.
   bool Click(const std::string& object);
 
+  bool DoubleClick(const std::string& object);
+
   /// The same in a window that is read through another link.
   bool Click(const std::string& object, ProbeLink& link);
 
@@ -77,6 +80,7 @@ class Stage {
   std::unique_ptr<ChildProcess> Program;
 
  private:
+  std::optional<ScreenArea> AwaitPlace(const std::string& object, ProbeLink& link) const;
   Environment Surroundings(const ProbeLink& link) const;
   Command StartCommand(const ProbeLink& link) const;
 
