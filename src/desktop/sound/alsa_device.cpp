@@ -1,16 +1,24 @@
 #include "desktop/sound/alsa_device.h"
 
+#include <poll.h>
+
 #include <algorithm>
+#include <array>
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
+#include <thread>
 
 #include "desktop/sound/sound_format.h"
+#include "desktop/sound/steady_time.h"
 
 namespace marlex {
 namespace {
 
 constexpr float kFullWhole = 32767;  // a full amplitude of 16 bits
 constexpr unsigned kUsPerMs = 1000;
+constexpr int kMostSigns = 16;                       // descriptors of one device
+constexpr auto kNap = std::chrono::milliseconds(1);  // behind a sign that meant nothing
 
 }  // namespace
 
@@ -71,13 +79,31 @@ std::string AlsaDevice::CardName() const {
   return snd_pcm_name(Handle);
 }
 
+/// The library's own wait never ends when a device wakes it for nothing, as one does that is there
+/// but dead.
 int AlsaDevice::Await(int limitMs) {
-  const int ready = snd_pcm_wait(Handle, limitMs);
-  if (ready == 0) return 0;
-  if (ready < 0) return Recover(ready) && Start() ? 0 : -1;
+  const std::int64_t dueUs = SteadyUs() + std::int64_t(limitMs) * kUsPerMs;
+  for (std::int64_t nowUs = 0; (nowUs = SteadyUs()) < dueUs;) {
+    const snd_pcm_sframes_t frames = snd_pcm_avail_update(Handle);
+    if (frames < 0) return Recover(frames) && Start() ? 0 : -1;
+    if (frames >= (Ready > 0 ? Ready : Piece)) return int(frames);
+    if (AwaitSign(int((dueUs - nowUs) / kUsPerMs) + 1)) {
+      std::this_thread::sleep_for(kNap);
+    }
+  }
+  return 0;
+}
+
+/// True when the device gave a sign that may not mean anything.
+bool AlsaDevice::AwaitSign(int limitMs) {
+  std::array<pollfd, kMostSigns> signs;
+  const int count = snd_pcm_poll_descriptors(Handle, signs.data(), unsigned(signs.size()));
+  if (count <= 0) return true;
+  if (poll(signs.data(), nfds_t(count), limitMs) <= 0) return false;
+  unsigned short events = 0;
+  snd_pcm_poll_descriptors_revents(Handle, signs.data(), unsigned(count), &events);
   const snd_pcm_sframes_t frames = snd_pcm_avail_update(Handle);
-  if (frames >= 0) return int(frames);
-  return Recover(frames) && Start() ? 0 : -1;
+  return frames >= 0 && frames < (Ready > 0 ? Ready : Piece);
 }
 
 int AlsaDevice::Delay() const {

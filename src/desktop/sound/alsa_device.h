@@ -50,6 +50,7 @@ class AlsaDevice {
 
  private:
   bool Configure(int pieceMs, int bufferMs);
+  bool AwaitSign(int limitMs);
   bool Recover(long error) { return snd_pcm_recover(Handle, int(error), 1) == 0; }
 
   snd_pcm_t* const Handle;

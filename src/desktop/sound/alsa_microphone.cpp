@@ -13,6 +13,7 @@ namespace {
 constexpr int kBufferMs = 40;
 constexpr int kAwaitMs = 100;
 constexpr int kBlockFrames = 1024;
+constexpr std::int64_t kDeadUs = 2000000;  // without a piece: the microphone is opened again
 constexpr std::int64_t kRetryUs =
     1000000;  // between two attempts to open a microphone that is gone
 
@@ -41,7 +42,7 @@ void AlsaMicrophone::Run() {
   }
 }
 
-/// Captures until the line is closed and has faded out, or the device is gone.
+/// Captures until the line is closed and has faded out, or the device is gone or dead.
 void AlsaMicrophone::Capture() {
   const auto device = AlsaDevice::Open(Name, SND_PCM_STREAM_CAPTURE, kPieceMs, kBufferMs);
   if (!device || !device->Start()) return;
@@ -52,12 +53,15 @@ void AlsaMicrophone::Capture() {
 
 void AlsaMicrophone::Pass(AlsaDevice& device) {
   std::vector<float> block(std::size_t(kBlockFrames + MicrophonePath::kMostAdded) * kChannels);
+  std::int64_t seenUs = SteadyUs();
   Path.Begin();
   while (!Quit && !(Line.Muted() && Path.Silent())) {
     const int ready = device.Await(kAwaitMs);
     if (ready < 0 || (ready == 0 && Line.Muted())) break;
     const int frames = std::min(ready, kBlockFrames);
+    if (frames == 0 && SteadyUs() - seenUs >= kDeadUs) break;
     if (frames == 0) continue;
+    seenUs = SteadyUs();
     if (!device.Read(block.data(), frames)) break;
     Queue.Write(block.data(), Path.Pass(block.data(), frames, Queue.Filled()));
   }

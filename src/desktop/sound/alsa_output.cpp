@@ -63,11 +63,7 @@ bool AlsaOutput::Step() {
   Device->SetReady(buffer - fill.Least);
   const int room = Device->Await(kAwaitMs);
   if (room <= 0) return room == 0;
-  const int queued = buffer - room;
-  if (queued <= fill.Least) return Fill(fill.Most - queued);
-  // Not every device waits for as much as it was told.
-  WaitUntil(Waker, SteadyUs() + (queued - fill.Least) * kUsPerSecond / kSampleRate);
-  return true;
+  return Fill(fill.Most - (buffer - room));
 }
 
 bool AlsaOutput::Fill(int frames) {

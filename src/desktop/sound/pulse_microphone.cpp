@@ -14,8 +14,9 @@ constexpr int kLatencyMs = 16;  // of the playback, the card's pieces included
 constexpr int kStartMs = 8;     // it begins when this much has come
 constexpr int kRequestMs = 2;
 constexpr int kBlockFrames = 1024;
-constexpr std::int64_t kDeadUs = 100000;  // without a block: nothing will fade out any more
-constexpr std::int64_t kRetryUs = 1000000;
+constexpr std::int64_t kMuteUs = 100000;   // without a block: nothing will fade out any more
+constexpr std::int64_t kDeadUs = 2000000;  // without a block: the microphone is opened again
+constexpr std::int64_t kLookUs = 1000000;  // between two looks at it, and two attempts to open it
 constexpr std::int64_t kFrameBytes = kChannels * sizeof(float);
 constexpr std::uint32_t kServersChoice = std::uint32_t(-1);
 
@@ -47,20 +48,22 @@ PulseMicrophone::PulseMicrophone(PulseConnection& connection, const PulseCard& c
 
 PulseMicrophone::~PulseMicrophone() {
   Close();
-  SetRetry(false);
+  SetWatch(false);
 }
 
 /// An open microphone that is muted closes itself when its sound has faded out.
 void PulseMicrophone::Follow() {
   const bool wanted = !Line.Muted();
   if (wanted && !Capture) Open();
-  if (!wanted) SetRetry(false);
-  if (!wanted && Capture && (!Flowing || SteadyUs() - LastBlockUs > kDeadUs)) Close();
+  if (!wanted) SetWatch(false);
+  if (!wanted && Capture && (!Flowing || SteadyUs() - LastBlockUs > kMuteUs)) Close();
 }
 
 void PulseMicrophone::Open() {
   Flowing = false;
+  LastBlockUs = SteadyUs();
   Path.Begin();
+  SetWatch(true);
   if (!OpenPlayback() || !OpenCapture()) Lost();
 }
 
@@ -71,20 +74,25 @@ void PulseMicrophone::Close() {
 
 void PulseMicrophone::Lost() {
   Close();
-  if (!Line.Muted()) SetRetry(true);
+  if (!Line.Muted()) SetWatch(true);
 }
 
-void PulseMicrophone::SetRetry(bool on) {
+/// Opens a microphone that is gone, or there but dead, once more.
+void PulseMicrophone::Look() {
+  SetWatch(!Line.Muted());
+  if (Capture && SteadyUs() - LastBlockUs >= kDeadUs) Close();
+  Follow();
+}
+
+void PulseMicrophone::SetWatch(bool on) {
   pa_mainloop_api* const loop = Connection.Api();
-  if (Retry) loop->time_free(Retry);
-  Retry = nullptr;
+  if (Watch) loop->time_free(Watch);
+  Watch = nullptr;
   if (!on) return;
-  const auto retry = [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
-    auto& microphone = *static_cast<PulseMicrophone*>(self);
-    microphone.SetRetry(false);
-    microphone.Follow();
+  const auto look = [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
+    static_cast<PulseMicrophone*>(self)->Look();
   };
-  Retry = pa_context_rttime_new(Connection.Context(), pa_rtclock_now() + kRetryUs, retry, this);
+  Watch = pa_context_rttime_new(Connection.Context(), pa_rtclock_now() + kLookUs, look, this);
 }
 
 bool PulseMicrophone::OpenCapture() {

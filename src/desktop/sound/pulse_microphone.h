@@ -19,7 +19,7 @@ class PulseMicrophone {
   PulseMicrophone& operator=(const PulseMicrophone&) = delete;
 
   /// Opens or closes as the line wants it. A microphone that is gone is tried again once a second
-  /// meanwhile.
+  /// meanwhile, and one that gives nothing for two seconds is opened anew.
   void Follow();
 
  private:
@@ -28,7 +28,8 @@ class PulseMicrophone {
   bool OpenCapture();
   bool OpenPlayback();
   void Lost();
-  void SetRetry(bool on);
+  void Look();
+  void SetWatch(bool on);
   void Pass();
   void PassBlock(const float* stereo, int frames);
   int Queued() const;
@@ -39,9 +40,9 @@ class PulseMicrophone {
   MicrophonePath Path;
   pa_stream* Capture = nullptr;
   pa_stream* Playback = nullptr;
-  pa_time_event* Retry = nullptr;
-  bool Flowing = false;          // blocks have come since the opening
-  std::int64_t LastBlockUs = 0;  // when the last one came
+  pa_time_event* Watch = nullptr;  // while the line is open
+  bool Flowing = false;            // blocks have come since the opening
+  std::int64_t LastBlockUs = 0;    // when the last one came, or else the opening
   std::vector<float> Block;
 };
 

@@ -34,8 +34,7 @@ class SoundEngine {
   SoundLine& Master();
   /// Songs and messages.
   SoundLine& Wave();
-  /// The microphone, muted at start. While it is muted, or its level is 0, the device is not
-  /// captured from.
+  /// The microphone, muted at start. While it is muted, the device is not captured from.
   SoundLine& Microphone();
 
   /// A sound server or card was found at start. Does not change afterwards.

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <numbers>
+#include <sstream>
 
 #include "desktop/sound/media_files.h"
 #include "desktop/sound/microphone_path.h"
@@ -198,6 +199,70 @@ TEST(Microphone, ComesBackWhenItWasPulledOutInMidCall) {
   EXPECT_TRUE(booth.Engine.OutputAlive());
   booth.Server.Control("load-module module-remap-source source_name=mic master=mouth.monitor");
   EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+}
+
+/// Number of a source, as the lists of the server name it.
+std::string SourceNumber(const PrivateServer& server, const std::string& name) {
+  std::istringstream sources(server.Control("list short sources"));
+  for (std::string line; std::getline(sources, line);) {
+    std::istringstream words(line);
+    std::string number, source;
+    words >> number >> source;
+    if (source == name) return number;
+  }
+  return {};
+}
+
+/// Numbers of the streams that capture from the microphone.
+std::string Captures(const PrivateServer& server) {
+  std::istringstream streams(server.Control("list short source-outputs"));
+  const std::string microphone = SourceNumber(server, "mic");
+  std::string numbers;
+  for (std::string line; std::getline(streams, line);) {
+    std::istringstream words(line);
+    std::string number, source;
+    words >> number >> source;
+    if (source == microphone) numbers += number + " ";
+  }
+  return numbers;
+}
+
+TEST(Microphone, OneThatIsThereButDeadIsOpenedAgain) {
+  Booth booth;
+  Recording recording("desk");
+  booth.Engine.Microphone().SetMute(false);
+  ASSERT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+  const std::string first = Captures(booth.Server);
+  ASSERT_NE(first, "");
+  booth.Loop.Within(3s, [] { return false; });
+  EXPECT_EQ(Captures(booth.Server), first);  // one that lives is left alone
+  booth.Server.Control("suspend-source mic 1");
+  const auto reopened = [&] {
+    const std::string now = Captures(booth.Server);
+    return !now.empty() && now != first;
+  };
+  EXPECT_TRUE(booth.Loop.Within(8s, reopened));
+  booth.Server.Control("suspend-source mic 0");
+  EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+}
+
+TEST(Microphone, OneOfACardThatIsThereButDeadIsOpenedAgain) {
+  PrivateServer server;
+  TestLoop loop;
+  SoundEngine engine(loop, {.UseServer = false, .CardDevice = "pulse"});
+  engine.Microphone().SetMute(false);
+  ASSERT_TRUE(loop.Within(5s, [&] { return !Captures(server).empty(); }));
+  const std::string first = Captures(server);
+  loop.Within(1s, [] { return false; });
+  ASSERT_EQ(Captures(server), first);
+  server.Control("suspend-source mic 1");
+  const auto reopened = [&] {
+    const std::string now = Captures(server);
+    return !now.empty() && now != first;
+  };
+  EXPECT_TRUE(loop.Within(8s, reopened));
+  engine.Microphone().SetMute(true);
+  EXPECT_TRUE(loop.Within(5s, [&] { return Captures(server).empty(); }));
 }
 
 TEST(Microphone, OpensAndClosesHundredsOfTimes) {
