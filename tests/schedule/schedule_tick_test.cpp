@@ -256,6 +256,38 @@ TEST(ScheduleTick, TheHourThatComesTwiceInAutumnPlaysItsRowsTwiceAndTheSpringsNo
   EXPECT_EQ(TakePlays(spring), "welcome.wav\n");
 }
 
+TEST(ScheduleTick, TheNightsAfterTheClocksWereChangedPlayTheirRowOnceEach) {
+  struct Night {
+    std::vector<int> Now;
+    int JumpSeconds;
+  };
+  for (const Night& night :
+       {Night{{2024, 10, 27, 2, 59, 0}, -3600}, {{2024, 3, 31, 1, 59, 0}, 3600}}) {
+    SpotDesk desk({.Sequences = {{.Hours = "2", .Minutes = "30"}}, .Now = night.Now}, kSilent);
+    desk.Pc.Clock.Jump(night.JumpSeconds);
+    desk.RunTo(20, 0);
+    TakePlays(desk);
+    for (int day = 1; day <= 3; ++day) {
+      desk.RunTo(2, 29, 59);
+      EXPECT_EQ(TakePlays(desk), "") << day;
+      desk.RunTo(20, 0);
+      EXPECT_EQ(TakePlays(desk), "welcome.wav\n") << day;
+    }
+  }
+}
+
+TEST(ScheduleTick, AClockSetByAnHourAtNoonLosesAnHoursRowsOrPlaysThemAgain) {
+  SpotDesk desk({.Sequences = {{.Hours = "12,13"}}}, kSilent);
+  desk.Pc.Clock.Jump(3600);
+  desk.RunTo(13, 30);
+  EXPECT_EQ(TakePlays(desk), "welcome.wav\n");
+  desk.Pc.Clock.Jump(-3600);
+  desk.RunTo(13, 0);
+  EXPECT_EQ(TakePlays(desk), "");
+  desk.RunTo(13, 30);
+  EXPECT_EQ(TakePlays(desk), "welcome.wav\n");
+}
+
 // Midnight.
 
 DeskOptions NightDesk() {
