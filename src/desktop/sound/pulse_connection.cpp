@@ -1,13 +1,22 @@
 #include "desktop/sound/pulse_connection.h"
 
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <string_view>
+#include <thread>
+
 #include "desktop/sound/steady_time.h"
 #include "desktop/sound/thread_priority.h"
 
 namespace marlex {
 namespace {
 
-constexpr std::int64_t kLimitUs = 1500000;  // that a server may take for one answer
-constexpr char kDummySink[] = "auto_null";  // of PulseAudio and PipeWire alike
+constexpr std::int64_t kLimitUs = 1500000;               // that a server may take for one answer
+constexpr std::int64_t kStartUs = 10000000;              // that it may take when the session starts
+constexpr auto kPause = std::chrono::milliseconds(200);  // between two attempts meanwhile
+constexpr char kDummySink[] = "auto_null";               // of PulseAudio and PipeWire alike
 
 /// Answers of the server, collected for one question each.
 struct Search {
@@ -42,14 +51,46 @@ void TakeSource(pa_context*, const pa_source_info* info, int, void* search) {
   source.Answer = info->name;
 }
 
+std::string Surrounding(const char* name) {
+  const char* const value = std::getenv(name);
+  return value ? value : "";
+}
+
+/// Whether a server has left its socket, or its process id while it starts.
+bool ServerMayCome() {
+  std::error_code ignored;
+  const std::string address = Surrounding("PULSE_SERVER");
+  const std::string_view kLocal = "unix:";
+  if (address.starts_with(kLocal))
+    return std::filesystem::exists(address.substr(kLocal.size()), ignored);
+  if (!address.empty()) return std::filesystem::exists(address, ignored);
+  std::filesystem::path folder = Surrounding("PULSE_RUNTIME_PATH");
+  if (folder.empty()) folder = std::filesystem::path(Surrounding("XDG_RUNTIME_DIR")) / "pulse";
+  return std::filesystem::exists(folder / "native", ignored) ||
+         std::filesystem::exists(folder / "pid", ignored);
+}
+
 }  // namespace
 
-std::unique_ptr<PulseConnection> PulseConnection::Connect() {
+std::unique_ptr<PulseConnection> PulseConnection::Connect() { return ConnectWithin(kLimitUs); }
+
+/// A server that hangs holds up the attempt itself; one that is not there yet refuses it at once.
+std::unique_ptr<PulseConnection> PulseConnection::ConnectAtStart() {
+  const std::int64_t dueUs = SteadyUs() + kStartUs;
+  for (;;) {
+    auto connection = ConnectWithin(std::max(dueUs - SteadyUs(), kLimitUs));
+    if (connection || SteadyUs() >= dueUs || !ServerMayCome()) return connection;
+    std::this_thread::sleep_for(kPause);
+  }
+}
+
+std::unique_ptr<PulseConnection> PulseConnection::ConnectWithin(std::int64_t limitUs) {
   auto connection = std::make_unique<PulseConnection>();
+  connection->LimitUs = limitUs;
   const auto settled = [&] {
     return connection->Good() || !PA_CONTEXT_IS_GOOD(pa_context_get_state(connection->Server));
   };
-  if (!connection->Begin() || !connection->Await(settled, kLimitUs)) return nullptr;
+  if (!connection->Begin() || !connection->Await(settled, limitUs)) return nullptr;
   bool good = false;
   connection->Locked([&] { good = connection->Good(); });
   return good ? std::move(connection) : nullptr;
@@ -113,7 +154,7 @@ bool PulseConnection::Complete(const std::function<pa_operation*()>& start) {
   });
   if (!operation) return false;
   const bool done =
-      Await([&] { return pa_operation_get_state(operation) != PA_OPERATION_RUNNING; }, kLimitUs);
+      Await([&] { return pa_operation_get_state(operation) != PA_OPERATION_RUNNING; }, LimitUs);
   Locked([&] {
     // A late answer must not reach a caller that has gone.
     if (!done) pa_operation_cancel(operation);

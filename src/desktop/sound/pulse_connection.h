@@ -18,6 +18,10 @@ class PulseConnection {
   /// started for it.
   static std::unique_ptr<PulseConnection> Connect();
 
+  /// The same at the program's start, when the session may just be starting as well: a server that
+  /// is there or seems to come is waited for, up to ten seconds.
+  static std::unique_ptr<PulseConnection> ConnectAtStart();
+
   PulseConnection();
   ~PulseConnection();
   PulseConnection(const PulseConnection&) = delete;
@@ -33,6 +37,9 @@ class PulseConnection {
   /// limit comes first.
   bool Await(const std::function<bool()>& done, std::int64_t limitUs);
 
+  /// Time that the server may take for one answer.
+  std::int64_t AnswerLimitUs() const { return LimitUs; }
+
   /// Starts an operation under the lock and waits for its end. False at the time limit.
   bool Complete(const std::function<pa_operation*()>& start);
 
@@ -45,11 +52,13 @@ class PulseConnection {
   std::function<void()> OnLost;
 
  private:
+  static std::unique_ptr<PulseConnection> ConnectWithin(std::int64_t limitUs);
   bool Begin();
   static void StateChanged(pa_context* context, void* self);
 
   pa_threaded_mainloop* Loop = nullptr;
   pa_context* Server = nullptr;
+  std::int64_t LimitUs = 0;
   sem_t Changed;
 };
 

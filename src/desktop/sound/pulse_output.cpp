@@ -20,8 +20,7 @@ constexpr int kLeftMs = 8;               // of the queue that is never rewritten
 constexpr std::int64_t kGuardUs = 6000;  // before the card's next piece, when nothing is rewritten
 constexpr int kWorthMs = 10;             // a shorter rewrite is not worth its message
 constexpr int kStartMs = 10;             // the sound begins when this much has come
-constexpr std::int64_t kOpenLimitUs = 1500000;   // that a server may take to open a stream
-constexpr std::int64_t kProofLimitUs = 2500000;  // and a card to take its first samples
+constexpr std::int64_t kProofLimitUs = 2500000;  // that a card may take for its first samples
 constexpr std::int64_t kFrameBytes = kChannels * sizeof(float);
 constexpr std::int64_t kUsPerMs = 1000;
 constexpr std::int64_t kUsPerSecond = 1000000;
@@ -64,7 +63,8 @@ std::unique_ptr<PulseOutput> PulseOutput::Open(std::unique_ptr<PulseConnection> 
   const auto settled = [&] {
     return !output->Living || pa_stream_get_state(output->Stream) == PA_STREAM_READY;
   };
-  if (!connected || !server.Await(settled, kOpenLimitUs) || !output->Living) return nullptr;
+  if (!connected || !server.Await(settled, server.AnswerLimitUs()) || !output->Living)
+    return nullptr;
   server.Complete([&] { return CheckPlaybackVolume(server.Context(), output->Stream, card); });
   if (!prove) return output;
   server.Locked([&] { output->SetCorked(false); });

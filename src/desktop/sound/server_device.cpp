@@ -5,7 +5,7 @@ namespace marlex {
 
 SoundDevice FindServerDevice(const MicrophoneLines& lines) {
   SoundDevice device;
-  auto connection = PulseConnection::Connect();
+  auto connection = PulseConnection::ConnectAtStart();
   PulseCard found;
   if (!connection || !FindCard(*connection, found)) return device;
   device.CardName = found.Description;

@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 #include <functional>
+#include <thread>
 
 #include "desktop/sound/engine_song_player.h"
 #include "desktop/sound/engine_wave_player.h"
@@ -233,11 +237,40 @@ TEST(ServerOutput, AServerThatHangsIsLeftForTheTimerUntilItGoesOn) {
   EXPECT_TRUE(desk.Loop.Within(6s, [&] { return desk.Engine.OutputAlive(); }));
 }
 
+TEST(ServerOutput, AServerThatAnswersLateAtTheStartIsWaitedFor) {
+  PrivateServer server;
+  TestLoop loop;
+  kill(server.Process(), SIGSTOP);
+  std::thread logOn([&server] {
+    std::this_thread::sleep_for(3s);
+    kill(server.Process(), SIGCONT);
+  });
+  SoundEngine engine(loop, {.UseCard = false});
+  logOn.join();
+  EXPECT_TRUE(engine.HasOutput());
+  EXPECT_EQ(engine.CardName(), "Desk");
+}
+
+TEST(ServerOutput, AServerThatIsStillStartingAtTheStartIsWaitedFor) {
+  PrivateServer server;
+  TestLoop loop;
+  server.Kill();  // its socket stays, and nobody listens there
+  std::thread logOn([&server] {
+    std::this_thread::sleep_for(2s);
+    server.Start();
+  });
+  SoundEngine engine(loop, {.UseCard = false});
+  logOn.join();
+  EXPECT_TRUE(engine.HasOutput());
+}
+
 TEST(ServerOutput, WithoutAServerTimePassesAllTheSame) {
   setenv("PULSE_SERVER", "unix:/nonexistent", 1);
   TestLoop loop;
   MediaFiles files;
+  const Clock::time_point start = Clock::now();
   SoundEngine engine(loop, {.UseCard = false});
+  EXPECT_LT(Clock::now() - start, 1s);
   EXPECT_FALSE(engine.HasOutput());
   EXPECT_FALSE(engine.HasMicrophone());
   EXPECT_EQ(engine.CardName(), "");
@@ -269,6 +302,55 @@ TEST(ServerOutput, AWaitingEngineSleeps) {
   EXPECT_LT(after.Wakeups - before.Wakeups, 20);
   desk.Song.Play();
   EXPECT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest() > 0.4; }));
+}
+
+/// What a program may slowly fill up.
+struct Holdings {
+  long Threads = 0;
+  double MemoryMiB = 0;
+  std::string Streams;
+};
+
+Holdings HoldingsOf(const ServerDesk& desk) {
+  Holdings holdings;
+  const std::filesystem::directory_iterator threads("/proc/self/task");
+  holdings.Threads = std::distance(begin(threads), end(threads));
+  std::ifstream memory("/proc/self/statm");
+  long pages = 0;
+  memory >> pages >> pages;
+  holdings.MemoryMiB = double(pages) * double(sysconf(_SC_PAGESIZE)) / (1 << 20);
+  holdings.Streams = desk.Server.Control("list short sink-inputs");
+  return holdings;
+}
+
+TEST(ServerOutput, TwoThousandShortPlaysLeaveEverythingAsAHundredDid) {
+  ServerDesk desk;
+  const std::string song = desk.Files.Mp3("song.mp3", 10);
+  desk.Wave.FileName = desk.Files.Wav("chime.wav", 10);
+  const auto play = [&](int i) {
+    desk.Song.SetFileName(song);
+    desk.Song.Play();
+    desk.Wave.Command("Open");
+    desk.Wave.Command("Play");
+    desk.Loop.Within(std::chrono::milliseconds(1 + i % 10), [] { return false; });
+    desk.Wave.Command("Close");
+    if (i % 2) desk.Song.Stop();
+  };
+  const auto rest = [&](long threads) {
+    desk.Wave.Command("Close");
+    desk.Song.Stop();
+    desk.Loop.Within(5s, [&] { return HoldingsOf(desk).Threads <= threads; });
+    return HoldingsOf(desk);
+  };
+  const long threads = HoldingsOf(desk).Threads;
+  for (int i = 0; i < 100; ++i) play(i);
+  const Holdings before = rest(threads);
+  for (int i = 0; i < 2000; ++i) play(i);
+  const Holdings after = rest(threads);
+  EXPECT_EQ(before.Threads, threads);
+  EXPECT_EQ(after.Threads, threads);
+  EXPECT_EQ(after.Streams, before.Streams);
+  EXPECT_LT(after.MemoryMiB, before.MemoryMiB + 8);
 }
 
 TEST(ServerOutput, OpensAndClosesAHundredTimes) {
