@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <numbers>
 #include <sstream>
@@ -225,6 +226,48 @@ std::string Captures(const PrivateServer& server) {
     if (source == microphone) numbers += number + " ";
   }
   return numbers;
+}
+
+/// Whatever was said while the line was closed must not come when it is opened.
+void ExpectNothingStale(const PrivateServer& server, SoundEngine& engine, TestLoop& loop) {
+  Recording recording("desk");
+  Recording mouth("mouth");
+  MediaFiles files;
+  engine.Microphone().SetMute(false);
+  const auto say = [&](const std::string& seconds) {
+    const std::string tone = files.Wav("word.wav", 60, 0.5);
+    return popen(("exec timeout " + seconds + " paplay -d mouth '" + tone + "'").c_str(), "r");
+  };
+  FILE* voice = say("3");
+  ASSERT_TRUE(loop.Within(8s, [&] { return recording.Latest() > 0.45; }));
+  engine.Microphone().SetMute(true);
+  ASSERT_TRUE(loop.Within(5s, [&] { return recording.Latest() == 0; }));
+  ASSERT_TRUE(loop.Within(8s, [&] { return mouth.Latest(44100) == 0; }));
+  pclose(voice);
+  const std::size_t begin = recording.Sound().size();
+  engine.Microphone().SetMute(false);
+  ASSERT_TRUE(loop.Within(5s, [&] { return !Captures(server).empty(); }));
+  loop.Within(1500ms, [] { return false; });
+  const std::vector<float>& sound = recording.Sound();
+  EXPECT_GT(sound.size(), begin + 44100);
+  EXPECT_EQ(*std::max_element(sound.begin() + long(begin), sound.end()), 0);
+  voice = say("2");
+  EXPECT_TRUE(loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+  pclose(voice);
+}
+
+TEST(Microphone, NothingStaleIsHeardWhenTheLineIsOpened) {
+  PrivateServer server;
+  TestLoop loop;
+  SoundEngine engine(loop, {.UseCard = false});
+  ExpectNothingStale(server, engine, loop);
+}
+
+TEST(Microphone, NothingStaleIsHeardFromACardWhenTheLineIsOpened) {
+  PrivateServer server;
+  TestLoop loop;
+  SoundEngine engine(loop, {.UseServer = false, .CardDevice = "pulse"});
+  ExpectNothingStale(server, engine, loop);
 }
 
 TEST(Microphone, OneThatIsThereButDeadIsOpenedAgain) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sndfile.h>
+#include <chrono>
 
 #include <cmath>
 #include <limits>
@@ -139,6 +140,49 @@ TEST(WavDecoder, DataSizesThatLieNeverHang) {
     }
   }
   EXPECT_TRUE(Play(files.Write("head.wav", WavBytes({}, ""))).empty());
+}
+
+std::string Chunk(const char* name, std::uint32_t size, const std::string& content) {
+  std::string bytes = name;
+  for (int i = 0; i < 4; ++i) bytes += char(size >> (8 * i));
+  return bytes + content;
+}
+
+TEST(WavDecoder, HostileChunksAreRefusedOrPlayedAndNeverHang) {
+  MediaFiles files;
+  const std::string whole = WavBytes({.RiffSize = 4036, .DataSize = 4000}, std::string(4000, '\1'));
+  const std::string head = whole.substr(0, 12);
+  const std::string format = whole.substr(20, 16);
+  const std::string fmt = Chunk("fmt ", 16, format);
+  const std::string data = Chunk("data", 4000, std::string(4000, '\1'));
+  const std::uint32_t huge = 0xFFFFFFFFu;
+  const std::string hostile[] = {
+      head + Chunk("LIST", huge, "INFO") + fmt + data,
+      head + fmt + Chunk("LIST", huge, "INFO") + data,
+      head + fmt + Chunk("LIST", 4, "INFO") + Chunk("LIST", huge - 7, "INFO") + data,
+      head + Chunk("fmt ", 0, "") + data,
+      head + Chunk("fmt ", 0, "") + fmt + data,
+      head + Chunk("fmt ", huge, format) + data,
+      head + Chunk("fmt ", huge - 15, format) + data,
+      head + data + fmt,
+      head + data,
+      head + fmt + Chunk("\0\0\0\0", 0, "") + data,
+      head + fmt + Chunk("fact", huge, "") + data,
+      head + fmt + fmt + data + data,
+  };
+  for (const std::string& bytes : hostile) {
+    const auto begin = std::chrono::steady_clock::now();
+    const std::string path = files.Write("hostile.wav", bytes);
+    const auto decoder = OpenWav(path);
+    if (decoder) {
+      EXPECT_LE(decoder->Seconds(), 0.1);
+      EXPECT_LE(Play(path).size() / 2, bytes.size() / 4);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+  }
+  // What is harmless beside the sound does not keep it from being heard.
+  const std::string list = Chunk("LIST", 4, "INFO");
+  EXPECT_EQ(Play(files.Write("list.wav", head + list + fmt + list + data)).size() / 2, 1000u);
 }
 
 TEST(WavDecoder, ADamagedFileNeverHangsOrCrashes) {
