@@ -5,6 +5,7 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "desktop/sound/microphone_delay.h"
 #include "real_program.h"
 #include "system/stage/installation.h"
 #include "system/stage/wait.h"
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int kRepetitions = 5;
 constexpr double kSilenceBudgetMs = 50;
+constexpr double kMicrophoneBudgetMs = 20;
 constexpr double kLimitSeconds = 20;
 constexpr double kSilentDb = -60;
 constexpr int kTakeOver = 128;
@@ -134,12 +136,25 @@ Figure MeasureMinute() {
   return figure;
 }
 
+/// The program's sound alone, on a server whose cards need no time of their own.
+Figure MeasureMicrophone() {
+  Figure figure{"microphone to output [ms]", {}, kMicrophoneBudgetMs};
+  try {
+    figure.Values = MicrophoneDelay({.UseCard = false}).Measure(kRepetitions);
+    if (figure.Values.empty()) throw std::runtime_error("the microphone was not heard");
+  } catch (const std::exception& failure) {
+    figure.Failure = failure.what();
+  }
+  return figure;
+}
+
 }  // namespace
 
 void MeasureLatencies(Report& report) {
   report.Section("Answers of the real program");
   MeasureSilence(report);
   report.Add(MeasureMinute());
+  report.Add(MeasureMicrophone());  // last, since it changes the surroundings
 }
 
 }  // namespace marlex::bench
