@@ -131,6 +131,7 @@ bool MusicPlayer::LoadSong(bool wrapped) {
   CurrentSongPath = SelectedSongPath();
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
   // After the last song its length stays on show for the whole of the first one. This is meant.
+  LengthAwaited = false;
   if (!wrapped) ShowLength();
   ShowNumber();
   return !TheFrmPlayers.MP3Player.FileName().empty();
@@ -160,13 +161,16 @@ void MusicPlayer::ShowNumber() {
 }
 
 void MusicPlayer::ShowLength() {
-  TheFrmMain.lblMP3Length.Caption = FormatSeconds(TheFrmPlayers.MP3Player.Duration());
+  const double seconds = TheFrmPlayers.MP3Player.Duration();
+  LengthAwaited = seconds == 0;
+  TheFrmMain.lblMP3Length.Caption = FormatSeconds(seconds);
 }
 
 void MusicPlayer::ShowPosition() {
   const SongPlayer& player = TheFrmPlayers.MP3Player;
   TheFrmMain.lblMP3Position.Caption =
       player.PlayState() == kStopped ? "" : FormatSeconds(player.CurrentPosition());
+  if (LengthAwaited && player.Duration() > 0) ShowLength();
 }
 
 void MusicPlayer::WriteLastSong(int index) {

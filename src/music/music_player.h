@@ -73,6 +73,7 @@ class MusicPlayer {
   MixerAccess& Mixer;
   const StringTable& Strings;
   Notices& TheNotices;
+  bool LengthAwaited = false;  // the length on show is none, since the song's drive is slow
 };
 
 }  // namespace marlex

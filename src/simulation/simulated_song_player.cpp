@@ -16,11 +16,14 @@ void SimulatedSongPlayer::SetFileName(const std::string& path) {
   const std::optional<int> lengthMs = Disk.MediaLengthMs(path, MediaKind::Mp3);
   Path = lengthMs ? path : "";
   LengthMs = lengthMs.value_or(0);
+  LoadedMs = Loop.NowMs();
   Log.Write("load", NameOf(path));
   if (!lengthMs && !path.empty()) Log.Write("song", "refuse " + NameOf(path));
 }
 
-double SimulatedSongPlayer::Duration() const { return LengthMs / kMsPerSecond; }
+double SimulatedSongPlayer::Duration() const {
+  return Loop.NowMs() - LoadedMs < LengthDelayMs ? 0 : LengthMs / kMsPerSecond;
+}
 
 double SimulatedSongPlayer::CurrentPosition() const {
   return static_cast<double>(PositionMs()) / kMsPerSecond;

@@ -26,6 +26,9 @@ class SimulatedSongPlayer : public SongPlayer {
   void Pause() override;
   void Stop() override;
 
+  /// A slow drive: the length of a song is known so much later than the song is loaded.
+  int LengthDelayMs = 0;
+
   /// Forgets its song and its handler, as the end of the process does.
   void Reset();
 
@@ -40,6 +43,7 @@ class SimulatedSongPlayer : public SongPlayer {
 
   std::string Path;
   int LengthMs = 0;
+  std::int64_t LoadedMs = 0;  // virtual time
   PlayStates State = kStopped;
   std::int64_t PlayedMs = 0;   // before the present start
   std::int64_t StartedMs = 0;  // virtual time of the present start

@@ -184,6 +184,22 @@ TEST(MusicPlayer, TheLengthOfTheLastSongStaysOnShowForTheWholeOfTheFirst) {
   EXPECT_EQ(desk.Text("lblMP3Length"), "0:20");
 }
 
+TEST(MusicPlayer, TheLengthOfASongOnASlowDriveIsShownAsSoonAsItIsKnown) {
+  MusicDesk desk({.Music = {{"a", 10'000}, {"b", 20'000}}});
+  desk.Pc.Song.LengthDelayMs = 450;
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Text("lblMP3Length"), "0:00");
+  desk.Advance(600);
+  EXPECT_EQ(desk.Text("lblMP3Length"), "0:10");
+  desk.Advance(9'400);
+  EXPECT_EQ(desk.Text("lblMP3Length"), "0:00");
+  desk.Advance(600);
+  EXPECT_EQ(desk.Text("lblMP3Length"), "0:20");
+  desk.Advance(25'000);
+  EXPECT_EQ(desk.Text("lblMP3Number"), "1/2");
+  EXPECT_EQ(desk.Text("lblMP3Length"), "0:20");
+}
+
 TEST(MusicPlayer, AListOfOneSongRepeatsItWithTheLengthOfItsFirstPass) {
   MusicDesk desk({.Music = {{"a", 10'000}}});
   desk.Click("cmdPlay");
