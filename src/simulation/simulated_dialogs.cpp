@@ -23,7 +23,9 @@ std::string InOneLine(const std::string& text) {
 void SimulatedDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
   FileDialogs.push_back(dialog);
   Log.Write("open", dialog.Filter);
+  FileDialogStands = true;
   LeaveStanding([this, onChosen = std::move(onChosen)] {
+    FileDialogStands = false;
     Loop.Post([onChosen, result = NextOpenResult()] { onChosen(result); });
   });
 }
@@ -51,6 +53,7 @@ void SimulatedDialogs::Answer(Box& box) {
 
 void SimulatedDialogs::Reset() {
   Open.clear();
+  FileDialogStands = false;
   ForgetAll();
 }
 

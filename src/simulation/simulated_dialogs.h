@@ -36,6 +36,9 @@ class SimulatedDialogs : public Dialogs {
   /// Number of boxes that are open now.
   int OpenBoxCount() const { return static_cast<int>(Open.size()); }
 
+  /// Whether one of them is a file dialog.
+  bool FileDialogIsOpen() const { return FileDialogStands; }
+
   /// Closes all boxes, as the end of the process does.
   void Reset();
 
@@ -69,6 +72,7 @@ class SimulatedDialogs : public Dialogs {
   VirtualLoop& Loop;
   Journal& Log;
   std::list<Box> Open;  // the top one last
+  bool FileDialogStands = false;
 };
 
 }  // namespace marlex

@@ -131,6 +131,11 @@ std::uint32_t SimulatedMixer::SetControlDetails(std::uint32_t handle, std::uint3
                                                 const std::vector<std::uint32_t>& values) {
   const std::optional<Control> control = ControlById(handle, controlId);
   if (!control || values.empty()) return kInvalidParameter;
+  if (RefusesSettings) {
+    MissedSettings.insert({control->Line, control->Type});
+    return kNotSupported;
+  }
+  MissedSettings.erase({control->Line, control->Type});
   if (control->Type == kControlVolume) return SetVolume(*control->Line, values);
   if (control->Type == kControlMute) return SetMute(*control->Line, values);
   return kNotSupported;

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/mixer_functions.h"
@@ -69,6 +70,13 @@ class SimulatedMixer : public MixerFunctions {
   std::set<std::uint32_t> HiddenTypes;      // component types for which GetLineOfType fails
   std::set<std::uint32_t> LostSources;      // numbers of sources for which GetSource fails
   std::set<std::uint32_t> UnreadableTypes;  // control types for which GetControlDetails fails
+  bool RefusesSettings = false;             // SetControlDetails fails and changes nothing
+
+  /// Whether the last setting of a control of this type, on the first line of this component type,
+  /// was refused.
+  bool HasMissed(std::uint32_t componentType, std::uint32_t controlType) const {
+    return MissedSettings.contains({Line(componentType), controlType});
+  }
 
   /// The first line of this component type on the first device. Null when there is none.
   SimulatedLine* Line(std::uint32_t componentType);
@@ -104,6 +112,7 @@ class SimulatedMixer : public MixerFunctions {
 
   Journal& Log;
   std::vector<std::uint32_t> OpenHandles;
+  std::set<std::pair<const SimulatedLine*, std::uint32_t>> MissedSettings;
 };
 
 }  // namespace marlex

@@ -186,6 +186,13 @@ void Desk::PressKeyInList(int keyCode) {
   Pc.Loop.Do([this, keyCode] { Main().lstPlaylist.OnKeyDown(keyCode); });
 }
 
+void Desk::ClickCell(int row, int column) {
+  Pc.Loop.Do([this, row, column] {
+    Main().grdSchedule.SetRow(row);
+    Main().grdSchedule.SetCol(column);
+  });
+}
+
 void Desk::DoubleClickCell(int row, int column) {
   Pc.Loop.Do([this, row, column] {
     Main().grdSchedule.SetRow(row);

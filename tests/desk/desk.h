@@ -83,6 +83,7 @@ class Desk {
   void Select(int entry);  // in the list of songs
   void DoubleClickSong(int entry);
   void PressKeyInList(int keyCode);
+  void ClickCell(int row, int column);
   void DoubleClickCell(int row, int column);
   void CloseMainWindow();
   void Do(const std::function<void()>& action) { Pc.Loop.Do(action); }

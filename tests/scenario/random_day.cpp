@@ -18,10 +18,10 @@ Deed ClickOn(const std::string& control) {
           }};
 }
 
-/// A modal box keeps the operator from opening another one behind it.
+/// Where a file dialog is open already, it is given this answer in the place of its own.
 Deed OpenDialog(const std::string& menu, const std::string& answer) {
   return {"choose \"" + answer + "\" through " + menu, [menu, answer](WatchedDesk& desk) {
-            if (desk.Pc.Dialogs.OpenBoxCount() > 0 || !desk.Shows(menu)) return;
+            if (!desk.Shows(menu)) return;
             desk.Pc.Dialogs.OpenResults = {answer};
             desk.Click(menu);
           }};
@@ -36,7 +36,7 @@ Deed DrawKey(Dice& dice) {
 /// What an operator does who finds the shop silent.
 Deed SetThingsRight(Dice& /*dice*/) {
   return {"open the good list and play", [](WatchedDesk& desk) {
-            if (desk.Pc.Dialogs.OpenBoxCount() > 0 || !desk.Shows("mnuOpen")) return;
+            if (!desk.Shows("mnuOpen")) return;
             desk.Pc.Dialogs.OpenResults = {kGoodPlaylist};
             desk.Click("mnuOpen");
             desk.Click("cmdPlay");
@@ -113,11 +113,13 @@ Deed DrawListHand(Dice& dice) {
   }
 }
 
-/// A cell of any row, but rather one that is marked red.
-Deed DrawDoubleClick(Dice& dice) {
+/// A cell of any row, but rather one that is marked red. A single click moves the table's row and
+/// column alone, also under an announcement.
+Deed DrawTableHand(Dice& dice) {
   const int place = dice.Between(0, 1000);
   const int column = dice.OneIn(4) ? dice.Between(0, Grid::kColumns - 1) : kTimeColumn;
-  const auto doubleClick = [place, column](WatchedDesk& desk) {
+  const bool twice = !dice.OneIn(3);
+  const auto click = [place, column, twice](WatchedDesk& desk) {
     std::vector<int> rows, redRows;
     for (int row = 1; row < desk.Main().grdSchedule.Rows(); ++row) {
       if (desk.Main().grdSchedule.RowHeight(row) == 0) continue;
@@ -126,10 +128,16 @@ Deed DrawDoubleClick(Dice& dice) {
     }
     const std::vector<int>& among = redRows.empty() || place % 4 == 0 ? rows : redRows;
     if (!desk.Main().Visible || among.empty()) return;
-    desk.DoubleClickCell(among[static_cast<std::size_t>(place) % among.size()], column);
+    const int row = among[static_cast<std::size_t>(place) % among.size()];
+    if (twice) {
+      desk.DoubleClickCell(row, column);
+    } else {
+      desk.ClickCell(row, column);
+    }
   };
-  return {"double-click row " + std::to_string(place) + " column " + std::to_string(column),
-          doubleClick};
+  return {(twice ? "double-click row " : "click row ") + std::to_string(place) + " column " +
+              std::to_string(column),
+          click};
 }
 
 Deed DrawBytes(Dice& dice) {
@@ -169,6 +177,7 @@ void HealEverything(WatchedDesk& desk) {
     desk.Pc.Disk.Heal(broken);
   }
   desk.Pc.Serial.Plug();
+  desk.Pc.Mixer.RefusesSettings = false;
 }
 
 /// A fault that somebody takes away after a while, together with all others.
@@ -183,7 +192,10 @@ Deed DrawFault(Dice& dice) {
                   desk.Pc.Loop.Schedule(lengthMs, [&desk] { HealEverything(desk); });
                 }};
   };
-  switch (dice.Between(1, 4)) {
+  switch (dice.Between(1, 5)) {
+    case 5:
+      return fault("refuse all levels and mutes",
+                   [](WatchedDesk& desk) { desk.Pc.Mixer.RefusesSettings = true; });
     case 1:
       return fault("vanish " + path, [path](WatchedDesk& desk) { desk.Pc.Disk.Vanish(path); });
     case 2:
@@ -247,9 +259,9 @@ class Luck {
  private:
   using Draw = Deed (*)(Dice&);
   static inline const std::vector<std::pair<Draw, int>> kKinds{
-      {SetThingsRight, 6}, {DrawKey, 15},      {DrawZoneKey, 5},     {DrawMenu, 9},
-      {DrawFileDialog, 5}, {DrawListHand, 11}, {DrawDoubleClick, 7}, {DrawBytes, 6},
-      {DrawCall, 14},      {DrawFault, 8},     {DrawClock, 5},       {DrawAnswer, 6},
+      {SetThingsRight, 6}, {DrawKey, 15},      {DrawZoneKey, 5},   {DrawMenu, 9},
+      {DrawFileDialog, 5}, {DrawListHand, 11}, {DrawTableHand, 9}, {DrawBytes, 6},
+      {DrawCall, 14},      {DrawFault, 8},     {DrawClock, 5},     {DrawAnswer, 6},
       {DrawEnd, 2}};
 
   Dice& TheDice;
@@ -258,11 +270,12 @@ class Luck {
 
 /// The minutes of a day are lively or calm. Most of what happens in a lively one happens within
 /// seconds of its beginning, when announcements begin.
-std::vector<std::int64_t> DrawTimesMs(Dice& dice, int startSecond) {
-  constexpr int kFirstMs = 3000;
+std::vector<std::int64_t> DrawTimesMs(Dice& dice, int startSecond, std::int64_t lengthMs,
+                                      int calmness) {
+  constexpr std::int64_t kFirstMs = 3000;
   std::vector<std::int64_t> timesMs;
-  for (int minuteMs = 60'000; minuteMs < RandomDay::kLengthMs; minuteMs += 60'000) {
-    if (dice.OneIn(2)) continue;
+  for (std::int64_t minuteMs = 60'000; minuteMs < lengthMs; minuteMs += 60'000) {
+    if (!dice.OneIn(calmness)) continue;
     for (int happenings = dice.Between(1, 9); happenings > 0; --happenings) {
       const std::vector<int> windowsMs{2500, 2500, 15'000, 59'000};
       const int afterMs = dice.Between(-200, dice.Of(windowsMs));
@@ -273,6 +286,13 @@ std::vector<std::int64_t> DrawTimesMs(Dice& dice, int startSecond) {
   return timesMs;
 }
 
+/// What is left out of a day of which only a part is lived.
+Deed SkipTheRestOfTheDay() {
+  constexpr int kDaySeconds = 86'400;
+  return {"the rest of the day goes by",
+          [](WatchedDesk& desk) { desk.Pc.Clock.Jump(kDaySeconds - RandomDay::kLivedMs / 1000); }};
+}
+
 }  // namespace
 
 const std::vector<std::string>& BreakablePaths() {
@@ -281,15 +301,29 @@ const std::vector<std::string>& BreakablePaths() {
   return paths;
 }
 
-RandomDay::RandomDay(std::uint64_t seed) {
+RandomDay::RandomDay(std::uint64_t seed, Span span)
+    : LengthMs(span == Span::Week ? 7 * kLivedMs : kLivedMs) {
   Dice dice(seed);
   Installation = DrawInstallation(dice);
+  if (span == Span::Week) {
+    constexpr int kLastMinutes = 40;  // before midnight
+    Installation.Now[3] = 23;
+    Installation.Now[4] = dice.Between(kLastMinutes, 59);
+  }
   Prepare = DrawFiles(dice, Installation);
   Luck luck(dice);
-  for (const std::int64_t atMs : DrawTimesMs(dice, Installation.Now[5])) {
+  const int calmness = span == Span::Week ? 8 : 2;
+  for (const std::int64_t atMs : DrawTimesMs(dice, Installation.Now[5], LengthMs, calmness)) {
     auto [what, deed] = luck.DrawDeed();
     Happenings.push_back({atMs, what, deed});
   }
+  for (std::int64_t dayMs = kLivedMs; dayMs < LengthMs; dayMs += kLivedMs) {
+    auto [what, deed] = SkipTheRestOfTheDay();
+    Happenings.push_back({dayMs, what, deed});
+  }
+  std::stable_sort(
+      Happenings.begin(), Happenings.end(),
+      [](const Happening& left, const Happening& right) { return left.AtMs < right.AtMs; });
 }
 
 std::string RandomDay::Describe() const {

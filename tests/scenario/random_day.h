@@ -16,15 +16,17 @@ struct Happening {
   std::function<void(WatchedDesk&)> Do;
 };
 
-/// An installation and what happens to it in three quarters of an hour, all drawn from one seed.
-/// What happens is fixed beforehand and does not look at the desk, so that a day may be told again
-/// with some of it left out.
+/// An installation and what happens to it in three quarters of an hour, or, sparsely, in a week,
+/// all drawn from one seed. What happens is fixed beforehand and does not look at the desk, so that
+/// a day may be told again with some of it left out.
 struct RandomDay {
-  explicit RandomDay(std::uint64_t seed);
+  enum class Span { Day, Week };
+  explicit RandomDay(std::uint64_t seed, Span span = Span::Day);
 
-  static constexpr int kLengthMs = 45 * 60'000;
+  static constexpr int kLivedMs = 45 * 60'000;   // of a day
   static constexpr int kLongestMs = 3 * 60'000;  // that a call or a fault lasts
 
+  std::int64_t LengthMs;
   DeskOptions Installation;
   std::function<void(SimulatedPc&)> Prepare;  // files beside those of the options
   std::vector<Happening> Happenings;          // in the order of their times

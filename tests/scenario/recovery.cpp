@@ -47,6 +47,7 @@ void Recovery::Heal() {
     TheDesk.Pc.Disk.Heal(path);
   }
   TheDesk.Pc.Serial.Plug();
+  TheDesk.Pc.Mixer.RefusesSettings = false;
   TheDesk.Advance(1000);
 }
 
@@ -79,18 +80,33 @@ void Recovery::EndWaits() {
   WatchedDesk::Require(TheDesk.Pc.Dialogs.OpenBoxCount() == 0, "A box does not close");
 }
 
-/// The clock of a playlist's window would have a hand in what follows: the operator opens another
-/// list.
 void Recovery::StopAndPlay() {
   TheDesk.Click("cmdStop");
   if (!TheDesk.Enabled("cmdPlay") && TheDesk.Main().lstPlaylist.ListCount() > 0) TheDesk.Select(0);
   TheDesk.Click("cmdPlay");
-  if (TheDesk.Pc.Song.PlayState() != kPlaying || TheDesk.Values().MusicScheduled) {
-    TheDesk.Pc.Dialogs.OpenResults = {kGoodPlaylist};
-    TheDesk.Click("mnuOpen");
-    TheDesk.Click("cmdPlay");
-  }
+  if (TheDesk.Pc.Song.PlayState() != kPlaying) OpenGoodList();
   WatchedDesk::Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music does not play");
+}
+
+void Recovery::OpenGoodList() {
+  TheDesk.Pc.Dialogs.OpenResults = {kGoodPlaylist};
+  TheDesk.Click("mnuOpen");
+  TheDesk.Click("cmdPlay");
+}
+
+/// Whether the music's clock may have a hand in the announcement of this row: it stops only what it
+/// has started, from its stop time on.
+bool Recovery::ClockMayStopBy(const DueRow& row) {
+  constexpr int kLongestAnnouncementMinutes = 10;
+  const Flags& flags = TheDesk.State();
+  const Settings& settings = TheDesk.Values();
+  if (!flags.MusicStartedBySchedule || flags.MusicStopOverridden) return false;
+  if (settings.MusicStartTime.empty()) return false;
+  const LocalTime now = TheDesk.Pc.Clock.Now();
+  const int over = std::stoi(row.Time.substr(0, 2)) * 60 + std::stoi(row.Time.substr(3)) +
+                   kLongestAnnouncementMinutes;
+  const bool today = row.Time > MinuteText(now) && over < 24 * 60;
+  return !today || MinuteText({.Hour = over / 60, .Minute = over % 60}) >= settings.MusicStopTime;
 }
 
 /// Runs to ten seconds before a row that nothing keeps from firing.
@@ -115,6 +131,7 @@ Recovery::DueRow Recovery::AwaitRow() {
     }
     if (!row) row = NextRow("");  // tomorrow's first
     WatchedDesk::Require(row.has_value(), "The good schedule has no row");
+    if (ClockMayStopBy(*row)) OpenGoodList();
     const int hour = std::stoi(row->Time.substr(0, 2));
     const int minute = std::stoi(row->Time.substr(3));
     TheDesk.RunTo(minute == 0 ? (hour + 23) % 24 : hour, (minute + 59) % 60, kReadySecond);

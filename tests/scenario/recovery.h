@@ -29,7 +29,8 @@ class Recovery {
   void RunProgram();
   void EndWaits();
   void StopAndPlay();
-  void OpenGoodFiles();
+  void OpenGoodList();
+  bool ClockMayStopBy(const DueRow& row);
   DueRow AwaitRow();
   std::optional<DueRow> NextRow(const std::string& after);
   DueRow RowAt(int row);

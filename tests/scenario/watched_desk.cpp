@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "state/week_time.h"
+
 namespace marlex {
 namespace {
 
@@ -37,6 +39,8 @@ void WatchedDesk::Arm() {
   Before = {};
   Before.Bytes = Pc.Serial.Sent().size();
   MasterHasSounded = ZonesLeftByTakeover = SongPressed = false;
+  TickBegunInWaits.reset();
+  WavReportedAtMs.reset();
   // Where the word for closing is no command, a takeover leaves the message running.
   Sys->Strings.AddBlock(2000, {{600, "Chiudi"}});
   Main().grdSchedule.Watcher = [this] { TableChanged = true; };
@@ -55,8 +59,11 @@ void WatchedDesk::Check() {
     CheckMessages();
     CheckPriority();
     CheckMixer();
-    CheckTable();
     CheckFiringRow();
+    CheckDueRow();
+    CheckTable();
+    CheckMusicClock();
+    CheckMessageGoesOn();
     if (AtRest()) CheckRest();
   }
   NoteCorners();
@@ -81,6 +88,8 @@ void WatchedDesk::NoteCorners() {
   note(flags.MusicStartedBySchedule, "music started by the clock");
   note(flags.MusicStoppedBySchedule, "music stopped by the clock");
   note(flags.CurrentMinute == "00:00", "midnight");
+  note(Pc.Mixer.RefusesSettings && flags.FadeRunning, "a fade on a card that refuses");
+  note(Pc.Dialogs.FileDialogIsOpen() && flags.MessagePlaying, "a file dialog over a message");
 }
 
 void WatchedDesk::Remember() {
@@ -92,6 +101,15 @@ void WatchedDesk::Remember() {
   Before.Lines = Pc.Journal.Lines().size();
   Before.Fading = State().FadeRunning;
   Before.TickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
+  Before.PriorityClear = State().PriorityClear;
+  Before.StoppedByUser = State().MusicStoppedByUser;
+  Before.Overridden = State().MusicStopOverridden;
+  Before.StartedBySchedule = State().MusicStartedBySchedule;
+  Before.StoppedBySchedule = State().MusicStoppedBySchedule;
+  Before.WaitCount = Pc.Loop.Waits();
+  Before.Weekday = Pc.Clock.Now().Weekday;
+  Before.LastMinute = Sys->Tick.LastMinute;
+  Before.Playlist = ReadWindow();
   if (Main().Loaded() && !MuteCheck(0)) MasterHasSounded = true;
   if (!Main().Loaded()) return;
   if (ZonesLeftByTakeover) ZonesLeftByTakeover = !MusicZonesAreLit();
@@ -161,14 +179,20 @@ void WatchedDesk::CheckMixer() {
           "A fade and its timer differ");
 }
 
+/// A card that has refused a setting stands where it stood until the next one.
 bool WatchedDesk::LevelsAgree(int line, std::uint32_t componentType) {
-  return static_cast<int>(Pc.Mixer.Level(componentType)) == FrmMxr::kSilent - Slider(line) &&
-         Pc.Mixer.Muted(componentType) == MuteCheck(line);
+  const SimulatedMixer& card = Pc.Mixer;
+  const int level = static_cast<int>(card.Level(componentType));
+  return (level == FrmMxr::kSilent - Slider(line) ||
+          card.HasMissed(componentType, kControlVolume)) &&
+         (card.Muted(componentType) == MuteCheck(line) ||
+          card.HasMissed(componentType, kControlMute));
 }
 
 void WatchedDesk::CheckTable() {
   if (!TableChanged) return;
   TableChanged = false;
+  Before.Table = ReadTable();
   const Grid& table = Main().grdSchedule;
   for (int column = 0; column < Grid::kColumns; ++column)
     Require(CellColor(0, column) == kWhite, "The heading is painted");
@@ -187,6 +211,101 @@ void WatchedDesk::CheckFiringRow() {
   Require(table.RowHeight(row) != 0, "A removed row fires");
   Require(Cell(row, kTimeColumn).substr(0, 5) == State().CurrentMinute,
           "A row of another minute fires");
+}
+
+std::vector<WatchedDesk::TableRow> WatchedDesk::ReadTable() {
+  const Grid& table = Main().grdSchedule;
+  std::vector<TableRow> rows;
+  for (int row = 1; row < table.Rows(); ++row) {
+    rows.push_back({table.TextMatrix(row, kTimeColumn).substr(0, 5),
+                    table.TextMatrix(row, kDaysColumn), table.RowHeight(row) == 0});
+  }
+  return rows;
+}
+
+/// Number of the row that the minute of the tick makes due on that day, 0 for none: the first one
+/// that is not removed, when its mask, without the sixth character, has the day on.
+int WatchedDesk::RowDueIn(const std::vector<TableRow>& table, int weekday) {
+  for (std::size_t row = 0; row < table.size(); ++row) {
+    if (table[row].Removed || table[row].Minute != Sys->Tick.LastMinute) continue;
+    std::string days = table[row].Days;
+    if (days.size() > 5) days.erase(5, 1);
+    const auto place = static_cast<std::size_t>(weekday - 1);
+    const bool off = place < days.size() && days[place] == '0';
+    return off ? 0 : static_cast<int>(row) + 1;
+  }
+  return 0;
+}
+
+/// The event that is looked at may have come behind the search, and changed table or date: one of
+/// the two states around it must agree.
+bool WatchedDesk::IsDue(int row) {
+  const std::vector<TableRow> table = ReadTable();
+  const int weekday = Pc.Clock.Now().Weekday;
+  return row == RowDueIn(table, weekday) || row == RowDueIn(table, Before.Weekday) ||
+         row == RowDueIn(Before.Table, weekday) || row == RowDueIn(Before.Table, Before.Weekday);
+}
+
+/// A minute that the tick accepts has its row fire, or has none. The row is sought behind the fade
+/// of the music's stop; another minute that comes in this fade takes the place of the first.
+void WatchedDesk::CheckDueRow() {
+  if (Sys->Tick.LastMinute != Before.LastMinute) {
+    TickBegunInWaits.reset();
+    if (Before.PriorityClear) TickBegunInWaits = Before.WaitCount;
+  }
+  if (!TickBegunInWaits) return;
+  if (!Sys->TheFrmPlayers.tmrMessage.Enabled) {
+    Require(IsDue(Sys->Tick.ScheduleRow), "Another row fires than the one that is due");
+    ++Corners["a row that fires"];
+  } else if (Pc.Loop.Waits() <= *TickBegunInWaits) {
+    Require(IsDue(0), "A row that is due does not fire");
+  } else {
+    return;
+  }
+  TickBegunInWaits.reset();
+}
+
+WatchedDesk::Window WatchedDesk::ReadWindow() {
+  const Settings& settings = Values();
+  return {settings.MusicScheduled, settings.MusicStartTime, settings.MusicStopTime,
+          settings.MusicWeekDays};
+}
+
+bool WatchedDesk::OpensTheMusic(const Window& window) {
+  const std::string& minute = Sys->Tick.LastMinute;
+  const bool on =
+      DayIsOn(window.WeekDays, Pc.Clock.Now().Weekday) || DayIsOn(window.WeekDays, Before.Weekday);
+  return window.Scheduled && on && minute >= window.StartTime && minute < window.StopTime;
+}
+
+/// The clock starts music in a minute of its window alone, and never where the stop key or a call
+/// bars it; an override lasts as long as the program.
+void WatchedDesk::CheckMusicClock() {
+  const Flags& flags = State();
+  Require(flags.MusicStopOverridden || !Before.Overridden, "An override is taken back");
+  if (flags.MusicStartedBySchedule && !Before.StartedBySchedule) {
+    Require(Sys->Tick.LastMinute != Before.LastMinute,
+            "The clock starts music between two minutes");
+    Require(OpensTheMusic(ReadWindow()) || OpensTheMusic(Before.Playlist),
+            "The clock starts music outside its window");
+    Require(Before.PriorityClear && !Before.StoppedByUser, "The clock starts music that is barred");
+    ++Corners["a start by the clock"];
+  }
+  if (flags.MusicStoppedBySchedule && !Before.StoppedBySchedule) {
+    Require(!Before.Overridden, "The clock stops music though the operator has overridden it");
+    Require(Before.StartedBySchedule, "The clock stops music that it has not started");
+  }
+}
+
+/// Where the player has reported the end of a message, the next one begins or the sequence ends at
+/// once, whatever box or dialog is open. A call that takes over plays a chime of its own meanwhile.
+void WatchedDesk::CheckMessageGoesOn() {
+  if (!State().MessagePlaying || !State().WavFinished || State().CallActive) {
+    WavReportedAtMs.reset();
+    return;
+  }
+  if (!WavReportedAtMs) WavReportedAtMs = NowMs();
+  Require(NowMs() == *WavReportedAtMs, "A message has ended, and its sequence stands still");
 }
 
 void WatchedDesk::CheckWaits() {

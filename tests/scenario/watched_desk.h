@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "desk/desk.h"
 
@@ -46,6 +48,9 @@ class WatchedDesk : public Desk {
   void CheckMixer();
   void CheckTable();
   void CheckFiringRow();
+  void CheckDueRow();
+  void CheckMusicClock();
+  void CheckMessageGoesOn();
   void CheckWaits();
   void CheckRest();
   void CheckZonesAtRest();
@@ -53,6 +58,24 @@ class WatchedDesk : public Desk {
   bool LevelsAgree(int line, std::uint32_t componentType);
   bool MusicZonesAreLit();
   void Remember();
+
+  /// What the tick reads of a row of the table.
+  struct TableRow {
+    std::string Minute;
+    std::string Days;
+    bool Removed = false;
+  };
+  std::vector<TableRow> ReadTable();
+  int RowDueIn(const std::vector<TableRow>& table, int weekday);
+  bool IsDue(int row);
+
+  /// The window of the playlist.
+  struct Window {
+    bool Scheduled = false;
+    std::string StartTime, StopTime, WeekDays;
+  };
+  Window ReadWindow();
+  bool OpensTheMusic(const Window& window);
 
   // How it stood after the last event.
   struct {
@@ -64,7 +87,19 @@ class WatchedDesk : public Desk {
     bool Fading = false;
     bool Playing = false;
     bool TickOn = false;
+    bool PriorityClear = true;
+    bool StoppedByUser = false;
+    bool Overridden = false;
+    bool StartedBySchedule = false;
+    bool StoppedBySchedule = false;
+    int WaitCount = 0;
+    int Weekday = 0;
+    std::string LastMinute;
+    std::vector<TableRow> Table;
+    Window Playlist;
   } Before;
+  std::optional<int> TickBegunInWaits;  // a minute whose row is yet to be sought
+  std::optional<std::int64_t> WavReportedAtMs;
   bool MasterHasSounded = false;     // since the start of the program
   bool ZonesLeftByTakeover = false;  // an announcement began under a takeover and left its zones
   bool TableChanged = false;
