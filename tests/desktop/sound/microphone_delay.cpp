@@ -50,7 +50,11 @@ std::vector<double> MicrophoneDelay::Measure(int words) {
   Recording mouth("mouth");
   Recording desk("desk");
   Engine.Microphone().SetMute(false);
-  Loop.Within(1500ms, [] { return false; });  // both ends find each other
+  Loop.Within(1500ms, [&] {  // both ends find each other
+    mouth.Sound();
+    desk.Sound();
+    return false;
+  });
   const std::string file = Words(words);
   FILE* const speaker = popen(("paplay -d mouth --latency-msec=20 '" + file + "'").c_str(), "r");
   const auto count = std::size_t(words);
