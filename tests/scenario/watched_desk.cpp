@@ -1,6 +1,8 @@
 #include "scenario/watched_desk.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cstdlib>
 
 #include "state/week_time.h"
 
@@ -15,6 +17,15 @@ constexpr int kMostBoxes = 12;
 /// Failures that an operator can bring about by what he chooses.
 bool IsOperatorsFault(const std::string& failure) {
   return failure == "No message schedule was found in the selection";
+}
+
+/// Since 1970, of the wall clock.
+std::int64_t SecondsOf(const LocalTime& time) {
+  using namespace std::chrono;
+  const sys_days day(year_month_day(year(time.Year), month(static_cast<unsigned>(time.Month)),
+                                    std::chrono::day(static_cast<unsigned>(time.Day))));
+  return sys_seconds(day).time_since_epoch().count() + time.Hour * 3600 + time.Minute * 60 +
+         time.Second;
 }
 
 }  // namespace
@@ -60,6 +71,7 @@ void WatchedDesk::Check() {
     CheckPriority();
     CheckMixer();
     CheckFiringRow();
+    CheckMinute();
     CheckDueRow();
     CheckTable();
     CheckMusicClock();
@@ -211,6 +223,23 @@ void WatchedDesk::CheckFiringRow() {
   Require(table.RowHeight(row) != 0, "A removed row fires");
   Require(Cell(row, kTimeColumn).substr(0, 5) == State().CurrentMinute,
           "A row of another minute fires");
+}
+
+/// A tick that is on takes up each minute within a second of its beginning.
+void WatchedDesk::CheckMinute() {
+  constexpr int kPositionTimerMs = 100;  // the longest that nothing happens on a running machine
+  constexpr int kTickMs = 1000;
+  const LocalTime now = Pc.Clock.Now();
+  const std::int64_t aheadS = SecondsOf(now) - NowMs() / 1000;
+  const bool jumped = std::abs(aheadS - ClockAheadS) > 1;
+  const bool stoodStill = NowMs() - CheckedAtMs > kPositionTimerMs;
+  const bool tickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
+  if (!tickOn || jumped || stoodStill) SteadySinceMs = NowMs();
+  if (NowMs() - SteadySinceMs > kTickMs && now.Second > 1) {
+    Require(Sys->Tick.LastMinute == MinuteText(now), "The tick misses a minute");
+  }
+  CheckedAtMs = NowMs();
+  ClockAheadS = aheadS;
 }
 
 std::vector<WatchedDesk::TableRow> WatchedDesk::ReadTable() {

@@ -48,6 +48,7 @@ class WatchedDesk : public Desk {
   void CheckMixer();
   void CheckTable();
   void CheckFiringRow();
+  void CheckMinute();
   void CheckDueRow();
   void CheckMusicClock();
   void CheckMessageGoesOn();
@@ -98,6 +99,9 @@ class WatchedDesk : public Desk {
     std::vector<TableRow> Table;
     Window Playlist;
   } Before;
+  std::int64_t SteadySinceMs = 0;  // the tick is on, and neither clock nor machine jumped
+  std::int64_t CheckedAtMs = 0;
+  std::int64_t ClockAheadS = 0;         // of the virtual time, whose zero does not matter
   std::optional<int> TickBegunInWaits;  // a minute whose row is yet to be sought
   std::optional<std::int64_t> WavReportedAtMs;
   bool MasterHasSounded = false;     // since the start of the program
