@@ -63,6 +63,7 @@ TEST(Weekdays, WhileAConflictIsPendingTheViewOfTheDayReadsSaturdayFromSundaysPla
   EXPECT_EQ(DaysOfPlaying("1234560", false, true), "1234500");
   EXPECT_EQ(DaysOfPlaying("1234507", false, true), "1234507");
   EXPECT_EQ(DaysOfPlaying("1234500", false, true), "1234500");
+  EXPECT_EQ(DaysOfPlaying("0000000", false, true), "0000000");
 }
 
 TEST(Weekdays, WithTheLastConflictGoneTheMasksOfTheDayAreEmptiedAndSaturdayPlaysAgain) {
