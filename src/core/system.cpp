@@ -30,6 +30,8 @@ System::System(const Pc& pc)
                TheFades, Music, Wavs),
       Tick(TheFlags, pc.Clock, TheWindows.frmMain, TheFrmPlayers, MusicClock, Table, Wavs,
            Playback),
+      Call(TheFlags, Store, pc.Loop, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Routing,
+           TheFades, Music, Strings),
       TheMainWindow(ThePc, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings, Columns,
                     Playlist, Sequences, Routing, TheNotices),
       Loader(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Strings,

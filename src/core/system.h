@@ -1,5 +1,6 @@
 #pragma once
 
+#include "call/call_sequence.h"
 #include "core/main_window.h"
 #include "core/settings_loader.h"
 #include "core/start_up.h"
@@ -63,6 +64,7 @@ class System {
   MessageWavs Wavs;
   MessagePlayback Playback;
   ScheduleTick Tick;
+  CallSequence Call;
   MainWindow TheMainWindow;
   SettingsLoader Loader;
 

@@ -48,6 +48,8 @@ enum StringId : int {
   kStrAllDays = 182,
   kStrDoubleClickToPlay = 190,
   kStrCall = 260,
+  kStrWait = 262,
+  kStrSpeak = 263,
   kStrSurfTo = 570,
   kStrNearestContact = 580,
   kStrClose = 600,

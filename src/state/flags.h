@@ -19,6 +19,8 @@ struct Flags {
   bool FadeRunning = false;  // a fade is in progress; set by the fades, cleared also by a takeover
   bool CallEndedDuringFade =
       false;  // the call key was released in the fade; set and cleared by the call
+  bool CallEndedDuringChime =
+      false;  // it was released before a WAV had ended; set and cleared by the call
   bool WavFinished =
       false;  // the wave player reported the end of a file; cleared by whoever plays one
 

@@ -55,6 +55,8 @@ void Desk::LayOut(const DeskOptions& options) {
     Pc.Disk.AddWav("/messages/" + wav.Name + ".wav", wav.LengthMs);
   }
   std::string ini = Installation(options) + Volumes(options);
+  ini += "[Chime selection]\r\n" + Line("PreChime", options.PreChime) +
+         Line("PostChime", options.PostChime);
   ini += "[Playlist]\r\n" + Line("Current List", options.Music.empty() ? "" : kPlaylist);
   std::string files;
   for (const Sequence& sequence : options.Sequences)

@@ -51,6 +51,8 @@ struct DeskOptions {
   std::string WeekDays = "";
   std::string Autostart = "";
   std::string LastSong = "";
+  std::string PreChime = "";
+  std::string PostChime = "";
   std::vector<int> Now = {2024, 1, 1, 12, 0, 30};  // a Monday
 };
 

@@ -20,7 +20,7 @@ const std::vector<std::vector<std::string>> kFloors = {{"platform"},
                                                        {"mixer"},
                                                        {"link"},
                                                        {"music"},
-                                                       {"schedule"},
+                                                       {"schedule", "call"},
                                                        {"core"},
                                                        {"simulation", "desktop"},
                                                        {"app"}};

@@ -1,0 +1,225 @@
+#include "call/call_sequence.h"
+
+namespace marlex {
+
+CallSequence::CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
+                           FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
+                           ZoneRouting& routing, Fades& fades, MusicPlayer& music,
+                           const StringTable& strings)
+    : TheFlags(flags),
+      Store(store),
+      Loop(loop),
+      TheFrmMain(frmMain),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer),
+      Routing(routing),
+      TheFades(fades),
+      Music(music),
+      Strings(strings) {
+  for (CommandButton* key : {&frmMain.cmdCall, &frmMain.cmdCall2}) {
+    key->OnMouseDown = [this](MouseButton button) {
+      if (button == MouseButton::Left) StartCall();
+    };
+    key->OnMouseUp = [this](MouseButton button) {
+      if (button == MouseButton::Left) EndCall();
+    };
+  }
+  frmPlayers.tmrFlash.OnTimer = [this] { FlashLamps(); };
+}
+
+void CallSequence::StartCall() {
+  if (TheFlags.CallActive || TheFlags.PriorityPreempted || !TheFlags.PriorityClear) return;
+  CutMessagesOff();
+  const bool released = !TheFlags.CallActive && !TheFlags.PriorityPreempted;
+  if (released) {
+    if (!Store.Values.PreChime.empty()) TheFlags.CallEndedDuringChime = false;
+    return;
+  }
+  if (MusicState() == kPlaying && !ClearMusic()) return;
+  if (TheFlags.PriorityPreempted) return;
+  RouteCall();
+  if (!PlayPreChime()) return;
+  OpenMicrophone();
+}
+
+/// A call goes before messages: one that plays is cut off, and the runner of the messages gets the
+/// time to see it and leave.
+void CallSequence::CutMessagesOff() {
+  TheFrmPlayers.WavPlayer.Command("Close");
+  TheFrmPlayers.lstMsgSequence.Clear();
+  TheFrmPlayers.tmrMessage.Enabled = false;
+  TheFlags.CallActive = true;
+  PreChimeStarted = false;
+  Loop.Pump();
+  Loop.Pump();
+}
+
+/// Fades the music and pauses it. False when the release or the amplifier has ended the call in the
+/// fade.
+bool CallSequence::ClearMusic() {
+  if (TheFlags.MessagePlaying) {
+    TheFlags.MessagePlaying = false;
+  } else if (Store.Values.FadeTime > 0) {
+    TheFrmPlayers.tmrFlash.Enabled = true;
+    SetCaptions(kStrWait);
+    TheFades.FadeDown();
+    if (TheFlags.PriorityPreempted) return false;
+    if (TheFlags.CallEndedDuringFade) {
+      TheFlags.CallEndedDuringFade = false;
+      TheFrmPlayers.tmrMessage.Enabled = true;
+      TheFlags.CallActive = false;
+      return false;
+    }
+  }
+  if (MusicState() == kPlaying) TheFrmPlayers.MP3Player.Pause();
+  return true;
+}
+
+void CallSequence::RouteCall() {
+  if (!Store.Values.RouterPresent) return;
+  if (TheFlags.AmplifierStatus != 0) TheFrmPlayers.SendReleaseByte();
+  Routing.ShowCallZones();
+}
+
+/// False when the release or the amplifier has ended the call meanwhile. A release that an earlier
+/// call without a pre-chime has left in its flag counts as well. This is meant.
+bool CallSequence::PlayPreChime() {
+  if (Store.Values.PreChime.empty()) return true;
+  TheFrmPlayers.tmrFlash.Enabled = true;
+  SetCaptions(kStrWait);
+  PreChimeStarted = true;
+  PlayChime(Store.Values.PreChime);
+  if (TheFlags.CallEndedDuringChime) {
+    TheFlags.CallEndedDuringChime = false;
+    TheFlags.CallActive = false;
+    return false;
+  }
+  if (TheFlags.PriorityPreempted) {
+    TheFrmMain.cmdCall.Caption = Strings.LoadString(kStrCall);
+    TheFrmPlayers.tmrFlash.Enabled = false;
+    return false;
+  }
+  PaintLamps(kDarkGreen);
+  return true;
+}
+
+/// The microphone reaches the output through the sound card's mixer.
+void CallSequence::OpenMicrophone() {
+  TheFrmPlayers.tmrFlash.Enabled = false;
+  PaintLamps(kGreen);
+  SetCaptions(kStrSpeak);
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
+  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kOpen;
+}
+
+void CallSequence::EndCall() {
+  if (!TheFlags.CallActive) return;
+  SetCaptions(kStrWait);
+  if (TheFlags.FadeRunning) {
+    EndInFade();
+    return;
+  }
+  if (!TheFlags.WavFinished) TheFlags.CallEndedDuringChime = true;
+  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+  // A pre-chime that has begun always plays to its end.
+  if (PreChimeStarted) Loop.PumpUntil([this] { return TheFlags.WavFinished; });
+  PlayPostChime();
+  SetCaptions(kStrCall);
+  if (!RestoreRouting()) return;
+  PaintLamps(kButtonFace);
+  RestoreMusic();
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  TheFlags.CallActive = false;
+  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFrmMain.cmdPlay.Enabled = true;
+  TheFrmMain.cmdSkip.Enabled = true;
+  TheFrmMain.cmdStop.Enabled = true;
+}
+
+/// The fade of the press turns round; the press ends the call when its wait is over.
+void CallSequence::EndInFade() {
+  TheFlags.CallEndedDuringFade = true;
+  TheFades.FadeUp();
+  SetCaptions(kStrCall);
+  TheFrmPlayers.tmrFlash.Enabled = false;
+  TheFrmPlayers.tmrMessage.Enabled = true;
+  PaintLamps(kButtonFace);
+}
+
+void CallSequence::PlayPostChime() {
+  if (TheFlags.CallEndedDuringChime || Store.Values.PostChime.empty()) return;
+  TheFrmPlayers.tmrFlash.Enabled = true;
+  PlayChime(Store.Values.PostChime);
+  PaintLamps(kButtonFace);
+  TheFrmPlayers.tmrFlash.Enabled = false;
+}
+
+/// False when the amplifier has taken over, to which the outputs then belong. Over music that the
+/// call has paused it is the release that goes out. This is meant.
+bool CallSequence::RestoreRouting() {
+  if (!Store.Values.RouterPresent) return true;
+  if (TheFlags.PriorityPreempted) {
+    TheFrmPlayers.tmrMessage.Enabled = true;
+    return false;
+  }
+  Routing.ApplyMusicRouting();
+  if (MusicState() == kPlaying) {
+    Routing.RequestRouting();
+  } else {
+    TheFrmPlayers.SendReleaseByte();
+  }
+  return true;
+}
+
+void CallSequence::RestoreMusic() {
+  const bool resumed = MusicState() != kStopped;
+  if (resumed) Music.PlaySong();
+  if (resumed && Store.Values.FadeTime > 0) {
+    TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = FrmMxr::kSilent;
+    TheFades.FadeUp();
+  } else {
+    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MusicVolume;
+  }
+}
+
+/// The chime has the line alone. Returns when it has ended, or when the release or the amplifier
+/// has ended the call.
+void CallSequence::PlayChime(const std::string& chime) {
+  WavePlayer& player = TheFrmPlayers.WavPlayer;
+  player.FileName = Store.Values.MessageDirectory + chime + ".wav";
+  player.Command("Close");
+  player.Command("Open");
+  TheFlags.WavFinished = false;
+  player.Command("Play");
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MessageVolume;
+  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+  Loop.PumpUntil([this] {
+    return TheFlags.WavFinished || TheFlags.CallEndedDuringChime || TheFlags.PriorityPreempted;
+  });
+  if (TheFlags.CallEndedDuringChime) {
+    TheFrmPlayers.tmrFlash.Enabled = false;
+    PaintLamps(kButtonFace);
+  } else if (!TheFlags.PriorityPreempted) {
+    TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
+  }
+}
+
+void CallSequence::SetCaptions(StringId caption) {
+  TheFrmMain.cmdCall.Caption = Strings.LoadString(caption);
+  TheFrmMain.cmdCall2.Caption = Strings.LoadString(caption);
+}
+
+void CallSequence::PaintLamps(Color color) {
+  TheFrmMain.lblBusy[0].BackColor = color;
+  TheFrmMain.lblBusy[1].BackColor = color;
+}
+
+void CallSequence::FlashLamps() {
+  PaintLamps(TheFrmMain.lblBusy[0].BackColor == kGreen ? kButtonFace : kGreen);
+}
+
+}  // namespace marlex

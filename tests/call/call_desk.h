@@ -1,0 +1,71 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "desk/desk.h"
+
+namespace marlex {
+
+/// A desk with chimes of 1000 and 800 ms, with or without music, whose journal begins when the
+/// operator is about to press. Its rows of the schedule, if any, begin at 12:01.
+class CallDesk : public Desk {
+ public:
+  enum class Music { Plays, IsSilent };
+
+  explicit CallDesk(DeskOptions options = Chimes(), Music music = Music::Plays)
+      : Desk(WithMedia(std::move(options))) {
+    if (music == Music::Plays) Click("cmdPlay");
+    Advance(1000);
+    Pc.Loop.AfterEvent = [this] {
+      if (!MuteCheck(Sys->Mixer.MicLine)) MicrophoneOpened = true;
+    };
+    Pc.Journal.Clear();
+    StartMs = Pc.Loop.NowMs();
+  }
+  ~CallDesk() { Pc.Loop.AfterEvent = nullptr; }
+
+  static DeskOptions Chimes() { return {.PreChime = "chime", .PostChime = "gong"}; }
+
+  void AdvanceTo(int journalMs) {
+    Advance(static_cast<int>(StartMs + journalMs - Pc.Loop.NowMs()));
+  }
+  void PressAt(int journalMs) {
+    AdvanceTo(journalMs);
+    Press("cmdCall");
+  }
+  void ReleaseAt(int journalMs) {
+    AdvanceTo(journalMs);
+    Release("cmdCall");
+  }
+
+  /// "Speak, lamps green", and ", speaks" while the microphone is open.
+  std::string Station() {
+    const Color lamp = Main().lblBusy[0].BackColor;
+    const std::string color = lamp == kGreen ? "green" : lamp == kDarkGreen ? "dark green" : "off";
+    return Text("cmdCall") + ", lamps " + color + (Speaks() ? ", speaks" : "");
+  }
+  bool Speaks() { return !MuteCheck(Sys->Mixer.MicLine) && !MuteCheck(0); }
+
+  /// Those of the tick and the transport keys that are on.
+  std::string Alive() {
+    std::string names = Sys->TheFrmPlayers.tmrMessage.Enabled ? "tick" : "";
+    for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"}) {
+      if (Enabled(key)) names += (names.empty() ? "" : " ") + std::string(key);
+    }
+    return names;
+  }
+
+  bool MicrophoneOpened = false;  // at any moment since the start
+
+ private:
+  static DeskOptions WithMedia(DeskOptions options) {
+    options.Music = {{"march"}, {"waltz"}};
+    options.Messages = {{"welcome", 3000}, {"closing", 2000}, {"chime", 1000}, {"gong", 800}};
+    return options;
+  }
+
+  std::int64_t StartMs = 0;
+};
+
+}  // namespace marlex

@@ -1,0 +1,217 @@
+// A call and what may come over it or lie under it: messages, takeovers, clicks.
+
+#include <gtest/gtest.h>
+
+#include "call/call_desk.h"
+
+namespace marlex {
+namespace {
+
+constexpr auto kSilent = CallDesk::Music::IsSilent;
+constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
+
+/// A desk one second before a row of two messages into zone 3; the call goes into zone 4.
+DeskOptions WithRow(const std::string& timer = "Exact") {
+  DeskOptions options = CallDesk::Chimes();
+  options.CallRouting = "000100";
+  options.Sequences = {{.Messages = "welcome,closing", .Zones = "003000", .Timer = timer}};
+  options.Now = {2024, 1, 1, 12, 0, 55};
+  return options;
+}
+
+/// Lets the tick see the row, and a fade pass if there is music.
+void ReachRow(CallDesk& desk) { desk.RunTo(12, 1, 2); }
+
+TEST(CallMeetsMessage, ThatPlaysOverMusicItIsCutOffAndTheMusicComesBackWithTheCallsEnd) {
+  CallDesk desk(WithRow());
+  ReachRow(desk);
+  ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  desk.Pc.Journal.Clear();
+  desk.Press("cmdCall");
+  EXPECT_EQ(desk.Heard(), "wav chime.wav at 10000");
+  desk.Advance(2000);
+  EXPECT_TRUE(desk.Speaks());
+  desk.Release("cmdCall");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal(),
+            "0 wav stop welcome.wav\n"
+            "0 wav play chime.wav\n"
+            "200 send 72\n"
+            "1000 wav end chime.wav\n"
+            "1000 wav refuse \n"  // the runner goes over what is left of its list
+            "2000 wav play gong.wav\n"
+            "2800 wav end gong.wav\n"
+            "2800 send 0\n"
+            "2800 song resume march.mp3\n");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+  for (int zone = 0; zone < kZones; ++zone) EXPECT_TRUE(desk.Main().cmdMusicZones[zone].Enabled);
+}
+
+TEST(CallMeetsMessage, ThatPlaysWithoutMusicItIsCutOffForGood) {
+  CallDesk desk(WithRow(), kSilent);
+  ReachRow(desk);
+  ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  desk.Press("cmdCall");
+  desk.Advance(2000);
+  EXPECT_TRUE(desk.Speaks());
+  desk.Release("cmdCall");
+  desk.Advance(30'000);
+  EXPECT_EQ(desk.Journal().find("closing"), std::string::npos);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_FALSE(desk.State().MessagePlaying);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
+TEST(CallMeetsMessage, InTheFadeOfASequenceTheSequenceGivesWayAndTheCallRestores) {
+  CallDesk desk(WithRow());
+  while (!desk.State().FadeRunning) desk.Advance(1);
+  desk.Advance(100);
+  desk.Pc.Journal.Clear();
+  desk.Press("cmdCall");
+  desk.Advance(3000);
+  EXPECT_TRUE(desk.Speaks());
+  desk.Release("cmdCall");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal().find("welcome"), std::string::npos);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
+TEST(CallMeetsMessage, ARowThatFallsIntoACallIsLost) {
+  CallDesk desk(WithRow());
+  desk.Press("cmdCall");
+  desk.RunTo(12, 2, 0);
+  desk.Release("cmdCall");
+  desk.Advance(120'000);
+  EXPECT_EQ(desk.Journal().find("welcome"), std::string::npos);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
+TEST(CallMeetsMessage, AMessageThatWaitsForTheSongsEndIsDroppedAndTheBreakPlaysNothing) {
+  CallDesk desk(WithRow("Between"));
+  ReachRow(desk);
+  ASSERT_TRUE(desk.State().MessageAwaitingSongEnd);
+  desk.Press("cmdCall");
+  desk.Advance(3000);
+  EXPECT_TRUE(desk.Speaks());
+  desk.Release("cmdCall");
+  desk.Advance(3000);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  desk.Advance(300'000);
+  EXPECT_EQ(desk.Journal().find("welcome"), std::string::npos);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
+struct Takeover {
+  const char* During;
+  int AtMs;
+};
+
+/// Press at 0, fade to 529, chime to 1529, speech to 5000, second chime to 5800, fade up.
+constexpr Takeover kMoments[] = {{"the fade", 200},
+                                 {"the pre-chime", 900},
+                                 {"the speech", 3000},
+                                 {"the post-chime", 5400},
+                                 {"the fade up", 6000}};
+
+TEST(CallMeetsTakeover, AtAnyMomentTheMicrophoneClosesAndNothingIsHeard) {
+  for (const int status : {128, 192}) {
+    for (const auto& [during, atMs] : kMoments) {
+      SCOPED_TRACE(during);
+      CallDesk desk;
+      desk.PressAt(0);
+      if (atMs > 5000) desk.ReleaseAt(5000);
+      desk.AdvanceTo(atMs);
+      desk.Status(status);
+      EXPECT_FALSE(desk.State().CallActive && !desk.MuteCheck(0));
+      EXPECT_TRUE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
+      EXPECT_EQ(desk.Text("cmdCall"), "Call");
+      EXPECT_FALSE(desk.Enabled("cmdCall"));
+      if (atMs < 5000) desk.ReleaseAt(5000);
+      desk.AdvanceTo(10'000);
+      EXPECT_EQ(desk.Heard(), "silence");
+      EXPECT_FALSE(desk.Speaks());
+      EXPECT_FALSE(desk.State().CallActive);
+      EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+      desk.Status(0);
+      desk.AdvanceTo(11'000);
+      EXPECT_FALSE(desk.Speaks());
+      EXPECT_TRUE(desk.Enabled("cmdCall"));
+      EXPECT_EQ(desk.Main().lblBusy[0].BackColor.Get(), kButtonFace);
+    }
+  }
+}
+
+TEST(CallMeetsTakeover, InTheSpeechOnlyTheFirstKeyIsTold) {
+  CallDesk desk(CallDesk::Chimes(), kSilent);
+  desk.PressAt(0);
+  desk.AdvanceTo(2000);
+  ASSERT_TRUE(desk.Speaks());
+  desk.Status(128);
+  EXPECT_EQ(desk.Text("cmdCall") + "|" + desk.Text("cmdCall2"), "Call|Speak");
+  desk.Status(0);
+  desk.AdvanceTo(3000);
+  EXPECT_EQ(desk.Text("cmdCall2"), "Speak");
+  desk.Press("cmdCall");
+  EXPECT_EQ(desk.Text("cmdCall") + "|" + desk.Text("cmdCall2"), "Wait|Wait");
+}
+
+TEST(CallMeetsTakeover, TheScheduleStandsStillAfterItUntilTheNextWholeCall) {
+  CallDesk desk(WithRow(), kSilent);
+  desk.Press("cmdCall");
+  desk.Advance(1500);
+  ASSERT_TRUE(desk.Speaks());
+  desk.Status(128);
+  desk.Release("cmdCall");
+  desk.Status(0);
+  EXPECT_EQ(desk.Alive(), "cmdPlay");
+  desk.RunTo(12, 2);
+  EXPECT_EQ(desk.Journal().find("welcome"), std::string::npos);
+  desk.Press("cmdCall");
+  desk.Advance(1500);
+  desk.Release("cmdCall");
+  desk.Advance(1500);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
+TEST(CallMeetsStatus, OfALowerCallNothingChanges) {
+  for (const int atMs : {200, 900, 3000, 5400, 6000}) {
+    CallDesk undisturbed;
+    CallDesk desk;
+    for (CallDesk* one : {&undisturbed, &desk}) {
+      one->PressAt(0);
+      if (atMs > 5000) one->ReleaseAt(5000);
+      one->AdvanceTo(atMs);
+      if (one == &desk) one->Status(64);
+      if (atMs < 5000) one->ReleaseAt(5000);
+      one->AdvanceTo(10'000);
+    }
+    EXPECT_EQ(desk.Heard(), undisturbed.Heard()) << atMs;
+    EXPECT_EQ(desk.MuteCheck(0), undisturbed.MuteCheck(0)) << atMs;
+    EXPECT_EQ(desk.Alive(), undisturbed.Alive()) << atMs;
+    EXPECT_FALSE(desk.State().CallActive);
+  }
+}
+
+TEST(CallMeetsReleases, EveryPairOfThemEndsAtRestWithTheMicrophoneClosed) {
+  for (int first = 50; first <= 6050; first += 300) {
+    for (int second = first; second <= 6650; second += 300) {
+      CallDesk desk;
+      desk.PressAt(0);
+      desk.ReleaseAt(first);
+      desk.ReleaseAt(second);
+      desk.AdvanceTo(20'000);
+      ASSERT_FALSE(desk.Speaks()) << first << " " << second;
+      ASSERT_FALSE(desk.State().CallActive) << first << " " << second;
+      ASSERT_EQ(desk.Pc.Loop.Waits(), 1) << first << " " << second;
+      ASSERT_EQ(desk.Alive(), kAllAlive) << first << " " << second;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace marlex
