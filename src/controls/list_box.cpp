@@ -1,5 +1,7 @@
 #include "controls/list_box.h"
 
+#include <utility>
+
 namespace marlex {
 
 void ListBox::ResetToDesign() {
@@ -46,6 +48,12 @@ void ListBox::SetListIndex(int index) {
 }
 
 std::string ListBox::Text() const { return Selected == kNoSelection ? "" : List(Selected); }
+
+void ListBox::Replace(std::vector<std::string> entries, int selected) {
+  Entries = std::move(entries);
+  Selected = selected;
+  Changed();
+}
 
 void ListBox::RequireIndex(int index) const {
   if (index < 0 || index >= ListCount()) {

@@ -31,6 +31,9 @@ class ListBox : public VisualControl {
   /// Moves the selection; a move by code raises `OnClick` as the operator's does.
   void SetListIndex(int index);
 
+  /// The entry as the screen shows it.
+  virtual std::string ShownText(int index) const { return List(index); }
+
   /// Text of the selected entry; empty when there is none.
   std::string Text() const;
 
@@ -41,6 +44,10 @@ class ListBox : public VisualControl {
   std::function<void()>
       OnMouseMove;  // with the selection already under the pointer while a button is held
   std::function<void()> OnMouseUp;
+
+ protected:
+  /// Other entries, and another selection, of which no event tells.
+  void Replace(std::vector<std::string> entries, int selected);
 
  private:
   void RequireIndex(int index) const;

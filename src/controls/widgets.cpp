@@ -9,7 +9,7 @@ void OptionButton::SetValue(bool on) {
   if (on) {
     for (Control* control : Owner.Controls) {
       auto* other = dynamic_cast<OptionButton*>(control);
-      if (other && other != this && other->Name == Name) other->On = false;
+      if (other && other != this && other->Group == Group) other->On = false;
     }
   }
   On = on;

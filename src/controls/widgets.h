@@ -71,12 +71,14 @@ class CheckBox : public VisualControl {
   Property<int> Value{*this, 0, &OnClick};
 };
 
-/// One of several keys of an array, of which one is on: switching one on switches the others of its
-/// array off.
+/// One of several keys of a group, of which one is on: switching one on switches the others of its
+/// group off. The keys of an array are a group.
 class OptionButton : public VisualControl {
  public:
   using VisualControl::VisualControl;
   const char* Kind() const override { return "OptionButton"; }
+
+  std::string Group = Name;
 
   std::function<void()> OnClick;
 

@@ -45,7 +45,9 @@ void MainWindow::Load() {
   TheFrmMain.lstPlaylist.ToolTipText = Strings.LoadString(kStrDoubleClickToPlay);
   if (TheFrmMain.lstPlaylist.ListIndex() == ListBox::kNoSelection)
     TheFrmMain.cmdPlay.Enabled = false;
-  TheFrmMain.frBGMusic.Caption = Store.Values.MusicLabelText;
+  // After a first run there is no text yet, and the frame keeps the design's.
+  if (!Store.Values.MusicLabelText.empty())
+    TheFrmMain.frBGMusic.Caption = Store.Values.MusicLabelText;
   ShowViewMenus();
   LoadCurrentPlaylist();
   Columns.SetupScheduleGrid();
@@ -54,9 +56,7 @@ void MainWindow::Load() {
   const bool musicPlays = TheFrmPlayers.MP3Player.PlayState() == kPlaying;
   TheFrmMain.cmdSkip.Enabled = musicPlays;
   TheFrmMain.cmdStop.Enabled = musicPlays;
-  for (int zone = 0; zone < kZones; ++zone) {
-    TheFrmMain.lblZoneName[zone].Caption = Store.Values.ZoneNames[static_cast<std::size_t>(zone)];
-  }
+  ShowZoneNames();
   ArrangeForInstallation();
   LoadRouting();
   TheFrmPlayers.tmrMessage.Enabled = true;
@@ -136,6 +136,17 @@ void MainWindow::ArrangeWithoutRouter() {
   const bool conflict = TheFrmMain.lblConflict.Visible;
   TheFrmMain.frSchedule.Height = conflict ? 5295 : 5655;
   TheFrmMain.grdSchedule.Height = conflict ? 4965 : 5325;
+}
+
+void MainWindow::RedoLayout() {
+  ArrangeForInstallation();
+  ArrangeCallControls();
+}
+
+void MainWindow::ShowZoneNames() {
+  for (int zone = 0; zone < kZones; ++zone) {
+    TheFrmMain.lblZoneName[zone].Caption = Store.Values.ZoneNames[static_cast<std::size_t>(zone)];
+  }
 }
 
 void MainWindow::LoadRouting() {

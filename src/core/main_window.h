@@ -22,6 +22,12 @@ class MainWindow {
              PlaylistFiles& playlist, SequenceFiles& sequences, ZoneRouting& routing,
              Notices& notices);
 
+  /// Adapts what stands on the screen to another type of amplifier.
+  void RedoLayout();
+
+  /// Puts the names of the zones on their labels.
+  void ShowZoneNames();
+
   /// Hides what is of no use without a microphone. Nothing brings it back while the application
   /// runs.
   void ArrangeCallControls();

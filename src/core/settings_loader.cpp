@@ -6,14 +6,6 @@
 #include "state/numbers.h"
 
 namespace marlex {
-namespace {
-
-constexpr int kSlowFadeMs = 1500;
-constexpr int kFastFadeMs = 500;
-constexpr int kHighPriority = 128;
-constexpr int kLowPriority = 64;
-
-}  // namespace
 
 SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, FrmMain& frmMain,
                                FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
@@ -49,7 +41,7 @@ void SettingsLoader::LoadSettings() {
 void SettingsLoader::LoadVolumeSettings() {
   ReadVolumes();
   // The test is for "Slow" here: an absent key is a fast fade.
-  Values.FadeTime = Store.Read("Volume", "Fade time") == "Slow" ? kSlowFadeMs : kFastFadeMs;
+  Values.FadeTime = Store.Read("Volume", "Fade time") == "Slow" ? kSlowFadeTimeMs : kFastFadeTimeMs;
   TheFrmMxr.SldrVol[0].Value = Values.MasterVolume;
   TheFrmMxr.ChkMute[0].Value = FrmMxr::kMuted;
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Values.MusicVolume;
@@ -116,7 +108,7 @@ void SettingsLoader::ReadLinkSettings() {
   }
   Values.ScheduleNameView = Store.ReadFlag("Schedule", "View");
   Values.PriorityLevelText = Store.Read("Priority level", "Priority");
-  Values.OwnPriorityLevel = Values.PriorityLevelText == "High" ? kHighPriority : kLowPriority;
+  Values.OwnPriorityLevel = PriorityLevelOf(Values.PriorityLevelText);
 }
 
 }  // namespace marlex

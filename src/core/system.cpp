@@ -6,7 +6,7 @@ System::System(const Pc& pc)
     : ThePc(pc),
       TheNotices(pc.Loop, pc.Boxes),
       Store(pc.Profiles, pc.TheProcess),
-      TheWindows(pc.Loop),
+      TheWindows(pc.Loop, pc.Files),
       TheFrmPlayers(pc.Loop, pc.MP3Player, pc.WavPlayer, pc.WavControl, pc.TolvoPort),
       TheFrmMxr(pc.Loop),
       Mixer(pc.Mixer, TheFrmMxr, pc.Boxes, pc.TheProcess, Strings),
@@ -34,6 +34,9 @@ System::System(const Pc& pc)
            TheFades, Music, Strings),
       TheMainWindow(ThePc, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings, Columns,
                     Playlist, Sequences, Routing, TheNotices),
+      Dialog(TheFlags, Store, pc.TheProcess, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings,
+             TheNotices, Table, TheMainWindow),
+      ThePickers(Store, TheWindows, Strings),
       Loader(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Strings,
              TheNotices),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader) {

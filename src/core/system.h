@@ -2,6 +2,8 @@
 
 #include "call/call_sequence.h"
 #include "core/main_window.h"
+#include "core/pickers.h"
+#include "core/settings_dialog.h"
 #include "core/settings_loader.h"
 #include "core/start_up.h"
 #include "i18n/string_table.h"
@@ -66,6 +68,8 @@ class System {
   ScheduleTick Tick;
   CallSequence Call;
   MainWindow TheMainWindow;
+  SettingsDialog Dialog;
+  Pickers ThePickers;
   SettingsLoader Loader;
 
  private:

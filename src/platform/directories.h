@@ -16,9 +16,15 @@ inline std::string JoinPath(const std::string& directory, const std::string& nam
   return directory + kSeparator + name;
 }
 
-/// Look-ups in the file system. A path that cannot be read counts as absent. Hidden files, whose
-/// name begins with a dot, do not count in a directory: they are litter that other systems and
-/// half-finished writings leave on a disk.
+/// The path without its final separators; a root keeps its own.
+inline std::string WithoutFinalSeparator(std::string path) {
+  while (path.size() > 1 && path.back() == kSeparator) path.pop_back();
+  return path;
+}
+
+/// Look-ups in the file system. A path that cannot be read counts as absent. Hidden
+/// entries, whose name begins with a dot, do not count in a directory: they are litter that other
+/// systems and half-finished writings leave on a disk.
 class Directories {
  public:
   virtual ~Directories() = default;
@@ -32,6 +38,19 @@ class Directories {
   /// case), sorted as NameComesBefore orders them.
   virtual std::vector<std::string> List(const std::string& directory,
                                         const std::string& pattern) const = 0;
+
+  /// Where a search for a directory can begin: the operator's home directory, which comes first,
+  /// and the roots of the mounted file systems, sorted, the root of all of them included. Each
+  /// without a final separator, the root apart. No drive is touched for it, so that a dead one
+  /// stops nothing.
+  virtual std::vector<std::string> Drives() const = 0;
+
+  /// Whether `path`, with or without a final separator, is a directory that can be found.
+  virtual bool HasDirectory(const std::string& path) const = 0;
+
+  /// Names of the directories in `directory`, sorted as NameComesBefore orders them; empty when it
+  /// cannot be read.
+  virtual std::vector<std::string> Subdirectories(const std::string& directory) const = 0;
 
   /// Deletes one file. False when it was not there or could not be deleted.
   virtual bool Delete(const std::string& path) = 0;

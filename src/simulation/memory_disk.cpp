@@ -4,6 +4,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/text_case.h"
+
 namespace marlex {
 
 namespace {
@@ -41,8 +43,23 @@ std::string MemoryDisk::Search(const std::string& path) const {
 
 std::vector<std::string> MemoryDisk::List(const std::string& directory,
                                           const std::string& pattern) const {
+  if (Covers(Unreadable, directory)) return {};
   std::vector<std::string> names = NamesIn(directory);
   std::erase_if(names, [&](const std::string& name) { return !Matches(name, pattern); });
+  return names;
+}
+
+std::vector<std::string> MemoryDisk::Subdirectories(const std::string& directory) const {
+  std::vector<std::string> names;
+  if (Covers(Unreadable, directory)) return names;
+  const std::string prefix = JoinPath(WithoutFinalSeparator(directory), "");
+  for (auto path = DirectoriesMade.lower_bound(prefix);
+       path != DirectoriesMade.end() && path->starts_with(prefix); ++path) {
+    const std::string name = path->substr(prefix.size());
+    const bool below = name.find(kSeparator) != std::string::npos;
+    if (!below && !name.starts_with('.') && HasDirectory(*path)) names.push_back(name);
+  }
+  std::sort(names.begin(), names.end(), NameComesBefore);
   return names;
 }
 
@@ -54,9 +71,15 @@ bool MemoryDisk::Delete(const std::string& path) {
 }
 
 void MemoryDisk::AddDirectory(const std::string& path) {
-  for (std::string made = WithoutSeparator(path); !made.empty(); made = ParentOf(made)) {
+  for (std::string made = WithoutFinalSeparator(path); !made.empty(); made = ParentOf(made)) {
     DirectoriesMade.insert(made);
   }
+}
+
+void MemoryDisk::AddDrive(const std::string& root) {
+  AddDirectory(root);
+  DriveList.push_back(root);
+  std::sort(DriveList.begin() + 1, DriveList.end());  // the home directory stays first
 }
 
 void MemoryDisk::AddFile(const std::string& path, const std::string& text) { Put(path, {text}); }
@@ -70,8 +93,8 @@ void MemoryDisk::AddMp3(const std::string& path, int lengthMs) {
 }
 
 void MemoryDisk::Heal(const std::string& path) {
-  Unwritable.erase(WithoutSeparator(path));
-  Unreadable.erase(WithoutSeparator(path));
+  Unwritable.erase(WithoutFinalSeparator(path));
+  Unreadable.erase(WithoutFinalSeparator(path));
 }
 
 std::optional<std::string> MemoryDisk::Read(const std::string& path) const {
@@ -93,15 +116,10 @@ std::optional<int> MemoryDisk::MediaLengthMs(const std::string& path, MediaKind 
   return file->LengthMs;
 }
 
-std::string MemoryDisk::WithoutSeparator(std::string path) {
-  while (path.size() > 1 && path.back() == kSeparator) path.pop_back();
-  return path;
-}
-
 /// Whether the path or a directory above it is among the faults.
 bool MemoryDisk::Covers(const std::set<std::string>& faults, const std::string& path) {
   if (faults.empty()) return false;
-  for (std::string part = WithoutSeparator(path); !part.empty(); part = ParentOf(part)) {
+  for (std::string part = WithoutFinalSeparator(path); !part.empty(); part = ParentOf(part)) {
     if (faults.contains(part)) return true;
   }
   return faults.contains(std::string(1, kSeparator));
@@ -118,7 +136,7 @@ const MemoryDisk::File* MemoryDisk::Find(const std::string& path) const {
 }
 
 bool MemoryDisk::HasDirectory(const std::string& path) const {
-  const std::string plain = WithoutSeparator(path);
+  const std::string plain = WithoutFinalSeparator(path);
   const bool root = plain.empty() || plain == std::string(1, kSeparator);
   return (root || DirectoriesMade.contains(plain)) && !Covers(Vanished, plain);
 }
@@ -126,12 +144,13 @@ bool MemoryDisk::HasDirectory(const std::string& path) const {
 /// Names of the files of one directory, sorted; those of the directories below it are left out.
 std::vector<std::string> MemoryDisk::NamesIn(const std::string& directory) const {
   std::vector<std::string> names;
-  const std::string prefix = JoinPath(WithoutSeparator(directory), "");
+  const std::string prefix = JoinPath(WithoutFinalSeparator(directory), "");
   for (auto file = Files.lower_bound(prefix);
        file != Files.end() && file->first.starts_with(prefix); ++file) {
     const std::string name = file->first.substr(prefix.size());
     const bool below = name.find(kSeparator) != std::string::npos;
-    if (!below && !Covers(Vanished, file->first)) names.push_back(name);
+    const bool hidden = name.starts_with('.');
+    if (!below && !hidden && !Covers(Vanished, file->first)) names.push_back(name);
   }
   return names;
 }

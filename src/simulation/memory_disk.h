@@ -18,12 +18,21 @@ enum class MediaKind { None, Wav, Mp3 };
 /// exactly, with regard to case.
 class MemoryDisk : public Directories {
  public:
-  explicit MemoryDisk(Journal& journal) : Log(journal) {}
+  explicit MemoryDisk(Journal& journal) : Log(journal) { AddDirectory(kHome); }
 
   std::string Search(const std::string& path) const override;
   std::vector<std::string> List(const std::string& directory,
                                 const std::string& pattern) const override;
+  std::vector<std::string> Drives() const override { return DriveList; }
+  bool HasDirectory(const std::string& path) const override;
+  std::vector<std::string> Subdirectories(const std::string& directory) const override;
   bool Delete(const std::string& path) override;
+
+  /// The operator's home directory.
+  static constexpr const char* kHome = "/home/operator";
+
+  /// Mounts a file system at a directory, which is made where needed.
+  void AddDrive(const std::string& root);
 
   void AddDirectory(const std::string& path);
   void AddFile(const std::string& path, const std::string& text = "");
@@ -37,12 +46,12 @@ class MemoryDisk : public Directories {
 
   /// Takes a file, or a directory with all below it, away without losing it, like a drive that
   /// drops out; and back.
-  void Vanish(const std::string& path) { Vanished.insert(WithoutSeparator(path)); }
-  void Return(const std::string& path) { Vanished.erase(WithoutSeparator(path)); }
+  void Vanish(const std::string& path) { Vanished.insert(WithoutFinalSeparator(path)); }
+  void Return(const std::string& path) { Vanished.erase(WithoutFinalSeparator(path)); }
 
   /// Makes writes below this path, or to this file, fail, as on a full or protected disk; or reads.
-  void FailWrites(const std::string& path) { Unwritable.insert(WithoutSeparator(path)); }
-  void FailReads(const std::string& path) { Unreadable.insert(WithoutSeparator(path)); }
+  void FailWrites(const std::string& path) { Unwritable.insert(WithoutFinalSeparator(path)); }
+  void FailReads(const std::string& path) { Unreadable.insert(WithoutFinalSeparator(path)); }
   void Heal(const std::string& path);
 
   /// Whole text of a file. Empty when it is not there or cannot be read.
@@ -63,16 +72,15 @@ class MemoryDisk : public Directories {
     int LengthMs = 0;
   };
 
-  static std::string WithoutSeparator(std::string path);
   static bool Covers(const std::set<std::string>& faults, const std::string& path);
   void Put(const std::string& path, File file);
   const File* Find(const std::string& path) const;
-  bool HasDirectory(const std::string& path) const;
   std::vector<std::string> NamesIn(const std::string& directory) const;
 
   Journal& Log;
   std::map<std::string, File> Files;
   std::set<std::string> DirectoriesMade;
+  std::vector<std::string> DriveList{kHome, std::string(1, kSeparator)};
   std::set<std::string> Vanished;
   std::set<std::string> Unwritable;
   std::set<std::string> Unreadable;

@@ -5,6 +5,15 @@
 
 namespace marlex {
 
+// The two lengths of a fade.
+inline constexpr int kSlowFadeTimeMs = 1500;
+inline constexpr int kFastFadeTimeMs = 500;
+
+/// Bits of the priority in a routing byte: 128 for exactly "High", 64 for any other text.
+inline int PriorityLevelOf(const std::string& priorityText) {
+  return priorityText == "High" ? 128 : 64;
+}
+
 /// Values read from the profile files, under the names that the whole system uses. Volumes are
 /// slider positions: 0 is the loudest, 65535 silence.
 struct Settings {

@@ -1,21 +1,28 @@
 #pragma once
 
+#include "windows/frm_chime_select.h"
+#include "windows/frm_dir_sel.h"
 #include "windows/frm_lang_sel.h"
 #include "windows/frm_logo.h"
 #include "windows/frm_main.h"
 #include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
+#include "windows/frm_settings.h"
 
 namespace marlex {
 
 /// The windows that an operator can see. A view shows each while it is visible.
 struct Windows {
-  explicit Windows(EventLoop& loop) : frmLogo(loop), frmMain(loop) {}
+  Windows(EventLoop& loop, const Directories& files)
+      : frmLogo(loop), frmMain(loop), frmDirSel(files), frmChimeSelect(files) {}
 
   FrmLogo frmLogo;
   FrmLangSel frmlangSel;
   FrmMain frmMain;
   FrmAbout frmAbout;
+  FrmSettings frmSettings;
+  FrmDirSel frmDirSel;
+  FrmChimeSelect frmChimeSelect;
 };
 
 }  // namespace marlex

@@ -1,9 +1,15 @@
 #include "desktop/files/directories.h"
 
+#include <mntent.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <system_error>
 
 #include "platform/text_case.h"
@@ -11,6 +17,48 @@
 namespace marlex {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// Places of the system itself, where nobody keeps music; removable drives come under one of them.
+constexpr std::array kSystemPlaces = {"/boot", "/dev", "/etc", "/proc", "/run",
+                                      "/snap", "/sys", "/tmp", "/usr",  "/var"};
+constexpr const char* kRemovableDrives = "/run/media/";
+
+bool IsDrive(const std::string& place) {
+  if (place.starts_with(kRemovableDrives)) return true;
+  return std::none_of(kSystemPlaces.begin(), kSystemPlaces.end(), [&](const char* system) {
+    return JoinPath(place, "").starts_with(JoinPath(system, ""));
+  });
+}
+
+/// Places of the file systems in the table, in its order.
+std::vector<std::string> MountedPlaces(const std::string& mountTable) {
+  std::vector<std::string> places;
+  const std::unique_ptr<FILE, int (*)(FILE*)> table(::setmntent(mountTable.c_str(), "re"),
+                                                    ::endmntent);
+  if (!table) return places;
+  while (const mntent* mounted = ::getmntent(table.get())) places.emplace_back(mounted->mnt_dir);
+  return places;
+}
+
+/// Sorted names of the entries of a directory that are wanted; hidden ones are not.
+std::vector<std::string> Names(const std::string& directory,
+                               const std::function<bool(const fs::directory_entry&)>& wanted) {
+  std::vector<std::string> names;
+  std::error_code fault;
+  // A fault in the middle, as of a drive that drops out, ends the list: increment() then gives the
+  // end.
+  for (fs::directory_iterator entry(directory, fault), end; !fault && entry != end;
+       entry.increment(fault)) {
+    const std::string name = entry->path().filename().string();
+    if (!name.starts_with('.') && wanted(*entry)) names.push_back(name);
+  }
+  std::sort(names.begin(), names.end(), NameComesBefore);
+  return names;
+}
+
+}  // namespace
 
 std::string DiskDirectories::Search(const std::string& path) const {
   if (path.empty()) return "";
@@ -26,19 +74,35 @@ std::string DiskDirectories::Search(const std::string& path) const {
 
 std::vector<std::string> DiskDirectories::List(const std::string& directory,
                                                const std::string& pattern) const {
-  std::vector<std::string> names;
+  return Names(directory, [&](const fs::directory_entry& entry) {
+    std::error_code fault;
+    const std::string name = entry.path().filename().string();
+    return MatchesPattern(name, pattern) && entry.is_regular_file(fault);
+  });
+}
+
+std::vector<std::string> DiskDirectories::Drives() const {
+  std::vector<std::string> roots = MountedPlaces(MountTable);
+  roots.emplace_back("/");
+  std::erase_if(roots, [](const std::string& place) { return !IsDrive(place); });
+  std::sort(roots.begin(), roots.end());
+  roots.erase(std::unique(roots.begin(), roots.end()), roots.end());
+  const std::string home = WithoutFinalSeparator(QDir::homePath().toStdString());
+  std::erase(roots, home);
+  roots.insert(roots.begin(), home);
+  return roots;
+}
+
+bool DiskDirectories::HasDirectory(const std::string& path) const {
   std::error_code fault;
-  // A fault in the middle, as of a drive that drops out, ends the list: increment() then gives the
-  // end.
-  for (fs::directory_iterator entry(directory, fault), end; !fault && entry != end;
-       entry.increment(fault)) {
-    const std::string name = entry->path().filename().string();
-    std::error_code entryFault;
-    const bool listed = !name.starts_with('.') && MatchesPattern(name, pattern);
-    if (listed && entry->is_regular_file(entryFault)) names.push_back(name);
-  }
-  std::sort(names.begin(), names.end(), NameComesBefore);
-  return names;
+  return fs::is_directory(path, fault);
+}
+
+std::vector<std::string> DiskDirectories::Subdirectories(const std::string& directory) const {
+  return Names(directory, [](const fs::directory_entry& entry) {
+    std::error_code fault;
+    return entry.is_directory(fault);
+  });
 }
 
 bool DiskDirectories::Delete(const std::string& path) { return ::unlink(path.c_str()) == 0; }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "desktop/windows/views.h"
+#include "simulation/memory_disk.h"
 #include "simulation/virtual_loop.h"
 #include "windows/windows.h"
 
@@ -13,7 +14,9 @@ namespace marlex {
 /// All windows of the system, painted off screen, with a loop whose time stands still.
 struct Desk {
   VirtualLoop Loop;
-  Windows Forms{Loop};
+  Journal Log{Loop};
+  MemoryDisk Disk{Log};
+  Windows Forms{Loop, Disk};
   Views Screen{Forms, Loop};
 
   /// Delivers what waits on both sides.

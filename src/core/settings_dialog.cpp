@@ -1,0 +1,288 @@
+#include "core/settings_dialog.h"
+
+#include "i18n/translate_controls.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kChecked = 1;
+
+void CopyRange(const Slider& from, Slider& to) {
+  to.Min = from.Min.Get();
+  to.Max = from.Max.Get();
+}
+
+}  // namespace
+
+SettingsDialog::SettingsDialog(Flags& flags, SettingsStore& store, Process& process,
+                               Windows& windows, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
+                               MixerAccess& mixer, const StringTable& strings, Notices& notices,
+                               ScheduleTable& table, MainWindow& mainWindow)
+    : TheFlags(flags),
+      Store(store),
+      Values(store.Values),
+      TheProcess(process),
+      Dialog(windows.frmSettings),
+      TheFrmMain(windows.frmMain),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer),
+      Strings(strings),
+      TheNotices(notices),
+      Table(table),
+      TheMainWindow(mainWindow) {
+  Wire();
+  WireSliders();
+}
+
+void SettingsDialog::Wire() {
+  TheFrmMain.mnuSettings.OnClick = [this] { Dialog.Show(); };
+  Dialog.OnLoad = [this] { Load(); };
+  Dialog.OnClose = [this] { cmdCancel_Click(); };
+  Dialog.optTolvo[0].OnClick = [this] { ChooseAmplifier(0); };
+  Dialog.optTolvo[1].OnClick = [this] { ChooseAmplifier(1); };
+  Dialog.chkPreChime.OnClick = [this] {
+    CheckChime(Dialog.chkPreChime, Dialog.cmdPreSelect, Dialog.lblPreChime);
+  };
+  Dialog.chkPostChime.OnClick = [this] {
+    CheckChime(Dialog.chkPostChime, Dialog.cmdPostSelect, Dialog.lblPostChime);
+  };
+  Dialog.cmdOK.OnClick = [this] { cmdOK_Click(); };
+  Dialog.cmdCancel.OnClick = [this] { cmdCancel_Click(); };
+}
+
+void SettingsDialog::WireSliders() {
+  Dialog.slMasterVolume.OnChange = [this] { ChangeMasterVolume(); };
+  Dialog.slMusicVolume.OnChange = [this] { ChangeMusicVolume(); };
+  Dialog.slMicroVolume.OnChange = [this] { ChangeMicroVolume(); };
+  Dialog.slMessageVolume.OnChange = [this] { ChangeMessageVolume(); };
+}
+
+void SettingsDialog::Load() {
+  TranslateControls(Dialog, Strings);
+  ShowMicrophone();
+  Dialog.Caption = Strings.LoadString(kStrSettings);
+  Dialog.Explain[0].BackColor = Dialog.frVolume.BackColor;
+  Dialog.Explain[1].BackColor = Dialog.frVolume.BackColor;
+  ReadDirectories();
+  ReadChimes();
+  ReadAmplifier();
+  ReadVolumes();
+  ReadFadeTime();
+}
+
+void SettingsDialog::ShowMicrophone() {
+  const bool microphone = Mixer.MicLine != 0;
+  Dialog.frChimes.Visible = microphone;
+  Dialog.frSound.Visible = !microphone;
+  Dialog.frMicroVolume.Enabled = microphone;
+}
+
+/// The file's, not the ones in memory: a picker may have changed those without an OK.
+void SettingsDialog::ReadDirectories() {
+  Dialog.lblBGDir_Name.Caption = Store.Read("Selected paths", "Music directory");
+  Dialog.lblMsgDir_Name.Caption = Store.Read("Selected paths", "Message directory");
+}
+
+void SettingsDialog::ReadChimes() {
+  const auto show = [](const std::string& chime, CheckBox& check, CommandButton& select,
+                       Label& label) {
+    label.Caption = chime;
+    if (!chime.empty()) check.Value = kChecked;
+    select.Enabled = !chime.empty();
+    label.Visible = !chime.empty();
+  };
+  Values.PreChime = Store.Read("Chime selection", "PreChime");
+  show(Values.PreChime, Dialog.chkPreChime, Dialog.cmdPreSelect, Dialog.lblPreChime);
+  Values.PostChime = Store.Read("Chime selection", "PostChime");
+  show(Values.PostChime, Dialog.chkPostChime, Dialog.cmdPostSelect, Dialog.lblPostChime);
+  // Without the directory there is no chime to pick.
+  const bool hasDirectory = !Dialog.lblMsgDir_Name.Caption.Get().empty();
+  Dialog.chkPreChime.Enabled = hasDirectory;
+  Dialog.chkPostChime.Enabled = hasDirectory;
+}
+
+void SettingsDialog::ReadAmplifier() {
+  const bool router = Store.ReadFlag("Selected type", "QRT4410/20");
+  ShowRouterFrames(router, router ? FrmSettings::kRouterKeyTop : FrmSettings::kPlainKeyTop);
+  Dialog.optTolvo[router ? 0 : 1].SetValue(true);
+  // An absent key shows port 2, though port 1 is the one that is used; it stays so.
+  Dialog.optCom[Store.Read("Used com port", "Com port") == "1" ? 0 : 1].SetValue(true);
+  ReadZoneNames();
+  Dialog.optPriority[Store.Read("Priority level", "Priority") == "High" ? 1 : 0].SetValue(true);
+}
+
+/// A name that is empty in the file leaves the design's in its place.
+void SettingsDialog::ReadZoneNames() {
+  for (int zone = 0; zone < kZones; ++zone) {
+    const std::string name = Store.Read("Zone names", "Zone:" + std::to_string(zone + 1));
+    if (!name.empty()) Dialog.txtZoneName[zone].Text = name;
+  }
+}
+
+/// Each slider that moves here acts and writes as if it were moved by hand.
+void SettingsDialog::ReadVolumes() {
+  CopyRange(TheFrmMxr.SldrVol[0], Dialog.slMasterVolume);
+  CopyRange(TheFrmMxr.SldrVol[Mixer.WaveLine], Dialog.slMusicVolume);
+  CopyRange(TheFrmMxr.SldrVol[Mixer.WaveLine], Dialog.slMessageVolume);
+  CopyRange(TheFrmMxr.SldrVol[Mixer.MicLine], Dialog.slMicroVolume);
+  Dialog.slMasterVolume.Value = Values.MasterVolume;
+  Dialog.slMusicVolume.Value = Values.MusicVolume;
+  Dialog.slMicroVolume.Value = Values.MicroVolume;
+  Dialog.slMessageVolume.Value = Values.MessageVolume;
+}
+
+/// The test is for "Fast" here and for "Slow" at the start of the program: with an absent key the
+/// mere opening of the dialog makes fades slow. It stays so.
+void SettingsDialog::ReadFadeTime() {
+  const bool fast = Store.Read("Volume", "Fade time") == "Fast";
+  Values.FadeTime = fast ? kFastFadeTimeMs : kSlowFadeTimeMs;
+  (fast ? Dialog.optFast : Dialog.optSlow).SetValue(true);
+}
+
+void SettingsDialog::ShowRouterFrames(bool shown, int keyTop) {
+  Dialog.frNames.Visible = shown;
+  Dialog.frPort.Visible = shown;
+  Dialog.frPriority.Visible = shown;
+  Dialog.cmdCancel.Top = keyTop;
+  Dialog.cmdOK.Top = keyTop;
+}
+
+void SettingsDialog::ChooseAmplifier(int index) {
+  const bool router = index == 0;
+  ShowRouterFrames(router, router ? FrmSettings::kRouterKeyTop : FrmSettings::kPlainKeyTop);
+  Dialog.Height = router ? FrmSettings::kRouterHeight : FrmSettings::kPlainHeight;
+}
+
+void SettingsDialog::CheckChime(const CheckBox& check, CommandButton& select, Label& label) {
+  const bool checked = check.Value == kChecked;
+  select.Enabled = checked;
+  label.Visible = checked;
+  if (!checked) label.Caption = "";
+}
+
+void SettingsDialog::ChangeMasterVolume() {
+  TheFrmMxr.SldrVol[0].Value = Dialog.slMasterVolume.Value;
+  ChangeVolume(Dialog.slMasterVolume, Values.MasterVolume, "Master volume");
+}
+
+void SettingsDialog::ChangeMusicVolume() {
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Dialog.slMusicVolume.Value;
+  ChangeVolume(Dialog.slMusicVolume, Values.MusicVolume, "Music volume");
+}
+
+/// Line 0 is no microphone but the master, which has a slider of its own.
+void SettingsDialog::ChangeMicroVolume() {
+  if (Mixer.MicLine != 0) TheFrmMxr.SldrVol[Mixer.MicLine].Value = Dialog.slMicroVolume.Value;
+  ChangeVolume(Dialog.slMicroVolume, Values.MicroVolume, "Micro volume");
+}
+
+/// Music and messages share a line, so that it is left alone until a message plays on it.
+void SettingsDialog::ChangeMessageVolume() {
+  if (TheFlags.MessagePlaying) {
+    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Dialog.slMessageVolume.Value;
+  }
+  ChangeVolume(Dialog.slMessageVolume, Values.MessageVolume, "Message volume");
+}
+
+void SettingsDialog::ChangeVolume(const Slider& slider, int& value, const std::string& key) {
+  value = slider.Value;
+  Store.Write("Volume", key, std::to_string(value));
+}
+
+void SettingsDialog::cmdOK_Click() {
+  if (Refuse(Dialog.lblBGDir_Name, kStrNoMusicDirectoryEntered)) return;
+  if (Refuse(Dialog.lblMsgDir_Name, kStrNoMessageDirectoryEntered)) return;
+  WriteDirectories();
+  WriteZoneNames();
+  WriteAmplifier();
+  WritePriority();
+  WriteFadeTime();
+  // The port itself stays: another number counts from the next start of the program on.
+  Store.Write("Used com port", "Com port", Dialog.optCom[0].Value() ? "1" : "2");
+  WriteChimes();
+  ChangeMasterVolume();
+  ChangeMessageVolume();
+  ChangeMicroVolume();
+  ChangeMusicVolume();
+  if (TheFrmMain.Visible) RefreshMainWindow();
+  Dialog.Unload();
+  TheFrmMain.Show();
+}
+
+/// True when the directory is missing: the operator is told so, and stays in the dialog.
+bool SettingsDialog::Refuse(const Label& directory, int messageId) {
+  if (!directory.Caption.Get().empty()) return false;
+  TheNotices.Tell(Strings.LoadString(messageId), BoxIcon::Critical, Strings.LoadString(kStrError));
+  return true;
+}
+
+void SettingsDialog::WriteDirectories() {
+  Values.MusicDirectory = Dialog.lblBGDir_Name.Caption;
+  Values.MessageDirectory = Dialog.lblMsgDir_Name.Caption;
+  Store.Write("Selected paths", "Music directory", Values.MusicDirectory);
+  Store.Write("Selected paths", "Message directory", Values.MessageDirectory);
+}
+
+void SettingsDialog::WriteZoneNames() {
+  for (int zone = 0; zone < kZones; ++zone) {
+    const std::string& name = Dialog.txtZoneName[zone].Text;
+    Store.Write("Zone names", "Zone:" + std::to_string(zone + 1), name);
+    Values.ZoneNames[static_cast<std::size_t>(zone)] = name;
+  }
+}
+
+void SettingsDialog::WriteAmplifier() {
+  const bool router = Dialog.optTolvo[0].Value();
+  router ? UseRouter() : UseNoRouter();
+  Store.WriteFlag("Selected type", "QRT4410/20", router);
+}
+
+void SettingsDialog::UseRouter() {
+  TheFrmPlayers.TolvoPort.SetPortOpen(true);
+  Values.RouterPresent = true;
+  if (!TheFrmMain.Visible) return;
+  TheFrmMain.frCall.Visible = false;
+  TheFrmMain.frRouting.Visible = true;
+  TheFrmMain.grdSchedule.SetColWidth(kRoutingColumn, ScheduleColumns::kRoutingWidth);
+  TheMainWindow.RedoLayout();
+}
+
+void SettingsDialog::UseNoRouter() {
+  TheFrmPlayers.TolvoPort.SetPortOpen(false);
+  Values.RouterPresent = false;
+  if (TheFrmMain.Visible) TheMainWindow.RedoLayout();
+}
+
+void SettingsDialog::WritePriority() {
+  Values.PriorityLevelText = Dialog.optPriority[0].Value() ? "Low" : "High";
+  Store.Write("Priority level", "Priority", Values.PriorityLevelText);
+  Values.OwnPriorityLevel = PriorityLevelOf(Values.PriorityLevelText);
+}
+
+void SettingsDialog::WriteFadeTime() {
+  const bool slow = Dialog.optSlow.Value();
+  Values.FadeTime = slow ? kSlowFadeTimeMs : kFastFadeTimeMs;
+  Store.Write("Volume", "Fade time", slow ? "Slow" : "Fast");
+}
+
+/// The file gets what the labels show; a check that is set with nothing picked writes an empty
+/// chime.
+void SettingsDialog::WriteChimes() {
+  if (Dialog.chkPreChime.Value != kChecked) Values.PreChime.clear();
+  if (Dialog.chkPostChime.Value != kChecked) Values.PostChime.clear();
+  Store.Write("Chime selection", "PreChime", Dialog.lblPreChime.Caption);
+  Store.Write("Chime selection", "PostChime", Dialog.lblPostChime.Caption);
+}
+
+void SettingsDialog::RefreshMainWindow() {
+  Table.RebuildScheduleTable();
+  TheMainWindow.ShowZoneNames();
+}
+
+void SettingsDialog::cmdCancel_Click() {
+  Dialog.Unload();
+  if (!TheFrmMain.Visible) TheProcess.End();
+}
+
+}  // namespace marlex

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <string>
+
+#include "core/main_window.h"
+#include "i18n/string_table.h"
+#include "mixer/mixer_access.h"
+#include "platform/process.h"
+#include "schedule/schedule_table.h"
+#include "state/flags.h"
+#include "state/notices.h"
+#include "state/settings_store.h"
+#include "windows/windows.h"
+
+namespace marlex {
+
+/// The one dialog for all settings of the installation. The sliders act and write at once; all else
+/// is written by its OK. Its cancel undoes nothing in memory.
+class SettingsDialog {
+ public:
+  SettingsDialog(Flags& flags, SettingsStore& store, Process& process, Windows& windows,
+                 FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
+                 const StringTable& strings, Notices& notices, ScheduleTable& table,
+                 MainWindow& mainWindow);
+
+ private:
+  void Wire();
+  void WireSliders();
+
+  void Load();
+  void ShowMicrophone();
+  void ReadDirectories();
+  void ReadChimes();
+  void ReadAmplifier();
+  void ReadZoneNames();
+  void ReadVolumes();
+  void ReadFadeTime();
+
+  void ShowRouterFrames(bool shown, int keyTop);
+  void ChooseAmplifier(int index);  // optTolvo
+  void CheckChime(const CheckBox& check, CommandButton& select, Label& label);
+
+  // The sliders.
+  void ChangeMasterVolume();
+  void ChangeMusicVolume();
+  void ChangeMicroVolume();
+  void ChangeMessageVolume();
+  void ChangeVolume(const Slider& slider, int& value, const std::string& key);
+
+  void cmdOK_Click();
+  bool Refuse(const Label& directory, int messageId);
+  void WriteDirectories();
+  void WriteZoneNames();
+  void WriteAmplifier();
+  void UseRouter();
+  void UseNoRouter();
+  void WritePriority();
+  void WriteFadeTime();
+  void WriteChimes();
+  void RefreshMainWindow();
+  void cmdCancel_Click();
+
+  Flags& TheFlags;
+  SettingsStore& Store;
+  Settings& Values;
+  Process& TheProcess;
+  FrmSettings& Dialog;
+  FrmMain& TheFrmMain;
+  FrmPlayers& TheFrmPlayers;
+  FrmMxr& TheFrmMxr;
+  MixerAccess& Mixer;
+  const StringTable& Strings;
+  Notices& TheNotices;
+  ScheduleTable& Table;
+  MainWindow& TheMainWindow;
+};
+
+}  // namespace marlex
