@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cmath>
 
 #include "desktop/sound/engine_song_player.h"
 #include "desktop/sound/media_files.h"
@@ -37,6 +39,35 @@ TEST(CardOutput, PlaysASongToItsEndInRealTime) {
   const auto length = std::chrono::steady_clock::now() - begin;
   EXPECT_GT(length, 1700ms);
   EXPECT_LT(length, 2600ms);
+}
+
+/// Greatest step between two samples of a tone that plays for two seconds.
+float GreatestStepOfATone(CardDesk& desk, Recording& recording) {
+  const std::size_t begin = recording.Sound().size();
+  const std::size_t end = begin + 4 * 44100;
+  desk.Loop.Within(10s, [&] { return recording.Sound().size() > end; });
+  const std::vector<float>& sound = recording.Sound();
+  float greatest = 0;
+  for (std::size_t i = begin; i + 2 < sound.size(); ++i) {
+    greatest = std::max(greatest, std::fabs(sound[i + 2] - sound[i]));
+  }
+  return greatest;
+}
+
+TEST(CardOutput, MusicIsWhole) {
+  CardDesk desk;
+  Recording recording("desk");
+  desk.Song.SetFileName(desk.Files.Mp3("song.mp3", 60));
+  desk.Song.Play();
+  ASSERT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest(441) > 0.45; }));
+  constexpr float kStepOfTheTone = 0.0315f;
+  // A busy machine may tear the sound by itself, but not every time.
+  float greatest = 1;
+  for (int i = 0; i < 5 && greatest > kStepOfTheTone * 1.1f; ++i) {
+    greatest = GreatestStepOfATone(desk, recording);
+  }
+  EXPECT_LT(greatest, kStepOfTheTone * 1.1f);
+  EXPECT_GT(greatest, kStepOfTheTone * 0.9f);
 }
 
 TEST(CardOutput, GoesOnByTheTimerWhenTheCardGoesAndComesBackWithIt) {
