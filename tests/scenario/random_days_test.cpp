@@ -14,7 +14,7 @@ namespace {
 
 // The sanitizers take their time.
 #if defined(__SANITIZE_ADDRESS__)
-constexpr int kUsualSeeds = 50;
+constexpr int kUsualSeeds = 30;
 #else
 constexpr int kUsualSeeds = 100;
 #endif
