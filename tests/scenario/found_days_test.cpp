@@ -37,5 +37,23 @@ TEST(FoundDays, ASongWhoseListWasReplacedUnderThePointerDragsNoOther) {
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 0u);
 }
 
+/// A takeover has emptied the row that waits, so that the song's end alone switches the tick on,
+/// and something happens at every moment of the second that the tick then has.
+TEST(FoundDays, ATickThatTheEndOfASongSwitchesOnMissesNoMinute) {
+  WatchedDesk desk({.Music = {{"march", 100'040}, {"waltz"}}, .Sequences = {{.Timer = "Between"}}},
+                   nullptr);
+  desk.Click("cmdPlay");
+  constexpr int kEveryMs = 30;
+  constexpr int kLongEnoughMs = 150'000;
+  for (int ms = 0; ms < kLongEnoughMs; ms += kEveryMs) desk.Pc.Loop.Schedule(ms, [] {});
+  desk.RunTo(12, 1, 30);
+  EXPECT_FALSE(desk.Sys->TheFrmPlayers.tmrMessage.Enabled);
+  desk.Status(128);
+  desk.Status(0);
+  desk.RunTo(12, 2, 30);
+  EXPECT_TRUE(desk.Sys->TheFrmPlayers.tmrMessage.Enabled);
+  EXPECT_EQ(desk.Sys->Tick.LastMinute, "12:02");
+}
+
 }  // namespace
 }  // namespace marlex

@@ -234,7 +234,7 @@ void WatchedDesk::CheckMinute() {
   const bool jumped = std::abs(aheadS - ClockAheadS) > 1;
   const bool stoodStill = NowMs() - CheckedAtMs > kPositionTimerMs;
   const bool tickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
-  if (!tickOn || jumped || stoodStill) SteadySinceMs = NowMs();
+  if (!tickOn || !Before.TickOn || jumped || stoodStill) SteadySinceMs = NowMs();
   if (NowMs() - SteadySinceMs > kTickMs && now.Second > 1) {
     Require(Sys->Tick.LastMinute == MinuteText(now), "The tick misses a minute");
   }
