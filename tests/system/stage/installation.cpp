@@ -23,7 +23,8 @@ void WriteSettings(const std::string& folder, const InstallationFiles& files) {
       << "/Messages/\n"
       << "[Volume]\nMusic volume=" << files.MusicVolume
       << "\nMessage volume=" << files.MessageVolume << "\nMaster volume=" << files.MasterVolume
-      << "\nMicro volume=20000\nFade time=" << files.FadeTime
+      << "\nMicro volume=" << files.MicroVolume << "\nFade time=" << files.FadeTime
+      << "\n[Chime selection]\nPreChime=" << files.PreChime << "\nPostChime=" << files.PostChime
       << "\n[Selected type]\nQRT4410/20=" << (files.HasRouter ? "Yes" : "No") << "\n"
       << "[Used com port]\nCom port=1\n"
       << "[Priority level]\nPriority=" << files.Priority << "\n"

@@ -33,6 +33,9 @@ struct InstallationFiles {
   std::string FadeTime = "Fast";
   std::string Priority = "High";
   std::string MusicRouting = "110000";
+  int MicroVolume = 20'000;
+  std::string PreChime;  // names of messages; empty is none
+  std::string PostChime;
   bool HasRouter = true;
   bool Autostart = true;
   std::string MusicStart;  // of the music's clock, "09:00"; empty is none

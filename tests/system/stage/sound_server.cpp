@@ -76,6 +76,15 @@ std::unique_ptr<ChildProcess> SoundServer::Record(const std::string& output, int
   return recorder;
 }
 
+std::unique_ptr<ChildProcess> SoundServer::Speak(const std::string& file) const {
+  Command command;
+  command.Arguments = {"paplay", "--device=mouth", "--latency-msec=50", file};
+  command.Variables = Variables();
+  command.LogFile = Folder + "/speak.log";
+  command.GoesFirst = true;
+  return std::make_unique<ChildProcess>(command);
+}
+
 /// The door is made last, so that whoever can connect finds all cards.
 void SoundServer::WriteScript(const SoundCards& cards) const {
   std::ofstream script(Folder + "/server.pa");
@@ -83,7 +92,10 @@ void SoundServer::WriteScript(const SoundCards& cards) const {
     script << "load-module module-null-sink sink_name=" << output << " rate=" << kSampleRate
            << " channels=" << kChannels << " sink_properties=device.description=" << output << "\n";
   }
-  if (cards.Microphone) script << "load-module module-null-source source_name=microphone\n";
+  if (cards.Microphone) {
+    script << "load-module module-null-sink sink_name=mouth rate=" << kSampleRate << "\n"
+           << "load-module module-remap-source source_name=microphone master=mouth.monitor\n";
+  }
   script << "set-default-sink " << cards.Outputs.front() << "\n";
   if (cards.Microphone) script << "set-default-source microphone\n";
   script << "load-module module-native-protocol-unix auth-anonymous=1 socket=" << Folder

@@ -11,7 +11,7 @@ namespace marlex::stage {
 /// What hangs on the sound server of a stage.
 struct SoundCards {
   std::vector<std::string> Outputs = {"card"};  // the first is the default
-  bool Microphone = false;                      // a silent one
+  bool Microphone = false;                      // one that hears what `Speak` plays
 };
 
 /// A sound server of our own with silent cards, apart from any other server of the machine. The
@@ -35,6 +35,9 @@ class SoundServer {
   /// Records what an output plays, as raw 16 bit stereo at `kSampleRate`, into a descriptor, which
   /// it takes over.
   std::unique_ptr<ChildProcess> Record(const std::string& output, int descriptor) const;
+
+  /// Plays a WAV file into the microphone, until its end or that of the process.
+  std::unique_ptr<ChildProcess> Speak(const std::string& file) const;
 
   static constexpr int kSampleRate = 48'000;
   static constexpr int kChannels = 2;

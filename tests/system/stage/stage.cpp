@@ -124,6 +124,12 @@ bool Stage::DoubleClick(const std::string& object) {
   return area.has_value();
 }
 
+bool Stage::Press(const std::string& object) {
+  const std::optional<ScreenArea> area = AwaitPlace(object, *Window);
+  if (area) Display->Press(area->X + area->Width / 2, area->Y + area->Height / 2);
+  return area.has_value();
+}
+
 std::optional<ScreenArea> Stage::AwaitPlace(const std::string& object, ProbeLink& link) const {
   constexpr double kSeenLimitSeconds = 30;
   std::optional<ScreenArea> area;

@@ -60,6 +60,9 @@ class Stage {
 
   bool DoubleClick(const std::string& object);
 
+  /// Presses on the middle of a control; `Display->Release()` lets it go.
+  bool Press(const std::string& object);
+
   /// The same in a window that is read through another link.
   bool Click(const std::string& object, ProbeLink& link);
 
