@@ -51,7 +51,7 @@ void DriveListBox::ShowDriveOf(const std::string& directory) {
 
 DirListBox::DirListBox(Form& form, const std::string& name, const Directories& files)
     : ListBox(form, name), Files(files) {
-  OnDblClick = [this] { SetPath(Text()); };
+  OnDblClick = [this] { OpenSelected(); };
 }
 
 void DirListBox::ResetToDesign() {
@@ -64,6 +64,10 @@ void DirListBox::SetPath(const std::string& directory) {
   if (path == Open || !path.starts_with(kSeparator) || !Files.HasDirectory(path)) return;
   BeginAt(path);
   if (OnChange) OnChange();
+}
+
+void DirListBox::OpenAbove() {
+  if (!Open.empty()) SetPath(Above(Open));
 }
 
 void DirListBox::BeginAt(const std::string& directory) {

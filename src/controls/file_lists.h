@@ -45,6 +45,9 @@ class DirListBox : public ListBox {
   /// no whole path, changes nothing.
   void SetPath(const std::string& directory);
 
+  void OpenSelected() { SetPath(Text()); }
+  void OpenAbove();
+
   /// Opens the directory from which a search begins; raises nothing.
   void BeginAt(const std::string& directory);
 

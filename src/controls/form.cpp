@@ -22,7 +22,10 @@ void Form::Load() {
 void Form::Show() {
   Load();
   // The load of a form may end in its own unloading; such a form stays hidden.
-  if (IsLoaded) Visible = true;
+  if (!IsLoaded) return;
+  ++ShowCount;
+  Visible = true;
+  Self.Changed();
 }
 
 void Form::Unload() {

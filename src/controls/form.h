@@ -21,13 +21,16 @@ class Form {
   Form& operator=(const Form&) = delete;
 
   void Load();    // does nothing on a loaded form
-  void Show();    // loads the form where needed, then makes it visible
+  void Show();    // loads the form where needed, then makes it visible and brings it to the front
   void Unload();  // does nothing on a form that is not loaded
 
   /// The operator closes the window: `OnClose` decides where it is set, else the form is unloaded.
   void Close();
 
   bool Loaded() const { return IsLoaded; }
+
+  /// Times the form was shown; a view brings its window to the front at each.
+  unsigned ShowCount = 0;
 
   const std::string Name;
   std::vector<Control*> Controls;  // in the order of their making

@@ -103,5 +103,27 @@ TEST(MemoryProfiles, JournalShowsWritesWhenItIsAskedTo) {
   EXPECT_EQ(pc.Journal.Text(), "0 write Tolvo.ini [Main] Key=2\n");
 }
 
+TEST(MemoryDisk, SubdirectoriesAreSortedAndHiddenOrVanishedOnesLeftOut) {
+  SimulatedPc pc;
+  for (const char* path : {"/media/b", "/media/A/deep", "/media/.x", "/media/gone"})
+    pc.Disk.AddDirectory(path);
+  pc.Disk.AddFile("/media/file");
+  pc.Disk.Vanish("/media/gone");
+  EXPECT_EQ(pc.Disk.Subdirectories("/media"), (std::vector<std::string>{"A", "b"}));
+  EXPECT_EQ(pc.Disk.Subdirectories("/media/"), (std::vector<std::string>{"A", "b"}));
+  pc.Disk.FailReads("/media");
+  EXPECT_TRUE(pc.Disk.Subdirectories("/media").empty());
+  EXPECT_TRUE(pc.Disk.List("/media", "*").empty());
+}
+
+TEST(MemoryDisk, TheHomeDirectoryIsTheFirstDrive) {
+  SimulatedPc pc;
+  pc.Disk.AddDrive("/media/stick");
+  pc.Disk.AddDrive("/export");
+  EXPECT_EQ(pc.Disk.Drives(),
+            (std::vector<std::string>{"/home/operator", "/", "/export", "/media/stick"}));
+  EXPECT_TRUE(pc.Disk.HasDirectory("/media/stick/"));
+}
+
 }  // namespace
 }  // namespace marlex

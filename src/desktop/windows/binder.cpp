@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QPushButton>
 
 #include "desktop/windows/shown_text.h"
 
@@ -56,9 +57,10 @@ void Binder::PaintAll() {
 void Binder::PaintWindow() {
   WindowDirty = false;
   Window.setWindowTitle(ShownText(Shown.Caption));
-  if (Window.isVisible() == Shown.Visible) return;
   if (!Shown.Visible) return Window.hide();
-  if (OnShow) OnShow(Window);
+  if (Window.isVisible() && Shown.ShowCount == BroughtToFront) return;
+  BroughtToFront = Shown.ShowCount;
+  if (!Window.isVisible() && OnShow) OnShow(Window);
   Window.show();
   Window.raise();
   Window.activateWindow();
@@ -74,9 +76,12 @@ bool Binder::eventFilter(QObject* object, QEvent* event) {
     });
     return true;
   }
+  const bool isEscape =
+      event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
   // A dialog's own answer to Escape would hide the window behind the form's back.
-  return event->type() == QEvent::KeyPress &&
-         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (!isEscape) return false;
+  if (auto* cancel = Window.findChild<QPushButton*>("cmdCancel")) cancel->click();
+  return true;
 }
 
 }  // namespace marlex

@@ -43,6 +43,7 @@ class Binder : public QObject {
   std::vector<std::unique_ptr<Bound>> Controls;
   bool WindowDirty = true;
   bool PaintQueued = false;
+  unsigned BroughtToFront = 0;  // the form's ShowCount when the window was last raised
 };
 
 }  // namespace marlex

@@ -33,7 +33,7 @@ void ListModel::Refresh() {
 QVariant ListModel::data(const QModelIndex& index, int role) const {
   // The control may have lost entries since the view was told of them.
   if (role != Qt::DisplayRole || index.row() >= List.ListCount()) return {};
-  return QString::fromStdString(List.List(index.row()));
+  return QString::fromStdString(List.ShownText(index.row()));
 }
 
 ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
@@ -43,6 +43,7 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
       Operator(hand),
       Model(list),
       Watch(*view.viewport()) {
+  view.ensurePolished();  // a height measured before would be kept for all entries
   view.setModel(&Model);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
   view.setUniformItemSizes(true);

@@ -9,6 +9,7 @@
 
 #include "desktop/windows/binding.h"
 #include "desktop/windows/card.h"
+#include "desktop/windows/dir_binding.h"
 #include "desktop/windows/grid_binding.h"
 #include "desktop/windows/list_binding.h"
 #include "desktop/windows/press_watch.h"
@@ -142,7 +143,7 @@ class OptionBinding : public ButtonBinding {
       : ButtonBinding(option, widget), Option(option) {
     QObject::connect(&widget, &QAbstractButton::clicked, [&option, &hand] {
       hand.Forward(option, [&option] { option.SetValue(true); });
-      PaintArrayOf(option);
+      PaintGroupOf(option);
     });
   }
 
@@ -157,9 +158,10 @@ class OptionBinding : public ButtonBinding {
 
  private:
   /// The widgets have switched each other off by themselves, whatever the system made of the click.
-  static void PaintArrayOf(OptionButton& option) {
+  static void PaintGroupOf(OptionButton& option) {
     for (Control* control : option.Owner.Controls) {
-      if (control->Name == option.Name && control->Watcher) control->Watcher();
+      auto* other = dynamic_cast<OptionButton*>(control);
+      if (other && other->Group == option.Group && other->Watcher) other->Watcher();
     }
   }
 
@@ -276,6 +278,12 @@ std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand) {
   }
   if (auto* slider = dynamic_cast<Slider*>(&control)) {
     return std::make_unique<SliderBinding>(*slider, Find<QSlider>(window, control), hand);
+  }
+  if (auto* drives = dynamic_cast<DriveListBox*>(&control)) {
+    return std::make_unique<DriveBinding>(*drives, Find<QComboBox>(window, control), hand);
+  }
+  if (auto* tree = dynamic_cast<DirListBox*>(&control)) {
+    return std::make_unique<DirBinding>(*tree, Find<QListView>(window, control), hand);
   }
   if (auto* list = dynamic_cast<ListBox*>(&control)) {
     return std::make_unique<ListBinding>(*list, Find<QListView>(window, control), hand);

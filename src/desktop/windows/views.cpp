@@ -2,18 +2,23 @@
 
 #include <QApplication>
 #include <QScreen>
+#include <QWindow>
 
 #include "desktop/windows/glyphs.h"
 #include "desktop/windows/theme.h"
 #include "ui_frm_about.h"
+#include "ui_frm_chime_select.h"
+#include "ui_frm_dir_sel.h"
 #include "ui_frm_lang_sel.h"
 #include "ui_frm_logo.h"
 #include "ui_frm_main.h"
+#include "ui_frm_settings.h"
 
 namespace marlex {
 
 namespace {
 
+constexpr Qt::WindowFlags kDialog = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
 constexpr QSize kMainSize(1160, 760);  // at first; the window can be enlarged
 
 template <class Window, class Layout>
@@ -45,17 +50,33 @@ Views::Views(Windows& windows, EventLoop& loop) {
   QGuiApplication::setQuitOnLastWindowClosed(false);
   MainWindow = Make<QMainWindow>(Ui::frmMain());
   LogoWindow = Make<QWidget>(Ui::frmLogo(), Qt::SplashScreen | Qt::FramelessWindowHint);
-  LangSelWindow =
-      Make<QDialog>(Ui::frmlangSel(), Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-  AboutWindow =
-      Make<QDialog>(Ui::frmAbout(), Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+  LangSelWindow = Make<QDialog>(Ui::frmlangSel(), kDialog);
+  AboutWindow = Make<QDialog>(Ui::frmAbout(), kDialog);
+  SettingsWindow = Make<QDialog>(Ui::frmSettings(), kDialog);
+  DirSelWindow = Make<QDialog>(Ui::frmDirSel(), kDialog);
+  ChimeSelectWindow = Make<QDialog>(Ui::frmChimeSelect(), kDialog);
   Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
   Connect(windows.frmLogo, *LogoWindow, loop, Centre);
   Connect(windows.frmlangSel, *LangSelWindow, loop, Centre);
   Connect(windows.frmAbout, *AboutWindow, loop, Centre);
+  Connect(windows.frmSettings, *SettingsWindow, loop, Centre);
+  ConnectPicker(windows.frmDirSel, *DirSelWindow, loop);
+  ConnectPicker(windows.frmChimeSelect, *ChimeSelectWindow, loop);
 }
 
 Views::~Views() = default;
+
+/// A picker stands before the settings dialog alone: the main window stays free, so that a call can
+/// be made at any moment.
+void Views::ConnectPicker(Form& form, QWidget& window, EventLoop& loop) {
+  window.setWindowModality(Qt::WindowModal);
+  Connect(form, window, loop, [this](QWidget& picker) {
+    Centre(picker);
+    SettingsWindow->winId();  // makes the handle where it is missing
+    picker.winId();
+    picker.windowHandle()->setTransientParent(SettingsWindow->windowHandle());
+  });
+}
 
 void Views::Connect(Form& form, QWidget& window, EventLoop& loop,
                     std::function<void(QWidget&)> place) {

@@ -22,14 +22,21 @@ class Views {
   QWidget& Logo() { return *LogoWindow; }
   QWidget& LangSel() { return *LangSelWindow; }
   QWidget& About() { return *AboutWindow; }
+  QWidget& Settings() { return *SettingsWindow; }
+  QWidget& DirSel() { return *DirSelWindow; }
+  QWidget& ChimeSelect() { return *ChimeSelectWindow; }
 
  private:
+  void ConnectPicker(Form& form, QWidget& window, EventLoop& loop);
   void Connect(Form& form, QWidget& window, EventLoop& loop, std::function<void(QWidget&)> place);
 
   std::unique_ptr<QWidget> MainWindow;
   std::unique_ptr<QWidget> LogoWindow;
   std::unique_ptr<QWidget> LangSelWindow;
   std::unique_ptr<QWidget> AboutWindow;
+  std::unique_ptr<QWidget> SettingsWindow;
+  std::unique_ptr<QWidget> DirSelWindow;
+  std::unique_ptr<QWidget> ChimeSelectWindow;
   std::vector<std::unique_ptr<Binder>> Binders;  // go before the windows
 };
 

@@ -109,5 +109,54 @@ TEST(Directories, DeleteRemovesOneFileAndNeverADirectory) {
   EXPECT_EQ(disk.Read("b"), "kept");
 }
 
+TEST(Directories, SubdirectoriesAreSortedAndHiddenOnesLeftOut) {
+  const TemporaryDirectory disk;
+  for (const char* name : {"b", "A", "c d", ".hidden"}) fs::create_directories(disk.Path(name));
+  disk.Write("file", "");
+  fs::create_directory_symlink("b", disk.Path("z"));
+  fs::create_symlink("gone", disk.Path("dangling"));
+  DiskDirectories directories;
+  EXPECT_EQ(directories.Subdirectories(disk.Path("")), (Names{"A", "b", "c d", "z"}));
+  EXPECT_EQ(directories.Subdirectories(disk.Path("file")), Names{});
+  EXPECT_EQ(directories.Subdirectories(disk.Path("gone")), Names{});
+}
+
+TEST(Directories, ADirectoryIsKnownWithAndWithoutItsSeparator) {
+  const TemporaryDirectory disk;
+  fs::create_directories(disk.Path("music"));
+  disk.Write("file", "");
+  DiskDirectories directories;
+  EXPECT_TRUE(directories.HasDirectory(disk.Path("music")));
+  EXPECT_TRUE(directories.HasDirectory(disk.Path("music/")));
+  EXPECT_TRUE(directories.HasDirectory("/"));
+  EXPECT_FALSE(directories.HasDirectory(disk.Path("file")));
+  EXPECT_FALSE(directories.HasDirectory(disk.Path("gone")));
+  EXPECT_FALSE(directories.HasDirectory(""));
+}
+
+TEST(Directories, TheDrivesAreTheHomeDirectoryAndTheMountedFileSystems) {
+  const TemporaryDirectory disk;
+  const std::string table = disk.Write("mounts",
+                                       "/dev/sda1 / ext4 rw 0 0\n"
+                                       "proc /proc proc rw 0 0\n"
+                                       "tmpfs /run tmpfs rw 0 0\n"
+                                       "/dev/sda2 /boot/efi vfat rw 0 0\n"
+                                       "/dev/sdb1 /run/media/anna/My\\040Stick vfat rw 0 0\n"
+                                       "nas:/music /mnt/nas nfs rw 0 0\n"
+                                       "/dev/sda1 / ext4 rw 0 0\n"
+                                       "/dev/sda3 /devices ext4 rw 0 0\n");
+  Names drives = DiskDirectories(table).Drives();
+  ASSERT_FALSE(drives.empty());
+  EXPECT_TRUE(fs::equivalent(drives.front(), std::getenv("HOME"))) << drives.front();
+  drives.erase(drives.begin());
+  EXPECT_EQ(drives, (Names{"/", "/devices", "/mnt/nas", "/run/media/anna/My Stick"}));
+}
+
+TEST(Directories, WithoutATableOfMountsTheRootIsLeft) {
+  const Names drives = DiskDirectories("/gone").Drives();
+  ASSERT_EQ(drives.size(), 2u);
+  EXPECT_EQ(drives.back(), "/");
+}
+
 }  // namespace
 }  // namespace marlex::test

@@ -44,6 +44,9 @@ TEST(Binder, EveryControlHasAWidgetAndEveryWidgetAControl) {
   ExpectSameNames(desk.Forms.frmLogo, desk.Screen.Logo());
   ExpectSameNames(desk.Forms.frmlangSel, desk.Screen.LangSel());
   ExpectSameNames(desk.Forms.frmAbout, desk.Screen.About());
+  ExpectSameNames(desk.Forms.frmSettings, desk.Screen.Settings());
+  ExpectSameNames(desk.Forms.frmDirSel, desk.Screen.DirSel());
+  ExpectSameNames(desk.Forms.frmChimeSelect, desk.Screen.ChimeSelect());
 }
 
 TEST(Binder, AControlWithoutAWidgetIsRefusedByName) {

@@ -116,6 +116,27 @@ TEST_P(WholeLayout, NothingIsClippedInTheSmallWindows) {
   ExpectNothingClipped(desk.Screen.LangSel());
 }
 
+TEST_P(WholeLayout, NothingIsClippedInTheSettingsAndTheirPickers) {
+  Desk desk;
+  desk.Forms.frmSettings.Load();
+  Texts(GetParam()).Fill(desk.Forms);
+  for (const bool router : {true, false}) {
+    FrmSettings& settings = desk.Forms.frmSettings;
+    for (Frame* frame : {&settings.frNames, &settings.frPort, &settings.frPriority})
+      frame->Visible = router;
+    settings.frChimes.Visible = router;
+    settings.frSound.Visible = !router;
+    for (Form* form : {static_cast<Form*>(&settings), static_cast<Form*>(&desk.Forms.frmDirSel),
+                       static_cast<Form*>(&desk.Forms.frmChimeSelect)}) {
+      form->Show();
+    }
+    desk.Settle();
+    ExpectNothingClipped(desk.Screen.Settings());
+    ExpectNothingClipped(desk.Screen.DirSel());
+    ExpectNothingClipped(desk.Screen.ChimeSelect());
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(LongerTexts, WholeLayout, ::testing::Bool());
 
 TEST(Layout, TheMainWindowFitsASmallScreen) {
@@ -126,6 +147,16 @@ TEST(Layout, TheMainWindowFitsASmallScreen) {
   const QSize smallest = desk.Screen.Main().minimumSizeHint();
   EXPECT_LE(smallest.width(), 1024);
   EXPECT_LE(smallest.height(), 700);
+}
+
+TEST(Layout, TheSettingsDialogFitsASmallScreen) {
+  Desk desk;
+  desk.Forms.frmSettings.Load();
+  Texts().Fill(desk.Forms);
+  desk.Forms.frmSettings.Show();
+  desk.Settle();
+  EXPECT_LE(desk.Screen.Settings().width(), 1024);
+  EXPECT_LE(desk.Screen.Settings().height(), 700);
 }
 
 }  // namespace

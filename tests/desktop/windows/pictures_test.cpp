@@ -129,6 +129,52 @@ TEST(Pictures, SmallWindows) {
   Keep(desk.Screen.LangSel(), "languages");
 }
 
+TEST(Pictures, SettingsDialog) {
+  Desk desk;
+  FrmSettings& settings = desk.Forms.frmSettings;
+  settings.Load();
+  Texts().Fill(desk.Forms);
+  settings.Show();
+  desk.Settle();
+  Keep(desk.Screen.Settings(), "settings_zones");
+  for (Frame* frame :
+       {&settings.frNames, &settings.frPort, &settings.frPriority, &settings.frChimes})
+    frame->Visible = false;
+  settings.optTolvo[1].SetValue(true);
+  settings.frSound.Visible = true;
+  settings.frMicroVolume.Enabled = false;
+  desk.Settle();
+  Keep(desk.Screen.Settings(), "settings_no_zones_no_microphone");
+}
+
+TEST(Pictures, SettingsDialogWithLongTexts) {
+  Desk desk;
+  desk.Forms.frmSettings.Load();
+  Texts(true).Fill(desk.Forms);
+  desk.Forms.frmSettings.Show();
+  desk.Settle();
+  Keep(desk.Screen.Settings(), "settings_long_texts");
+}
+
+TEST(Pictures, Pickers) {
+  Desk desk;
+  FillMedia(desk.Disk);
+  FrmDirSel& directory = desk.Forms.frmDirSel;
+  directory.Load();
+  directory.Drive1.Refresh();
+  directory.Dir1.BeginAt("/home/operator/Music");
+  directory.lstFiles.SetPath("/home/operator/Music");
+  directory.Show();
+  FrmChimeSelect& chime = desk.Forms.frmChimeSelect;
+  chime.Load();
+  chime.lstChimeList.SetPath("/home/operator/Messages");
+  chime.lstChimeList.SetListIndex(1);
+  chime.Show();
+  desk.Settle();
+  Keep(desk.Screen.DirSel(), "directory_picker");
+  Keep(desk.Screen.ChimeSelect(), "chime_picker");
+}
+
 TEST(Pictures, OpenMenus) {
   Desk desk;
   ShowRouter(desk);

@@ -3,6 +3,7 @@
 #include <map>
 #include <string>
 
+#include "simulation/memory_disk.h"
 #include "windows/windows.h"
 
 namespace marlex {
@@ -15,6 +16,9 @@ class Texts {
 
   void Fill(Windows& forms) {
     Fill(forms.frmMain);
+    Fill(forms.frmSettings);
+    Stretch(forms.frmDirSel);
+    Stretch(forms.frmChimeSelect);
     Languages(forms.frmlangSel);
     for (Form* form : {static_cast<Form*>(&forms.frmLogo), static_cast<Form*>(&forms.frmAbout)})
       Stretch(*form);
@@ -38,6 +42,27 @@ class Texts {
     Songs(main);
     Heading(main.grdSchedule);
     main.mnuCurrentDay.Checked = true;
+  }
+
+  void Fill(FrmSettings& settings) {
+    Stretch(settings);
+    settings.lblBGDir_Name.Caption = Word("/home/operator/Music/Background/");
+    settings.lblMsgDir_Name.Caption = Word("/home/operator/Messages/");
+    settings.chkPreChime.Value = 1;
+    settings.lblPreChime.Caption = Word("three_tones");
+    settings.cmdPostSelect.Enabled = false;
+    settings.lblPostChime.Visible = false;
+    const char* zones[] = {"Entrance", "Hall A", "Hall B", "Canteen", "Workshop", "Car park"};
+    for (int zone = 0; zone < kZones; ++zone) settings.txtZoneName[zone].Text = zones[zone];
+    settings.slMasterVolume.Value = 9000;
+    settings.slMusicVolume.Value = 30000;
+    settings.slMessageVolume.Value = 15000;
+    settings.slMicroVolume.Value = 52000;
+    settings.optTolvo[0].SetValue(true);
+    settings.optCom[0].SetValue(true);
+    settings.optPriority[1].SetValue(true);
+    settings.optFast.SetValue(true);
+    settings.frSound.Visible = false;
   }
 
   void Songs(FrmMain& main) {
@@ -83,6 +108,17 @@ class Texts {
 
   bool Longer;
 };
+
+/// The media of a small shop, in the operator's home.
+inline void FillMedia(MemoryDisk& disk) {
+  const std::string home = std::string(MemoryDisk::kHome) + "/";
+  for (const char* song : {"Blue tram", "Evening walk", "First snow", "Harbour lights"})
+    disk.AddMp3(home + "Music/" + song + ".mp3", 1000);
+  for (const char* directory : {"Background", "Christmas", "Sundays"})
+    disk.AddDirectory(home + "Music/" + directory);
+  for (const char* message : {"closing_time", "gong", "good_morning", "three_tones"})
+    disk.AddWav(home + "Messages/" + message + ".wav", 1000);
+}
 
 /// A day's rows, every half hour from seven on.
 inline void FillSchedule(Grid& grid, int rows) {

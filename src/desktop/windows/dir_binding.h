@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QComboBox>
+
+#include "controls/file_lists.h"
+#include "desktop/windows/list_binding.h"
+
+namespace marlex {
+
+/// A list of drives as a box that opens.
+class DriveBinding : public QObject, public WidgetBinding {
+ public:
+  DriveBinding(DriveListBox& drives, QComboBox& widget, Hand& hand);
+
+  void Paint() override;
+
+ private:
+  DriveListBox& Drives;
+  QComboBox& Widget;
+};
+
+/// A tree of directories. The arrow to the right opens the selected one as a double-click does, the
+/// arrow to the left the one above the open one.
+class DirBinding : public ListBinding {
+ public:
+  DirBinding(DirListBox& tree, QListView& view, Hand& hand);
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  DirListBox& Tree;
+  QListView& View;
+  Hand& Operator;
+};
+
+}  // namespace marlex
