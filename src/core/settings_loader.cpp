@@ -7,13 +7,14 @@
 
 namespace marlex {
 
-SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, FrmMain& frmMain,
+SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, Windows& windows,
                                FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
                                const StringTable& strings, Notices& notices)
     : TheFlags(flags),
       Store(store),
       Values(store.Values),
-      TheFrmMain(frmMain),
+      TheFrmMain(windows.frmMain),
+      TheFrmSettings(windows.frmSettings),
       TheFrmPlayers(frmPlayers),
       TheFrmMxr(frmMxr),
       Mixer(mixer),
@@ -28,7 +29,7 @@ void SettingsLoader::LoadSettings() {
   LoadVolumeSettings();
   if (Store.Read("Selected paths", "Music directory").empty()) {
     TheFrmPlayers.tmrMessage.Enabled = false;
-    ShowSettings();
+    TheFrmSettings.Show();
     return;
   }
   ReadGeneralSettings();

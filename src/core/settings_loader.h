@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "i18n/string_table.h"
@@ -8,23 +7,20 @@
 #include "state/flags.h"
 #include "state/notices.h"
 #include "state/settings_store.h"
-#include "windows/frm_main.h"
 #include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
+#include "windows/windows.h"
 
 namespace marlex {
 
 /// Turns the settings file into the values that the rest of the program reads.
 class SettingsLoader {
  public:
-  SettingsLoader(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
+  SettingsLoader(Flags& flags, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
                  FrmMxr& frmMxr, MixerAccess& mixer, const StringTable& strings, Notices& notices);
 
-  /// Lets the operator enter the settings on a first run, when there is no music directory; wired
-  /// at composition.
-  std::function<void()> ShowSettings;
-
-  /// Starts the engine and the mixer, reads all settings and shows the main window.
+  /// Starts the engine and the mixer, reads all settings and shows the main window; on a first run,
+  /// when there is no music directory, the settings dialog, whose OK shows it afterwards.
   void LoadSettings();
 
   /// Levels to the mixer's lines, all of them muted; music, messages and calls lift the mutes.
@@ -41,6 +37,7 @@ class SettingsLoader {
   SettingsStore& Store;
   Settings& Values;
   FrmMain& TheFrmMain;
+  FrmSettings& TheFrmSettings;
   FrmPlayers& TheFrmPlayers;
   FrmMxr& TheFrmMxr;
   MixerAccess& Mixer;

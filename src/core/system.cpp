@@ -37,24 +37,14 @@ System::System(const Pc& pc)
       Dialog(TheFlags, Store, pc.TheProcess, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings,
              TheNotices, Table, TheMainWindow),
       ThePickers(Store, TheWindows, Strings),
-      Loader(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Strings,
-             TheNotices),
+      Loader(TheFlags, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings, TheNotices),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader) {
   // The calls that run upwards.
   Link.PlaySong = [this] { Music.PlaySong(); };
   Music.PlayMessageWavs = [this] { Wavs.PlayMessageWavs(); };
-  Loader.ShowSettings = [this] { RefuseFirstRun(); };
   pc.Loop.OnFailure = [this](const RuntimeFailure& failure) {
     TheNotices.Tell(failure.what(), BoxIcon::Critical, Strings.LoadString(kStrError));
   };
-}
-
-/// Without a music directory there is nothing to run on, and the settings file is the only place to
-/// enter one: the operator is told so, and the program ends.
-void System::RefuseFirstRun() {
-  ThePc.Boxes.MsgBox(Strings.LoadString(kStrNoMusicDirectoryEntered) + "\r\n" + Store.TolvoIni(),
-                     BoxIcon::Critical, Strings.LoadString(kStrError));
-  ThePc.TheProcess.End();
 }
 
 }  // namespace marlex

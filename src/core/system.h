@@ -73,8 +73,6 @@ class System {
   SettingsLoader Loader;
 
  private:
-  void RefuseFirstRun();
-
   StartUp StartUp_;
 };
 

@@ -123,7 +123,6 @@ TEST(SettingsLoader, AnEmptyMusicDirectoryIsAFirstRunOnWhichNoOtherKeyTakesEffec
       [](SimulatedPc& pc) {
         With("Selected paths", "Music directory", "")(pc);
         With("Used com port", "Com port", "2")(pc);
-        pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
       });
   EXPECT_EQ(desk->Values().MessageDirectory, "");
   EXPECT_EQ(desk->Values().CurrentPlaylistFile, "");
@@ -132,8 +131,7 @@ TEST(SettingsLoader, AnEmptyMusicDirectoryIsAFirstRunOnWhichNoOtherKeyTakesEffec
   EXPECT_FALSE(desk->Pc.Serial.PortOpen());
   EXPECT_FALSE(desk->Sys->TheFrmPlayers.tmrMessage.Enabled);
   EXPECT_FALSE(desk->Main().Visible);
-  EXPECT_EQ(desk->Pc.Dialogs.Boxes.at(0).Body,
-            "Background music directory not entered\r\n/app/Tolvo.ini");
+  EXPECT_TRUE(desk->Sys->TheWindows.frmSettings.Visible);
 }
 
 TEST(SettingsLoader, TheProgramStartsWithMasterWaveAndMicrophoneMutedAtTheStoredLevels) {

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <string>
+
+#include "desk/desk.h"
+
+namespace marlex {
+
+/// A change of the settings file before the program starts.
+inline std::function<void(SimulatedPc&)> With(const std::string& section, const std::string& key,
+                                              const std::string& value) {
+  return [=](SimulatedPc& pc) { pc.Profiles.WriteString(section, key, value, Desk::kIni); };
+}
+
+/// A settings file with this text alone, and media in the operator's home.
+inline std::function<void(SimulatedPc&)> FirstRun(const std::string& text = "") {
+  return [=](SimulatedPc& pc) {
+    pc.Disk.AddFile(Desk::kIni, "[User language]\r\nLanguage=English\r\n" + text);
+    pc.Disk.AddMp3("/home/operator/songs/march.mp3", 60'000);
+    pc.Disk.AddWav("/home/operator/spots/gong.wav", 1000);
+  };
+}
+
+/// A desk with the operator's hands and eyes on the settings dialog and its pickers.
+struct SettingsDesk : Desk {
+  using Desk::Desk;
+
+  FrmSettings& Dialog() { return Sys->TheWindows.frmSettings; }
+  FrmDirSel& DirSel() { return Sys->TheWindows.frmDirSel; }
+  FrmChimeSelect& ChimeSelect() { return Sys->TheWindows.frmChimeSelect; }
+
+  SettingsDesk& Open() {
+    Click("mnuSettings");
+    return *this;
+  }
+  void Move(marlex::Slider& slider, int position) {
+    Do([&] { slider.Value = position; });
+  }
+  void Type(TextBox& box, const std::string& text) {
+    Do([&] { box.Text = text; });
+  }
+  int Row(const ListBox& list, const std::string& text) {
+    for (int row = 0; row < list.ListCount(); ++row) {
+      if (list.List(row) == text) return row;
+    }
+    return ListBox::kNoSelection;
+  }
+  void Choose(ListBox& list, const std::string& text) {
+    Do([&] { list.SetListIndex(Row(list, text)); });
+  }
+  void DoubleClick(ListBox& list, const std::string& text) {
+    Choose(list, text);
+    Do([&] { list.OnDblClick(); });
+  }
+  /// Bodies of the boxes so far, one a line.
+  std::string BoxTexts() {
+    std::string texts;
+    for (const auto& box : Pc.Dialogs.Boxes) texts += box.Caption + ": " + box.Body + "\n";
+    return texts;
+  }
+};
+
+/// Entries of a list, one a line.
+inline std::string Entries(const ListBox& list) {
+  std::string entries;
+  for (int row = 0; row < list.ListCount(); ++row) entries += list.List(row) + "\n";
+  return entries;
+}
+
+}  // namespace marlex

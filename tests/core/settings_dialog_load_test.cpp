@@ -1,0 +1,211 @@
+#include <gtest/gtest.h>
+
+#include "core/settings_desk.h"
+
+namespace marlex {
+namespace {
+
+TEST(SettingsDialogLoad, TheMenuOpensItWithTheTextsOfTheTable) {
+  SettingsDesk desk;
+  desk.Dialog().Frame3.Caption = "of the design";
+  desk.Open();
+  EXPECT_TRUE(desk.Dialog().Visible);
+  EXPECT_EQ(desk.Dialog().Caption.Get(), "Settings");
+  EXPECT_EQ(desk.Text("Frame3"), "Fading time");
+  EXPECT_EQ(desk.Text("optTolvo_0"), "QRT4410/20");
+  EXPECT_EQ(desk.Text("optTolvo_1"), "Other Tolvo");
+  EXPECT_EQ(desk.Text("cmdPreSelect"), "Select");
+  EXPECT_EQ(desk.Text("Explain_0"), "Directory where the MP3 background music files are stored");
+  EXPECT_EQ(desk.Text("Explain_1"), "Directory where the wav message file are stored");
+  EXPECT_EQ(desk.Text("optCom_0") + desk.Text("optCom_1"), "Com 1Com 2");
+}
+
+TEST(SettingsDialogLoad, TheCaptionsOverTheDirectoriesHaveTheColourOfTheVolumes) {
+  SettingsDesk desk({}, nullptr, false);
+  desk.Dialog().frVolume.BackColor = 0x123456;
+  desk.Start();
+  desk.Open();
+  EXPECT_EQ(desk.Dialog().Explain[0].BackColor, 0x123456u);
+  EXPECT_EQ(desk.Dialog().Explain[1].BackColor, 0x123456u);
+}
+
+TEST(SettingsDialogLoad, WithAMicrophoneTheChimesShow) {
+  SettingsDesk desk;
+  desk.Open();
+  EXPECT_TRUE(desk.Visible("frChimes"));
+  EXPECT_FALSE(desk.Visible("frSound"));
+  EXPECT_TRUE(desk.Enabled("frMicroVolume"));
+}
+
+TEST(SettingsDialogLoad, WithoutAMicrophoneAWordInEnglishStandsInTheirPlace) {
+  SettingsDesk desk({.Microphone = false});
+  desk.Open();
+  EXPECT_FALSE(desk.Visible("frChimes"));
+  EXPECT_TRUE(desk.Visible("frSound"));
+  EXPECT_FALSE(desk.Enabled("frMicroVolume"));
+  EXPECT_EQ(desk.Text("lblSound"),
+            "Microphone function not available due to limitations of the PC sound system");
+}
+
+TEST(SettingsDialogLoad, TheDirectoriesAreReadFreshFromTheFile) {
+  SettingsDesk desk;
+  desk.Values().MusicDirectory = "/elsewhere/";
+  With("Selected paths", "Message directory", "/other/")(desk.Pc);
+  desk.Open();
+  EXPECT_EQ(desk.Text("lblBGDir_Name"), "/music/");
+  EXPECT_EQ(desk.Text("lblMsgDir_Name"), "/other/");
+}
+
+TEST(SettingsDialogLoad, AStoredChimeIsCheckedAndShown) {
+  SettingsDesk desk({}, With("Chime selection", "PostChime", "dong"));
+  desk.Values().PostChime = "older";
+  desk.Open();
+  EXPECT_EQ(desk.Values().PostChime, "dong");
+  EXPECT_EQ(desk.Dialog().chkPostChime.Value, 1);
+  EXPECT_TRUE(desk.Enabled("cmdPostSelect"));
+  EXPECT_TRUE(desk.Visible("lblPostChime"));
+  EXPECT_EQ(desk.Text("lblPostChime"), "dong");
+  EXPECT_EQ(desk.Dialog().chkPreChime.Value, 0);
+  EXPECT_FALSE(desk.Enabled("cmdPreSelect"));
+  EXPECT_FALSE(desk.Visible("lblPreChime"));
+}
+
+TEST(SettingsDialogLoad, WithoutAMessageDirectoryThereIsNoChimeToPick) {
+  SettingsDesk without({}, With("Selected paths", "Message directory", ""));
+  without.Open();
+  EXPECT_FALSE(without.Enabled("chkPreChime"));
+  EXPECT_FALSE(without.Enabled("chkPostChime"));
+  SettingsDesk with;
+  with.Open();
+  EXPECT_TRUE(with.Enabled("chkPreChime"));
+  EXPECT_TRUE(with.Enabled("chkPostChime"));
+}
+
+TEST(SettingsDialogLoad, TheRouterHasItsFramesAndTheKeysStandBelowThem) {
+  SettingsDesk desk;
+  desk.Open();
+  for (const char* frame : {"frNames", "frPort", "frPriority"}) {
+    EXPECT_TRUE(desk.Visible(frame)) << frame;
+  }
+  EXPECT_TRUE(desk.Dialog().optTolvo[0].Value());
+  EXPECT_EQ(desk.Dialog().cmdOK.Top, 5640);
+  EXPECT_EQ(desk.Dialog().cmdCancel.Top, 5640);
+}
+
+TEST(SettingsDialogLoad, AnotherAmplifierHasNoneOfThem) {
+  SettingsDesk desk({.Router = false});
+  desk.Open();
+  for (const char* frame : {"frNames", "frPort", "frPriority"}) {
+    EXPECT_FALSE(desk.Visible(frame)) << frame;
+  }
+  EXPECT_TRUE(desk.Dialog().optTolvo[1].Value());
+  EXPECT_EQ(desk.Dialog().cmdOK.Top, 4560);
+  EXPECT_EQ(desk.Dialog().cmdCancel.Top, 4560);
+}
+
+TEST(SettingsDialogLoad, AnAbsentComPortShowsPortTwo) {
+  for (const auto& [stored, shown] :
+       std::vector<std::pair<std::string, int>>{{"1", 0}, {"2", 1}, {"", 1}, {"01", 1}, {"3", 1}}) {
+    SettingsDesk desk({}, With("Used com port", "Com port", stored));
+    desk.Open();
+    EXPECT_TRUE(desk.Dialog().optCom[shown].Value()) << stored;
+    EXPECT_FALSE(desk.Dialog().optCom[1 - shown].Value()) << stored;
+  }
+}
+
+TEST(SettingsDialogLoad, ZonesWithoutANameKeepTheirsOfTheDesign) {
+  SettingsDesk desk;
+  desk.Open();
+  EXPECT_EQ(desk.Dialog().txtZoneName[0].Text.Get(), "Hall");
+  EXPECT_EQ(desk.Dialog().txtZoneName[1].Text.Get(), "Yard");
+  EXPECT_EQ(desk.Dialog().txtZoneName[2].Text.Get(), "Zone 3");
+  EXPECT_EQ(desk.Dialog().txtZoneName[5].Text.Get(), "Zone 6");
+}
+
+TEST(SettingsDialogLoad, OnlyTheExactWordHighIsHigh) {
+  for (const auto& [stored, shown] :
+       std::vector<std::pair<std::string, int>>{{"High", 1}, {"high", 0}, {"Low", 0}, {"", 0}}) {
+    SettingsDesk desk({.Priority = stored});
+    desk.Open();
+    EXPECT_TRUE(desk.Dialog().optPriority[shown].Value()) << stored;
+  }
+}
+
+TEST(SettingsDialogLoad, TheSlidersTakeTheirRangeFromTheMixersPanel) {
+  SettingsDesk desk;
+  FrmMxr& panel = desk.Sys->TheFrmMxr;
+  panel.SldrVol[0].Max = 60000;
+  panel.SldrVol[desk.Sys->Mixer.WaveLine].Max = 61000;
+  panel.SldrVol[desk.Sys->Mixer.MicLine].Max = 62000;
+  desk.Open();
+  EXPECT_EQ(desk.Dialog().slMasterVolume.Max, 60000);
+  EXPECT_EQ(desk.Dialog().slMusicVolume.Max, 61000);
+  EXPECT_EQ(desk.Dialog().slMessageVolume.Max, 61000);
+  EXPECT_EQ(desk.Dialog().slMicroVolume.Max, 62000);
+}
+
+TEST(SettingsDialogLoad, TheSlidersShowTheLevelsAndWriteThemAsIfMovedByHand) {
+  SettingsDesk desk;
+  desk.Values().MusicVolume = 21000;
+  desk.Open();
+  EXPECT_EQ(desk.Dialog().slMasterVolume.Value, 5000);
+  EXPECT_EQ(desk.Dialog().slMusicVolume.Value, 21000);
+  EXPECT_EQ(desk.Dialog().slMicroVolume.Value, 15000);
+  EXPECT_EQ(desk.Dialog().slMessageVolume.Value, 10000);
+  EXPECT_EQ(desk.Setting("Volume", "Music volume"), "21000");
+  EXPECT_EQ(desk.WaveSlider(), 21000);
+}
+
+TEST(SettingsDialogLoad, AnAbsentFadeTimeIsFastAtTheStartAndSlowOnceTheDialogHasOpened) {
+  SettingsDesk desk({.FadeTime = ""});
+  EXPECT_EQ(desk.Values().FadeTime, 500);
+  desk.Open();
+  EXPECT_EQ(desk.Values().FadeTime, 1500);
+  EXPECT_TRUE(desk.Dialog().optSlow.Value());
+  EXPECT_FALSE(desk.Dialog().optFast.Value());
+  desk.Click("cmdCancel");
+  EXPECT_EQ(desk.Values().FadeTime, 1500);
+  EXPECT_EQ(desk.Setting("Volume", "Fade time"), "");
+}
+
+TEST(SettingsDialogLoad, OnlyTheExactWordFastIsFast) {
+  SettingsDesk fast({.FadeTime = "Fast"});
+  fast.Open();
+  EXPECT_EQ(fast.Values().FadeTime, 500);
+  EXPECT_TRUE(fast.Dialog().optFast.Value());
+  SettingsDesk other({.FadeTime = "fast"});
+  other.Open();
+  EXPECT_EQ(other.Values().FadeTime, 1500);
+}
+
+TEST(SettingsDialogLoad, ASecondOpeningReadsAllAnew) {
+  SettingsDesk desk;
+  desk.Open();
+  desk.Type(desk.Dialog().txtZoneName[0], "Gate");
+  desk.Click("optCom_1");
+  desk.Click("optPriority_1");
+  desk.Click("chkPreChime");
+  desk.Click("optTolvo_1");
+  desk.Click("cmdCancel");
+  EXPECT_FALSE(desk.Dialog().Visible);
+  desk.Open();
+  EXPECT_EQ(desk.Dialog().txtZoneName[0].Text.Get(), "Hall");
+  EXPECT_TRUE(desk.Dialog().optCom[0].Value());
+  EXPECT_TRUE(desk.Dialog().optPriority[0].Value());
+  EXPECT_TRUE(desk.Dialog().optTolvo[0].Value());
+  EXPECT_EQ(desk.Dialog().chkPreChime.Value, 0);
+  EXPECT_TRUE(desk.Visible("frNames"));
+}
+
+TEST(SettingsDialogLoad, TheMenuOnAnOpenDialogBringsItToTheFrontAsItStands) {
+  SettingsDesk desk;
+  desk.Open();
+  desk.Type(desk.Dialog().txtZoneName[0], "Gate");
+  const unsigned shown = desk.Dialog().ShowCount;
+  desk.Open();
+  EXPECT_EQ(desk.Dialog().ShowCount, shown + 1);
+  EXPECT_EQ(desk.Dialog().txtZoneName[0].Text.Get(), "Gate");
+}
+
+}  // namespace
+}  // namespace marlex
