@@ -188,18 +188,24 @@ class TextBinding : public WidgetBinding {
   QLineEdit& Widget;
 };
 
+/// A slider writes a file at each of its steps. So of the steps that a fast hand makes before the
+/// system comes to them, only the last one counts.
 class SliderBinding : public WidgetBinding {
  public:
   SliderBinding(Slider& slider, QSlider& widget, Hand& hand)
       : WidgetBinding(slider, widget), Shown(slider), Widget(widget) {
     QObject::connect(&widget, &QSlider::valueChanged, [this, &slider, &hand](int value) {
       if (Painting) return;
-      hand.Forward(slider, [&slider, value] { slider.Value = value; });
+      LastOfHand = value;
+      hand.Forward(slider, [this, &slider] { slider.Value = LastOfHand; });
     });
+    QObject::connect(&widget, &QSlider::sliderReleased, [this] { Paint(); });
   }
 
+  /// A knob that is held stays under the pointer, whatever the system has come to by then.
   void Paint() override {
     WidgetBinding::Paint();
+    if (Widget.isSliderDown()) return;
     const PaintGuard guard(Painting);
     Widget.setRange(Shown.Min, Shown.Max);
     Widget.setValue(Shown.Value.Get());
@@ -209,6 +215,7 @@ class SliderBinding : public WidgetBinding {
   Slider& Shown;
   QSlider& Widget;
   bool Painting = false;
+  int LastOfHand = 0;
 };
 
 /// An item of a menu, or the title of a menu that opens.

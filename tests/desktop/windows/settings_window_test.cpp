@@ -56,6 +56,34 @@ TEST(SettingsWindow, TheTopOfAVolumeSliderIsItsLoudestEnd) {
   EXPECT_LT(knob.center().y(), slider.height() / 4);
 }
 
+TEST(SettingsWindow, OfTheStepsThatASliderMakesAtOnceOnlyTheLastCounts) {
+  SettingsPlace desk;
+  std::string steps;
+  Slider& slider = desk.Settings.slMusicVolume;
+  slider.OnChange = [&] { steps += std::to_string(slider.Value) + " "; };
+  for (const int position : {100, 200, 300}) {
+    desk.Part<QSlider>("slMusicVolume").setValue(position);
+  }
+  desk.Settle();
+  desk.Part<QSlider>("slMusicVolume").setValue(400);
+  desk.Settle();
+  EXPECT_EQ(steps, "300 400 ");
+}
+
+TEST(SettingsWindow, AKnobThatIsHeldStaysUnderThePointer) {
+  SettingsPlace desk;
+  auto& widget = desk.Part<QSlider>("slMusicVolume");
+  widget.setSliderDown(true);
+  widget.setValue(500);
+  desk.Settle();
+  desk.Settings.slMusicVolume.Value = 900;
+  desk.Settle();
+  EXPECT_EQ(widget.value(), 500);
+  widget.setSliderDown(false);
+  desk.Settle();
+  EXPECT_EQ(widget.value(), 900);
+}
+
 TEST(SettingsWindow, EachGroupOfChoicesKeepsItsOwn) {
   SettingsPlace desk;
   for (const char* name : {"optTolvo_0", "optFast", "optCom_1", "optPriority_1", "optSlow"})
