@@ -1,0 +1,129 @@
+// The real program in an empty folder, set up by an installer's hand.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <strings.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "system/desk.h"
+
+namespace marlex {
+namespace {
+
+namespace fs = std::filesystem;
+
+using testing::Contains;
+using testing::HasSubstr;
+
+/// An empty installation. The media lie in the operator's home, and a playlist beside the program.
+class EmptyDesk : public Desk {
+ public:
+  EmptyDesk() {
+    fs::create_directories(Folder + "/Songs");
+    fs::create_directories(Folder + "/Spots");
+    stage::WriteMp3File(Folder + "/Songs/First.mp3", stage::Tone(kFirstSong, 60, kTonePeak));
+    stage::WriteWavFile(Folder + "/Spots/Gong.wav", stage::Tone(kMessage, 1, kTonePeak));
+    WriteFile("Day.lst", "[Playlist]\nSong:1=First\n");
+    Start();
+  }
+
+  bool ChooseLanguage() {
+    return Await("frmlangSel", "visible", "yes") && Click("frmlangSel.cmdOK") &&
+           Await("frmSettings", "visible", "yes");
+  }
+
+  /// Opens a directory of the home in the picker, which begins there.
+  bool ChooseDirectory(const std::string& browseKey, const std::string& name) {
+    return Click("frmSettings." + browseKey) && Await("frmDirSel", "visible", "yes") &&
+           DoubleClick("frmDirSel.Dir1 " + std::to_string(RowOf(name))) &&
+           Await("frmDirSel.lstFiles", "rows", "1") && Click("frmDirSel.cmdOK") &&
+           Await("frmDirSel", "visible", "no");
+  }
+
+  bool OpenPlaylist() {
+    if (!Click("mnuFile") || !Click("mnuOpen")) return false;
+    if (!Await("fileDialog", "visible", "yes")) return false;
+    for (const char* key : {"D", "a", "y", "period", "l", "s", "t", "Return"}) Display->Key(key);
+    return Await("frmMain.lstPlaylist", "rows", "1");
+  }
+
+ private:
+  /// The way down to the home stands above what the home holds.
+  int RowOf(const std::string& name) const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(Folder)) {
+      const std::string found = entry.path().filename().string();
+      if (entry.is_directory() && !found.starts_with('.')) names.push_back(found);
+    }
+    const auto before = std::count_if(names.begin(), names.end(), [&](const std::string& other) {
+      return ::strcasecmp(other.c_str(), name.c_str()) < 0;
+    });
+    const auto way = std::count(Folder.begin(), Folder.end(), '/') + 1;
+    return static_cast<int>(way + before);
+  }
+};
+
+TEST(FirstRun, GoesFromTheLanguageThroughTheSettingsToTheFirstSongAndTheFirstZone) {
+  EmptyDesk desk;
+  ASSERT_TRUE(desk.ChooseLanguage());
+  EXPECT_EQ(desk.Window->Read("frmMain", "visible"), "no");
+  ASSERT_TRUE(desk.ChooseDirectory("cmdBgBrowse", "Songs"));
+  ASSERT_TRUE(desk.AwaitText("frmSettings.lblBGDir_Name", desk.Folder + "/Songs/"));
+  ASSERT_TRUE(desk.ChooseDirectory("cmdMsgBrowse", "Spots"));
+  ASSERT_TRUE(desk.AwaitText("frmSettings.lblMsgDir_Name", desk.Folder + "/Spots/"));
+  ASSERT_TRUE(desk.Click("frmSettings.optTolvo_0"));
+  ASSERT_TRUE(desk.Await("frmSettings.frNames", "visible", "yes"));
+  ASSERT_TRUE(desk.Click("frmSettings.cmdOK"));
+  ASSERT_TRUE(desk.Await("frmMain", "visible", "yes"));
+  EXPECT_TRUE(desk.Await("frmSettings", "visible", "no"));
+  EXPECT_THAT(desk.ReadFile("Tolvo.ini"), HasSubstr("Music directory=" + desk.Folder + "/Songs/"));
+  ASSERT_TRUE(desk.OpenPlaylist());
+  ASSERT_TRUE(desk.Click("frmMain.cmdMusicZones_2"));
+  ASSERT_TRUE(desk.Click("frmMain.cmdPlay"));
+  EXPECT_TRUE(desk.AwaitTone(kFirstSong));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  EXPECT_THAT(desk.ByteValues(), Contains(64 + 4));
+}
+
+TEST(FirstRun, RefusesAMissingDirectoryAndACancelEndsTheProgram) {
+  EmptyDesk desk;
+  ASSERT_TRUE(desk.ChooseLanguage());
+  ASSERT_TRUE(desk.Click("frmSettings.cmdOK"));
+  ASSERT_TRUE(desk.AwaitText("QMessageBox", "Background music directory not entered"));
+  ASSERT_TRUE(desk.Click("QMessageBox.OK"));
+  ASSERT_TRUE(desk.Await("QMessageBox", "visible", "no"));
+  EXPECT_EQ(desk.Window->Read("frmSettings", "visible"), "yes");
+  ASSERT_TRUE(desk.Click("frmSettings.cmdCancel"));
+  EXPECT_TRUE(desk.Program->WaitForEnd(10));
+}
+
+/// Level of the first song over the last tenth of a second.
+double SongDb(const Desk& desk) {
+  const stage::Recording heard = desk.Card->Take();
+  return heard.ToneDb(kFirstSong, heard.EndTime() - 0.1, heard.EndTime());
+}
+
+TEST(Settings, AreOpenedOverPlayingMusicAndAVolumeIsHeardAtOnce) {
+  Desk desk(TwoSongs(60));
+  desk.Start();
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
+  ASSERT_TRUE(desk.Click("mnuEdit"));
+  ASSERT_TRUE(desk.Click("mnuSettings"));
+  ASSERT_TRUE(desk.Await("frmSettings.slMusicVolume", "value", "20000"));
+  const double before = SongDb(desk);
+  ASSERT_TRUE(desk.Click("frmSettings.slMusicVolume"));  // below the knob: a page down
+  ASSERT_TRUE(desk.Await("frmSettings.slMusicVolume", "value", "26553"));
+  EXPECT_TRUE(stage::WaitUntil([&] { return SongDb(desk) < before - 0.8; }, 10));
+  EXPECT_TRUE(stage::WaitUntil(
+      [&] { return desk.ReadFile("Tolvo.ini").find("Music volume=26553") != std::string::npos; },
+      10));
+  ASSERT_TRUE(desk.Click("frmSettings.cmdCancel"));
+  ASSERT_TRUE(desk.Await("frmSettings", "visible", "no"));
+  EXPECT_TRUE(desk.Program->IsRunning());
+  EXPECT_TRUE(desk.IsLoud(kFirstSong));
+}
+
+}  // namespace
+}  // namespace marlex
