@@ -16,6 +16,7 @@ namespace {
 constexpr int kRepetitions = 5;
 constexpr double kSilenceBudgetMs = 50;
 constexpr double kMicrophoneBudgetMs = 20;
+constexpr double kCallKeyBudgetMs = 30;
 constexpr double kLimitSeconds = 20;
 constexpr double kSilentDb = -60;
 constexpr int kTakeOver = 128;
@@ -136,6 +137,41 @@ Figure MeasureMinute() {
   return figure;
 }
 
+/// Somebody speaks all the time; the music has been stopped, so that the master is open and no fade
+/// comes first. The time holds the tool that presses, and the way of the voice into the recording.
+Figure MeasureCallKey() {
+  Figure figure{"call key to the voice in the recording [ms]", {}, kCallKeyBudgetMs};
+  try {
+    AwaitOthersEnd();
+    stage::StageOptions options = ProgramOptions();
+    options.Cards.Microphone = true;
+    stage::Stage desk(options);
+    stage::LayOut(desk.Installation, Files(true));
+    desk.Start("2031-05-05 08:30:00");
+    const std::string speech = desk.Folder + "/speech.wav";
+    stage::WriteWavFile(speech, stage::Tone(1000, 120));
+    const auto speaker = desk.Server->Speak(speech);
+    if (!AwaitLevel(desk, true)) throw std::runtime_error("no music is heard");
+    desk.Click("frmMain.cmdStop");
+    for (int i = 0; i < kRepetitions; ++i) {
+      if (!AwaitLevel(desk, false)) throw std::runtime_error("it is not silent");
+      Sleep(0.5 + 0.013 * i);  // not in step with anything
+      const std::optional<stage::ScreenArea> key = desk.Window->Geometry("frmMain.cmdCall");
+      if (!key) throw std::runtime_error("there is no call key");
+      const double pressed = stage::Now();
+      desk.Display->Press(key->X + key->Width / 2, key->Y + key->Height / 2);
+      while (desk.Card->LevelNowDb(0.005) < kSilentDb && stage::Now() < pressed + kLimitSeconds)
+        Sleep(0.001);
+      figure.Values.push_back((stage::Now() - pressed) * 1000);
+      Sleep(0.5);
+      desk.Display->Release();
+    }
+  } catch (const std::exception& failure) {
+    figure.Failure = failure.what();
+  }
+  return figure;
+}
+
 /// The program's sound alone, on a server whose cards need no time of their own.
 Figure MeasureMicrophone() {
   Figure figure{"microphone to output [ms]", {}, kMicrophoneBudgetMs};
@@ -154,6 +190,7 @@ void MeasureLatencies(Report& report) {
   report.Section("Answers of the real program");
   MeasureSilence(report);
   report.Add(MeasureMinute());
+  report.Add(MeasureCallKey());
   report.Add(MeasureMicrophone());  // last, since it changes the surroundings
 }
 
