@@ -130,6 +130,8 @@ void SettingsDialog::ReadVolumes() {
   Dialog.slMusicVolume.Value = Values.MusicVolume;
   Dialog.slMicroVolume.Value = Values.MicroVolume;
   Dialog.slMessageVolume.Value = Values.MessageVolume;
+  // While a message plays the line does not carry music, also when the dialog opens meanwhile.
+  Dialog.slMusicVolume.Enabled = !TheFlags.MessagePlaying;
 }
 
 /// The test is for "Fast" here and for "Slow" at the start of the program: with an absent key the

@@ -4,13 +4,15 @@
 
 namespace marlex {
 MessageWavs::MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop,
-                         FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer)
+                         FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
+                         FrmSettings& frmSettings)
     : TheFlags(flags),
       TheSettings(settings),
       Loop(loop),
       TheFrmPlayers(frmPlayers),
       TheFrmMxr(frmMxr),
-      Mixer(mixer) {
+      Mixer(mixer),
+      TheFrmSettings(frmSettings) {
   WavePlayer& player = frmPlayers.WavPlayer;
   player.OnDone = [this] { TheFlags.WavFinished = true; };
   player.OnStatusUpdate = [this, &player] {
@@ -27,6 +29,7 @@ void MessageWavs::BuildMessageList(const std::string& messageInfo) {
 
 void MessageWavs::PlayMessageWavs() {
   TheFlags.MessagePlaying = true;
+  TheFrmSettings.slMusicVolume.Enabled = false;  // the line does not carry music now
   OpenMessageLine();
   // Who takes over empties the list. The count stays, and the rest of the loop runs over empty
   // entries, each of which ends at once.
@@ -37,6 +40,7 @@ void MessageWavs::PlayMessageWavs() {
   }
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MusicVolume;
   TheFlags.MessagePlaying = false;
+  TheFrmSettings.slMusicVolume.Enabled = true;
 }
 
 /// Messages always go out unmuted, with the microphone closed.

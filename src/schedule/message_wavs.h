@@ -8,6 +8,7 @@
 #include "state/settings.h"
 #include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
+#include "windows/frm_settings.h"
 
 namespace marlex {
 
@@ -16,7 +17,7 @@ namespace marlex {
 class MessageWavs {
  public:
   MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
-              FrmMxr& frmMxr, MixerAccess& mixer);
+              FrmMxr& frmMxr, MixerAccess& mixer, FrmSettings& frmSettings);
 
   /// Fills `lstMsgSequence` from message names separated by commas.
   void BuildMessageList(const std::string& messageInfo);
@@ -34,6 +35,7 @@ class MessageWavs {
   FrmPlayers& TheFrmPlayers;
   FrmMxr& TheFrmMxr;
   MixerAccess& Mixer;
+  FrmSettings& TheFrmSettings;
 };
 
 }  // namespace marlex

@@ -85,6 +85,31 @@ TEST(SettingsDialog, TheMessageSliderActsOnTheWaveLineOnlyWhileAMessagePlays) {
   EXPECT_EQ(desk.WaveSlider(), 500);
 }
 
+TEST(SettingsDialog, TheMusicsSliderCannotBeMovedWhileAMessagePlays) {
+  SettingsDesk desk({.Sequences = {{}}});
+  desk.Open();
+  EXPECT_TRUE(desk.Enabled("slMusicVolume"));
+  desk.RunTo(12, 1, 2);
+  ASSERT_TRUE(desk.State().MessagePlaying);
+  EXPECT_FALSE(desk.Enabled("slMusicVolume"));
+  EXPECT_TRUE(desk.Enabled("slMessageVolume"));
+  desk.RunTo(12, 1, 30);
+  EXPECT_TRUE(desk.Enabled("slMusicVolume"));
+}
+
+TEST(SettingsDialog, NorWhenItOpensDuringOne) {
+  SettingsDesk desk({.Sequences = {{}}});
+  desk.RunTo(12, 1, 2);
+  ASSERT_TRUE(desk.State().MessagePlaying);
+  desk.Open();
+  EXPECT_FALSE(desk.Enabled("slMusicVolume"));
+  desk.RunTo(12, 1, 30);
+  EXPECT_TRUE(desk.Enabled("slMusicVolume"));
+  desk.Click("cmdCancel");
+  desk.Open();
+  EXPECT_TRUE(desk.Enabled("slMusicVolume"));
+}
+
 TEST(SettingsDialog, WithoutAMicrophoneItsLevelIsStillWrittenAndTheMasterIsLeftAlone) {
   SettingsDesk desk({.Microphone = false});
   desk.Open();
