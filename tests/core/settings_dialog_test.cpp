@@ -375,6 +375,26 @@ TEST(SettingsDialog, TheMusicAndTheScheduleGoOnUnderAnOpenDialog) {
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
+/// The next step of the fade goes on from the moved position; its target stays the old one.
+TEST(SettingsDialog, ALevelThatIsMovedInAFadeCountsFromTheNextAnnouncementOn) {
+  SettingsDesk desk(
+      {.Music = {{"march"}}, .Sequences = {{.Minutes = "01,03"}}, .FadeTime = "Slow"});
+  desk.Click("cmdPlay");
+  desk.Open();
+  desk.RunTo(12, 1, 0);
+  desk.Pc.Loop.RunUntil([&] { return desk.State().FadeRunning; }, 2000);
+  desk.Advance(100);
+  desk.Move(desk.Dialog().slMusicVolume, 30000);
+  EXPECT_EQ(desk.WaveSlider(), 30000);
+  desk.Advance(33);
+  EXPECT_EQ(desk.WaveSlider(), 31000);
+  desk.RunTo(12, 2, 0);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Values().MusicVolume, 30000);
+  desk.RunTo(12, 4, 0);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 30000");
+}
+
 TEST(SettingsDialog, WritesThatFailLeaveTheProgramRunningOnTheNewValues) {
   SettingsDesk desk;
   desk.Open();

@@ -121,7 +121,8 @@ void ExpectAllCorners(Corners& corners) {
         "a lower call after a takeover", "a music break", "a box over a fade",
         "a box over a message", "a conflict", "music started by the clock",
         "music stopped by the clock", "midnight", "a row that fires", "a start by the clock",
-        "a fade on a card that refuses", "a file dialog over a message"}) {
+        "a fade on a card that refuses", "a file dialog over a message", "the settings over a fade",
+        "the settings over a message", "another amplifier"}) {
     EXPECT_GT(corners[corner], 0) << corner;
   }
 }

@@ -70,6 +70,9 @@ void Recovery::RunProgram() {
     TheDesk.Click("cmdOK");
     TheDesk.Advance(kSplashMs);
   }
+  // Settings that could not be read have made a first run of it.
+  if (TheDesk.Sys->TheWindows.frmSettings.Visible) TheDesk.Click("cmdCancel");
+  if (TheDesk.Pc.Process.Ended()) TheDesk.Restart();
   WatchedDesk::Require(TheDesk.Main().Visible, "The main window does not come up");
 }
 

@@ -49,7 +49,7 @@ void WatchedDesk::AdvanceToMs(std::int64_t dayMs) {
 void WatchedDesk::Arm() {
   Before = {};
   Before.Bytes = Pc.Serial.Sent().size();
-  MasterHasSounded = ZonesLeftByTakeover = SongPressed = false;
+  MasterHasSounded = ZonesLeftByTakeover = SongPressed = LevelChanged = false;
   TickBegunInWaits.reset();
   WavReportedAtMs.reset();
   // Where the word for closing is no command, a takeover leaves the message running.
@@ -102,6 +102,9 @@ void WatchedDesk::NoteCorners() {
   note(flags.CurrentMinute == "00:00", "midnight");
   note(Pc.Mixer.RefusesSettings && flags.FadeRunning, "a fade on a card that refuses");
   note(Pc.Dialogs.FileDialogIsOpen() && flags.MessagePlaying, "a file dialog over a message");
+  note(Before.SettingsShown && flags.FadeRunning, "the settings over a fade");
+  note(Before.SettingsShown && flags.MessagePlaying, "the settings over a message");
+  note(Values().RouterPresent != Before.Router && Before.MainShown, "another amplifier");
 }
 
 void WatchedDesk::Remember() {
@@ -114,6 +117,10 @@ void WatchedDesk::Remember() {
   Before.Fading = State().FadeRunning;
   Before.TickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
   Before.PriorityClear = State().PriorityClear;
+  Before.OwnLevel = Values().OwnPriorityLevel;
+  Before.Router = Values().RouterPresent;
+  Before.MainShown = Main().Visible;
+  Before.SettingsShown = Sys->TheWindows.frmSettings.Visible;
   Before.StoppedByUser = State().MusicStoppedByUser;
   Before.Overridden = State().MusicStopOverridden;
   Before.StartedBySchedule = State().MusicStartedBySchedule;
@@ -172,7 +179,11 @@ void WatchedDesk::CheckMasterMute() {
 void WatchedDesk::CheckPriority() {
   const int status = State().AmplifierStatus;
   const bool blocked = status > 0 && status >= Values().OwnPriorityLevel;
-  Require(State().PriorityClear == !blocked, "PriorityClear does not follow the status");
+  const bool follows = State().PriorityClear == !blocked;
+  if (follows) LevelChanged = false;
+  if (Values().OwnPriorityLevel != Before.OwnLevel) LevelChanged = true;
+  // Another level of our own counts from the next status on.
+  Require(follows || LevelChanged, "PriorityClear does not follow the status");
   Require(!State().PriorityPreempted || status != 0, "A takeover outlives status 0");
   Require(Main().lblHiPrio.Visible == (status != 0), "The note of a call does not follow status");
   const int height = status != 0 ? FrmMain::kShrunkenKeyHeight : FrmMain::kTransportKeyHeight;

@@ -89,6 +89,10 @@ class WatchedDesk : public Desk {
     bool Playing = false;
     bool TickOn = false;
     bool PriorityClear = true;
+    int OwnLevel = 64;
+    bool Router = false;
+    bool MainShown = false;
+    bool SettingsShown = false;
     bool StoppedByUser = false;
     bool Overridden = false;
     bool StartedBySchedule = false;
@@ -108,6 +112,7 @@ class WatchedDesk : public Desk {
   bool ZonesLeftByTakeover = false;  // an announcement began under a takeover and left its zones
   bool TableChanged = false;
   bool SongPressed = false;
+  bool LevelChanged = false;  // by the settings, since the last status that PriorityClear follows
 };
 
 }  // namespace marlex
