@@ -20,6 +20,31 @@ TEST(SettingsDialogLoad, TheMenuOpensItWithTheTextsOfTheTable) {
   EXPECT_EQ(desk.Text("optCom_0") + desk.Text("optCom_1"), "Com 1Com 2");
 }
 
+TEST(SettingsDialogLoad, EachTextOfTheTableReachesItsControlAndTheOthersKeepTheDesigns) {
+  SettingsDesk desk({.Language = "French"});
+  std::vector<StringEntry> block;
+  for (const StringEntry& entry : EnglishStrings())
+    block.push_back({entry.Id, std::to_string(entry.Id)});
+  desk.Sys->Strings.AddBlock(10000, block);
+  desk.Open();
+  std::string texts;
+  for (Control* control : desk.Dialog().Controls) {
+    auto* visual = dynamic_cast<VisualControl*>(control);
+    if (visual && visual->Caption.Get() != "")
+      texts += visual->ObjectName() + " " + visual->Caption.Get() + "\n";
+  }
+  EXPECT_EQ(desk.Dialog().Caption.Get(), "42");
+  EXPECT_EQ(texts,
+            "Explain_0 620\nExplain_1 630\nlblBGDir_Name /music/\ncmdBgBrowse 610\n"
+            "lblMsgDir_Name /messages/\ncmdMsgBrowse 610\nfrVolume 640\nfrMasterVol 650\n"
+            "frMusicVol 870\nfrMesVolume 670\nfrMicroVolume 680\nFrame3 690\noptFast 700\n"
+            "optSlow 710\nFrame1 720\noptTolvo_0 QRT4410/20\noptTolvo_1 730\nfrChimes 740\n"
+            "chkPreChime 750\ncmdPreSelect Select\nchkPostChime 760\ncmdPostSelect Select\n"
+            "lblSound Microphone function not available due to limitations of the PC sound system\n"
+            "frNames 780\nfrPort 830\noptCom_0 840\noptCom_1 850\nfrPriority 800\n"
+            "optPriority_0 810\noptPriority_1 820\ncmdOK OK\ncmdCancel 770\n");
+}
+
 TEST(SettingsDialogLoad, TheCaptionsOverTheDirectoriesHaveTheColourOfTheVolumes) {
   SettingsDesk desk({}, nullptr, false);
   desk.Dialog().frVolume.BackColor = 0x123456;
