@@ -30,14 +30,12 @@ CallSequence::CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, 
 
 void CallSequence::StartCall() {
   if (TheFlags.CallActive || TheFlags.PriorityPreempted || !TheFlags.PriorityClear) return;
+  const bool endedInFadeBefore = TheFlags.CallEndedDuringFade;
   CutMessagesOff();
-  const bool released = !TheFlags.CallActive && !TheFlags.PriorityPreempted;
-  if (released) {
-    if (!Store.Values.PreChime.empty()) TheFlags.CallEndedDuringChime = false;
-    return;
-  }
+  if (!GoesOn(endedInFadeBefore)) return;
   if (MusicState() == kPlaying && !ClearMusic()) return;
   if (TheFlags.PriorityPreempted) return;
+  PastItsFade = true;
   RouteCall();
   if (!PlayPreChime()) return;
   OpenMicrophone();
@@ -51,8 +49,23 @@ void CallSequence::CutMessagesOff() {
   TheFrmPlayers.tmrMessage.Enabled = false;
   TheFlags.CallActive = true;
   PreChimeStarted = false;
+  PastItsFade = false;
   Loop.Pump();
   Loop.Pump();
+}
+
+/// False when the release or the amplifier has ended the call while the events were delivered: the
+/// microphone must not open any more. A release that fell into the fade of another has turned that
+/// one round, as it would turn the call's own.
+bool CallSequence::GoesOn(bool endedInFadeBefore) {
+  if (TheFlags.CallEndedDuringFade && !endedInFadeBefore) {
+    TheFlags.CallEndedDuringFade = false;
+    TheFrmPlayers.tmrMessage.Enabled = true;
+    TheFlags.CallActive = false;
+  }
+  if (TheFlags.CallActive) return true;
+  if (!Store.Values.PreChime.empty()) TheFlags.CallEndedDuringChime = false;
+  return false;
 }
 
 /// Fades the music and pauses it. False when the release or the amplifier has ended the call in the
@@ -116,10 +129,11 @@ void CallSequence::OpenMicrophone() {
 void CallSequence::EndCall() {
   if (!TheFlags.CallActive) return;
   SetCaptions(kStrWait);
-  if (TheFlags.FadeRunning) {
+  if (TheFlags.FadeRunning && !PastItsFade) {
     EndInFade();
     return;
   }
+  PastItsFade = false;
   if (!TheFlags.WavFinished) TheFlags.CallEndedDuringChime = true;
   if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
   // A pre-chime that has begun always plays to its end.
@@ -197,6 +211,7 @@ void CallSequence::PlayChime(const std::string& chime) {
   TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
   TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
   if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+  Loop.Pump();
   Loop.PumpUntil([this] {
     return TheFlags.WavFinished || TheFlags.CallEndedDuringChime || TheFlags.PriorityPreempted;
   });

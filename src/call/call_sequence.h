@@ -30,6 +30,7 @@ class CallSequence {
 
  private:
   void CutMessagesOff();
+  bool GoesOn(bool endedInFadeBefore);
   bool ClearMusic();
   void RouteCall();
   bool PlayPreChime();
@@ -59,6 +60,7 @@ class CallSequence {
   const StringTable& Strings;
 
   bool PreChimeStarted = false;  // in this call; only a chime that plays can be waited for
+  bool PastItsFade = false;      // from then on to its release; a fade that runs is not the call's
 };
 
 }  // namespace marlex

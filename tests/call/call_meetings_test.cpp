@@ -178,6 +178,122 @@ TEST(CallMeetsTakeover, TheScheduleStandsStillAfterItUntilTheNextWholeCall) {
   EXPECT_EQ(desk.Alive(), kAllAlive);
 }
 
+/// A key and another event that come in the same instant: the event is handled while the press is.
+void PressUnder(CallDesk& desk, const std::function<void()>& event) {
+  desk.Do([&] {
+    event();
+    desk.Main().cmdCall.OnMouseDown(MouseButton::Left);
+  });
+}
+
+TEST(CallMeetsTakeover, InTheInstantOfThePressItNeverOpensTheMicrophone) {
+  for (const int idleMs : {300, 5000}) {
+    CallDesk desk;
+    PressUnder(desk, [&] { desk.Pc.Serial.Receive({128}); });
+    desk.AdvanceTo(idleMs);
+    desk.Status(0);
+    desk.AdvanceTo(8000);
+    desk.Release("cmdCall");
+    desk.AdvanceTo(10'000);
+    EXPECT_FALSE(desk.MicrophoneOpened);
+    EXPECT_FALSE(desk.State().CallActive);
+    EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+    EXPECT_EQ(desk.Station(), "Call, lamps off");
+  }
+}
+
+TEST(CallMeetsMessage, AReleaseInTheInstantOfThePressOverItsFadeNeverOpensTheMicrophone) {
+  CallDesk desk(WithRow());
+  while (!desk.State().FadeRunning) desk.Advance(1);
+  desk.Advance(100);
+  PressUnder(desk,
+             [&] { desk.Pc.Loop.Post([&] { desk.Main().cmdCall.OnMouseUp(MouseButton::Left); }); });
+  desk.Advance(20'000);
+  EXPECT_FALSE(desk.MicrophoneOpened);
+  EXPECT_EQ(desk.Station(), "Call, lamps off");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
+TEST(CallMeetsMusicsClock, AReleaseInTheFadeOfItsStopClosesTheMicrophone) {
+  for (const char* chime : {"", "chime"}) {
+    DeskOptions options{.FadeTime = "Slow",
+                        .StartTime = "11:00",
+                        .StopTime = "12:01",
+                        .WeekDays = "1234567",
+                        .Now = {2024, 1, 1, 12, 0, 50}};
+    options.PreChime = chime;
+    CallDesk desk(options, kSilent);
+    while (!desk.State().FadeRunning) desk.Advance(1);
+    desk.Advance(200);
+    desk.Click("cmdStop");
+    desk.Press("cmdCall");
+    desk.Advance(200);
+    desk.Release("cmdCall");
+    EXPECT_FALSE(desk.Speaks()) << chime;
+    desk.Advance(20'000);
+    EXPECT_FALSE(desk.Speaks()) << chime;
+    EXPECT_TRUE(desk.MuteCheck(desk.Sys->Mixer.MicLine)) << chime;
+    EXPECT_FALSE(desk.State().CallActive) << chime;
+    EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+  }
+}
+
+TEST(CallMeetsNothing, AChimeThatIsNotThereHoldsNobodyUp) {
+  CallDesk desk({.PreChime = "nothere", .PostChime = "norhere"}, kSilent);
+  desk.PressAt(0);
+  desk.AdvanceTo(100);
+  EXPECT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  desk.ReleaseAt(2000);
+  desk.AdvanceTo(2100);
+  EXPECT_EQ(desk.Station(), "Call, lamps off");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
+TEST(CallMeetsNothing, WithoutAFadeTimeTheMusicIsPausedAtOnceAndComesBackAtItsVolume) {
+  CallDesk desk(DeskOptions{});
+  desk.Values().FadeTime = 0;
+  desk.PressAt(0);
+  EXPECT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  desk.ReleaseAt(2000);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Journal(), "0 song pause\n200 send 68\n2000 send 0\n2000 song resume march.mp3\n");
+}
+
+TEST(CallMeetsTakeover, AWholeCallAfterItBringsTheMusicBackThatTheFirstHadPaused) {
+  CallDesk desk;
+  desk.PressAt(0);
+  desk.AdvanceTo(3000);
+  desk.Status(128);
+  desk.Release("cmdCall");
+  desk.Status(0);
+  desk.AdvanceTo(5000);
+  ASSERT_EQ(desk.Heard(), "silence");
+  desk.PressAt(5000);
+  desk.ReleaseAt(8000);
+  desk.AdvanceTo(12'000);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
+TEST(CallMeetsReleases, ASecondOneInTheFadeBackIsTakenForThatOfTheNextCallsFade) {
+  CallDesk desk;
+  desk.PressAt(0);
+  desk.ReleaseAt(5000);
+  desk.ReleaseAt(6000);
+  desk.AdvanceTo(10'000);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  desk.PressAt(10'000);
+  EXPECT_FALSE(desk.State().CallActive);
+  desk.ReleaseAt(11'000);
+  EXPECT_EQ(desk.Heard(), "silence");  // until the next call, message or play
+  desk.PressAt(12'000);
+  desk.ReleaseAt(16'000);
+  desk.AdvanceTo(20'000);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Station(), "Call, lamps off");
+}
+
 TEST(CallMeetsStatus, OfALowerCallNothingChanges) {
   for (const int atMs : {200, 900, 3000, 5400, 6000}) {
     CallDesk undisturbed;
