@@ -253,6 +253,7 @@ void SettingsDialog::UseRouter() {
 void SettingsDialog::UseNoRouter() {
   TheFrmPlayers.TolvoPort.SetPortOpen(false);
   Values.RouterPresent = false;
+  ForgetAmplifier();
   if (TheFrmMain.Visible) TheMainWindow.RedoLayout();
 }
 

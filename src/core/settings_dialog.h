@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/main_window.h"
@@ -22,6 +23,9 @@ class SettingsDialog {
                  FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
                  const StringTable& strings, Notices& notices, ScheduleTable& table,
                  MainWindow& mainWindow);
+
+  /// Gives back what the amplifier has taken; wired at composition.
+  std::function<void()> ForgetAmplifier;
 
  private:
   void Wire();

@@ -41,6 +41,7 @@ System::System(const Pc& pc)
       Loader(TheFlags, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings, TheNotices),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader) {
   // The calls that run upwards.
+  Dialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
   Link.PlaySong = [this] { Music.PlaySong(); };
   Music.PlayMessageWavs = [this] { Wavs.PlayMessageWavs(); };
   pc.Loop.OnFailure = [this](const RuntimeFailure& failure) {

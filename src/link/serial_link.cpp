@@ -88,6 +88,12 @@ void SerialLink::ProcessPriority() {
   TheFlags.PriorityPreempted = true;
 }
 
+void SerialLink::ForgetAmplifier() {
+  if (TheFlags.AmplifierStatus == 0) return;
+  TheFlags.AmplifierStatus = 0;
+  EndPriority();
+}
+
 /// Every status 0 runs all of this, also when nothing was held back; it enables the call key even
 /// without call zones.
 void SerialLink::EndPriority() {

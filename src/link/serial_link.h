@@ -27,6 +27,10 @@ class SerialLink {
   /// Resumes the music; wired at composition.
   std::function<void()> PlaySong;
 
+  /// For an amplifier that is no longer spoken to: what it had taken is given back, since its end
+  /// of a call will never come.
+  void ForgetAmplifier();
+
  private:
   void SendRoutingByte();  // tmrIODelay
   void OnComm();           // a status byte has come

@@ -27,6 +27,25 @@ TEST(SettingsDialog, AnotherTypeHidesTheRoutersFramesAndTheWindowEndsHigher) {
   EXPECT_TRUE(desk.Values().RouterPresent) << "nothing counts before the OK";
 }
 
+TEST(SettingsDialog, ATypeThatIsChangedInATakeoverGivesTheOutputsBack) {
+  for (const int status : {64, 128, 192}) {
+    DeskOptions options;
+    options.Music = {{"march"}};
+    SettingsDesk desk(options);
+    desk.Click("cmdPlay");
+    desk.Status(status);
+    desk.Open();
+    desk.Click("optTolvo_1");
+    desk.Click("cmdOK");
+    desk.Advance(1000);
+    EXPECT_EQ(desk.Heard().substr(0, 14), "song march.mp3") << status;
+    EXPECT_TRUE(desk.State().PriorityClear) << status;
+    EXPECT_FALSE(desk.State().PriorityPreempted) << status;
+    EXPECT_FALSE(desk.Visible("lblHiPrio")) << status;
+    EXPECT_EQ(desk.Main().cmdPlay.Height, FrmMain::kTransportKeyHeight) << status;
+  }
+}
+
 TEST(SettingsDialog, AChimesCheckOpensItsKeyAndClearingItEmptiesItsLabel) {
   SettingsDesk desk({}, With("Chime selection", "PreChime", "ding"));
   desk.Open();

@@ -124,10 +124,18 @@ void ListBinding::Press(const QMouseEvent& event) {
   if (event.type() == QEvent::MouseButtonDblClick) return ForwardDoubleClick(row);
   Dragging = row != ListBox::kNoSelection;
   Operator.Forward(List, [this, row, button] {
-    if (Has(row)) List.SetListIndex(row);
+    Select(row);
     DownForwarded = true;
     if (List.OnMouseDown) List.OnMouseDown(button);
   });
+}
+
+/// A click on the selected entry is a click as any other.
+void ListBinding::Select(int row) {
+  if (!Has(row)) return;
+  const bool isClickAlone = row == List.ListIndex();
+  List.SetListIndex(row);
+  if (isClickAlone && List.OnClick) List.OnClick();
 }
 
 void ListBinding::ForwardDoubleClick(int row) {

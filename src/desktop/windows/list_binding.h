@@ -45,6 +45,7 @@ class ListBinding : public QObject, public WidgetBinding {
  private:
   bool FilterPointer(QEvent& event);
   void Press(const QMouseEvent& event);
+  void Select(int row);
   void ForwardDoubleClick(int row);
   void Release();
   void FollowPointer();

@@ -39,6 +39,15 @@ TEST(ListBinding, APressSelectsItsEntryFirst) {
   EXPECT_EQ(songs.View.currentIndex().row(), 2);
 }
 
+TEST(ListBinding, AClickOnTheSelectedEntryIsAClickToo) {
+  Playlist songs(5);
+  songs.List.OnClick = [&] { songs.Tell("click"); };
+  Mouse(*songs.View.viewport()).Click(songs.At(2));
+  Mouse(*songs.View.viewport()).Click(songs.At(2));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 2, down 2, up 2, click 2, down 2, up 2, ");
+}
+
 TEST(ListBinding, ADoubleClickComesAfterItsFirstClick) {
   Playlist songs(5);
   Mouse(*songs.View.viewport()).DoubleClick(songs.At(3));
