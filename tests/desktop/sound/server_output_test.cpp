@@ -350,7 +350,9 @@ TEST(ServerOutput, TwoThousandShortPlaysLeaveEverythingAsAHundredDid) {
   EXPECT_EQ(before.Threads, threads);
   EXPECT_EQ(after.Threads, threads);
   EXPECT_EQ(after.Streams, before.Streams);
+#ifndef __SANITIZE_ADDRESS__  // which keeps what is freed, and looks for leaks itself
   EXPECT_LT(after.MemoryMiB, before.MemoryMiB + 8);
+#endif
 }
 
 TEST(ServerOutput, OpensAndClosesAHundredTimes) {
