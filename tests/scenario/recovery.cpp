@@ -134,7 +134,10 @@ Recovery::DueRow Recovery::AwaitRow() {
     }
     if (!row) row = NextRow("");  // tomorrow's first
     WatchedDesk::Require(row.has_value(), "The good schedule has no row");
-    if (ClockMayStopBy(*row)) OpenGoodList();
+    // A list of songs of a moment each would go round millions of times until the row comes.
+    constexpr double kMomentSeconds = 1;
+    const bool moments = TheDesk.Pc.Song.Duration() < kMomentSeconds;
+    if (moments || ClockMayStopBy(*row)) OpenGoodList();
     const int hour = std::stoi(row->Time.substr(0, 2));
     const int minute = std::stoi(row->Time.substr(3));
     TheDesk.RunTo(minute == 0 ? (hour + 23) % 24 : hour, (minute + 59) % 60, kReadySecond);
