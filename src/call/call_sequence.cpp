@@ -84,6 +84,8 @@ bool CallSequence::ClearMusic() {
       TheFlags.CallActive = false;
       return false;
     }
+    // What waits on top of the fade, as a box does, may have held it until all was over.
+    if (!TheFlags.CallActive) return false;
   }
   if (MusicState() == kPlaying) TheFrmPlayers.MP3Player.Pause();
   return true;
@@ -113,6 +115,7 @@ bool CallSequence::PlayPreChime() {
     TheFrmPlayers.tmrFlash.Enabled = false;
     return false;
   }
+  if (!TheFlags.CallActive) return false;  // what waited on top has held the chime's end back
   PaintLamps(kDarkGreen);
   return true;
 }

@@ -313,6 +313,57 @@ TEST(CallMeetsStatus, OfALowerCallNothingChanges) {
   }
 }
 
+/// A release in the fade at a call's end stays behind in its flag, and leaves the fade of the next
+/// row running by itself, under the message.
+void LeaveAFadeToItself(CallDesk& desk) {
+  desk.PressAt(0);
+  desk.ReleaseAt(2000);
+  desk.ReleaseAt(desk.Values().PostChime.empty() ? 2100 : 2900);
+  while (!desk.State().MessagePlaying) desk.Advance(1);
+  ASSERT_TRUE(desk.State().FadeRunning);
+  ASSERT_EQ(desk.Pc.Song.PlayState(), kPaused);
+  desk.MicrophoneOpened = false;
+}
+
+TEST(CallMeetsFade, OfSomebodyElseTheReleaseOfASpeakerClosesTheMicrophone) {
+  CallDesk desk({.Sequences = {{}}});
+  LeaveAFadeToItself(desk);
+  desk.Press("cmdCall");
+  desk.Advance(50);
+  EXPECT_TRUE(desk.Speaks());
+  ASSERT_TRUE(desk.State().FadeRunning);
+  desk.Release("cmdCall");
+  EXPECT_FALSE(desk.Speaks());
+  desk.Advance(5000);
+  EXPECT_FALSE(desk.State().CallActive);
+  EXPECT_EQ(desk.Station(), "Call, lamps off");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
+/// Something that waits on top of the press, as a box does, lets it go on only when all is over.
+TEST(CallMeetsWait, AboveItsPressTheWholeCallMayBeOverWhenThePressGoesOn) {
+  for (const int boxMs : {100, 900}) {
+    for (const bool takenOver : {false, true}) {
+      SCOPED_TRACE(boxMs);
+      CallDesk desk;
+      desk.Pc.Loop.Schedule(boxMs, [&desk, endMs = desk.Pc.Loop.NowMs() + 8000] {
+        desk.Pc.Loop.PumpUntil([&] { return desk.Pc.Loop.NowMs() >= endMs; });
+      });
+      desk.PressAt(0);
+      desk.AdvanceTo(3000);
+      if (takenOver) desk.Status(128);
+      if (takenOver) desk.Status(0);
+      desk.ReleaseAt(4000);
+      desk.AdvanceTo(12'000);
+      EXPECT_FALSE(desk.MicrophoneOpened) << takenOver;
+      EXPECT_FALSE(desk.State().CallActive) << takenOver;
+      EXPECT_EQ(desk.Pc.Loop.Waits(), 1) << takenOver;
+    }
+  }
+}
+
 TEST(CallMeetsReleases, EveryPairOfThemEndsAtRestWithTheMicrophoneClosed) {
   for (int first = 50; first <= 6050; first += 300) {
     for (int second = first; second <= 6650; second += 300) {
