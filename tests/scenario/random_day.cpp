@@ -29,9 +29,42 @@ Deed OpenDialog(const std::string& menu, const std::string& answer) {
 }
 
 Deed DrawKey(Dice& dice) {
-  static const Texts keys{"cmdPlay", "cmdPlay", "cmdSkip", "cmdSkip",
-                          "cmdStop", "cmdCall", "cmdCall2"};
+  static const Texts keys{"cmdPlay", "cmdPlay", "cmdSkip", "cmdSkip", "cmdStop"};
   return ClickOn(dice.Of(keys));
+}
+
+/// What the finger on a call key does, and when.
+struct Stroke {
+  int AfterMs = 0;
+  bool Down = true;
+};
+
+/// Mostly a press and its release; the hand may also tremble, miss the key, or stay on it.
+std::vector<Stroke> DrawStrokes(Dice& dice) {
+  const int kind = dice.Between(1, 10);
+  if (kind == 1) return {{0, false}};
+  if (kind == 2) return {{0, true}};
+  const std::vector<int> lengthsMs{0, 300, 700, 1500, 5000, 5000, 60'000};
+  const int lengthMs = dice.Between(0, dice.Of(lengthsMs));
+  std::vector<Stroke> strokes{{0, true}, {lengthMs, false}};
+  while (dice.OneIn(3)) strokes.push_back({dice.Between(0, lengthMs + 1500), dice.OneIn(2)});
+  return strokes;
+}
+
+/// The strokes come on top of whatever waits at their moment.
+Deed DrawTalk(Dice& dice) {
+  const bool first = !dice.OneIn(3);
+  const std::vector<Stroke> strokes = DrawStrokes(dice);
+  std::string what = first ? "call key 1:" : "call key 2:";
+  for (const Stroke& stroke : strokes)
+    what += (stroke.Down ? " down " : " up ") + std::to_string(stroke.AfterMs);
+  return {what, [strokes, first](WatchedDesk& desk) {
+            for (const auto& [afterMs, down] : strokes) {
+              desk.Pc.Loop.Schedule(
+                  afterMs, [&desk, first, down] { desk.StrikeCallKey(first ? 1 : 2, down); });
+            }
+            desk.Advance(0);
+          }};
 }
 
 /// What an operator does who finds the shop silent.
@@ -303,10 +336,10 @@ class Luck {
  private:
   using Draw = Deed (*)(Dice&);
   static inline const std::vector<std::pair<Draw, int>> kKinds{
-      {SetThingsRight, 6}, {DrawKey, 15},         {DrawZoneKey, 5},   {DrawMenu, 9},
-      {DrawFileDialog, 5}, {DrawListHand, 11},    {DrawTableHand, 9}, {DrawBytes, 6},
-      {DrawCall, 14},      {DrawFault, 8},        {DrawClock, 5},     {DrawAnswer, 6},
-      {DrawEnd, 2},        {DrawSettingsHand, 12}};
+      {SetThingsRight, 6}, {DrawKey, 15},          {DrawZoneKey, 5},   {DrawMenu, 9},
+      {DrawFileDialog, 5}, {DrawListHand, 11},     {DrawTableHand, 9}, {DrawBytes, 6},
+      {DrawCall, 14},      {DrawFault, 8},         {DrawClock, 5},     {DrawAnswer, 6},
+      {DrawEnd, 2},        {DrawSettingsHand, 12}, {DrawTalk, 16}};
 
   Dice& TheDice;
   std::vector<Draw> Kinds;
@@ -377,7 +410,9 @@ std::string RandomDay::Describe() const {
   text += o.Router ? ", router, priority " + o.Priority : ", no router";
   text += ", fade " + o.FadeTime + ", music at " + std::to_string(o.MusicVolume) + " in \"" +
           o.MusicRouting + "\", " + o.Language + (o.AllDays ? ", all days" : ", today") +
-          (o.ScheduleName ? ", names" : "") + (o.Microphone ? "" : ", no microphone") + "\n";
+          (o.ScheduleName ? ", names" : "") + (o.Microphone ? "" : ", no microphone") +
+          ", chimes \"" + o.PreChime + "\" \"" + o.PostChime + "\" into \"" + o.CallRouting +
+          "\"\n";
   text += "playlist " + o.StartTime + "-" + o.StopTime + " \"" + o.WeekDays + "\" autostart \"" +
           o.Autostart + "\" last \"" + o.LastSong + "\":";
   for (const Medium& song : o.Music) text += " " + song.Name + " " + std::to_string(song.LengthMs);

@@ -116,13 +116,29 @@ std::string Report(int seed, const RandomDay& day, const Failure& failure) {
 
 /// A campaign that no longer came to the corners that it is told for would pass for nothing.
 void ExpectAllCorners(Corners& corners) {
-  for (const char* corner :
-       {"a takeover in a fade", "a takeover in a message", "a takeover before a music break",
-        "a lower call after a takeover", "a music break", "a box over a fade",
-        "a box over a message", "a conflict", "music started by the clock",
-        "music stopped by the clock", "midnight", "a row that fires", "a start by the clock",
-        "a fade on a card that refuses", "a file dialog over a message", "the settings over a fade",
-        "the settings over a message", "another amplifier"}) {
+  for (const char* corner : {"a takeover in a fade",
+                             "a takeover in a message",
+                             "a takeover before a music break",
+                             "a lower call after a takeover",
+                             "a music break",
+                             "a box over a fade",
+                             "a box over a message",
+                             "a conflict",
+                             "music started by the clock",
+                             "music stopped by the clock",
+                             "midnight",
+                             "a row that fires",
+                             "a start by the clock",
+                             "a fade on a card that refuses",
+                             "a file dialog over a message",
+                             "the settings over a fade",
+                             "the settings over a message",
+                             "another amplifier",
+                             "a call that speaks",
+                             "a call over a message",
+                             "a release in a fade",
+                             "a release in a chime",
+                             "a takeover in a call"}) {
     EXPECT_GT(corners[corner], 0) << corner;
   }
 }

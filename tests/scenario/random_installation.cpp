@@ -9,6 +9,7 @@ using Texts = std::vector<std::string>;
 
 const Texts kSongs{"march", "waltz", "polka", "tango", "swing", "blues", "my song, live", "mar"};
 const Texts kMessages{"welcome", "closing", "gong", "lost child", "offer", "silence"};
+const Texts kChimes{"ding", "dong"};
 
 std::string Line(const std::string& key, const std::string& value) {
   return key + "=" + value + "\r\n";
@@ -85,6 +86,11 @@ std::string MessagesText(Dice& dice) {
   return messages;
 }
 
+/// None, one of ours, an announcement, or a file that was never there.
+std::string Chime(Dice& dice) {
+  return dice.Of(Texts{"", "", "ding", "ding", "dong", "dong", "gong", "lost chime"});
+}
+
 Sequence DrawSequence(Dice& dice, const std::string& file, int hour) {
   return {.File = file,
           .Messages = MessagesText(dice),
@@ -143,6 +149,7 @@ void DrawMedia(Dice& dice, DeskOptions& options) {
   options.Messages.clear();
   for (const std::string& name : kMessages)
     options.Messages.push_back({name, LengthOf(dice, 15'000)});
+  for (const std::string& name : kChimes) options.Messages.push_back({name, LengthOf(dice, 3000)});
 }
 
 void DrawSettings(Dice& dice, DeskOptions& options) {
@@ -155,6 +162,8 @@ void DrawSettings(Dice& dice, DeskOptions& options) {
   options.MicroVolume = Volume(dice);
   options.MusicRouting = Routing(dice);
   options.CallRouting = Routing(dice);
+  options.PreChime = Chime(dice);
+  options.PostChime = Chime(dice);
   options.AllDays = dice.OneIn(2);
   options.ScheduleName = dice.OneIn(2);
   options.Microphone = !dice.OneIn(5);
@@ -212,6 +221,9 @@ std::function<void(SimulatedPc&)> DrawFiles(Dice& dice, const DeskOptions& optio
   }
   for (const std::string& name : kMessages) {
     if (dice.OneIn(6)) (dice.OneIn(2) ? broken : gone).push_back("/messages/" + name + ".wav");
+  }
+  for (const std::string& name : kChimes) {
+    if (dice.OneIn(8)) (dice.OneIn(2) ? broken : gone).push_back("/messages/" + name + ".wav");
   }
   return [files, broken, gone](SimulatedPc& pc) {
     for (const auto& [path, text] : files) pc.Disk.AddFile(path, text);

@@ -34,6 +34,7 @@ void Recovery::Run() {
   RunProgram();
   TheDesk.Status(0);
   EndWaits();
+  if (TheDesk.CallWasPressed) Call();
   StopAndPlay();
   TheDesk.Advance(kSettleMs);
   while (!Announce(AwaitRow())) {
@@ -81,6 +82,32 @@ void Recovery::EndWaits() {
       TheDesk.Pc.Loop.RunUntil([this] { return TheDesk.Pc.Loop.Waits() == 1; }, kLongestWaitMs);
   WatchedDesk::Require(ended, "A wait does not end");
   WatchedDesk::Require(TheDesk.Pc.Dialogs.OpenBoxCount() == 0, "A box does not close");
+}
+
+/// Releases of earlier calls that are still in their flags may swallow up to two presses: one in
+/// the fade, one in the chime.
+void Recovery::Call() {
+  constexpr int kTries = 3;
+  TheDesk.Do([this] { TheDesk.StrikeCallKey(1, false); });
+  EndWaits();
+  for (int tries = 0; tries < kTries; ++tries) {
+    if (CallOnce()) return;
+  }
+  throw BrokenRule("No call comes through");
+}
+
+/// Presses, speaks for a while, and releases. False when the press has come to nothing.
+bool Recovery::CallOnce() {
+  const int key = TheDesk.Values().RouterPresent ? 1 : 2;
+  TheDesk.TakeJournal();
+  TheDesk.Do([this, key] { TheDesk.StrikeCallKey(key, true); });
+  EndWaits();
+  TheDesk.Advance(kSettleMs);
+  const bool speaks = TheDesk.State().CallActive && TheDesk.KeySays(kStrSpeak);
+  TheDesk.Do([this, key] { TheDesk.StrikeCallKey(key, false); });
+  EndWaits();
+  WatchedDesk::Require(!TheDesk.State().CallActive, "A call outlives its release");
+  return speaks;
 }
 
 void Recovery::StopAndPlay() {

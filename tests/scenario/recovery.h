@@ -28,6 +28,8 @@ class Recovery {
   void AnswerBoxes();
   void RunProgram();
   void EndWaits();
+  void Call();
+  bool CallOnce();
   void StopAndPlay();
   void OpenGoodList();
   bool ClockMayStopBy(const DueRow& row);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kPriorityBits = 192;
 constexpr int kZoneBits = 63;
-constexpr int kMostWaits = 8;
+constexpr int kMostWaits = 16;
 constexpr int kMostBoxes = 12;
 
 /// Failures that an operator can bring about by what he chooses.
@@ -49,7 +49,9 @@ void WatchedDesk::AdvanceToMs(std::int64_t dayMs) {
 void WatchedDesk::Arm() {
   Before = {};
   Before.Bytes = Pc.Serial.Sent().size();
-  MasterHasSounded = ZonesLeftByTakeover = SongPressed = LevelChanged = false;
+  MasterHasSounded = ZonesLeftBehind = SongPressed = LevelChanged = false;
+  TickOffByCall = CallStands = CallCutShort = KeysLeftDead = CallOverMessage = false;
+  CallOverWaitingRow = WavOfCall = FadeOfCall = CallWasPressed = false;
   TickBegunInWaits.reset();
   WavReportedAtMs.reset();
   // Where the word for closing is no command, a takeover leaves the message running.
@@ -65,11 +67,13 @@ void WatchedDesk::Arm() {
 void WatchedDesk::Check() {
   CheckWaits();
   if (Main().Loaded()) {
+    RememberCall();
     CheckBytes();
     CheckMasterMute();
     CheckMessages();
     CheckPriority();
     CheckMixer();
+    CheckMicrophone();
     CheckFiringRow();
     CheckMinute();
     CheckDueRow();
@@ -101,6 +105,11 @@ void WatchedDesk::NoteCorners() {
   note(flags.MusicStoppedBySchedule, "music stopped by the clock");
   note(flags.CurrentMinute == "00:00", "midnight");
   note(Pc.Mixer.RefusesSettings && flags.FadeRunning, "a fade on a card that refuses");
+  note(flags.CallActive && KeySays(kStrSpeak), "a call that speaks");
+  note(flags.CallActive && Before.Playing, "a call over a message");
+  note(flags.CallActive && flags.CallEndedDuringFade, "a release in a fade");
+  note(flags.CallActive && flags.CallEndedDuringChime, "a release in a chime");
+  note(takenOver && Before.CallActive, "a takeover in a call");
   note(Pc.Dialogs.FileDialogIsOpen() && flags.MessagePlaying, "a file dialog over a message");
   note(Before.SettingsShown && flags.FadeRunning, "the settings over a fade");
   note(Before.SettingsShown && flags.MessagePlaying, "the settings over a message");
@@ -110,6 +119,8 @@ void WatchedDesk::NoteCorners() {
 void WatchedDesk::Remember() {
   Before.Bytes = Pc.Serial.Sent().size();
   Before.Preempted = State().PriorityPreempted;
+  Before.CallActive = State().CallActive;
+  Before.EndedInFade = State().CallEndedDuringFade;
   Before.MasterMuted = MuteCheck(0);
   Before.Awaiting = State().MessageAwaitingSongEnd;
   Before.Playing = State().MessagePlaying;
@@ -131,7 +142,8 @@ void WatchedDesk::Remember() {
   Before.Playlist = ReadWindow();
   if (Main().Loaded() && !MuteCheck(0)) MasterHasSounded = true;
   if (!Main().Loaded()) return;
-  if (ZonesLeftByTakeover) ZonesLeftByTakeover = !MusicZonesAreLit();
+  if (ZonesLeftBehind) ZonesLeftBehind = CallCutShort || !MusicZonesAreLit();
+  if (KeysLeftDead) KeysLeftDead = CallCutShort || !Main().cmdPlay.Enabled;
 }
 
 /// A byte with zones carries our own priority and the zones that the labels show, and is held back
@@ -160,7 +172,7 @@ void WatchedDesk::CheckMessages() {
     if (lines[line].find(" wav play ") == std::string::npos) continue;
     Require(!Before.Preempted || !MuteCheck(0), "A message begins while the master is muted");
   }
-  if (State().MessagePlaying && !Before.Playing) ZonesLeftByTakeover |= Before.Preempted;
+  if (State().MessagePlaying && !Before.Playing) ZonesLeftBehind |= Before.Preempted;
 }
 
 /// A takeover mutes the master until status 0. Only what starts meanwhile opens it again: the
@@ -197,9 +209,22 @@ void WatchedDesk::CheckMixer() {
   Require(LevelsAgree(0, kComponentSpeakers), "The master line is not where its slider is");
   Require(LevelsAgree(Sys->Mixer.WaveLine, kComponentWaveOut),
           "The wave line is not where its slider is");
-  Require(Pc.Mixer.Muted(kComponentMicrophone), "The microphone is open without a call");
   Require(State().FadeRunning == Sys->TheFrmPlayers.tmrFadeTime.Enabled,
           "A fade and its timer differ");
+}
+
+/// The microphone is open only while a call speaks, and the keys say so.
+void WatchedDesk::CheckMicrophone() {
+  if (Pc.Mixer.HasMissed(kComponentMicrophone, kControlMute)) return;
+  if (Pc.Mixer.Muted(kComponentMicrophone)) return;
+  Require(State().CallActive, "The microphone is open without a call");
+  Require(KeySays(kStrSpeak), "The microphone is open, and the keys do not say so");
+  Require(!State().PriorityPreempted, "The microphone is open under a takeover");
+}
+
+bool WatchedDesk::KeySays(StringId caption) {
+  const std::string text = Sys->Strings.LoadString(caption);
+  return Main().cmdCall.Caption.Get() == text && Main().cmdCall2.Caption.Get() == text;
 }
 
 /// A card that has refused a setting stands where it stood until the next one.
@@ -225,9 +250,30 @@ void WatchedDesk::CheckTable() {
   }
 }
 
-/// Whoever switches the tick off has just painted the row that fires.
+/// Traces that a call leaves behind it. They are meant, and gone with the end of the next one.
+void WatchedDesk::RememberCall() {
+  const Flags& flags = State();
+  const bool takenOver = flags.PriorityPreempted && !Before.Preempted;
+  if (takenOver && (Before.CallActive || TickOffByCall)) CallCutShort = true;
+  if (CallCutShort) ZonesLeftBehind = KeysLeftDead = true;
+  if (Sys->TheFrmPlayers.tmrMessage.Enabled) {
+    TickOffByCall = false;
+    if (!flags.CallActive) CallCutShort = false;
+  }
+  const bool called = flags.CallActive || TickOffByCall;
+  CallStands = called || (CallStands && Pc.Loop.Waits() > 1);
+  // With the other amplifier its end paints no zones, whoever has painted them before.
+  if (CallStands && !Values().RouterPresent) ZonesLeftBehind = true;
+  CallOverWaitingRow = flags.MessageAwaitingSongEnd && (CallOverWaitingRow || CallStands);
+  CallOverMessage = flags.MessagePlaying && (CallOverMessage || CallStands);
+  WavOfCall = Pc.Wav.Mode() == kWavePlaying &&
+              (WavOfCall || flags.CallActive || takenOver || TickOffByCall);
+  FadeOfCall = flags.FadeRunning && (FadeOfCall || flags.CallEndedDuringFade || Before.EndedInFade);
+}
+
+/// Whoever, but a call, switches the tick off has just painted the row that fires.
 void WatchedDesk::CheckFiringRow() {
-  if (!Before.TickOn || Sys->TheFrmPlayers.tmrMessage.Enabled) return;
+  if (!Before.TickOn || Sys->TheFrmPlayers.tmrMessage.Enabled || TickOffByCall) return;
   const int row = Sys->Tick.ScheduleRow;
   const Grid& table = Main().grdSchedule;
   if (row >= table.Rows() || CellColor(row, kMessagesColumn) != kNavy) return;  // built anew since
@@ -236,7 +282,8 @@ void WatchedDesk::CheckFiringRow() {
           "A row of another minute fires");
 }
 
-/// A tick that is on takes up each minute within a second of its beginning.
+/// A tick that is on takes up each minute within a second of its beginning. Calls arm it anew at
+/// their end, though it may be on.
 void WatchedDesk::CheckMinute() {
   constexpr int kPositionTimerMs = 100;  // the longest that nothing happens on a running machine
   constexpr int kTickMs = 1000;
@@ -245,7 +292,8 @@ void WatchedDesk::CheckMinute() {
   const bool jumped = std::abs(aheadS - ClockAheadS) > 1;
   const bool stoodStill = NowMs() - CheckedAtMs > kPositionTimerMs;
   const bool tickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
-  if (!tickOn || !Before.TickOn || jumped || stoodStill) SteadySinceMs = NowMs();
+  const bool armedAnew = Before.CallActive || Pc.Loop.Waits() < Before.WaitCount;
+  if (!tickOn || !Before.TickOn || jumped || stoodStill || armedAnew) SteadySinceMs = NowMs();
   if (NowMs() - SteadySinceMs > kTickMs && now.Second > 1) {
     Require(Sys->Tick.LastMinute == MinuteText(now), "The tick misses a minute");
   }
@@ -338,9 +386,9 @@ void WatchedDesk::CheckMusicClock() {
 }
 
 /// Where the player has reported the end of a message, the next one begins or the sequence ends at
-/// once, whatever box or dialog is open. A call that takes over plays a chime of its own meanwhile.
+/// once, whatever box or dialog is open. One that a call has cut off waits under it for its end.
 void WatchedDesk::CheckMessageGoesOn() {
-  if (!State().MessagePlaying || !State().WavFinished || State().CallActive) {
+  if (!State().MessagePlaying || !State().WavFinished || CallOverMessage) {
     WavReportedAtMs.reset();
     return;
   }
@@ -356,22 +404,32 @@ void WatchedDesk::CheckWaits() {
 /// Nothing waits: no fade and no message is on, and the tick is off only for a row that waits for
 /// the song's end.
 void WatchedDesk::CheckRest() {
-  Require(!State().FadeRunning, "At rest, and a fade runs");
+  if (State().CallActive) return;  // it speaks
+  Require(!State().FadeRunning || FadeOfCall, "At rest, and a fade runs");
   Require(!State().MessagePlaying, "At rest, and messages play");
-  Require(Pc.Wav.Mode() != kWavePlaying, "At rest, and a message sounds");
-  Require(Sys->TheFrmPlayers.tmrMessage.Enabled != State().MessageAwaitingSongEnd,
-          "At rest, and the tick is off without a reason");
-  Require(Main().cmdPlay.Enabled || Main().lstPlaylist.ListIndex() == ListBox::kNoSelection,
-          "At rest, and the play key is dead");
+  Require(Pc.Wav.Mode() != kWavePlaying || WavOfCall, "At rest, and a message sounds");
+  CheckKeysAtRest();
   Require(Main().mnuAllDays.Checked != Main().mnuCurrentDay.Checked, "Both views are ticked");
   Require(Main().mnuAllDays.Checked == Values().AllDaysView, "The ticked view is not the view");
   CheckZonesAtRest();
 }
 
+/// After a call that was cut short the tick stands until the next whole one, and so do the keys if
+/// the call had cut a message off.
+void WatchedDesk::CheckKeysAtRest() {
+  const bool tickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
+  const bool awaiting = State().MessageAwaitingSongEnd;
+  Require(tickOn || awaiting || CallCutShort, "At rest, and the tick is off without a reason");
+  Require(!tickOn || !awaiting || CallOverWaitingRow, "At rest, and the tick is on too early");
+  Require(Main().cmdPlay.Enabled || KeysLeftDead ||
+              Main().lstPlaylist.ListIndex() == ListBox::kNoSelection,
+          "At rest, and the play key is dead");
+}
+
 void WatchedDesk::CheckZonesAtRest() {
   for (int zone = 0; zone < kZones; ++zone)
     Require(Main().cmdMusicZones[zone].Enabled, "At rest, and a zone key is dead");
-  Require(ZonesLeftByTakeover || MusicZonesAreLit(),
+  Require(ZonesLeftBehind || MusicZonesAreLit(),
           "At rest, and the labels are not those of the music");
 }
 
@@ -381,6 +439,24 @@ bool WatchedDesk::MusicZonesAreLit() {
     if (lit != Main().cmdMusicZones[zone].Value) return false;
   }
   return true;
+}
+
+void WatchedDesk::StrikeCallKey(int key, bool down) {
+  CommandButton& button = key == 1 ? Main().cmdCall : Main().cmdCall2;
+  if (!Main().Visible) return;
+  RememberCall();  // a nested stroke may be the first event of a call
+  if (!down) return button.OnMouseUp(MouseButton::Left);
+  if (!button.Enabled || !button.Visible) return;
+  const Flags& flags = State();
+  if (!flags.CallActive && !flags.PriorityPreempted && flags.PriorityClear) {
+    CallWasPressed = TickOffByCall = true;
+    CallCutShort |= flags.CallEndedDuringChime && !Values().PreChime.empty();
+    CallOverWaitingRow |= flags.MessageAwaitingSongEnd;
+    TickBegunInWaits.reset();
+    Before.LastMinute = Sys->Tick.LastMinute;
+    SteadySinceMs = NowMs();
+  }
+  button.OnMouseDown(MouseButton::Left);
 }
 
 void WatchedDesk::PressSong(int entry) {

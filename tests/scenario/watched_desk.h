@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "desk/desk.h"
+#include "i18n/string_table.h"
 
 namespace marlex {
 
@@ -33,6 +34,12 @@ class WatchedDesk : public Desk {
   /// How often the day came to each of the corners that it is told for, by event.
   std::map<std::string, int> Corners;
 
+  /// One of the two call keys goes down or up; an event, to be delivered as one. A key that is
+  /// disabled cannot be pressed.
+  void StrikeCallKey(int key, bool down);
+  bool CallWasPressed = false;     // since the start of the program
+  bool KeySays(StringId caption);  // both call keys do
+
   // A drag in the list of songs. It begins on an entry, and the selection follows the pointer.
   void PressSong(int entry);
   void DragTo(int entry);
@@ -46,6 +53,7 @@ class WatchedDesk : public Desk {
   void CheckMessages();
   void CheckPriority();
   void CheckMixer();
+  void CheckMicrophone();
   void CheckTable();
   void CheckFiringRow();
   void CheckMinute();
@@ -55,6 +63,8 @@ class WatchedDesk : public Desk {
   void CheckWaits();
   void CheckRest();
   void CheckZonesAtRest();
+  void CheckKeysAtRest();
+  void RememberCall();
   void NoteCorners();
   bool LevelsAgree(int line, std::uint32_t componentType);
   bool MusicZonesAreLit();
@@ -83,6 +93,8 @@ class WatchedDesk : public Desk {
     std::size_t Bytes = 0;
     std::size_t Lines = 0;
     bool Preempted = false;
+    bool CallActive = false;
+    bool EndedInFade = false;
     bool MasterMuted = true;
     bool Awaiting = false;
     bool Fading = false;
@@ -108,8 +120,16 @@ class WatchedDesk : public Desk {
   std::int64_t ClockAheadS = 0;         // of the virtual time, whose zero does not matter
   std::optional<int> TickBegunInWaits;  // a minute whose row is yet to be sought
   std::optional<std::int64_t> WavReportedAtMs;
-  bool MasterHasSounded = false;     // since the start of the program
-  bool ZonesLeftByTakeover = false;  // an announcement began under a takeover and left its zones
+  bool TickOffByCall = false;       // and off ever since
+  bool CallCutShort = false;        // by a takeover or a kept release, before it put things right
+  bool CallStands = false;          // it is active, or waits of it are on the stack still
+  bool KeysLeftDead = false;        // of an announcement that such a call had cut off
+  bool CallOverWaitingRow = false;  // whose wait for the song's end it leaves with the tick on
+  bool CallOverMessage = false;     // which it has cut off
+  bool WavOfCall = false;           // a WAV of the call's time sounds
+  bool FadeOfCall = false;          // a fade runs whose wait a release has ended
+  bool MasterHasSounded = false;    // since the start of the program
+  bool ZonesLeftBehind = false;     // by an announcement that began under a takeover, or by a call
   bool TableChanged = false;
   bool SongPressed = false;
   bool LevelChanged = false;  // by the settings, since the last status that PriorityClear follows
