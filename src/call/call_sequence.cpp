@@ -48,6 +48,7 @@ void CallSequence::CutMessagesOff() {
   TheFrmPlayers.lstMsgSequence.Clear();
   TheFrmPlayers.tmrMessage.Enabled = false;
   TheFlags.CallActive = true;
+  ++Calls;
   PreChimeStarted = false;
   PastItsFade = false;
   Loop.Pump();
@@ -76,8 +77,9 @@ bool CallSequence::ClearMusic() {
   } else if (Store.Values.FadeTime > 0) {
     TheFrmPlayers.tmrFlash.Enabled = true;
     SetCaptions(kStrWait);
+    const int call = Calls;
     TheFades.FadeDown();
-    if (TheFlags.PriorityPreempted) return false;
+    if (TheFlags.PriorityPreempted || call != Calls) return false;
     if (TheFlags.CallEndedDuringFade) {
       TheFlags.CallEndedDuringFade = false;
       TheFrmPlayers.tmrMessage.Enabled = true;
@@ -104,7 +106,9 @@ bool CallSequence::PlayPreChime() {
   TheFrmPlayers.tmrFlash.Enabled = true;
   SetCaptions(kStrWait);
   PreChimeStarted = true;
+  const int call = Calls;
   PlayChime(Store.Values.PreChime);
+  if (call != Calls) return false;
   if (TheFlags.CallEndedDuringChime) {
     TheFlags.CallEndedDuringChime = false;
     TheFlags.CallActive = false;
@@ -140,12 +144,17 @@ void CallSequence::EndCall() {
   if (!TheFlags.WavFinished) TheFlags.CallEndedDuringChime = true;
   if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
   // A pre-chime that has begun always plays to its end.
+  const int call = Calls;
   if (PreChimeStarted) Loop.PumpUntil([this] { return TheFlags.WavFinished; });
+  if (call != Calls) return;
   PlayPostChime();
+  if (call != Calls) return;
   SetCaptions(kStrCall);
   if (!RestoreRouting()) return;
   PaintLamps(kButtonFace);
   RestoreMusic();
+  // The next call may have begun in the fade, after another release that has ended this one.
+  if (call != Calls) return;
   TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
   TheFlags.CallActive = false;
   TheFrmPlayers.tmrMessage.Enabled = true;

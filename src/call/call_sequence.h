@@ -59,6 +59,7 @@ class CallSequence {
   MusicPlayer& Music;
   const StringTable& Strings;
 
+  int Calls = 0;  // since the start; a press or a release whose call is no longer the last is over
   bool PreChimeStarted = false;  // in this call; only a chime that plays can be waited for
   bool PastItsFade = false;      // from then on to its release; a fade that runs is not the call's
 };

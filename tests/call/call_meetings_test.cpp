@@ -364,6 +364,28 @@ TEST(CallMeetsWait, AboveItsPressTheWholeCallMayBeOverWhenThePressGoesOn) {
   }
 }
 
+TEST(CallMeetsReleases, ACallThatBeginsInTheFadeOfARepeatedReleaseClosesItsMicrophoneAtItsOwn) {
+  CallDesk desk({.FadeTime = "Slow", .PostChime = "gong"});
+  desk.Sys->TheFlags.WavFinished = true;  // as after any message
+  desk.PressAt(0);
+  desk.ReleaseAt(5000);
+  desk.ReleaseAt(5100);
+  while (desk.State().CallActive) desk.Advance(1);
+  ASSERT_TRUE(desk.State().FadeRunning);
+  desk.Advance(300);
+  desk.Press("cmdCall");
+  desk.Advance(4000);
+  EXPECT_TRUE(desk.Speaks());
+  EXPECT_TRUE(desk.State().CallActive);
+  desk.Release("cmdCall");
+  EXPECT_FALSE(desk.Speaks());
+  desk.Advance(10'000);
+  EXPECT_FALSE(desk.State().CallActive);
+  EXPECT_EQ(desk.Station(), "Call, lamps off");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
 TEST(CallMeetsReleases, EveryPairOfThemEndsAtRestWithTheMicrophoneClosed) {
   for (int first = 50; first <= 6050; first += 300) {
     for (int second = first; second <= 6650; second += 300) {
