@@ -59,18 +59,14 @@ void CallSequence::CutMessagesOff() {
 /// microphone must not open any more. A release that fell into the fade of another has turned that
 /// one round, as it would turn the call's own.
 bool CallSequence::GoesOn(bool endedInFadeBefore) {
-  if (TheFlags.CallEndedDuringFade && !endedInFadeBefore) {
-    TheFlags.CallEndedDuringFade = false;
-    TheFrmPlayers.tmrMessage.Enabled = true;
-    TheFlags.CallActive = false;
-  }
+  if (!endedInFadeBefore) TakeReleaseInFade();
   if (TheFlags.CallActive) return true;
   if (!Store.Values.PreChime.empty()) TheFlags.CallEndedDuringChime = false;
   return false;
 }
 
 /// Fades the music and pauses it. False when the release or the amplifier has ended the call in the
-/// fade.
+/// fade, or when what waits on top of it, as a box does, has held it until another call began.
 bool CallSequence::ClearMusic() {
   if (TheFlags.MessagePlaying) {
     TheFlags.MessagePlaying = false;
@@ -80,17 +76,19 @@ bool CallSequence::ClearMusic() {
     const int call = Calls;
     TheFades.FadeDown();
     if (TheFlags.PriorityPreempted || call != Calls) return false;
-    if (TheFlags.CallEndedDuringFade) {
-      TheFlags.CallEndedDuringFade = false;
-      TheFrmPlayers.tmrMessage.Enabled = true;
-      TheFlags.CallActive = false;
-      return false;
-    }
-    // What waits on top of the fade, as a box does, may have held it until all was over.
+    TakeReleaseInFade();
     if (!TheFlags.CallActive) return false;
   }
   if (MusicState() == kPlaying) TheFrmPlayers.MP3Player.Pause();
   return true;
+}
+
+/// A release in the fade has turned it round and left the end of the call to the press.
+void CallSequence::TakeReleaseInFade() {
+  if (!TheFlags.CallEndedDuringFade) return;
+  TheFlags.CallEndedDuringFade = false;
+  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFlags.CallActive = false;
 }
 
 void CallSequence::RouteCall() {
@@ -106,20 +104,15 @@ bool CallSequence::PlayPreChime() {
   TheFrmPlayers.tmrFlash.Enabled = true;
   SetCaptions(kStrWait);
   PreChimeStarted = true;
-  const int call = Calls;
-  PlayChime(Store.Values.PreChime);
-  if (call != Calls) return false;
+  if (!PlayChime(Store.Values.PreChime)) return false;
   if (TheFlags.CallEndedDuringChime) {
     TheFlags.CallEndedDuringChime = false;
     TheFlags.CallActive = false;
-    return false;
-  }
-  if (TheFlags.PriorityPreempted) {
+  } else if (TheFlags.PriorityPreempted) {
     TheFrmMain.cmdCall.Caption = Strings.LoadString(kStrCall);
     TheFrmPlayers.tmrFlash.Enabled = false;
-    return false;
   }
-  if (!TheFlags.CallActive) return false;  // what waited on top has held the chime's end back
+  if (!TheFlags.CallActive) return false;
   PaintLamps(kDarkGreen);
   return true;
 }
@@ -146,9 +139,7 @@ void CallSequence::EndCall() {
   // A pre-chime that has begun always plays to its end.
   const int call = Calls;
   if (PreChimeStarted) Loop.PumpUntil([this] { return TheFlags.WavFinished; });
-  if (call != Calls) return;
-  PlayPostChime();
-  if (call != Calls) return;
+  if (call != Calls || !PlayPostChime()) return;
   SetCaptions(kStrCall);
   if (!RestoreRouting()) return;
   PaintLamps(kButtonFace);
@@ -173,12 +164,14 @@ void CallSequence::EndInFade() {
   PaintLamps(kButtonFace);
 }
 
-void CallSequence::PlayPostChime() {
-  if (TheFlags.CallEndedDuringChime || Store.Values.PostChime.empty()) return;
+/// False when another call has begun meanwhile.
+bool CallSequence::PlayPostChime() {
+  if (TheFlags.CallEndedDuringChime || Store.Values.PostChime.empty()) return true;
   TheFrmPlayers.tmrFlash.Enabled = true;
-  PlayChime(Store.Values.PostChime);
+  if (!PlayChime(Store.Values.PostChime)) return false;
   PaintLamps(kButtonFace);
   TheFrmPlayers.tmrFlash.Enabled = false;
+  return true;
 }
 
 /// False when the amplifier has taken over, to which the outputs then belong. Over music that the
@@ -211,8 +204,9 @@ void CallSequence::RestoreMusic() {
 }
 
 /// The chime has the line alone. Returns when it has ended, or when the release or the amplifier
-/// has ended the call.
-void CallSequence::PlayChime(const std::string& chime) {
+/// has ended the call. False when another call has begun meanwhile, whose chime it is that sounds.
+bool CallSequence::PlayChime(const std::string& chime) {
+  const int call = Calls;
   WavePlayer& player = TheFrmPlayers.WavPlayer;
   player.FileName = Store.Values.MessageDirectory + chime + ".wav";
   player.Command("Close");
@@ -227,12 +221,14 @@ void CallSequence::PlayChime(const std::string& chime) {
   Loop.PumpUntil([this] {
     return TheFlags.WavFinished || TheFlags.CallEndedDuringChime || TheFlags.PriorityPreempted;
   });
+  if (call != Calls) return false;
   if (TheFlags.CallEndedDuringChime) {
     TheFrmPlayers.tmrFlash.Enabled = false;
     PaintLamps(kButtonFace);
-  } else if (!TheFlags.PriorityPreempted) {
+  } else if (TheFlags.CallActive) {
     TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
   }
+  return true;
 }
 
 void CallSequence::SetCaptions(StringId caption) {

@@ -32,16 +32,17 @@ class CallSequence {
   void CutMessagesOff();
   bool GoesOn(bool endedInFadeBefore);
   bool ClearMusic();
+  void TakeReleaseInFade();
   void RouteCall();
   bool PlayPreChime();
   void OpenMicrophone();
 
   void EndInFade();
-  void PlayPostChime();
+  bool PlayPostChime();
   bool RestoreRouting();
   void RestoreMusic();
 
-  void PlayChime(const std::string& chime);
+  bool PlayChime(const std::string& chime);
   void SetCaptions(StringId caption);
   void PaintLamps(Color color);
   void FlashLamps();  // tmrFlash
