@@ -297,17 +297,47 @@ TEST(CallSequence, AReleaseInTheSameInstantEndsItBeforeTheMicrophoneOpens) {
   }
 }
 
+struct Leaving {
+  std::vector<int> ReleasesMs;
+  int ExitMs;
+};
+
+/// Fade to 529, chime to 1529, speech, second chime for 800 ms from the release on, fade back.
+const std::vector<Leaving> kLeavings = {
+    {{}, 100},            // in the fade
+    {{200}, 300},         // in the fade that the release has turned
+    {{}, 900},            // in the chime
+    {{900}, 1200},        // in the wait of the release for the chime's end
+    {{900}, 1700},        // in the fade back after it
+    {{}, 2000},           // in the speech
+    {{5000}, 5100},       // in the second chime
+    {{5000}, 5900},       // in the fade back
+    {{5000, 6000}, 6100}  // in the fade back that another release has taken for one of a press
+};
+
 TEST(CallSequence, TheProgramCanBeLeftInTheMidstOfIt) {
-  for (const int exitMs : {100, 900, 2000, 5100, 5900}) {
-    CallDesk desk;
-    desk.PressAt(0);
-    if (exitMs > 5000) desk.ReleaseAt(5000);
-    desk.AdvanceTo(exitMs);
-    desk.Click("mnuExit");
-    EXPECT_TRUE(desk.Pc.Process.Ended()) << exitMs;
-    EXPECT_EQ(desk.Heard(), "silence");
-    EXPECT_NE(desk.Journal().find(" send 0\n"), std::string::npos);
-    desk.Pc.Loop.AfterEvent = nullptr;
+  for (const bool router : {true, false}) {
+    for (const auto& [releasesMs, exitMs] : kLeavings) {
+      SCOPED_TRACE(exitMs);
+      DeskOptions options = CallDesk::Chimes();
+      options.Router = router;
+      CallDesk desk(options);
+      const std::string key = router ? "cmdCall" : "cmdCall2";
+      desk.Press(key);
+      for (const int releaseMs : releasesMs) {
+        desk.AdvanceTo(releaseMs);
+        desk.Release(key);
+      }
+      desk.AdvanceTo(exitMs);
+      EXPECT_TRUE(desk.State().CallActive);
+      desk.Pc.Journal.Clear();
+      desk.Click("mnuExit");
+      EXPECT_TRUE(desk.Pc.Process.Ended());
+      EXPECT_EQ(desk.Heard(), "silence");
+      EXPECT_EQ(desk.Journal(),
+                router ? "0 send 0\n0 serial close\n0 process ends\n" : "0 process ends\n");
+      desk.Pc.Loop.AfterEvent = nullptr;
+    }
   }
 }
 

@@ -1,0 +1,278 @@
+// Releases, takeovers and song ends in places where the steps of a press and of a release meet:
+// what they literally give is meant.
+
+#include <gtest/gtest.h>
+
+#include "call/call_desk.h"
+
+namespace marlex {
+namespace {
+
+constexpr const char* kRest = "Call, lamps off";
+constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
+constexpr const char* kMusic = "song march.mp3 at 20000";
+
+/// A takeover from `atMs` to the tenth second of the journal.
+void TakeOverAt(CallDesk& desk, int atMs) {
+  desk.AdvanceTo(atMs);
+  desk.Status(128);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_FALSE(desk.State().CallActive);
+  desk.AdvanceTo(10'000);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+  desk.Status(0);
+  desk.AdvanceTo(11'000);
+}
+
+/// The call that is made now is heard, and leaves the desk as it should be.
+void ExpectWholeCall(CallDesk& desk) {
+  desk.Press("cmdCall");
+  desk.Advance(3000);
+  ASSERT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  desk.Release("cmdCall");
+  ASSERT_FALSE(desk.Speaks());
+  desk.Advance(5000);
+  ASSERT_FALSE(desk.State().CallActive);
+  ASSERT_EQ(desk.Station(), kRest);
+  ASSERT_EQ(desk.Heard(), kMusic);
+  ASSERT_EQ(desk.Alive(), kAllAlive);
+  ASSERT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
+TEST(ReleaseThenTakeover, InTheTurnedFadeTheReleaseIsKeptAndDropsTheNextCall) {
+  CallDesk desk;
+  desk.PressAt(0);
+  desk.ReleaseAt(200);
+  TakeOverAt(desk, 300);
+  EXPECT_EQ(desk.Heard(), kMusic);
+  EXPECT_EQ(desk.Station(), kRest);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.TakeJournal(), "10400 send 67\n");
+  EXPECT_TRUE(desk.State().CallEndedDuringFade);
+  desk.Press("cmdCall");
+  // The fade that the press has begun runs on by itself, and nobody takes the "Wait" back.
+  EXPECT_FALSE(desk.State().CallActive);
+  desk.Advance(2000);
+  desk.Release("cmdCall");
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Text("cmdCall"), "Wait");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Journal(), "");
+  ExpectWholeCall(desk);
+}
+
+TEST(ReleaseThenTakeover, InTheWaitForThePreChimesEndNothingIsKept) {
+  CallDesk desk;
+  desk.PressAt(0);
+  desk.ReleaseAt(900);
+  TakeOverAt(desk, 1100);
+  EXPECT_EQ(desk.Heard(), "silence");  // the call has paused the music; the next one resumes it
+  EXPECT_EQ(desk.Station(), kRest);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_FALSE(desk.State().CallEndedDuringChime);
+  EXPECT_EQ(desk.Journal(),
+            "529 song pause\n529 wav play chime.wav\n729 send 68\n"
+            "1100 wav stop chime.wav\n");
+  EXPECT_FALSE(desk.MicrophoneOpened);
+  ExpectWholeCall(desk);
+}
+
+/// Where the word for closing is no command of the player, the chime goes on to its end, and the
+/// release with it. If the takeover is over by then, it restores as if nothing had been.
+TEST(ReleaseThenTakeover, InTheWaitForAChimeThatCannotBeClosedTheReleaseRestoresAfterAShortOne) {
+  DeskOptions options = CallDesk::Chimes();
+  options.Language = "Italian";
+  CallDesk desk(options);
+  desk.Sys->Strings.AddBlock(2000, {{600, "Chiudi"}});
+  desk.PressAt(0);
+  desk.ReleaseAt(900);
+  desk.AdvanceTo(1100);
+  desk.Status(128);
+  desk.AdvanceTo(1300);
+  desk.Status(0);
+  desk.AdvanceTo(10'000);
+  EXPECT_EQ(desk.Journal(),
+            "529 song pause\n529 wav play chime.wav\n729 send 68\n"
+            "1529 wav end chime.wav\n1529 send 0\n1529 song resume march.mp3\n");
+  EXPECT_EQ(desk.Heard(), kMusic);
+  EXPECT_EQ(desk.Station(), kRest);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_FALSE(desk.MicrophoneOpened);
+  ExpectWholeCall(desk);
+}
+
+TEST(ReleaseThenTakeover, InThePostChimeTheMusicStaysPaused) {
+  CallDesk desk;
+  desk.PressAt(0);
+  desk.ReleaseAt(5000);
+  TakeOverAt(desk, 5400);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kPaused);
+  EXPECT_EQ(desk.Station(), kRest);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Journal(),
+            "529 song pause\n529 wav play chime.wav\n729 send 68\n"
+            "1529 wav end chime.wav\n5000 wav play gong.wav\n"
+            "5400 wav stop gong.wav\n");
+  ExpectWholeCall(desk);
+}
+
+TEST(ReleaseThenTakeover, InTheFadeBackTheCallEndsAndTheMusicComesBackWithTheTakeoversEnd) {
+  CallDesk desk;
+  desk.PressAt(0);
+  desk.ReleaseAt(5000);
+  desk.AdvanceTo(5900);
+  desk.Pc.Journal.Clear();
+  TakeOverAt(desk, 6000);
+  EXPECT_EQ(desk.Heard(), kMusic);
+  EXPECT_EQ(desk.Station(), kRest);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_FALSE(desk.State().CallEndedDuringFade);
+  EXPECT_EQ(desk.Journal(), "4500 send 67\n");
+  ExpectWholeCall(desk);
+}
+
+TEST(KeptRelease, ATakeoverInTheFadeOfTheCallThatItDropsBringsTheMusicBack) {
+  CallDesk desk;
+  desk.PressAt(0);
+  desk.ReleaseAt(200);
+  TakeOverAt(desk, 300);
+  ASSERT_TRUE(desk.State().CallEndedDuringFade);
+  desk.PressAt(12'000);
+  ASSERT_TRUE(desk.State().FadeRunning);
+  desk.AdvanceTo(12'200);
+  desk.Status(192);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_FALSE(desk.State().FadeRunning);
+  EXPECT_EQ(desk.WaveSlider(), 20'000);
+  EXPECT_EQ(desk.Text("cmdCall") + "|" + desk.Text("cmdCall2"), "Call|Wait");
+  desk.ReleaseAt(13'000);
+  desk.AdvanceTo(14'000);
+  desk.Status(0);
+  EXPECT_EQ(desk.Heard(), kMusic);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  desk.AdvanceTo(15'000);
+  ExpectWholeCall(desk);
+}
+
+TEST(TwoReleases, InThePostChimeRestoreTwice) {
+  CallDesk desk;
+  desk.PressAt(0);
+  desk.ReleaseAt(5000);
+  desk.PressAt(5200);
+  desk.ReleaseAt(5400);
+  desk.AdvanceTo(5800);
+  EXPECT_EQ(desk.Station(), kRest);
+  EXPECT_EQ(desk.WaveSlider(), FrmMxr::kSilent);
+  desk.AdvanceTo(6374);
+  EXPECT_TRUE(desk.State().CallActive);
+  // The second restoring is through first; the first one then finds the music playing, and fades
+  // it from silence once more.
+  desk.AdvanceTo(6375);
+  EXPECT_FALSE(desk.State().CallActive);
+  EXPECT_EQ(desk.WaveSlider(), FrmMxr::kSilent);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  desk.AdvanceTo(10'000);
+  EXPECT_EQ(desk.Journal(),
+            "529 song pause\n529 wav play chime.wav\n729 send 68\n"
+            "1529 wav end chime.wav\n5000 wav play gong.wav\n"
+            "5800 wav end gong.wav\n5800 send 0\n5800 song resume march.mp3\n"
+            "6575 send 67\n");
+  EXPECT_EQ(desk.Heard(), kMusic);
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+  // It is kept as one in a chime, and drops the next call.
+  EXPECT_TRUE(desk.State().CallEndedDuringChime);
+  desk.PressAt(10'000);
+  desk.AdvanceTo(12'000);
+  EXPECT_FALSE(desk.State().CallActive);
+  EXPECT_FALSE(desk.State().CallEndedDuringChime);
+  desk.ReleaseAt(13'000);
+  ExpectWholeCall(desk);
+}
+
+/// Whether the press of the next call over music comes to nothing: a release that was kept ends it.
+bool KeepsARelease(CallDesk& desk) {
+  return desk.State().CallEndedDuringFade || desk.State().CallEndedDuringChime;
+}
+
+TEST(TwoReleases, EveryPairOfThemEndsWithTheMicrophoneClosedAndDropsAtMostTheNextCall) {
+  int dropped = 0;
+  for (int first = 50; first <= 6050; first += 300) {
+    for (int second = first; second <= 6650; second += 300) {
+      SCOPED_TRACE(std::to_string(first) + " " + std::to_string(second));
+      CallDesk desk;
+      desk.PressAt(0);
+      desk.ReleaseAt(first);
+      desk.ReleaseAt(second);
+      desk.AdvanceTo(20'000);
+      ASSERT_FALSE(desk.Speaks());
+      ASSERT_FALSE(desk.State().CallActive);
+      ASSERT_EQ(desk.Pc.Loop.Waits(), 1);
+      ASSERT_EQ(desk.Alive(), kAllAlive);
+      if (KeepsARelease(desk)) {
+        ++dropped;
+        desk.MicrophoneOpened = false;
+        desk.PressAt(20'000);
+        desk.ReleaseAt(25'000);
+        desk.AdvanceTo(30'000);
+        ASSERT_FALSE(desk.MicrophoneOpened);
+        ASSERT_FALSE(KeepsARelease(desk));
+      }
+      ASSERT_NO_FATAL_FAILURE(ExpectWholeCall(desk));
+    }
+  }
+  EXPECT_GT(dropped, 0);
+}
+
+/// A row waits for the end of the song, which comes in the fade of a call.
+class SongEndDesk : public CallDesk {
+ public:
+  SongEndDesk() : CallDesk(WithRow()) {
+    Pc.Disk.AddMp3("/music/march.mp3", 30'000);
+    Click("cmdStop");
+    Click("cmdPlay");
+    RunTo(12, 1, 5);
+    EXPECT_TRUE(State().MessageAwaitingSongEnd);
+    while (Pc.Song.CurrentPosition() < 29.8) Advance(1);
+    Pc.Journal.Clear();
+  }
+
+ private:
+  static DeskOptions WithRow() {
+    DeskOptions options = Chimes();
+    options.Sequences = {{.Timer = "Between"}};
+    options.Now = {2024, 1, 1, 12, 0, 50};
+    return options;
+  }
+};
+
+/// The call has dropped the messages, so that the break plays none of them; the song's end switches
+/// the tick on all the same, in the midst of the call, and the fade goes on over the next song.
+TEST(SongEndInACallsFade, OverAWaitingRowSwitchesTheTickOnUnderTheCall) {
+  SongEndDesk desk;
+  desk.Press("cmdCall");
+  EXPECT_EQ(desk.Alive(), "cmdPlay cmdSkip cmdStop");
+  desk.Advance(210);
+  EXPECT_TRUE(desk.State().FadeRunning);
+  EXPECT_FALSE(desk.State().MessageAwaitingSongEnd);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Heard(), "song waltz.mp3 at 22000");
+  desk.Advance(3000);
+  EXPECT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  desk.Release("cmdCall");
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Journal(),
+            "200 song end\n200 song play waltz.mp3\n713 song pause\n"
+            "713 wav play chime.wav\n913 send 68\n1713 wav end chime.wav\n"
+            "3210 wav play gong.wav\n4010 wav end gong.wav\n4010 send 0\n"
+            "4010 song resume waltz.mp3\n");
+  EXPECT_EQ(desk.Heard(), "song waltz.mp3 at 20000");
+  EXPECT_EQ(desk.Station(), kRest);
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
+}  // namespace
+}  // namespace marlex
