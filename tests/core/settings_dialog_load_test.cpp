@@ -128,6 +128,20 @@ TEST(SettingsDialogLoad, AnotherAmplifierHasNoneOfThem) {
   EXPECT_EQ(desk.Dialog().cmdCancel.Top, 4560);
 }
 
+/// The type that is shown is chosen like by a click, and the window follows.
+TEST(SettingsDialogLoad, TheWindowEndsBelowTheKeysOfItsType) {
+  for (const bool router : {true, false}) {
+    SettingsDesk desk({.Router = router}, nullptr, false);
+    desk.Dialog().Height = 1000;
+    desk.Start();
+    desk.Open();
+    EXPECT_EQ(desk.Dialog().Height, router ? 6645 : 5565);
+    desk.Click("cmdCancel");
+    desk.Open();
+    EXPECT_EQ(desk.Dialog().Height, router ? 6645 : 5565);
+  }
+}
+
 TEST(SettingsDialogLoad, AnAbsentComPortShowsPortTwo) {
   for (const auto& [stored, shown] :
        std::vector<std::pair<std::string, int>>{{"1", 0}, {"2", 1}, {"", 1}, {"01", 1}, {"3", 1}}) {

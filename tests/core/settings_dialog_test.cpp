@@ -203,39 +203,6 @@ TEST(SettingsDialog, AnEmptyMessageDirectoryIsToldWhenTheMusicHasOne) {
   EXPECT_EQ(desk.Pc.Disk.Read(Desk::kIni), before);
 }
 
-TEST(SettingsDialog, TheOkWritesEverySettingInItsOrder) {
-  SettingsDesk desk({.Router = false});
-  desk.Open();
-  desk.Click("optTolvo_0");
-  desk.Type(desk.Dialog().txtZoneName[2], "Gate");
-  desk.Click("optPriority_1");
-  desk.Click("optSlow");
-  desk.Click("optCom_1");
-  desk.TakeJournal();
-  desk.Pc.Journal.Only({"write", "serial"});
-  desk.Click("cmdOK");
-  EXPECT_EQ(desk.Journal(),
-            "0 write Tolvo.ini [Selected paths] Music directory=/music/\n"
-            "0 write Tolvo.ini [Selected paths] Message directory=/messages/\n"
-            "0 write Tolvo.ini [Zone names] Zone:1=Hall\n"
-            "0 write Tolvo.ini [Zone names] Zone:2=Yard\n"
-            "0 write Tolvo.ini [Zone names] Zone:3=Gate\n"
-            "0 write Tolvo.ini [Zone names] Zone:4=Zone 4\n"
-            "0 write Tolvo.ini [Zone names] Zone:5=Zone 5\n"
-            "0 write Tolvo.ini [Zone names] Zone:6=Zone 6\n"
-            "0 serial open 1\n"
-            "0 write Tolvo.ini [Selected type] QRT4410/20=Yes\n"
-            "0 write Tolvo.ini [Priority level] Priority=High\n"
-            "0 write Tolvo.ini [Volume] Fade time=Slow\n"
-            "0 write Tolvo.ini [Used com port] Com port=2\n"
-            "0 write Tolvo.ini [Chime selection] PreChime=\n"
-            "0 write Tolvo.ini [Chime selection] PostChime=\n"
-            "0 write Tolvo.ini [Volume] Master volume=5000\n"
-            "0 write Tolvo.ini [Volume] Message volume=10000\n"
-            "0 write Tolvo.ini [Volume] Micro volume=15000\n"
-            "0 write Tolvo.ini [Volume] Music volume=20000\n");
-}
-
 TEST(SettingsDialog, TheOkSetsTheValuesInMemory) {
   SettingsDesk desk;
   desk.Open();
