@@ -39,19 +39,6 @@ struct SettingsDesk : Desk {
   void Type(TextBox& box, const std::string& text) {
     Do([&] { box.Text = text; });
   }
-  int Row(const ListBox& list, const std::string& text) {
-    for (int row = 0; row < list.ListCount(); ++row) {
-      if (list.List(row) == text) return row;
-    }
-    return ListBox::kNoSelection;
-  }
-  void Choose(ListBox& list, const std::string& text) {
-    Do([&] { list.SetListIndex(Row(list, text)); });
-  }
-  void DoubleClick(ListBox& list, const std::string& text) {
-    Choose(list, text);
-    Do([&] { list.OnDblClick(); });
-  }
   /// Bodies of the boxes so far, one a line.
   std::string BoxTexts() {
     std::string texts;

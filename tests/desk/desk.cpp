@@ -25,10 +25,10 @@ std::string Installation(const DeskOptions& options) {
          "[Schedule]\r\n" + Line("All days", options.AllDays ? "Yes" : "No") +
          Line("View", options.ScheduleName ? "Yes" : "No") + "[Selected type]\r\n" +
          Line("QRT4410/20", options.Router ? "Yes" : "No") + "[Used com port]\r\n" +
-         Line("Com port", "1") + "[Priority level]\r\n" + Line("Priority", options.Priority) +
-         "[Routing]\r\n" + Line("Music routing", options.MusicRouting) +
-         Line("Call routing", options.CallRouting) + "[Zone names]\r\n" + Line("Zone:1", "Hall") +
-         Line("Zone:2", "Yard");
+         Line("Com port", options.ComPort) + "[Priority level]\r\n" +
+         Line("Priority", options.Priority) + "[Routing]\r\n" +
+         Line("Music routing", options.MusicRouting) + Line("Call routing", options.CallRouting) +
+         "[Zone names]\r\n" + Line("Zone:1", "Hall") + Line("Zone:2", "Yard");
 }
 
 }  // namespace
@@ -48,6 +48,7 @@ void Desk::LayOut(const DeskOptions& options) {
   const std::vector<int>& now = options.Now;
   Pc.Clock.Set(now[0], now[1], now[2], now[3], now[4], now[5]);
   if (!options.Microphone) Pc.Mixer.Line(kComponentMicrophone)->HasVolume = false;
+  Pc.Serial.Device = options.ComPort == "2" ? 2 : 1;
   Pc.Disk.AddDirectory("/music");
   for (const Medium& song : options.Music)
     Pc.Disk.AddMp3("/music/" + song.Name + ".mp3", song.LengthMs);
@@ -190,6 +191,15 @@ void Desk::PressKeyInList(int keyCode) {
   Pc.Loop.Do([this, keyCode] { Main().lstPlaylist.OnKeyDown(keyCode); });
 }
 
+void Desk::Choose(ListBox& list, const std::string& text) {
+  Pc.Loop.Do([&] { list.SetListIndex(Row(list, text)); });
+}
+
+void Desk::DoubleClick(ListBox& list, const std::string& text) {
+  Choose(list, text);
+  Pc.Loop.Do([&] { list.OnDblClick(); });
+}
+
 void Desk::ClickCell(int row, int column) {
   Pc.Loop.Do([this, row, column] {
     Main().grdSchedule.SetRow(row);
@@ -214,6 +224,13 @@ bool Desk::Shows(const std::string& control) { return Look<VisualControl>(contro
 std::string Desk::Text(const std::string& control) { return Find<VisualControl>(control).Caption; }
 bool Desk::Enabled(const std::string& control) { return Find<VisualControl>(control).Enabled; }
 bool Desk::Visible(const std::string& control) { return Find<VisualControl>(control).Visible; }
+
+int Desk::Row(const ListBox& list, const std::string& text) {
+  for (int row = 0; row < list.ListCount(); ++row) {
+    if (list.List(row) == text) return row;
+  }
+  return ListBox::kNoSelection;
+}
 
 std::vector<std::string> Desk::Rows() {
   std::vector<std::string> rows;

@@ -34,6 +34,7 @@ struct DeskOptions {
   std::vector<Medium> Messages = {{"welcome", 3000}, {"closing", 2000}};
   std::vector<Sequence> Sequences = {};
   bool Router = true;
+  std::string ComPort = "1";  // where the amplifier is, too
   std::string Priority = "Low";
   std::string FadeTime = "Fast";
   int MusicVolume = 20000;
@@ -85,6 +86,8 @@ class Desk {
   void Select(int entry);  // in the list of songs
   void DoubleClickSong(int entry);
   void PressKeyInList(int keyCode);
+  void Choose(ListBox& list, const std::string& text);  // by a click on an entry of any list
+  void DoubleClick(ListBox& list, const std::string& text);
   void ClickCell(int row, int column);
   void DoubleClickCell(int row, int column);
   void CloseMainWindow();
@@ -102,6 +105,7 @@ class Desk {
   bool Visible(const std::string& control);
   std::string Cell(int row, int column) { return Main().grdSchedule.TextMatrix(row, column); }
   Color CellColor(int row, int column) { return Main().grdSchedule.BackColorAt(row, column); }
+  static int Row(const ListBox& list, const std::string& text);  // kNoSelection without one
   std::vector<std::string> Rows();  // of the table: the cells of each row joined by "|"
   std::string LitZones();           // six characters, "1" is a green label
   std::string Heard() const { return Pc.Heard(); }

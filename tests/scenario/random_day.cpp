@@ -5,19 +5,12 @@
 
 #include "scenario/dice.h"
 #include "scenario/random_installation.h"
-#include "windows/frm_mxr.h"
+#include "scenario/settings_hands.h"
 
 namespace marlex {
 namespace {
 
 using Texts = std::vector<std::string>;
-using Deed = std::pair<std::string, std::function<void(WatchedDesk&)>>;
-
-Deed ClickOn(const std::string& control) {
-  return {"click " + control, [control](WatchedDesk& desk) {
-            if (desk.Shows(control)) desk.Click(control);
-          }};
-}
 
 /// Where a file dialog is open already, it is given this answer in the place of its own.
 Deed OpenDialog(const std::string& menu, const std::string& answer) {
@@ -92,49 +85,6 @@ Deed DrawMenu(Dice& dice) {
   const std::string& menu = dice.Of(menus);
   if (menu == "mnuAdresses") return OpenDialog(menu, "");
   return ClickOn(menu);
-}
-
-/// The type of the amplifier is changed in one go while no call is told: a port that closes in a
-/// takeover never hears of its end.
-Deed ChangeAmplifier(const std::string& type) {
-  return {"change the amplifier by " + type, [type](WatchedDesk& desk) {
-            if (!desk.Main().Visible || desk.State().AmplifierStatus != 0) return;
-            desk.Click("mnuSettings");
-            desk.Click(type);
-            desk.Click("cmdOK");
-            // Without its directories, as of a file that cannot be read, the dialog has refused.
-            if (desk.Sys->TheWindows.frmSettings.Visible) desk.Click("cmdCancel");
-          }};
-}
-
-Deed MoveSlider(Slider FrmSettings::*slider, const std::string& name, int position) {
-  return {"move " + name + " to " + std::to_string(position),
-          [slider, position](WatchedDesk& desk) {
-            FrmSettings& settings = desk.Sys->TheWindows.frmSettings;
-            if (!settings.Visible || !(settings.*slider).Enabled) return;
-            desk.Do([&] { (settings.*slider).Value = position; });
-          }};
-}
-
-Deed DrawSettingsHand(Dice& dice) {
-  static const Texts parts{"mnuSettings",   "mnuSettings",   "optFast",     "optSlow",
-                           "optPriority_0", "optPriority_1", "chkPreChime", "chkPostChime",
-                           "cmdOK",         "cmdOK",         "cmdCancel"};
-  const int position = dice.OneIn(3) ? 0 : dice.Between(0, FrmMxr::kSilent);
-  switch (dice.Between(1, 12)) {
-    case 1:
-      return ChangeAmplifier(dice.OneIn(2) ? "optTolvo_0" : "optTolvo_1");
-    case 2:
-      return MoveSlider(&FrmSettings::slMasterVolume, "slMasterVolume", position);
-    case 3:
-      return MoveSlider(&FrmSettings::slMusicVolume, "slMusicVolume", position);
-    case 4:
-      return MoveSlider(&FrmSettings::slMessageVolume, "slMessageVolume", position);
-    case 5:
-      return MoveSlider(&FrmSettings::slMicroVolume, "slMicroVolume", position);
-    default:
-      return ClickOn(dice.Of(parts));
-  }
 }
 
 Deed DrawFileDialog(Dice& dice) {
@@ -253,7 +203,7 @@ void HealEverything(WatchedDesk& desk) {
     desk.Pc.Disk.Return(broken);
     desk.Pc.Disk.Heal(broken);
   }
-  desk.Pc.Serial.Plug();
+  desk.PlugIn();
   desk.Pc.Mixer.RefusesSettings = false;
 }
 
@@ -336,10 +286,10 @@ class Luck {
  private:
   using Draw = Deed (*)(Dice&);
   static inline const std::vector<std::pair<Draw, int>> kKinds{
-      {SetThingsRight, 6}, {DrawKey, 15},          {DrawZoneKey, 5},   {DrawMenu, 9},
-      {DrawFileDialog, 5}, {DrawListHand, 11},     {DrawTableHand, 9}, {DrawBytes, 6},
-      {DrawCall, 14},      {DrawFault, 8},         {DrawClock, 5},     {DrawAnswer, 6},
-      {DrawEnd, 2},        {DrawSettingsHand, 12}, {DrawTalk, 16}};
+      {SetThingsRight, 6}, {DrawKey, 15},          {DrawZoneKey, 5},    {DrawMenu, 9},
+      {DrawFileDialog, 5}, {DrawListHand, 11},     {DrawTableHand, 9},  {DrawBytes, 6},
+      {DrawCall, 14},      {DrawFault, 8},         {DrawClock, 5},      {DrawAnswer, 6},
+      {DrawEnd, 2},        {DrawSettingsHand, 12}, {DrawPickerHand, 7}, {DrawTalk, 16}};
 
   Dice& TheDice;
   std::vector<Draw> Kinds;
@@ -407,7 +357,8 @@ std::string RandomDay::Describe() const {
   const DeskOptions& o = Installation;
   std::string text = "start";
   for (const int part : o.Now) text += " " + std::to_string(part);
-  text += o.Router ? ", router, priority " + o.Priority : ", no router";
+  text +=
+      o.Router ? ", router at com port " + o.ComPort + ", priority " + o.Priority : ", no router";
   text += ", fade " + o.FadeTime + ", music at " + std::to_string(o.MusicVolume) + " in \"" +
           o.MusicRouting + "\", " + o.Language + (o.AllDays ? ", all days" : ", today") +
           (o.ScheduleName ? ", names" : "") + (o.Microphone ? "" : ", no microphone") +

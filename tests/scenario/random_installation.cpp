@@ -154,6 +154,7 @@ void DrawMedia(Dice& dice, DeskOptions& options) {
 
 void DrawSettings(Dice& dice, DeskOptions& options) {
   options.Router = !dice.OneIn(6);
+  options.ComPort = dice.OneIn(3) ? "2" : "1";
   options.Priority = dice.Of(Texts{"Low", "High"});
   options.FadeTime = dice.Of(Texts{"Fast", "Slow"});
   options.MusicVolume = Volume(dice);

@@ -31,7 +31,9 @@ bool IsClockTime(const std::string& time) {
 void Recovery::Run() {
   Heal();
   AnswerBoxes();
+  ClosePickers();
   RunProgram();
+  ChooseDirectories();
   TheDesk.Status(0);
   EndWaits();
   if (TheDesk.CallWasPressed) Call();
@@ -41,15 +43,12 @@ void Recovery::Run() {
   }
 }
 
-/// The line is found again a second after the plug.
 void Recovery::Heal() {
   for (const std::string& path : BreakablePaths()) {
     TheDesk.Pc.Disk.Return(path);
     TheDesk.Pc.Disk.Heal(path);
   }
-  TheDesk.Pc.Serial.Plug();
   TheDesk.Pc.Mixer.RefusesSettings = false;
-  TheDesk.Advance(1000);
 }
 
 /// A box closes when the waits that stand on it have ended.
@@ -63,6 +62,13 @@ void Recovery::AnswerBoxes() {
   }
 }
 
+void Recovery::ClosePickers() {
+  Windows& windows = TheDesk.Sys->TheWindows;
+  if (windows.frmDirSel.Visible) TheDesk.Click("cmdOK");
+  if (windows.frmChimeSelect.Visible) TheDesk.Click("cmdCancel");
+}
+
+/// The line is found a second after the plug.
 void Recovery::RunProgram() {
   constexpr int kSplashMs = 2500;
   if (TheDesk.Pc.Process.Ended()) TheDesk.Restart();
@@ -75,6 +81,30 @@ void Recovery::RunProgram() {
   if (TheDesk.Sys->TheWindows.frmSettings.Visible) TheDesk.Click("cmdCancel");
   if (TheDesk.Pc.Process.Ended()) TheDesk.Restart();
   WatchedDesk::Require(TheDesk.Main().Visible, "The main window does not come up");
+  TheDesk.PlugIn();
+  TheDesk.Advance(1000);
+}
+
+/// The hand of an operator who has found out why all is silent.
+void Recovery::ChooseDirectories() {
+  const Settings& settings = TheDesk.Values();
+  if (settings.MusicDirectory == "/music/" && settings.MessageDirectory == "/messages/") return;
+  TheDesk.Click("mnuSettings");
+  ChooseDirectory("cmdBgBrowse", "/music");
+  ChooseDirectory("cmdMsgBrowse", "/messages");
+  TheDesk.Click("cmdOK");
+  WatchedDesk::Require(
+      settings.MusicDirectory == "/music/" && settings.MessageDirectory == "/messages/",
+      "The directories cannot be chosen");
+  TheDesk.Advance(1000);
+}
+
+void Recovery::ChooseDirectory(const std::string& browse, const std::string& directory) {
+  TheDesk.Click(browse);
+  ListBox& tree = TheDesk.Sys->TheWindows.frmDirSel.Dir1;
+  TheDesk.DoubleClick(tree, "/");
+  TheDesk.Choose(tree, directory);
+  TheDesk.Click("cmdOK");
 }
 
 void Recovery::EndWaits() {

@@ -26,7 +26,10 @@ class Recovery {
 
   void Heal();
   void AnswerBoxes();
+  void ClosePickers();
   void RunProgram();
+  void ChooseDirectories();
+  void ChooseDirectory(const std::string& browse, const std::string& directory);
   void EndWaits();
   void Call();
   bool CallOnce();

@@ -40,6 +40,8 @@ class WatchedDesk : public Desk {
   bool CallWasPressed = false;     // since the start of the program
   bool KeySays(StringId caption);  // both call keys do
 
+  void PlugIn();  // the amplifier, into the port that the program uses
+
   // A drag in the list of songs. It begins on an entry, and the selection follows the pointer.
   void PressSong(int entry);
   void DragTo(int entry);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "scenario/dice.h"
+#include "scenario/watched_desk.h"
+
+namespace marlex {
+
+/// Something that an operator does, and its words for whoever reads the list.
+using Deed = std::pair<std::string, std::function<void(WatchedDesk&)>>;
+
+/// Nothing where no window shows the control.
+Deed ClickOn(const std::string& control);
+
+/// One step at the settings dialog, which may open it, or close it again.
+Deed DrawSettingsHand(Dice& dice);
+
+/// One step at the pickers of directories and chimes, opened from the settings dialog.
+Deed DrawPickerHand(Dice& dice);
+
+}  // namespace marlex

@@ -1,0 +1,41 @@
+#include "scenario/watched_desk.h"
+
+namespace marlex {
+
+void WatchedDesk::NoteCorners() {
+  const auto note = [this](bool here, const char* corner) {
+    if (here) ++Corners[corner];
+  };
+  const Flags& flags = State();
+  const bool takenOver = flags.PriorityPreempted && !Before.Preempted;
+  note(takenOver && Before.Fading, "a takeover in a fade");
+  note(takenOver && flags.MessagePlaying, "a takeover in a message");
+  note(takenOver && flags.MessageAwaitingSongEnd, "a takeover before a music break");
+  note(flags.PriorityPreempted && flags.PriorityClear, "a lower call after a takeover");
+  note(Before.Awaiting && !flags.MessageAwaitingSongEnd, "a music break");
+  note(Pc.Loop.Waits() >= 3, "waits in waits");
+  note(Pc.Dialogs.OpenBoxCount() > 0 && flags.FadeRunning, "a box over a fade");
+  note(Pc.Dialogs.OpenBoxCount() > 0 && flags.MessagePlaying, "a box over a message");
+  note(Main().lblConflict.Visible, "a conflict");
+  note(flags.MusicStartedBySchedule, "music started by the clock");
+  note(flags.MusicStoppedBySchedule, "music stopped by the clock");
+  note(flags.CurrentMinute == "00:00", "midnight");
+  note(Pc.Mixer.RefusesSettings && flags.FadeRunning, "a fade on a card that refuses");
+  note(flags.CallActive && KeySays(kStrSpeak), "a call that speaks");
+  note(flags.CallActive && Before.Playing, "a call over a message");
+  note(flags.CallActive && flags.CallEndedDuringFade, "a release in a fade");
+  note(flags.CallActive && flags.CallEndedDuringChime, "a release in a chime");
+  note(takenOver && Before.CallActive, "a takeover in a call");
+  note(Pc.Dialogs.FileDialogIsOpen() && flags.MessagePlaying, "a file dialog over a message");
+  note(Before.SettingsShown && flags.FadeRunning, "the settings over a fade");
+  note(Before.SettingsShown && flags.MessagePlaying, "the settings over a message");
+  note(Sys->TheWindows.frmDirSel.Visible && flags.MessagePlaying,
+       "a directory picker over a message");
+  note(Sys->TheWindows.frmChimeSelect.Visible && flags.CallActive, "a chime picker over a call");
+  note(Values().MusicDirectory != "/music/", "another music directory");
+  note(Values().MessageDirectory != "/messages/", "another message directory");
+  note(Pc.Serial.Sent().size() > Before.Bytes && Pc.Serial.CommPort() == 2, "a byte out of port 2");
+  note(Values().RouterPresent != Before.Router && Before.MainShown, "another amplifier");
+}
+
+}  // namespace marlex
