@@ -12,6 +12,13 @@ void CopyRange(const Slider& from, Slider& to) {
   to.Max = from.Max.Get();
 }
 
+/// Also a slider that stands at its level already tells that it was set.
+void Show(Slider& slider, int level) {
+  const bool moves = slider.Value != level;
+  slider.Value = level;
+  if (!moves) slider.OnChange();
+}
+
 }  // namespace
 
 SettingsDialog::SettingsDialog(Flags& flags, SettingsStore& store, Process& process,
@@ -120,16 +127,16 @@ void SettingsDialog::ReadZoneNames() {
   }
 }
 
-/// Each slider that moves here acts and writes as if it were moved by hand.
+/// Each slider acts and writes here as if it were moved by hand.
 void SettingsDialog::ReadVolumes() {
   CopyRange(TheFrmMxr.SldrVol[0], Dialog.slMasterVolume);
   CopyRange(TheFrmMxr.SldrVol[Mixer.WaveLine], Dialog.slMusicVolume);
   CopyRange(TheFrmMxr.SldrVol[Mixer.WaveLine], Dialog.slMessageVolume);
   CopyRange(TheFrmMxr.SldrVol[Mixer.MicLine], Dialog.slMicroVolume);
-  Dialog.slMasterVolume.Value = Values.MasterVolume;
-  Dialog.slMusicVolume.Value = Values.MusicVolume;
-  Dialog.slMicroVolume.Value = Values.MicroVolume;
-  Dialog.slMessageVolume.Value = Values.MessageVolume;
+  Show(Dialog.slMasterVolume, Values.MasterVolume);
+  Show(Dialog.slMusicVolume, Values.MusicVolume);
+  Show(Dialog.slMicroVolume, Values.MicroVolume);
+  Show(Dialog.slMessageVolume, Values.MessageVolume);
   // While a message plays the line does not carry music, also when the dialog opens meanwhile.
   Dialog.slMusicVolume.Enabled = !TheFlags.MessagePlaying;
 }

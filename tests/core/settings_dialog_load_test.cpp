@@ -195,6 +195,29 @@ TEST(SettingsDialogLoad, TheSlidersShowTheLevelsAndWriteThemAsIfMovedByHand) {
   EXPECT_EQ(desk.WaveSlider(), 21000);
 }
 
+/// The music's slider goes first on the line that it shares with the messages'.
+TEST(SettingsDialogLoad, AMessageThatPlaysKeepsItsLevelAlsoTheLoudest) {
+  for (const int level : {0, 10'000}) {
+    SettingsDesk desk({.Sequences = {{}}, .MessageVolume = level});
+    desk.RunTo(12, 1, 2);
+    ASSERT_TRUE(desk.State().MessagePlaying);
+    desk.Open();
+    EXPECT_EQ(desk.WaveSlider(), level);
+  }
+}
+
+TEST(SettingsDialogLoad, TheLoudestLevelsAreWrittenLikeAllOthers) {
+  SettingsDesk desk({.MusicVolume = 0, .MessageVolume = 0, .MasterVolume = 0, .MicroVolume = 0});
+  desk.TakeJournal();
+  desk.Pc.Journal.Only({"write"});
+  desk.Open();
+  EXPECT_EQ(desk.Journal(),
+            "0 write Tolvo.ini [Volume] Master volume=0\n"
+            "0 write Tolvo.ini [Volume] Music volume=0\n"
+            "0 write Tolvo.ini [Volume] Micro volume=0\n"
+            "0 write Tolvo.ini [Volume] Message volume=0\n");
+}
+
 TEST(SettingsDialogLoad, AnAbsentFadeTimeIsFastAtTheStartAndSlowOnceTheDialogHasOpened) {
   SettingsDesk desk({.FadeTime = ""});
   EXPECT_EQ(desk.Values().FadeTime, 500);
