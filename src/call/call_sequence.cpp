@@ -30,9 +30,8 @@ CallSequence::CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, 
 
 void CallSequence::StartCall() {
   if (TheFlags.CallActive || TheFlags.PriorityPreempted || !TheFlags.PriorityClear) return;
-  const bool endedInFadeBefore = TheFlags.CallEndedDuringFade;
   CutMessagesOff();
-  if (!GoesOn(endedInFadeBefore)) return;
+  if (!GoesOn()) return;
   if (MusicState() == kPlaying && !ClearMusic()) return;
   if (TheFlags.PriorityPreempted) return;
   PastItsFade = true;
@@ -51,6 +50,7 @@ void CallSequence::CutMessagesOff() {
   ++Calls;
   PreChimeStarted = false;
   PastItsFade = false;
+  ReleasedInFade = false;
   Loop.Pump();
   Loop.Pump();
 }
@@ -58,10 +58,11 @@ void CallSequence::CutMessagesOff() {
 /// False when the release or the amplifier has ended the call while the events were delivered: the
 /// microphone must not open any more. A release that fell into the fade of another has turned that
 /// one round, as it would turn the call's own.
-bool CallSequence::GoesOn(bool endedInFadeBefore) {
-  if (!endedInFadeBefore) TakeReleaseInFade();
+bool CallSequence::GoesOn() {
+  if (ReleasedInFade) TakeReleaseInFade();
   if (TheFlags.CallActive) return true;
-  if (!Store.Values.PreChime.empty()) TheFlags.CallEndedDuringChime = false;
+  const bool released = !TheFlags.PriorityPreempted;
+  if (released && !Store.Values.PreChime.empty()) TheFlags.CallEndedDuringChime = false;
   return false;
 }
 
@@ -157,6 +158,7 @@ void CallSequence::EndCall() {
 /// The fade of the press turns round; the press ends the call when its wait is over.
 void CallSequence::EndInFade() {
   TheFlags.CallEndedDuringFade = true;
+  ReleasedInFade = true;
   TheFades.FadeUp();
   SetCaptions(kStrCall);
   TheFrmPlayers.tmrFlash.Enabled = false;

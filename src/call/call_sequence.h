@@ -30,7 +30,7 @@ class CallSequence {
 
  private:
   void CutMessagesOff();
-  bool GoesOn(bool endedInFadeBefore);
+  bool GoesOn();
   bool ClearMusic();
   void TakeReleaseInFade();
   void RouteCall();
@@ -62,6 +62,7 @@ class CallSequence {
 
   int Calls = 0;  // since the start; a press or a release whose call is no longer the last is over
   bool PreChimeStarted = false;  // in this call; only a chime that plays can be waited for
+  bool ReleasedInFade = false;   // this call, also when its flag was left set by an earlier one
   bool PastItsFade = false;      // from then on to its release; a fade that runs is not the call's
 };
 

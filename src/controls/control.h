@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -102,29 +103,30 @@ class Property : public PropertyBase {
   std::function<void()>* Event;
 };
 
-/// An array of controls of one name, with the indices `first` to `last`.
+/// An array of controls of one name, with the indices `first` to `last` or those of a list.
 template <class T>
 class ControlArray {
  public:
-  ControlArray(Form& form, const std::string& name, int first, int last) : First(first) {
+  ControlArray(Form& form, const std::string& name, int first, int last) {
     for (int index = first; index <= last; ++index) {
       Elements.push_back(std::make_unique<T>(form, name, index));
     }
   }
+  ControlArray(Form& form, const std::string& name, std::initializer_list<int> indices) {
+    for (const int index : indices) Elements.push_back(std::make_unique<T>(form, name, index));
+  }
 
   T& operator[](int index) {
-    const int place = index - First;
-    if (place < 0 || place >= static_cast<int>(Elements.size())) {
-      throw RuntimeFailure("Control array index " + std::to_string(index) + " out of range");
+    for (const auto& element : Elements) {
+      if (element->Index == index) return *element;
     }
-    return *Elements[static_cast<std::size_t>(place)];
+    throw RuntimeFailure("Control array index " + std::to_string(index) + " out of range");
   }
 
   auto begin() { return Elements.begin(); }
   auto end() { return Elements.end(); }
 
  private:
-  int First;
   std::vector<std::unique_ptr<T>> Elements;
 };
 

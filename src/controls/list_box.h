@@ -44,6 +44,11 @@ class ListBox : public VisualControl {
   std::function<void()>
       OnMouseMove;  // with the selection already under the pointer while a button is held
   std::function<void()> OnMouseUp;
+  std::function<void()> OnGotFocus;
+
+  /// A click here does something at once. Moving the selection by key is then no click, and a held
+  /// button does not run over the entries.
+  bool ClickActs = false;
 
  protected:
   /// Other entries, and another selection, of which no event tells.
@@ -54,6 +59,13 @@ class ListBox : public VisualControl {
 
   std::vector<std::string> Entries;
   int Selected = kNoSelection;
+};
+
+/// A list that drops down from its selected entry.
+class ComboBox : public ListBox {
+ public:
+  using ListBox::ListBox;
+  const char* Kind() const override { return "ComboBox"; }
 };
 
 inline constexpr int kKeyDelete = 46;

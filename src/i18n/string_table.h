@@ -24,6 +24,9 @@ class StringTable {
   /// The same; an id that is nowhere is a RuntimeFailure.
   std::string LoadString(int id) const;
 
+  /// Text of `id` in English, whatever the language.
+  std::string LoadEnglish(int id) const { return Texts.at(id); }
+
   /// Adds the texts of a language at its base. A text that is there already stays.
   void AddBlock(int base, const std::vector<StringEntry>& strings);
 
@@ -33,6 +36,8 @@ class StringTable {
 
 /// Ids of the texts that code asks for by name.
 enum StringId : int {
+  kStrPlaylistEditor = 12,
+  kStrScheduleEditor = 18,
   kStrTime = 22,
   kStrDays = 24,
   kStrSchedule = 26,
@@ -49,13 +54,36 @@ enum StringId : int {
   kStrToday = 181,
   kStrAllDays = 182,
   kStrDoubleClickToPlay = 190,
+  kStrPlay = 230,
+  kStrStop = 250,
   kStrCall = 260,
   kStrWait = 262,
   kStrSpeak = 263,
+  kStrMessageSchedule = 340,
+  kStrSaveMessageSchedule = 342,
   kStrSurfTo = 570,
   kStrNearestContact = 580,
   kStrClose = 600,
+  kStrPlaylist = 660,
   kStrRouting = 860,
+  kStrWeekdayHeader = 871,
+  kStrSavePlaylist = 882,
+  kStrHoursEmpty = 1020,
+  kStrMinutesEmpty = 1030,
+  kStrNoMessagesSelected = 1040,
+  kStrNoWeekdaySelected = 1050,
+  kStrHoursCharacters = 1070,
+  kStrMinutesCharacters = 1080,
+  kStrHoursValue = 1090,
+  kStrMinutesValue = 1100,
+  kStrOpenConfiguration = 1120,
+  kStrNoSongsSelected = 1130,
+  kStrStartHoursEmpty = 1140,
+  kStrStartMinutesEmpty = 1150,
+  kStrStopHoursEmpty = 1160,
+  kStrStopMinutesEmpty = 1170,
+  kStrNoMusicDirectoryFound = 1200,
+  kStrNoMessageDirectoryFound = 1210,
   kStrNoMusicDirectoryEntered = 1220,
   kStrNoMessageDirectoryEntered = 1230,
   kStrNoMixer = 1270,

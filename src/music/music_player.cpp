@@ -187,7 +187,7 @@ void MusicPlayer::WireList() {
     if (!TheFlags.MessagePlaying) cmdPlay_Click();
   };
   list.OnKeyDown = [this](int keyCode) { DeleteSelected(keyCode); };
-  list.OnMouseDown = [this](MouseButton) { StartDrag(); };
+  list.OnMouseDown = [this, &list](MouseButton) { Drag.Start(list); };
   list.OnMouseMove = [this] { MoveDrag(); };
   list.OnMouseUp = [this] { EndDrag(); };
 }
@@ -199,41 +199,20 @@ void MusicPlayer::DeleteSelected(int keyCode) {
     list.RemoveItem(list.ListIndex());
 }
 
-void MusicPlayer::StartDrag() {
-  DragActive = TheFrmMain.lstPlaylist.ListIndex() != ListBox::kNoSelection;
-  DragMoved = false;
-  DragIndex = TheFrmMain.lstPlaylist.ListIndex();
-  DragText = TheFrmMain.lstPlaylist.Text();
-}
-
-/// The selection has followed the pointer: the dragged entry changes places with its neighbour. An
-/// entry that was deleted or went with its list meanwhile is dragged no further.
 void MusicPlayer::MoveDrag() {
-  if (!DragActive) return;
-  ListBox& list = TheFrmMain.lstPlaylist;
-  const int index = list.ListIndex();
-  DragActive = index != ListBox::kNoSelection && DragIndex < list.ListCount() &&
-               list.List(DragIndex) == DragText;
-  if (!DragActive) return;
-  ShowNumber();
-  if (index == DragIndex) return;
-  const int neighbour = index < DragIndex ? index + 1 : index - 1;
-  DragMoved = true;
-  DragIndex = index;
-  list.SetList(neighbour, list.List(index));
-  list.SetList(index, DragText);
+  if (Drag.Move(TheFrmMain.lstPlaylist)) ShowNumber();
 }
 
 /// Puts the selection back on the song that the position rests on, unless the playing song itself
 /// was moved. `CurrentSongIndex` is not corrected, so that repeated drags work from the old value.
 /// This is meant.
 void MusicPlayer::EndDrag() {
-  DragActive = false;
+  Drag.End();
   const bool playingSongMoved = TheFrmPlayers.MP3Player.PlayState() == kPlaying &&
-                                CurrentSongPath.find(DragText) != std::string::npos;
+                                CurrentSongPath.find(Drag.DragText) != std::string::npos;
   if (playingSongMoved) return;
   ListBox& list = TheFrmMain.lstPlaylist;
-  if (DragMoved) {
+  if (Drag.DragMoved) {
     const int place =
         list.ListIndex() <= CurrentSongIndex ? CurrentSongIndex + 1 : CurrentSongIndex;
     list.SetListIndex(std::min(place, list.ListCount() - 1));

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "controls/list_drag.h"
 #include "i18n/string_table.h"
 #include "mixer/mixer_access.h"
 #include "platform/directories.h"
@@ -29,11 +30,8 @@ class MusicPlayer {
 
   std::string CurrentSongPath;  // path last built for the player
   int CurrentSongIndex =
-      0;  // list index when that song was loaded; used only to reselect after a drag
-  bool DragActive = false;  // a mouse drag in lstPlaylist is on
-  bool DragMoved = false;   // it has moved an entry
-  std::string DragText;     // the dragged entry
-  int DragIndex = 0;        // where the dragged entry stands now
+      0;          // list index when that song was loaded; used only to reselect after a drag
+  ListDrag Drag;  // a mouse drag in lstPlaylist
 
   /// Plays the messages that wait for a music break and returns when they are over; wired at
   /// composition.
@@ -60,7 +58,6 @@ class MusicPlayer {
   void WriteLastSong(int index);
   void WireList();
   void DeleteSelected(int keyCode);
-  void StartDrag();
   void MoveDrag();
   void EndDrag();
 

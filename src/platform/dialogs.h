@@ -10,13 +10,14 @@ namespace marlex {
 
 enum class BoxIcon { Critical, Information };
 
-/// What a file dialog is given. The file must exist for an open dialog, and the read-only box is
-/// hidden.
+/// What a file dialog is given. The read-only box is hidden. For an open dialog the file must
+/// exist; a save dialog takes a new name, and asks before it takes that of a file that exists.
 struct FileDialog {
   std::string Filter;            // "Text (*.ext)|*.ext"
   std::string DefaultExtension;  // without the point
   std::string InitialDirectory;
   bool AllowMultiselect = false;
+  bool Save = false;
 };
 
 /// Modal boxes. `MsgBox` returns when the operator has answered; events are delivered meanwhile, so
@@ -40,11 +41,16 @@ class Dialogs {
     Forget(box);
   }
 
-  void LeaveMsgBox(const std::string& body, BoxIcon icon, const std::string& caption) {
+  /// `onAnswer`, where it is set, is called when the box has closed.
+  void LeaveMsgBox(const std::string& body, BoxIcon icon, const std::string& caption,
+                   std::function<void()> onAnswer = nullptr) {
     const Box box{caption, body};
     if (IsOpen(box)) return;
     OpenBoxes.push_back(box);
-    OpenBox(body, icon, caption, [this, box] { Forget(box); });
+    OpenBox(body, icon, caption, [this, box, onAnswer = std::move(onAnswer)] {
+      Forget(box);
+      if (onAnswer) onAnswer();
+    });
   }
 
   /// What the operator chose. Path of one file; with `AllowMultiselect` and several files, their

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/profile_text.h"
+
 namespace marlex {
 
 /// Profile files: lines `[section]` and `key=value`, with the behaviour of the published functions
@@ -27,11 +29,21 @@ class ProfileFiles {
                                                const std::string& file,
                                                std::size_t maxCharacters) const = 0;
 
-  /// Writes the value through to the file: an existing key keeps its place and spelling, a missing
-  /// file, section or key is created, and everything else stays byte for byte. The file is replaced
-  /// atomically and keeps its mode. False when the write failed; the old file is then intact.
-  virtual bool WriteString(const std::string& section, const std::string& key,
-                           const std::string& value, const std::string& file) = 0;
+  /// Writes the values through to the file in their order, all of them or none: an existing key
+  /// keeps its place and spelling, a missing file, section or key is created, and everything else
+  /// stays byte for byte. The file is replaced atomically and keeps its mode. False when the write
+  /// failed; the old file is then intact.
+  virtual bool WriteStrings(const std::vector<ProfileEntry>& entries, const std::string& file) = 0;
+
+  /// The same for one value.
+  bool WriteString(const std::string& section, const std::string& key, const std::string& value,
+                   const std::string& file) {
+    return WriteStrings({{section, key, value}}, file);
+  }
+
+  /// Puts a file of these entries alone in the place of any old one, atomically. False when that
+  /// failed; the old file is then intact.
+  virtual bool Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) = 0;
 };
 
 }  // namespace marlex

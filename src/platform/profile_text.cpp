@@ -199,4 +199,17 @@ std::string WithProfileValue(std::string_view text, std::string_view section, st
   return WithNewSection(text, section, key, value);
 }
 
+std::string NewProfileText(const std::vector<ProfileEntry>& entries) {
+  std::string text;
+  std::string_view section;
+  for (const ProfileEntry& entry : entries) {
+    if (text.empty() || entry.Section != section) {
+      section = entry.Section;
+      text += Concatenated({"[", section, "]", kLineEnds});
+    }
+    text += Concatenated({entry.Key, "=", entry.Value, kLineEnds});
+  }
+  return text;
+}
+
 }  // namespace marlex

@@ -34,4 +34,15 @@ std::vector<std::string> NumberedProfileValues(std::string_view text, std::strin
 std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,
                              std::string_view value);
 
+/// A value and where it stands.
+struct ProfileEntry {
+  std::string Section;
+  std::string Key;
+  std::string Value;
+};
+
+/// A text of these entries alone, each section and key of which comes once: what `WithProfileValue`
+/// makes of an empty text by setting one after the other.
+std::string NewProfileText(const std::vector<ProfileEntry>& entries);
+
 }  // namespace marlex

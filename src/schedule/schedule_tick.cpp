@@ -21,9 +21,12 @@ ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, Frm
 
 void ScheduleTick::Tick() {
   if (!AcceptMinute()) return;
-  if (!TheFlags.PriorityClear) return;
+  // A call goes before all; its minute is lost. It may also have begun in the fade of the music's
+  // stop.
+  if (!TheFlags.PriorityClear || TheFlags.CallActive) return;
   Music.CheckMusicStart();
   Music.CheckMusicStop();
+  if (TheFlags.CallActive) return;
   if (TheFlags.CurrentMinute == "00:00") StartNewDay();
   if (!FindDueRow() || !RowRunsToday()) return;
   MarkFiringRow();

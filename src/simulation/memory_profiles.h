@@ -9,7 +9,7 @@
 
 namespace marlex {
 
-/// Profile files on the memory disk, which also makes them fail. Every write that succeeds is one
+/// Profile files on the memory disk, which also makes them fail. Every value that is written is one
 /// line of the journal.
 class MemoryProfiles : public ProfileFiles {
  public:
@@ -20,10 +20,12 @@ class MemoryProfiles : public ProfileFiles {
   std::vector<std::string> GetNumbered(const std::string& section, const std::string& keyPrefix,
                                        const std::string& file,
                                        std::size_t maxCharacters) const override;
-  bool WriteString(const std::string& section, const std::string& key, const std::string& value,
-                   const std::string& file) override;
+  bool WriteStrings(const std::vector<ProfileEntry>& entries, const std::string& file) override;
+  bool Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) override;
 
  private:
+  void Note(const std::vector<ProfileEntry>& entries, const std::string& file);
+
   MemoryDisk& Disk;
   Journal& Log;
 };

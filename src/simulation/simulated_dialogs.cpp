@@ -22,7 +22,7 @@ std::string InOneLine(const std::string& text) {
 
 void SimulatedDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
   FileDialogs.push_back(dialog);
-  Log.Write("open", dialog.Filter);
+  Log.Write(dialog.Save ? "save" : "open", dialog.Filter);
   FileDialogStands = true;
   LeaveStanding([this, onChosen = std::move(onChosen)] {
     FileDialogStands = false;

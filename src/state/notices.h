@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/dialogs.h"
@@ -15,6 +16,14 @@ class Notices {
 
   void Tell(const std::string& body, BoxIcon icon, const std::string& caption) {
     Loop.Post([this, body, icon, caption] { TheDialogs.LeaveMsgBox(body, icon, caption); });
+  }
+
+  /// The same; `onAnswer` is an event of its own, after the operator's OK.
+  void Tell(const std::string& body, BoxIcon icon, const std::string& caption,
+            const std::function<void()>& onAnswer) {
+    Loop.Post([this, body, icon, caption, onAnswer] {
+      TheDialogs.LeaveMsgBox(body, icon, caption, [this, onAnswer] { Loop.Post(onAnswer); });
+    });
   }
 
  private:

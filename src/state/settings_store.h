@@ -32,6 +32,17 @@ class SettingsStore {
   void WriteProfileValue(const std::string& section, const std::string& key,
                          const std::string& value, const std::string& file);
 
+  /// Writes values of one file in their order, all of them or none. False when that failed.
+  bool WriteProfileValues(const std::vector<ProfileEntry>& entries, const std::string& file) {
+    return Profiles.WriteStrings(entries, file);
+  }
+
+  /// Puts a file of these values alone in the place of any old one. False when that failed; the old
+  /// one is then as it was.
+  bool RebuildProfile(const std::vector<ProfileEntry>& entries, const std::string& file) {
+    return Profiles.Rebuild(entries, file);
+  }
+
   std::string TolvoIni() const;  // path of the settings file, beside the program
   std::string ApplicationDirectory() const { return TheProcess.ApplicationDirectory(); }
 

@@ -105,7 +105,7 @@ TEST(ListOfSongs, ADragCarriesAnEntryPastItsNeighbours) {
   Drag(desk, 4, {3, 2, 1, 0});
   EXPECT_EQ(desk.Entries(), "e b c d a");
   EXPECT_EQ(desk.Setting("Playlist", "Song:1", Desk::kPlaylist), "a");
-  EXPECT_FALSE(desk.Sys->Music.DragActive);
+  EXPECT_FALSE(desk.Sys->Music.Drag.DragActive);
 }
 
 TEST(ListOfSongs, ADragThatJumpsOverEntriesOverwritesTheNeighbourOfItsTarget) {
@@ -120,9 +120,9 @@ TEST(ListOfSongs, ADragShowsThePlaceOfTheSelection) {
   desk.Select(1);
   desk.Do([&] { desk.List().OnMouseMove(); });
   EXPECT_EQ(desk.Text("lblMP3Number"), "2/3");
-  EXPECT_EQ(desk.Sys->Music.DragIndex, 1);
-  EXPECT_EQ(desk.Sys->Music.DragText, "a");
-  EXPECT_TRUE(desk.Sys->Music.DragMoved);
+  EXPECT_EQ(desk.Sys->Music.Drag.DragIndex, 1);
+  EXPECT_EQ(desk.Sys->Music.Drag.DragText, "a");
+  EXPECT_TRUE(desk.Sys->Music.Drag.DragMoved);
 }
 
 TEST(ListOfSongs, AMoveWithoutAButtonDragsNothing) {

@@ -145,6 +145,18 @@ TEST(ProfileText, NumberedValuesAreThoseOfTheirKeysOneAfterTheOther) {
   EXPECT_EQ(numbered(""), Values{});
 }
 
+TEST(ProfileText, ANewTextIsWhatOneValueAfterTheOtherMakes) {
+  const std::vector<ProfileEntry> entries = {{"Last played", "Last song", "0"},
+                                             {"Playlist", "Song:1", "march"},
+                                             {"Playlist", "Song:2", ""},
+                                             {"Background music", "Start time", " 08:00"}};
+  std::string text;
+  for (const auto& [section, key, value] : entries)
+    text = WithProfileValue(text, section, key, value);
+  EXPECT_EQ(NewProfileText(entries), text);
+  EXPECT_EQ(NewProfileText({}), "");
+}
+
 /// Every text of up to five of these characters goes through all rules: none is cut short, and a
 /// value that was set is the value that is read.
 TEST(ProfileText, AnyTextIsAFileToWhichAValueCanBeAdded) {

@@ -260,13 +260,13 @@ TEST(MessageTakeover, TheRestOfALongListIsGoneThroughWithEmptyEntriesInNoTime) {
             "0 wav refuse \n");
 }
 
-TEST(MessageTakeover, ACallInTheRiseLetsTheRiseEnd) {
+TEST(MessageTakeover, ACallInTheRiseLetsItEndAndFindsTickAndKeysOff) {
   SpotDesk desk;
   desk.AdvanceTo(kInTheRise);
   desk.Do([&] { desk.State().CallActive = true; });
   desk.AdvanceTo(SpotDesk::kFadedUp);
   EXPECT_EQ(desk.WaveSlider(), 20000);
-  EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
+  EXPECT_EQ(desk.Alive(), "");
 }
 
 TEST(MessageTakeover, ATakeoverOutranksACallThatItHasEnded) {

@@ -17,13 +17,19 @@ std::vector<std::string> DiskProfileFiles::GetNumbered(const std::string& sectio
   return NumberedProfileValues(ReadWholeFile(file).Text, section, keyPrefix, maxCharacters);
 }
 
-bool DiskProfileFiles::WriteString(const std::string& section, const std::string& key,
-                                   const std::string& value, const std::string& file) {
+bool DiskProfileFiles::WriteStrings(const std::vector<ProfileEntry>& entries,
+                                    const std::string& file) {
   const WholeFile old = ReadWholeFile(file);
   if (old.State == FileState::Unreadable) return false;
-  const std::string text = WithProfileValue(old.Text, section, key, value);
+  std::string text = old.Text;
+  for (const auto& [section, key, value] : entries)
+    text = WithProfileValue(text, section, key, value);
   if (old.State == FileState::Read && text == old.Text) return true;
   return ReplaceFile(file, text);
+}
+
+bool DiskProfileFiles::Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) {
+  return ReplaceFile(file, NewProfileText(entries));
 }
 
 }  // namespace marlex

@@ -18,8 +18,8 @@ class DiskProfileFiles : public ProfileFiles {
   std::vector<std::string> GetNumbered(const std::string& section, const std::string& keyPrefix,
                                        const std::string& file,
                                        std::size_t maxCharacters) const override;
-  bool WriteString(const std::string& section, const std::string& key, const std::string& value,
-                   const std::string& file) override;
+  bool WriteStrings(const std::vector<ProfileEntry>& entries, const std::string& file) override;
+  bool Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) override;
 };
 
 }  // namespace marlex

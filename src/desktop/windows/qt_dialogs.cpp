@@ -43,6 +43,11 @@ QStringList NameFilters(const std::string& filter) {
   return filters;
 }
 
+QFileDialog::FileMode FileMode(const FileDialog& dialog) {
+  if (dialog.Save) return QFileDialog::AnyFile;
+  return dialog.AllowMultiselect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+}
+
 std::string Result(const QStringList& files) {
   if (files.isEmpty()) return "";
   if (files.size() == 1) return files.first().toStdString();
@@ -75,8 +80,8 @@ void QtDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
   box->setObjectName("fileDialog");
   box->setOption(QFileDialog::DontUseNativeDialog);
   box->setOption(QFileDialog::ReadOnly);  // files are chosen here, never renamed or deleted
-  box->setFileMode(dialog.AllowMultiselect ? QFileDialog::ExistingFiles
-                                           : QFileDialog::ExistingFile);
+  box->setAcceptMode(dialog.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  box->setFileMode(FileMode(dialog));
   box->setNameFilters(NameFilters(dialog.Filter));
   box->setDefaultSuffix(QString::fromStdString(dialog.DefaultExtension));
   box->setDirectory(QString::fromStdString(dialog.InitialDirectory));
