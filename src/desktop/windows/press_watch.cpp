@@ -37,15 +37,34 @@ void PressWatch::FilterOwn(QEvent& event) {
       Release(static_cast<QMouseEvent&>(event).button());
       break;
     case QEvent::MouseMove:
-      // A movement tells which keys are really down: the release of the others went somewhere else.
-      ReleaseAllBut(static_cast<QMouseEvent&>(event).buttons());
+      ReleaseWhatIsUp(static_cast<QMouseEvent&>(event));
       break;
     case QEvent::EnabledChange:
       if (!Widget.isEnabled()) ReleaseAllBut(Qt::NoButton);
       break;
     case QEvent::FocusOut:
+      ReleaseAllBut(Qt::NoButton);
+      break;
+    default:
+      break;
+  }
+}
+
+bool PressWatch::Everywhere::eventFilter(QObject* object, QEvent* event) {
+  if (object != &Watch.Widget || event->type() == QEvent::TouchCancel) Watch.FilterOther(*event);
+  return false;
+}
+
+/// A touch is cancelled at its window, at the widgets that took it or at the program as a whole,
+/// and the widget itself may hear nothing of it.
+void PressWatch::FilterOther(QEvent& event) {
+  switch (event.type()) {
     case QEvent::TouchCancel:
       ReleaseAllBut(Qt::NoButton);
+      break;
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+      ReleaseWhatIsUp(static_cast<QMouseEvent&>(event));
       break;
     default:
       break;
@@ -56,12 +75,15 @@ void PressWatch::Press(const QMouseEvent& event) {
   if (!Widget.isEnabled()) return;
   Release(event.button());
   Held |= event.button();
+  Presser = event.source();
+  qGuiApp->installEventFilter(&Others);
   if (OnPress) OnPress(event);
 }
 
 void PressWatch::Release(Qt::MouseButton button) {
   if (!(Held & button)) return;
   Held &= ~Qt::MouseButtons(button);
+  if (!Held) qGuiApp->removeEventFilter(&Others);
   if (OnRelease) OnRelease(button);
 }
 
@@ -69,6 +91,12 @@ void PressWatch::ReleaseAllBut(Qt::MouseButtons stillHeld) {
   for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
     if (!(stillHeld & button)) Release(button);
   }
+}
+
+/// An event of the pointer tells which keys are really down: the release of the others went
+/// somewhere else. A mouse knows nothing of a finger that presses, nor the finger of the mouse.
+void PressWatch::ReleaseWhatIsUp(const QMouseEvent& event) {
+  if (event.source() == Presser) ReleaseAllBut(event.buttons());
 }
 
 }  // namespace marlex

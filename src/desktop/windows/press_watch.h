@@ -9,7 +9,8 @@ namespace marlex {
 
 /// Watches the mouse keys on a widget and reports exactly one release for each press, however the
 /// press ends: on the widget, outside it, or lost because the widget or its window is hidden,
-/// disabled, blocked by a box or left. A press that would never end could leave a microphone open.
+/// disabled, blocked by a box or left, or because the touch is cancelled. A finger counts as the
+/// left key. A press that would never end could leave a microphone open.
 class PressWatch : public QObject {
  public:
   explicit PressWatch(QWidget& widget);
@@ -21,13 +22,29 @@ class PressWatch : public QObject {
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  /// Sees the events of all objects while a key is held: what ends the press may come to any.
+  class Everywhere : public QObject {
+   public:
+    explicit Everywhere(PressWatch& watch) : Watch(watch) {}
+
+   protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+   private:
+    PressWatch& Watch;
+  };
+
   void FilterOwn(QEvent& event);
+  void FilterOther(QEvent& event);
   void Press(const QMouseEvent& event);
   void Release(Qt::MouseButton button);
   void ReleaseAllBut(Qt::MouseButtons stillHeld);
+  void ReleaseWhatIsUp(const QMouseEvent& event);
 
   QWidget& Widget;
   Qt::MouseButtons Held;
+  Qt::MouseEventSource Presser = Qt::MouseEventNotSynthesized;  // a mouse, or a finger
+  Everywhere Others{*this};
 };
 
 }  // namespace marlex

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/windows/desk.h"
+#include "desktop/windows/finger.h"
 #include "desktop/windows/mouse.h"
 
 namespace marlex {
@@ -153,127 +154,200 @@ TEST(Hand, AFailureInAnEventGoesToTheLoopAndTheWidgetShowsWhatHolds) {
   EXPECT_FALSE(key.isChecked());
 }
 
-/// A call key that writes down what it hears.
-struct CallKey {
-  CallKey() {
-    CommandButton& call = Place.Forms.frmMain.cmdCall;
-    call.OnMouseDown = [this](MouseButton key) {
+/// Either call key, which writes down what it hears.
+class HandOnCallKey : public testing::TestWithParam<const char*> {
+ protected:
+  HandOnCallKey() {
+    Call().OnMouseDown = [this](MouseButton key) {
       Heard += key == MouseButton::Left ? "down " : "other ";
     };
-    call.OnMouseUp = [this](MouseButton key) {
+    Call().OnMouseUp = [this](MouseButton key) {
       Heard += key == MouseButton::Left ? "up " : "other-up ";
     };
+    Main.frRouting.Visible = IsOfRouter();
+    Main.frCall.Visible = !IsOfRouter();
     Place.ShowMain();
   }
-  QPushButton& Key() { return Place.Find<QPushButton>("cmdCall"); }
+
+  bool IsOfRouter() const { return GetParam() == std::string("cmdCall"); }
+  CommandButton& Call() { return IsOfRouter() ? Main.cmdCall : Main.cmdCall2; }
+  Frame& Around() { return IsOfRouter() ? Main.frRouting : Main.frCall; }
+  QPushButton& Key() { return Place.Find<QPushButton>(GetParam()); }
+  QWidget& Window() { return Place.Screen.Main(); }
+
+  /// Presses with the mouse and with a finger, loses each press in that way, and lets go. Each must
+  /// have been released once, when it was lost.
+  void ExpectReleased(
+      const std::string& name, const std::function<void()>& lose,
+      const std::function<void()>& mend = [] {}) {
+    ExpectReleasedBy<Mouse>(name + " under the mouse", lose, mend);
+    ExpectReleasedBy<Finger>(name + " under the finger", lose, mend);
+  }
 
   Desk Place;
+  FrmMain& Main = Place.Forms.frmMain;
   std::string Heard;
+
+ private:
+  template <class Pointer>
+  void ExpectReleasedBy(const std::string& name, const std::function<void()>& lose,
+                        const std::function<void()>& mend) {
+    Heard.clear();
+    Pointer pointer(Key());
+    pointer.Press();
+    Place.Settle();
+    EXPECT_EQ(Heard, "down ") << name;
+    lose();
+    Place.Settle();
+    EXPECT_EQ(Heard, "down up ") << name;
+    mend();
+    Place.Settle();
+    pointer.Release();
+    Place.Settle();
+    EXPECT_EQ(Heard, "down up ") << name << ", let go";
+  }
 };
 
-TEST(Hand, APressAndItsReleaseAreTold) {
-  CallKey call;
-  Mouse mouse(call.Key());
+INSTANTIATE_TEST_SUITE_P(BothKeys, HandOnCallKey, testing::Values("cmdCall", "cmdCall2"),
+                         [](const auto& key) { return std::string(key.param); });
+
+TEST_P(HandOnCallKey, APressAndItsReleaseAreTold) {
+  Mouse mouse(Key());
   mouse.Press();
-  call.Place.Settle();
-  EXPECT_EQ(call.Heard, "down ");
+  Place.Settle();
+  EXPECT_EQ(Heard, "down ");
   mouse.Release();
-  call.Place.Settle();
-  EXPECT_EQ(call.Heard, "down up ");
+  Place.Settle();
+  EXPECT_EQ(Heard, "down up ");
 }
 
-TEST(Hand, AReleaseOutsideTheKeyIsToldToo) {
-  CallKey call;
-  Mouse mouse(call.Key());
+TEST_P(HandOnCallKey, AFingerHoldsItUntilItIsLifted) {
+  Finger finger(Key());
+  finger.Press();
+  Place.Settle();
+  EXPECT_EQ(Heard, "down ");
+  finger.Release();
+  Place.Settle();
+  EXPECT_EQ(Heard, "down up ");
+}
+
+TEST_P(HandOnCallKey, AReleaseOutsideTheKeyIsToldToo) {
+  Mouse mouse(Key());
   mouse.Press();
   mouse.Move({-50, -50});
-  call.Place.Settle();
-  EXPECT_EQ(call.Heard, "down ") << "the operator still holds the key";
+  Place.Settle();
+  EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
   mouse.Release({-50, -50});
-  call.Place.Settle();
-  EXPECT_EQ(call.Heard, "down up ");
+  Place.Settle();
+  EXPECT_EQ(Heard, "down up ");
 }
 
-TEST(Hand, AKeyThatIsDisabledOrHiddenWhileHeldIsReleasedOnce) {
-  CallKey call;
-  CommandButton& control = call.Place.Forms.frmMain.cmdCall;
-  for (Property<bool>* way : {&control.Enabled, &control.Visible}) {
-    call.Heard.clear();
-    Mouse mouse(call.Key());
-    mouse.Press();
-    call.Place.Settle();
-    *way = false;
-    call.Place.Settle();
-    EXPECT_EQ(call.Heard, "down up ");
-    *way = true;
-    call.Place.Settle();
-    mouse.Release();
-    call.Place.Settle();
-    EXPECT_EQ(call.Heard, "down up ");
+TEST_P(HandOnCallKey, AFingerThatIsLiftedOutsideTheKeyIsToldToo) {
+  Finger finger(Key());
+  finger.Press();
+  finger.Move({-50, -50});
+  Place.Settle();
+  EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
+  finger.Release({-50, -50});
+  Place.Settle();
+  EXPECT_EQ(Heard, "down up ");
+}
+
+TEST_P(HandOnCallKey, AKeyThatIsDisabledOrHiddenWhileHeldIsReleasedOnce) {
+  for (Property<bool>* way :
+       {&Call().Enabled, &Call().Visible, &Around().Enabled, &Around().Visible}) {
+    ExpectReleased(
+        "disabled or hidden", [way] { *way = false; }, [way] { *way = true; });
   }
 }
 
-TEST(Hand, AKeyIsReleasedWhenItsReleaseIsLost) {
-  CallKey call;
-  const std::vector<std::pair<const char*, std::function<void()>>> ways = {
-      {"focus moves",
-       [&] { call.Key().setFocus(), call.Place.Find<QPushButton>("cmdPlay").setFocus(); }},
-      {"window deactivates",
-       [&] {
-         QEvent e(QEvent::WindowDeactivate);
-         QApplication::sendEvent(&call.Place.Screen.Main(), &e);
-       }},
-      {"window hides", [&] { call.Place.Screen.Main().hide(), call.Place.Screen.Main().show(); }},
-      {"touch is cancelled",
-       [&] {
-         QEvent e(QEvent::TouchCancel);
-         QApplication::sendEvent(&call.Key(), &e);
-       }},
-      {"pointer comes back with no key down",
-       [&] {
-         Mouse(call.Key()).Move({5, 5});
-       }},
+TEST_P(HandOnCallKey, AKeyIsReleasedWhenTheTypeOfTheAmplifierChangesWhileItIsHeld) {
+  const auto swap = [this] {
+    Main.frRouting.Visible = !Main.frRouting.Visible;
+    Main.frCall.Visible = !Main.frCall.Visible;
   };
-  for (const auto& [name, lose] : ways) {
-    call.Heard.clear();
-    Mouse(call.Key()).Press();
-    call.Place.Settle();
-    EXPECT_EQ(call.Heard, "down ") << name;
-    lose();
-    call.Place.Settle();
-    EXPECT_EQ(call.Heard, "down up ") << name;
+  ExpectReleased("type changes", swap, swap);
+}
+
+TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsReleaseIsLost) {
+  ExpectReleased("focus moves", [this] {
+    Key().setFocus();
+    Place.Find<QPushButton>("cmdPlay").setFocus();
+  });
+  ExpectReleased("window deactivates", [this] {
+    QEvent deactivate(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&Window(), &deactivate);
+  });
+  ExpectReleased(
+      "window hides", [this] { Window().hide(); }, [this] { Window().show(); });
+}
+
+TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsWindowCloses) {
+  Mouse mouse(Key());
+  mouse.Press();
+  Place.Settle();
+  EXPECT_EQ(Heard, "down ");
+  Window().close();
+  Place.Settle();
+  EXPECT_EQ(Heard, "down up ");
+}
+
+TEST_P(HandOnCallKey, AKeyIsReleasedWhereverACancelledTouchIsTold) {
+  QObject& other = Place.Find<QPushButton>("cmdPlay");
+  for (QObject* receiver :
+       std::initializer_list<QObject*>{&Key(), &Window(), &other, qApp, Window().windowHandle()}) {
+    ExpectReleased(receiver->metaObject()->className(), [receiver] { Finger::Cancel(*receiver); });
   }
 }
 
-TEST(Hand, AKeyIsReleasedWhenABoxBlocksItsWindow) {
-  CallKey call;
-  Mouse(call.Key()).Press();
-  call.Place.Settle();
-  QMessageBox box(&call.Place.Screen.Main());
-  box.setWindowModality(Qt::ApplicationModal);
-  box.show();
-  call.Place.Settle();
-  EXPECT_EQ(call.Heard, "down up ");
+TEST_P(HandOnCallKey, AKeyIsReleasedWhenThePointerIsSeenWithNoKeyDown) {
+  for (QWidget* seen :
+       std::initializer_list<QWidget*>{&Key(), &Place.Find<QPushButton>("cmdPlay"), &Window()}) {
+    Heard.clear();
+    Mouse(Key()).Press();
+    Place.Settle();
+    EXPECT_EQ(Heard, "down ");
+    Mouse(*seen).Move({5, 5});
+    Place.Settle();
+    EXPECT_EQ(Heard, "down up ");
+  }
 }
 
-TEST(Hand, AReleaseDuringTheWaitOfItsOwnPressIsToldInsideThatWait) {
-  CallKey call;
-  Mouse mouse(call.Key());
+TEST_P(HandOnCallKey, AMouseThatIsPushedAboutLeavesTheFingerItsKey) {
+  Finger finger(Key());
+  finger.Press();
+  Mouse(Key()).Move({5, 5});
+  Mouse(Window()).Move({5, 5});
+  Place.Settle();
+  EXPECT_EQ(Heard, "down ");
+  finger.Release();
+  Place.Settle();
+  EXPECT_EQ(Heard, "down up ");
+}
+
+TEST_P(HandOnCallKey, AKeyIsReleasedWhenABoxBlocksItsWindow) {
+  QMessageBox box(&Window());
+  box.setWindowModality(Qt::ApplicationModal);
+  ExpectReleased(
+      "box", [&box] { box.show(); }, [&box] { box.hide(); });
+}
+
+TEST_P(HandOnCallKey, AReleaseDuringTheWaitOfItsOwnPressIsToldInsideThatWait) {
+  Mouse mouse(Key());
   bool up = false;
-  CommandButton& control = call.Place.Forms.frmMain.cmdCall;
-  control.OnMouseUp = [&](MouseButton) {
-    call.Heard += "up ";
+  Call().OnMouseUp = [&](MouseButton) {
+    Heard += "up ";
     up = true;
   };
-  control.OnMouseDown = [&](MouseButton) {
-    call.Heard += "down ";
+  Call().OnMouseDown = [&](MouseButton) {
+    Heard += "down ";
     mouse.Release();
-    call.Place.Loop.PumpUntil([&] { return up; });
-    call.Heard += "waited ";
+    Place.Loop.PumpUntil([&] { return up; });
+    Heard += "waited ";
   };
   mouse.Press();
-  call.Place.Settle();
-  EXPECT_EQ(call.Heard, "down up waited ");
+  Place.Settle();
+  EXPECT_EQ(Heard, "down up waited ");
 }
 
 }  // namespace
