@@ -156,6 +156,32 @@ TEST(KeptRelease, ATakeoverInTheFadeOfTheCallThatItDropsBringsTheMusicBack) {
   ExpectWholeCall(desk);
 }
 
+/// A call that is dropped in its chime leaves the chime sounding and the music paused: nothing of
+/// that counts as running, so that a call of the amplifier takes nothing over.
+TEST(KeptRelease, ACallOfTheAmplifierOverTheChimeOfACallThatItDropsMutesNothing) {
+  CallDesk desk;
+  desk.PressAt(0);
+  desk.ReleaseAt(5000);
+  desk.ReleaseAt(5400);
+  desk.AdvanceTo(10'000);
+  ASSERT_TRUE(desk.State().CallEndedDuringChime);
+  desk.PressAt(10'000);
+  desk.AdvanceTo(11'000);
+  ASSERT_FALSE(desk.State().CallActive);
+  EXPECT_EQ(desk.Heard(), "wav chime.wav at 10000");
+  desk.Status(128);
+  EXPECT_FALSE(desk.State().PriorityPreempted);
+  EXPECT_EQ(desk.Heard(), "wav chime.wav at 10000");
+  desk.ReleaseAt(12'000);
+  desk.AdvanceTo(13'000);
+  desk.Status(0);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kPaused);
+  EXPECT_EQ(desk.Alive(), "cmdPlay cmdSkip cmdStop");  // the tick stands until the next call
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+  ExpectWholeCall(desk);
+}
+
 TEST(TwoReleases, InThePostChimeRestoreTwice) {
   CallDesk desk;
   desk.PressAt(0);
