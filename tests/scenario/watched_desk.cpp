@@ -244,6 +244,7 @@ void WatchedDesk::RememberCall() {
 /// Whoever, but a call, switches the tick off has just painted the row that fires.
 void WatchedDesk::CheckFiringRow() {
   if (!Before.TickOn || Sys->TheFrmPlayers.tmrMessage.Enabled || TickOffByCall) return;
+  Require(!Before.CallActive, "A row fires under a call");
   const int row = Sys->Tick.ScheduleRow;
   const Grid& table = Main().grdSchedule;
   if (row >= table.Rows() || CellColor(row, kMessagesColumn) != kNavy) return;  // built anew since
@@ -305,11 +306,12 @@ bool WatchedDesk::IsDue(int row) {
 }
 
 /// A minute that the tick accepts has its row fire, or has none. The row is sought behind the fade
-/// of the music's stop; another minute that comes in this fade takes the place of the first.
+/// of the music's stop; another minute that comes in this fade takes the place of the first. Under
+/// a call, which the end of a song may switch the tick on for, a minute is lost.
 void WatchedDesk::CheckDueRow() {
   if (Sys->Tick.LastMinute != Before.LastMinute) {
     TickBegunInWaits.reset();
-    if (Before.PriorityClear) TickBegunInWaits = Before.WaitCount;
+    if (Before.PriorityClear && !Before.CallActive) TickBegunInWaits = Before.WaitCount;
   }
   if (!TickBegunInWaits) return;
   if (!Sys->TheFrmPlayers.tmrMessage.Enabled) {
@@ -346,7 +348,8 @@ void WatchedDesk::CheckMusicClock() {
             "The clock starts music between two minutes");
     Require(OpensTheMusic(ReadWindow()) || OpensTheMusic(Before.Playlist),
             "The clock starts music outside its window");
-    Require(Before.PriorityClear && !Before.StoppedByUser, "The clock starts music that is barred");
+    Require(Before.PriorityClear && !Before.StoppedByUser && !Before.CallActive,
+            "The clock starts music that is barred");
     ++Corners["a start by the clock"];
   }
   if (flags.MusicStoppedBySchedule && !Before.StoppedBySchedule) {
