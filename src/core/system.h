@@ -1,6 +1,7 @@
 #pragma once
 
 #include "call/call_sequence.h"
+#include "call/function_keys.h"
 #include "core/main_window.h"
 #include "core/pickers.h"
 #include "core/settings_dialog.h"
@@ -17,13 +18,18 @@
 #include "music/playlist_files.h"
 #include "platform/pc.h"
 #include "schedule/conflicts.h"
+#include "schedule/interval_panel.h"
 #include "schedule/message_playback.h"
+#include "schedule/message_preview.h"
 #include "schedule/message_wavs.h"
 #include "schedule/schedule_columns.h"
 #include "schedule/schedule_table.h"
 #include "schedule/schedule_tick.h"
 #include "schedule/schedule_views.h"
+#include "schedule/selected_messages.h"
+#include "schedule/sequence_editor.h"
 #include "schedule/sequence_files.h"
+#include "schedule/time_fields.h"
 #include "state/flags.h"
 #include "state/notices.h"
 #include "state/settings_store.h"
@@ -66,7 +72,13 @@ class System {
   MessageWavs Wavs;
   MessagePlayback Playback;
   ScheduleTick Tick;
+  SelectedMessages Selected;
+  IntervalPanel Interval;
+  TimeFields Times;
+  MessagePreview Preview;
+  SequenceEditor Editor;
   CallSequence Call;
+  FunctionKeys Keys;
   MainWindow TheMainWindow;
   SettingsDialog Dialog;
   Pickers ThePickers;

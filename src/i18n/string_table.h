@@ -94,6 +94,8 @@ enum StringId : int {
   kStrNoMixerCaps = 1320,
   kStrHigherPriorityCall = 1330,
   kStrLowerPriorityCall = 1340,
+  kStrTimeSetting = 1350,
+  kStrTimeAndZoneSetting = 1360,
   kStrTimeConflict = 1370,
 };
 

@@ -3,6 +3,19 @@
 #include "schedule/sequence_files.h"
 
 namespace marlex {
+
+void StartWav(WavePlayer& player, const std::string& path, Flags& flags) {
+  player.Notify = false;
+  player.Wait = true;
+  player.Shareable = false;
+  player.DeviceType = "WaveAudio";
+  player.FileName = path;
+  player.Command("Close");
+  player.Command("Open");
+  flags.WavFinished = false;
+  player.Command("Play");
+}
+
 MessageWavs::MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop,
                          FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
                          FrmSettings& frmSettings)
@@ -52,16 +65,7 @@ void MessageWavs::OpenMessageLine() {
 }
 
 void MessageWavs::PlayWav(const std::string& fileName) {
-  WavePlayer& player = TheFrmPlayers.WavPlayer;
-  player.Notify = false;
-  player.Wait = true;
-  player.Shareable = false;
-  player.DeviceType = "WaveAudio";
-  player.FileName = TheSettings.MessageDirectory + fileName;
-  player.Command("Close");
-  player.Command("Open");
-  TheFlags.WavFinished = false;
-  player.Command("Play");
+  StartWav(TheFrmPlayers.WavPlayer, TheSettings.MessageDirectory + fileName, TheFlags);
   Loop.PumpUntil([this] { return TheFlags.WavFinished || TheFlags.CallActive; });
 }
 

@@ -38,4 +38,7 @@ class MessageWavs {
   FrmSettings& TheFrmSettings;
 };
 
+/// Begins a WAV file in the player's place of any other; `WavFinished` tells its end.
+void StartWav(WavePlayer& player, const std::string& path, Flags& flags);
+
 }  // namespace marlex

@@ -55,8 +55,7 @@ void FrmMain::DesignMenus() {
   mnuAbout.Caption = "Help";
   mnuAdresses.Caption = "Contact";
   mnuAboutbox.Caption = "About Tolvo Marlex";
-  // The two editors are still to come.
-  for (Menu* menu : {&mnuPlaylist, &mnuSchedule}) menu->Enabled = false;
+  mnuPlaylist.Enabled = false;
   // Function keys can be stored but not fired; the way to them stays closed in every installation.
   mnuFKeys.Enabled = false;
   mnuFKeys.Visible = false;

@@ -8,13 +8,18 @@
 #include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 #include "windows/frm_settings.h"
+#include "windows/wav_window.h"
 
 namespace marlex {
 
 /// The windows that an operator can see. A view shows each while it is visible.
 struct Windows {
   Windows(EventLoop& loop, const Directories& files)
-      : frmLogo(loop), frmMain(loop), frmDirSel(files), frmChimeSelect(files) {}
+      : frmLogo(loop),
+        frmMain(loop),
+        frmDirSel(files),
+        frmChimeSelect(files),
+        TheWavWindow(loop, files) {}
 
   FrmLogo frmLogo;
   FrmLangSel frmlangSel;
@@ -23,6 +28,7 @@ struct Windows {
   FrmSettings frmSettings;
   FrmDirSel frmDirSel;
   FrmChimeSelect frmChimeSelect;
+  WavWindow TheWavWindow;
 };
 
 }  // namespace marlex

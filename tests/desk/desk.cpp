@@ -130,6 +130,7 @@ T* Desk::Look(const std::string& name) {
   Windows& windows = Sys->TheWindows;
   for (Form* form :
        {static_cast<Form*>(&windows.frmDirSel), static_cast<Form*>(&windows.frmChimeSelect),
+        static_cast<Form*>(&windows.TheWavWindow),
         static_cast<Form*>(&windows.frmSettings), static_cast<Form*>(&windows.frmMain),
         static_cast<Form*>(&windows.frmLogo), static_cast<Form*>(&windows.frmlangSel),
         static_cast<Form*>(&windows.frmAbout)}) {

@@ -1,0 +1,89 @@
+#include "schedule/message_preview.h"
+
+#include "schedule/message_wavs.h"
+
+namespace marlex {
+
+MessagePreview::MessagePreview(Flags& flags, const Settings& settings, EventLoop& loop,
+                               WavWindow& window, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
+                               MixerAccess& mixer, MusicPlayer& music, const StringTable& strings)
+    : TheFlags(flags),
+      TheSettings(settings),
+      Loop(loop),
+      Window(window),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer),
+      Music(music),
+      Strings(strings) {
+  window.PrevKey.OnClick = [this] { PrevKey_Click(); };
+}
+
+void MessagePreview::PrevKey_Click() {
+  if (Window.PrevKey.Caption.Get() != Strings.LoadString(kStrPlay)) {
+    RequestStop();
+  } else if (!Playing && !OutrunByOthers()) {
+    Play();
+  }
+}
+
+/// The command is a word of the chosen language, which the player understands in English alone; in
+/// other languages the message sounds on to its end. This is meant.
+void MessagePreview::RequestStop() {
+  TheFrmPlayers.WavPlayer.Command(Strings.LoadString(kStrClose));
+  PreviewStopRequested = true;
+  TheFlags.WavFinished = true;
+}
+
+void MessagePreview::Close() {
+  ++Closings;
+  if (!Playing) return;
+  TheFrmPlayers.WavPlayer.Command("Close");
+  PreviewStopRequested = true;
+  TheFlags.WavFinished = true;
+}
+
+/// A call, an announcement and the amplifier go before a preview, which neither begins nor goes on
+/// under them.
+bool MessagePreview::OutrunByOthers() const {
+  return TheFlags.CallActive || TheFlags.PriorityPreempted || TheFlags.MessagePlaying;
+}
+
+void MessagePreview::Play() {
+  PreviewStopRequested = false;
+  Window.PrevKey.Caption = Strings.LoadString(kStrStop);
+  if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) TheFrmPlayers.MP3Player.Pause();
+  Window.RemAll_Key.Enabled = false;
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MessageVolume;
+  const int closings = Closings;
+  Playing = true;
+  PlayMessages();
+  Playing = false;
+  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MusicVolume;
+  if (closings == Closings) {
+    Window.PrevKey.Caption = Strings.LoadString(kStrPlay);
+    Window.RemAll_Key.Enabled = true;
+  }
+  // Music that was paused for the preview does not count as playing and stays paused.
+  if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) Music.PlaySong();
+}
+
+void MessagePreview::PlayMessages() {
+  const int closings = Closings;
+  for (int entry = 0; entry < Window.SelectedWavs.ListCount(); ++entry) {
+    PlayMessage(Window.SelectedWavs.List(entry));
+    if (PreviewStopRequested || closings != Closings || OutrunByOthers()) break;
+  }
+  PreviewStopRequested = false;
+}
+
+/// The microphone stays closed behind it.
+void MessagePreview::PlayMessage(const std::string& name) {
+  StartWav(TheFrmPlayers.WavPlayer, TheSettings.MessageDirectory + name + ".wav", TheFlags);
+  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+  Loop.PumpUntil([this] { return TheFlags.WavFinished || OutrunByOthers(); });
+}
+
+}  // namespace marlex

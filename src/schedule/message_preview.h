@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+#include "i18n/string_table.h"
+#include "mixer/mixer_access.h"
+#include "music/music_player.h"
+#include "platform/event_loop.h"
+#include "state/flags.h"
+#include "state/settings.h"
+#include "windows/frm_mxr.h"
+#include "windows/frm_players.h"
+#include "windows/wav_window.h"
+
+namespace marlex {
+
+/// Plays the sequence under work once, into whatever zones are fed. Music is paused for it and
+/// stays paused until the operator goes on.
+class MessagePreview {
+ public:
+  MessagePreview(Flags& flags, const Settings& settings, EventLoop& loop, WavWindow& window,
+                 FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer, MusicPlayer& music,
+                 const StringTable& strings);
+
+  bool PreviewStopRequested = false;  // PrevKey was pressed during a preview
+
+  /// The editor closes: what plays for it falls silent.
+  void Close();
+
+ private:
+  void PrevKey_Click();
+  void RequestStop();
+  void Play();
+  void PlayMessages();
+  void PlayMessage(const std::string& name);
+  bool OutrunByOthers() const;
+
+  Flags& TheFlags;
+  const Settings& TheSettings;
+  EventLoop& Loop;
+  WavWindow& Window;
+  FrmPlayers& TheFrmPlayers;
+  FrmMxr& TheFrmMxr;
+  MixerAccess& Mixer;
+  MusicPlayer& Music;
+  const StringTable& Strings;
+  bool Playing = false;
+  int Closings = 0;  // of the editor; a preview of an earlier one leaves its controls alone
+};
+
+}  // namespace marlex

@@ -1,0 +1,246 @@
+#include "schedule/sequence_editor.h"
+
+#include <algorithm>
+
+#include "i18n/translate_controls.h"
+#include "state/digit_mask.h"
+#include "state/file_names.h"
+#include "state/week_time.h"
+
+namespace marlex {
+namespace {
+
+constexpr const char* kSection = "Schedule";
+
+std::vector<bool> TickedDays(WavWindow& window) {
+  std::vector<bool> days;
+  for (const auto& day : window.WkDays) days.push_back(day->Value != 0);
+  return days;
+}
+
+std::string FileNameOf(const std::string& path) {
+  return path.substr(path.find_last_of(kSeparator) + 1);
+}
+
+}  // namespace
+
+std::string BuildZoneText(WavWindow& window) {
+  std::vector<bool> zones;
+  for (const auto& zone : window.cmdZone) zones.push_back(zone->Value);
+  return DigitMask(zones);
+}
+
+void ApplyZoneText(WavWindow& window, const std::string& zoneText) {
+  const std::vector<bool> zones = DigitsInPlace(zoneText, kZones);
+  for (int zone = 0; zone < kZones; ++zone)
+    window.cmdZone[zone].Value = zones[static_cast<std::size_t>(zone)];
+}
+
+SequenceEditor::SequenceEditor(SettingsStore& store, EventLoop& loop, Dialogs& dialogs,
+                               const Directories& directories, Windows& windows,
+                               FrmPlayers& frmPlayers, ScheduleTable& table,
+                               const Conflicts& conflicts, SelectedMessages& messages,
+                               TimeFields& times, MessagePreview& preview,
+                               const StringTable& strings, Notices& notices)
+    : Store(store),
+      Loop(loop),
+      TheDialogs(dialogs),
+      TheDirectories(directories),
+      Window(windows.TheWavWindow),
+      TheFrmSettings(windows.frmSettings),
+      TheFrmPlayers(frmPlayers),
+      Table(table),
+      TheConflicts(conflicts),
+      Messages(messages),
+      Times(times),
+      Preview(preview),
+      Strings(strings),
+      TheNotices(notices) {
+  windows.frmMain.mnuSchedule.OnClick = [this] { mnuSchedule_Click(); };
+  Window.OnLoad = [this] { Load(); };
+  Window.OnUnload = [this] { return Unload(); };
+  Window.mnuOpen.OnClick = [this] { mnuOpen_Click(); };
+  Window.mnuSave.OnClick = [this] { mnuSave_Click(); };
+  Window.mnuExit.OnClick = [this] { Window.Unload(); };
+  Window.tmrWriteDelay.OnTimer = [this] {
+    Window.tmrWriteDelay.Enabled = false;
+    WriteDone = true;
+  };
+}
+
+void SequenceEditor::mnuSchedule_Click() {
+  FunctionKeyMode = false;
+  if (TheDirectories.Search(Store.Values.MessageDirectory).empty()) {
+    TellNoDirectory();
+  } else {
+    Window.Show();
+  }
+}
+
+void SequenceEditor::TellNoDirectory() {
+  TheNotices.Tell(Strings.LoadString(kStrNoMessageDirectoryFound) + Store.Values.MessageDirectory +
+                      "\r" + Strings.LoadString(kStrOpenConfiguration),
+                  BoxIcon::Critical, Strings.LoadString(kStrError),
+                  [this] { TheFrmSettings.Show(); });
+}
+
+void SequenceEditor::Load() {
+  WriteMenuIds();
+  TranslateControls(Window, Strings);
+  Window.Caption = Strings.LoadString(kStrScheduleEditor);
+  Window.lblDescription.Visible = false;
+  Window.txtDescription.Visible = false;
+  StandStill();
+  Messages.ListAvailable();
+  PrepareControls();
+  ArrangeZones();
+}
+
+/// Menus have no tag: their captions carry the ids until translation puts the texts in.
+void SequenceEditor::WriteMenuIds() {
+  Window.mnuFile.Caption = "270";
+  Window.mnuOpen.Caption = "341";
+  Window.mnuSave.Caption = "342";
+  Window.mnuExit.Caption = "310";
+}
+
+/// No sequence fires and no music starts or stops by the clock until the editor closes.
+void SequenceEditor::StandStill() {
+  SavedAllDaysView = Store.Values.AllDaysView;
+  Store.Values.AllDaysView = true;
+  Table.RebuildScheduleTable();
+  TheFrmPlayers.tmrMessage.Enabled = false;
+  TheFrmPlayers.WavPlayer.Command("Close");
+}
+
+void SequenceEditor::PrepareControls() {
+  for (int zone = 0; zone < kZones; ++zone)
+    Window.cmdZone[zone].Caption = Store.Values.ZoneNames[static_cast<std::size_t>(zone)];
+  for (CommandButton* key : {&Window.RemoveKey, &Window.PrevKey, &Window.RemAll_Key})
+    key->Enabled = false;
+  Window.frInterval.Visible = false;
+  constexpr int kHourMinutes = 60;
+  for (int minute = 0; minute < kHourMinutes; ++minute)
+    Window.cmbStart.AddItem(std::to_string(minute));
+  // A function key is saved once it is chosen.
+  Window.mnuSave.Enabled = !FunctionKeyMode;
+}
+
+void SequenceEditor::ArrangeZones() {
+  const bool router = Store.Values.RouterPresent;
+  Window.frZones.Visible = router;
+  Window.frZones.Top = WavWindow::kZonesTop;
+  Window.Height = router ? WavWindow::kRouterHeight : WavWindow::kPlainHeight;
+  Window.frTimeSetting.Height = router ? WavWindow::kRouterTimeHeight : WavWindow::kPlainTimeHeight;
+  Window.frTimeSetting.Caption =
+      Strings.LoadString(router ? kStrTimeAndZoneSetting : kStrTimeSetting);
+}
+
+bool SequenceEditor::Unload() {
+  ++Closings;
+  Preview.Close();
+  Store.Values.AllDaysView = SavedAllDaysView;
+  Table.RebuildScheduleTable();
+  TheFrmPlayers.tmrMessage.Enabled = true;
+  return true;
+}
+
+void SequenceEditor::mnuOpen_Click() {
+  TheDialogs.LeaveOpen({.Filter = "Sequence files (*.sch)|*.sch",
+                        .DefaultExtension = "seq",
+                        .InitialDirectory = Store.ApplicationDirectory()},
+                       [this](const std::string& file) { Open(file); });
+}
+
+/// Nothing is validated here: a file made by hand can bring anything into the fields, and is judged
+/// when it is saved. Weekdays or zones that are too short are a RuntimeFailure, and the editor then
+/// shows what it showed before.
+void SequenceEditor::Open(const std::string& file) {
+  if (file.empty() || !Window.Loaded()) return;
+  const auto read = [&](const char* key) { return Store.ReadProfileValue(kSection, key, file); };
+  const std::string weekdays = read("Weekday(s)");
+  const std::vector<bool> days = DigitsInPlace(weekdays, kWeekdays);
+  ApplyZoneText(Window, read("Zone(s)"));
+  ChosenFile = file;
+  WeekdayText = weekdays;
+  Window.Caption = Strings.LoadString(kStrMessageSchedule) + " " + FileNameOf(file);
+  MessagesText = read("Message(s)");
+  Messages.LoadSelectedMessages(MessagesText);
+  Window.txtHours.Text = read("Hour(s)");
+  Window.txtMinutes.Text = read("Minute(s)");
+  for (int day = 0; day < kWeekdays; ++day)
+    Window.WkDays[day].Value = days[static_cast<std::size_t>(day)] ? 1 : 0;
+  Window.txtDescription.Text = UpToFirstPoint(FileNameOf(file));
+  (read("Timer") == "Exact" ? Window.optExact : Window.optBetween).SetValue(true);
+}
+
+void SequenceEditor::mnuSave_Click() {
+  if (FunctionKeyMode) {
+    SaveFunctionKey();
+    return;
+  }
+  if (!FieldsAreFilled()) return;
+  Times.TestValidity();
+  if (!Times.HoursValid || !Times.MinutesValid) return;
+  MessagesText = Messages.BuildMessagesText();
+  TheDialogs.LeaveOpen({.Filter = "Schedule files (*.sch)|*.sch",
+                        .DefaultExtension = "seq",
+                        .InitialDirectory = Store.ApplicationDirectory(),
+                        .Save = true},
+                       [this](const std::string& file) { Save(file); });
+}
+
+/// The title is the English header of the weekdays in every language. This is meant.
+bool SequenceEditor::FieldsAreFilled() {
+  const std::vector<bool> days = TickedDays(Window);
+  const bool anyDay = std::find(days.begin(), days.end(), true) != days.end();
+  int message = 0;
+  if (Window.txtHours.Text.Get().empty()) {
+    message = kStrHoursEmpty;
+  } else if (Window.txtMinutes.Text.Get().empty()) {
+    message = kStrMinutesEmpty;
+  } else if (Window.SelectedWavs.ListCount() == 0) {
+    message = kStrNoMessagesSelected;
+  } else if (!anyDay) {
+    message = kStrNoWeekdaySelected;
+  }
+  if (message == 0) return true;
+  TheNotices.Tell(Strings.LoadString(message), BoxIcon::Critical,
+                  Strings.LoadEnglish(kStrWeekdayHeader));
+  return false;
+}
+
+/// A dialog that was cancelled writes to no file, and the rest happens all the same. This is meant.
+void SequenceEditor::Save(const std::string& file) {
+  if (!Window.Loaded()) return;
+  if (!Write(file) && !file.empty()) {
+    TellNotSaved(file);
+    return;
+  }
+  const int closings = Closings;
+  WriteDone = false;
+  Window.tmrWriteDelay.Enabled = true;
+  Loop.PumpUntil([&] { return WriteDone || closings != Closings; });
+  // The conflict is that of the table at the editor's opening, not of the file just written. This
+  // is meant.
+  if (closings == Closings && !TheConflicts.ConflictFound) Window.Unload();
+}
+
+bool SequenceEditor::Write(const std::string& file) {
+  WeekdayText = DigitMask(TickedDays(Window));
+  return Store.WriteProfileValues(
+      {{kSection, "Message(s)", MessagesText},
+       {kSection, "Hour(s)", Window.txtHours.Text},
+       {kSection, "Minute(s)", Window.txtMinutes.Text},
+       {kSection, "Weekday(s)", WeekdayText},
+       {kSection, "Zone(s)", BuildZoneText(Window)},
+       {kSection, "Timer", Window.optExact.Value() ? "Exact" : "Between"}},
+      file);
+}
+
+void SequenceEditor::TellNotSaved(const std::string& file) {
+  TheNotices.Tell(Strings.LoadString(kStrSaveMessageSchedule) + ": " + file, BoxIcon::Critical,
+                  Strings.LoadString(kStrError));
+}
+
+}  // namespace marlex

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "i18n/string_table.h"
+#include "platform/dialogs.h"
+#include "platform/directories.h"
+#include "platform/event_loop.h"
+#include "schedule/conflicts.h"
+#include "schedule/message_preview.h"
+#include "schedule/schedule_table.h"
+#include "schedule/selected_messages.h"
+#include "schedule/time_fields.h"
+#include "state/notices.h"
+#include "state/settings_store.h"
+#include "windows/windows.h"
+
+namespace marlex {
+
+/// The message schedule editor: opens, saves and closes one sequence file at a time. While it is
+/// open the schedule stands still and the table behind it shows all days.
+class SequenceEditor {
+ public:
+  SequenceEditor(SettingsStore& store, EventLoop& loop, Dialogs& dialogs,
+                 const Directories& directories, Windows& windows, FrmPlayers& frmPlayers,
+                 ScheduleTable& table, const Conflicts& conflicts, SelectedMessages& messages,
+                 TimeFields& times, MessagePreview& preview, const StringTable& strings,
+                 Notices& notices);
+
+  bool FunctionKeyMode = false;   // the window works on function keys, not on sequence files
+  bool SavedAllDaysView = false;  // AllDaysView as it was when the editor opened
+  bool WriteDone = false;         // tmrWriteDelay has fired
+  std::string ChosenFile;         // path that the open dialog returned
+  std::string MessagesText;       // message list last read or built
+  std::string WeekdayText;        // weekdays last read or built
+
+  /// Saves in the mode of function keys; wired at composition.
+  std::function<void()> SaveFunctionKey;
+
+  /// Tells that a file could not be written.
+  void TellNotSaved(const std::string& file);
+
+ private:
+  void mnuSchedule_Click();
+  void TellNoDirectory();
+  void Load();
+  void WriteMenuIds();
+  void StandStill();
+  void PrepareControls();
+  void ArrangeZones();
+  bool Unload();
+
+  void mnuOpen_Click();
+  void Open(const std::string& file);
+
+  void mnuSave_Click();
+  bool FieldsAreFilled();
+  void Save(const std::string& file);
+  bool Write(const std::string& file);
+
+  SettingsStore& Store;
+  EventLoop& Loop;
+  Dialogs& TheDialogs;
+  const Directories& TheDirectories;
+  WavWindow& Window;
+  FrmSettings& TheFrmSettings;
+  FrmPlayers& TheFrmPlayers;
+  ScheduleTable& Table;
+  const Conflicts& TheConflicts;
+  SelectedMessages& Messages;
+  TimeFields& Times;
+  MessagePreview& Preview;
+  const StringTable& Strings;
+  Notices& TheNotices;
+  int Closings = 0;  // a wait that ends in another opening of the editor leaves that alone
+};
+
+/// The zone keys as a text of six characters, and back; a text of fewer is a RuntimeFailure, and no
+/// key moves.
+std::string BuildZoneText(WavWindow& window);
+void ApplyZoneText(WavWindow& window, const std::string& zoneText);
+
+}  // namespace marlex

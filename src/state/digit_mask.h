@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace marlex {
+
+/// A mask such as "1030500": position i, counted from 1, holds the digit i where `on` is set, else
+/// "0".
+std::string DigitMask(const std::vector<bool>& on);
+
+/// Which of the first `length` characters of a mask hold the digit of their position; any other
+/// character means off. A shorter mask is a RuntimeFailure.
+std::vector<bool> DigitsInPlace(const std::string& mask, std::size_t length);
+
+}  // namespace marlex

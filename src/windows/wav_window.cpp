@@ -1,0 +1,73 @@
+#include "windows/wav_window.h"
+
+namespace marlex {
+namespace {
+
+void Text(VisualControl& control, const char* caption, const char* tag = "") {
+  control.Caption = caption;
+  control.Tag = tag;
+}
+
+}  // namespace
+
+WavWindow::WavWindow(EventLoop& loop, const Directories& files)
+    : Form("WavWindow", "Message schedule"),
+      WavList(*this, "WavList", files),
+      tmrWriteDelay(*this, "tmrWriteDelay", loop, 500, false) {
+  DesignTexts();
+  DesignMenus();
+  AvailWavs.ClickActs = true;
+  optExact.Group = frMode.Name;
+  optBetween.Group = frMode.Name;
+  optExact.SetValue(true);
+  for (VisualControl* control :
+       {static_cast<VisualControl*>(&AvailableFiles), static_cast<VisualControl*>(&WavList),
+        static_cast<VisualControl*>(&SelectedFiles), static_cast<VisualControl*>(&Repeat)}) {
+    control->Visible = false;
+  }
+  Height = kPlainHeight;
+  frTimeSetting.Height = kPlainTimeHeight;
+}
+
+void WavWindow::DesignTexts() {
+  Text(frMessageSelection, "Message selection", "350");
+  Text(WavText, "Available messages", "360");
+  Text(Label3, "Selected sequence", "370");
+  Text(Label4, "Total time in sec.", "380");
+  Text(PrevKey, "Play", "230");
+  Text(RemoveKey, "Remove", "920");
+  Text(RemAll_Key, "Remove all", "930");
+  Text(frTimeSetting, "Time setting (in 24 hours format)");
+  Text(frHours, "Hours", "400");
+  Text(lblHours, "e.g. 1,2,3 or 1-5", "38");
+  Text(frMinutes, "Minutes", "410");
+  Text(lblMinutes, "e.g. 10,20,30", "62");
+  Text(cmdInterval, "Interval", "420");
+  Text(frInterval, "Interval (minutes)", "32");
+  Text(Label1, "starting at:", "34");
+  for (const auto& interval : optInterval) {
+    interval->Caption = std::to_string(interval->Index);
+  }
+  Text(cmdOK, "OK");
+  Text(cmdCancel, "Cancel");
+  Text(frWeekDays, "Weekdays", "430");
+  Text(lblWeekdays, " M  T  W   T   F   S   S", "871");
+  Text(frMode, "Sequence start", "440");
+  Text(optExact, "At set time", "450");
+  Text(optBetween, "At music break", "460");
+  Text(lblDescription, "Description");
+}
+
+void WavWindow::DesignMenus() {
+  mnuFile.Caption = "File";
+  mnuOpen.Caption = "Open message schedule";
+  mnuSave.Caption = "Save message schedule";
+  mnuExit.Caption = "Exit";
+  mnuKey.Caption = "Function key";
+  // The way to the function keys stays closed in every installation.
+  mnuKey.Enabled = false;
+  mnuKey.Visible = false;
+  for (const auto& key : mnuFKey) key->Caption = "F" + std::to_string(key->Index);
+}
+
+}  // namespace marlex

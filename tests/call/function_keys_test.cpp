@@ -1,0 +1,128 @@
+#include "call/function_keys.h"
+
+#include <gtest/gtest.h>
+
+#include "schedule/editor_desk.h"
+
+namespace marlex {
+namespace {
+
+constexpr const char* kKeys = "/app/Functionkeys.ini";
+
+/// The mode of the editor that no menu leads to, entered by its procedure.
+struct KeysDesk : EditorDesk {
+  KeysDesk() {
+    Click("mnuExit");
+    Do([this] { Main().mnuFKeys.OnClick(); });
+  }
+  void Choose(int key) {
+    Do([this, key] { Editor().mnuFKey[key].OnClick(); });
+  }
+  std::string Stored(int key) {
+    const std::string section = "Function key " + std::to_string(key);
+    return Setting(section, "Schedule", kKeys) + "|" + Setting(section, "Routing", kKeys) + "|" +
+           Setting(section, "Description", kKeys);
+  }
+};
+
+TEST(FunctionKeys, AreOutOfTheOperatorsReach) {
+  EditorDesk desk;
+  EXPECT_FALSE(desk.Main().mnuFKeys.Enabled);
+  EXPECT_FALSE(desk.Editor().mnuKey.Enabled);
+  EXPECT_EQ(desk.Text("mnuFKey_1") + desk.Text("mnuFKey_12"), "F1F12");
+}
+
+TEST(FunctionKeys, CanBeSavedOnceOneIsChosen) {
+  KeysDesk desk;
+  EXPECT_TRUE(desk.Sys->Editor.FunctionKeyMode);
+  EXPECT_FALSE(desk.Enabled("mnuSave"));
+  desk.Choose(7);
+  EXPECT_TRUE(desk.Enabled("mnuSave"));
+  EXPECT_EQ(desk.Sys->Keys.CurrentFunctionKey, 7);
+  EXPECT_EQ(desk.Editor().Caption.Get(), "Function key programming: F7");
+}
+
+TEST(FunctionKeys, AreWrittenWithoutACheckAndTheEditorStaysOpen) {
+  KeysDesk desk;
+  desk.Choose(12);
+  desk.Add({"welcome", "gong"});
+  desk.Click("cmdZone_0");
+  desk.Click("cmdZone_5");
+  desk.Pc.Journal.Clear();
+  desk.Pc.Journal.Only({"write", "save"});
+  desk.Click("mnuSave");
+  EXPECT_EQ(desk.Journal(),
+            "0 write Functionkeys.ini [Function key 12] Schedule=welcome,gong\n"
+            "0 write Functionkeys.ini [Function key 12] Routing=100006\n"
+            "0 write Functionkeys.ini [Function key 12] Description=\n");
+  desk.Advance(2000);
+  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
+}
+
+TEST(FunctionKeys, WithoutAMessageLoseTheirZonesAndKeepTheirDescription) {
+  KeysDesk desk;
+  desk.Pc.Disk.AddFile(kKeys, "[Function key 3]\r\nDescription=evacuation\r\n");
+  desk.Choose(3);
+  desk.Click("cmdZone_0");
+  desk.Click("mnuSave");
+  EXPECT_EQ(desk.Stored(3), "||evacuation");
+}
+
+TEST(FunctionKeys, AreReadIntoTheEditor) {
+  KeysDesk desk;
+  desk.Pc.Disk.AddFile(kKeys,
+                       "[Function key 1]\r\nSchedule=gong,closing\r\nRouting=103056\r\n"
+                       "Description=doors\r\n");
+  desk.Choose(1);
+  EXPECT_EQ(desk.Sequence(), "gong closing");
+  EXPECT_EQ(desk.Zones(), "1-1-11");
+  EXPECT_EQ(desk.Editor().txtDescription.Text.Get(), "doors");
+  EXPECT_FALSE(desk.Visible("txtDescription"));
+}
+
+/// This is meant: what is on the screen is saved with the new key.
+TEST(FunctionKeys, OneThatWasNeverProgrammedKeepsWhatIsOnTheScreen) {
+  KeysDesk desk;
+  desk.Pc.Disk.AddFile(kKeys,
+                       "[Function key 1]\r\nSchedule=gong\r\nRouting=120000\r\n"
+                       "Description=doors\r\n");
+  desk.Choose(1);
+  desk.Choose(2);
+  EXPECT_EQ(desk.Sequence() + desk.Zones(), "gong11----");
+  EXPECT_EQ(desk.Editor().txtDescription.Text.Get(), "");
+  desk.Click("mnuSave");
+  EXPECT_EQ(desk.Stored(2), "gong|120000|");
+  EXPECT_EQ(desk.Stored(1), "gong|120000|doors");
+}
+
+TEST(FunctionKeys, ThatCannotBeWrittenAreToldOf) {
+  KeysDesk desk;
+  desk.Pc.Disk.FailWrites(kKeys);
+  desk.Choose(4);
+  desk.Click("mnuSave");
+  desk.Advance(0);
+  EXPECT_EQ(desk.LastBox(), "Error: Save message schedule: /app/Functionkeys.ini");
+}
+
+TEST(FunctionKeys, TheMenuOfSequencesLeavesTheirMode) {
+  KeysDesk desk;
+  desk.Click("mnuExit");
+  desk.Click("mnuSchedule");
+  EXPECT_FALSE(desk.Sys->Editor.FunctionKeyMode);
+  EXPECT_TRUE(desk.Enabled("mnuSave"));
+}
+
+TEST(FunctionKeys, AreNeverFired) {
+  Desk desk({}, [](SimulatedPc& pc) {
+    pc.Disk.AddFile(kKeys, "[Function key 1]\r\nSchedule=welcome\r\nRouting=123456\r\n");
+  });
+  constexpr int kKeyF1 = 112;
+  desk.TakeJournal();
+  for (int key = kKeyF1; key < kKeyF1 + kFunctionKeys; ++key) desk.PressKeyInList(key);
+  desk.Advance(1000);
+  EXPECT_EQ(desk.Journal(), "");
+}
+
+}  // namespace
+}  // namespace marlex

@@ -1,0 +1,187 @@
+#include "schedule/message_preview.h"
+
+#include <gtest/gtest.h>
+
+#include "schedule/editor_desk.h"
+
+namespace marlex {
+namespace {
+
+/// An editor with the sequence welcome (3 s), closing (2 s), over music or not.
+struct PreviewDesk : EditorDesk {
+  explicit PreviewDesk(bool music = false, DeskOptions options = {})
+      : EditorDesk(WithMusic(std::move(options))) {
+    if (music) Click("cmdPlay");
+    Add({"welcome", "closing"});
+    Pc.Journal.Only({"wav", "song", "send"});
+    Advance(500);
+    Pc.Journal.Clear();
+  }
+  static DeskOptions WithMusic(DeskOptions options) {
+    options.Music = {{"march"}};
+    return options;
+  }
+};
+
+TEST(MessagePreview, PlaysTheSequenceOnceAtTheMessagesLevelAndSendsNothing) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Text("PrevKey"), "Stop");
+  EXPECT_FALSE(desk.Enabled("RemAll_Key"));
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  EXPECT_TRUE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal(),
+            "0 wav play welcome.wav\n3000 wav end welcome.wav\n"
+            "3000 wav play closing.wav\n5000 wav end closing.wav\n");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_TRUE(desk.Enabled("RemAll_Key"));
+  EXPECT_EQ(desk.WaveSlider(), 20'000);
+  EXPECT_TRUE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
+TEST(MessagePreview, StoppedItLeavesTheRestUnplayedAndBeginsAnewNextTime) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  desk.Advance(5000);
+  desk.Click("PrevKey");
+  desk.Advance(100);
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  EXPECT_EQ(desk.Journal(),
+            "0 wav play welcome.wav\n1000 wav stop welcome.wav\n6000 wav play welcome.wav\n");
+}
+
+/// The word of the chosen language is no command of the player. This is meant.
+TEST(MessagePreview, StoppedInAnotherLanguageTheMessageSoundsOnToItsEnd) {
+  PreviewDesk desk;
+  desk.Sys->Strings.AddBlock(2000, {{600, "Chiudi"}});
+  desk.Sys->Strings.LanguageBase = 2000;
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 20000");
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Journal(), "0 wav play welcome.wav\n3000 wav end welcome.wav\n");
+}
+
+TEST(MessagePreview, MusicThatItPausesStaysPausedUntilTheOperatorGoesOn) {
+  PreviewDesk desk(true);
+  desk.Click("PrevKey");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kPaused);
+  EXPECT_EQ(desk.Journal().substr(0, 23), "0 song pause\n0 wav play");
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
+TEST(MessagePreview, MusicThatIsStartedMeanwhilePlaysOn) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Click("cmdPlay");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
+TEST(MessagePreview, AMessageThatIsNotThereIsPassedOver) {
+  PreviewDesk desk;
+  desk.Pc.Disk.Remove("/messages/welcome.wav");
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  EXPECT_EQ(desk.Heard(), "wav closing.wav at 10000");
+}
+
+TEST(MessagePreview, ClosingTheEditorSilencesIt) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Click("mnuExit");
+  desk.Advance(0);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+  EXPECT_EQ(desk.WaveSlider(), 20'000);
+  desk.Click("mnuSchedule");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_EQ(desk.Keys(), "");
+}
+
+TEST(MessagePreview, AnEditorThatIsOpenedAgainAtOnceIsNotItsBusiness) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Do([&] {
+    desk.Editor().Close();
+    desk.Main().mnuSchedule.OnClick();
+    desk.Editor().AvailWavs.SetListIndex(0);
+  });
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal(), "0 wav play welcome.wav\n1000 wav stop welcome.wav\n");
+  EXPECT_EQ(desk.Keys(), "PrevKey RemAll_Key");
+}
+
+TEST(MessagePreview, ACallEndsItAndHasTheLineAlone) {
+  PreviewDesk desk(false, {.PreChime = "gong"});
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Do([&] { desk.Sys->Call.StartCall(); });
+  EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
+  desk.Advance(3000);
+  EXPECT_FALSE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_EQ(desk.Journal().find("closing"), std::string::npos);
+  desk.Do([&] { desk.Sys->Call.EndCall(); });
+  desk.Advance(3000);
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
+TEST(MessagePreview, AnAmplifierThatTakesOverEndsItAndLetsNoneBegin) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Click("cmdPlay");
+  desk.Status(128);
+  ASSERT_TRUE(desk.State().PriorityPreempted);
+  desk.Advance(100);
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  desk.Click("PrevKey");
+  desk.Advance(100);
+  EXPECT_TRUE(desk.MuteCheck(0));
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  desk.Status(0);
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+}
+
+TEST(MessagePreview, AnAnnouncementThatRunsIsNotDisturbed) {
+  EditorDesk desk({.Sequences = {{.Messages = "alarm"}}});
+  desk.Click("mnuExit");
+  desk.RunTo(12, 1, 3);
+  ASSERT_TRUE(desk.State().MessagePlaying);
+  desk.Do([&] { desk.Main().mnuSchedule.OnClick(); });
+  desk.Add({"welcome"});
+  // The opening of the editor has closed the message that played; the sequence is at its end.
+  desk.Advance(100);
+  EXPECT_FALSE(desk.State().MessagePlaying);
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+}
+
+TEST(MessagePreview, TheProgramCanBeLeftInItsMidst) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Do([&] { desk.Main().mnuExit.OnClick(); });
+  EXPECT_TRUE(desk.Pc.Process.Ended());
+  EXPECT_EQ(desk.Heard(), "silence");
+}
+
+}  // namespace
+}  // namespace marlex
