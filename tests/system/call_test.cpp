@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include "system/desk.h"
-#include "system/stage/wav_file.h"
 
 namespace marlex {
 namespace {
@@ -14,11 +13,10 @@ namespace {
 using stage::Recording;
 using stage::Span;
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 constexpr double kChime = 1900;
 constexpr double kGong = 2300;
-constexpr double kVoice = 3100;
-constexpr double kNothingDb = -60;
 
 // Bytes of our own level, High: the music's zones 1 and 2, the call's zone 1.
 constexpr int kMusicZones = 128 + 3;
@@ -37,20 +35,27 @@ stage::InstallationFiles WithChimes() {
 class CallDesk : public Desk {
  public:
   explicit CallDesk(const stage::InstallationFiles& files) : Desk(files, WithMicrophone()) {
-    const std::string speech = Folder + "/speech.wav";
-    stage::WriteWavFile(speech, stage::Tone(kVoice, 100, kTonePeak));
     Start();
-    Speaker = Server->Speak(speech);
+    Speak();
   }
 
- private:
-  static stage::StageOptions WithMicrophone() {
-    stage::StageOptions options = DeskOptions();
-    options.Cards.Microphone = true;
-    return options;
+  /// Chooses the type of the amplifier in the settings: 0 with the router, 1 the other.
+  bool ChooseAmplifier(int type) {
+    const std::string choice = "frmSettings.optTolvo_" + std::to_string(type);
+    return Click("mnuEdit") && Click("mnuSettings") && Await("frmSettings", "visible", "yes") &&
+           Click(choice) && Await(choice, "checked", "yes") && Click("frmSettings.cmdOK") &&
+           Await("frmSettings", "visible", "no");
   }
 
-  std::unique_ptr<stage::ChildProcess> Speaker;
+  /// Calls until the voice is heard, and ends when it no longer is.
+  testing::AssertionResult CallBy(const std::string& key) {
+    if (!Press(key)) return testing::AssertionFailure() << key << " is not to be seen";
+    const bool isHeard = AwaitTone(kVoice);
+    Display->Release();
+    if (!isHeard) return testing::AssertionFailure() << "nothing is heard through " << key;
+    if (!AwaitSilence()) return testing::AssertionFailure() << key << " leaves the voice on";
+    return testing::AssertionSuccess();
+  }
 };
 
 TEST(Call, OverMusicIsFadeChimeVoiceChimeAndFadeInThisOrderWithoutAGapOrALeak) {
@@ -130,6 +135,25 @@ TEST(Call, ATakeoverWhileSomebodySpeaksClosesTheMicrophoneAtOnce) {
   EXPECT_LT(voice[0].To - taken, 0.2);
   EXPECT_THAT(desk.ByteValues(), ElementsAre(kCallZones));
   GTEST_LOG_(INFO) << "Silence after " << int((voice[0].To - taken) * 1000) << " ms";
+}
+
+TEST(Call, FollowsTheTypeOfTheAmplifierToTheOtherOneAndBackOnTheSameLine) {
+  stage::InstallationFiles files = WithChimes();
+  files.Autostart = false;
+  files.PostChime = "";
+  CallDesk desk(files);
+  ASSERT_TRUE(desk.ChooseAmplifier(1));
+  ASSERT_TRUE(desk.Await("frmMain.frCall", "visible", "yes"));
+  EXPECT_TRUE(desk.Await("frmMain.frRouting", "visible", "no"));
+  EXPECT_TRUE(desk.CallBy("frmMain.cmdCall2"));
+  desk.RecordFor(1);
+  EXPECT_THAT(desk.ByteValues(), IsEmpty());
+  ASSERT_TRUE(desk.ChooseAmplifier(0));
+  ASSERT_TRUE(desk.Await("frmMain.frRouting", "visible", "yes"));
+  EXPECT_TRUE(desk.Await("frmMain.frCall", "visible", "no"));
+  EXPECT_TRUE(desk.CallBy("frmMain.cmdCall"));
+  EXPECT_TRUE(desk.AwaitBytes(2));
+  EXPECT_THAT(desk.ByteValues(), ElementsAre(kCallZones, 0));
 }
 
 }  // namespace

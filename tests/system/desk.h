@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "system/stage/installation.h"
 #include "system/stage/stage.h"
 #include "system/stage/wait.h"
+#include "system/stage/wav_file.h"
 
 namespace marlex {
 
@@ -23,6 +25,12 @@ constexpr double kSilentDb = -70;
 constexpr double kFirstSong = 500;
 constexpr double kSecondSong = 900;
 constexpr double kMessage = 1500;
+
+/// Tone of somebody who speaks into the microphone.
+constexpr double kVoice = 3100;
+
+/// A tone below this is not there, whatever else sounds.
+constexpr double kNothingDb = -60;
 
 /// A tone above this is heard; what is below it may be the edge of another tone that starts or
 /// ends.
@@ -47,6 +55,12 @@ inline stage::StageOptions DeskOptions() {
   stage::StageOptions options;
   options.Program = MARLEX_BINARY_DIR "/marlex";
   options.Helpers = MARLEX_BINARY_DIR "/helpers";
+  return options;
+}
+
+inline stage::StageOptions WithMicrophone() {
+  stage::StageOptions options = DeskOptions();
+  options.Cards.Microphone = true;
   return options;
 }
 
@@ -78,10 +92,12 @@ class Desk : public stage::Stage {
     return stage::WaitUntil([this] { return Card->LevelNowDb(0.2) < kSilentDb; }, limitSeconds);
   }
 
-  bool IsLoud(double frequency) const {
+  /// Level of a tone over the last stretch of time.
+  double ToneNowDb(double frequency, double seconds = 0.1) const {
     const stage::Recording heard = Card->Take();
-    return heard.ToneDb(frequency, heard.EndTime() - 0.1, heard.EndTime()) > kHeardDb;
+    return heard.ToneDb(frequency, heard.EndTime() - seconds, heard.EndTime());
   }
+  bool IsLoud(double frequency) const { return ToneNowDb(frequency) > kHeardDb; }
   bool AwaitTone(double frequency, double limitSeconds = 30) const {
     return stage::WaitUntil([&] { return IsLoud(frequency); }, limitSeconds);
   }
@@ -104,6 +120,21 @@ class Desk : public stage::Stage {
     return stage::WaitUntil([&] { return Bytes().size() >= count; }, limitSeconds);
   }
 
+  bool AwaitLastByte(int value, double limitSeconds = 30) {
+    const auto isLast = [&] {
+      const std::vector<int> values = ByteValues();
+      return !values.empty() && values.back() == value;
+    };
+    return stage::WaitUntil(isLast, limitSeconds);
+  }
+
+  /// From now on somebody speaks into the microphone, for a hundred seconds.
+  void Speak() {
+    const std::string speech = Folder + "/speech.wav";
+    stage::WriteWavFile(speech, stage::Tone(kVoice, 100, kTonePeak));
+    Speaker = Server->Speak(speech);
+  }
+
   /// Times at which a property took a value, oldest first.
   std::vector<double> TimesOf(const std::string& object, const std::string& property,
                               const std::string& value) const {
@@ -121,6 +152,9 @@ class Desk : public stage::Stage {
     return stage::WaitUntil([&] { return TimesOf(object, property, value).size() >= n; },
                             limitSeconds);
   }
+
+ private:
+  std::unique_ptr<stage::ChildProcess> Speaker;
 };
 
 }  // namespace marlex

@@ -17,10 +17,14 @@ namespace fs = std::filesystem;
 using testing::Contains;
 using testing::HasSubstr;
 
+/// Bytes of the level that a first run begins with, Low.
+constexpr int kThirdZone = 64 + 4;
+constexpr int kFirstZone = 64 + 1;
+
 /// An empty installation. The media lie in the operator's home, and a playlist beside the program.
 class EmptyDesk : public Desk {
  public:
-  EmptyDesk() {
+  explicit EmptyDesk(const stage::StageOptions& options = DeskOptions()) : Desk(options) {
     fs::create_directories(Folder + "/Songs");
     fs::create_directories(Folder + "/Spots");
     stage::WriteMp3File(Folder + "/Songs/First.mp3", stage::Tone(kFirstSong, 60, kTonePeak));
@@ -40,6 +44,17 @@ class EmptyDesk : public Desk {
            DoubleClick("frmDirSel.Dir1 " + std::to_string(RowOf(name))) &&
            Await("frmDirSel.lstFiles", "rows", "1") && Click("frmDirSel.cmdOK") &&
            Await("frmDirSel", "visible", "no");
+  }
+
+  /// Gives both directories and the type of the amplifier, and opens the main window with OK.
+  bool SetUp() {
+    return ChooseDirectory("cmdBgBrowse", "Songs") &&
+           AwaitText("frmSettings.lblBGDir_Name", Folder + "/Songs/") &&
+           ChooseDirectory("cmdMsgBrowse", "Spots") &&
+           AwaitText("frmSettings.lblMsgDir_Name", Folder + "/Spots/") &&
+           Click("frmSettings.optTolvo_0") && Await("frmSettings.frNames", "visible", "yes") &&
+           Click("frmSettings.cmdOK") && Await("frmMain", "visible", "yes") &&
+           Await("frmSettings", "visible", "no");
   }
 
   bool OpenPlaylist() {
@@ -69,22 +84,40 @@ TEST(FirstRun, GoesFromTheLanguageThroughTheSettingsToTheFirstSongAndTheFirstZon
   EmptyDesk desk;
   ASSERT_TRUE(desk.ChooseLanguage());
   EXPECT_EQ(desk.Window->Read("frmMain", "visible"), "no");
-  ASSERT_TRUE(desk.ChooseDirectory("cmdBgBrowse", "Songs"));
-  ASSERT_TRUE(desk.AwaitText("frmSettings.lblBGDir_Name", desk.Folder + "/Songs/"));
-  ASSERT_TRUE(desk.ChooseDirectory("cmdMsgBrowse", "Spots"));
-  ASSERT_TRUE(desk.AwaitText("frmSettings.lblMsgDir_Name", desk.Folder + "/Spots/"));
-  ASSERT_TRUE(desk.Click("frmSettings.optTolvo_0"));
-  ASSERT_TRUE(desk.Await("frmSettings.frNames", "visible", "yes"));
-  ASSERT_TRUE(desk.Click("frmSettings.cmdOK"));
-  ASSERT_TRUE(desk.Await("frmMain", "visible", "yes"));
-  EXPECT_TRUE(desk.Await("frmSettings", "visible", "no"));
+  ASSERT_TRUE(desk.SetUp());
   EXPECT_THAT(desk.ReadFile("Tolvo.ini"), HasSubstr("Music directory=" + desk.Folder + "/Songs/"));
   ASSERT_TRUE(desk.OpenPlaylist());
   ASSERT_TRUE(desk.Click("frmMain.cmdMusicZones_2"));
   ASSERT_TRUE(desk.Click("frmMain.cmdPlay"));
   EXPECT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
-  EXPECT_THAT(desk.ByteValues(), Contains(64 + 4));
+  EXPECT_THAT(desk.ByteValues(), Contains(kThirdZone));
+}
+
+TEST(FirstRun, GoesOnToTheFirstCallOverTheFirstSong) {
+  EmptyDesk desk(WithMicrophone());
+  ASSERT_TRUE(desk.ChooseLanguage());
+  ASSERT_TRUE(desk.SetUp());
+  ASSERT_TRUE(desk.OpenPlaylist());
+  ASSERT_TRUE(desk.Click("frmMain.cmdMusicZones_2"));
+  ASSERT_TRUE(desk.Click("frmMain.cmdPlay"));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
+  EXPECT_EQ(desk.Window->Read("frmMain.cmdCall", "enabled"), "no") << "there is no zone to call";
+  ASSERT_TRUE(desk.Click("frmMain.cmdCallZone_0"));
+  ASSERT_TRUE(desk.Await("frmMain.cmdCall", "enabled", "yes"));
+  ASSERT_TRUE(desk.AwaitLastByte(kThirdZone));
+  desk.Speak();
+  ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
+  ASSERT_TRUE(desk.AwaitTone(kVoice));
+  EXPECT_FALSE(desk.IsLoud(kFirstSong));
+  EXPECT_TRUE(desk.AwaitLastByte(kFirstZone));
+  EXPECT_EQ(desk.Window->Read("frmMain.cmdCall", "text"), "Speak");
+  desk.Display->Release();
+  ASSERT_TRUE(desk.AwaitText("frmMain.cmdCall", "Call"));
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
+  EXPECT_TRUE(desk.AwaitLastByte(0)) << "the call gives its zone back";
+  desk.RecordFor(1);
+  EXPECT_LT(desk.ToneNowDb(kVoice, 1), kNothingDb);
 }
 
 TEST(FirstRun, RefusesAMissingDirectoryAndACancelEndsTheProgram) {
@@ -99,12 +132,6 @@ TEST(FirstRun, RefusesAMissingDirectoryAndACancelEndsTheProgram) {
   EXPECT_TRUE(desk.Program->WaitForEnd(10));
 }
 
-/// Level of the first song over the last tenth of a second.
-double SongDb(const Desk& desk) {
-  const stage::Recording heard = desk.Card->Take();
-  return heard.ToneDb(kFirstSong, heard.EndTime() - 0.1, heard.EndTime());
-}
-
 TEST(Settings, AreOpenedOverPlayingMusicAndAVolumeIsHeardAtOnce) {
   Desk desk(TwoSongs(60));
   desk.Start();
@@ -112,10 +139,10 @@ TEST(Settings, AreOpenedOverPlayingMusicAndAVolumeIsHeardAtOnce) {
   ASSERT_TRUE(desk.Click("mnuEdit"));
   ASSERT_TRUE(desk.Click("mnuSettings"));
   ASSERT_TRUE(desk.Await("frmSettings.slMusicVolume", "value", "20000"));
-  const double before = SongDb(desk);
+  const double before = desk.ToneNowDb(kFirstSong);
   ASSERT_TRUE(desk.Click("frmSettings.slMusicVolume"));  // below the knob: a page down
   ASSERT_TRUE(desk.Await("frmSettings.slMusicVolume", "value", "26553"));
-  EXPECT_TRUE(stage::WaitUntil([&] { return SongDb(desk) < before - 0.8; }, 10));
+  EXPECT_TRUE(stage::WaitUntil([&] { return desk.ToneNowDb(kFirstSong) < before - 0.8; }, 10));
   EXPECT_TRUE(stage::WaitUntil(
       [&] { return desk.ReadFile("Tolvo.ini").find("Music volume=26553") != std::string::npos; },
       10));
