@@ -25,8 +25,8 @@ class Binding {
 };
 
 /// Binds `control` to the widget or action of its object name below `window`; null for a control
-/// that is never seen. A control that can be seen and has no widget of its kind there is a
-/// RuntimeFailure.
+/// that is never seen, as a list that the design hides. A control that can be seen and has no
+/// widget of its kind there is a RuntimeFailure.
 std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand);
 
 /// Binds a control to a widget: what all widgets show alike.

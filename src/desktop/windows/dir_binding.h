@@ -1,23 +1,9 @@
 #pragma once
 
-#include <QComboBox>
-
 #include "controls/file_lists.h"
 #include "desktop/windows/list_binding.h"
 
 namespace marlex {
-
-/// A list of drives as a box that opens.
-class DriveBinding : public QObject, public WidgetBinding {
- public:
-  DriveBinding(DriveListBox& drives, QComboBox& widget, Hand& hand);
-
-  void Paint() override;
-
- private:
-  DriveListBox& Drives;
-  QComboBox& Widget;
-};
 
 /// A tree of directories. The arrow to the right opens the selected one as a double-click does, the
 /// arrow to the left the one above the open one.

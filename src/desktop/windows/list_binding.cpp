@@ -59,7 +59,8 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
   // A list that only gets the focus makes an entry current; it selects none.
   connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this](const QItemSelection& selected) {
-            if (!Painting && !selected.isEmpty()) SelectByKey(selected.indexes().first().row());
+            if (Painting || List.ClickActs || selected.isEmpty()) return;
+            SelectByKey(selected.indexes().first().row());
           });
 }
 
@@ -93,9 +94,20 @@ void ListBinding::ScrollAsSelected() {
 
 bool ListBinding::eventFilter(QObject* object, QEvent* event) {
   if (object == View.viewport()) return FilterPointer(*event);
-  const bool isDelete =
-      event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete;
-  if (!isDelete) return false;
+  return event->type() == QEvent::KeyPress && FilterKey(static_cast<QKeyEvent&>(*event));
+}
+
+/// Where a click acts, the arrows only lead to an entry, and the enter key or the space bar clicks
+/// it, once however long it is held.
+bool ListBinding::FilterKey(const QKeyEvent& event) {
+  const int key = event.key();
+  const bool clicks = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+  if (List.ClickActs && clicks) {
+    if (event.isAutoRepeat()) return true;
+    Operator.Forward(List, [this, row = View.currentIndex().row()] { Select(row); });
+    return true;
+  }
+  if (key != Qt::Key_Delete) return false;
   Operator.Forward(List, [this] {
     if (List.OnKeyDown) List.OnKeyDown(kKeyDelete);
   });
@@ -122,7 +134,7 @@ void ListBinding::Press(const QMouseEvent& event) {
   const MouseButton button = MouseButtonOf(event.button());
   const int row = button == MouseButton::Left ? RowAt(event.pos()) : ListBox::kNoSelection;
   if (event.type() == QEvent::MouseButtonDblClick) return ForwardDoubleClick(row);
-  Dragging = row != ListBox::kNoSelection;
+  Dragging = row != ListBox::kNoSelection && !List.ClickActs;
   Operator.Forward(List, [this, row, button] {
     Select(row);
     DownForwarded = true;

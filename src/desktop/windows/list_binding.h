@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QKeyEvent>
 #include <QListView>
 #include <QTimer>
 #include <vector>
@@ -44,6 +45,7 @@ class ListBinding : public QObject, public WidgetBinding {
 
  private:
   bool FilterPointer(QEvent& event);
+  bool FilterKey(const QKeyEvent& event);
   void Press(const QMouseEvent& event);
   void Select(int row);
   void ForwardDoubleClick(int row);

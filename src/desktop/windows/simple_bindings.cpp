@@ -9,6 +9,7 @@
 
 #include "desktop/windows/binding.h"
 #include "desktop/windows/card.h"
+#include "desktop/windows/combo_binding.h"
 #include "desktop/windows/dir_binding.h"
 #include "desktop/windows/grid_binding.h"
 #include "desktop/windows/list_binding.h"
@@ -259,6 +260,19 @@ std::unique_ptr<Binding> BindMenu(Menu& menu, QWidget& window, Hand& hand) {
   return std::make_unique<MenuBinding>(menu, action, hand);
 }
 
+/// A list that the design hides is a work space of the system's own, which no window has.
+std::unique_ptr<Binding> BindList(ListBox& list, QWidget& window, Hand& hand) {
+  if (!list.Visible) return nullptr;
+  if (dynamic_cast<ComboBox*>(&list) || dynamic_cast<DriveListBox*>(&list)) {
+    return std::make_unique<ComboBinding>(list, Find<QComboBox>(window, list), hand);
+  }
+  auto& view = Find<QListView>(window, list);
+  if (auto* tree = dynamic_cast<DirListBox*>(&list)) {
+    return std::make_unique<DirBinding>(*tree, view, hand);
+  }
+  return std::make_unique<ListBinding>(list, view, hand);
+}
+
 }  // namespace
 
 std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand) {
@@ -286,15 +300,7 @@ std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand) {
   if (auto* slider = dynamic_cast<Slider*>(&control)) {
     return std::make_unique<SliderBinding>(*slider, Find<QSlider>(window, control), hand);
   }
-  if (auto* drives = dynamic_cast<DriveListBox*>(&control)) {
-    return std::make_unique<DriveBinding>(*drives, Find<QComboBox>(window, control), hand);
-  }
-  if (auto* tree = dynamic_cast<DirListBox*>(&control)) {
-    return std::make_unique<DirBinding>(*tree, Find<QListView>(window, control), hand);
-  }
-  if (auto* list = dynamic_cast<ListBox*>(&control)) {
-    return std::make_unique<ListBinding>(*list, Find<QListView>(window, control), hand);
-  }
+  if (auto* list = dynamic_cast<ListBox*>(&control)) return BindList(*list, window, hand);
   if (auto* grid = dynamic_cast<Grid*>(&control)) {
     return std::make_unique<GridBinding>(*grid, Find<QTableView>(window, control), hand);
   }

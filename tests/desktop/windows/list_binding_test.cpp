@@ -100,6 +100,54 @@ TEST(ListBinding, MovingWithoutAKeyOrWithTheRightOneSelectsNothing) {
   EXPECT_EQ(songs.Heard, "down -1, up -1, ");
 }
 
+/// A list in which a click acts, told of as "click 2, ".
+struct ActingList : Playlist {
+  ActingList() : Playlist(5) {
+    List.ClickActs = true;
+    List.OnClick = [this] { Tell("click"); };
+    List.OnMouseDown = nullptr;
+    List.OnMouseMove = nullptr;
+    List.OnMouseUp = nullptr;
+    List.OnDblClick = nullptr;
+  }
+};
+
+TEST(ListBinding, WhereAClickActsAHeldButtonDoesNotRunOverTheEntries) {
+  ActingList songs;
+  Mouse mouse(*songs.View.viewport());
+  mouse.Press(songs.At(1));
+  mouse.Move(songs.At(4));
+  mouse.Release(songs.At(4));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 1, ");
+}
+
+TEST(ListBinding, WhereAClickActsTheArrowsOnlyLeadToAnEntryAndEnterOrSpaceClicksIt) {
+  ActingList songs;
+  Mouse(*songs.View.viewport()).Click(songs.At(1));
+  songs.Place.Settle();
+  QTest::keyClick(&songs.View, Qt::Key_Down);
+  QTest::keyClick(&songs.View, Qt::Key_Down);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 1, ");
+  QTest::keyClick(&songs.View, Qt::Key_Return);
+  songs.Place.Settle();
+  QTest::keyClick(&songs.View, Qt::Key_Space);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 1, click 3, click 3, ");
+}
+
+TEST(ListBinding, WhereAClickActsAKeyThatIsHeldClicksOnce) {
+  ActingList songs;
+  songs.View.setCurrentIndex(songs.View.model()->index(2, 0));
+  for (const bool repeated : {false, true, true}) {
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "", repeated);
+    QApplication::sendEvent(&songs.View, &key);
+  }
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 2, ");
+}
+
 TEST(ListBinding, DeleteIsToldAndArrowsMoveTheSelection) {
   Playlist songs(5);
   int code = 0;
