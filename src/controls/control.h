@@ -47,6 +47,9 @@ class Control {
   /// Set by the view that shows the control.
   std::function<void()> Watcher;
 
+  /// Works behind the window; no widget shows it.
+  bool NeverShown = false;
+
  private:
   friend class PropertyBase;
   std::vector<PropertyBase*> Properties;

@@ -21,9 +21,10 @@ WavWindow::WavWindow(EventLoop& loop, const Directories& files)
   optBetween.Group = frMode.Name;
   optExact.SetValue(true);
   for (VisualControl* control :
-       {static_cast<VisualControl*>(&AvailableFiles), static_cast<VisualControl*>(&WavList),
-        static_cast<VisualControl*>(&SelectedFiles), static_cast<VisualControl*>(&Repeat)}) {
+       std::initializer_list<VisualControl*>{&AvailableFiles, &WavList, &SelectedFiles, &Repeat,
+                                             &lblDescription, &txtDescription}) {
     control->Visible = false;
+    control->NeverShown = true;
   }
   Height = kPlainHeight;
   frTimeSetting.Height = kPlainTimeHeight;

@@ -276,6 +276,7 @@ std::unique_ptr<Binding> BindList(ListBox& list, QWidget& window, Hand& hand) {
 }  // namespace
 
 std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand) {
+  if (control.NeverShown) return nullptr;
   if (auto* label = dynamic_cast<Label*>(&control)) {
     return std::make_unique<LabelBinding>(*label, Find<QLabel>(window, control));
   }
