@@ -50,6 +50,9 @@ class ListBox : public VisualControl {
   /// button does not run over the entries.
   bool ClickActs = false;
 
+  /// An entry that is added comes into view.
+  bool ShowsNewest = false;
+
  protected:
   /// Other entries, and another selection, of which no event tells.
   void Replace(std::vector<std::string> entries, int selected);

@@ -17,6 +17,7 @@ WavWindow::WavWindow(EventLoop& loop, const Directories& files)
   DesignTexts();
   DesignMenus();
   AvailWavs.ClickActs = true;
+  SelectedWavs.ShowsNewest = true;
   optExact.Group = frMode.Name;
   optBetween.Group = frMode.Name;
   optExact.SetValue(true);
@@ -26,6 +27,7 @@ WavWindow::WavWindow(EventLoop& loop, const Directories& files)
     control->Visible = false;
     control->NeverShown = true;
   }
+  frInterval.Visible = false;
   Height = kPlainHeight;
   frTimeSetting.Height = kPlainTimeHeight;
 }

@@ -74,7 +74,9 @@ void ListBinding::Note() {
 void ListBinding::Paint() {
   WidgetBinding::Paint();
   const PaintGuard guard(Painting);
+  const int before = Model.rowCount();
   Model.Refresh();
+  if (List.ShowsNewest && Model.rowCount() == before + 1) View.scrollToBottom();
   ScrollAsSelected();
 }
 
@@ -94,6 +96,12 @@ void ListBinding::ScrollAsSelected() {
 
 bool ListBinding::eventFilter(QObject* object, QEvent* event) {
   if (object == View.viewport()) return FilterPointer(*event);
+  if (event->type() == QEvent::FocusIn) {
+    Operator.Forward(List, [this] {
+      if (List.OnGotFocus) List.OnGotFocus();
+    });
+    return false;
+  }
   return event->type() == QEvent::KeyPress && FilterKey(static_cast<QKeyEvent&>(*event));
 }
 

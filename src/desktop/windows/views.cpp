@@ -13,6 +13,7 @@
 #include "ui_frm_logo.h"
 #include "ui_frm_main.h"
 #include "ui_frm_settings.h"
+#include "ui_wav_window.h"
 
 namespace marlex {
 
@@ -36,6 +37,11 @@ void Centre(QWidget& window) {
   if (screen) window.move(screen->availableGeometry().center() - window.rect().center());
 }
 
+/// An editor keeps the place and the size that the operator has given it.
+void PlaceEditor(QWidget& window) {
+  if (!window.testAttribute(Qt::WA_Moved)) Centre(window);
+}
+
 void PlaceMain(QWidget& window) {
   if (window.testAttribute(Qt::WA_Moved) || window.testAttribute(Qt::WA_Resized)) return;
   const QScreen* screen = QGuiApplication::primaryScreen();
@@ -53,6 +59,7 @@ Views::Views(Windows& windows, EventLoop& loop) {
   LangSelWindow = Make<QDialog>(Ui::frmlangSel(), kDialog);
   AboutWindow = Make<QDialog>(Ui::frmAbout(), kDialog);
   SettingsWindow = Make<QDialog>(Ui::frmSettings(), kDialog);
+  ScheduleEditorWindow = Make<QMainWindow>(Ui::WavWindow());
   DirSelWindow = Make<QDialog>(Ui::frmDirSel(), kDialog);
   ChimeSelectWindow = Make<QDialog>(Ui::frmChimeSelect(), kDialog);
   Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
@@ -60,6 +67,7 @@ Views::Views(Windows& windows, EventLoop& loop) {
   Connect(windows.frmlangSel, *LangSelWindow, loop, Centre);
   Connect(windows.frmAbout, *AboutWindow, loop, Centre);
   Connect(windows.frmSettings, *SettingsWindow, loop, Centre);
+  Connect(windows.TheWavWindow, *ScheduleEditorWindow, loop, PlaceEditor);
   ConnectPicker(windows.frmDirSel, *DirSelWindow, loop);
   ConnectPicker(windows.frmChimeSelect, *ChimeSelectWindow, loop);
 }

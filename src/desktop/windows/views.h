@@ -23,6 +23,7 @@ class Views {
   QWidget& LangSel() { return *LangSelWindow; }
   QWidget& About() { return *AboutWindow; }
   QWidget& Settings() { return *SettingsWindow; }
+  QWidget& ScheduleEditor() { return *ScheduleEditorWindow; }
   QWidget& DirSel() { return *DirSelWindow; }
   QWidget& ChimeSelect() { return *ChimeSelectWindow; }
 
@@ -35,6 +36,7 @@ class Views {
   std::unique_ptr<QWidget> LangSelWindow;
   std::unique_ptr<QWidget> AboutWindow;
   std::unique_ptr<QWidget> SettingsWindow;
+  std::unique_ptr<QWidget> ScheduleEditorWindow;
   std::unique_ptr<QWidget> DirSelWindow;
   std::unique_ptr<QWidget> ChimeSelectWindow;
   std::vector<std::unique_ptr<Binder>> Binders;  // go before the windows

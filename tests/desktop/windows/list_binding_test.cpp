@@ -190,5 +190,15 @@ TEST(ListBinding, ASelectionFurtherDownForAnInstantBringsTheComingEntriesIntoVie
   }
 }
 
+TEST(ListBinding, TellsThatItGotTheFocus) {
+  Playlist songs(3);
+  songs.View.clearFocus();
+  songs.Place.Settle();
+  songs.List.OnGotFocus = [&] { songs.Tell("focus"); };
+  songs.View.setFocus();
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "focus -1, ");
+}
+
 }  // namespace
 }  // namespace marlex

@@ -132,10 +132,19 @@ QAction* ActionOf(const QWidget* widget, const QString& name) {
   return nullptr;
 }
 
-/// The place of a menu's title or item; a menu that is folded up shows no items.
-QString GeometryOfAction(const QString& name) {
+/// The window to whose menu bar a menu belongs, also while the menu is open.
+QString WindowOf(const QWidget* widget) {
+  while (widget->parentWidget()) widget = widget->parentWidget();
+  return widget->objectName();
+}
+
+/// The place of a menu's title or item; a menu that is folded up shows no items. The name may begin
+/// with that of its window, and a point.
+QString GeometryOfAction(const QString& path) {
+  const QString window = path.contains('.') ? path.section('.', 0, 0) : QString();
+  const QString name = path.section('.', -1);
   for (QWidget* widget : QApplication::allWidgets()) {
-    if (!widget->isVisible()) continue;
+    if (!widget->isVisible() || (!window.isEmpty() && WindowOf(widget) != window)) continue;
     QAction* action = ActionOf(widget, name);
     if (!action) continue;
     QRect area;
