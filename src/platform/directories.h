@@ -31,7 +31,8 @@ class Directories {
 
   /// Directory search: for a path that ends in a separator the name of the first regular file in
   /// that directory, for any other path the name, without directory, of the file or directory that
-  /// it names. Empty when there is none, and for the empty path.
+  /// it names; a sound file is found in any spelling of its extension. Empty when there is none,
+  /// and for the empty path.
   virtual std::string Search(const std::string& path) const = 0;
 
   /// Names of the regular files in `directory` that match `pattern` (`*` and `?`, without regard to

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/sound_names.h"
 #include "platform/text_case.h"
 
 namespace marlex {
@@ -131,8 +132,11 @@ void MemoryDisk::Put(const std::string& path, File file) {
 }
 
 const MemoryDisk::File* MemoryDisk::Find(const std::string& path) const {
-  const auto found = Files.find(path);
-  return found == Files.end() || Covers(Vanished, path) ? nullptr : &found->second;
+  for (const std::string& spelling : SoundFileSpellings(path)) {
+    const auto found = Files.find(spelling);
+    if (found != Files.end() && !Covers(Vanished, spelling)) return &found->second;
+  }
+  return nullptr;
 }
 
 bool MemoryDisk::HasDirectory(const std::string& path) const {

@@ -12,6 +12,7 @@
 #include <memory>
 #include <system_error>
 
+#include "platform/sound_names.h"
 #include "platform/text_case.h"
 
 namespace marlex {
@@ -66,10 +67,13 @@ std::string DiskDirectories::Search(const std::string& path) const {
     const std::vector<std::string> names = List(path, "*");
     return names.empty() ? "" : names.front();
   }
-  std::error_code fault;
-  const fs::file_status status = fs::status(path, fault);
-  const bool found = fs::is_regular_file(status) || fs::is_directory(status);
-  return found ? path.substr(path.rfind(kSeparator) + 1) : "";
+  for (const std::string& spelling : SoundFileSpellings(path)) {
+    std::error_code fault;
+    const fs::file_status status = fs::status(spelling, fault);
+    if (fs::is_regular_file(status) || fs::is_directory(status))
+      return spelling.substr(spelling.rfind(kSeparator) + 1);
+  }
+  return "";
 }
 
 std::vector<std::string> DiskDirectories::List(const std::string& directory,

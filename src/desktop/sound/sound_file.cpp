@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "platform/sound_names.h"
+
 namespace marlex {
 namespace {
 
@@ -20,7 +22,10 @@ SoundFile::~SoundFile() {
 }
 
 bool SoundFile::Open(const std::string& path) {
-  Descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  for (const std::string& spelling : SoundFileSpellings(path)) {
+    Descriptor = open(spelling.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (Descriptor >= 0 || errno != ENOENT) break;
+  }
   if (Descriptor < 0) return false;
   struct stat facts = {};
   if (fstat(Descriptor, &facts) != 0 || !S_ISREG(facts.st_mode)) return false;

@@ -17,7 +17,8 @@ QStringList Words(const QString& text) {
 QSize WeekdayHeader::sizeHint() const {
   const QStringList words = Words(text());
   int widest = 0;
-  for (const QString& word : words) widest = std::max(widest, fontMetrics().horizontalAdvance(word));
+  for (const QString& word : words)
+    widest = std::max(widest, fontMetrics().horizontalAdvance(word));
   return {widest * static_cast<int>(words.size()), fontMetrics().height()};
 }
 

@@ -28,6 +28,9 @@ TEST(Directories, SearchGivesTheNameOfAFileOrDirectory) {
   EXPECT_EQ(directories.Search(disk.Path("link")), "link");
   EXPECT_EQ(directories.Search(disk.Path("dangling")), "");
   EXPECT_EQ(directories.Search(disk.Path("LIST.LST")), "");
+  disk.Write("March.MP3", "");
+  EXPECT_EQ(directories.Search(disk.Path("March.mp3")), "March.MP3");
+  EXPECT_EQ(directories.Search(disk.Path("march.mp3")), "");
   EXPECT_EQ(directories.Search(disk.Path("list.lst/deeper")), "");
   EXPECT_EQ(directories.Search(disk.Path(std::string(5000, 'x'))), "");
   EXPECT_EQ(directories.Search(""), "");

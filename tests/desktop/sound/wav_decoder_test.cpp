@@ -52,6 +52,12 @@ TEST(WavDecoder, PlaysEveryWidthOfNumbers) {
   }
 }
 
+TEST(WavDecoder, FindsAFileWhoseExtensionIsWrittenInCapitals) {
+  MediaFiles files;
+  files.Wav("DING.WAV", 1, 0.5, 44100);
+  EXPECT_EQ(Play(files.Path("DING.wav")).size(), 88200u);
+}
+
 TEST(WavDecoder, PlaysEveryRateAtTheEnginesRate) {
   MediaFiles files;
   for (const int rate : {8000, 11025, 16000, 22050, 32000, 44100, 48000, 96000, 192000}) {
