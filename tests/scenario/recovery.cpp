@@ -31,7 +31,7 @@ bool IsClockTime(const std::string& time) {
 void Recovery::Run() {
   Heal();
   AnswerBoxes();
-  ClosePickers();
+  CloseWindows();
   RunProgram();
   ChooseDirectories();
   TheDesk.Status(0);
@@ -62,10 +62,13 @@ void Recovery::AnswerBoxes() {
   }
 }
 
-void Recovery::ClosePickers() {
+/// The schedule goes on once the editor is closed.
+void Recovery::CloseWindows() {
   Windows& windows = TheDesk.Sys->TheWindows;
   if (windows.frmDirSel.Visible) TheDesk.Click("cmdOK");
   if (windows.frmChimeSelect.Visible) TheDesk.Click("cmdCancel");
+  if (windows.TheWavWindow.Visible) TheDesk.Click("mnuExit");
+  WatchedDesk::Require(!windows.TheWavWindow.Loaded(), "The editor does not close");
 }
 
 /// The line is found a second after the plug.

@@ -26,7 +26,7 @@ class Recovery {
 
   void Heal();
   void AnswerBoxes();
-  void ClosePickers();
+  void CloseWindows();
   void RunProgram();
   void ChooseDirectories();
   void ChooseDirectory(const std::string& browse, const std::string& directory);

@@ -14,11 +14,6 @@ constexpr int kZoneBits = 63;
 constexpr int kMostWaits = 16;
 constexpr int kMostBoxes = 12;
 
-/// Failures that an operator can bring about by what he chooses.
-bool IsOperatorsFault(const std::string& failure) {
-  return failure == "No message schedule was found in the selection";
-}
-
 /// Since 1970, of the wall clock.
 std::int64_t SecondsOf(const LocalTime& time) {
   using namespace std::chrono;
@@ -51,6 +46,7 @@ void WatchedDesk::Arm() {
   Before.Bytes = Pc.Serial.Sent().size();
   MasterHasSounded = ZonesLeftBehind = SongPressed = LevelChanged = false;
   TickOffByCall = CallStands = CallCutShort = KeysLeftDead = CallOverMessage = false;
+  EditorOverWaitingRow = ViewOwed = false;
   CallOverWaitingRow = WavOfCall = FadeOfCall = CallWasPressed = false;
   TickBegunInWaits.reset();
   WavReportedAtMs.reset();
@@ -58,7 +54,7 @@ void WatchedDesk::Arm() {
   Sys->Strings.AddBlock(2000, {{600, "Chiudi"}});
   Main().grdSchedule.Watcher = [this] { TableChanged = true; };
   Pc.Loop.AfterEvent = [this] { Check(); };
-  Pc.Loop.OnFailure = [told = Pc.Loop.OnFailure](const RuntimeFailure& failure) {
+  Pc.Loop.OnFailure = [this, told = Pc.Loop.OnFailure](const RuntimeFailure& failure) {
     Require(IsOperatorsFault(failure.what()), std::string("A rule broke: ") + failure.what());
     told(failure);
   };
@@ -67,6 +63,7 @@ void WatchedDesk::Arm() {
 void WatchedDesk::Check() {
   CheckWaits();
   if (Main().Loaded()) {
+    CheckEditor();
     RememberCall();
     CheckBytes();
     CheckMasterMute();
@@ -102,6 +99,8 @@ void WatchedDesk::Remember() {
   Before.Router = Values().RouterPresent;
   Before.MainShown = Main().Visible;
   Before.SettingsShown = Sys->TheWindows.frmSettings.Visible;
+  Before.EditorOpen = EditorIsOpen();
+  Before.AllDaysTicked = Main().mnuAllDays.Checked;
   Before.StoppedByUser = State().MusicStoppedByUser;
   Before.Overridden = State().MusicStopOverridden;
   Before.StartedBySchedule = State().MusicStartedBySchedule;
@@ -241,9 +240,10 @@ void WatchedDesk::RememberCall() {
   FadeOfCall = flags.FadeRunning && (FadeOfCall || flags.CallEndedDuringFade || Before.EndedInFade);
 }
 
-/// Whoever, but a call, switches the tick off has just painted the row that fires.
+/// Whoever, but a call or the editor, switches the tick off has just painted the row that fires.
 void WatchedDesk::CheckFiringRow() {
   if (!Before.TickOn || Sys->TheFrmPlayers.tmrMessage.Enabled || TickOffByCall) return;
+  if (EditorIsOpen() && !Before.EditorOpen) return;
   Require(!Before.CallActive, "A row fires under a call");
   const int row = Sys->Tick.ScheduleRow;
   const Grid& table = Main().grdSchedule;
@@ -253,8 +253,8 @@ void WatchedDesk::CheckFiringRow() {
           "A row of another minute fires");
 }
 
-/// A tick that is on takes up each minute within a second of its beginning. Calls arm it anew at
-/// their end, though it may be on.
+/// A tick that is on takes up each minute within a second of its beginning. Calls and the
+/// editor arm it anew at their end, though it may be on.
 void WatchedDesk::CheckMinute() {
   constexpr int kPositionTimerMs = 100;  // the longest that nothing happens on a running machine
   constexpr int kTickMs = 1000;
@@ -375,15 +375,13 @@ void WatchedDesk::CheckWaits() {
 }
 
 /// Nothing waits: no fade and no message is on, and the tick is off only for a row that waits for
-/// the song's end.
+/// the song's end, or for the editor.
 void WatchedDesk::CheckRest() {
   if (State().CallActive) return;  // it speaks
   Require(!State().FadeRunning || FadeOfCall, "At rest, and a fade runs");
   Require(!State().MessagePlaying, "At rest, and messages play");
   Require(Pc.Wav.Mode() != kWavePlaying || WavOfCall, "At rest, and a message sounds");
   CheckKeysAtRest();
-  Require(Main().mnuAllDays.Checked != Main().mnuCurrentDay.Checked, "Both views are ticked");
-  Require(Main().mnuAllDays.Checked == Values().AllDaysView, "The ticked view is not the view");
   CheckZonesAtRest();
 }
 
@@ -392,8 +390,10 @@ void WatchedDesk::CheckRest() {
 void WatchedDesk::CheckKeysAtRest() {
   const bool tickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
   const bool awaiting = State().MessageAwaitingSongEnd;
-  Require(tickOn || awaiting || CallCutShort, "At rest, and the tick is off without a reason");
-  Require(!tickOn || !awaiting || CallOverWaitingRow, "At rest, and the tick is on too early");
+  Require(tickOn || awaiting || CallCutShort || EditorIsOpen(),
+          "At rest, and the tick is off without a reason");
+  Require(!tickOn || !awaiting || CallOverWaitingRow || EditorOverWaitingRow,
+          "At rest, and the tick is on too early");
   Require(Main().cmdPlay.Enabled || KeysLeftDead ||
               Main().lstPlaylist.ListIndex() == ListBox::kNoSelection,
           "At rest, and the play key is dead");

@@ -66,6 +66,10 @@ class WatchedDesk : public Desk {
   void CheckRest();
   void CheckZonesAtRest();
   void CheckKeysAtRest();
+  bool EditorIsOpen();
+  bool IsOperatorsFault(const std::string& failure);
+  void CheckEditor();
+  void CheckView();
   void RememberCall();
   void NoteCorners();
   bool LevelsAgree(int line, std::uint32_t componentType);
@@ -107,6 +111,8 @@ class WatchedDesk : public Desk {
     bool Router = false;
     bool MainShown = false;
     bool SettingsShown = false;
+    bool EditorOpen = false;
+    bool AllDaysTicked = false;
     bool StoppedByUser = false;
     bool Overridden = false;
     bool StartedBySchedule = false;
@@ -122,16 +128,18 @@ class WatchedDesk : public Desk {
   std::int64_t ClockAheadS = 0;         // of the virtual time, whose zero does not matter
   std::optional<int> TickBegunInWaits;  // a minute whose row is yet to be sought
   std::optional<std::int64_t> WavReportedAtMs;
-  bool TickOffByCall = false;       // and off ever since
-  bool CallCutShort = false;        // by a takeover or a kept release, before it put things right
-  bool CallStands = false;          // it is active, or waits of it are on the stack still
-  bool KeysLeftDead = false;        // of an announcement that such a call had cut off
-  bool CallOverWaitingRow = false;  // whose wait for the song's end it leaves with the tick on
-  bool CallOverMessage = false;     // which it has cut off
-  bool WavOfCall = false;           // a WAV of the call's time sounds
-  bool FadeOfCall = false;          // a fade runs whose wait a release has ended
-  bool MasterHasSounded = false;    // since the start of the program
-  bool ZonesLeftBehind = false;     // by an announcement that began under a takeover, or by a call
+  bool TickOffByCall = false;         // and off ever since
+  bool CallCutShort = false;          // by a takeover or a kept release, before it put things right
+  bool CallStands = false;            // it is active, or waits of it are on the stack still
+  bool KeysLeftDead = false;          // of an announcement that such a call had cut off
+  bool CallOverWaitingRow = false;    // whose wait for the song's end it leaves with the tick on
+  bool CallOverMessage = false;       // which it has cut off
+  bool EditorOverWaitingRow = false;  // which its closing leaves with the tick on
+  bool ViewOwed = false;              // all days, as the view menus say or the editor found it
+  bool WavOfCall = false;             // a WAV of the call's time sounds
+  bool FadeOfCall = false;            // a fade runs whose wait a release has ended
+  bool MasterHasSounded = false;      // since the start of the program
+  bool ZonesLeftBehind = false;  // by an announcement that began under a takeover, or by a call
   bool TableChanged = false;
   bool SongPressed = false;
   bool LevelChanged = false;  // by the settings, since the last status that PriorityClear follows
