@@ -89,12 +89,12 @@ std::string DirListBox::ShownText(int index) const {
 
 void FileListBox::ResetToDesign() {
   ListBox::ResetToDesign();
-  Path.clear();
+  Directory.clear();
   Pattern = "*";
 }
 
 void FileListBox::SetPath(const std::string& directory) {
-  Path = directory;
+  Directory = directory;
   Refresh();
 }
 
@@ -104,8 +104,8 @@ void FileListBox::SetPattern(const std::string& pattern) {
 }
 
 void FileListBox::Refresh() {
-  if (Path.empty()) return Replace({}, kNoSelection);
-  Replace(Files.List(Path, Pattern), kNoSelection);
+  if (Directory.empty()) return Replace({}, kNoSelection);
+  Replace(Files.List(Directory, Pattern), kNoSelection);
 }
 
 }  // namespace marlex

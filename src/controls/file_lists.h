@@ -69,6 +69,7 @@ class FileListBox : public ListBox {
   const char* Kind() const override { return "FileListBox"; }
   void ResetToDesign() override;
 
+  const std::string& Path() const { return Directory; }
   void SetPath(const std::string& directory);
   void SetPattern(const std::string& pattern);
 
@@ -76,7 +77,7 @@ class FileListBox : public ListBox {
   void Refresh();
 
   const Directories& Files;
-  std::string Path;
+  std::string Directory;
   std::string Pattern = "*";
 };
 

@@ -18,6 +18,8 @@ System::System(const Pc& pc)
       Music(TheFlags, Store, pc.Files, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Strings,
             TheNotices),
       Playlist(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows.frmMain, Music, Strings),
+      ThePlaylistEditor(Store, pc.Files, pc.Clock, pc.Boxes, TheWindows, TheFrmPlayers, TheFrmMxr,
+                        Mixer, Music, Strings, TheNotices),
       MusicClock(TheFlags, Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Music, TheFades),
       Columns(Store.Values, TheWindows.frmMain, Strings),
       TheConflicts(Store.Values, TheWindows.frmMain, Mixer, Columns, Strings, TheNotices),

@@ -15,6 +15,7 @@
 #include "music/fades.h"
 #include "music/music_player.h"
 #include "music/music_schedule.h"
+#include "music/playlist_editor.h"
 #include "music/playlist_files.h"
 #include "platform/pc.h"
 #include "schedule/conflicts.h"
@@ -63,6 +64,7 @@ class System {
   Fades TheFades;
   MusicPlayer Music;
   PlaylistFiles Playlist;
+  PlaylistEditor ThePlaylistEditor;
   MusicSchedule MusicClock;
   ScheduleColumns Columns;
   Conflicts TheConflicts;

@@ -18,6 +18,23 @@ bool ToFlag(std::string text) {
 
 }  // namespace
 
+FileDialog PlaylistDialog(const SettingsStore& store) {
+  return {.Filter = "Playlist files (*.lst)|*.lst",
+          .DefaultExtension = "lst",
+          .InitialDirectory = store.ApplicationDirectory()};
+}
+
+void ReadPlaylistTimes(SettingsStore& store, const std::string& file) {
+  Settings& settings = store.Values;
+  const auto read = [&](const char* key) {
+    return store.ReadProfileValue("Background music", key, file);
+  };
+  settings.MusicStartTime = read("Start time");
+  settings.MusicStopTime = read("Stop time");
+  settings.MusicWeekDays = read("Weekdays");
+  settings.MusicAutostart = ToFlag(read("Autostart"));
+}
+
 int PlaylistPosition(int lastSongIndex, int songCount) {
   if (songCount == 0) return ListBox::kNoSelection;
   return lastSongIndex >= 0 && lastSongIndex < songCount ? lastSongIndex : 0;
@@ -40,7 +57,7 @@ PlaylistFiles::PlaylistFiles(Flags& flags, SettingsStore& store, Directories& di
 void PlaylistFiles::LoadPlaylist() {
   TheFrmMain.lstPlaylist.Clear();
   ReadSongs();
-  ReadTimes();
+  ReadPlaylistTimes(Store, Store.Values.CurrentPlaylistFile);
   ShowName();
   if (Store.Values.MusicAutostart) {
     AutostartMusic();
@@ -58,15 +75,6 @@ void PlaylistFiles::ReadSongs() {
        Store.ReadNumberedValues("Playlist", "Song:", Store.Values.CurrentPlaylistFile)) {
     TheFrmMain.lstPlaylist.AddItem(song);
   }
-}
-
-void PlaylistFiles::ReadTimes() {
-  Settings& settings = Store.Values;
-  const std::string& file = settings.CurrentPlaylistFile;
-  settings.MusicStartTime = Store.ReadProfileValue("Background music", "Start time", file);
-  settings.MusicStopTime = Store.ReadProfileValue("Background music", "Stop time", file);
-  settings.MusicWeekDays = Store.ReadProfileValue("Background music", "WeekDays", file);
-  settings.MusicAutostart = ToFlag(Store.ReadProfileValue("BackGround music", "AutoStart", file));
 }
 
 void PlaylistFiles::ShowName() {
@@ -97,11 +105,7 @@ bool PlaylistFiles::InsideWindow() const {
 }
 
 void PlaylistFiles::mnuOpen_Click() {
-  TheDialogs.LeaveOpen({.Filter = "Playlist files (*.lst)|*.lst",
-                        .DefaultExtension = "lst",
-                        .InitialDirectory = Store.ApplicationDirectory(),
-                        .AllowMultiselect = false},
-                       [this](const std::string& file) { Open(file); });
+  TheDialogs.LeaveOpen(PlaylistDialog(Store), [this](const std::string& file) { Open(file); });
 }
 
 void PlaylistFiles::Open(const std::string& file) {

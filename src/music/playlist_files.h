@@ -30,7 +30,6 @@ class PlaylistFiles {
  private:
   void Open(const std::string& file);
   void ReadSongs();
-  void ReadTimes();
   void ShowName();
   bool InsideWindow() const;
   void AutostartMusic();
@@ -44,6 +43,13 @@ class PlaylistFiles {
   MusicPlayer& Player;
   const StringTable& Strings;
 };
+
+/// The dialog in which a playlist file is chosen.
+FileDialog PlaylistDialog(const SettingsStore& store);
+
+/// Reads the daily window, its weekdays and the autostart of a playlist file into the settings; all
+/// of them are empty where the file, or its name, is none.
+void ReadPlaylistTimes(SettingsStore& store, const std::string& file);
 
 /// The selection that a position of an earlier run means in a list of this many songs: a position
 /// that the list does not have means the first song, and an empty list has none.

@@ -115,6 +115,12 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
   return true;
 }
 
+std::size_t CountCharacters(std::string_view text) {
+  std::size_t count = 0;
+  for (; !text.empty(); ++count) text.remove_prefix(First(text).Bytes);
+  return count;
+}
+
 std::string_view FirstCharacters(std::string_view text, std::size_t maxCharacters) {
   std::size_t length = 0;
   for (; maxCharacters > 0 && length < text.size(); --maxCharacters) {

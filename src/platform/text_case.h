@@ -26,6 +26,9 @@ bool NameComesBefore(std::string_view one, std::string_view other);
 /// `?` for one character.
 bool MatchesPattern(std::string_view name, std::string_view pattern);
 
+/// Number of characters of a UTF-8 text.
+std::size_t CountCharacters(std::string_view text);
+
 /// The first `maxCharacters` characters of a UTF-8 text; no character is cut in two.
 std::string_view FirstCharacters(std::string_view text, std::size_t maxCharacters);
 

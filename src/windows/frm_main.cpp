@@ -55,7 +55,6 @@ void FrmMain::DesignMenus() {
   mnuAbout.Caption = "Help";
   mnuAdresses.Caption = "Contact";
   mnuAboutbox.Caption = "About Tolvo Marlex";
-  mnuPlaylist.Enabled = false;
   // Function keys can be stored but not fired; the way to them stays closed in every installation.
   mnuFKeys.Enabled = false;
   mnuFKeys.Visible = false;

@@ -7,6 +7,7 @@
 #include "windows/frm_main.h"
 #include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
+#include "windows/frm_playlist.h"
 #include "windows/frm_settings.h"
 #include "windows/wav_window.h"
 
@@ -19,7 +20,8 @@ struct Windows {
         frmMain(loop),
         frmDirSel(files),
         frmChimeSelect(files),
-        TheWavWindow(loop, files) {}
+        TheWavWindow(loop, files),
+        frmPlaylist(files) {}
 
   FrmLogo frmLogo;
   FrmLangSel frmlangSel;
@@ -29,6 +31,7 @@ struct Windows {
   FrmDirSel frmDirSel;
   FrmChimeSelect frmChimeSelect;
   WavWindow TheWavWindow;
+  FrmPlaylist frmPlaylist;
 };
 
 }  // namespace marlex

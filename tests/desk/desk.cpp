@@ -130,8 +130,8 @@ T* Desk::Look(const std::string& name) {
   Windows& windows = Sys->TheWindows;
   for (Form* form :
        {static_cast<Form*>(&windows.frmDirSel), static_cast<Form*>(&windows.frmChimeSelect),
-        static_cast<Form*>(&windows.TheWavWindow),
-        static_cast<Form*>(&windows.frmSettings), static_cast<Form*>(&windows.frmMain),
+        static_cast<Form*>(&windows.TheWavWindow), static_cast<Form*>(&windows.frmSettings),
+        static_cast<Form*>(&windows.frmMain), static_cast<Form*>(&windows.frmPlaylist),
         static_cast<Form*>(&windows.frmLogo), static_cast<Form*>(&windows.frmlangSel),
         static_cast<Form*>(&windows.frmAbout)}) {
     if (!form->Visible) continue;
@@ -193,7 +193,12 @@ void Desk::PressKeyInList(int keyCode) {
 }
 
 void Desk::Choose(ListBox& list, const std::string& text) {
-  Pc.Loop.Do([&] { list.SetListIndex(Row(list, text)); });
+  Pc.Loop.Do([&] {
+    const int row = Row(list, text);
+    const bool isClickAlone = row == list.ListIndex();
+    list.SetListIndex(row);
+    if (isClickAlone && list.OnClick) list.OnClick();
+  });
 }
 
 void Desk::DoubleClick(ListBox& list, const std::string& text) {

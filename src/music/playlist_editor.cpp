@@ -1,0 +1,344 @@
+#include "music/playlist_editor.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "i18n/translate_controls.h"
+#include "music/playlist_files.h"
+#include "music/shuffle.h"
+#include "platform/text_case.h"
+#include "state/digit_mask.h"
+#include "state/numbers.h"
+#include "state/week_time.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kChecked = 1;
+constexpr std::size_t kShownPathCharacters = 32;
+
+/// Selects the entry whose number the text holds; a text that holds no number, or that of no entry,
+/// leaves the list without selection.
+void SelectNumber(ComboBox& list, std::string_view text) {
+  const bool hasDigit = text.find_first_of("0123456789") != std::string_view::npos;
+  const int index = hasDigit ? ToNumber(std::string(text)).value_or(-1) : -1;
+  list.SetListIndex(index >= 0 && index < list.ListCount() ? index : ListBox::kNoSelection);
+}
+
+/// Shows a time "HH:MM" by its places, whatever stands there.
+void SelectTime(ComboBox& hours, ComboBox& minutes, const std::string& time) {
+  SelectNumber(hours, CharactersFrom(time, 1, 2));
+  SelectNumber(minutes, CharactersFrom(time, 4, 2));
+}
+
+}  // namespace
+
+std::string SongName(const std::string& fileName) {
+  constexpr std::string_view kExtension = ".mp3";
+  std::size_t end = 0;
+  while (end < fileName.size() &&
+         !SameButForCase(std::string_view(fileName).substr(end, kExtension.size()), kExtension)) {
+    ++end;
+  }
+  return fileName.substr(0, end);
+}
+
+PlaylistEditor::PlaylistEditor(SettingsStore& store, Directories& directories, WallClock& clock,
+                               Dialogs& dialogs, Windows& windows, FrmPlayers& frmPlayers,
+                               FrmMxr& frmMxr, MixerAccess& mixer, MusicPlayer& player,
+                               const StringTable& strings, Notices& notices)
+    : Store(store),
+      Values(store.Values),
+      TheDirectories(directories),
+      Clock(clock),
+      TheDialogs(dialogs),
+      TheFrmMain(windows.frmMain),
+      TheFrmSettings(windows.frmSettings),
+      Editor(windows.frmPlaylist),
+      TheFrmPlayers(frmPlayers),
+      TheFrmMxr(frmMxr),
+      Mixer(mixer),
+      Player(player),
+      Strings(strings),
+      TheNotices(notices) {
+  TheFrmMain.mnuPlaylist.OnClick = [this] { mnuPlaylist_Click(); };
+  Editor.OnLoad = [this] { Load(); };
+  WireSelection();
+  WireFile();
+}
+
+void PlaylistEditor::WireSelection() {
+  Editor.AvailMP3s.OnClick = [this] { AddClicked(); };
+  Editor.SelectedMP3s.OnClick = [this] {
+    Editor.PrevKey.Enabled = true;
+    Editor.RemoveKey.Enabled = true;
+  };
+  Editor.cmdSelectAll.OnClick = [this] { cmdSelectAll_Click(); };
+  Editor.RemoveKey.OnClick = [this] { RemoveKey_Click(); };
+  Editor.RemAll_Key.OnClick = [this] { RemAll_Key_Click(); };
+  Editor.cmdRandomize.OnClick = [this] { cmdRandomize_Click(); };
+  Editor.PrevKey.OnClick = [this] { PrevKey_Click(); };
+  for (const auto& option : Editor.optScheduled) {
+    option->OnClick = [this, index = option->Index] { optScheduled_Click(index); };
+  }
+}
+
+void PlaylistEditor::WireFile() {
+  Editor.mnuOpen.OnClick = [this] { mnuOpen_Click(); };
+  Editor.mnuSave.OnClick = [this] { mnuSave_Click(); };
+  Editor.mnuExit.OnClick = [this] { Editor.Unload(); };
+}
+
+void PlaylistEditor::mnuPlaylist_Click() {
+  if (!TheDirectories.Search(Values.MusicDirectory).empty()) return Editor.Show();
+  TheNotices.Tell(Strings.LoadString(kStrNoMusicDirectoryFound) + Values.MusicDirectory + "\r" +
+                      Strings.LoadString(kStrOpenConfiguration),
+                  BoxIcon::Critical, Strings.LoadString(kStrError),
+                  [this] { TheFrmSettings.Show(); });
+}
+
+void PlaylistEditor::Load() {
+  Editor.mnuFile.Caption = "270";
+  Editor.mnuOpen.Caption = "881";
+  Editor.mnuSave.Caption = "882";
+  Editor.mnuExit.Caption = "310";
+  TranslateControls(Editor, Strings);
+  Editor.Caption = Strings.LoadString(kStrPlaylistEditor);
+  Editor.MP3List.SetPattern("*.mp3");
+  Editor.MP3List.SetPath(Values.MusicDirectory);
+  for (int file = 0; file < Editor.MP3List.ListCount(); ++file) {
+    Editor.AvailMP3s.AddItem(SongName(Editor.MP3List.List(file)));
+  }
+  Editor.PrevKey.Enabled = false;
+  Editor.frMusicTime.Visible = false;
+  FillTimeLists();
+}
+
+void PlaylistEditor::FillTimeLists() {
+  for (int hour = 0; hour < 24; ++hour) {
+    Editor.cmbStartHours.AddItem(TwoDigits(std::to_string(hour)));
+    Editor.cmbStopHours.AddItem(TwoDigits(std::to_string(hour)));
+  }
+  for (int minute = 0; minute < 60; ++minute) {
+    Editor.cmbStartMinutes.AddItem(TwoDigits(std::to_string(minute)));
+    Editor.cmbStopMinutes.AddItem(TwoDigits(std::to_string(minute)));
+  }
+}
+
+void PlaylistEditor::AddClicked() {
+  if (Editor.AvailMP3s.ListIndex() == ListBox::kNoSelection) return;
+  Editor.SelectedMP3s.AddItem(Editor.AvailMP3s.Text());
+  Editor.RemAll_Key.Enabled = true;
+}
+
+/// The keys stay as they are, here and wherever the list changes by other means than a click. This
+/// is meant.
+void PlaylistEditor::cmdSelectAll_Click() {
+  Editor.SelectedMP3s.Clear();
+  for (int file = 0; file < Editor.MP3List.ListCount(); ++file) {
+    Editor.SelectedMP3s.AddItem(SongName(Editor.MP3List.List(file)));
+  }
+}
+
+/// The key can be on without a selection, after a preview or a shuffle; it then removes nothing.
+void PlaylistEditor::RemoveKey_Click() {
+  ListBox& songs = Editor.SelectedMP3s;
+  if (songs.ListCount() > 0) {
+    if (songs.ListIndex() != ListBox::kNoSelection) songs.RemoveItem(songs.ListIndex());
+    Editor.RemoveKey.Enabled = false;
+  }
+  if (songs.ListCount() > 0) return;
+  Editor.PrevKey.Enabled = false;
+  Editor.RemAll_Key.Enabled = false;
+}
+
+void PlaylistEditor::RemAll_Key_Click() {
+  Editor.SelectedMP3s.Clear();
+  Editor.RemAll_Key.Enabled = false;
+}
+
+void PlaylistEditor::cmdRandomize_Click() {
+  ListBox& songs = Editor.SelectedMP3s;
+  ListBox& left = Editor.lstRandom;
+  left.Clear();
+  for (int song = 0; song < songs.ListCount(); ++song) left.AddItem(songs.List(song));
+  songs.Clear();
+  for (const int song : DrawOrder(left.ListCount(), RandomNumbers(ClockSeed(Clock.Now())))) {
+    songs.AddItem(left.List(song));
+  }
+  left.Clear();
+}
+
+/// The test is on the player and not on the preview, so that the key also stops the background
+/// music. This is meant.
+void PlaylistEditor::PrevKey_Click() {
+  TheFrmPlayers.MP3Player.PlayState() == kPlaying ? StopPreview() : StartPreview();
+}
+
+void PlaylistEditor::StartPreview() {
+  Editor.PrevKey.Caption = Strings.LoadString(kStrStop);
+  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  Editor.RemAll_Key.Enabled = false;
+  Editor.RemoveKey.Enabled = false;
+  TheFrmPlayers.MP3Player.SetFileName(
+      JoinPath(Editor.MP3List.Path(), Editor.SelectedMP3s.Text() + ".mp3"));
+  // It looks for the main window's song and not for this one. This is meant.
+  Player.PlaySong();
+}
+
+void PlaylistEditor::StopPreview() {
+  Editor.PrevKey.Caption = Strings.LoadString(kStrPlay);
+  TheFrmPlayers.MP3Player.Stop();
+  Editor.RemAll_Key.Enabled = true;
+  Editor.RemoveKey.Enabled = true;
+}
+
+void PlaylistEditor::optScheduled_Click(int index) {
+  Editor.frMusicTime.Visible = index == FrmPlaylist::kScheduled;
+  if (index == FrmPlaylist::kScheduled) return;
+  for (ComboBox* list : TimeLists()) list->SetListIndex(ListBox::kNoSelection);
+  for (const auto& day : Editor.chkDays) day->Value = 0;
+}
+
+void PlaylistEditor::mnuOpen_Click() {
+  TheDialogs.LeaveOpen(PlaylistDialog(Store), [this](const std::string& file) {
+    if (Editor.Loaded()) Open(file);
+  });
+}
+
+/// The times become the ones that the clock tests, whichever file was chosen, until a list is
+/// opened in the main window. This is meant, and a cancelled dialog is a file of nothing.
+void PlaylistEditor::Open(const std::string& file) {
+  Editor.SelectedMP3s.Clear();
+  ShowName(file);
+  for (const std::string& song : Store.ReadNumberedValues("Playlist", "Song:", file)) {
+    Editor.SelectedMP3s.AddItem(song);
+  }
+  ReadPlaylistTimes(Store, file);
+  if (Values.MusicAutostart) Editor.optScheduled[FrmPlaylist::kAutostart].SetValue(true);
+  ShowTimes();
+}
+
+/// The path without as many characters as the application's directory has, wherever the file lies.
+/// This is meant.
+void PlaylistEditor::ShowName(const std::string& file) {
+  const std::size_t cut = CountCharacters(JoinPath(Store.ApplicationDirectory(), ""));
+  Editor.Caption = Strings.LoadString(kStrPlaylist) + " " +
+                   std::string(CharactersFrom(file, cut + 1, kShownPathCharacters));
+}
+
+void PlaylistEditor::ShowTimes() {
+  const bool scheduled = !Values.MusicStartTime.empty();
+  Editor.frMusicTime.Visible = scheduled;
+  Editor.optScheduled[FrmPlaylist::kScheduled].SetValue(scheduled);
+  if (!scheduled) return;
+  SelectTime(Editor.cmbStartHours, Editor.cmbStartMinutes, Values.MusicStartTime);
+  SelectTime(Editor.cmbStopHours, Editor.cmbStopMinutes, Values.MusicStopTime);
+  // A mask of too few days has the missing ones off.
+  const std::vector<bool> on =
+      DigitsInPlace(Values.MusicWeekDays + std::string(kWeekdays, '0'), kWeekdays);
+  for (int day = 0; day < kWeekdays; ++day) {
+    Editor.chkDays[day].Value = on[static_cast<std::size_t>(day)] ? kChecked : 0;
+  }
+}
+
+void PlaylistEditor::mnuSave_Click() {
+  if (RefuseEmptyList()) return;
+  FileDialog dialog = PlaylistDialog(Store);
+  dialog.Save = true;
+  TheDialogs.LeaveOpen(dialog, [this](const std::string& file) {
+    // The list may have been emptied while the dialog stood open.
+    if (!file.empty() && Editor.Loaded() && !RefuseEmptyList()) Save(file);
+  });
+}
+
+bool PlaylistEditor::RefuseEmptyList() {
+  if (Editor.SelectedMP3s.ListCount() > 0) return false;
+  TellError(Strings.LoadString(kStrNoSongsSelected));
+  return true;
+}
+
+/// The songs are on the disk before the times are checked: a time that is missing leaves a file
+/// without any. This is meant. Whatever the file becomes, it becomes in one step.
+void PlaylistEditor::Save(const std::string& file) {
+  const bool timed = HasTimes();
+  const int missing = timed ? MissingTime() : 0;
+  std::vector<ProfileEntry> entries = SongEntries();
+  if (missing == 0) AddStart(entries, timed);
+  if (!Store.RebuildProfile(entries, file)) {
+    return TellError(Strings.LoadString(kStrSavePlaylist) + ": " + file);
+  }
+  if (missing != 0) return TellError(Strings.LoadString(missing));
+  if (timed) {
+    Values.MusicStartTime = StartTime();
+    Values.MusicStopTime = StopTime();
+  } else {
+    Values.MusicAutostart = Editor.optScheduled[FrmPlaylist::kAutostart].Value();
+  }
+  Editor.Unload();
+}
+
+std::vector<ProfileEntry> PlaylistEditor::SongEntries() const {
+  std::vector<ProfileEntry> entries = {{"Last played", "Last song", "0"}};
+  for (int song = 0; song < Editor.SelectedMP3s.ListCount(); ++song) {
+    entries.push_back(
+        {"Playlist", "Song:" + std::to_string(song + 1), Editor.SelectedMP3s.List(song)});
+  }
+  return entries;
+}
+
+/// A file with times says nothing of an autostart.
+void PlaylistEditor::AddStart(std::vector<ProfileEntry>& entries, bool timed) const {
+  const auto add = [&entries](const char* key, const std::string& value) {
+    entries.push_back({"Background music", key, value});
+  };
+  add("Start time", timed ? StartTime() : "");
+  add("Stop time", timed ? StopTime() : "");
+  add("Weekdays", timed ? DayMask() : std::string(kWeekdays, '0'));
+  if (timed) return;
+  add("Autostart", Editor.optScheduled[FrmPlaylist::kAutostart].Value() ? "True" : "False");
+}
+
+bool PlaylistEditor::HasTimes() const {
+  const auto lists = TimeLists();
+  return Editor.frMusicTime.Visible && std::any_of(lists.begin(), lists.end(), [](ComboBox* list) {
+           return list->ListIndex() != ListBox::kNoSelection;
+         });
+}
+
+/// Id of the word about the first time list without a selection; 0 when all have one.
+int PlaylistEditor::MissingTime() const {
+  constexpr std::array kWords = {kStrStartHoursEmpty, kStrStartMinutesEmpty, kStrStopHoursEmpty,
+                                 kStrStopMinutesEmpty};
+  const auto lists = TimeLists();
+  for (std::size_t list = 0; list < lists.size(); ++list) {
+    if (lists[list]->ListIndex() == ListBox::kNoSelection) return kWords[list];
+  }
+  return 0;
+}
+
+std::string PlaylistEditor::StartTime() const {
+  return Editor.cmbStartHours.Text() + ":" + Editor.cmbStartMinutes.Text();
+}
+
+std::string PlaylistEditor::StopTime() const {
+  return Editor.cmbStopHours.Text() + ":" + Editor.cmbStopMinutes.Text();
+}
+
+std::string PlaylistEditor::DayMask() const {
+  std::vector<bool> on;
+  for (const auto& day : Editor.chkDays) on.push_back(day->Value == kChecked);
+  return DigitMask(on);
+}
+
+void PlaylistEditor::TellError(const std::string& body) {
+  TheNotices.Tell(body, BoxIcon::Critical, Strings.LoadString(kStrError));
+}
+
+std::array<ComboBox*, 4> PlaylistEditor::TimeLists() const {
+  return {&Editor.cmbStartHours, &Editor.cmbStartMinutes, &Editor.cmbStopHours,
+          &Editor.cmbStopMinutes};
+}
+
+}  // namespace marlex

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "i18n/string_table.h"
+#include "mixer/mixer_access.h"
+#include "music/music_player.h"
+#include "platform/dialogs.h"
+#include "platform/directories.h"
+#include "platform/wall_clock.h"
+#include "state/notices.h"
+#include "state/settings_store.h"
+#include "windows/frm_mxr.h"
+#include "windows/frm_players.h"
+#include "windows/windows.h"
+
+namespace marlex {
+
+/// The window in which a playlist file is put together. It works on a list of its own: what it
+/// saves reaches the main window when the file is opened there. Nothing asks before it closes.
+class PlaylistEditor {
+ public:
+  PlaylistEditor(SettingsStore& store, Directories& directories, WallClock& clock, Dialogs& dialogs,
+                 Windows& windows, FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
+                 MusicPlayer& player, const StringTable& strings, Notices& notices);
+
+ private:
+  void WireSelection();
+  void WireFile();
+  void mnuPlaylist_Click();
+  void Load();
+  void FillTimeLists();
+
+  void AddClicked();  // AvailMP3s
+  void cmdSelectAll_Click();
+  void RemoveKey_Click();
+  void RemAll_Key_Click();
+  void cmdRandomize_Click();
+  void PrevKey_Click();
+  void StartPreview();
+  void StopPreview();
+  void optScheduled_Click(int index);
+
+  void mnuOpen_Click();
+  void Open(const std::string& file);
+  void ShowName(const std::string& file);
+  void ShowTimes();
+
+  void mnuSave_Click();
+  bool RefuseEmptyList();
+  void Save(const std::string& file);
+  std::vector<ProfileEntry> SongEntries() const;
+  void AddStart(std::vector<ProfileEntry>& entries, bool timed) const;
+  bool HasTimes() const;
+  int MissingTime() const;
+  std::string StartTime() const;
+  std::string StopTime() const;
+  std::string DayMask() const;
+  void TellError(const std::string& body);
+
+  /// The hour and the minute of the start, then those of the stop.
+  std::array<ComboBox*, 4> TimeLists() const;
+
+  SettingsStore& Store;
+  Settings& Values;
+  Directories& TheDirectories;
+  WallClock& Clock;
+  Dialogs& TheDialogs;
+  FrmMain& TheFrmMain;
+  FrmSettings& TheFrmSettings;
+  FrmPlaylist& Editor;
+  FrmPlayers& TheFrmPlayers;
+  FrmMxr& TheFrmMxr;
+  MixerAccess& Mixer;
+  MusicPlayer& Player;
+  const StringTable& Strings;
+  Notices& TheNotices;
+};
+
+/// Name of a song: that of its file up to the first ".mp3" in any case.
+std::string SongName(const std::string& fileName);
+
+}  // namespace marlex

@@ -1,0 +1,120 @@
+#include <gtest/gtest.h>
+
+#include "music/playlist_desk.h"
+
+namespace marlex {
+namespace {
+
+/// The editor with the songs of the directory chosen and one of them selected.
+struct PreviewDesk : PlaylistDesk {
+  explicit PreviewDesk(const std::string& song = "b") {
+    Click("cmdSelectAll");
+    Choose(Editor().SelectedMP3s, song);
+    Do([this] { Sys->Music.CurrentSongPath = "/music/a.mp3"; });
+    Pc.Journal.Clear();
+  }
+};
+
+TEST(PlaylistPreview, PlaysTheSelectedSongUntilTheSecondPress) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
+  EXPECT_EQ(desk.Text("PrevKey"), "Stop");
+  EXPECT_EQ(desk.SongKeys(), "PrevKey");
+  desk.Advance(3000);
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
+}
+
+TEST(PlaylistPreview, OpensTheMastersAndTheWaveLinesMute) {
+  PreviewDesk desk;
+  desk.Do([&] {
+    desk.Sys->TheFrmMxr.ChkMute[0].Value = FrmMxr::kMuted;
+    desk.WaveMute().Value = FrmMxr::kMuted;
+  });
+  desk.Click("PrevKey");
+  EXPECT_FALSE(desk.MuteCheck(0));
+  EXPECT_EQ(desk.WaveMute().Value, FrmMxr::kOpen);
+}
+
+TEST(PlaylistPreview, AfterBackgroundMusicTheFirstPressStopsItAndTheSecondStarts) {
+  PreviewDesk desk("c");
+  desk.Click("cmdPlay");
+  desk.TakeJournal();
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "song c.mp3 at 20000");
+  EXPECT_EQ(desk.Text("PrevKey"), "Stop");
+  EXPECT_EQ(desk.Journal(), "0 song stop\n0 song play c.mp3\n");
+}
+
+TEST(PlaylistPreview, AtItsEndTheMainWindowsListGoesOnAndTheKeyStillSaysStop) {
+  PreviewDesk desk("c");
+  desk.Click("PrevKey");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal(), "0 song play c.mp3\n10000 song end\n10000 song play b.mp3\n");
+  EXPECT_EQ(desk.Position(), 1);
+  EXPECT_EQ(desk.Text("PrevKey"), "Stop");
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "silence");
+}
+
+TEST(PlaylistPreview, LooksForTheMainWindowsSongAndNotForItsOwn) {
+  PreviewDesk desk;
+  desk.Do([&] { desk.Sys->Music.CurrentSongPath = "/music/gone.mp3"; });
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Text("PrevKey"), "Stop");
+  desk.Do([&] { desk.Sys->Music.CurrentSongPath = "/music/a.mp3"; });
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
+}
+
+TEST(PlaylistPreview, BeforeAnySongOfTheMainWindowItIsSilent) {
+  PlaylistDesk desk;
+  desk.Add({"b"});
+  desk.Choose(desk.Editor().SelectedMP3s, "b");
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Text("PrevKey"), "Stop");
+}
+
+TEST(PlaylistPreview, WithNothingSelectedThePlayerRefusesTheEmptyName) {
+  PreviewDesk desk;
+  desk.Click("RemAll_Key");
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.TakeJournal(), "0 song refuse .mp3\n");
+  EXPECT_EQ(desk.Heard(), "silence");
+  EXPECT_EQ(desk.Boxes(), "");
+}
+
+TEST(PlaylistPreview, GoesOnWhenTheEditorClosesAndTheNextOneSaysPlay) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  desk.Exit();
+  EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
+  desk.Click("mnuPlaylist");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_FALSE(desk.Enabled("PrevKey"));
+}
+
+TEST(PlaylistPreview, ADirectoryWithoutItsFinalSeparatorGetsOne) {
+  PlaylistDesk desk;
+  desk.Exit();
+  desk.Do([&] {
+    desk.Values().MusicDirectory = "/music";
+    desk.Sys->Music.CurrentSongPath = "/music/a.mp3";
+  });
+  desk.Click("mnuPlaylist");
+  desk.Add({"c"});
+  desk.Choose(desk.Editor().SelectedMP3s, "c");
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Pc.Song.FileName(), "/music/c.mp3");
+}
+
+}  // namespace
+}  // namespace marlex
