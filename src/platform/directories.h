@@ -52,9 +52,6 @@ class Directories {
   /// Names of the directories in `directory`, sorted as NameComesBefore orders them; empty when it
   /// cannot be read.
   virtual std::vector<std::string> Subdirectories(const std::string& directory) const = 0;
-
-  /// Deletes one file. False when it was not there or could not be deleted.
-  virtual bool Delete(const std::string& path) = 0;
 };
 
 }  // namespace marlex

@@ -64,13 +64,6 @@ std::vector<std::string> MemoryDisk::Subdirectories(const std::string& directory
   return names;
 }
 
-bool MemoryDisk::Delete(const std::string& path) {
-  if (!Find(path) || Covers(Unwritable, path)) return false;
-  Files.erase(path);
-  Log.Write("delete", path);
-  return true;
-}
-
 void MemoryDisk::AddDirectory(const std::string& path) {
   for (std::string made = WithoutFinalSeparator(path); !made.empty(); made = ParentOf(made)) {
     DirectoriesMade.insert(made);

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "platform/directories.h"
-#include "simulation/journal.h"
 
 namespace marlex {
 
@@ -18,7 +17,7 @@ enum class MediaKind { None, Wav, Mp3 };
 /// exactly, with regard to case.
 class MemoryDisk : public Directories {
  public:
-  explicit MemoryDisk(Journal& journal) : Log(journal) { AddDirectory(kHome); }
+  MemoryDisk() { AddDirectory(kHome); }
 
   std::string Search(const std::string& path) const override;
   std::vector<std::string> List(const std::string& directory,
@@ -26,7 +25,6 @@ class MemoryDisk : public Directories {
   std::vector<std::string> Drives() const override { return DriveList; }
   bool HasDirectory(const std::string& path) const override;
   std::vector<std::string> Subdirectories(const std::string& directory) const override;
-  bool Delete(const std::string& path) override;
 
   /// The operator's home directory.
   static constexpr const char* kHome = "/home/operator";
@@ -77,7 +75,6 @@ class MemoryDisk : public Directories {
   const File* Find(const std::string& path) const;
   std::vector<std::string> NamesIn(const std::string& directory) const;
 
-  Journal& Log;
   std::map<std::string, File> Files;
   std::set<std::string> DirectoriesMade;
   std::vector<std::string> DriveList{kHome, std::string(1, kSeparator)};

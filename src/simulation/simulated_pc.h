@@ -43,7 +43,7 @@ struct SimulatedPc {
   VirtualLoop Loop;
   VirtualClock Clock{Loop};
   marlex::Journal Journal{Loop};
-  MemoryDisk Disk{Journal};
+  MemoryDisk Disk;
   MemoryProfiles Profiles{Disk, Journal};
   SimulatedSerial Serial{Loop, Journal};
   SimulatedWavePlayer Wav{Loop, Disk, Journal, "wav"};             // sounds

@@ -36,6 +36,7 @@ void FrmPlaylist::DesignSelection() {
   Text(cmdRandomize, "Randomize", "940");
   Text(PrevKey, "Play", "230");
   AvailMP3s.ClickActs = true;
+  SelectedMP3s.ShowsNewest = true;
   RemoveKey.Enabled = false;
   PrevKey.Enabled = false;
 }

@@ -50,18 +50,6 @@ TEST(MemoryDisk, VanishedDirectoryIsAbsentUntilItReturns) {
   EXPECT_EQ(pc.Disk.List("/drive/music", "*"), Names{"a.mp3"});
 }
 
-TEST(MemoryDisk, DeleteRemovesAFileOnceAndIsRefusedOnAProtectedDisk) {
-  SimulatedPc pc;
-  pc.Disk.AddFile("/app/a.sch");
-  pc.Disk.FailWrites("/app");
-  EXPECT_FALSE(pc.Disk.Delete("/app/a.sch"));
-  pc.Disk.Heal("/app");
-  EXPECT_TRUE(pc.Disk.Delete("/app/a.sch"));
-  EXPECT_FALSE(pc.Disk.Delete("/app/a.sch"));
-  EXPECT_EQ(pc.Disk.Search("/app"), "app");
-  EXPECT_EQ(pc.Journal.Text(), "0 delete /app/a.sch\n");
-}
-
 TEST(MemoryProfiles, WrittenValueIsReadBackAndStandsInTheFile) {
   SimulatedPc pc;
   EXPECT_EQ(pc.Profiles.GetString("Main", "Key", "/app/Tolvo.ini", 100), "");

@@ -1,7 +1,6 @@
 #include "desktop/files/directories.h"
 
 #include <mntent.h>
-#include <unistd.h>
 
 #include <QDir>
 #include <algorithm>
@@ -108,7 +107,5 @@ std::vector<std::string> DiskDirectories::Subdirectories(const std::string& dire
     return entry.is_directory(fault);
   });
 }
-
-bool DiskDirectories::Delete(const std::string& path) { return ::unlink(path.c_str()) == 0; }
 
 }  // namespace marlex

@@ -23,7 +23,6 @@ class DiskDirectories : public Directories {
   std::vector<std::string> Drives() const override;
   bool HasDirectory(const std::string& path) const override;
   std::vector<std::string> Subdirectories(const std::string& directory) const override;
-  bool Delete(const std::string& path) override;
 
  private:
   std::string MountTable;

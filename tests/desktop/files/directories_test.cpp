@@ -89,27 +89,9 @@ TEST(Directories, ADirectoryThatMayNotBeEnteredCountsAsEmpty) {
     DiskDirectories directories;
     return BecomeNobody() && directories.List(disk.Path("locked"), "*").empty() &&
            directories.Search(disk.Path("locked/")).empty() &&
-           directories.Search(disk.Path("locked/a.mp3")).empty() &&
-           !directories.Delete(disk.Path("locked/a.mp3"));
+           directories.Search(disk.Path("locked/a.mp3")).empty();
   }));
   ASSERT_EQ(::chmod(disk.Path("locked").c_str(), 0755), 0);
-}
-
-TEST(Directories, DeleteRemovesOneFileAndNeverADirectory) {
-  const TemporaryDirectory disk;
-  disk.Write("a", "");
-  disk.Write("b", "kept");
-  fs::create_directories(disk.Path("empty"));
-  fs::create_symlink("b", disk.Path("link"));
-  DiskDirectories directories;
-  EXPECT_TRUE(directories.Delete(disk.Path("a")));
-  EXPECT_FALSE(directories.Delete(disk.Path("a")));
-  EXPECT_FALSE(directories.Delete(disk.Path("empty")));
-  EXPECT_FALSE(directories.Delete(""));
-  EXPECT_TRUE(directories.Delete(disk.Path("link")));
-  EXPECT_FALSE(fs::exists(disk.Path("a")));
-  EXPECT_TRUE(fs::exists(disk.Path("empty")));
-  EXPECT_EQ(disk.Read("b"), "kept");
 }
 
 TEST(Directories, SubdirectoriesAreSortedAndHiddenOnesLeftOut) {

@@ -14,8 +14,7 @@ namespace marlex {
 /// All windows of the system, painted off screen, with a loop whose time stands still.
 struct Desk {
   VirtualLoop Loop;
-  Journal Log{Loop};
-  MemoryDisk Disk{Log};
+  MemoryDisk Disk;
   Windows Forms{Loop, Disk};
   Views Screen{Forms, Loop};
 
