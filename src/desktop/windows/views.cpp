@@ -12,6 +12,7 @@
 #include "ui_frm_lang_sel.h"
 #include "ui_frm_logo.h"
 #include "ui_frm_main.h"
+#include "ui_frm_playlist.h"
 #include "ui_frm_settings.h"
 #include "ui_wav_window.h"
 
@@ -62,12 +63,14 @@ Views::Views(Windows& windows, EventLoop& loop) {
   ScheduleEditorWindow = Make<QMainWindow>(Ui::WavWindow());
   DirSelWindow = Make<QDialog>(Ui::frmDirSel(), kDialog);
   ChimeSelectWindow = Make<QDialog>(Ui::frmChimeSelect(), kDialog);
+  PlaylistWindow = Make<QMainWindow>(Ui::frmPlaylist());
   Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
   Connect(windows.frmLogo, *LogoWindow, loop, Centre);
   Connect(windows.frmlangSel, *LangSelWindow, loop, Centre);
   Connect(windows.frmAbout, *AboutWindow, loop, Centre);
   Connect(windows.frmSettings, *SettingsWindow, loop, Centre);
   Connect(windows.TheWavWindow, *ScheduleEditorWindow, loop, PlaceEditor);
+  Connect(windows.frmPlaylist, *PlaylistWindow, loop, PlaceEditor);
   ConnectPicker(windows.frmDirSel, *DirSelWindow, loop);
   ConnectPicker(windows.frmChimeSelect, *ChimeSelectWindow, loop);
 }

@@ -26,6 +26,7 @@ class Views {
   QWidget& ScheduleEditor() { return *ScheduleEditorWindow; }
   QWidget& DirSel() { return *DirSelWindow; }
   QWidget& ChimeSelect() { return *ChimeSelectWindow; }
+  QWidget& Playlist() { return *PlaylistWindow; }
 
  private:
   void ConnectPicker(Form& form, QWidget& window, EventLoop& loop);
@@ -39,6 +40,7 @@ class Views {
   std::unique_ptr<QWidget> ScheduleEditorWindow;
   std::unique_ptr<QWidget> DirSelWindow;
   std::unique_ptr<QWidget> ChimeSelectWindow;
+  std::unique_ptr<QWidget> PlaylistWindow;
   std::vector<std::unique_ptr<Binder>> Binders;  // go before the windows
 };
 

@@ -137,6 +137,21 @@ TEST_P(WholeLayout, NothingIsClippedInTheSettingsAndTheirPickers) {
   }
 }
 
+TEST_P(WholeLayout, NothingIsClippedInTheSmallestPlaylistEditor) {
+  Desk desk;
+  FrmPlaylist& playlist = desk.Forms.frmPlaylist;
+  playlist.Load();
+  Texts(GetParam()).Fill(desk.Forms);
+  for (const bool scheduled : {true, false}) {
+    playlist.frMusicTime.Visible = scheduled;
+    playlist.Show();
+    desk.Settle();
+    desk.Screen.Playlist().resize(desk.Screen.Playlist().minimumSizeHint());
+    desk.Settle();
+    ExpectNothingClipped(desk.Screen.Playlist());
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(LongerTexts, WholeLayout, ::testing::Bool());
 
 TEST(Layout, TheMainWindowFitsASmallScreen) {
@@ -147,6 +162,19 @@ TEST(Layout, TheMainWindowFitsASmallScreen) {
   const QSize smallest = desk.Screen.Main().minimumSizeHint();
   EXPECT_LE(smallest.width(), 1024);
   EXPECT_LE(smallest.height(), 700);
+}
+
+TEST(Layout, ThePlaylistEditorFitsASmallScreen) {
+  for (const bool longer : {false, true}) {
+    Desk desk;
+    desk.Forms.frmPlaylist.Load();
+    Texts(longer).Fill(desk.Forms);
+    desk.Forms.frmPlaylist.Show();
+    desk.Settle();
+    const QSize smallest = desk.Screen.Playlist().minimumSizeHint();
+    EXPECT_LE(smallest.width(), 1024);
+    EXPECT_LE(smallest.height(), 700);
+  }
 }
 
 TEST(Layout, TheSettingsDialogFitsASmallScreen) {

@@ -175,6 +175,33 @@ TEST(Pictures, Pickers) {
   Keep(desk.Screen.ChimeSelect(), "chime_picker");
 }
 
+TEST(Pictures, PlaylistEditor) {
+  Desk desk;
+  FrmPlaylist& playlist = desk.Forms.frmPlaylist;
+  playlist.Load();
+  Texts().Fill(desk.Forms);
+  playlist.Show();
+  desk.Settle();
+  Keep(desk.Screen.Playlist(), "playlist_scheduled");
+  playlist.optScheduled[FrmPlaylist::kAutostart].SetValue(true);
+  playlist.frMusicTime.Visible = false;
+  playlist.RemoveKey.Enabled = false;
+  playlist.PrevKey.Enabled = false;
+  desk.Settle();
+  Keep(desk.Screen.Playlist(), "playlist_autostart");
+}
+
+TEST(Pictures, PlaylistEditorWithLongTexts) {
+  Desk desk;
+  desk.Forms.frmPlaylist.Load();
+  Texts(true).Fill(desk.Forms);
+  desk.Forms.frmPlaylist.Show();
+  desk.Settle();
+  desk.Screen.Playlist().resize(desk.Screen.Playlist().minimumSizeHint());
+  desk.Settle();
+  Keep(desk.Screen.Playlist(), "playlist_long_texts");
+}
+
 TEST(Pictures, OpenMenus) {
   Desk desk;
   ShowRouter(desk);

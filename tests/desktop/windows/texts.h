@@ -17,6 +17,7 @@ class Texts {
   void Fill(Windows& forms) {
     Fill(forms.frmMain);
     Fill(forms.frmSettings);
+    Fill(forms.frmPlaylist);
     Stretch(forms.frmDirSel);
     Stretch(forms.frmChimeSelect);
     Languages(forms.frmlangSel);
@@ -65,16 +66,43 @@ class Texts {
     settings.frSound.Visible = false;
   }
 
+  void Fill(FrmPlaylist& playlist) {
+    const std::string days = playlist.Label5.Caption;
+    Stretch(playlist);
+    playlist.Label5.Caption = days;  // letters, in every language
+    playlist.Caption = Word("Music playlist") + " Morning.lst";
+    Songs(playlist.AvailMP3s, 24);
+    Songs(playlist.SelectedMP3s, 8);
+    playlist.SelectedMP3s.SetListIndex(2);
+    playlist.frMusicTime.Visible = true;
+    playlist.optScheduled[FrmPlaylist::kScheduled].SetValue(true);
+    const auto select = [](ComboBox& list, const std::string& text) {
+      list.AddItem(text);
+      list.SetListIndex(0);
+    };
+    select(playlist.cmbStartHours, "08");
+    select(playlist.cmbStartMinutes, "00");
+    select(playlist.cmbStopHours, "18");
+    select(playlist.cmbStopMinutes, "30");
+    for (int day = 0; day < 5; ++day) playlist.chkDays[day].Value = 1;
+    playlist.RemoveKey.Enabled = true;
+    playlist.PrevKey.Enabled = true;
+  }
+
   void Songs(FrmMain& main) {
+    Songs(main.lstPlaylist, 24);
+    main.lstPlaylist.SetListIndex(3);
+    main.lstPlaylist.ToolTipText = "Double-click to play song";
+  }
+
+  void Songs(ListBox& list, int count) {
     const char* songs[] = {"Evening walk",   "Harbour lights", "Blue tram",       "Morning market",
                            "Paper lanterns", "Slow river",     "Garden of glass", "First snow",
                            "Two bicycles",   "Sunday radio",   "Window seat",     "North wind"};
-    for (int song = 1; song <= 24; ++song) {
+    for (int song = 1; song <= count; ++song) {
       const std::string number = (song < 10 ? "0" : "") + std::to_string(song);
-      main.lstPlaylist.AddItem(number + " " + songs[song * 5 % 12]);
+      list.AddItem(number + " " + songs[song * 5 % 12]);
     }
-    main.lstPlaylist.SetListIndex(3);
-    main.lstPlaylist.ToolTipText = "Double-click to play song";
   }
 
   void Heading(Grid& grid) {
