@@ -125,5 +125,29 @@ TEST(ScheduleEditor, AConflictIsMadeFoundAndCured) {
   EXPECT_TRUE(desk.Await("frmMain.lblConflict", "visible", "no"));
 }
 
+TEST(PlaylistEditor, APlaylistIsComposedShuffledSavedOpenedAndHeard) {
+  EditorDesk desk(TwoSongs(60));
+  desk.Start();
+  ASSERT_TRUE(desk.Choose("frmMain.mnuEdit", "mnuPlaylist"));
+  ASSERT_TRUE(desk.Await("frmPlaylist.AvailMP3s", "rows", "2"));
+  ASSERT_TRUE(desk.Click("frmPlaylist.cmdSelectAll"));
+  ASSERT_TRUE(desk.Await("frmPlaylist.SelectedMP3s", "rows", "2"));
+  ASSERT_TRUE(desk.Click("frmPlaylist.cmdRandomize"));
+  ASSERT_TRUE(desk.Await("frmPlaylist.SelectedMP3s", "rows", "2"));
+  ASSERT_TRUE(desk.Click("frmPlaylist.AvailMP3s 1"));
+  ASSERT_TRUE(desk.Await("frmPlaylist.SelectedMP3s", "rows", "3"));
+  ASSERT_TRUE(desk.Choose("frmPlaylist.mnuFile", "frmPlaylist.mnuSave"));
+  ASSERT_TRUE(desk.ChooseFile("Mine.lst"));
+  ASSERT_TRUE(desk.Await("frmPlaylist", "visible", "no"));
+  const std::string saved = desk.ReadFile("Mine.lst");
+  EXPECT_THAT(saved, HasSubstr("Song:3=Second\r\n"));
+  EXPECT_THAT(saved, HasSubstr("Autostart=True\r\n"));
+  ASSERT_TRUE(desk.Choose("frmMain.mnuFile", "frmMain.mnuOpen"));
+  ASSERT_TRUE(desk.ChooseFile("Mine.lst"));
+  ASSERT_TRUE(desk.Await("frmMain.lstPlaylist", "rows", "3"));
+  const bool firstComesFirst = saved.find("Song:1=First") != std::string::npos;
+  EXPECT_TRUE(desk.AwaitTone(firstComesFirst ? kFirstSong : kSecondSong));
+}
+
 }  // namespace
 }  // namespace marlex
