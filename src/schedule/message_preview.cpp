@@ -37,8 +37,10 @@ void MessagePreview::RequestStop() {
 
 void MessagePreview::Close() {
   ++Closings;
+  const bool playerIsOthers = TheFlags.CallActive || TheFlags.MessagePlaying;
+  if (HasPlayed && !playerIsOthers) TheFrmPlayers.WavPlayer.Command("Close");
+  HasPlayed = false;
   if (!Playing) return;
-  TheFrmPlayers.WavPlayer.Command("Close");
   PreviewStopRequested = true;
   TheFlags.WavFinished = true;
 }
@@ -56,7 +58,7 @@ void MessagePreview::Play() {
   Window.RemAll_Key.Enabled = false;
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MessageVolume;
   const int closings = Closings;
-  Playing = true;
+  Playing = HasPlayed = true;
   PlayMessages();
   Playing = false;
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MusicVolume;

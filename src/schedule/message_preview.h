@@ -45,7 +45,8 @@ class MessagePreview {
   MusicPlayer& Music;
   const StringTable& Strings;
   bool Playing = false;
-  int Closings = 0;  // of the editor; a preview of an earlier one leaves its controls alone
+  bool HasPlayed = false;  // since the opening; a stop may have left its message sounding
+  int Closings = 0;        // of the editor; a preview of an earlier one leaves its controls alone
 };
 
 }  // namespace marlex

@@ -55,5 +55,17 @@ TEST(FoundDays, ATickThatTheEndOfASongSwitchesOnMissesNoMinute) {
   EXPECT_EQ(desk.Sys->Tick.LastMinute, "12:02");
 }
 
+TEST(FoundDays, APreviewWhoseStopThePlayerDidNotUnderstandEndsWithTheEditor) {
+  WatchedDesk desk({.Language = "Italian"}, nullptr);
+  WavWindow& editor = desk.Sys->TheWindows.TheWavWindow;
+  desk.Click("mnuSchedule");
+  desk.Choose(editor.AvailWavs, "welcome");
+  desk.Click("PrevKey");
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Pc.Wav.Mode(), kWavePlaying);
+  desk.Do([&] { editor.Close(); });
+  EXPECT_NE(desk.Pc.Wav.Mode(), kWavePlaying);
+}
+
 }  // namespace
 }  // namespace marlex
