@@ -24,9 +24,11 @@ void SimulatedDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChose
   FileDialogs.push_back(dialog);
   Log.Write(dialog.Save ? "save" : "open", dialog.Filter);
   FileDialogStands = true;
-  LeaveStanding([this, onChosen = std::move(onChosen)] {
+  LeaveStanding([this, onChosen = std::move(onChosen), saves = dialog.Save] {
     FileDialogStands = false;
-    Loop.Post([onChosen, result = NextOpenResult()] { onChosen(result); });
+    const std::string result = NextOpenResult();
+    if (saves) LastSavePath = result;
+    Loop.Post([onChosen, result] { onChosen(result); });
   });
 }
 

@@ -46,6 +46,9 @@ class SimulatedDialogs : public Dialogs {
   /// an empty list.
   std::deque<std::string> OpenResults;
 
+  /// Path that the last save dialog that was answered has given.
+  std::string LastSavePath;
+
   /// All boxes and file dialogs that were shown, the last one last.
   std::vector<MessageBox> Boxes;
   std::vector<FileDialog> FileDialogs;

@@ -125,6 +125,12 @@ void Desk::RunTo(int hour, int minute, int second) {
   Pc.Loop.RunFor(((seconds + kDaySeconds) % kDaySeconds) * 1000);
 }
 
+/// The keys of the interval panel go with it.
+bool Desk::OnHiddenPanel(const Control& control) {
+  const WavWindow& editor = Sys->TheWindows.TheWavWindow;
+  return (&control == &editor.cmdOK || &control == &editor.cmdCancel) && !editor.frInterval.Visible;
+}
+
 template <class T>
 T* Desk::Look(const std::string& name) {
   Windows& windows = Sys->TheWindows;
@@ -137,6 +143,7 @@ T* Desk::Look(const std::string& name) {
     if (!form->Visible) continue;
     for (Control* control : form->Controls) {
       auto* found = dynamic_cast<T*>(control);
+      if (OnHiddenPanel(*control)) continue;
       if (found && control->ObjectName() == name) return found;
     }
   }

@@ -128,6 +128,7 @@ class Desk {
  private:
   void LayOut(const DeskOptions& options);
   void MakeSystem();
+  bool OnHiddenPanel(const Control& control);
   template <class T>
   T* Look(const std::string& name);
   template <class T>

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "scenario/dice.h"
+#include "scenario/editor_hands.h"
 #include "scenario/random_installation.h"
 #include "scenario/settings_hands.h"
 
@@ -76,9 +77,9 @@ Deed DrawZoneKey(Dice& dice) {
 }
 
 Deed DrawMenu(Dice& dice) {
-  static const Texts menus{"mnuAllDays", "mnuCurrentDay", "mnuScheduleName", "mnuAboutbox",
-                           "cmdOK",      "mnuPlaylist",   "mnuSchedule",     "mnuSettings",
-                           "mnuFKeys",   "mnuAdresses"};
+  static const Texts menus{"mnuAllDays",  "mnuCurrentDay", "mnuScheduleName",
+                           "mnuAboutbox", "cmdOK",         "mnuPlaylist",
+                           "mnuSettings", "mnuFKeys",      "mnuAdresses"};
   if (dice.OneIn(20)) return ClickOn("mnuClose");
   if (dice.OneIn(30)) return ClickOn("mnuExit");
   if (dice.OneIn(20)) return ClickOn("optLanguage_" + std::to_string(dice.Between(0, 13)));
@@ -289,7 +290,8 @@ class Luck {
       {SetThingsRight, 6}, {DrawKey, 15},          {DrawZoneKey, 5},    {DrawMenu, 9},
       {DrawFileDialog, 5}, {DrawListHand, 11},     {DrawTableHand, 9},  {DrawBytes, 6},
       {DrawCall, 14},      {DrawFault, 8},         {DrawClock, 5},      {DrawAnswer, 6},
-      {DrawEnd, 2},        {DrawSettingsHand, 12}, {DrawPickerHand, 7}, {DrawTalk, 16}};
+      {DrawEnd, 2},        {DrawSettingsHand, 12}, {DrawPickerHand, 7}, {DrawTalk, 16},
+      {DrawEditorHand, 25}};
 
   Dice& TheDice;
   std::vector<Draw> Kinds;

@@ -29,6 +29,15 @@ void WatchedDesk::NoteCorners() {
   note(Pc.Dialogs.FileDialogIsOpen() && flags.MessagePlaying, "a file dialog over a message");
   note(Before.SettingsShown && flags.FadeRunning, "the settings over a fade");
   note(Before.SettingsShown && flags.MessagePlaying, "the settings over a message");
+  note(Before.EditorOpen && flags.FadeRunning, "the editor over a fade");
+  note(Before.EditorOpen && flags.MessagePlaying, "the editor over a message");
+  note(Before.EditorOpen && flags.CallActive, "the editor over a call");
+  note(Before.EditorOpen && flags.MessageAwaitingSongEnd, "the editor before a music break");
+  note(!EditorIsOpen() && Before.EditorOpen && flags.MessagePlaying,
+       "an editor that closes in a message");
+  note(takenOver && Before.EditorOpen, "a takeover in the editor");
+  note(PreviewSounds, "a preview");
+  note(Before.PreviewSounds && flags.CallActive, "a call over a preview");
   note(Sys->TheWindows.frmDirSel.Visible && flags.MessagePlaying,
        "a directory picker over a message");
   note(Sys->TheWindows.frmChimeSelect.Visible && flags.CallActive, "a chime picker over a call");

@@ -46,7 +46,7 @@ void WatchedDesk::Arm() {
   Before.Bytes = Pc.Serial.Sent().size();
   MasterHasSounded = ZonesLeftBehind = SongPressed = LevelChanged = false;
   TickOffByCall = CallStands = CallCutShort = KeysLeftDead = CallOverMessage = false;
-  EditorOverWaitingRow = ViewOwed = false;
+  EditorOverWaitingRow = ViewOwed = PreviewSounds = KeyHeld[0] = KeyHeld[1] = false;
   CallOverWaitingRow = WavOfCall = FadeOfCall = CallWasPressed = false;
   TickBegunInWaits.reset();
   WavReportedAtMs.reset();
@@ -71,6 +71,8 @@ void WatchedDesk::Check() {
     CheckPriority();
     CheckMixer();
     CheckMicrophone();
+    CheckPreview();
+    CheckSave();
     CheckFiringRow();
     CheckMinute();
     CheckDueRow();
@@ -100,6 +102,9 @@ void WatchedDesk::Remember() {
   Before.MainShown = Main().Visible;
   Before.SettingsShown = Sys->TheWindows.frmSettings.Visible;
   Before.EditorOpen = EditorIsOpen();
+  Before.Fields = ReadFields();
+  Before.PreviewSounds = PreviewSounds;
+  Before.Writing = Sys->TheWindows.TheWavWindow.tmrWriteDelay.Enabled;
   Before.AllDaysTicked = Main().mnuAllDays.Checked;
   Before.StoppedByUser = State().MusicStoppedByUser;
   Before.Overridden = State().MusicStopOverridden;
@@ -187,6 +192,7 @@ void WatchedDesk::CheckMicrophone() {
   if (Pc.Mixer.HasMissed(kComponentMicrophone, kControlMute)) return;
   if (Pc.Mixer.Muted(kComponentMicrophone)) return;
   Require(State().CallActive, "The microphone is open without a call");
+  Require(KeyHeld[0] || KeyHeld[1], "The microphone is open without a held key");
   Require(KeySays(kStrSpeak), "The microphone is open, and the keys do not say so");
   Require(!State().PriorityPreempted, "The microphone is open under a takeover");
 }
@@ -380,7 +386,8 @@ void WatchedDesk::CheckRest() {
   if (State().CallActive) return;  // it speaks
   Require(!State().FadeRunning || FadeOfCall, "At rest, and a fade runs");
   Require(!State().MessagePlaying, "At rest, and messages play");
-  Require(Pc.Wav.Mode() != kWavePlaying || WavOfCall, "At rest, and a message sounds");
+  Require(Pc.Wav.Mode() != kWavePlaying || WavOfCall || PreviewSounds,
+          "At rest, and a message sounds");
   CheckKeysAtRest();
   CheckZonesAtRest();
 }
@@ -418,8 +425,10 @@ void WatchedDesk::StrikeCallKey(int key, bool down) {
   CommandButton& button = key == 1 ? Main().cmdCall : Main().cmdCall2;
   if (!Main().Visible) return;
   RememberCall();  // a nested stroke may be the first event of a call
+  if (!down) KeyHeld[key - 1] = false;
   if (!down) return button.OnMouseUp(MouseButton::Left);
   if (!button.Enabled || !button.Visible) return;
+  KeyHeld[key - 1] = true;
   const Flags& flags = State();
   if (!flags.CallActive && !flags.PriorityPreempted && flags.PriorityClear) {
     CallWasPressed = TickOffByCall = true;

@@ -70,6 +70,9 @@ class WatchedDesk : public Desk {
   bool IsOperatorsFault(const std::string& failure);
   void CheckEditor();
   void CheckView();
+  void CheckPreview();
+  void CheckSave();
+  std::vector<std::string> ReadFields();
   void RememberCall();
   void NoteCorners();
   bool LevelsAgree(int line, std::uint32_t componentType);
@@ -112,6 +115,9 @@ class WatchedDesk : public Desk {
     bool MainShown = false;
     bool SettingsShown = false;
     bool EditorOpen = false;
+    bool PreviewSounds = false;
+    std::vector<std::string> Fields;  // of the editor
+    bool Writing = false;             // the editor has just saved
     bool AllDaysTicked = false;
     bool StoppedByUser = false;
     bool Overridden = false;
@@ -136,6 +142,8 @@ class WatchedDesk : public Desk {
   bool CallOverMessage = false;       // which it has cut off
   bool EditorOverWaitingRow = false;  // which its closing leaves with the tick on
   bool ViewOwed = false;              // all days, as the view menus say or the editor found it
+  bool PreviewSounds = false;         // the WAV is the editor's
+  bool KeyHeld[2] = {};               // the call keys
   bool WavOfCall = false;             // a WAV of the call's time sounds
   bool FadeOfCall = false;            // a fade runs whose wait a release has ended
   bool MasterHasSounded = false;      // since the start of the program

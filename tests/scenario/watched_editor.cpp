@@ -29,7 +29,9 @@ void WatchedDesk::CheckEditor() {
   const bool opened = EditorIsOpen() && !Before.EditorOpen;
   const bool closed = !EditorIsOpen() && Before.EditorOpen;
   if (opened) Require(!tickOn, "The editor opens, and the tick is on");
-  if (opened) TickBegunInWaits.reset();  // it is off, and not by a row
+  // Either way the tick's timer no longer tells whether a row has fired.
+  if (opened || closed) TickBegunInWaits.reset();
+  if (opened || closed) Before.LastMinute = Sys->Tick.LastMinute;
   if (closed) Require(tickOn, "The editor has closed, and the tick is off");
   if (EditorIsOpen() && tickOn && !Before.TickOn) {
     const bool called = Before.CallActive || TickOffByCall || CallStands;
@@ -49,6 +51,50 @@ void WatchedDesk::CheckView() {
   if (!Before.EditorOpen && (menu != Before.AllDaysTicked || !Before.MainShown)) ViewOwed = menu;
   if (!EditorIsOpen())
     Require(Values().AllDaysView == ViewOwed, "The view is not what the menus have made it");
+}
+
+/// A preview gives way to a call, and ends with the editor. In a language whose word for closing is
+/// no command its stop leaves the message sounding.
+void WatchedDesk::CheckPreview() {
+  const auto& lines = Pc.Journal.Lines();
+  for (std::size_t line = std::min(Before.Lines, lines.size()); line < lines.size(); ++line) {
+    if (lines[line].find(" wav play ") == std::string::npos) continue;
+    const bool called = State().CallActive || Before.CallActive || TickOffByCall || CallStands;
+    PreviewSounds = EditorIsOpen() && !State().MessagePlaying && !called;
+  }
+  PreviewSounds = PreviewSounds && Pc.Wav.Mode() == kWavePlaying;
+  if (!PreviewSounds) return;
+  Require(EditorIsOpen(), "A preview sounds, and the editor is closed");
+  Require(!State().CallActive, "A preview sounds under a call");
+}
+
+/// What the operator has set, in the order of the file.
+std::vector<std::string> WatchedDesk::ReadFields() {
+  if (!EditorIsOpen()) return {};
+  WavWindow& editor = Sys->TheWindows.TheWavWindow;
+  std::string days;
+  for (const auto& day : editor.WkDays)
+    days += static_cast<char>(day->Value != 0 ? '1' + day->Index : '0');
+  return {editor.txtHours.Text, editor.txtMinutes.Text, days, BuildZoneText(editor),
+          editor.optExact.Value() ? "Exact" : "Between"};
+}
+
+/// The pause behind a save begins when all six values are in its file, or when it was cancelled. An
+/// event in the pause may have changed the fields already.
+void WatchedDesk::CheckSave() {
+  const std::string& file = Pc.Dialogs.LastSavePath;
+  const bool writing = Sys->TheWindows.TheWavWindow.tmrWriteDelay.Enabled;
+  if (Before.Writing || !writing || file.empty() || Before.Fields.empty()) return;
+  std::vector<std::string> fields = Before.Fields;
+  fields.insert(fields.begin(), Sys->Editor.MessagesText);
+  constexpr std::array kKeys{"Message(s)", "Hour(s)", "Minute(s)",
+                             "Weekday(s)", "Zone(s)", "Timer"};
+  constexpr std::size_t kLongestValue = 1499;
+  for (std::size_t key = 0; key < kKeys.size(); ++key) {
+    Require(Setting("Schedule", kKeys[key], file) == fields[key].substr(0, kLongestValue),
+            std::string("A save has not written ") + kKeys[key]);
+  }
+  ++Corners["a save"];
 }
 
 }  // namespace marlex
