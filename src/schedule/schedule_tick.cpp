@@ -21,9 +21,9 @@ ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, Frm
 
 void ScheduleTick::Tick() {
   if (!AcceptMinute()) return;
-  // A call goes before all; its minute is lost. It may also have begun in the fade of the music's
-  // stop.
-  if (!TheFlags.PriorityClear || TheFlags.CallActive) return;
+  // The minute of a call or of an announcement is lost, also when the closing of an editor has
+  // switched the timer on under it. A call may also have begun in the fade of the music's stop.
+  if (!TheFlags.PriorityClear || TheFlags.CallActive || TheFlags.MessagePlaying) return;
   Music.CheckMusicStart();
   Music.CheckMusicStop();
   if (TheFlags.CallActive) return;

@@ -366,5 +366,22 @@ TEST(SequenceEditor, OpenedASecondTimeItOnlyComesToTheFront) {
   EXPECT_FALSE(desk.Values().AllDaysView);
 }
 
+TEST(SequenceEditor, ClosedUnderAnAnnouncementItLetsNoOtherBeginInItsMidst) {
+  EditorDesk desk({.Sequences = {{.Messages = "alarm,alarm,alarm,alarm,alarm,alarm"},
+                                 {.File = "next.sch", .Messages = "gong", .Minutes = "02"}}});
+  desk.Click("mnuExit");
+  desk.RunTo(12, 1, 5);
+  ASSERT_TRUE(desk.State().MessagePlaying);
+  desk.Click("mnuSchedule");
+  desk.Click("mnuExit");
+  desk.Pc.Journal.Clear();
+  desk.RunTo(12, 2, 5);
+  EXPECT_EQ(desk.Journal().find("gong"), std::string::npos);
+  desk.Advance(120'000);
+  EXPECT_FALSE(desk.State().MessagePlaying);
+  EXPECT_EQ(desk.Journal().find("gong"), std::string::npos);
+  EXPECT_TRUE(desk.Sys->TheFrmPlayers.tmrMessage.Enabled);
+}
+
 }  // namespace
 }  // namespace marlex
