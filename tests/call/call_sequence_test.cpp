@@ -190,13 +190,33 @@ TEST(CallSequence, WithoutAMicrophoneItIsTheSameAndTouchesNoMicrophone) {
     desk.Do([&desk, press] { press ? desk.Sys->Call.StartCall() : desk.Sys->Call.EndCall(); });
   };
   key(true);
+  desk.AdvanceTo(500);
+  EXPECT_EQ(desk.Heard(), "wav chime.wav at 10000");
   desk.AdvanceTo(2000);
   key(false);
+  desk.AdvanceTo(2100);
+  EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
   desk.AdvanceTo(4000);
   EXPECT_EQ(desk.Journal().find("microphone"), std::string::npos);
   desk.Pc.Journal.Mute("mixer");
   EXPECT_NE(desk.Journal().find("2000 wav play gong.wav\n"), std::string::npos);
+  EXPECT_FALSE(desk.MuteCheck(0));
   EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
+/// The line of a microphone that is not there has the number of the master.
+TEST(CallSequence, WithoutAMicrophoneOnlyAChimeTouchesTheMaster) {
+  for (const bool chimes : {false, true}) {
+    CallDesk desk({.Microphone = false, .PreChime = chimes ? "chime" : ""}, kSilent);
+    ASSERT_TRUE(desk.MuteCheck(0));  // as the start has left it
+    desk.Do([&] { desk.Sys->Call.StartCall(); });
+    desk.AdvanceTo(2000);
+    EXPECT_EQ(desk.Text("cmdCall"), "Speak");
+    EXPECT_EQ(desk.MuteCheck(0), !chimes);
+    desk.Do([&] { desk.Sys->Call.EndCall(); });
+    desk.AdvanceTo(4000);
+    EXPECT_EQ(desk.MuteCheck(0), !chimes);
+  }
 }
 
 TEST(CallSequence, WithTheOtherAmplifierNoByteIsSentAndTheSecondKeyCalls) {
@@ -212,6 +232,27 @@ TEST(CallSequence, WithTheOtherAmplifierNoByteIsSentAndTheSecondKeyCalls) {
             "529 song pause\n529 wav play chime.wav\n1529 wav end chime.wav\n"
             "3000 wav play gong.wav\n3800 wav end gong.wav\n3800 song resume march.mp3\n");
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
+TEST(CallSequence, AZoneThatIsChosenForItInItsMidstCountsFromTheNextOneOn) {
+  for (const int clickMs : {600, 1200, 3000}) {  // before the byte, in the chime, in the speech
+    SCOPED_TRACE(clickMs);
+    CallDesk desk;
+    desk.Pc.Journal.Only({"send"});
+    desk.PressAt(0);
+    desk.AdvanceTo(clickMs);
+    desk.Click("cmdCallZone_3");
+    EXPECT_EQ(desk.Setting("Routing", "Call routing"), "001100");
+    desk.AdvanceTo(5000);
+    EXPECT_EQ(desk.LitZones(), "001000");
+    desk.ReleaseAt(5000);
+    desk.PressAt(10'000);
+    desk.AdvanceTo(14'000);
+    EXPECT_EQ(desk.LitZones(), "001100");
+    desk.ReleaseAt(15'000);
+    desk.AdvanceTo(20'000);
+    EXPECT_EQ(desk.Journal(), "729 send 68\n5800 send 0\n10729 send 76\n15800 send 0\n");
+  }
 }
 
 TEST(CallSequence, OnlyTheLeftButtonCalls) {
