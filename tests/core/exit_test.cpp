@@ -45,6 +45,32 @@ void OpenFileDialog(Desk& desk) {
   ASSERT_EQ(desk.Pc.Dialogs.OpenBoxCount(), open + 1);
 }
 
+/// The key of the amplifier's own place on the main window.
+const char* CallKey(Desk& desk) { return desk.Values().RouterPresent ? "cmdCall" : "cmdCall2"; }
+
+/// Presses the key over music and holds it for so long: the fade is over after half a second, and
+/// the chime takes one.
+void Call(Desk& desk, int heldMs) {
+  desk.Click("cmdPlay");
+  desk.Advance(1000);
+  desk.Press(CallKey(desk));
+  desk.Advance(heldMs);
+  ASSERT_TRUE(desk.State().CallActive);
+}
+
+void ReachSpeech(Desk& desk) {
+  Call(desk, 3000);
+  ASSERT_EQ(desk.Text(CallKey(desk)), "Speak");
+  ASSERT_FALSE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
+}
+
+void ReachPostChime(Desk& desk) {
+  ReachSpeech(desk);
+  desk.Release(CallKey(desk));
+  desk.Advance(400);
+  ASSERT_EQ(desk.Heard(), "wav gong.wav at 10000");
+}
+
 const std::vector<Midst> kMidsts = {
     {"nothing", [](Desk&) {}},
     {"music", [](Desk& desk) { desk.Click("cmdPlay"); }},
@@ -81,10 +107,33 @@ const std::vector<Midst> kMidsts = {
        desk.Status(192);
        ASSERT_TRUE(desk.State().PriorityPreempted);
      }},
+    {"the fade of a call",
+     [](Desk& desk) {
+       Call(desk, 200);
+       ASSERT_TRUE(desk.State().FadeRunning);
+     }},
+    {"the chime of a call",
+     [](Desk& desk) {
+       Call(desk, 1000);
+       ASSERT_EQ(desk.Heard(), "wav chime.wav at 10000");
+     }},
+    {"the speech of a call", ReachSpeech},
+    {"the second chime of a call", ReachPostChime},
+    {"the fade back of a call",
+     [](Desk& desk) {
+       ReachPostChime(desk);
+       desk.Advance(600);
+       ASSERT_TRUE(desk.State().FadeRunning);
+     }},
 };
 
 DeskOptions Shop(bool router) {
-  return {.Music = {{"march"}}, .Sequences = {{.Minutes = "01"}}, .Router = router};
+  return {.Music = {{"march"}},
+          .Messages = {{"welcome", 3000}, {"chime", 1000}, {"gong", 800}},
+          .Sequences = {{.Minutes = "01"}},
+          .Router = router,
+          .PreChime = "chime",
+          .PostChime = "gong"};
 }
 
 const auto kNobodyAnswers = [](SimulatedPc& pc) {
