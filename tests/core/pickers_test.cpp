@@ -248,6 +248,33 @@ TEST(ChimePicker, ANameOfTwoPointsIsCutAtItsFirst) {
   EXPECT_EQ(desk.Text("lblPreChime"), "ding");
 }
 
+TEST(ChimePicker, SuchAChimeIsNotFoundByACallWhichOpensWithoutIt) {
+  Picking desk([](SimulatedPc& pc) { pc.Disk.AddWav("/messages/ding.dong.wav", 1000); });
+  desk.Click("chkPreChime");
+  desk.Click("cmdPreSelect");
+  desk.Choose(desk.ChimeSelect().lstChimeList, "ding.dong.wav");
+  desk.Click("cmdOK");
+  desk.Click("cmdOK");  // of the settings
+  desk.Pc.Journal.Only({"wav"});
+  const auto call = [&desk] {
+    desk.TakeJournal();
+    desk.Press("cmdCall");
+    desk.Advance(100);
+    const std::string begin = desk.Text("cmdCall") + ", " + desk.Heard();
+    desk.Advance(2000);
+    EXPECT_EQ(desk.Text("cmdCall"), "Speak");
+    EXPECT_FALSE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
+    desk.Release("cmdCall");
+    desk.Advance(1000);
+    return begin + "\n" + desk.Journal();
+  };
+  EXPECT_EQ(call(), "Speak, microphone at 15000\n0 wav refuse ding.wav\n");
+  desk.Values().PreChime = "ding.dong";
+  EXPECT_EQ(call(),
+            "Wait, wav ding.dong.wav at 10000\n"
+            "0 wav play ding.dong.wav\n1000 wav end ding.dong.wav\n");
+}
+
 TEST(ChimePicker, AnEmptyDirectoryOffersNothing) {
   Picking desk([](SimulatedPc& pc) { pc.Disk.AddDirectory("/empty"); });
   desk.Values().MessageDirectory = "/empty/";

@@ -311,13 +311,31 @@ TEST(SettingsDialog, AChimeThatIsNotCheckedIsEmptied) {
 }
 
 TEST(SettingsDialog, ACheckWithNothingPickedWritesAnEmptyChime) {
-  SettingsDesk desk;
+  SettingsDesk desk({}, [](SimulatedPc& pc) {
+    std::string ini = *pc.Disk.Read(Desk::kIni);
+    const std::string key = "PreChime=\r\n";
+    pc.Disk.AddFile(Desk::kIni, ini.erase(ini.find(key), key.size()));
+  });
   desk.Open();
   desk.Click("chkPreChime");
+  desk.Pc.Journal.Only({"write"});
   desk.Click("cmdOK");
-  EXPECT_EQ(desk.Values().PreChime, "");
-  EXPECT_EQ(desk.Setting("Chime selection", "PreChime"), "");
-  EXPECT_NE(desk.Pc.Disk.Read(Desk::kIni)->find("PreChime="), std::string::npos);
+  EXPECT_NE(desk.Journal().find(" write Tolvo.ini [Chime selection] PreChime=\n"),
+            std::string::npos);
+  EXPECT_NE(desk.Pc.Disk.Read(Desk::kIni)->find("\r\nPreChime=\r\n"), std::string::npos);
+  desk.Pc.Journal.Only({"wav"});
+  for (const bool restarted : {false, true}) {
+    SCOPED_TRACE(restarted);
+    if (restarted) desk.Restart();
+    EXPECT_EQ(desk.Values().PreChime, "");
+    desk.TakeJournal();
+    desk.Press("cmdCall");
+    EXPECT_EQ(desk.Text("cmdCall"), "Speak");
+    desk.Advance(3000);
+    desk.Release("cmdCall");
+    desk.Advance(3000);
+    EXPECT_EQ(desk.Journal(), "");
+  }
 }
 
 /// The value in memory is not the label's; the next start has none.
