@@ -58,6 +58,17 @@ class CallDesk : public Desk {
   }
 };
 
+/// Out of its full level and back to it the song goes in half a second, so that 200 ms from where
+/// it is no longer heard, or is again, it is neither loud nor gone.
+void ExpectFades(const Recording& heard, const std::vector<Span>& song, double fullDb) {
+  EXPECT_NEAR(heard.TypicalLevelDb(heard.EndTime() - 0.5, heard.EndTime()), fullDb, 0.5);
+  for (const double midst : {song[0].To - 0.2, song[1].From + 0.2}) {
+    const double level = heard.ToneDb(kFirstSong, midst - 0.025, midst + 0.025);
+    EXPECT_LT(level, fullDb - 2);
+    EXPECT_GT(level, kHeardDb);
+  }
+}
+
 TEST(Call, OverMusicIsFadeChimeVoiceChimeAndFadeInThisOrderWithoutAGapOrALeak) {
   const stage::InstallationFiles files = WithChimes();
   CallDesk desk(files);
@@ -87,6 +98,8 @@ TEST(Call, OverMusicIsFadeChimeVoiceChimeAndFadeInThisOrderWithoutAGapOrALeak) {
   EXPECT_NEAR(voice[0].From, chime[0].To, kGap);
   EXPECT_NEAR(gong[0].From, voice[0].To, kGap);
   EXPECT_GT(song[1].From, gong[0].To);
+  EXPECT_LT(song[1].From - gong[0].To, 0.6);
+  ExpectFades(heard, song, kToneDb + stage::LineDb(files.MusicVolume));
   EXPECT_NEAR(voice[0].To, released, kGap);
   EXPECT_NEAR(heard.TypicalLevelDb(voice[0].From + 0.3, voice[0].To - 0.3),
               kToneDb + stage::LineDb(files.MicroVolume), 0.5);
