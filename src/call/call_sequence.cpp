@@ -47,6 +47,7 @@ void CallSequence::CutMessagesOff() {
   TheFrmPlayers.lstMsgSequence.Clear();
   TheFrmPlayers.tmrMessage.Enabled = false;
   TheFlags.CallActive = true;
+  CutPreviewOff();
   ++Calls;
   PreChimeStarted = false;
   PastItsFade = false;

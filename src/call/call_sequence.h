@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "i18n/string_table.h"
@@ -24,6 +25,9 @@ class CallSequence {
   CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
                FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer, ZoneRouting& routing,
                Fades& fades, MusicPlayer& music, const StringTable& strings);
+
+  /// A preview that plays ends; wired at composition.
+  std::function<void()> CutPreviewOff;
 
   void StartCall();  // a call key is pressed
   void EndCall();    // and released

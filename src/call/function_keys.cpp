@@ -19,26 +19,32 @@ void FunctionKeys::mnuFKeys_Click() {
 }
 
 /// An entry that is empty leaves the messages and the zones of the key before on the screen, and
-/// they are saved with this one. This is meant.
+/// they are saved with this one. This is meant. Zones that are too short are a RuntimeFailure, and
+/// the key before stays chosen.
 void FunctionKeys::mnuFKey_Click(int key) {
-  Window.mnuSave.Enabled = true;
-  CurrentFunctionKey = key;
-  Window.Caption = "Function key programming: F" + std::to_string(key);
-  Editor.MessagesText = Store.ReadProfileValue(Section(), "Schedule", File());
-  if (!Editor.MessagesText.empty()) Messages.LoadSelectedMessages(Editor.MessagesText);
-  const std::string zones = Store.ReadProfileValue(Section(), "Routing", File());
+  const auto read = [&](const char* name) {
+    return Store.ReadProfileValue(Section(key), name, File());
+  };
+  const std::string messages = read("Schedule");
+  const std::string zones = read("Routing");
   if (!zones.empty()) ApplyZoneText(Window, zones);
-  Window.txtDescription.Text = Store.ReadProfileValue(Section(), "Description", File());
+  CurrentFunctionKey = key;
+  Window.mnuSave.Enabled = true;
+  Window.Caption = "Function key programming: F" + std::to_string(key);
+  Editor.MessagesText = messages;
+  if (!messages.empty()) Messages.LoadSelectedMessages(messages);
+  Window.txtDescription.Text = read("Description");
 }
 
 /// Nothing is checked, and the editor stays open. A key without messages has no zones either.
 void FunctionKeys::Save() {
   Editor.MessagesText = Messages.BuildMessagesText();
   const std::string zones = Editor.MessagesText.empty() ? "" : BuildZoneText(Window);
+  const std::string section = Section(CurrentFunctionKey);
   const bool written =
-      Store.WriteProfileValues({{Section(), "Schedule", Editor.MessagesText},
-                                {Section(), "Routing", zones},
-                                {Section(), "Description", Window.txtDescription.Text}},
+      Store.WriteProfileValues({{section, "Schedule", Editor.MessagesText},
+                                {section, "Routing", zones},
+                                {section, "Description", Window.txtDescription.Text}},
                                File());
   if (!written) Editor.TellNotSaved(File());
 }
@@ -47,8 +53,6 @@ std::string FunctionKeys::File() const {
   return JoinPath(Store.ApplicationDirectory(), "Functionkeys.ini");
 }
 
-std::string FunctionKeys::Section() const {
-  return "Function key " + std::to_string(CurrentFunctionKey);
-}
+std::string FunctionKeys::Section(int key) { return "Function key " + std::to_string(key); }
 
 }  // namespace marlex

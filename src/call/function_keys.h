@@ -24,7 +24,7 @@ class FunctionKeys {
   void mnuFKey_Click(int key);
   void Save();
   std::string File() const;
-  std::string Section() const;
+  static std::string Section(int key);
 
   SettingsStore& Store;
   WavWindow& Window;

@@ -52,6 +52,7 @@ System::System(const Pc& pc)
       StartUp_(ThePc, Store, TheWindows, Strings, Loader) {
   // The calls that run upwards.
   Dialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
+  Call.CutPreviewOff = [this] { Preview.GiveWay(); };
   Link.PlaySong = [this] { Music.PlaySong(); };
   Music.PlayMessageWavs = [this] { Wavs.PlayMessageWavs(); };
   pc.Loop.OnFailure = [this](const RuntimeFailure& failure) {

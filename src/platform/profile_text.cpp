@@ -52,14 +52,15 @@ class LineReader {
 
  private:
   /// CR LF is one line end, however many CR some editor left in front of the LF.
-  std::size_t BehindLineEnd(std::size_t end) const {
-    const std::size_t lineFeed = std::min(Text.find_first_not_of('\r', end), Text.size());
-    if (lineFeed < Text.size() && Text[lineFeed] == '\n') return lineFeed + 1;
+  std::size_t BehindLineEnd(std::size_t end) {
+    if (end >= RunEnd) RunEnd = std::min(Text.find_first_not_of('\r', end), Text.size());
+    if (RunEnd < Text.size() && Text[RunEnd] == '\n') return RunEnd + 1;
     return std::min(end + 1, Text.size());
   }
 
   std::string_view Text;
   std::size_t Place = 0;
+  std::size_t RunEnd = 0;  // behind the CRs last looked at: a long run of them is walked once
 };
 
 std::string_view Content(std::string_view text, const Line& line) {

@@ -28,27 +28,34 @@ void MessagePreview::PrevKey_Click() {
 }
 
 /// The command is a word of the chosen language, which the player understands in English alone; in
-/// other languages the message sounds on to its end. This is meant.
+/// other languages the message sounds on to its end. This is meant. A chime or a message of others
+/// that plays on top is none of the preview's.
 void MessagePreview::RequestStop() {
-  TheFrmPlayers.WavPlayer.Command(Strings.LoadString(kStrClose));
   PreviewStopRequested = true;
+  if (PlayerIsOthers()) return;
+  TheFrmPlayers.WavPlayer.Command(Strings.LoadString(kStrClose));
   TheFlags.WavFinished = true;
+}
+
+void MessagePreview::GiveWay() {
+  if (Playing) PreviewStopRequested = true;
 }
 
 void MessagePreview::Close() {
   ++Closings;
-  const bool playerIsOthers = TheFlags.CallActive || TheFlags.MessagePlaying;
-  if (HasPlayed && !playerIsOthers) TheFrmPlayers.WavPlayer.Command("Close");
+  if (HasPlayed && !PlayerIsOthers()) TheFrmPlayers.WavPlayer.Command("Close");
   HasPlayed = false;
-  if (!Playing) return;
-  PreviewStopRequested = true;
-  TheFlags.WavFinished = true;
+  PreviewStopRequested = Playing;
+}
+
+bool MessagePreview::PlayerIsOthers() const {
+  return TheFlags.CallActive || TheFlags.MessagePlaying;
 }
 
 /// A call, an announcement and the amplifier go before a preview, which neither begins nor goes on
 /// under them.
 bool MessagePreview::OutrunByOthers() const {
-  return TheFlags.CallActive || TheFlags.PriorityPreempted || TheFlags.MessagePlaying;
+  return PlayerIsOthers() || TheFlags.PriorityPreempted;
 }
 
 void MessagePreview::Play() {
@@ -85,7 +92,8 @@ void MessagePreview::PlayMessage(const std::string& name) {
   TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
   TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
   if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
-  Loop.PumpUntil([this] { return TheFlags.WavFinished || OutrunByOthers(); });
+  Loop.PumpUntil(
+      [this] { return TheFlags.WavFinished || PreviewStopRequested || OutrunByOthers(); });
 }
 
 }  // namespace marlex

@@ -22,7 +22,10 @@ class MessagePreview {
                  FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer, MusicPlayer& music,
                  const StringTable& strings);
 
-  bool PreviewStopRequested = false;  // PrevKey was pressed during a preview
+  bool PreviewStopRequested = false;  // by PrevKey during a preview, by a call, or by the closing
+
+  /// A call begins, which goes before a preview also when it is over before the preview sees it.
+  void GiveWay();
 
   /// The editor closes: what plays for it falls silent.
   void Close();
@@ -33,6 +36,7 @@ class MessagePreview {
   void Play();
   void PlayMessages();
   void PlayMessage(const std::string& name);
+  bool PlayerIsOthers() const;
   bool OutrunByOthers() const;
 
   Flags& TheFlags;

@@ -149,14 +149,16 @@ void SequenceEditor::mnuOpen_Click() {
   TheDialogs.LeaveOpen({.Filter = "Sequence files (*.sch)|*.sch",
                         .DefaultExtension = "seq",
                         .InitialDirectory = Store.ApplicationDirectory()},
-                       [this](const std::string& file) { Open(file); });
+                       [this, closings = Closings](const std::string& file) {
+                         if (closings == Closings) Open(file);
+                       });
 }
 
 /// Nothing is validated here: a file made by hand can bring anything into the fields, and is judged
 /// when it is saved. Weekdays or zones that are too short are a RuntimeFailure, and the editor then
 /// shows what it showed before.
 void SequenceEditor::Open(const std::string& file) {
-  if (file.empty() || !Window.Loaded()) return;
+  if (file.empty()) return;
   const auto read = [&](const char* key) { return Store.ReadProfileValue(kSection, key, file); };
   const std::string weekdays = read("Weekday(s)");
   const std::vector<bool> days = DigitsInPlace(weekdays, kWeekdays);
@@ -187,7 +189,9 @@ void SequenceEditor::mnuSave_Click() {
                         .DefaultExtension = "seq",
                         .InitialDirectory = Store.ApplicationDirectory(),
                         .Save = true},
-                       [this](const std::string& file) { Save(file); });
+                       [this, save = ++SavesAsked, closings = Closings](const std::string& file) {
+                         if (closings == Closings) Save(file, save);
+                       });
 }
 
 /// The title is the English header of the weekdays in every language. This is meant.
@@ -211,8 +215,7 @@ bool SequenceEditor::FieldsAreFilled() {
 }
 
 /// A dialog that was cancelled writes to no file, and the rest happens all the same. This is meant.
-void SequenceEditor::Save(const std::string& file) {
-  if (!Window.Loaded()) return;
+void SequenceEditor::Save(const std::string& file, int save) {
   if (!Write(file) && !file.empty()) {
     TellNotSaved(file);
     return;
@@ -223,7 +226,8 @@ void SequenceEditor::Save(const std::string& file) {
   Loop.PumpUntil([&] { return WriteDone || closings != Closings; });
   // The conflict is that of the table at the editor's opening, not of the file just written. This
   // is meant.
-  if (closings == Closings && !TheConflicts.ConflictFound) Window.Unload();
+  const bool last = save == SavesAsked && closings == Closings;
+  if (last && !TheConflicts.ConflictFound) Window.Unload();
 }
 
 bool SequenceEditor::Write(const std::string& file) {

@@ -56,7 +56,7 @@ class SequenceEditor {
 
   void mnuSave_Click();
   bool FieldsAreFilled();
-  void Save(const std::string& file);
+  void Save(const std::string& file, int save);
   bool Write(const std::string& file);
 
   SettingsStore& Store;
@@ -73,7 +73,8 @@ class SequenceEditor {
   MessagePreview& Preview;
   const StringTable& Strings;
   Notices& TheNotices;
-  int Closings = 0;  // a wait that ends in another opening of the editor leaves that alone
+  int SavesAsked = 0;  // the last of several that overlap closes the editor
+  int Closings = 0;    // a wait that ends in another opening of the editor leaves that alone
 };
 
 /// The zone keys as a text of six characters, and back; a text of fewer is a RuntimeFailure, and no

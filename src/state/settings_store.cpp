@@ -6,6 +6,7 @@ namespace marlex {
 namespace {
 
 constexpr std::size_t kLongestValue = 1499;  // a buffer of 1500 with the closing NUL
+constexpr std::size_t kMostValues = 32767;   // positions in a list are numbers of 16 bits
 
 }  // namespace
 
@@ -17,7 +18,9 @@ std::string SettingsStore::ReadProfileValue(const std::string& section, const st
 std::vector<std::string> SettingsStore::ReadNumberedValues(const std::string& section,
                                                            const std::string& keyPrefix,
                                                            const std::string& file) const {
-  return Profiles.GetNumbered(section, keyPrefix, file, kLongestValue);
+  std::vector<std::string> values = Profiles.GetNumbered(section, keyPrefix, file, kLongestValue);
+  if (values.size() > kMostValues) values.resize(kMostValues);
+  return values;
 }
 
 void SettingsStore::WriteProfileValue(const std::string& section, const std::string& key,

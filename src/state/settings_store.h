@@ -22,7 +22,7 @@ class SettingsStore {
                                const std::string& file) const;
 
   /// Values of the keys `keyPrefix` with 1, 2 and so on behind it, up to the first that is absent
-  /// or empty; each as `ReadProfileValue` gives it.
+  /// or empty, and at most 32767 of them; each as `ReadProfileValue` gives it.
   std::vector<std::string> ReadNumberedValues(const std::string& section,
                                               const std::string& keyPrefix,
                                               const std::string& file) const;

@@ -62,11 +62,14 @@ TEST(FunctionKeys, AreWrittenWithoutACheckAndTheEditorStaysOpen) {
 
 TEST(FunctionKeys, WithoutAMessageLoseTheirZonesAndKeepTheirDescription) {
   KeysDesk desk;
-  desk.Pc.Disk.AddFile(kKeys, "[Function key 3]\r\nDescription=evacuation\r\n");
+  desk.Pc.Disk.AddFile(kKeys,
+                       "[Function key 3]\r\nSchedule=gong\r\nRouting=120000\r\n"
+                       "Description=evacuation\r\n");
   desk.Choose(3);
-  desk.Click("cmdZone_0");
+  desk.Click("RemAll_Key");
   desk.Click("mnuSave");
-  EXPECT_EQ(desk.Stored(3), "||evacuation");
+  EXPECT_EQ(desk.Pc.Disk.Read(kKeys),
+            "[Function key 3]\r\nSchedule=\r\nRouting=\r\nDescription=evacuation\r\n");
 }
 
 TEST(FunctionKeys, AreReadIntoTheEditor) {
@@ -94,6 +97,19 @@ TEST(FunctionKeys, OneThatWasNeverProgrammedKeepsWhatIsOnTheScreen) {
   desk.Click("mnuSave");
   EXPECT_EQ(desk.Stored(2), "gong|120000|");
   EXPECT_EQ(desk.Stored(1), "gong|120000|doors");
+}
+
+TEST(FunctionKeys, OneWithTooFewZonesIsNotChosenAndChangesNothing) {
+  KeysDesk desk;
+  desk.Pc.Disk.AddFile(kKeys,
+                       "[Function key 1]\r\nSchedule=gong\r\nRouting=120000\r\n"
+                       "[Function key 2]\r\nSchedule=closing\r\nRouting=12\r\n");
+  desk.Choose(1);
+  desk.Choose(2);
+  desk.Advance(0);
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Sys->Keys.CurrentFunctionKey, 1);
+  EXPECT_EQ(desk.Sequence() + desk.Zones(), "gong11----");
 }
 
 TEST(FunctionKeys, ThatCannotBeWrittenAreToldOf) {

@@ -145,6 +145,12 @@ TEST(ProfileText, NumberedValuesAreThoseOfTheirKeysOneAfterTheOther) {
   EXPECT_EQ(numbered(""), Values{});
 }
 
+TEST(ProfileText, AMillionLineEndsInARowAreWalkedOnce) {
+  const std::string text = std::string(1'000'000, '\r') + "[S]\rk=v\r";
+  EXPECT_EQ(Get(text, "S", "k"), "v");
+  EXPECT_EQ(Get(std::string(1'000'000, '\r') + "\n[S]\nk=v", "S", "k"), "v");
+}
+
 TEST(ProfileText, ANewTextIsWhatOneValueAfterTheOtherMakes) {
   const std::vector<ProfileEntry> entries = {{"Last played", "Last song", "0"},
                                              {"Playlist", "Song:1", "march"},

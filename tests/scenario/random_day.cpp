@@ -338,6 +338,10 @@ RandomDay::RandomDay(std::uint64_t seed, Span span)
     constexpr int kLastMinutes = 40;  // before midnight
     Installation.Now[3] = 23;
     Installation.Now[4] = dice.Between(kLastMinutes, 59);
+    // A week of songs of no length is half a milliard of events; the days have them too.
+    constexpr int kShortestSongMs = 20'000;
+    for (Medium& song : Installation.Music)
+      song.LengthMs = std::max(song.LengthMs, kShortestSongMs);
   }
   Prepare = DrawFiles(dice, Installation);
   Luck luck(dice);

@@ -141,6 +141,38 @@ TEST(MessagePreview, ACallEndsItAndHasTheLineAlone) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
+TEST(MessagePreview, ACallThatIsOverAtOnceEndsItTooAndItsChimeIsHeardWhole) {
+  PreviewDesk desk(true, {.PreChime = "gong"});
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Pc.Journal.Clear();
+  desk.Do([&] { desk.Sys->Call.StartCall(); });
+  desk.Advance(100);
+  desk.Click("PrevKey");  // a stop that comes too late
+  desk.Do([&] { desk.Sys->Call.EndCall(); });
+  EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal().find("closing"), std::string::npos);
+  EXPECT_NE(desk.Journal().find("800 wav end gong.wav"), std::string::npos) << desk.Journal();
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
+TEST(MessagePreview, ClosingTheEditorUnderACallLeavesItsChimeAlone) {
+  PreviewDesk desk(false, {.PreChime = "gong"});
+  desk.Click("PrevKey");
+  desk.Advance(1000);
+  desk.Do([&] { desk.Sys->Call.StartCall(); });
+  desk.Advance(100);
+  desk.Do([&] { desk.Editor().Close(); });
+  EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
+  desk.Advance(600);
+  EXPECT_TRUE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
+  desk.Advance(200);
+  EXPECT_FALSE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
+}
+
 TEST(MessagePreview, AnAmplifierThatTakesOverEndsItAndLetsNoneBegin) {
   PreviewDesk desk;
   desk.Click("PrevKey");
@@ -161,17 +193,22 @@ TEST(MessagePreview, AnAmplifierThatTakesOverEndsItAndLetsNoneBegin) {
 }
 
 TEST(MessagePreview, AnAnnouncementThatRunsIsNotDisturbed) {
-  EditorDesk desk({.Sequences = {{.Messages = "alarm"}}});
+  EditorDesk desk({.Sequences = {{.Messages = "welcome,alarm"}}});
   desk.Click("mnuExit");
-  desk.RunTo(12, 1, 3);
+  desk.RunTo(12, 1, 2);
   ASSERT_TRUE(desk.State().MessagePlaying);
+  // The opening of the editor closes the message that plays, and the next one begins.
   desk.Do([&] { desk.Main().mnuSchedule.OnClick(); });
-  desk.Add({"welcome"});
-  // The opening of the editor has closed the message that played; the sequence is at its end.
   desk.Advance(100);
+  ASSERT_EQ(desk.Heard(), "wav alarm.wav at 10000");
+  desk.Add({"closing"});
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "wav alarm.wav at 10000");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  desk.Advance(15'000);
   EXPECT_FALSE(desk.State().MessagePlaying);
   desk.Click("PrevKey");
-  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  EXPECT_EQ(desk.Heard(), "wav closing.wav at 10000");
 }
 
 TEST(MessagePreview, TheProgramCanBeLeftInItsMidst) {

@@ -333,6 +333,21 @@ TEST(SequenceEditor, ASecondSaveInThePauseOfTheFirstIsWrittenToo) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
+TEST(SequenceEditor, ADialogThatStandsWhenAnEarlierSaveIsOverIsStillItsOwn) {
+  EditorDesk desk;
+  desk.Compose();
+  desk.SaveAs(kFile);
+  desk.Advance(100);
+  desk.Pc.Dialogs.AnswerAfterMs = 2000;
+  desk.Type(desk.Editor().txtHours, "13");
+  desk.SaveAs("/app/other.sch");
+  desk.Advance(1000);
+  EXPECT_TRUE(desk.Editor().Visible);
+  desk.Advance(2000);
+  EXPECT_EQ(desk.Saved("Hour(s)", "/app/other.sch"), "13");
+  EXPECT_FALSE(desk.Editor().Visible);
+}
+
 TEST(SequenceEditor, TakesNamesOfEveryScript) {
   Desk desk({}, [](SimulatedPc& pc) {
     for (const char* name : {"Καλωσήρθατε", "Закрытие", "ברוכים", "Günaydın, İyi"})
