@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "desktop/process/process.h"
+#include "places.h"
 #include "system/stage/wait.h"
 #include "windows/frm_main.h"
 

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "i18n/languages.h"
+#include "places.h"
 #include "platform/runtime_failure.h"
 
 namespace marlex {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "places.h"
 #include "platform/profile_vectors.h"
 
 namespace marlex::test {

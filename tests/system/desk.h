@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "places.h"
 #include "system/stage/installation.h"
 #include "system/stage/stage.h"
 #include "system/stage/wait.h"

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "places.h"
 #include "tidy/house_rules.h"
 
 namespace marlex {

@@ -12,6 +12,7 @@
 
 #include "desktop/files/forked_child.h"
 #include "desktop/files/temporary_directory.h"
+#include "places.h"
 #include "platform/profile_vectors.h"
 
 namespace marlex::test {

@@ -2,6 +2,7 @@
 
 #include "desktop/windows/desk.h"
 #include "desktop/windows/texts.h"
+#include "places.h"
 
 namespace marlex {
 namespace {

@@ -7,6 +7,7 @@
 
 #include "desktop/process/qt_event_loop.h"
 #include "desktop/windows/desk.h"
+#include "places.h"
 
 namespace marlex {
 namespace {

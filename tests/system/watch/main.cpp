@@ -10,6 +10,7 @@
 #include <optional>
 #include <thread>
 
+#include "places.h"
 #include "system/stage/stage.h"
 #include "system/stage/wait.h"
 #include "teller.h"
