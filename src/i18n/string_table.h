@@ -1,10 +1,7 @@
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
-
-#include "i18n/english.h"
 
 namespace marlex {
 
@@ -13,25 +10,16 @@ namespace marlex {
 /// block.
 class StringTable {
  public:
-  StringTable();
-
   int LanguageBase = 0;
 
-  /// Text of `id` in the chosen language, in English where that block lacks it. Nothing for an id
-  /// that neither has.
+  /// Text of `id` in the chosen language; nothing for an id that its block lacks.
   std::optional<std::string> Find(int id) const;
 
-  /// The same; an id that is nowhere is a RuntimeFailure.
+  /// The same; a missing text is a RuntimeFailure.
   std::string LoadString(int id) const;
 
   /// Text of `id` in English, whatever the language.
-  std::string LoadEnglish(int id) const { return Texts.at(id); }
-
-  /// Adds the texts of a language at its base. A text that is there already stays.
-  void AddBlock(int base, const std::vector<StringEntry>& strings);
-
- private:
-  std::map<int, std::string> Texts;
+  static std::string LoadEnglish(int id);
 };
 
 /// Ids of the texts that code asks for by name.

@@ -84,7 +84,6 @@ TEST(ReleaseThenTakeover, InTheWaitForAChimeThatCannotBeClosedTheReleaseRestores
   DeskOptions options = CallDesk::Chimes();
   options.Language = "Italian";
   CallDesk desk(options);
-  desk.Sys->Strings.AddBlock(2000, {{600, "Chiudi"}});
   desk.PressAt(0);
   desk.ReleaseAt(900);
   desk.AdvanceTo(1100);

@@ -43,7 +43,15 @@ class CallDesk : public Desk {
   std::string Station() {
     const Color lamp = Main().lblBusy[0].BackColor;
     const std::string color = lamp == kGreen ? "green" : lamp == kDarkGreen ? "dark green" : "off";
-    return Text("cmdCall") + ", lamps " + color + (Speaks() ? ", speaks" : "");
+    return KeyWord() + ", lamps " + color + (Speaks() ? ", speaks" : "");
+  }
+  /// Word on the key, in English whatever the language.
+  std::string KeyWord() {
+    const std::string shown = Text("cmdCall");
+    for (const int id : {kStrCall, kStrWait, kStrSpeak}) {
+      if (shown == Sys->Strings.LoadString(id)) return Sys->Strings.LoadEnglish(id);
+    }
+    return shown;
   }
   bool Speaks() { return !MuteCheck(Sys->Mixer.MicLine) && !MuteCheck(0); }
 

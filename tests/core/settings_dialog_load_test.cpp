@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/settings_desk.h"
+#include "i18n/with_texts.h"
 
 namespace marlex {
 namespace {
@@ -22,10 +23,6 @@ TEST(SettingsDialogLoad, TheMenuOpensItWithTheTextsOfTheTable) {
 
 TEST(SettingsDialogLoad, EachTextOfTheTableReachesItsControlAndTheOthersKeepTheDesigns) {
   SettingsDesk desk({.Language = "French"});
-  std::vector<StringEntry> block;
-  for (const StringEntry& entry : EnglishStrings())
-    block.push_back({entry.Id, std::to_string(entry.Id)});
-  desk.Sys->Strings.AddBlock(10000, block);
   desk.Open();
   std::string texts;
   for (Control* control : desk.Dialog().Controls) {
@@ -33,16 +30,20 @@ TEST(SettingsDialogLoad, EachTextOfTheTableReachesItsControlAndTheOthersKeepTheD
     if (visual && visual->Caption.Get() != "")
       texts += visual->ObjectName() + " " + visual->Caption.Get() + "\n";
   }
-  EXPECT_EQ(desk.Dialog().Caption.Get(), "42");
-  EXPECT_EQ(texts,
-            "Explain_0 620\nExplain_1 630\nlblBGDir_Name /music/\ncmdBgBrowse 610\n"
-            "lblMsgDir_Name /messages/\ncmdMsgBrowse 610\nfrVolume 640\nfrMasterVol 650\n"
-            "frMusicVol 870\nfrMesVolume 670\nfrMicroVolume 680\nFrame3 690\noptFast 700\n"
-            "optSlow 710\nFrame1 720\noptTolvo_0 QRT4410/20\noptTolvo_1 730\nfrChimes 740\n"
-            "chkPreChime 750\ncmdPreSelect Select\nchkPostChime 760\ncmdPostSelect Select\n"
-            "lblSound Microphone function not available due to limitations of the PC sound system\n"
-            "frNames 780\nfrPort 830\noptCom_0 840\noptCom_1 850\nfrPriority 800\n"
-            "optPriority_0 810\noptPriority_1 820\ncmdOK OK\ncmdCancel 770\n");
+  const auto french = [&desk](const char* text) { return WithTexts(desk.Sys->Strings, text); };
+  EXPECT_EQ(french("#600"), "Fermer");
+  EXPECT_EQ(desk.Dialog().Caption.Get(), french("#42"));
+  EXPECT_EQ(
+      texts,
+      french(
+          "Explain_0 #620\nExplain_1 #630\nlblBGDir_Name /music/\ncmdBgBrowse #610\n"
+          "lblMsgDir_Name /messages/\ncmdMsgBrowse #610\nfrVolume #640\nfrMasterVol #650\n"
+          "frMusicVol #870\nfrMesVolume #670\nfrMicroVolume #680\nFrame3 #690\noptFast #700\n"
+          "optSlow #710\nFrame1 #720\noptTolvo_0 QRT4410/20\noptTolvo_1 #730\nfrChimes #740\n"
+          "chkPreChime #750\ncmdPreSelect Select\nchkPostChime #760\ncmdPostSelect Select\n"
+          "lblSound Microphone function not available due to limitations of the PC sound system\n"
+          "frNames #780\nfrPort #830\noptCom_0 #840\noptCom_1 #850\nfrPriority #800\n"
+          "optPriority_0 #810\noptPriority_1 #820\ncmdOK OK\ncmdCancel #770\n"));
 }
 
 TEST(SettingsDialogLoad, TheCaptionsOverTheDirectoriesHaveTheColourOfTheVolumes) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "i18n/with_texts.h"
 #include "music/playlist_desk.h"
 
 namespace marlex {
@@ -89,21 +90,16 @@ TEST(PlaylistEditor, ItsTextsComeFromTheTable) {
 TEST(PlaylistEditor, EveryTextFollowsTheLanguage) {
   Desk desk;
   FrmPlaylist& form = desk.Sys->TheWindows.frmPlaylist;
-  std::vector<StringEntry> block;
-  for (const int id : {12,  14,  16,  230, 270, 310, 871, 880, 881, 882, 890,
-                       900, 910, 920, 930, 940, 950, 960, 970, 980, 990}) {
-    block.push_back({id, "<" + std::to_string(id) + ">"});
-  }
-  desk.Sys->Strings.AddBlock(90'000, block);
-  desk.Sys->Strings.LanguageBase = 90'000;
+  desk.Sys->Strings.LanguageBase = 60000;
+  const auto greek = [&desk](const char* text) { return WithTexts(desk.Sys->Strings, text); };
   form.Load();
-  EXPECT_EQ(form.Caption.Get(), "<12>");
+  EXPECT_EQ(form.Caption.Get(), greek("#12"));
   EXPECT_EQ(Captions(form),
-            "mnuFile: <270>\nmnuOpen: <881>\nmnuSave: <882>\nmnuExit: <310>\n"
-            "frMessageSelection: <880>\nWavText: <890>\ncmdSelectAll: <910>\nLabel3: <900>\n"
-            "RemoveKey: <920>\nRemAll_Key: <930>\ncmdRandomize: <940>\nPrevKey: <230>\n"
-            "Frame1: <950>\noptScheduled_0: <980>\noptScheduled_1: <970>\noptScheduled_2: <960>\n"
-            "frMusicTime: <990>\nLabel1: <14>\nLabel2: <16>\nLabel5: <871>\n");
+            greek("mnuFile: #270\nmnuOpen: #881\nmnuSave: #882\nmnuExit: #310\n"
+                  "frMessageSelection: #880\nWavText: #890\ncmdSelectAll: #910\nLabel3: #900\n"
+                  "RemoveKey: #920\nRemAll_Key: #930\ncmdRandomize: #940\nPrevKey: #230\n"
+                  "Frame1: #950\noptScheduled_0: #980\noptScheduled_1: #970\noptScheduled_2: #960\n"
+                  "frMusicTime: #990\nLabel1: #14\nLabel2: #16\nLabel5: #871\n"));
 }
 
 TEST(PlaylistEditor, ASongsNameEndsBeforeTheFirstExtensionInAnyCase) {

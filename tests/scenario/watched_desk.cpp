@@ -50,8 +50,6 @@ void WatchedDesk::Arm() {
   CallOverWaitingRow = WavOfCall = FadeOfCall = CallWasPressed = false;
   TickBegunInWaits.reset();
   WavReportedAtMs.reset();
-  // Where the word for closing is no command, a takeover leaves the message running.
-  Sys->Strings.AddBlock(2000, {{600, "Chiudi"}});
   Main().grdSchedule.Watcher = [this] { TableChanged = true; };
   Pc.Loop.AfterEvent = [this] { Check(); };
   Pc.Loop.OnFailure = [this, told = Pc.Loop.OnFailure](const RuntimeFailure& failure) {

@@ -58,13 +58,11 @@ TEST(MessagePreview, StoppedItLeavesTheRestUnplayedAndBeginsAnewNextTime) {
 
 /// The word of the chosen language is no command of the player. This is meant.
 TEST(MessagePreview, StoppedInAnotherLanguageTheMessageSoundsOnToItsEnd) {
-  PreviewDesk desk;
-  desk.Sys->Strings.AddBlock(2000, {{600, "Chiudi"}});
-  desk.Sys->Strings.LanguageBase = 2000;
+  PreviewDesk desk(false, {.Language = "Italian"});
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Click("PrevKey");
-  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_EQ(desk.Text("PrevKey"), desk.Sys->Strings.LoadString(kStrPlay));
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 20000");
   desk.Advance(5000);
   EXPECT_EQ(desk.Journal(), "0 wav play welcome.wav\n3000 wav end welcome.wav\n");

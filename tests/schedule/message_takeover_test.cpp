@@ -206,8 +206,7 @@ TEST(MessageTakeover, ATakeoverWithoutMusicCutsTheMessageOffAndSendsNoRelease) {
 
 TEST(MessageTakeover, WhereTheWordForCloseIsNoCommandTheFileRunsOnUnderTheMutedMaster) {
   SpotDesk desk({.Language = "Italian"});
-  desk.Sys->Strings.AddBlock(desk.Sys->Strings.LanguageBase, {{kStrClose, "Chiudi"}});
-  ASSERT_NE(desk.Sys->Strings.LanguageBase, 0);
+  ASSERT_EQ(desk.Sys->Strings.LoadString(kStrClose), "Chiudi");
   desk.AdvanceTo(kInTheFirstMessage);
   desk.Pc.Journal.Clear();
   desk.Status(128);

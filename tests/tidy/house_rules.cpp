@@ -81,13 +81,14 @@ std::optional<std::size_t> FloorOf(const std::string& folder) {
   return std::nullopt;
 }
 
-/// Path that a line includes; empty when it includes none, or a layout made by Qt.
+/// Path that a line includes; empty when it includes none, or what the build makes.
 std::string IncludedPath(const std::string& line) {
   static const std::regex include(R"re(^\s*#\s*include\s*"([^"]+)")re");
   std::smatch match;
   if (!std::regex_search(line, match, include)) return "";
   const std::string path = match[1];
-  const bool generated = path.starts_with("ui_") || path.ends_with(".moc");
+  const bool generated =
+      path.starts_with("ui_") || path.ends_with(".moc") || path.ends_with(".inc");
   return generated ? "" : kRoot + path;
 }
 

@@ -1,0 +1,137 @@
+#include "i18n/string_blocks.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <regex>
+#include <set>
+
+#include "i18n/languages.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kPickWord = 761;  // "Select"; the French block does without it
+
+std::map<int, std::string> TextsOf(const std::string& language) {
+  std::map<int, std::string> texts;
+  for (const auto& [id, text] : StringsOf(language)) texts[id] = text;
+  return texts;
+}
+
+std::set<int> IdsOf(const std::string& language) {
+  std::set<int> ids;
+  for (const auto& entry : StringsOf(language)) ids.insert(entry.Id);
+  return ids;
+}
+
+std::string Found(const std::string& text, const char* pattern) {
+  const std::regex expression(pattern);
+  std::string found;
+  for (std::sregex_iterator at(text.begin(), text.end(), expression), end; at != end; ++at)
+    found += at->str() + "|";
+  return found;
+}
+
+class Block : public ::testing::TestWithParam<const char*> {
+ protected:
+  /// The ids whose texts differ from the English ones in what the pattern finds in them.
+  std::set<int> Different(const char* pattern) const {
+    std::set<int> ids;
+    const auto english = TextsOf("English");
+    for (const auto& [id, text] : StringsOf(GetParam())) {
+      if (Found(text, pattern) != Found(english.at(id), pattern)) ids.insert(id);
+    }
+    return ids;
+  }
+};
+
+TEST_P(Block, HasTheIdsOfTheEnglishOneAscending) {
+  std::set<int> ids = IdsOf("English");
+  if (std::string(GetParam()) == "French") ids.erase(kPickWord);
+  EXPECT_EQ(IdsOf(GetParam()), ids);
+  EXPECT_EQ(StringsOf(GetParam()).size(), ids.size());
+  int last = 0;
+  for (const StringEntry& entry : StringsOf(GetParam())) {
+    EXPECT_GT(entry.Id, last);
+    last = entry.Id;
+  }
+}
+
+TEST_P(Block, HasNoEmptyText) {
+  for (const auto& [id, text] : StringsOf(GetParam()))
+    EXPECT_NE(text.find_first_not_of(' '), std::string::npos) << id;
+}
+
+/// Words that a language has in common with English.
+std::set<int> SharedWith(const std::string& language) {
+  static const std::map<std::string, std::set<int>> shared = {
+      {"Dutch", {52, 250, 420, 540, 560, 790}},
+      {"French", {220, 410, 560, 790, 1250}},
+      {"German", {48, 52, 220, 790, 860}},
+      {"Italian", {270, 860}},
+      {"Norwegian", {48, 52}},
+      {"Spanish", {101, 970}},
+      {"Swedish", {48, 52, 220}}};
+  const auto found = shared.find(language);
+  std::set<int> ids = found == shared.end() ? std::set<int>() : found->second;
+  ids.insert({840, 850});  // Com 1, Com 2
+  return ids;
+}
+
+TEST_P(Block, IsTranslatedButForTheWordsThatBothLanguagesHave) {
+  if (std::string(GetParam()) == "English") return;
+  const auto english = TextsOf("English");
+  std::set<int> same;
+  for (const auto& [id, text] : StringsOf(GetParam())) {
+    if (text == english.at(id)) same.insert(id);
+  }
+  EXPECT_EQ(same, SharedWith(GetParam()));
+}
+
+TEST_P(Block, BeginsAndEndsItsTextsWithTheBlanksOfTheEnglishOnes) {
+  EXPECT_EQ(Different("^ *"), std::set<int>());
+  EXPECT_EQ(Different(" *$"), std::set<int>());
+}
+
+/// Numbers, addresses and the characters that a field allows stand in every language as they are.
+TEST_P(Block, KeepsNumbersNamesAndAddresses) {
+  EXPECT_EQ(Different("[0-9]+([,-][0-9]+)*"), std::set<int>());
+  EXPECT_EQ(Different("http://\\S+"), std::set<int>());
+  EXPECT_EQ(Different("Hadrik|Tolvo( Marlex)?|MP3"), std::set<int>());
+}
+
+/// What is put behind a text begins where it does in English.
+TEST_P(Block, EndsItsTextsWithTheSignsOfTheEnglishOnes) {
+  EXPECT_EQ(Different("(:|\\.\\.\\.) ?$"), std::set<int>());
+}
+
+/// Seven single letters, over the boxes of the week.
+TEST_P(Block, HasALetterForEachDayOfTheWeek) {
+  const std::string header = TextsOf(GetParam()).at(871);
+  std::string pattern;
+  for (const char* blanks : {" ", "  ", "  ", "   ", "   ", "   ", "   "})
+    pattern += blanks + std::string("[^ ]{1,2}");
+  EXPECT_TRUE(std::regex_match(header, std::regex(pattern))) << header;
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Block,
+                         ::testing::Values("English", "French", "German", "Spanish", "Finnish",
+                                           "Hungarian", "Greek", "Russian", "Hebrew", "Turkish",
+                                           "Dutch", "Norwegian", "Italian", "Swedish"),
+                         [](const auto& language) { return std::string(language.param); });
+
+TEST(StringBlocks, EachLanguageOfTheTableHasOne) {
+  for (const Language& language : kLanguageTable)
+    EXPECT_GT(StringsOf(language.Name).size(), 150u) << language.Name;
+  EXPECT_TRUE(StringsOf("Latin").empty());
+}
+
+TEST(StringBlocks, TheWordForClosingIsTheirOwn) {
+  std::set<std::string> words;
+  for (const Language& language : kLanguageTable) words.insert(TextsOf(language.Name).at(600));
+  EXPECT_EQ(words.size(), kLanguageTable.size());
+}
+
+}  // namespace
+}  // namespace marlex
