@@ -37,7 +37,8 @@ std::string MemoryDisk::Search(const std::string& path) const {
   if (path.empty()) return "";
   if (path.back() == kSeparator) {
     const std::vector<std::string> names = NamesIn(path);
-    return names.empty() ? "" : names.front();
+    const auto first = std::min_element(names.begin(), names.end(), NameComesBefore);
+    return first == names.end() ? "" : *first;
   }
   return Find(path) || HasDirectory(path) ? NameOf(path) : "";
 }
@@ -47,6 +48,7 @@ std::vector<std::string> MemoryDisk::List(const std::string& directory,
   if (Covers(Unreadable, directory)) return {};
   std::vector<std::string> names = NamesIn(directory);
   std::erase_if(names, [&](const std::string& name) { return !Matches(name, pattern); });
+  std::sort(names.begin(), names.end(), NameComesBefore);
   return names;
 }
 
@@ -145,7 +147,8 @@ bool MemoryDisk::HasDirectory(const std::string& path) const {
   return (root || DirectoriesMade.contains(plain)) && !Covers(Vanished, plain);
 }
 
-/// Names of the files of one directory, sorted; those of the directories below it are left out.
+/// Names of the files of one directory, in the order of their bytes; those of the directories below
+/// it are left out.
 std::vector<std::string> MemoryDisk::NamesIn(const std::string& directory) const {
   std::vector<std::string> names;
   const std::string prefix = JoinPath(WithoutFinalSeparator(directory), "");

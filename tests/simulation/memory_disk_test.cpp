@@ -24,6 +24,12 @@ TEST(MemoryDisk, SearchWithFinalSeparatorNamesTheFirstFileOfTheDirectory) {
   pc.Disk.AddFile("/music/c.mp3");
   EXPECT_EQ(pc.Disk.Search("/music/"), "b.mp3");
   EXPECT_EQ(pc.Disk.Search("/nowhere/"), "");
+  pc.Disk.AddFile("/music/C.mp3");
+  pc.Disk.AddFile("/music/Anthem.mp3");
+  pc.Disk.AddFile("/music/ALARM.mp3");
+  EXPECT_EQ(pc.Disk.Search("/music/"), "ALARM.mp3");
+  pc.Disk.AddFile("/music/aid.mp3");
+  EXPECT_EQ(pc.Disk.Search("/music/"), "aid.mp3");
 }
 
 TEST(MemoryDisk, ListMatchesPatternsWithoutRegardToCaseAndSorts) {
@@ -35,6 +41,15 @@ TEST(MemoryDisk, ListMatchesPatternsWithoutRegardToCaseAndSorts) {
   EXPECT_EQ(pc.Disk.List("/m/", "?.Mp3"), (Names{"a.mp3", "b.MP3"}));
   EXPECT_EQ(pc.Disk.List("/m", "*"), (Names{"a.mp3", "ab.mp3", "b.MP3", "c.wav"}));
   EXPECT_EQ(pc.Disk.List("/none", "*"), Names{});
+}
+
+TEST(MemoryDisk, ListSortsAsAReaderExpectsIt) {
+  SimulatedPc pc;
+  for (const char* name : {"b.mp3", "Zebra.mp3", "c.mp3", "A.mp3", "C.mp3", "Öl.mp3", "öde.mp3"}) {
+    pc.Disk.AddFile(std::string("/m/") + name);
+  }
+  EXPECT_EQ(pc.Disk.List("/m", "*"),
+            (Names{"A.mp3", "b.mp3", "C.mp3", "c.mp3", "Zebra.mp3", "öde.mp3", "Öl.mp3"}));
 }
 
 TEST(MemoryDisk, VanishedDirectoryIsAbsentUntilItReturns) {
