@@ -7,9 +7,10 @@
 #include <array>
 #include <cstdio>
 #include <filesystem>
-#include <functional>
 #include <memory>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "platform/sound_names.h"
 #include "platform/text_case.h"
@@ -42,18 +43,41 @@ std::vector<std::string> MountedPlaces(const std::string& mountTable) {
   return places;
 }
 
-/// Sorted names of the entries of a directory that are wanted; hidden ones are not.
-std::vector<std::string> Names(const std::string& directory,
-                               const std::function<bool(const fs::directory_entry&)>& wanted) {
-  std::vector<std::string> names;
+std::string_view NameOf(const fs::directory_entry& entry) {
+  const std::string_view path = entry.path().native();
+  return path.substr(path.rfind(kSeparator) + 1);
+}
+
+/// Calls `visit` with each entry of a directory and its name; hidden ones are left out.
+template <class Visit>
+void ForEachEntry(const std::string& directory, Visit visit) {
   std::error_code fault;
-  // A fault in the middle, as of a drive that drops out, ends the list: increment() then gives the
+  // A fault in the middle, as of a drive that drops out, ends the walk: increment() then gives the
   // end.
   for (fs::directory_iterator entry(directory, fault), end; !fault && entry != end;
        entry.increment(fault)) {
-    const std::string name = entry->path().filename().string();
-    if (!name.starts_with('.') && wanted(*entry)) names.push_back(name);
+    const std::string_view name = NameOf(*entry);
+    if (!name.starts_with('.')) visit(*entry, name);
   }
+}
+
+bool IsRegular(const fs::directory_entry& entry) {
+  std::error_code fault;
+  return entry.is_regular_file(fault);
+}
+
+/// Name of the first regular file of a directory, found without a list of them all, since a folder
+/// can hold thousands and is searched again and again.
+std::string FirstFile(const std::string& directory) {
+  std::string first;
+  ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view name) {
+    const bool earlier = first.empty() || NameComesBefore(name, first);
+    if (earlier && IsRegular(entry)) first = name;
+  });
+  return first;
+}
+
+std::vector<std::string> Sorted(std::vector<std::string> names) {
   std::sort(names.begin(), names.end(), NameComesBefore);
   return names;
 }
@@ -62,10 +86,7 @@ std::vector<std::string> Names(const std::string& directory,
 
 std::string DiskDirectories::Search(const std::string& path) const {
   if (path.empty()) return "";
-  if (path.back() == kSeparator) {
-    const std::vector<std::string> names = List(path, "*");
-    return names.empty() ? "" : names.front();
-  }
+  if (path.back() == kSeparator) return FirstFile(path);
   for (const std::string& spelling : SoundFileSpellings(path)) {
     std::error_code fault;
     const fs::file_status status = fs::status(spelling, fault);
@@ -77,11 +98,11 @@ std::string DiskDirectories::Search(const std::string& path) const {
 
 std::vector<std::string> DiskDirectories::List(const std::string& directory,
                                                const std::string& pattern) const {
-  return Names(directory, [&](const fs::directory_entry& entry) {
-    std::error_code fault;
-    const std::string name = entry.path().filename().string();
-    return MatchesPattern(name, pattern) && entry.is_regular_file(fault);
+  std::vector<std::string> names;
+  ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view name) {
+    if (MatchesPattern(name, pattern) && IsRegular(entry)) names.emplace_back(name);
   });
+  return Sorted(std::move(names));
 }
 
 std::vector<std::string> DiskDirectories::Drives() const {
@@ -102,10 +123,12 @@ bool DiskDirectories::HasDirectory(const std::string& path) const {
 }
 
 std::vector<std::string> DiskDirectories::Subdirectories(const std::string& directory) const {
-  return Names(directory, [](const fs::directory_entry& entry) {
+  std::vector<std::string> names;
+  ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view name) {
     std::error_code fault;
-    return entry.is_directory(fault);
+    if (entry.is_directory(fault)) names.emplace_back(name);
   });
+  return Sorted(std::move(names));
 }
 
 }  // namespace marlex
