@@ -203,6 +203,20 @@ TEST(Pictures, PlaylistEditorWithLongTexts) {
   Keep(desk.Screen.Playlist(), "playlist_long_texts");
 }
 
+/// The same window four times, with the focus on another part each.
+TEST(Pictures, Focus) {
+  Desk desk;
+  desk.Forms.frmPlaylist.Load();
+  Texts().Fill(desk.Forms);
+  desk.Forms.frmPlaylist.Show();
+  desk.Settle();
+  for (const char* part : {"AvailMP3s", "SelectedMP3s", "optScheduled_0", "chkDays_2"}) {
+    desk.Screen.Playlist().findChild<QWidget*>(part)->setFocus(Qt::TabFocusReason);
+    desk.Settle();
+    Keep(desk.Screen.Playlist(), std::string("focus_") + part);
+  }
+}
+
 TEST(Pictures, OpenMenus) {
   Desk desk;
   ShowRouter(desk);

@@ -1,0 +1,67 @@
+#include <gtest/gtest.h>
+
+#include "desktop/windows/desk.h"
+#include "desktop/windows/texts.h"
+
+namespace marlex {
+namespace {
+
+bool IsReachedByTab(const QWidget& part) {
+  return part.focusPolicy() & Qt::TabFocus && part.isVisible() && part.isEnabled() &&
+         !part.objectName().isEmpty() && !part.objectName().startsWith("qt_");
+}
+
+QImage Look(QWidget& part, bool focused) {
+  focused ? part.setFocus(Qt::TabFocusReason) : part.clearFocus();
+  QApplication::processEvents();
+  return part.grab().toImage();
+}
+
+/// Number of points that are another colour when the part has the focus.
+int PointsOfFocus(QWidget& part) {
+  const QImage without = Look(part, false);
+  const QImage with = Look(part, true);
+  int points = 0;
+  for (int y = 0; y < without.height(); ++y) {
+    for (int x = 0; x < without.width(); ++x) points += without.pixel(x, y) != with.pixel(x, y);
+  }
+  return points;
+}
+
+/// The parts of a window that do not show the focus, each by its name.
+std::string Silent(QWidget& window) {
+  constexpr int kLeastPoints = 30;  // less than a frame round any of them, more than a cursor
+  window.activateWindow();
+  QApplication::processEvents();
+  std::string names;
+  for (QWidget* part : window.findChildren<QWidget*>()) {
+    if (!IsReachedByTab(*part)) continue;
+    if (PointsOfFocus(*part) < kLeastPoints) names += part->objectName().toStdString() + " ";
+  }
+  return names;
+}
+
+TEST(Focus, EveryPartThatTheTabKeyReachesShowsThatItHasIt) {
+  Desk desk;
+  Windows& forms = desk.Forms;
+  for (Form* form : std::initializer_list<Form*>{&forms.frmMain, &forms.frmSettings,
+                                                 &forms.frmPlaylist, &forms.TheWavWindow})
+    form->Load();
+  Texts().Fill(forms);
+  forms.TheWavWindow.AvailWavs.AddItem("gong");
+  forms.frmMain.cmdMusicZones[1].Value = true;
+  forms.TheWavWindow.cmdZone[1].Value = true;
+  for (Form* form : std::initializer_list<Form*>{
+           &forms.frmMain, &forms.frmSettings, &forms.frmPlaylist, &forms.TheWavWindow,
+           &forms.frmlangSel, &forms.frmDirSel, &forms.frmChimeSelect, &forms.frmAbout}) {
+    form->Show();
+    desk.Settle();
+  }
+  for (QWidget* window : {&desk.Screen.Main(), &desk.Screen.Settings(), &desk.Screen.Playlist(),
+                          &desk.Screen.ScheduleEditor(), &desk.Screen.LangSel(),
+                          &desk.Screen.DirSel(), &desk.Screen.ChimeSelect(), &desk.Screen.About()})
+    EXPECT_EQ(Silent(*window), "") << window->objectName().toStdString();
+}
+
+}  // namespace
+}  // namespace marlex
