@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
+#include <utility>
 
 namespace marlex {
 
@@ -42,7 +43,8 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
       View(view),
       Operator(hand),
       Model(list),
-      Watch(*view.viewport()) {
+      Watch(*view.viewport()),
+      Finger(view) {
   view.ensurePolished();  // a height measured before would be kept for all entries
   view.setModel(&Model);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -53,14 +55,19 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
   view.viewport()->installEventFilter(
       &Watch);  // goes before the filter above, which lets nothing through
   Watch.OnPress = [this](const QMouseEvent& event) { Press(event); };
+  Watch.OnLift = [this] { Lift(); };
   Watch.OnRelease = [this](Qt::MouseButton) { Release(); };
   OutsideTimer.setInterval(kOutsideStepMs);
   connect(&OutsideTimer, &QTimer::timeout, this, [this] { FollowPointer(); });
   // A list that only gets the focus makes an entry current; it selects none.
   connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this](const QItemSelection& selected) {
-            if (Painting || List.ClickActs || selected.isEmpty()) return;
-            SelectByKey(selected.indexes().first().row());
+            if (Painting || selected.isEmpty()) return;
+            if (List.ClickActs) {
+              LedFrom = List.ListIndex();
+            } else {
+              SelectByKey(selected.indexes().first().row());
+            }
           });
 }
 
@@ -83,10 +90,13 @@ void ListBinding::Paint() {
 /// A list scrolls to each entry that is selected, even for an instant: the system selects one
 /// further down first when it wants the coming entries in view.
 void ListBinding::ScrollAsSelected() {
-  for (const int row : Selections) {
+  const std::vector<int> selections = std::exchange(Selections, {});
+  // The system knows nothing of an entry to which the arrows have led until it is clicked.
+  if (LedFrom == List.ListIndex()) return;
+  LedFrom.reset();
+  for (const int row : selections) {
     if (Has(row) && row != View.currentIndex().row()) View.scrollTo(Model.index(row));
   }
-  Selections.clear();
   const QModelIndex current = Has(List.ListIndex()) ? Model.index(List.ListIndex()) : QModelIndex();
   const bool isSelected = View.selectionModel()->isSelected(current);
   if (current == View.currentIndex() && isSelected == current.isValid()) return;
@@ -127,6 +137,7 @@ bool ListBinding::FilterPointer(QEvent& event) {
   switch (event.type()) {
     case QEvent::MouseMove:
       Pointer = static_cast<QMouseEvent&>(event).pos();
+      if (Finger.IsOn()) Finger.Move(static_cast<QMouseEvent&>(event));
       if (Dragging) FollowPointer();
       return true;
     case QEvent::MouseButtonPress:
@@ -139,10 +150,21 @@ bool ListBinding::FilterPointer(QEvent& event) {
 }
 
 void ListBinding::Press(const QMouseEvent& event) {
+  if (List.ClickActs && Swipe::IsOfFinger(event)) return Finger.Begin(event);
   const MouseButton button = MouseButtonOf(event.button());
   const int row = button == MouseButton::Left ? RowAt(event.pos()) : ListBox::kNoSelection;
-  if (event.type() == QEvent::MouseButtonDblClick) return ForwardDoubleClick(row);
+  // Two quick clicks are a double-click only where a click alone does nothing yet.
+  const bool isDouble = event.type() == QEvent::MouseButtonDblClick && !List.ClickActs;
+  if (isDouble) return ForwardDoubleClick(row);
   Dragging = row != ListBox::kNoSelection && !List.ClickActs;
+  ForwardPress(row, button);
+}
+
+void ListBinding::Lift() {
+  if (Finger.IsTap()) ForwardPress(RowAt(Finger.Start()), MouseButton::Left);
+}
+
+void ListBinding::ForwardPress(int row, MouseButton button) {
   Operator.Forward(List, [this, row, button] {
     Select(row);
     DownForwarded = true;
@@ -153,6 +175,7 @@ void ListBinding::Press(const QMouseEvent& event) {
 /// A click on the selected entry is a click as any other.
 void ListBinding::Select(int row) {
   if (!Has(row)) return;
+  LedFrom.reset();
   const bool isClickAlone = row == List.ListIndex();
   List.SetListIndex(row);
   if (isClickAlone && List.OnClick) List.OnClick();
@@ -168,6 +191,7 @@ void ListBinding::ForwardDoubleClick(int row) {
 
 void ListBinding::Release() {
   Dragging = false;
+  Finger.End();
   OutsideTimer.stop();
   Operator.ForwardAlways([this] {
     if (!DownForwarded) return;

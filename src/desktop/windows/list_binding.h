@@ -4,11 +4,13 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QTimer>
+#include <optional>
 #include <vector>
 
 #include "controls/list_box.h"
 #include "desktop/windows/binding.h"
 #include "desktop/windows/press_watch.h"
+#include "desktop/windows/swipe.h"
 
 namespace marlex {
 
@@ -32,7 +34,8 @@ class ListModel : public QAbstractListModel {
 
 /// A list box. The selection follows the pointer while the left key is held, one entry after the
 /// other however fast the pointer moves, since the system moves the dragged entry one place at each
-/// step.
+/// step. Where a click acts, a mouse clicks as it goes down, and a finger as it is lifted, since
+/// until then it may be about to scroll.
 class ListBinding : public QObject, public WidgetBinding {
  public:
   ListBinding(ListBox& list, QListView& view, Hand& hand);
@@ -47,6 +50,8 @@ class ListBinding : public QObject, public WidgetBinding {
   bool FilterPointer(QEvent& event);
   bool FilterKey(const QKeyEvent& event);
   void Press(const QMouseEvent& event);
+  void Lift();
+  void ForwardPress(int row, MouseButton button);
   void Select(int row);
   void ForwardDoubleClick(int row);
   void Release();
@@ -64,12 +69,14 @@ class ListBinding : public QObject, public WidgetBinding {
   Hand& Operator;
   ListModel Model;
   PressWatch Watch;
+  Swipe Finger;
   QTimer OutsideTimer;    // goes on scrolling while the pointer is held above or below the list
   QPoint Pointer;         // its last place in the view
   bool Dragging = false;  // the left key went down on an entry and is held
   bool DownForwarded = false;  // the system has been told of a press and not of its release
   bool Painting = false;
   std::vector<int> Selections;  // since the last painting, in order
+  std::optional<int> LedFrom;  // the selection from which the arrows have led on without the system
 };
 
 }  // namespace marlex

@@ -34,7 +34,7 @@ void PressWatch::FilterOwn(QEvent& event) {
       Press(static_cast<QMouseEvent&>(event));
       break;
     case QEvent::MouseButtonRelease:
-      Release(static_cast<QMouseEvent&>(event).button());
+      Lift(static_cast<QMouseEvent&>(event).button());
       break;
     case QEvent::MouseMove:
       ReleaseWhatIsUp(static_cast<QMouseEvent&>(event));
@@ -80,6 +80,11 @@ void PressWatch::Press(const QMouseEvent& event) {
   if (OnPress) OnPress(event);
 }
 
+void PressWatch::Lift(Qt::MouseButton button) {
+  if (Held & button && OnLift) OnLift();
+  Release(button);
+}
+
 void PressWatch::Release(Qt::MouseButton button) {
   if (!(Held & button)) return;
   Held &= ~Qt::MouseButtons(button);
@@ -96,7 +101,10 @@ void PressWatch::ReleaseAllBut(Qt::MouseButtons stillHeld) {
 /// An event of the pointer tells which keys are really down: the release of the others went
 /// somewhere else. A mouse knows nothing of a finger that presses, nor the finger of the mouse.
 void PressWatch::ReleaseWhatIsUp(const QMouseEvent& event) {
-  if (event.source() == Presser) ReleaseAllBut(event.buttons());
+  if (event.source() != Presser) return;
+  // The window hears of a release before its widget does.
+  if (event.type() == QEvent::MouseButtonRelease) Lift(event.button());
+  ReleaseAllBut(event.buttons());
 }
 
 }  // namespace marlex

@@ -18,6 +18,9 @@ class PressWatch : public QObject {
   std::function<void(const QMouseEvent&)> OnPress;  // the second press of a double-click too
   std::function<void(Qt::MouseButton)> OnRelease;
 
+  /// Comes before `OnRelease` where the key was let go and the press was not lost.
+  std::function<void()> OnLift;
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -37,6 +40,7 @@ class PressWatch : public QObject {
   void FilterOwn(QEvent& event);
   void FilterOther(QEvent& event);
   void Press(const QMouseEvent& event);
+  void Lift(Qt::MouseButton button);
   void Release(Qt::MouseButton button);
   void ReleaseAllBut(Qt::MouseButtons stillHeld);
   void ReleaseWhatIsUp(const QMouseEvent& event);

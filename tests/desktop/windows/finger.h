@@ -11,10 +11,15 @@ class Finger {
  public:
   explicit Finger(QWidget& widget) : Target(widget) {}
 
-  void Press() { Touch().press(kPoint, Target.rect().center(), &Target); }
+  void Press() { Press(Target.rect().center()); }
+  void Press(QPoint at) { Touch().press(kPoint, at, &Target); }
   void Move(QPoint to) { Touch().move(kPoint, to, &Target); }
   void Release() { Release(Target.rect().center()); }
   void Release(QPoint at) { Touch().release(kPoint, at, &Target); }
+  void Tap(QPoint at) {
+    Press(at);
+    Release(at);
+  }
 
   /// Tells `receiver` that the touch was cancelled.
   static void Cancel(QObject& receiver) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/windows/desk.h"
+#include "desktop/windows/finger.h"
 #include "desktop/windows/mouse.h"
 
 namespace marlex {
@@ -102,7 +103,7 @@ TEST(ListBinding, MovingWithoutAKeyOrWithTheRightOneSelectsNothing) {
 
 /// A list in which a click acts, told of as "click 2, ".
 struct ActingList : Playlist {
-  ActingList() : Playlist(5) {
+  explicit ActingList(int songs = 5) : Playlist(songs) {
     List.ClickActs = true;
     List.OnClick = [this] { Tell("click"); };
     List.OnMouseDown = nullptr;
@@ -110,6 +111,17 @@ struct ActingList : Playlist {
     List.OnMouseUp = nullptr;
     List.OnDblClick = nullptr;
   }
+
+  /// Moves a finger that is down on the list, as far and as fast as a hand does.
+  void Drag(Finger& finger, QPoint from, QPoint to) {
+    constexpr int kSteps = 8;
+    for (int step = 1; step <= kSteps; ++step) {
+      QTest::qWait(5);
+      finger.Move(from + (to - from) * step / kSteps);
+    }
+  }
+  int Scrolled() { return View.verticalScrollBar()->value(); }
+  QWidget& Area() { return *View.viewport(); }
 };
 
 TEST(ListBinding, WhereAClickActsAHeldButtonDoesNotRunOverTheEntries) {
@@ -146,6 +158,150 @@ TEST(ListBinding, WhereAClickActsAKeyThatIsHeldClicksOnce) {
   }
   songs.Place.Settle();
   EXPECT_EQ(songs.Heard, "click 2, ");
+}
+
+TEST(ListBinding, WhereAClickActsTwoQuickClicksActTwiceAndThreeThrice) {
+  ActingList songs;
+  QWindow& window = *songs.View.window()->windowHandle();
+  const QPoint there = songs.View.viewport()->mapTo(songs.View.window(), songs.At(2));
+  QTest::mouseDClick(&window, Qt::LeftButton, {}, there);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 2, click 2, ");
+  for (int click = 0; click < 3; ++click) Mouse(songs.Area()).DoubleClick(songs.At(4));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard.substr(18), "click 4, click 4, click 4, click 4, click 4, click 4, ");
+}
+
+TEST(ListBinding, WhereAClickActsAFingerClicksAsItIsLifted) {
+  ActingList songs;
+  Finger finger(songs.Area());
+  finger.Press(songs.At(2));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "");
+  finger.Move(songs.At(2) + QPoint(3, -3));
+  finger.Release(songs.At(2) + QPoint(3, -3));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 2, ");
+}
+
+TEST(ListBinding, WhereAClickActsTwoQuickTapsActTwice) {
+  ActingList songs;
+  Finger finger(songs.Area());
+  finger.Tap(songs.At(3));
+  finger.Tap(songs.At(3));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 3, click 3, ");
+}
+
+TEST(ListBinding, WhereAClickActsASwipeScrollsWithTheFingerAndClicksNothing) {
+  ActingList songs(200);
+  Finger finger(songs.Area());
+  const QPoint low = songs.At(5);
+  finger.Press(low);
+  songs.Drag(finger, low, low - QPoint(0, 120));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return songs.View.indexAt(low - QPoint(0, 120)).row() == 5; }))
+      << "the entry stays under the finger";
+  songs.Drag(finger, low - QPoint(0, 120), low - QPoint(0, 40));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return songs.View.indexAt(low - QPoint(0, 40)).row() == 5; }));
+  finger.Release(low - QPoint(0, 40));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "");
+}
+
+TEST(ListBinding, WhereAClickActsASwipeOfAListThatIsAllInViewClicksNothing) {
+  ActingList songs;
+  Finger finger(songs.Area());
+  finger.Press(songs.At(1));
+  songs.Drag(finger, songs.At(1), songs.At(3));
+  finger.Release(songs.At(3));
+  finger.Press(songs.At(1));
+  songs.Drag(finger, songs.At(1), songs.At(1) + QPoint(60, 0));
+  songs.Drag(finger, songs.At(1) + QPoint(60, 0), songs.At(1));
+  finger.Release(songs.At(1));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "");
+}
+
+TEST(ListBinding, AFlickedListRunsOnAndATouchOnlyStopsIt) {
+  ActingList songs(2000);
+  Finger finger(songs.Area());
+  const QPoint low = songs.At(8);
+  finger.Press(low);
+  songs.Drag(finger, low, low - QPoint(0, 200));
+  finger.Release(low - QPoint(0, 200));
+  const int released = songs.Scrolled();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return songs.Scrolled() > released + 100; }));
+  finger.Press(low);
+  const int stopped = songs.Scrolled();
+  QTest::qWait(100);
+  EXPECT_EQ(songs.Scrolled(), stopped);
+  finger.Release(low);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "");
+  finger.Tap(low);
+  songs.Place.Settle();
+  const int under = songs.View.indexAt(low).row();
+  EXPECT_GT(under, 8);
+  EXPECT_EQ(songs.Heard, "click " + std::to_string(under) + ", ");
+}
+
+TEST(ListBinding, WhereAClickActsATouchThatIsCancelledClicksNothing) {
+  ActingList songs(200);
+  Finger finger(songs.Area());
+  finger.Press(songs.At(2));
+  Finger::Cancel(*songs.View.window());
+  finger.Release(songs.At(2));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "");
+  finger.Tap(songs.At(3));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 3, ");
+}
+
+TEST(ListBinding, AnEntryToWhichTheArrowsHaveLedStaysWhereTheListGetsTheFocusAgain) {
+  ActingList songs(200);
+  Mouse(songs.Area()).Click(songs.At(1));
+  songs.Place.Settle();
+  for (int step = 0; step < 40; ++step) QTest::keyClick(&songs.View, Qt::Key_Down);
+  songs.Place.Settle();
+  const int scrolled = songs.Scrolled();
+  EXPECT_GT(scrolled, 0);
+  songs.View.clearFocus();
+  songs.View.setFocus();
+  songs.List.ToolTipText = "another";
+  songs.Place.Settle();
+  EXPECT_EQ(songs.View.currentIndex().row(), 41);
+  EXPECT_EQ(songs.Scrolled(), scrolled);
+  QTest::keyClick(&songs.View, Qt::Key_Return);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 1, click 41, ");
+}
+
+TEST(ListBinding, AClickOnTheOldEntryLeadsBackToIt) {
+  ActingList songs;
+  Mouse(songs.Area()).Click(songs.At(1));
+  QTest::keyClick(&songs.View, Qt::Key_Down);
+  songs.Place.Settle();
+  QTest::keyClick(&songs.View, Qt::Key_Down);
+  songs.Place.Settle();
+  Mouse(songs.Area()).Click(songs.At(1));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.View.currentIndex().row(), 1);
+  EXPECT_EQ(songs.Heard, "click 1, click 1, ");
+}
+
+TEST(ListBinding, TheSystemLeadsOnFromWhereTheArrowsHaveLed) {
+  ActingList songs;
+  songs.List.SetListIndex(1);
+  songs.Place.Settle();
+  QTest::keyClick(&songs.View, Qt::Key_Down);
+  songs.Place.Settle();
+  songs.List.SetListIndex(4);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.View.currentIndex().row(), 4);
+  songs.List.SetListIndex(ListBox::kNoSelection);
+  songs.Place.Settle();
+  EXPECT_FALSE(songs.View.currentIndex().isValid());
 }
 
 TEST(ListBinding, DeleteIsToldAndArrowsMoveTheSelection) {

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QtTest>
+#include <QtWidgets>
+#include <string>
+
+#include "core/system.h"
+#include "desktop/files/directories.h"
+#include "desktop/files/profile_files.h"
+#include "desktop/files/temporary_directory.h"
+#include "desktop/windows/views.h"
+#include "simulation/simulated_pc.h"
+
+namespace marlex {
+
+/// The whole application with its windows off screen, in English, over folders on the real disk.
+/// Sound, mixer and time are simulated.
+class WholeDesk {
+ public:
+  WholeDesk() {
+    std::filesystem::create_directories(Music());
+    std::filesystem::create_directories(Messages());
+    Place.Write("Tolvo.ini",
+                "[User language]\r\nLanguage=English\r\n[Selected paths]\r\n"
+                "Music directory=" +
+                    Music() + "\r\nMessage directory=" + Messages() + "\r\n");
+    Pc.Process.Directory = Place.Path();
+    Pc.Process.Directory.pop_back();
+  }
+
+  std::string Music() const { return Place.Path("music") + kSeparator; }
+  std::string Messages() const { return Place.Path("messages") + kSeparator; }
+
+  /// Up to the main window.
+  void Start() {
+    constexpr int kSplashMs = 2500;
+    Pc.Loop.Post([this] { Sys.Start(); });
+    Settle();
+    Pc.Loop.Block(kSplashMs);
+    Settle();
+  }
+
+  /// Delivers what waits on both sides.
+  void Settle() {
+    for (int round = 0; round < 3; ++round) {
+      Pc.Loop.Pump();
+      QApplication::processEvents();
+    }
+  }
+
+  /// Chooses an entry of a menu.
+  void Choose(QWidget& window, const char* entry) {
+    Find<QAction>(window, entry).trigger();
+    Settle();
+  }
+  void ClickKey(QWidget& window, const char* key) {
+    Find<QAbstractButton>(window, key).click();
+    Settle();
+  }
+
+  template <class T>
+  static T& Find(QWidget& window, const char* name) {
+    auto* found = window.findChild<T*>(name);
+    if (!found) throw RuntimeFailure(std::string("No widget ") + name);
+    return *found;
+  }
+
+  test::TemporaryDirectory Place;
+  SimulatedPc Pc;
+  DiskProfileFiles Profiles;
+  DiskDirectories Files;
+  System Sys{{.Loop = Pc.Loop,
+              .Clock = Pc.Clock,
+              .Profiles = Profiles,
+              .Files = Files,
+              .TolvoPort = Pc.Serial,
+              .WavPlayer = Pc.Wav,
+              .WavControl = Pc.WavControl,
+              .MP3Player = Pc.Song,
+              .Mixer = Pc.Mixer,
+              .Boxes = Pc.Dialogs,
+              .TheProcess = Pc.Process}};
+  Views Screen{Sys.TheWindows, Pc.Loop};
+};
+
+}  // namespace marlex
