@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "i18n/with_texts.h"
 #include "music/playlist_desk.h"
@@ -265,6 +266,24 @@ TEST(PlaylistEditor, EachShuffleIsAPermutationThatKeepsASongThatStandsTwice) {
   std::sort(orders.begin(), orders.end());
   EXPECT_GT(std::unique(orders.begin(), orders.end()) - orders.begin(), 4);
   EXPECT_EQ(desk.Editor().lstRandom.ListCount(), 0);
+}
+
+/// From second to second, as an operator presses it, and on the list in its own order each time.
+TEST(PlaylistEditor, OverManyPressesEachOfSixSongsComesAsOftenAtEachPlace) {
+  constexpr int kPresses = 3600;
+  PlaylistDesk desk({.Music = MusicDesk::Songs(6)});
+  std::map<std::string, int> counted;  // a song and its place
+  for (int press = 0; press < kPresses; ++press) {
+    desk.Click("cmdSelectAll");
+    desk.Click("cmdRandomize");
+    const ListBox& songs = desk.Editor().SelectedMP3s;
+    for (int place = 0; place < songs.ListCount(); ++place)
+      ++counted[songs.List(place) + std::to_string(place)];
+    desk.Advance(1000);
+  }
+  ASSERT_EQ(counted.size(), 36u);
+  // 600 on average, and 22 of standard deviation: five of them to either side.
+  for (const auto& [songAndPlace, count] : counted) EXPECT_NEAR(count, 600, 110) << songAndPlace;
 }
 
 TEST(PlaylistEditor, TheShuffleIsSeededFromTheClock) {

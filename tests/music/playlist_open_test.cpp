@@ -173,6 +173,31 @@ TEST(PlaylistOpen, SectionsKeysAndLineEndsMayBeAnyonesOwn) {
       "[playlist]\nSONG:2=b\nsong:1=a\n");
   EXPECT_EQ(desk.Selected(), "a b");
   EXPECT_EQ(desk.Times(), "13:00-18:00 -2-----");
+  desk.OpenText("[Playlist]\rSong:1=c\rSong:2=a\r[Background music]\rStart time=09:00\r");
+  EXPECT_EQ(desk.Selected(), "c a");
+  EXPECT_EQ(desk.Times(), "09:00-__:__ -------");
+}
+
+/// Names that another system wrote in the characters of its country pass through as they are.
+TEST(PlaylistOpen, NamesInACodePageKeepTheirBytes) {
+  const std::string song =
+      "Fr\xFChst\xFC"
+      "ck";
+  PlaylistDesk desk({}, [&](SimulatedPc& pc) { pc.Disk.AddMp3("/music/" + song + ".mp3", 5000); });
+  desk.OpenText("[Playlist]\r\nSong:1=" + song + "\r\nSong:2=a\r\n");
+  EXPECT_EQ(desk.Selected(), song + " a");
+  desk.Choose(desk.Editor().SelectedMP3s, song);
+  desk.Do([&] { desk.Sys->Music.CurrentSongPath = "/music/a.mp3"; });
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.TakeJournal(), "0 song play " + song + ".mp3\n");
+  desk.SaveAs();
+  EXPECT_EQ(desk.Setting("Playlist", "Song:1", PlaylistDesk::kFile), song);
+}
+
+TEST(PlaylistOpen, ANameBeyondTheLongestValueIsCutThere) {
+  PlaylistDesk desk;
+  desk.OpenText("[Playlist]\r\nSong:1=" + std::string(5000, 'x') + "\r\nSong:2=a\r\n");
+  EXPECT_EQ(desk.Selected(), std::string(1499, 'x') + " a");
 }
 
 TEST(PlaylistOpen, AHalfWrittenFileIsItsSongsAlone) {
@@ -190,7 +215,9 @@ TEST(PlaylistOpen, AHalfWrittenFileIsItsSongsAlone) {
 TEST(PlaylistOpen, AnEmptyAForeignAnUnreadableAndAnAbsentFileLeaveTheListEmpty) {
   std::string noise;
   for (int byte = 0; byte < 4096; ++byte) noise += static_cast<char>(byte * 37 % 256);
-  for (const std::string& text : {std::string(), noise, std::string("ID3\4\0\0", 6)}) {
+  std::string wide = "\xFF\xFE";  // two bytes a character
+  for (const char c : kTwoSongs) wide += std::string{c, '\0'};
+  for (const std::string& text : {std::string(), noise, std::string("ID3\4\0\0", 6), wide}) {
     PlaylistDesk desk;
     desk.Add({"a"});
     desk.OpenText(text);

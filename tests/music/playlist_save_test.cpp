@@ -118,6 +118,30 @@ TEST(PlaylistSave, TheFirstListThatIsNotSetIsNamedAndTheFileHoldsTheSongsAlone) 
   }
 }
 
+TEST(PlaylistSave, ItsWordsAreThoseOfTheChosenLanguage) {
+  PlaylistDesk desk;
+  std::vector<StringEntry> block;
+  for (const int id : {101, 882, 1130, 1140, 1150, 1160, 1170})
+    block.push_back({id, "<" + std::to_string(id) + ">"});
+  desk.Sys->Strings.AddBlock(90'000, block);
+  desk.Sys->Strings.LanguageBase = 90'000;
+  desk.SaveAs();
+  desk.Add({"a"});
+  desk.Click("optScheduled_0");
+  const std::vector<std::string> set = {"08", "15", "18", "45"};
+  for (std::size_t missing = 0; missing < set.size(); ++missing) {
+    std::vector<std::string> times = set;
+    times[missing] = "";
+    desk.SetTimes(times[0], times[1], times[2], times[3]);
+    desk.SaveAs();
+  }
+  desk.Pc.Disk.FailWrites(PlaylistDesk::kFile);
+  desk.SaveAs();
+  EXPECT_EQ(desk.Boxes(),
+            "!<101>: <1130>\n!<101>: <1140>\n!<101>: <1150>\n!<101>: <1160>\n!<101>: <1170>\n"
+            "!<101>: <882>: /app/new.lst\n");
+}
+
 TEST(PlaylistSave, AScheduleThatIsCompletedAfterTheWordIsSavedWhole) {
   SaveDesk desk;
   desk.Click("optScheduled_0");
@@ -184,6 +208,7 @@ TEST(PlaylistSave, AFileThatCannotBeWrittenIsToldOfAndNothingIsLost) {
     EXPECT_TRUE(desk.Editor().Visible);
     EXPECT_EQ(desk.Selected(), "b a");
     EXPECT_EQ(desk.Times(), shown);
+    EXPECT_EQ(desk.Choice(), timed ? "Scheduled" : "Autostart");
     EXPECT_EQ(desk.LiveTimes(), "- ");
     desk.Pc.Disk.Heal(PlaylistDesk::kFile);
     desk.SaveAs();

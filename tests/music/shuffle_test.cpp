@@ -77,6 +77,34 @@ TEST(Shuffle, AllOrdersAreEquallyLikely) {
   EXPECT_LT(ChiSquare(counts, kPresses / kOrders), 58);  // 23 on average; 58 once in 15,000 runs
 }
 
+/// The shuffle that looks right and is not: each song changes places with any other.
+std::vector<int> ShuffledWithABias(int count, std::uint32_t seed) {
+  RandomNumbers random(seed);
+  std::vector<int> order(static_cast<std::size_t>(count));
+  std::iota(order.begin(), order.end(), 0);
+  for (int& song : order) {
+    const auto other = static_cast<std::size_t>(random() * static_cast<float>(count));
+    std::swap(song, order[other]);
+  }
+  return order;
+}
+
+TEST(Shuffle, AllOrdersOfSixSongsAreEquallyLikelyWhichABiasedShuffleFails) {
+  constexpr int kOrders = 720;
+  constexpr int kPresses = 14'400;
+  const auto chiSquare = [](const auto& shuffled) {
+    std::map<std::vector<int>, int> counted;
+    for (std::uint32_t press = 0; press < kPresses; ++press) ++counted[shuffled(6, press * 7919)];
+    std::vector<int> counts(kOrders - counted.size());  // orders that never came
+    for (const auto& [order, count] : counted) counts.push_back(count);
+    return ChiSquare(counts, kPresses / kOrders);
+  };
+  // 719 are free; six standard deviations of sum beyond that.
+  const double bound = 719 + 6 * std::sqrt(2.0 * 719);
+  EXPECT_LT(chiSquare(Shuffled), bound);
+  EXPECT_GT(chiSquare(ShuffledWithABias), bound);
+}
+
 TEST(Shuffle, EverySongIsEquallyLikelyAtEveryPlaceOfALongList) {
   constexpr int kSongs = 50;
   constexpr int kPresses = 10'000;
