@@ -64,12 +64,26 @@ TEST(IntervalPanel, WithoutAStartItBeginsAtTheFullHour) {
   EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), "00,30");
 }
 
+TEST(IntervalPanel, EveryTwoMinutesFromTheLastOneCanBeSaved) {
+  PanelDesk desk;
+  desk.Click("optInterval_2");
+  desk.Do([&] { desk.Editor().cmbStart.SetListIndex(59); });
+  desk.Click("cmdOK");
+  const std::string minutes =
+      "59,01,03,05,07,09,11,13,15,17,19,21,23,25,27,29,31,33,35,37,39,41,43,45,47,49,51,53,55,57";
+  EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), minutes);
+  desk.Compose("12", minutes);
+  desk.SaveAs(EditorDesk::kFile);
+  EXPECT_EQ(desk.Saved("Minute(s)"), minutes);
+}
+
 TEST(IntervalPanel, WithoutAnIntervalItsOkIsAFailureAndChangesNothing) {
   PanelDesk desk;
   desk.Click("cmdOK");
   desk.Advance(0);
   EXPECT_EQ(desk.LastBox(), "Error: No interval is chosen");
-  EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
+  ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes.front().Icon, BoxIcon::Critical);
   EXPECT_EQ(desk.Shown(), "interval");
   EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), "05");
 }

@@ -41,6 +41,21 @@ TEST(MessagePreview, PlaysTheSequenceOnceAtTheMessagesLevelAndSendsNothing) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
+TEST(MessagePreview, AMessageThatWasAddedTwicePlaysTwice) {
+  EditorDesk desk;
+  desk.Add({"closing", "gong", "closing", "closing"});
+  EXPECT_EQ(desk.Total(), "6.8");
+  desk.Pc.Journal.Only({"wav"});
+  desk.Pc.Journal.Clear();
+  desk.Click("PrevKey");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal(),
+            "0 wav play closing.wav\n2000 wav end closing.wav\n"
+            "2000 wav play gong.wav\n2800 wav end gong.wav\n"
+            "2800 wav play closing.wav\n4800 wav end closing.wav\n"
+            "4800 wav play closing.wav\n6800 wav end closing.wav\n");
+}
+
 TEST(MessagePreview, StoppedItLeavesTheRestUnplayedAndBeginsAnewNextTime) {
   PreviewDesk desk;
   desk.Click("PrevKey");

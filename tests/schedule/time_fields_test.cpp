@@ -17,9 +17,11 @@ std::string Judge(const std::string& hours, const std::string& minutes) {
   const bool saved = desk.Pc.Disk.Read(EditorDesk::kFile).has_value();
   EXPECT_EQ(saved, desk.Pc.Dialogs.Boxes.empty()) << hours << " " << minutes;
   EXPECT_LE(desk.Pc.Dialogs.Boxes.size(), 1U);
-  EXPECT_TRUE(desk.Editor().Visible);
+  for (const auto& box : desk.Pc.Dialogs.Boxes) EXPECT_EQ(box.Icon, BoxIcon::Critical);
   EXPECT_EQ(desk.Editor().txtHours.Text.Get(), hours);
   EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), minutes);
+  desk.Advance(500);
+  EXPECT_EQ(desk.Editor().Visible, !saved) << hours << " " << minutes;
   return desk.LastBox();
 }
 
@@ -82,6 +84,34 @@ TEST(TimeFields, TakeThirtyItemsAndNoMore) {
   EXPECT_EQ(JudgeMinutes(minutes), kPassed);
   EXPECT_EQ(JudgeMinutes(minutes + ",00"), "Error: More than 30 items in a time expression");
   EXPECT_EQ(JudgeHours(minutes + ",00"), "Error: More than 24 hours in a time expression");
+}
+
+/// All words but the title of the first four, which is the English header of the weekdays.
+TEST(TimeFields, AreJudgedInTheWordsOfTheChosenLanguage) {
+  const std::string header = " M  T  W   T   F   S   S: ";
+  EditorDesk desk;
+  std::vector<StringEntry> block;
+  for (const int id : {101, 871, 1020, 1030, 1040, 1050, 1070, 1080, 1090, 1100})
+    block.push_back({id, "<" + std::to_string(id) + ">"});
+  desk.Sys->Strings.AddBlock(2000, block);
+  desk.Sys->Strings.LanguageBase = 2000;
+  const auto judge = [&desk](const char* hours, const char* minutes) {
+    desk.Type(desk.Editor().txtHours, hours);
+    desk.Type(desk.Editor().txtMinutes, minutes);
+    desk.Click("mnuSave");
+    desk.Advance(0);
+    return desk.LastBox();
+  };
+  EXPECT_EQ(judge("", ""), header + "<1020>");
+  EXPECT_EQ(judge("8", ""), header + "<1030>");
+  EXPECT_EQ(judge("8", "30"), header + "<1040>");
+  desk.Add({"welcome"});
+  EXPECT_EQ(judge("8", "30"), header + "<1050>");
+  desk.Click("WkDays_0");
+  EXPECT_EQ(judge("x", "30"), "<101>: <1070>");
+  EXPECT_EQ(judge("8", "x"), "<101>: <1080>");
+  EXPECT_EQ(judge("24", "30"), "<101>: <1090>");
+  EXPECT_EQ(judge("8", "60"), "<101>: <1100>");
 }
 
 TEST(TimeFields, SetAFlagForEachFieldAndClearTheOneThatFails) {
