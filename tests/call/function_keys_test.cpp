@@ -114,11 +114,21 @@ TEST(FunctionKeys, OneWithTooFewZonesIsNotChosenAndChangesNothing) {
 
 TEST(FunctionKeys, ThatCannotBeWrittenAreToldOf) {
   KeysDesk desk;
+  const std::string old = "[Function key 4]\r\nSchedule=gong\r\nRouting=120000\r\n";
+  desk.Pc.Disk.AddFile(kKeys, old);
   desk.Pc.Disk.FailWrites(kKeys);
   desk.Choose(4);
+  desk.Add({"welcome"});
   desk.Click("mnuSave");
-  desk.Advance(0);
+  desk.Advance(2000);
   EXPECT_EQ(desk.LastBox(), "Error: Save message schedule: /app/Functionkeys.ini");
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes.back().Icon, BoxIcon::Critical);
+  EXPECT_EQ(desk.Pc.Disk.Read(kKeys), old);
+  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_EQ(desk.Sequence() + desk.Zones(), "gong welcome11----");
+  desk.Pc.Disk.Heal(kKeys);
+  desk.Click("mnuSave");
+  EXPECT_EQ(desk.Stored(4), "gong,welcome|120000|");
 }
 
 TEST(FunctionKeys, TheMenuOfSequencesLeavesTheirMode) {
@@ -129,15 +139,27 @@ TEST(FunctionKeys, TheMenuOfSequencesLeavesTheirMode) {
   EXPECT_TRUE(desk.Enabled("mnuSave"));
 }
 
-TEST(FunctionKeys, AreNeverFired) {
-  Desk desk({}, [](SimulatedPc& pc) {
-    pc.Disk.AddFile(kKeys, "[Function key 1]\r\nSchedule=welcome\r\nRouting=123456\r\n");
-  });
-  constexpr int kKeyF1 = 112;
-  desk.TakeJournal();
-  for (int key = kKeyF1; key < kKeyF1 + kFunctionKeys; ++key) desk.PressKeyInList(key);
-  desk.Advance(1000);
-  EXPECT_EQ(desk.Journal(), "");
+TEST(FunctionKeys, KeepTheLineEndsAndTheOtherKeysOfTheirFile) {
+  for (const std::string lineEnd : {"\r\n", "\n", "\r"}) {
+    const auto file = [&lineEnd](const std::string& schedule, const std::string& zones) {
+      std::string text;
+      for (const std::string& line :
+           {std::string("; by hand"), std::string("[FUNCTION KEY 1]"), "routing=" + zones,
+            "schedule=" + schedule, std::string("Description=doors"), std::string("Colour=red"),
+            std::string("[Function key 10]"), std::string("Schedule=closing")}) {
+        text += line + lineEnd;
+      }
+      return text;
+    };
+    KeysDesk desk;
+    desk.Pc.Disk.AddFile(kKeys, file("gong", "120000"));
+    desk.Choose(1);
+    EXPECT_EQ(desk.Sequence() + desk.Zones(), "gong11----");
+    desk.Add({"welcome"});
+    desk.Click("cmdZone_1");
+    desk.Click("mnuSave");
+    EXPECT_EQ(desk.Pc.Disk.Read(kKeys), file("gong,welcome", "100000"));
+  }
 }
 
 }  // namespace
