@@ -127,10 +127,11 @@ TEST(QtDialogs, AFileDialogIsSetAsAsked) {
 }
 
 void Choose(QFileDialog& box, const QString& names) {
+  const bool saves = box.acceptMode() == QFileDialog::AcceptSave;
   box.findChild<QLineEdit*>("fileNameEdit")->setText(names);
   static_cast<QDialog&>(box)
       .findChild<QDialogButtonBox*>()
-      ->button(QDialogButtonBox::Open)
+      ->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open)
       ->click();
 }
 
@@ -168,6 +169,78 @@ TEST(QtDialogs, SeveralFilesComeBackAsDirectoryAndNames) {
   WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "\"a.sch\" \"b c.sch\""); });
   EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(true)),
             folder.Place.path().toStdString() + "/ a.sch b c.sch");
+}
+
+/// A folder with an operator who types names into its file dialogs.
+struct TypingFolder : Folder {
+  /// Name of the file that comes of a typed name; empty when the dialog was left without one.
+  std::string Typed(const QString& name, const FileDialog& dialog) {
+    WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, name); });
+    return QFileInfo(QString::fromStdString(Chosen(Loop, Dialogs, dialog)))
+        .fileName()
+        .toStdString();
+  }
+  FileDialog Save(const std::string& extension) const {
+    FileDialog dialog = Asked(false);
+    dialog.DefaultExtension = extension;
+    dialog.Save = true;
+    return dialog;
+  }
+
+  QtEventLoop Loop;
+  QtDialogs Dialogs{Loop};
+};
+
+TEST(QtDialogs, ANameThatIsSavedWithoutAnExtensionGetsTheDefaultOne) {
+  TypingFolder folder;
+  EXPECT_EQ(folder.Typed("day", folder.Save("seq")), "day.seq");
+  EXPECT_EQ(folder.Typed("day", folder.Save("lst")), "day.lst");
+  EXPECT_EQ(folder.Typed("late show", folder.Save("seq")), "late show.seq");
+  EXPECT_EQ(folder.Typed("Λίστα", folder.Save("lst")), "Λίστα.lst");
+  EXPECT_EQ(folder.Typed("day", folder.Save("")), "day");
+}
+
+TEST(QtDialogs, ANameThatIsSavedWithAnExtensionKeepsIt) {
+  TypingFolder folder;
+  for (const char* name : {"day.sch", "day.seq", "DAY.SCH", "day.two.sch", "no.1"})
+    EXPECT_EQ(folder.Typed(name, folder.Save("seq")), name);
+}
+
+TEST(QtDialogs, ANameThatIsOpenedWithoutAnExtensionIsSoughtWithTheDefaultOne) {
+  TypingFolder folder;
+  EXPECT_EQ(folder.Typed("a", folder.Asked(false)), "a.sch");
+}
+
+TEST(QtDialogs, TheNameOfAFileThatExistsIsTakenAfterAQuestion) {
+  TypingFolder folder;
+  int questions = 0;
+  const auto answer = [&](QMessageBox::StandardButton key) {
+    WhenOpen<QMessageBox>([&questions, key](QMessageBox& box) {
+      ++questions;
+      box.button(key)->click();
+    });
+  };
+  answer(QMessageBox::Yes);
+  EXPECT_EQ(folder.Typed("a", folder.Save("sch")), "a.sch");
+  answer(QMessageBox::No);
+  WhenOpen<QFileDialog>([&](QFileDialog& box) {
+    Choose(box, "a.sch");  // returns after the question
+    EXPECT_TRUE(box.isVisible());
+    box.reject();
+  });
+  EXPECT_EQ(Chosen(folder.Loop, folder.Dialogs, folder.Save("sch")), "");
+  EXPECT_EQ(questions, 2);
+}
+
+TEST(QtDialogs, ASaveDialogThatIsLeftGivesNoName) {
+  TypingFolder folder;
+  WhenOpen<QFileDialog>([](QFileDialog& box) {
+    EXPECT_EQ(box.acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(box.fileMode(), QFileDialog::AnyFile);
+    box.findChild<QLineEdit*>("fileNameEdit")->setText("day");
+    box.reject();
+  });
+  EXPECT_EQ(Chosen(folder.Loop, folder.Dialogs, folder.Save("seq")), "");
 }
 
 TEST(QtDialogs, BoxesShowTheirTextsWhole) {
