@@ -39,4 +39,23 @@ struct Desk {
   }
 };
 
+/// The parts of a window to which the tab key leads, from the first one round.
+inline QStringList TabOrder(QWidget& first) {
+  QStringList order;
+  QWidget* part = &first;
+  do {
+    const bool stops = (part->focusPolicy() & Qt::TabFocus) != 0 && part->isVisible();
+    if (stops && !part->objectName().isEmpty()) order << part->objectName();
+    part = part->nextInFocusChain();
+  } while (part != &first);
+  return order;
+}
+
+/// The names of an array of parts: "chkDays_0" to "chkDays_6".
+inline QStringList Numbered(const QString& name, int count) {
+  QStringList names;
+  for (int index = 0; index < count; ++index) names << name + "_" + QString::number(index);
+  return names;
+}
+
 }  // namespace marlex

@@ -152,6 +152,25 @@ TEST_P(WholeLayout, NothingIsClippedInTheSmallestPlaylistEditor) {
   }
 }
 
+TEST_P(WholeLayout, NothingIsClippedInTheSmallestScheduleEditor) {
+  Desk desk;
+  WavWindow& editor = desk.Forms.TheWavWindow;
+  editor.Load();
+  Texts(GetParam()).Fill(desk.Forms);
+  for (const bool interval : {false, true}) {
+    editor.frMinutes.Visible = !interval;
+    editor.frInterval.Visible = interval;
+    for (const bool router : {true, false}) {
+      editor.frZones.Visible = router;
+      editor.Show();
+      desk.Settle();
+      desk.Screen.ScheduleEditor().resize(desk.Screen.ScheduleEditor().minimumSizeHint());
+      desk.Settle();
+      ExpectNothingClipped(desk.Screen.ScheduleEditor());
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(LongerTexts, WholeLayout, ::testing::Bool());
 
 TEST(Layout, TheMainWindowFitsASmallScreen) {
@@ -164,16 +183,21 @@ TEST(Layout, TheMainWindowFitsASmallScreen) {
   EXPECT_LE(smallest.height(), 700);
 }
 
-TEST(Layout, ThePlaylistEditorFitsASmallScreen) {
+TEST(Layout, TheEditorsFitASmallScreen) {
   for (const bool longer : {false, true}) {
     Desk desk;
     desk.Forms.frmPlaylist.Load();
+    desk.Forms.TheWavWindow.Load();
     Texts(longer).Fill(desk.Forms);
+    desk.Forms.TheWavWindow.frMinutes.Visible = false;
+    desk.Forms.TheWavWindow.frInterval.Visible = true;
     desk.Forms.frmPlaylist.Show();
+    desk.Forms.TheWavWindow.Show();
     desk.Settle();
-    const QSize smallest = desk.Screen.Playlist().minimumSizeHint();
-    EXPECT_LE(smallest.width(), 1024);
-    EXPECT_LE(smallest.height(), 700);
+    for (const QWidget* editor : {&desk.Screen.Playlist(), &desk.Screen.ScheduleEditor()}) {
+      EXPECT_LE(editor->minimumSizeHint().width(), 1024) << editor->objectName().toStdString();
+      EXPECT_LE(editor->minimumSizeHint().height(), 700) << editor->objectName().toStdString();
+    }
   }
 }
 

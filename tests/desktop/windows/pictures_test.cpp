@@ -228,35 +228,15 @@ TEST(Pictures, OpenMenus) {
   }
 }
 
-void ComposeSequence(WavWindow& editor) {
-  for (const char* name : {"closing", "fire drill", "gong", "lost child", "offers of the day"})
-    editor.AvailWavs.AddItem(name);
-  for (const char* name : {"gong", "offers of the day", "gong"}) editor.SelectedWavs.AddItem(name);
-  editor.SelectedWavs.SetListIndex(1);
-  editor.lblTotalTime.Caption = "14.2";
-  editor.txtHours.Text = "9-18";
-  editor.txtMinutes.Text = "00,30";
-  for (const int day : {0, 1, 2, 3, 4}) editor.WkDays[day].Value = 1;
-  const std::vector<std::string> zones{"Hall", "Yard", "Entrance", "Car park", "Office", "Store"};
-  for (int zone = 0; zone < kZones; ++zone)
-    editor.cmdZone[zone].Caption = zones[static_cast<std::size_t>(zone)];
-  editor.cmdZone[0].Value = true;
-  editor.cmdZone[2].Value = true;
-}
-
 TEST(Pictures, ScheduleEditor) {
   for (const bool interval : {false, true}) {
     Desk desk;
     WavWindow& editor = desk.Forms.TheWavWindow;
     editor.Load();
     Texts().Fill(desk.Forms);
-    ComposeSequence(editor);
     editor.frMinutes.Visible = !interval;
     editor.frInterval.Visible = interval;
     editor.frZones.Visible = !interval;
-    editor.optInterval[15].SetValue(true);
-    editor.cmbStart.AddItem("0");
-    editor.cmbStart.SetListIndex(0);
     editor.Show();
     desk.Settle();
     Keep(desk.Screen.ScheduleEditor(), interval ? "editor_interval" : "editor_zones");

@@ -100,6 +100,24 @@ TEST(ScheduleEditorWindow, EachWeekdayStandsOverItsBox) {
   }
 }
 
+TEST(ScheduleEditorWindow, TheTabGoesFromTheMessagesToTheMode) {
+  EditorPlace desk;
+  const QStringList sequence{"AvailWavs", "SelectedWavs", "PrevKey",
+                             "RemoveKey", "RemAll_Key",   "txtHours"};
+  const QStringList rest = Numbered("WkDays", kWeekdays) + Numbered("cmdZone", kZones) +
+                           QStringList{"optExact", "optBetween"};
+  auto& first = desk.Part<QWidget>("AvailWavs");
+  const QStringList minutes{"txtMinutes", "cmdInterval"};
+  EXPECT_EQ(TabOrder(first), sequence + minutes + rest);
+  desk.Editor.frMinutes.Visible = false;
+  desk.Editor.frInterval.Visible = true;
+  desk.Settle();
+  const QStringList panel{"optInterval_2",  "optInterval_5",  "optInterval_10",
+                          "optInterval_15", "optInterval_20", "optInterval_30",
+                          "cmbStart",       "cmdOK",          "cmdCancel"};
+  EXPECT_EQ(TabOrder(first), sequence + panel + rest);
+}
+
 TEST(ScheduleEditorWindow, ANewEntryOfTheSequenceIsInView) {
   EditorPlace desk;
   for (int entry = 0; entry < 100; ++entry)

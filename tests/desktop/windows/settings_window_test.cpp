@@ -161,14 +161,7 @@ TEST(SettingsWindow, WhatIsTypedReachesTheZonesName) {
 
 TEST(SettingsWindow, TheTabGoesFromTheDirectoriesToTheKeys) {
   SettingsPlace desk;
-  QStringList order;
-  QWidget* const first = &desk.Part<QWidget>("cmdBgBrowse");
-  QWidget* part = first;
-  do {
-    if (part->focusPolicy() & Qt::TabFocus && !part->objectName().isEmpty())
-      order << part->objectName();
-    part = part->nextInFocusChain();
-  } while (part != first);
+  const QStringList order = TabOrder(desk.Part<QWidget>("cmdBgBrowse"));
   EXPECT_EQ(order.first(), "cmdBgBrowse");
   EXPECT_LT(order.indexOf("cmdMsgBrowse"), order.indexOf("slMasterVolume"));
   EXPECT_LT(order.indexOf("slMicroVolume"), order.indexOf("optTolvo_0"));

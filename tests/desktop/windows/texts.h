@@ -18,6 +18,7 @@ class Texts {
     Fill(forms.frmMain);
     Fill(forms.frmSettings);
     Fill(forms.frmPlaylist);
+    Fill(forms.TheWavWindow);
     Stretch(forms.frmDirSel);
     Stretch(forms.frmChimeSelect);
     Languages(forms.frmlangSel);
@@ -87,6 +88,29 @@ class Texts {
     for (int day = 0; day < 5; ++day) playlist.chkDays[day].Value = 1;
     playlist.RemoveKey.Enabled = true;
     playlist.PrevKey.Enabled = true;
+  }
+
+  void Fill(WavWindow& editor) {
+    const std::string days = editor.lblWeekdays.Caption;
+    Stretch(editor);
+    editor.lblWeekdays.Caption = days;  // letters, in every language
+    editor.Caption = Word("Message schedule") + " Offers.sch";
+    for (const char* name : {"closing", "fire drill", "gong", "lost child", "offers of the day"})
+      editor.AvailWavs.AddItem(name);
+    for (const char* name : {"gong", "offers of the day", "gong"})
+      editor.SelectedWavs.AddItem(name);
+    editor.SelectedWavs.SetListIndex(1);
+    editor.lblTotalTime.Caption = "14.2";
+    editor.txtHours.Text = "9-18";
+    editor.txtMinutes.Text = "00,30";
+    for (int day = 0; day < 5; ++day) editor.WkDays[day].Value = 1;
+    const char* zones[] = {"Hall", "Yard", "Entrance", "Car park", "Office", "Store"};
+    for (int zone = 0; zone < kZones; ++zone) editor.cmdZone[zone].Caption = Word(zones[zone]);
+    editor.cmdZone[0].Value = true;
+    editor.cmdZone[2].Value = true;
+    editor.optInterval[15].SetValue(true);
+    editor.cmbStart.AddItem("0");
+    editor.cmbStart.SetListIndex(0);
   }
 
   void Songs(FrmMain& main) {
