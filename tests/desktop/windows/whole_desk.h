@@ -48,6 +48,14 @@ class WholeDesk {
     }
   }
 
+  /// Lets virtual time pass, and the screen follow.
+  void Advance(int ms) {
+    bool over = false;
+    Pc.Loop.Schedule(ms, [&over] { over = true; });
+    Pc.Loop.PumpUntil([&over] { return over; });
+    Settle();
+  }
+
   /// Chooses an entry of a menu.
   void Choose(QWidget& window, const char* entry) {
     Find<QAction>(window, entry).trigger();
@@ -55,6 +63,12 @@ class WholeDesk {
   }
   void ClickKey(QWidget& window, const char* key) {
     Find<QAbstractButton>(window, key).click();
+    Settle();
+  }
+
+  void PressKey(QWidget& widget, Qt::Key key) {
+    widget.setFocus();
+    QTest::keyClick(&widget, key);
     Settle();
   }
 
