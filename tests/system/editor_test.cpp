@@ -15,6 +15,9 @@ using testing::HasSubstr;
 // Bytes of our own level, High.
 constexpr int kSecondZone = 128 + 2;
 
+/// Seconds until an editor that has saved closes.
+constexpr double kPauseAfterSave = 0.5;
+
 /// The names of the keys that a text takes.
 std::vector<std::string> KeysFor(const std::string& text) {
   std::vector<std::string> keys;
@@ -119,7 +122,12 @@ TEST(ScheduleEditor, AConflictIsMadeFoundAndCured) {
   ASSERT_TRUE(setMinutes("Two.sch", "00"));
   ASSERT_TRUE(desk.Await("frmMain.lblConflict", "visible", "yes"));
   ASSERT_TRUE(setMinutes("Two.sch", "45"));
-  // What was saved is not looked at before the editor closes.
+  const auto saved = [&] {
+    return desk.ReadFile("Two.sch").find("Minute(s)=45\n") != std::string::npos;
+  };
+  ASSERT_TRUE(stage::WaitUntil(saved, 30));
+  // What was saved is not looked at before the editor closes, which it does not do by itself.
+  desk.RecordFor(3 * kPauseAfterSave);
   EXPECT_EQ(desk.Window->Read("WavWindow", "visible"), "yes");
   ASSERT_TRUE(desk.Choose("WavWindow.mnuFile", "WavWindow.mnuExit"));
   EXPECT_TRUE(desk.Await("frmMain.lblConflict", "visible", "no"));
