@@ -63,6 +63,10 @@ PlaylistEditor::PlaylistEditor(SettingsStore& store, Directories& directories, W
       TheNotices(notices) {
   TheFrmMain.mnuPlaylist.OnClick = [this] { mnuPlaylist_Click(); };
   Editor.OnLoad = [this] { Load(); };
+  Editor.OnUnload = [this] {
+    ++Closings;
+    return true;
+  };
   WireSelection();
   WireFile();
 }
@@ -202,8 +206,8 @@ void PlaylistEditor::optScheduled_Click(int index) {
 }
 
 void PlaylistEditor::mnuOpen_Click() {
-  TheDialogs.LeaveOpen(PlaylistDialog(Store), [this](const std::string& file) {
-    if (Editor.Loaded()) Open(file);
+  TheDialogs.LeaveOpen(PlaylistDialog(Store), [this, closings = Closings](const std::string& file) {
+    if (closings == Closings) Open(file);
   });
 }
 
@@ -247,9 +251,9 @@ void PlaylistEditor::mnuSave_Click() {
   if (RefuseEmptyList()) return;
   FileDialog dialog = PlaylistDialog(Store);
   dialog.Save = true;
-  TheDialogs.LeaveOpen(dialog, [this](const std::string& file) {
+  TheDialogs.LeaveOpen(dialog, [this, closings = Closings](const std::string& file) {
     // The list may have been emptied while the dialog stood open.
-    if (!file.empty() && Editor.Loaded() && !RefuseEmptyList()) Save(file);
+    if (!file.empty() && closings == Closings && !RefuseEmptyList()) Save(file);
   });
 }
 

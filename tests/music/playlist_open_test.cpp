@@ -265,6 +265,19 @@ TEST(PlaylistOpen, AnEditorClosedUnderItsDialogTakesNothing) {
   EXPECT_EQ(desk.Editor().Caption.Get(), "Music playlist:");
 }
 
+TEST(PlaylistOpen, AFileForAnEditorThatWasClosedDoesNotReachTheNext) {
+  PlaylistDesk desk({.StartTime = "12:30", .StopTime = "12:40", .WeekDays = "1234567"});
+  desk.Pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
+  desk.OpenText(kTwoSongs);
+  desk.Exit();
+  desk.Click("mnuPlaylist");
+  desk.Add({"c"});
+  desk.Pc.Dialogs.Answer();
+  desk.Advance(0);
+  EXPECT_EQ(desk.Selected(), "c");
+  EXPECT_EQ(desk.LiveTimes(), "12:30-12:40 1234567 scheduled");
+}
+
 TEST(PlaylistOpen, TwentyThousandSongsAreListedShuffledSavedAndReadBack) {
   constexpr int kSongs = 20'000;
   PlaylistDesk desk({}, [](SimulatedPc& pc) {

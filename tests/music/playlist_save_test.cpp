@@ -278,5 +278,18 @@ TEST(PlaylistSave, AListEmptiedOrAnEditorClosedUnderTheDialogSavesNothing) {
   }
 }
 
+TEST(PlaylistSave, AFileForAnEditorThatWasClosedIsNotThatOfTheNext) {
+  SaveDesk desk;
+  desk.Pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
+  desk.SaveAs();
+  desk.Exit();
+  desk.Click("mnuPlaylist");
+  desk.Add({"c"});
+  desk.Pc.Dialogs.Answer();
+  desk.Advance(0);
+  EXPECT_EQ(desk.File(), "");
+  EXPECT_EQ(desk.Selected(), "c");
+}
+
 }  // namespace
 }  // namespace marlex
