@@ -24,11 +24,14 @@ void SimulatedDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChose
   FileDialogs.push_back(dialog);
   Log.Write(dialog.Save ? "save" : "open", dialog.Filter);
   FileDialogStands = true;
-  LeaveStanding([this, onChosen = std::move(onChosen), saves = dialog.Save] {
+  LeaveStanding([this, onChosen = std::move(onChosen), dialog] {
     FileDialogStands = false;
     const std::string result = NextOpenResult();
-    if (saves) LastSavePath = result;
-    Loop.Post([onChosen, result] { onChosen(result); });
+    if (dialog.Save) LastSavePath = result;
+    Loop.Post([this, onChosen, dialog, result] {
+      if (BeforeChosen) BeforeChosen(dialog, result);
+      onChosen(result);
+    });
   });
 }
 

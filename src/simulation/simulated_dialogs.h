@@ -46,6 +46,9 @@ class SimulatedDialogs : public Dialogs {
   /// an empty list.
   std::deque<std::string> OpenResults;
 
+  /// Called in the event that tells a dialog's asker what was chosen, just before he is told.
+  std::function<void(const FileDialog& dialog, const std::string& result)> BeforeChosen;
+
   /// Path that the last save dialog that was answered has given.
   std::string LastSavePath;
 

@@ -131,6 +131,9 @@ bool Desk::OnHiddenPanel(const Control& control) {
   return (&control == &editor.cmdOK || &control == &editor.cmdCancel) && !editor.frInterval.Visible;
 }
 
+/// Windows that are open together may have controls of one name, of which the first in this order
+/// is meant: those of the message schedule editor hide the main window's, and these hide those of
+/// the playlist editor, whose tests hand over the control itself.
 template <class T>
 T* Desk::Look(const std::string& name) {
   Windows& windows = Sys->TheWindows;
@@ -156,22 +159,27 @@ T& Desk::Find(const std::string& name) {
   throw std::logic_error("No window shows a control " + name + " of that kind");
 }
 
-void Desk::Click(const std::string& name) {
-  auto& control = Find<VisualControl>(name);
+void Desk::Click(const std::string& name) { Click(Find<VisualControl>(name)); }
+
+void Desk::Click(VisualControl& control) {
   if (!control.Enabled || !control.Visible) return;
-  Pc.Loop.Do([&control] {
-    if (auto* button = dynamic_cast<CommandButton*>(&control)) {
-      if (button->OnClick) button->OnClick();
-    } else if (auto* menu = dynamic_cast<Menu*>(&control)) {
-      if (menu->OnClick) menu->OnClick();
-    } else if (auto* toggle = dynamic_cast<ToggleButton*>(&control)) {
-      toggle->Value = !toggle->Value;
-    } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
-      option->SetValue(true);
-    } else if (auto* check = dynamic_cast<CheckBox*>(&control)) {
-      check->Value = check->Value == 0 ? 1 : 0;
-    }
-  });
+  Pc.Loop.Do([&control] { Operate(control); });
+}
+
+void Desk::Operate(VisualControl& control) {
+  // Its window may have closed at this moment.
+  if (!control.Owner.Visible || !control.Enabled || !control.Visible) return;
+  if (auto* button = dynamic_cast<CommandButton*>(&control)) {
+    if (button->OnClick) button->OnClick();
+  } else if (auto* menu = dynamic_cast<Menu*>(&control)) {
+    if (menu->OnClick) menu->OnClick();
+  } else if (auto* toggle = dynamic_cast<ToggleButton*>(&control)) {
+    toggle->Value = !toggle->Value;
+  } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
+    option->SetValue(true);
+  } else if (auto* check = dynamic_cast<CheckBox*>(&control)) {
+    check->Value = check->Value == 0 ? 1 : 0;
+  }
 }
 
 void Desk::Press(const std::string& name) {

@@ -81,6 +81,8 @@ class Desk {
 
   // The operator's hands. A control that is disabled or hidden takes nothing.
   void Click(const std::string& control);
+  void Click(VisualControl& control);           // which may share its name with another window's
+  static void Operate(VisualControl& control);  // the click itself, in the midst of an event
   void Press(const std::string& control);
   void Release(const std::string& control);
   void Select(int entry);  // in the list of songs

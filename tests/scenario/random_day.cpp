@@ -5,6 +5,7 @@
 
 #include "scenario/dice.h"
 #include "scenario/editor_hands.h"
+#include "scenario/playlist_hands.h"
 #include "scenario/random_installation.h"
 #include "scenario/settings_hands.h"
 
@@ -287,11 +288,11 @@ class Luck {
  private:
   using Draw = Deed (*)(Dice&);
   static inline const std::vector<std::pair<Draw, int>> kKinds{
-      {SetThingsRight, 6}, {DrawKey, 15},          {DrawZoneKey, 5},    {DrawMenu, 9},
-      {DrawFileDialog, 5}, {DrawListHand, 11},     {DrawTableHand, 9},  {DrawBytes, 6},
-      {DrawCall, 14},      {DrawFault, 8},         {DrawClock, 5},      {DrawAnswer, 6},
-      {DrawEnd, 2},        {DrawSettingsHand, 12}, {DrawPickerHand, 7}, {DrawTalk, 16},
-      {DrawEditorHand, 25}};
+      {SetThingsRight, 6},  {DrawKey, 15},          {DrawZoneKey, 5},    {DrawMenu, 9},
+      {DrawFileDialog, 5},  {DrawListHand, 11},     {DrawTableHand, 9},  {DrawBytes, 6},
+      {DrawCall, 14},       {DrawFault, 8},         {DrawClock, 5},      {DrawAnswer, 6},
+      {DrawEnd, 2},         {DrawSettingsHand, 12}, {DrawPickerHand, 7}, {DrawTalk, 16},
+      {DrawEditorHand, 25}, {DrawPlaylistHand, 25}};
 
   Dice& TheDice;
   std::vector<Draw> Kinds;

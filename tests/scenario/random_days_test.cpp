@@ -39,8 +39,8 @@ Seeds ChosenSeeds() {
 }
 
 struct Failure {
-  std::string Rule;
-  std::string Story;  // when it broke and what had been going on
+  std::string Rule;   // and when it broke
+  std::string Story;  // what had been going on
 };
 
 /// How many days came to each corner.
@@ -64,8 +64,8 @@ std::optional<Failure> Tell(const RandomDay& day, const std::vector<Happening>& 
   try {
     Live(desk, day, happenings);
   } catch (const std::exception& broken) {
-    const std::string at = "at " + std::to_string(desk.NowMs()) + " ms, after\n";
-    return Failure{broken.what(), at + desk.Journal()};
+    const std::string at = "\nat " + std::to_string(desk.NowMs()) + " ms, after";
+    return Failure{broken.what() + at, desk.Journal()};
   }
   for (const auto& [corner, events] : desk.Corners) ++corners[corner];
   return std::nullopt;
@@ -142,6 +142,20 @@ void ExpectAllCorners(Corners& corners) {
                              "a preview",
                              "a call over a preview",
                              "a save",
+                             "the playlist editor over a fade",
+                             "the playlist editor over a message",
+                             "the playlist editor over a call",
+                             "a takeover in the playlist editor",
+                             "both editors",
+                             "a song that is heard in the editor",
+                             "a song that is heard over a message",
+                             "a song that is heard in a takeover",
+                             "music that the editor stops",
+                             "times that were but looked at",
+                             "a saved list",
+                             "a list saved over the one in force",
+                             "a list saved without a time",
+                             "a list that could not be saved",
                              "another amplifier",
                              "a directory picker over a message",
                              "a chime picker over a call",

@@ -206,16 +206,11 @@ std::function<void(SimulatedPc&)> DrawFiles(Dice& dice, const DeskOptions& optio
   for (const char* path : {"/app/Evening.lst", "/app/Night.lst"})
     files.emplace_back(path, PlaylistText(dice, nowMinutes));
   files.emplace_back("/app/Foreign.lst", "\xff\xfe not a list\n[Playlist\nSong:1");
-  files.emplace_back(kGoodPlaylist, "[Playlist]\r\nSong:1=anthem\r\n");
   for (const char* name : {"b.sch", "late offers.sch"}) {
     if (dice.OneIn(2)) continue;
     files.emplace_back(std::string("/app/") + name, Text(DrawSequence(dice, name, options.Now[3])));
   }
   files.emplace_back("/app/foreign.sch", "PK\x03\x04 nothing of ours");
-  files.emplace_back(kGoodSchedule, Text({.Messages = "good news,welcome",
-                                          .Hours = "0-23",
-                                          .Minutes = "00,10,20,30,40,50",
-                                          .Zones = "020006"}));
   Texts broken, gone;
   for (const std::string& name : kSongs) {
     if (dice.OneIn(6)) (dice.OneIn(2) ? broken : gone).push_back("/music/" + name + ".mp3");
@@ -231,9 +226,18 @@ std::function<void(SimulatedPc&)> DrawFiles(Dice& dice, const DeskOptions& optio
     for (const std::string& path : broken) pc.Disk.AddBroken(path);
     for (const std::string& path : gone) pc.Disk.Remove(path);
     pc.Disk.Remove("/app/gone.sch");
-    pc.Disk.AddMp3("/music/anthem.mp3", 95'000);
-    pc.Disk.AddWav("/messages/good news.wav", 2500);
+    AddGoodFiles(pc.Disk);
   };
+}
+
+void AddGoodFiles(MemoryDisk& disk) {
+  disk.AddFile(kGoodPlaylist, "[Playlist]\r\nSong:1=anthem\r\n");
+  disk.AddFile(kGoodSchedule, Text({.Messages = "good news,welcome",
+                                    .Hours = "0-23",
+                                    .Minutes = "00,10,20,30,40,50",
+                                    .Zones = "020006"}));
+  disk.AddMp3("/music/anthem.mp3", 95'000);
+  disk.AddWav("/messages/good news.wav", 2500);
 }
 
 }  // namespace marlex

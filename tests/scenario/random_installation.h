@@ -16,6 +16,9 @@ DeskOptions DrawInstallation(Dice& dice);
 /// that are gone or cannot be played, and the good ones.
 std::function<void(SimulatedPc&)> DrawFiles(Dice& dice, const DeskOptions& options);
 
+/// Puts the good files on the disk, or back on it.
+void AddGoodFiles(MemoryDisk& disk);
+
 // Names that stand on the disk of every installation, or are missed there.
 const std::vector<std::string>& PlaylistPaths();
 const std::vector<std::string>& ScheduleNames();

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "scenario/random_day.h"
+#include "scenario/random_installation.h"
 #include "schedule/sequence_files.h"
 #include "state/week_time.h"
 
@@ -49,6 +50,7 @@ void Recovery::Heal() {
     TheDesk.Pc.Disk.Heal(path);
   }
   TheDesk.Pc.Mixer.RefusesSettings = false;
+  AddGoodFiles(TheDesk.Pc.Disk);  // a save may have been given a name that was meant for another
 }
 
 /// A box closes when the waits that stand on it have ended.
@@ -68,7 +70,9 @@ void Recovery::CloseWindows() {
   if (windows.frmDirSel.Visible) TheDesk.Click("cmdOK");
   if (windows.frmChimeSelect.Visible) TheDesk.Click("cmdCancel");
   if (windows.TheWavWindow.Visible) TheDesk.Click("mnuExit");
-  WatchedDesk::Require(!windows.TheWavWindow.Loaded(), "The editor does not close");
+  if (windows.frmPlaylist.Visible) TheDesk.Click(windows.frmPlaylist.mnuExit);
+  WatchedDesk::Require(!windows.TheWavWindow.Loaded() && !windows.frmPlaylist.Loaded(),
+                       "An editor does not close");
 }
 
 /// The line is found a second after the plug.
@@ -121,6 +125,8 @@ void Recovery::EndWaits() {
 /// the fade, one in the chime.
 void Recovery::Call() {
   constexpr int kTries = 3;
+  WatchedDesk::Require(!TheDesk.State().CallActive || TheDesk.KeyHeld,
+                       "A call has outlived its release");
   TheDesk.Do([this] { TheDesk.StrikeCallKey(1, false); });
   EndWaits();
   for (int tries = 0; tries < kTries; ++tries) {
@@ -158,11 +164,12 @@ void Recovery::OpenGoodList() {
 }
 
 /// Whether the music's clock may have a hand in the announcement of this row: it stops only what it
-/// has started, from its stop time on.
+/// has started, from its stop time on, and may have done so already.
 bool Recovery::ClockMayStopBy(const DueRow& row) {
   constexpr int kLongestAnnouncementMinutes = 10;
   const Flags& flags = TheDesk.State();
   const Settings& settings = TheDesk.Values();
+  if (flags.MusicStoppedBySchedule) return true;
   if (!flags.MusicStartedBySchedule || flags.MusicStopOverridden) return false;
   if (settings.MusicStartTime.empty()) return false;
   const LocalTime now = TheDesk.Pc.Clock.Now();

@@ -38,6 +38,11 @@ void WatchedDesk::NoteCorners() {
   note(takenOver && Before.EditorOpen, "a takeover in the editor");
   note(PreviewSounds, "a preview");
   note(Before.PreviewSounds && flags.CallActive, "a call over a preview");
+  note(Before.PlaylistOpen && flags.FadeRunning, "the playlist editor over a fade");
+  note(Before.PlaylistOpen && flags.MessagePlaying, "the playlist editor over a message");
+  note(Before.PlaylistOpen && flags.CallActive, "the playlist editor over a call");
+  note(takenOver && Before.PlaylistOpen, "a takeover in the playlist editor");
+  note(Before.PlaylistOpen && EditorIsOpen(), "both editors");
   note(Sys->TheWindows.frmDirSel.Visible && flags.MessagePlaying,
        "a directory picker over a message");
   note(Sys->TheWindows.frmChimeSelect.Visible && flags.CallActive, "a chime picker over a call");

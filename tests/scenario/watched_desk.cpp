@@ -46,11 +46,13 @@ void WatchedDesk::Arm() {
   Before.Bytes = Pc.Serial.Sent().size();
   MasterHasSounded = ZonesLeftBehind = SongPressed = LevelChanged = false;
   TickOffByCall = CallStands = CallCutShort = KeysLeftDead = CallOverMessage = false;
-  EditorOverWaitingRow = ViewOwed = PreviewSounds = KeyHeld[0] = KeyHeld[1] = false;
+  EditorOverWaitingRow = ViewOwed = PreviewSounds = KeyHeld = false;
   CallOverWaitingRow = WavOfCall = FadeOfCall = CallWasPressed = false;
   TickBegunInWaits.reset();
   WavReportedAtMs.reset();
+  CallLeftAtMs.reset();
   Main().grdSchedule.Watcher = [this] { TableChanged = true; };
+  ArmPlaylist();
   Pc.Loop.AfterEvent = [this] { Check(); };
   Pc.Loop.OnFailure = [this, told = Pc.Loop.OnFailure](const RuntimeFailure& failure) {
     Require(IsOperatorsFault(failure.what()), std::string("A rule broke: ") + failure.what());
@@ -62,6 +64,7 @@ void WatchedDesk::Check() {
   CheckWaits();
   if (Main().Loaded()) {
     CheckEditor();
+    CheckPlaylist();
     RememberCall();
     CheckBytes();
     CheckMasterMute();
@@ -69,6 +72,7 @@ void WatchedDesk::Check() {
     CheckPriority();
     CheckMixer();
     CheckMicrophone();
+    CheckHeldCall();
     CheckPreview();
     CheckSave();
     CheckFiringRow();
@@ -111,7 +115,13 @@ void WatchedDesk::Remember() {
   Before.WaitCount = Pc.Loop.Waits();
   Before.Weekday = Pc.Clock.Now().Weekday;
   Before.LastMinute = Sys->Tick.LastMinute;
+  Before.MainLoaded = Main().Loaded();
   Before.Playlist = ReadWindow();
+  if (PlaylistIsOpen() != Before.PlaylistOpen) DialogOutlivesPlaylist = true;
+  Before.PlaylistOpen = PlaylistIsOpen();
+  Before.Composed = ReadDraft();
+  Chosen.reset();
+  PlaylistStep = PlaylistTouched = SongListTouched = false;
   if (Main().Loaded() && !MuteCheck(0)) MasterHasSounded = true;
   if (!Main().Loaded()) return;
   if (ZonesLeftBehind) ZonesLeftBehind = CallCutShort || !MusicZonesAreLit();
@@ -139,21 +149,19 @@ void WatchedDesk::CheckBytes() {
 /// A takeover drops the rest of the messages, and whoever plays others opens the master first. An
 /// announcement that begins under a takeover leaves its zones on the labels.
 void WatchedDesk::CheckMessages() {
-  const auto& lines = Pc.Journal.Lines();
-  for (std::size_t line = std::min(Before.Lines, lines.size()); line < lines.size(); ++line) {
-    if (lines[line].find(" wav play ") == std::string::npos) continue;
+  if (JournalHas(" wav play ", Before.Lines))
     Require(!Before.Preempted || !MuteCheck(0), "A message begins while the master is muted");
-  }
   if (State().MessagePlaying && !Before.Playing) ZonesLeftBehind |= Before.Preempted;
 }
 
 /// A takeover mutes the master until status 0. Only what starts meanwhile opens it again: the
 /// messages of a row that had been waiting for the song's end, or of a row of the very tick that
-/// the takeover interrupted, and, once a lower status lets us start again, whatever then starts.
+/// the takeover interrupted, the preview of a song, and, once a lower status lets us start again,
+/// whatever then starts.
 void WatchedDesk::CheckMasterMute() {
   if (Before.Preempted && State().PriorityPreempted && Before.MasterMuted && !MuteCheck(0)) {
     const bool waitedForTheBreak = Before.Awaiting && !State().MessageAwaitingSongEnd;
-    Require(State().MessagePlaying || waitedForTheBreak || State().PriorityClear,
+    Require(State().MessagePlaying || waitedForTheBreak || State().PriorityClear || PlaylistStep,
             "The master opens during a takeover and nothing starts");
   }
   if (MuteCheck(0) && MasterHasSounded)
@@ -190,9 +198,17 @@ void WatchedDesk::CheckMicrophone() {
   if (Pc.Mixer.HasMissed(kComponentMicrophone, kControlMute)) return;
   if (Pc.Mixer.Muted(kComponentMicrophone)) return;
   Require(State().CallActive, "The microphone is open without a call");
-  Require(KeyHeld[0] || KeyHeld[1], "The microphone is open without a held key");
+  Require(KeyHeld, "The microphone is open without a held key");
   Require(KeySays(kStrSpeak), "The microphone is open, and the keys do not say so");
   Require(!State().PriorityPreempted, "The microphone is open under a takeover");
+}
+
+/// A call whose release leaves its waits ends with them. What it only pumps for counts as no wait,
+/// and takes no time.
+void WatchedDesk::CheckHeldCall() {
+  if (!AtRest() || !State().CallActive || KeyHeld) return CallLeftAtMs.reset();
+  if (!CallLeftAtMs) CallLeftAtMs = NowMs();
+  Require(NowMs() == *CallLeftAtMs, "A call stands that nobody holds");
 }
 
 bool WatchedDesk::KeySays(StringId caption) {
@@ -311,18 +327,23 @@ bool WatchedDesk::IsDue(int row) {
 
 /// A minute that the tick accepts has its row fire, or has none. The row is sought behind the fade
 /// of the music's stop; another minute that comes in this fade takes the place of the first. Under
-/// a call, which the end of a song may switch the tick on for, a minute is lost.
+/// a call, which the end of a song may switch the tick on for, and under an announcement, which the
+/// editor's closing may, a minute is lost. After a takeover a release that is still in its flag
+/// ends the fade of the row at once, and the row with it.
 void WatchedDesk::CheckDueRow() {
   if (Sys->Tick.LastMinute != Before.LastMinute) {
     TickBegunInWaits.reset();
-    if (Before.PriorityClear && !Before.CallActive) TickBegunInWaits = Before.WaitCount;
+    const bool listens = Before.PriorityClear && !Before.CallActive && !Before.Playing;
+    if (listens) TickBegunInWaits = Before.WaitCount;
   }
   if (!TickBegunInWaits) return;
   if (!Sys->TheFrmPlayers.tmrMessage.Enabled) {
     Require(IsDue(Sys->Tick.ScheduleRow), "Another row fires than the one that is due");
     ++Corners["a row that fires"];
   } else if (Pc.Loop.Waits() <= *TickBegunInWaits) {
-    Require(IsDue(0), "A row that is due does not fire");
+    const bool overAtOnce = State().PriorityPreempted && State().CallEndedDuringFade;
+    Require(IsDue(0) || (overAtOnce && IsDue(Sys->Tick.ScheduleRow)),
+            "A row that is due does not fire");
   } else {
     return;
   }
@@ -332,7 +353,7 @@ void WatchedDesk::CheckDueRow() {
 WatchedDesk::Window WatchedDesk::ReadWindow() {
   const Settings& settings = Values();
   return {settings.MusicScheduled, settings.MusicStartTime, settings.MusicStopTime,
-          settings.MusicWeekDays};
+          settings.MusicWeekDays,  settings.MusicAutostart, settings.CurrentPlaylistFile};
 }
 
 bool WatchedDesk::OpensTheMusic(const Window& window) {
@@ -422,14 +443,13 @@ bool WatchedDesk::MusicZonesAreLit() {
 void WatchedDesk::StrikeCallKey(int key, bool down) {
   CommandButton& button = key == 1 ? Main().cmdCall : Main().cmdCall2;
   if (!Main().Visible) return;
-  RememberCall();  // a nested stroke may be the first event of a call
-  if (!down) KeyHeld[key - 1] = false;
+  RememberCall();              // a nested stroke may be the first event of a call
+  if (!down) KeyHeld = false;  // either key ends the call of the other
   if (!down) return button.OnMouseUp(MouseButton::Left);
   if (!button.Enabled || !button.Visible) return;
-  KeyHeld[key - 1] = true;
   const Flags& flags = State();
   if (!flags.CallActive && !flags.PriorityPreempted && flags.PriorityClear) {
-    CallWasPressed = TickOffByCall = true;
+    KeyHeld = CallWasPressed = TickOffByCall = true;
     CallCutShort |= flags.CallEndedDuringChime && !Values().PreChime.empty();
     CallOverWaitingRow |= flags.MessageAwaitingSongEnd;
     TickBegunInWaits.reset();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <map>
 #include <optional>
@@ -38,7 +39,12 @@ class WatchedDesk : public Desk {
   /// disabled cannot be pressed.
   void StrikeCallKey(int key, bool down);
   bool CallWasPressed = false;     // since the start of the program
+  bool KeyHeld = false;            // a call key, since a press that began a call
   bool KeySays(StringId caption);  // both call keys do
+
+  /// The operator does something at the playlist editor, as one event, where it is open and no box
+  /// stands before it.
+  void StepAtPlaylist(const std::function<void(FrmPlaylist&)>& step);
 
   void PlugIn();  // the amplifier, into the port that the program uses
 
@@ -56,6 +62,7 @@ class WatchedDesk : public Desk {
   void CheckPriority();
   void CheckMixer();
   void CheckMicrophone();
+  void CheckHeldCall();
   void CheckTable();
   void CheckFiringRow();
   void CheckMinute();
@@ -73,6 +80,16 @@ class WatchedDesk : public Desk {
   void CheckPreview();
   void CheckSave();
   std::vector<std::string> ReadFields();
+  void ArmPlaylist();
+  bool PlaylistIsOpen();
+  void CheckPlaylist();
+  void CheckMainList();
+  void CheckListOpen();
+  void CheckListSave();
+  void CheckSavedList();
+  std::vector<std::string> SongsIn(const std::string& file);
+  void CheckSongPreview(std::size_t firstLine);
+  bool JournalHas(const std::string& word, std::size_t firstLine);
   void RememberCall();
   void NoteCorners();
   bool LevelsAgree(int line, std::uint32_t componentType);
@@ -89,13 +106,40 @@ class WatchedDesk : public Desk {
   int RowDueIn(const std::vector<TableRow>& table, int weekday);
   bool IsDue(int row);
 
-  /// The window of the playlist.
+  /// What is in force of the playlists.
   struct Window {
     bool Scheduled = false;
     std::string StartTime, StopTime, WeekDays;
+    bool Autostart = false;
+    std::string File;
+
+    bool operator==(const Window&) const = default;
   };
   Window ReadWindow();
+  Window WindowOf(const std::string& file);
   bool OpensTheMusic(const Window& window);
+
+  /// What the playlist editor shows.
+  struct Draft {
+    std::vector<std::string> Songs;
+    std::array<int, 4> Times{};  // hour and minute of the start, then of the stop
+    std::string Days;
+    bool TimesShown = false;
+    bool Autostart = false;
+
+    bool operator==(const Draft&) const = default;
+    bool HasTimes() const;
+    bool LacksTimes() const;
+  };
+  Draft ReadDraft();
+  Window StartOf(const Draft& draft);
+
+  /// What the operator has just chosen in a file dialog.
+  struct Choice {
+    FileDialog Dialog;
+    std::string Path;
+    bool ByEditor = false;  // that of playlists
+  };
 
   // How it stood after the last event.
   struct {
@@ -127,14 +171,18 @@ class WatchedDesk : public Desk {
     int Weekday = 0;
     std::string LastMinute;
     std::vector<TableRow> Table;
+    bool MainLoaded = false;
     Window Playlist;
+    bool PlaylistOpen = false;  // the editor
+    Draft Composed;             // in it
   } Before;
   std::int64_t SteadySinceMs = 0;  // the tick is on, and neither clock nor machine jumped
   std::int64_t CheckedAtMs = 0;
   std::int64_t ClockAheadS = 0;         // of the virtual time, whose zero does not matter
   std::optional<int> TickBegunInWaits;  // a minute whose row is yet to be sought
   std::optional<std::int64_t> WavReportedAtMs;
-  bool TickOffByCall = false;         // and off ever since
+  std::optional<std::int64_t> CallLeftAtMs;  // by the finger, and it stands
+  bool TickOffByCall = false;                // and off ever since
   bool CallCutShort = false;          // by a takeover or a kept release, before it put things right
   bool CallStands = false;            // it is active, or waits of it are on the stack still
   bool KeysLeftDead = false;          // of an announcement that such a call had cut off
@@ -143,10 +191,15 @@ class WatchedDesk : public Desk {
   bool EditorOverWaitingRow = false;  // which its closing leaves with the tick on
   bool ViewOwed = false;              // all days, as the view menus say or the editor found it
   bool PreviewSounds = false;         // the WAV is the editor's
-  bool KeyHeld[2] = {};               // the call keys
-  bool WavOfCall = false;             // a WAV of the call's time sounds
-  bool FadeOfCall = false;            // a fade runs whose wait a release has ended
-  bool MasterHasSounded = false;      // since the start of the program
+  std::optional<Choice> Chosen;       // in the event that is looked at
+  bool PlaylistStep = false;          // the event is one of the operator at the playlist editor
+  bool PlaylistTouched = false;       // something in its window has changed
+  bool SongListTouched = false;       // the list of the main window has
+  bool DialogOutlivesPlaylist = false;  // which has been closed since it opened that dialog
+  std::size_t DialogOfPlaylist = 0;     // number of the last file dialog that it has opened
+  bool WavOfCall = false;               // a WAV of the call's time sounds
+  bool FadeOfCall = false;              // a fade runs whose wait a release has ended
+  bool MasterHasSounded = false;        // since the start of the program
   bool ZonesLeftBehind = false;  // by an announcement that began under a takeover, or by a call
   bool TableChanged = false;
   bool SongPressed = false;

@@ -56,9 +56,7 @@ void WatchedDesk::CheckView() {
 /// A preview gives way to a call, and ends with the editor. In a language whose word for closing is
 /// no command its stop leaves the message sounding.
 void WatchedDesk::CheckPreview() {
-  const auto& lines = Pc.Journal.Lines();
-  for (std::size_t line = std::min(Before.Lines, lines.size()); line < lines.size(); ++line) {
-    if (lines[line].find(" wav play ") == std::string::npos) continue;
+  if (JournalHas(" wav play ", Before.Lines)) {
     const bool called = State().CallActive || Before.CallActive || TickOffByCall || CallStands;
     PreviewSounds = EditorIsOpen() && !State().MessagePlaying && !called;
   }
