@@ -40,13 +40,7 @@ Deed ClickAtHand(const std::string& control) {
 }
 
 void AddMessage(WatchedDesk& desk, int place) {
-  ListBox& list = Editor(desk).AvailWavs;
-  if (list.ListCount() == 0) return;
-  desk.Do([&] {
-    const int entry = place % list.ListCount();
-    if (entry == list.ListIndex()) return list.OnClick();
-    list.SetListIndex(entry);
-  });
+  desk.Do([&] { ClickEntry(Editor(desk).AvailWavs, place); });
 }
 
 void Type(WatchedDesk& desk, TextBox WavWindow::*box, const std::string& text) {
@@ -93,24 +87,32 @@ Deed DrawList(Dice& dice) {
   }
 }
 
+/// The list may be emptied, or its window closed, in the midst of it.
+void Drag(WatchedDesk& desk, int from, int to) {
+  ListBox& list = Editor(desk).SelectedWavs;
+  const auto moveTo = [&](int entry) {
+    if (entry < list.ListCount()) list.SetListIndex(entry);
+  };
+  desk.Do([&] {
+    moveTo(from);
+    list.OnMouseDown(MouseButton::Left);
+  });
+  for (int at = from; at != to; at += at < to ? 1 : -1) {
+    desk.Do([&] {
+      moveTo(at + (at < to ? 1 : -1));
+      list.OnMouseMove();
+    });
+  }
+  desk.Do([&] { list.OnMouseUp(); });
+}
+
 Deed DrawDrag(Dice& dice) {
   const int from = dice.Between(0, 5);
   const int to = dice.Between(0, 5);
   return AtHand("drag message " + std::to_string(from) + " to " + std::to_string(to),
                 [from, to](WatchedDesk& desk) {
-                  ListBox& list = Editor(desk).SelectedWavs;
-                  if (from >= list.ListCount() || to >= list.ListCount()) return;
-                  desk.Do([&] {
-                    list.SetListIndex(from);
-                    list.OnMouseDown(MouseButton::Left);
-                  });
-                  for (int at = from; at != to; at += at < to ? 1 : -1) {
-                    desk.Do([&] {
-                      list.SetListIndex(at + (at < to ? 1 : -1));
-                      list.OnMouseMove();
-                    });
-                  }
-                  desk.Do([&] { list.OnMouseUp(); });
+                  const int messages = Editor(desk).SelectedWavs.ListCount();
+                  if (from < messages && to < messages) Drag(desk, from, to);
                 });
 }
 
@@ -135,7 +137,7 @@ Deed DrawInterval(Dice& dice) {
       return ClickAtHand("optInterval_" + dice.Of(intervals));
     case 3:
       return AtHand("start the interval at " + std::to_string(start), [start](WatchedDesk& desk) {
-        desk.Do([&] { Editor(desk).cmbStart.SetListIndex(start); });
+        desk.Do([&] { ClickEntry(Editor(desk).cmbStart, start); });
       });
     default: {
       const std::string key = dice.OneIn(3) ? "cmdCancel" : "cmdOK";

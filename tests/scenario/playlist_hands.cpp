@@ -26,15 +26,6 @@ Deed OpenedAtHand(const std::string& what, const Step& step) {
           }};
 }
 
-/// A click on an entry of a list that has any.
-void ClickEntry(ListBox& list, int place) {
-  if (list.ListCount() == 0) return;
-  const int entry = place % list.ListCount();
-  const bool isClickAlone = entry == list.ListIndex();
-  list.SetListIndex(entry);
-  if (isClickAlone) list.OnClick();
-}
-
 Texts Songs(const FrmPlaylist& editor) {
   Texts songs;
   for (int song = 0; song < editor.SelectedMP3s.ListCount(); ++song)

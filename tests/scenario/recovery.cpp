@@ -64,8 +64,9 @@ void Recovery::AnswerBoxes() {
   }
 }
 
-/// The schedule goes on once the editor is closed.
+/// The schedule goes on once the editor is closed. A program that has ended took its windows along.
 void Recovery::CloseWindows() {
+  if (TheDesk.Pc.Process.Ended()) return;
   Windows& windows = TheDesk.Sys->TheWindows;
   if (windows.frmDirSel.Visible) TheDesk.Click("cmdOK");
   if (windows.frmChimeSelect.Visible) TheDesk.Click("cmdCancel");

@@ -12,6 +12,14 @@ Deed ClickOn(const std::string& control) {
           }};
 }
 
+void ClickEntry(ListBox& list, int place) {
+  if (list.ListCount() == 0) return;
+  const int entry = place % list.ListCount();
+  const bool isClickAlone = entry == list.ListIndex();
+  list.SetListIndex(entry);
+  if (isClickAlone && list.OnClick) list.OnClick();
+}
+
 namespace {
 
 using Texts = std::vector<std::string>;

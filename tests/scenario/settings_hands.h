@@ -15,6 +15,9 @@ using Deed = std::pair<std::string, std::function<void(WatchedDesk&)>>;
 /// Nothing where no window shows the control.
 Deed ClickOn(const std::string& control);
 
+/// A click on an entry of a list, in the midst of an event. Nothing where the list is empty.
+void ClickEntry(ListBox& list, int place);
+
 /// One step at the settings dialog, which may open it, or close it again.
 Deed DrawSettingsHand(Dice& dice);
 
