@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "i18n/with_texts.h"
 #include "music/playlist_desk.h"
 
 namespace marlex {
@@ -120,11 +121,7 @@ TEST(PlaylistSave, TheFirstListThatIsNotSetIsNamedAndTheFileHoldsTheSongsAlone) 
 
 TEST(PlaylistSave, ItsWordsAreThoseOfTheChosenLanguage) {
   PlaylistDesk desk;
-  std::vector<StringEntry> block;
-  for (const int id : {101, 882, 1130, 1140, 1150, 1160, 1170})
-    block.push_back({id, "<" + std::to_string(id) + ">"});
-  desk.Sys->Strings.AddBlock(90'000, block);
-  desk.Sys->Strings.LanguageBase = 90'000;
+  desk.Sys->Strings.LanguageBase = 15000;
   desk.SaveAs();
   desk.Add({"a"});
   desk.Click("optScheduled_0");
@@ -138,8 +135,10 @@ TEST(PlaylistSave, ItsWordsAreThoseOfTheChosenLanguage) {
   desk.Pc.Disk.FailWrites(PlaylistDesk::kFile);
   desk.SaveAs();
   EXPECT_EQ(desk.Boxes(),
-            "!<101>: <1130>\n!<101>: <1140>\n!<101>: <1150>\n!<101>: <1160>\n!<101>: <1170>\n"
-            "!<101>: <882>: /app/new.lst\n");
+            WithTexts(desk.Sys->Strings,
+                      "!#101: #1130\n!#101: #1140\n!#101: #1150\n!#101: #1160\n!#101: #1170\n"
+                      "!#101: #882: /app/new.lst\n"));
+  EXPECT_EQ(desk.Sys->Strings.LoadString(kStrError), "Ошибка");
 }
 
 TEST(PlaylistSave, AScheduleThatIsCompletedAfterTheWordIsSavedWhole) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "i18n/with_texts.h"
 #include "schedule/editor_desk.h"
 
 namespace marlex {
@@ -90,11 +91,8 @@ TEST(TimeFields, TakeThirtyItemsAndNoMore) {
 TEST(TimeFields, AreJudgedInTheWordsOfTheChosenLanguage) {
   const std::string header = " M  T  W   T   F   S   S: ";
   EditorDesk desk;
-  std::vector<StringEntry> block;
-  for (const int id : {101, 871, 1020, 1030, 1040, 1050, 1070, 1080, 1090, 1100})
-    block.push_back({id, "<" + std::to_string(id) + ">"});
-  desk.Sys->Strings.AddBlock(2000, block);
-  desk.Sys->Strings.LanguageBase = 2000;
+  desk.Sys->Strings.LanguageBase = 25000;
+  const auto hebrew = [&desk](const char* text) { return WithTexts(desk.Sys->Strings, text); };
   const auto judge = [&desk](const char* hours, const char* minutes) {
     desk.Type(desk.Editor().txtHours, hours);
     desk.Type(desk.Editor().txtMinutes, minutes);
@@ -102,16 +100,16 @@ TEST(TimeFields, AreJudgedInTheWordsOfTheChosenLanguage) {
     desk.Advance(0);
     return desk.LastBox();
   };
-  EXPECT_EQ(judge("", ""), header + "<1020>");
-  EXPECT_EQ(judge("8", ""), header + "<1030>");
-  EXPECT_EQ(judge("8", "30"), header + "<1040>");
+  EXPECT_EQ(judge("", ""), header + hebrew("#1020"));
+  EXPECT_EQ(judge("8", ""), header + hebrew("#1030"));
+  EXPECT_EQ(judge("8", "30"), header + hebrew("#1040"));
   desk.Add({"welcome"});
-  EXPECT_EQ(judge("8", "30"), header + "<1050>");
+  EXPECT_EQ(judge("8", "30"), header + hebrew("#1050"));
   desk.Click("WkDays_0");
-  EXPECT_EQ(judge("x", "30"), "<101>: <1070>");
-  EXPECT_EQ(judge("8", "x"), "<101>: <1080>");
-  EXPECT_EQ(judge("24", "30"), "<101>: <1090>");
-  EXPECT_EQ(judge("8", "60"), "<101>: <1100>");
+  EXPECT_EQ(judge("x", "30"), hebrew("#101: #1070"));
+  EXPECT_EQ(judge("8", "x"), hebrew("#101: #1080"));
+  EXPECT_EQ(judge("24", "30"), hebrew("#101: #1090"));
+  EXPECT_EQ(judge("8", "60"), hebrew("#101: #1100"));
 }
 
 TEST(TimeFields, SetAFlagForEachFieldAndClearTheOneThatFails) {

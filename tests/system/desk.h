@@ -9,6 +9,7 @@
 
 #include "places.h"
 #include "system/stage/installation.h"
+#include "system/stage/signals.h"
 #include "system/stage/stage.h"
 #include "system/stage/wait.h"
 #include "system/stage/wav_file.h"
@@ -36,12 +37,6 @@ constexpr double kNothingDb = -60;
 /// A tone above this is heard; what is below it may be the edge of another tone that starts or
 /// ends.
 constexpr double kHeardDb = -25;
-
-/// The colours of the schedule's rows and of the zones' lamps.
-constexpr const char* kNavy = "#000080";
-constexpr const char* kGreen = "#00ff00";
-constexpr const char* kRed = "#ff0000";
-constexpr const char* kWhite = "#ffffff";
 
 inline stage::InstallationFiles TwoSongs(double firstSeconds) {
   stage::InstallationFiles files;

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
+#include "desktop/windows/reader_names.h"
 #include "desktop/windows/shown_text.h"
 
 namespace marlex {
@@ -51,6 +52,7 @@ void Binder::PaintAll() {
     bound->Dirty = false;
     bound->View->Paint();
   }
+  NameForReaders(Window);
   if (WindowDirty) PaintWindow();
 }
 

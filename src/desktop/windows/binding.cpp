@@ -22,15 +22,21 @@ void WidgetBinding::Paint() {
   PaintHeight();
 }
 
-/// The two palette colours leave the look to the style sheet; any other is shown as it is.
+/// The two palette colours leave the look to the style sheet. Another ground is a signal: it shows
+/// by its heavier text and line also to those who see no colours.
 void WidgetBinding::PaintColors() {
   if (Source.BackColor == PaintedBack && Source.ForeColor == PaintedText) return;
   PaintedBack = Source.BackColor;
   PaintedText = Source.ForeColor;
   QString rules;
-  if (PaintedBack != kButtonFace)
-    rules += "background-color: " + ShownColor(PaintedBack).name() + "; ";
-  if (PaintedText != kButtonText) rules += "color: " + ShownColor(PaintedText).name() + "; ";
+  QColor text = ShownColor(PaintedText);
+  if (PaintedBack != kButtonFace) {
+    const QColor ground = ShownColor(PaintedBack);
+    if (PaintedText == kButtonText) text = TextOn(ground);
+    rules += "background-color: " + ground.name() + "; border: 2px solid " +
+             ground.darker(170).name() + "; font-weight: 700; ";
+  }
+  if (!rules.isEmpty() || PaintedText != kButtonText) rules += "color: " + text.name() + "; ";
   Widget.setStyleSheet(rules.isEmpty() ? rules : "#" + Widget.objectName() + " { " + rules + "}");
 }
 

@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <utility>
 
+#include "desktop/windows/theme.h"
+
 namespace marlex {
 
 namespace {
@@ -83,7 +85,7 @@ class GlyphEngine : public QIconEngine {
       : Path(std::move(path)), AtRest(atRest), SwitchedOn(switchedOn) {}
 
   void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
-    const QColor disabled(0xA9, 0xB4, 0xC0);
+    const QColor disabled = ThemeColorNow("off-text");
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(area.topLeft());
@@ -112,8 +114,7 @@ class GlyphEngine : public QIconEngine {
 QColor RestColour(const QAbstractButton& key) {
   const QString face = key.property("face").toString();
   if (face == "primary" || face == "call") return Qt::white;
-  if (face == "toggle") return QColor(0x8A, 0x97, 0xA6);
-  return QColor(0x2B, 0x3A, 0x4A);
+  return ThemeColorNow(face == "toggle" ? "off-glyph" : "glyph");
 }
 
 }  // namespace

@@ -13,6 +13,9 @@ namespace marlex {
 namespace {
 
 constexpr int kCellMargin = 10;
+constexpr int kMarkWidth = 16;
+constexpr int kMarkRole = Qt::UserRole;
+constexpr int kMarkColumn = 0;
 constexpr int kRowAir = 10;  // above and below the text of a row together
 // Column widths are meant for digits of this many pixels, at 15 twips a pixel. Faces of one height
 // differ in width, and a time that is cut short tells nothing.
@@ -48,14 +51,35 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return ShownToolTip(Cells.TextMatrix(row, column));
     case Qt::BackgroundRole:
-      return QBrush(ShownColor(Cells.BackColorAt(row, column)));
+      return QBrush(GroundOf(row, column));
     case Qt::ForegroundRole:
-      return QBrush(ShownColor(Cells.ForeColorAt(row, column)));
+      return QBrush(TextColorOf(row, column));
+    case kMarkRole:
+      return MarkOf(row, column);
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(AlignmentOf(Cells.ColAlignment(column)));
     default:
       return {};
   }
+}
+
+bool GridModel::IsPlain(int row, int column) const {
+  return Cells.BackColorAt(row, column) == kWhite;
+}
+
+QColor GridModel::GroundOf(int row, int column) const {
+  return IsPlain(row, column) ? ThemeColorNow("card") : ShownColor(Cells.BackColorAt(row, column));
+}
+
+QColor GridModel::TextColorOf(int row, int column) const {
+  return IsPlain(row, column) ? ThemeColorNow("text") : TextOn(GroundOf(row, column));
+}
+
+/// What the colour of a row tells, as a sign at its beginning: that it plays or fired last, or is
+/// in conflict.
+QString GridModel::MarkOf(int row, int column) const {
+  if (column != kMarkColumn || IsPlain(row, column)) return {};
+  return Cells.BackColorAt(row, column) == kRed ? "!" : "\u25B8";
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -75,6 +99,8 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QString text =
       option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width());
   painter->drawText(area, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine, text);
+  const QRect margin(option.rect.left(), option.rect.top(), kMarkWidth, option.rect.height());
+  painter->drawText(margin, Qt::AlignCenter, index.data(kMarkRole).toString());
   if (option.state & QStyle::State_HasFocus) painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
 }
 

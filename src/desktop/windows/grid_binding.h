@@ -28,11 +28,16 @@ class GridModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  bool IsPlain(int row, int column) const;
+  QColor GroundOf(int row, int column) const;
+  QColor TextColorOf(int row, int column) const;
+  QString MarkOf(int row, int column) const;
+
   const Grid& Cells;
   int KnownRows = 0;
 };
 
-/// Paints a cell in its own two colours, whatever is selected.
+/// Paints a cell in its own two colours and with its mark, whatever is selected.
 class CellPainter : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

@@ -25,6 +25,9 @@ class LabelBinding : public WidgetBinding {
   LabelBinding(Label& label, QLabel& widget)
       : WidgetBinding(label, widget), Shown(label), Widget(widget) {
     widget.setTextFormat(Qt::PlainText);
+    // The windows run from left to right in every language, those included that are written the
+    // other way.
+    widget.setAlignment(widget.alignment() | Qt::AlignAbsolute);
   }
 
   void Paint() override {

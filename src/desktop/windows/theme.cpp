@@ -2,10 +2,10 @@
 
 #include <QFile>
 #include <QFont>
-#include <QPalette>
 #include <QStyleFactory>
 
 #include "desktop/windows/logo_mark.h"
+#include "desktop/windows/theme_colors.h"
 
 // At namespace scope, as the macro demands; without it the linker leaves the resources of a static
 // library out.
@@ -16,26 +16,8 @@ namespace marlex {
 namespace {
 
 constexpr qreal kFontPoints = 10.5;
-const QColor kFace(0xEE, 0xF1, 0xF5);
-const QColor kText(0x1B, 0x26, 0x33);
-const QColor kAccent(0x1D, 0x63, 0xB8);
 
-QPalette LightPalette() {
-  QPalette palette(kFace, kFace);
-  for (const auto role :
-       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
-    palette.setColor(role, kText);
-  }
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA6, 0xB3));
-  }
-  palette.setColor(QPalette::Base, Qt::white);
-  palette.setColor(QPalette::AlternateBase, QColor(0xF7, 0xF9, 0xFB));
-  palette.setColor(QPalette::ToolTipBase, Qt::white);
-  palette.setColor(QPalette::Highlight, kAccent);
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  return palette;
-}
+Scheme ShownScheme() { return SchemeOf(QGuiApplication::palette()); }
 
 }  // namespace
 
@@ -48,18 +30,40 @@ void ApplyTheme(QApplication& application) {
   font.setFamilies({"Roboto", "Noto Sans", "Open Sans", "DejaVu Sans"});
   font.setPointSizeF(kFontPoints);
   QApplication::setFont(font);
-  QApplication::setPalette(LightPalette());
+  const Scheme scheme = ShownScheme();  // the desktop's, as long as nothing else has been set
+  QApplication::setPalette(PaletteOf(scheme));
   QApplication::setWindowIcon(LogoMark::Icon());
   QFile sheet(":/theme.qss");
   if (sheet.open(QIODevice::ReadOnly))
-    application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    application.setStyleSheet(Coloured(QString::fromUtf8(sheet.readAll()), scheme));
 }
 
+QColor ThemeColorNow(const char* name) { return NamedColor(name, ShownScheme()); }
+
 QColor ShownColor(Color color) {
-  if (color == kButtonFace) return kFace;
-  if (color == kButtonText) return kText;
-  return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
-                static_cast<int>(color >> 16 & 0xFF));
+  switch (color) {
+    case kButtonFace:
+      return ThemeColorNow("face");
+    case kButtonText:
+      return ThemeColorNow("text");
+    case kGreen:
+      return ThemeColorNow("live");
+    case kDarkGreen:
+      return ThemeColorNow("ready");
+    case kRed:
+      return ThemeColorNow("alarm");
+    case kNavy:
+      return ThemeColorNow("fired");
+    default:
+      return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+                    static_cast<int>(color >> 16 & 0xFF));
+  }
+}
+
+QColor TextOn(QColor ground) {
+  // Weights of the parts as Rec. 709 has them for how light a colour looks.
+  const double light = 0.2126 * ground.redF() + 0.7152 * ground.greenF() + 0.0722 * ground.blueF();
+  return light > 0.5 ? ThemeColorNow("on-signal") : ThemeColorNow("on-accent");
 }
 
 }  // namespace marlex

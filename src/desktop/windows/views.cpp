@@ -32,8 +32,19 @@ std::unique_ptr<QWidget> Make(Layout layout, Qt::WindowFlags flags = Qt::Window)
   return window;
 }
 
+/// As large as its content wants it, lines that wrap included, if the screen has the room.
+void FitContent(QWidget& window) {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  QSize size = window.sizeHint();
+  if (screen) size = size.boundedTo(screen->availableSize());
+  size = size.expandedTo(window.minimumSizeHint()).expandedTo(window.minimumSize());
+  if (window.hasHeightForWidth())
+    size.setHeight(std::max(size.height(), window.heightForWidth(size.width())));
+  window.resize(size);
+}
+
 void Centre(QWidget& window) {
-  window.adjustSize();
+  FitContent(window);
   const QScreen* screen = QGuiApplication::primaryScreen();
   if (screen) window.move(screen->availableGeometry().center() - window.rect().center());
 }

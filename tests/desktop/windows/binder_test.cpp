@@ -6,6 +6,7 @@
 
 #include "desktop/windows/desk.h"
 #include "desktop/windows/mouse.h"
+#include "desktop/windows/theme.h"
 
 namespace marlex {
 namespace {
@@ -151,10 +152,10 @@ TEST(Binder, LampsShowTheColoursOfTheSystem) {
   main.lblCurrentZone[2].BackColor = kGreen;
   main.lblConflict.BackColor = kRed;
   desk.Settle();
-  EXPECT_EQ(MiddleOf(lamp), QColor(0, 255, 0));
-  main.lblCurrentZone[2].BackColor = 0x008000;
+  EXPECT_EQ(MiddleOf(lamp), ShownColor(kGreen));
+  main.lblCurrentZone[2].BackColor = kDarkGreen;
   desk.Settle();
-  EXPECT_EQ(MiddleOf(lamp), QColor(0, 128, 0));
+  EXPECT_EQ(MiddleOf(lamp), ShownColor(kDarkGreen));
   main.lblCurrentZone[2].BackColor = kButtonFace;
   desk.Settle();
   EXPECT_EQ(MiddleOf(lamp), dark);

@@ -5,6 +5,7 @@
 #include "desktop/windows/desk.h"
 #include "desktop/windows/mouse.h"
 #include "desktop/windows/texts.h"
+#include "desktop/windows/theme.h"
 
 namespace marlex {
 namespace {
@@ -33,10 +34,10 @@ TEST(GridBinding, TextsHeadingAndColoursAreThoseOfTheGrid) {
   const QModelIndex cell = table.View.model()->index(1, kTimeColumn);
   EXPECT_EQ(cell.data().toString().toStdString(), table.Cells.TextMatrix(2, kTimeColumn));
   EXPECT_EQ(table.View.model()->headerData(4, Qt::Horizontal).toString(), "Message info");
-  EXPECT_EQ(cell.data(Qt::BackgroundRole).value<QBrush>().color(), QColor(0, 0, 128));
+  EXPECT_EQ(cell.data(Qt::BackgroundRole).value<QBrush>().color(), ShownColor(kNavy));
   const QImage picture = table.View.viewport()->grab().toImage();
   const QRect area = table.View.visualRect(cell);
-  EXPECT_EQ(picture.pixelColor(area.topLeft() + QPoint(3, 3)), QColor(0, 0, 128));
+  EXPECT_EQ(picture.pixelColor(area.topLeft() + QPoint(3, 3)), ShownColor(kNavy));
 }
 
 TEST(GridBinding, ColumnsOfNoWidthAndRowsOfNoHeightAreNotSeen) {

@@ -75,6 +75,8 @@ TEST(ScheduleEditorWindow, AGivenPlaceAndSizeAreKeptUntilTheNextOpening) {
 TEST(ScheduleEditorWindow, ItsListsTakeTheRoomOfALargerWindow) {
   EditorPlace desk;
   auto& list = desk.Part<QListView>("SelectedWavs");
+  desk.Screen.ScheduleEditor().resize(900, 720);
+  desk.Settle();
   const QSize before = list.size();
   desk.Screen.ScheduleEditor().resize(1200, 900);
   desk.Settle();

@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "places.h"
+#include "system/stage/signals.h"
 #include "system/stage/stage.h"
 #include "system/stage/wait.h"
 #include "teller.h"
@@ -22,7 +23,6 @@ constexpr const char* kStart =
     "2031-05-05 08:59:44";  // a Monday; the sample's first row is due at 09:00
 constexpr double kLimitSeconds = 90;
 constexpr double kMusicAfterwardsSeconds = 3;
-constexpr const char* kGreen = "#00ff00";
 
 /// Follows the first announcement from its row's green to the music's return.
 class FirstAnnouncement {

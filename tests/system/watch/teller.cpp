@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "system/stage/signals.h"
 #include "system/stage/wait.h"
 
 namespace marlex::watch {
@@ -14,8 +15,6 @@ constexpr double kSilenceDb = -60;
 constexpr double kLevelSeconds =
     0.4;  // a level is taken over this long, so that single notes do not show
 constexpr int kZones = 6;
-constexpr std::string_view kGreen = "#00ff00";
-constexpr std::string_view kNavy = "#000080";
 
 /// What is worth a line of its own: a control and the property that the operator would look at.
 struct Sight {

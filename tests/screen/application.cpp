@@ -8,7 +8,10 @@ namespace {
 /// One QApplication for all tests of the process.
 class Application : public ::testing::Environment {
  public:
-  void SetUp() override { Running = std::make_unique<QApplication>(Count, Arguments); }
+  void SetUp() override {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    Running = std::make_unique<QApplication>(Count, Arguments);
+  }
   void TearDown() override { Running.reset(); }
 
  private:

@@ -1,0 +1,100 @@
+#include "desktop/windows/theme_colors.h"
+
+#include <QRegularExpression>
+
+namespace marlex {
+
+const std::vector<ThemeColor>& ThemeColors() {
+  static const std::vector<ThemeColor> colors = {
+      // Texts
+      {"text", "#1b2633", "#e6ebf1"},
+      {"muted", "#55616f", "#a9b5c2"},
+      {"strong", "#124a9c", "#8fbcf5"},
+      {"off-text", "#8b97a4", "#7d8a98"},
+      {"on-accent", "#ffffff", "#ffffff"},
+      {"on-signal", "#101820", "#101820"},
+      // Grounds
+      {"face", "#eef1f5", "#141a21"},
+      {"card", "#ffffff", "#1f2730"},
+      {"tile", "#f4f7fa", "#262f3a"},
+      {"off", "#f4f6f8", "#232b35"},
+      {"notice", "#fff3dc", "#4a3712"},
+      {"notice-text", "#8a4b00", "#ffd596"},
+      // Lines
+      {"card-line", "#dce2e9", "#333e4a"},
+      {"soft-line", "#e3e8ee", "#303a46"},
+      {"popup-line", "#cfd7e0", "#465260"},
+      {"key-line", "#b7c3cf", "#4a5765"},
+      {"key-line-lit", "#8fa9c6", "#6f8fb3"},
+      {"mark-line", "#77879a", "#8494a4"},
+      // Keys and choices
+      {"key", "#ffffff", "#2a343f"},
+      {"key-lit", "#eaf1f9", "#33404e"},
+      {"key-down", "#dce8f5", "#3d4d5e"},
+      {"menu-lit", "#e4edf8", "#2b3d54"},
+      {"accent", "#1d63b8", "#2a6fc9"},
+      {"accent-lit", "#2a74cc", "#2f76d2"},
+      {"accent-down", "#124a8c", "#1f5aa8"},
+      {"accent-line", "#17539b", "#5d9ae6"},
+      {"off-accent", "#c9d9ec", "#324a68"},
+      {"glyph", "#2b3a4a", "#d5dde6"},
+      {"off-glyph", "#8a97a6", "#8a97a6"},
+      {"focus", "#b85c00", "#ffb454"},
+      {"handle", "#b4bfca", "#4d5a68"},
+      {"handle-lit", "#96a4b3", "#65748a"},
+      {"groove", "#dfe5ec", "#37424e"},
+      {"groove-lit", "#8fb4de", "#3f6ea8"},
+      // Signals of the system: what is live, what is ready, what fired last, what stands in the way
+      {"live", "#3ddc6c", "#3ddc6c"},
+      {"ready", "#1b7a3c", "#1b7a3c"},
+      {"alarm", "#c62828", "#cf3535"},
+      {"fired", "#12306b", "#2c5aa8"},
+  };
+  return colors;
+}
+
+QColor NamedColor(const QString& name, Scheme scheme) {
+  for (const ThemeColor& color : ThemeColors()) {
+    if (color.Name == name) return scheme == Scheme::Dark ? color.Dark : color.Light;
+  }
+  return {};
+}
+
+Scheme SchemeOf(const QPalette& palette) {
+  const bool isDark =
+      palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+  return isDark ? Scheme::Dark : Scheme::Light;
+}
+
+QPalette PaletteOf(Scheme scheme) {
+  const auto named = [scheme](const char* name) { return NamedColor(name, scheme); };
+  QPalette palette(named("face"), named("face"));
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+    palette.setColor(role, named("text"));
+  }
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, named("off-text"));
+  }
+  palette.setColor(QPalette::Base, named("card"));
+  palette.setColor(QPalette::AlternateBase, named("tile"));
+  palette.setColor(QPalette::ToolTipBase, named("card"));
+  palette.setColor(QPalette::PlaceholderText, named("muted"));
+  palette.setColor(QPalette::Highlight, named("accent"));
+  palette.setColor(QPalette::HighlightedText, named("on-accent"));
+  palette.setColor(QPalette::Link, named("strong"));
+  return palette;
+}
+
+QString Coloured(QString sheet, Scheme scheme) {
+  static const QRegularExpression name("@([a-z-]+)");
+  for (QRegularExpressionMatch found = name.match(sheet); found.hasMatch();
+       found = name.match(sheet, found.capturedStart())) {
+    const QColor color = NamedColor(found.captured(1), scheme);
+    Q_ASSERT(color.isValid());
+    sheet.replace(found.capturedStart(), found.capturedLength(), color.name());
+  }
+  return sheet;
+}
+
+}  // namespace marlex

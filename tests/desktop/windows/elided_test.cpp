@@ -1,0 +1,82 @@
+#include "desktop/windows/elided.h"
+
+#include <gtest/gtest.h>
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include "desktop/windows/desk.h"
+#include "desktop/windows/texts.h"
+
+namespace marlex {
+namespace {
+
+const char* const kLongPath =
+    "/home/operator/Music/Background/Autumn and winter of a long year/Quiet/";
+
+QString ToolTipOver(QWidget& widget) {
+  QToolTip::hideText();
+  const QPoint middle = widget.rect().center();
+  QHelpEvent asks(QEvent::ToolTip, middle, widget.mapToGlobal(middle));
+  QApplication::sendEvent(&widget, &asks);
+  return QToolTip::text();
+}
+
+TEST(Elided, APathThatIsTooLongLosesItsMiddleAndIsWholeInTheToolTip) {
+  Desk desk;
+  desk.Forms.frmSettings.Load();
+  Texts().Fill(desk.Forms);
+  desk.Forms.frmSettings.Show();
+  desk.Settle();
+  const QSize before = desk.Screen.Settings().size();
+  auto& label = *desk.Screen.Settings().findChild<ElidedLabel*>("lblBGDir_Name");
+  EXPECT_EQ(ToolTipOver(label), "");
+  const std::string path = std::string(kLongPath) + kLongPath;
+  desk.Forms.frmSettings.lblBGDir_Name.Caption = path;
+  desk.Settle();
+  EXPECT_EQ(desk.Screen.Settings().size(), before);
+  EXPECT_EQ(label.text().toStdString(), path);
+  EXPECT_NE(label.ShownLine(), label.text());
+  EXPECT_TRUE(label.ShownLine().startsWith("/home/operator/"));
+  EXPECT_TRUE(label.ShownLine().endsWith("/Quiet/"));
+  EXPECT_EQ(ToolTipOver(label).toStdString(), path);
+}
+
+TEST(Elided, AZonesLongNameMakesNoWindowWider) {
+  Desk desk;
+  desk.Forms.frmMain.Load();
+  Texts().Fill(desk.Forms);
+  desk.ShowMain();
+  QWidget& window = desk.Screen.Main();
+  const QSize least = window.minimumSizeHint();
+  const std::string name = "Departures, platforms <one> to seven & the bus station";
+  for (const auto& label : desk.Forms.frmMain.lblZoneName) label->Caption = name;
+  desk.Settle();
+  EXPECT_EQ(window.minimumSizeHint(), least);
+  auto& label = desk.Find<ElidedLabel>("lblZoneName_3");
+  EXPECT_NE(label.ShownLine(), label.text());
+  EXPECT_EQ(ToolTipOver(label), QString::fromStdString(name).toHtmlEscaped());
+}
+
+TEST(Elided, AKeyWithALongNameKeepsItsPlaceInTheEditor) {
+  Desk desk;
+  WavWindow& editor = desk.Forms.TheWavWindow;
+  editor.Load();
+  editor.Show();
+  desk.Settle();
+  QWidget& window = desk.Screen.ScheduleEditor();
+  auto& key = *window.findChild<ElidedKey*>("cmdZone_1");
+  editor.cmdZone[1].Caption = "Hall";
+  desk.Settle();
+  EXPECT_EQ(key.ShownLine(), "Hall");
+  EXPECT_EQ(ToolTipOver(key), "");
+  const int width = window.minimumSizeHint().width();
+  editor.cmdZone[1].Caption = "Departures and arrivals of the upper floor";
+  desk.Settle();
+  EXPECT_EQ(window.minimumSizeHint().width(), width);
+  EXPECT_NE(key.ShownLine(), key.text());
+  EXPECT_EQ(ToolTipOver(key), key.text());
+}
+
+}  // namespace
+}  // namespace marlex

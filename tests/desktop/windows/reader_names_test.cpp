@@ -1,0 +1,85 @@
+#include "desktop/windows/reader_names.h"
+
+#include <gtest/gtest.h>
+
+#include "desktop/windows/desk.h"
+#include "desktop/windows/texts.h"
+
+namespace marlex {
+namespace {
+
+std::string NameOf(QWidget& window, const char* widget) {
+  auto* found = window.findChild<QWidget*>(widget);
+  QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(found);
+  return spoken ? spoken->text(QAccessible::Name).toStdString() : "(none)";
+}
+
+TEST(ReaderNames, AKeyOfAZoneIsToldByItsRowAndItsZone) {
+  Desk desk;
+  desk.Forms.frmMain.Load();
+  Texts().Fill(desk.Forms);
+  desk.ShowMain();
+  EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdMusicZones_1"), "Music Hall A");
+  EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdCallZone_5"), "Call Car park");
+  desk.Forms.frmMain.lblZoneName[5].Caption = "Roof";
+  desk.Settle();
+  EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdCallZone_5"), "Call Roof");
+  EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdSkip"), "Skip");
+}
+
+TEST(ReaderNames, FieldsListsSlidersAndDaysAreToldByTheirLabelsOrFrames) {
+  Desk desk;
+  desk.Forms.TheWavWindow.Load();
+  desk.Forms.frmPlaylist.Load();
+  Texts().Fill(desk.Forms);
+  for (Form* form :
+       {static_cast<Form*>(&desk.Forms.TheWavWindow), static_cast<Form*>(&desk.Forms.frmPlaylist),
+        static_cast<Form*>(&desk.Forms.frmSettings)}) {
+    form->Show();
+  }
+  desk.Settle();
+  QWidget& editor = desk.Screen.ScheduleEditor();
+  EXPECT_EQ(NameOf(editor, "txtHours"), "Hours");
+  EXPECT_EQ(NameOf(editor, "txtMinutes"), "Minutes");
+  EXPECT_EQ(NameOf(editor, "SelectedWavs"), "Selected sequence");
+  EXPECT_EQ(NameOf(editor, "WkDays_2"), "W");
+  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "AvailMP3s"), "Available music");
+  // A reader takes the text of a box that opens for its name, and this for what it is about.
+  EXPECT_EQ(desk.Screen.Playlist().findChild<QComboBox*>("cmbStopHours")->accessibleName(),
+            "Stops at:");
+  EXPECT_EQ(NameOf(desk.Screen.Settings(), "slMusicVolume"), "Music");
+}
+
+TEST(ReaderNames, NothingThatTakesTheFocusIsNameless) {
+  Desk desk;
+  desk.Forms.frmMain.Load();
+  desk.Forms.TheWavWindow.Load();
+  desk.Forms.frmPlaylist.Load();
+  desk.Forms.frmSettings.Load();
+  Texts().Fill(desk.Forms);
+  for (Form* form :
+       {static_cast<Form*>(&desk.Forms.frmMain), static_cast<Form*>(&desk.Forms.TheWavWindow),
+        static_cast<Form*>(&desk.Forms.frmPlaylist), static_cast<Form*>(&desk.Forms.frmSettings),
+        static_cast<Form*>(&desk.Forms.frmChimeSelect),
+        static_cast<Form*>(&desk.Forms.frmDirSel)}) {
+    form->Show();
+  }
+  desk.Settle();
+  int judged = 0;
+  for (QWidget* window :
+       {&desk.Screen.Main(), &desk.Screen.ScheduleEditor(), &desk.Screen.Playlist(),
+        &desk.Screen.Settings(), &desk.Screen.ChimeSelect(), &desk.Screen.DirSel()}) {
+    for (const QWidget* widget : window->findChildren<QWidget*>()) {
+      const bool isOwn = !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_");
+      if (!isOwn || widget->focusPolicy() == Qt::NoFocus || !widget->isVisible()) continue;
+      const std::string name = widget->objectName().toStdString();
+      EXPECT_NE(NameOf(*window, name.c_str()), "")
+          << window->objectName().toStdString() << "." << name;
+      ++judged;
+    }
+  }
+  EXPECT_GT(judged, 60);
+}
+
+}  // namespace
+}  // namespace marlex

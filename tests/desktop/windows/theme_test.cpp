@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QRegularExpression>
+#include <cmath>
+
+#include "desktop/windows/desk.h"
+#include "desktop/windows/theme.h"
+#include "desktop/windows/theme_colors.h"
+
+namespace marlex {
+namespace {
+
+constexpr double kReadable = 4.5;  // WCAG 2.1, success criterion 1.4.3, for texts of usual size
+constexpr double kVisible = 3;     // success criterion 1.4.11, for signs and lines of keys
+
+/// Relative luminance as WCAG 2.1 defines it, 0 to 1.
+double Luminance(const QColor& color) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
+/// Contrast ratio as WCAG 2.1 defines it, 1 to 21.
+double Contrast(const QColor& one, const QColor& other) {
+  const double lighter = std::max(Luminance(one), Luminance(other));
+  const double darker = std::min(Luminance(one), Luminance(other));
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
+class Theme : public ::testing::TestWithParam<Scheme> {
+ protected:
+  static void ExpectContrast(const char* text, const char* ground, double least) {
+    EXPECT_GE(Contrast(NamedColor(text, GetParam()), NamedColor(ground, GetParam())), least)
+        << text << " on " << ground;
+  }
+};
+
+TEST_P(Theme, ItsTextsCanBeReadOnEveryGroundThatTheyStandOn) {
+  for (const char* ground : {"face", "card", "tile"}) {
+    for (const char* text : {"text", "muted", "strong"}) ExpectContrast(text, ground, kReadable);
+  }
+  for (const char* ground : {"key", "key-lit", "key-down"})
+    ExpectContrast("text", ground, kReadable);
+  for (const char* ground : {"accent", "accent-lit", "accent-down", "ready", "alarm", "fired"})
+    ExpectContrast("on-accent", ground, kReadable);
+  ExpectContrast("on-signal", "live", kReadable);
+  ExpectContrast("notice-text", "notice", kReadable);
+  ExpectContrast("strong", "menu-lit", kReadable);
+}
+
+TEST_P(Theme, ItsMarksAndItsFocusCanBeSeen) {
+  for (const char* ground : {"card", "tile", "key", "face"}) {
+    ExpectContrast("focus", ground, kVisible);
+    ExpectContrast("mark-line", ground, kVisible);
+    ExpectContrast("glyph", ground, kVisible);
+    ExpectContrast("accent-line", ground, kVisible);
+  }
+}
+
+/// Texts that are written on a coloured ground by the style sheet alone.
+TEST_P(Theme, EachRuleThatNamesBothColoursKeepsThemApart) {
+  QFile sheet(":/theme.qss");
+  ASSERT_TRUE(sheet.open(QIODevice::ReadOnly));
+  const QString rules = Coloured(QString::fromUtf8(sheet.readAll()), GetParam());
+  EXPECT_FALSE(rules.contains('@'));
+  static const QRegularExpression rule("([^{}]+)\\{([^{}]*)\\}");
+  static const QRegularExpression text("(?<![-\\w])color: (#\\w{6})");
+  static const QRegularExpression ground("background: (#\\w{6})");
+  int judged = 0;
+  for (auto at = rule.globalMatch(rules); at.hasNext();) {
+    const QRegularExpressionMatch found = at.next();
+    const auto textFound = text.match(found.captured(2));
+    const auto groundFound = ground.match(found.captured(2));
+    const bool isOff = found.captured(1).contains("disabled");
+    if (isOff || !textFound.hasMatch() || !groundFound.hasMatch()) continue;
+    EXPECT_GE(Contrast(QColor(textFound.captured(1)), QColor(groundFound.captured(1))), kReadable)
+        << found.captured(0).toStdString();
+    ++judged;
+  }
+  EXPECT_GE(judged, 5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Light, Theme, ::testing::Values(Scheme::Light));
+INSTANTIATE_TEST_SUITE_P(Dark, Theme, ::testing::Values(Scheme::Dark));
+
+TEST(DarkTheme, ComesWithADarkDesktopAndStaysLightOtherwise) {
+  EXPECT_EQ(SchemeOf(PaletteOf(Scheme::Light)), Scheme::Light);
+  EXPECT_EQ(SchemeOf(PaletteOf(Scheme::Dark)), Scheme::Dark);
+  QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
+  {
+    Desk desk;
+    desk.ShowMain();
+    EXPECT_EQ(ShownColor(kButtonFace), NamedColor("face", Scheme::Dark));
+    const QImage picture = desk.Screen.Main().grab().toImage();
+    EXPECT_LT(picture.pixelColor(picture.width() / 2, 3).lightness(), 80);
+  }
+  QApplication::setPalette(PaletteOf(Scheme::Light));
+  Desk desk;
+  EXPECT_EQ(ShownColor(kButtonFace), NamedColor("face", Scheme::Light));
+}
+
+}  // namespace
+}  // namespace marlex

@@ -1,0 +1,262 @@
+#include "sheets/scenes.h"
+
+namespace marlex {
+namespace {
+
+constexpr QSize kSmallScreen(1024, 700);  // of 1024 x 768, without the desktop's own bars
+
+std::vector<Medium> Songs() {
+  std::vector<Medium> songs;
+  for (const char* song : {"Evening walk", "Harbour lights", "Blue tram", "Morning market",
+                           "Paper lanterns", "Slow river", "Garden of glass", "First snow"}) {
+    songs.push_back({song});
+  }
+  return songs;
+}
+
+std::vector<Sequence> Day() {
+  return {{"Morning.sch", "gong,good_morning", "7-11", "00,30", "1234567", "120000", "Exact"},
+          {"Offers.sch", "gong,offers_of_the_day,gong", "12-18", "01,21,41", "1234560", "123456",
+           "Exact"},
+          {"Breaks.sch", "lunch_break", "12-14", "15", "1234500", "003400", "Between"},
+          {"Closing.sch", "gong,closing_time", "19,20", "45", "1234560", "123456", "Exact"}};
+}
+
+DeskOptions Shop() {
+  DeskOptions shop;
+  shop.Music = Songs();
+  for (const char* message : {"gong", "good_morning", "offers_of_the_day", "lunch_break",
+                              "closing_time", "three_tones"}) {
+    shop.Messages.push_back({message, 4000});
+  }
+  shop.Sequences = Day();
+  shop.StartTime = "08:00";
+  shop.StopTime = "20:00";
+  shop.WeekDays = "1234560";
+  shop.MusicRouting = "111010";
+  shop.CallRouting = "100001";
+  return shop;
+}
+
+DeskOptions With(const std::function<void(DeskOptions&)>& change) {
+  DeskOptions shop = Shop();
+  change(shop);
+  return shop;
+}
+
+DeskOptions Plain() {
+  return With([](DeskOptions& shop) { shop.Router = false; });
+}
+
+DeskOptions Deaf() {
+  return With([](DeskOptions& shop) { shop.Microphone = false; });
+}
+
+/// Two sequences that want the same minute.
+DeskOptions InConflict() {
+  return With([](DeskOptions& shop) {
+    shop.Sequences.push_back({"Twice.sch", "gong", "12-14", "21", "1234500", "123456", "Exact"});
+  });
+}
+
+QWidget& MainOf(ShownDesk& desk) {
+  desk.Settle();
+  QWidget& window = desk.Screen->Main();
+  window.resize(kSmallScreen);
+  desk.Settle();
+  return window;
+}
+
+/// Brings the main window up with the music playing.
+void Open(ShownDesk& desk) {
+  desk.ReachMainWindow();
+  if (desk.Enabled("cmdPlay")) desk.Click("cmdPlay");
+  desk.Advance(42'000);
+}
+
+QWidget& AtRest(ShownDesk& desk) {
+  Open(desk);
+  return MainOf(desk);
+}
+
+QWidget& InAMessage(ShownDesk& desk) {
+  Open(desk);
+  desk.RunTo(12, 21, 6);
+  return MainOf(desk);
+}
+
+QWidget& InACall(ShownDesk& desk, const char* key) {
+  Open(desk);
+  desk.Press(key);
+  desk.Advance(4000);
+  return MainOf(desk);
+}
+
+QWidget& BeforeTheChime(ShownDesk& desk) {
+  Open(desk);
+  desk.Press("cmdCall");
+  return MainOf(desk);
+}
+
+QWidget& UnderACallOfTheAmplifier(ShownDesk& desk, int status) {
+  Open(desk);
+  desk.Status(status);
+  desk.Advance(2000);
+  return MainOf(desk);
+}
+
+QWidget& WithAllDays(ShownDesk& desk) {
+  Open(desk);
+  desk.Click("mnuAllDays");
+  desk.Click("mnuScheduleName");
+  desk.Advance(1000);
+  return MainOf(desk);
+}
+
+QWidget& SettingsOf(ShownDesk& desk) {
+  desk.ReachMainWindow();
+  desk.Click("mnuSettings");
+  desk.Settle();
+  return desk.Screen->Settings();
+}
+
+QWidget& ChimePicker(ShownDesk& desk) {
+  SettingsOf(desk);
+  desk.Click("chkPreChime");
+  desk.Click("cmdPreSelect");
+  desk.Settle();
+  return desk.Screen->ChimeSelect();
+}
+
+QWidget& ScheduleEditor(ShownDesk& desk) {
+  desk.ReachMainWindow();
+  desk.Click("mnuSchedule");
+  WavWindow& editor = desk.Sys->TheWindows.TheWavWindow;
+  for (const char* message : {"gong", "offers_of_the_day", "gong"})
+    desk.Choose(editor.AvailWavs, message);
+  desk.Do([&editor] {
+    editor.txtHours.Text = "9-18";
+    editor.txtMinutes.Text = "00,30";
+    editor.SelectedWavs.SetListIndex(1);
+    if (editor.SelectedWavs.OnGotFocus) editor.SelectedWavs.OnGotFocus();
+  });
+  for (const char* day : {"WkDays_0", "WkDays_2", "WkDays_4"}) desk.Click(day);
+  desk.Settle();
+  return desk.Screen->ScheduleEditor();
+}
+
+QWidget& IntervalPanel(ShownDesk& desk) {
+  QWidget& window = ScheduleEditor(desk);
+  desk.Click("cmdInterval");
+  desk.Settle();
+  return window;
+}
+
+QWidget& MessagePreview(ShownDesk& desk) {
+  QWidget& window = ScheduleEditor(desk);
+  desk.Click("PrevKey");
+  desk.Settle();
+  return window;
+}
+
+QWidget& PlaylistEditor(ShownDesk& desk) {
+  desk.ReachMainWindow();
+  desk.Click("mnuPlaylist");
+  FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
+  for (const char* song : {"Blue tram", "Slow river", "First snow"})
+    desk.Choose(editor.AvailMP3s, song);
+  desk.Choose(editor.SelectedMP3s, "Slow river");
+  desk.Settle();
+  return desk.Screen->Playlist();
+}
+
+QWidget& PlaylistWithTimes(ShownDesk& desk) {
+  QWidget& window = PlaylistEditor(desk);
+  FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
+  desk.Click("optScheduled_0");
+  desk.Choose(editor.cmbStartHours, "08");
+  desk.Choose(editor.cmbStartMinutes, "00");
+  desk.Choose(editor.cmbStopHours, "18");
+  desk.Choose(editor.cmbStopMinutes, "30");
+  desk.Click("chkDays_0");
+  desk.Settle();
+  return window;
+}
+
+QWidget& AboutBox(ShownDesk& desk) {
+  desk.ReachMainWindow();
+  desk.Click("mnuAboutbox");
+  desk.Settle();
+  return desk.Screen->About();
+}
+
+QWidget& Menus(ShownDesk& desk, QWidget& window, const char* menu) {
+  desk.Settle();
+  auto* shown = window.findChild<QMenu*>(menu);
+  shown->ensurePolished();
+  shown->adjustSize();
+  return *shown;
+}
+
+QWidget& MainMenu(ShownDesk& desk, const char* menu) {
+  Open(desk);
+  return Menus(desk, MainOf(desk), menu);
+}
+
+std::vector<Scene> MainScenes() {
+  const auto router = Shop();
+  return {
+      {"main_music", router, AtRest},
+      {"main_message", router, InAMessage},
+      {"main_call", router, [](ShownDesk& desk) -> QWidget& { return InACall(desk, "cmdCall"); }},
+      {"main_chime", With([](DeskOptions& shop) { shop.PreChime = "three_tones"; }),
+       BeforeTheChime},
+      {"main_takeover_higher", router,
+       [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, 128); }},
+      {"main_takeover_lower", With([](DeskOptions& shop) { shop.Priority = "High"; }),
+       [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, 64); }},
+      {"main_conflict", InConflict(), AtRest},
+      {"main_conflict_takeover", InConflict(),
+       [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, 128); }},
+      {"main_all_days", router, WithAllDays},
+      {"main_plain", Plain(), AtRest},
+      {"main_plain_call", Plain(),
+       [](ShownDesk& desk) -> QWidget& { return InACall(desk, "cmdCall2"); }},
+      {"main_no_microphone", Deaf(), AtRest},
+      {"main_player_only", With([](DeskOptions& shop) { shop.Router = shop.Microphone = false; }),
+       AtRest},
+      {"menu_file", router, [](ShownDesk& desk) -> QWidget& { return MainMenu(desk, "mnuFile"); }},
+      {"menu_view", router,
+       [](ShownDesk& desk) -> QWidget& { return MainMenu(desk, "mnuSchedules"); }},
+  };
+}
+
+std::vector<Scene> OtherScenes() {
+  return {
+      {"settings", Shop(), SettingsOf},
+      {"settings_plain", Plain(), SettingsOf},
+      {"settings_no_microphone", Deaf(), SettingsOf},
+      {"chime_picker", Shop(), ChimePicker},
+      {"schedule_editor", Shop(), ScheduleEditor},
+      {"schedule_editor_plain", Plain(), ScheduleEditor},
+      {"schedule_editor_interval", Shop(), IntervalPanel},
+      {"schedule_editor_preview", Shop(), MessagePreview},
+      {"playlist_editor", Shop(), PlaylistEditor},
+      {"playlist_editor_times", Shop(), PlaylistWithTimes},
+      {"splash", Shop(), [](ShownDesk& desk) -> QWidget& { return desk.Screen->Logo(); }},
+      {"about", Shop(), AboutBox},
+  };
+}
+
+}  // namespace
+
+const std::vector<Scene>& Scenes() {
+  static const std::vector<Scene> scenes = [] {
+    std::vector<Scene> all = MainScenes();
+    for (Scene& scene : OtherScenes()) all.push_back(std::move(scene));
+    return all;
+  }();
+  return scenes;
+}
+
+}  // namespace marlex

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "sheets/shown_desk.h"
+
+namespace marlex {
+
+/// One state of one window, which the operator can come to see.
+struct Scene {
+  std::string Name;  // of the picture
+  DeskOptions Options;
+  std::function<QWidget&(ShownDesk&)> Reach;  // brings the desk there; the window to look at
+};
+
+const std::vector<Scene>& Scenes();
+
+}  // namespace marlex

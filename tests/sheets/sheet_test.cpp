@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include "desktop/windows/shown_text.h"
+#include "desktop/windows/theme_colors.h"
+#include "i18n/languages.h"
+#include "places.h"
+#include "screen/measure.h"
+#include "sheets/scenes.h"
+
+namespace marlex {
+namespace {
+
+constexpr int kColumns = 4;
+constexpr int kGap = 12;
+constexpr int kThumbnailWidth = 560;
+
+QString Directory() {
+  const int percent = qRound(100 * qApp->devicePixelRatio());
+  return QString(MARLEX_BINARY_DIR "/sheets/%1").arg(percent);
+}
+
+/// Each control that has a caption and can be seen shows it.
+void ExpectCaptionsShown(const Form& form, QWidget& window) {
+  for (Control* control : form.Controls) {
+    auto* visual = dynamic_cast<VisualControl*>(control);
+    if (!visual || visual->NeverShown) continue;
+    auto* widget = window.findChild<QWidget*>(QString::fromStdString(control->ObjectName()));
+    if (!widget || !widget->isVisible()) continue;
+    if (auto* label = qobject_cast<QLabel*>(widget)) {
+      EXPECT_EQ(label->text(), ShownText(visual->Caption)) << control->ObjectName();
+    } else if (auto* key = qobject_cast<QAbstractButton*>(widget)) {
+      EXPECT_EQ(key->text(), ShownCaption(visual->Caption)) << control->ObjectName();
+    } else if (auto* frame = qobject_cast<QGroupBox*>(widget)) {
+      EXPECT_EQ(frame->title(), ShownCaption(visual->Caption)) << control->ObjectName();
+    }
+  }
+}
+
+const Form& FormOf(const ShownDesk& desk, const QWidget& window) {
+  const Windows& forms = desk.Sys->TheWindows;
+  for (const Form* form :
+       {static_cast<const Form*>(&forms.frmMain), static_cast<const Form*>(&forms.frmLogo),
+        static_cast<const Form*>(&forms.frmAbout), static_cast<const Form*>(&forms.frmSettings),
+        static_cast<const Form*>(&forms.TheWavWindow), static_cast<const Form*>(&forms.frmPlaylist),
+        static_cast<const Form*>(&forms.frmChimeSelect)}) {
+    if (QString::fromStdString(form->Name) == window.objectName()) return *form;
+  }
+  throw RuntimeFailure("No form " + window.objectName().toStdString());
+}
+
+/// The pictures of one scene side by side, each under its language.
+class Sheet {
+ public:
+  void Add(const QString& language, const QPixmap& picture) {
+    const qreal ratio = picture.devicePixelRatio();
+    const int width = qMin(kThumbnailWidth, qRound(picture.width() / ratio));
+    QImage image = picture.toImage().scaledToWidth(width, Qt::SmoothTransformation);
+    image.setDevicePixelRatio(1);
+    Pictures.append({language, image});
+  }
+
+  void Save(const QString& path) const {
+    QSize cell;
+    for (const auto& [language, image] : Pictures) cell = cell.expandedTo(image.size());
+    const int caption = 22;
+    const int step = cell.height() + caption + kGap;
+    const int rows = static_cast<int>((Pictures.size() + kColumns - 1) / kColumns);
+    QImage sheet(kColumns * (cell.width() + kGap) + kGap, rows * step + kGap, QImage::Format_RGB32);
+    sheet.fill(QColor(0x80, 0x88, 0x90));
+    QPainter painter(&sheet);
+    painter.setPen(Qt::white);
+    for (int index = 0; index < Pictures.size(); ++index) {
+      const int left = kGap + index % kColumns * (cell.width() + kGap);
+      const int top = kGap + index / kColumns * step;
+      painter.drawText(QRect(left, top, cell.width(), caption), Qt::AlignVCenter,
+                       Pictures[index].first);
+      painter.drawImage(left, top + caption, Pictures[index].second);
+    }
+    EXPECT_TRUE(sheet.save(path));
+  }
+
+ private:
+  QList<QPair<QString, QImage>> Pictures;
+};
+
+/// Brings the desk to the scene in a language, measures its window, and keeps its picture below
+/// `directory`.
+QPixmap Paint(const Scene& scene, const char* language, const QString& directory) {
+  SCOPED_TRACE(scene.Name + " in " + language);
+  DeskOptions options = scene.Options;
+  options.Language = language;
+  ShownDesk desk(options);
+  QWidget& window = scene.Reach(desk);
+  if (!qobject_cast<QMenu*>(&window)) {
+    EXPECT_TRUE(window.isVisible());
+    ExpectNothingClipped(window);
+    ExpectCaptionsShown(FormOf(desk, window), window);
+  }
+  const QPixmap picture = window.grab();
+  QDir().mkpath(directory);
+  EXPECT_TRUE(picture.save(directory + "/" + language + ".png"));
+  return picture;
+}
+
+class Sheets : public ::testing::TestWithParam<std::size_t> {};
+
+TEST_P(Sheets, ShowsAllItsTextsWholeInEveryLanguage) {
+  const Scene& scene = Scenes()[GetParam()];
+  const QString place = Directory() + "/" + QString::fromStdString(scene.Name);
+  Sheet sheet;
+  for (const Language& language : kLanguageTable)
+    sheet.Add(language.Name, Paint(scene, language.Name, place));
+  sheet.Save(place + ".png");
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Sheets, ::testing::Range(std::size_t(0), Scenes().size()),
+                         [](const auto& scene) { return Scenes()[scene.param].Name; });
+
+TEST(DarkSheet, EveryWindowHasADarkFace) {
+  QApplication::setPalette(PaletteOf(Scheme::Dark));
+  Sheet sheet;
+  for (const Scene& scene : Scenes()) {
+    const QString name = QString::fromStdString(scene.Name);
+    const QPixmap picture = Paint(scene, "English", Directory() + "/dark/" + name);
+    EXPECT_LT(QColor(picture.toImage().pixel(2, 2)).lightness(), 90) << scene.Name;
+    sheet.Add(name, picture);
+  }
+  sheet.Save(Directory() + "/dark.png");
+  QApplication::setPalette(PaletteOf(Scheme::Light));
+}
+
+}  // namespace
+}  // namespace marlex
