@@ -3,8 +3,6 @@
 namespace marlex {
 namespace {
 
-constexpr QSize kSmallScreen(1024, 700);  // of 1024 x 768, without the desktop's own bars
-
 std::vector<Medium> Songs() {
   std::vector<Medium> songs;
   for (const char* song : {"Evening walk", "Harbour lights", "Blue tram", "Morning market",
@@ -128,6 +126,13 @@ QWidget& ChimePicker(ShownDesk& desk) {
   return desk.Screen->ChimeSelect();
 }
 
+QWidget& DirectoryPicker(ShownDesk& desk) {
+  SettingsOf(desk);
+  desk.Click("cmdBgBrowse");
+  desk.Settle();
+  return desk.Screen->DirSel();
+}
+
 QWidget& ScheduleEditor(ShownDesk& desk) {
   desk.ReachMainWindow();
   desk.Click("mnuSchedule");
@@ -218,6 +223,16 @@ std::vector<Scene> MainScenes() {
       {"main_conflict", InConflict(), AtRest},
       {"main_conflict_takeover", InConflict(),
        [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, 128); }},
+      {"main_conflict_plain", With([](DeskOptions& shop) {
+         shop.Router = false;
+         shop.Sequences.push_back({"Twice.sch", "gong", "12-14", "21", "1234500", "123456"});
+       }),
+       AtRest},
+      {"main_conflict_no_microphone", With([](DeskOptions& shop) {
+         shop.Microphone = false;
+         shop.Sequences.push_back({"Twice.sch", "gong", "12-14", "21", "1234500", "123456"});
+       }),
+       AtRest},
       {"main_all_days", router, WithAllDays},
       {"main_plain", Plain(), AtRest},
       {"main_plain_call", Plain(),
@@ -226,6 +241,8 @@ std::vector<Scene> MainScenes() {
       {"main_player_only", With([](DeskOptions& shop) { shop.Router = shop.Microphone = false; }),
        AtRest},
       {"menu_file", router, [](ShownDesk& desk) -> QWidget& { return MainMenu(desk, "mnuFile"); }},
+      {"menu_edit", router, [](ShownDesk& desk) -> QWidget& { return MainMenu(desk, "mnuEdit"); }},
+      {"menu_help", router, [](ShownDesk& desk) -> QWidget& { return MainMenu(desk, "mnuAbout"); }},
       {"menu_view", router,
        [](ShownDesk& desk) -> QWidget& { return MainMenu(desk, "mnuSchedules"); }},
   };
@@ -237,6 +254,7 @@ std::vector<Scene> OtherScenes() {
       {"settings_plain", Plain(), SettingsOf},
       {"settings_no_microphone", Deaf(), SettingsOf},
       {"chime_picker", Shop(), ChimePicker},
+      {"directory_picker", Shop(), DirectoryPicker},
       {"schedule_editor", Shop(), ScheduleEditor},
       {"schedule_editor_plain", Plain(), ScheduleEditor},
       {"schedule_editor_interval", Shop(), IntervalPanel},

@@ -8,6 +8,8 @@
 
 namespace marlex {
 
+inline constexpr QSize kSmallScreen(1024, 700);  // of 1024 x 768, without the desktop's own bars
+
 /// One state of one window, which the operator can come to see.
 struct Scene {
   std::string Name;  // of the picture

@@ -42,7 +42,8 @@ const Form& FormOf(const ShownDesk& desk, const QWidget& window) {
        {static_cast<const Form*>(&forms.frmMain), static_cast<const Form*>(&forms.frmLogo),
         static_cast<const Form*>(&forms.frmAbout), static_cast<const Form*>(&forms.frmSettings),
         static_cast<const Form*>(&forms.TheWavWindow), static_cast<const Form*>(&forms.frmPlaylist),
-        static_cast<const Form*>(&forms.frmChimeSelect)}) {
+        static_cast<const Form*>(&forms.frmChimeSelect), static_cast<const Form*>(&forms.frmDirSel),
+        static_cast<const Form*>(&forms.frmlangSel)}) {
     if (QString::fromStdString(form->Name) == window.objectName()) return *form;
   }
   throw RuntimeFailure("No form " + window.objectName().toStdString());
@@ -102,9 +103,9 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& directory
   return picture;
 }
 
-class Sheets : public ::testing::TestWithParam<std::size_t> {};
+class EachScene : public ::testing::TestWithParam<std::size_t> {};
 
-TEST_P(Sheets, ShowsAllItsTextsWholeInEveryLanguage) {
+TEST_P(EachScene, ShowsAllItsTextsWholeInEveryLanguage) {
   const Scene& scene = Scenes()[GetParam()];
   const QString place = Directory() + "/" + QString::fromStdString(scene.Name);
   Sheet sheet;
@@ -113,8 +114,35 @@ TEST_P(Sheets, ShowsAllItsTextsWholeInEveryLanguage) {
   sheet.Save(place + ".png");
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Sheets, ::testing::Range(std::size_t(0), Scenes().size()),
+INSTANTIATE_TEST_SUITE_P(Of, EachScene, ::testing::Range(std::size_t(0), Scenes().size()),
                          [](const auto& scene) { return Scenes()[scene.param].Name; });
+
+TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguageAndHasACallKeyForAThumb) {
+  constexpr double kThumbMm = 15;  // twice what guidelines for touch screens ask of any key
+  constexpr double kPixelsPerMm = 96 / 25.4;
+  const Scene& scene = Scenes().front();
+  for (const Language& language : kLanguageTable) {
+    DeskOptions options = scene.Options;
+    options.Language = language.Name;
+    ShownDesk desk(options);
+    QWidget& window = scene.Reach(desk);
+    EXPECT_EQ(window.size(), kSmallScreen) << language.Name;
+    const QSize key = window.findChild<QWidget*>("cmdCall")->size();
+    EXPECT_GE(std::min(key.width(), key.height()), kThumbMm * kPixelsPerMm) << language.Name;
+  }
+}
+
+/// The one window that comes before any language.
+TEST(Sheets, TheLanguageDialogIsWhole) {
+  DeskOptions options;
+  options.Language = "";
+  ShownDesk desk(options);
+  QWidget& window = desk.Screen->LangSel();
+  ASSERT_TRUE(window.isVisible());
+  ExpectNothingClipped(window);
+  ExpectCaptionsShown(FormOf(desk, window), window);
+  EXPECT_TRUE(window.grab().save(Directory() + "/languages.png"));
+}
 
 TEST(DarkSheet, EveryWindowHasADarkFace) {
   QApplication::setPalette(PaletteOf(Scheme::Dark));

@@ -13,6 +13,22 @@ constexpr int kTitleFlags = Qt::TextWordWrap | Qt::TextShowMnemonic | Qt::AlignT
 constexpr int kTitleGap = 10;
 constexpr int kTileTitleGap = 2;
 
+/// A word longer than this may be broken anywhere, so that the name of a file makes no window
+/// wider.
+constexpr qsizetype kLongWord = 20;
+
+/// The title with places to break in its long words.
+QString Breakable(const QString& title) {
+  QStringList words = title.split(' ');
+  for (QString& word : words) {
+    if (word.size() <= kLongWord) continue;
+    QString broken;
+    for (const QChar letter : word) broken += QString(letter) + QChar(0x200B);
+    word = broken;
+  }
+  return words.join(' ');
+}
+
 bool IsTile(const QWidget& card) { return card.property("face").toString() == "tile"; }
 
 }  // namespace
@@ -33,7 +49,9 @@ void Card::ShowTitle(const QString& shown) {
 QSize Card::minimumSizeHint() const {
   const QMargins margins = contentsMargins();
   const int word =
-      fontMetrics().boundingRect(QRect(0, 0, 1, QWIDGETSIZE_MAX), kTitleFlags, title()).width();
+      fontMetrics()
+          .boundingRect(QRect(0, 0, 1, QWIDGETSIZE_MAX), kTitleFlags, Breakable(title()))
+          .width();
   const QSize smallest =
       QWidget::minimumSizeHint().expandedTo(QSize(word + margins.left() + margins.right(), 0));
   if (!layout() || !layout()->hasHeightForWidth()) return smallest;
@@ -55,8 +73,8 @@ void Card::resizeEvent(QResizeEvent* event) {
 QRect Card::TitleArea() const {
   if (title().isEmpty()) return {};
   const QRect room = contentsRect();
-  const QRect text =
-      fontMetrics().boundingRect(QRect(0, 0, room.width(), QWIDGETSIZE_MAX), kTitleFlags, title());
+  const QRect text = fontMetrics().boundingRect(QRect(0, 0, room.width(), QWIDGETSIZE_MAX),
+                                                kTitleFlags, Breakable(title()));
   return QRect(room.left(), room.top(), room.width(), text.height());
 }
 
@@ -76,7 +94,7 @@ void Card::paintEvent(QPaintEvent*) {
   painter.drawComplexControl(QStyle::CC_GroupBox, option);
   painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(TitleArea(), kTitleFlags | (IsTile(*this) ? Qt::AlignHCenter : Qt::AlignLeft),
-                   title());
+                   Breakable(title()));
 }
 
 }  // namespace marlex

@@ -6,6 +6,8 @@
 #include <QStyleOptionButton>
 #include <QToolTip>
 
+#include "desktop/windows/shown_text.h"
+
 namespace marlex {
 
 namespace {
@@ -17,11 +19,11 @@ int Letters(const QWidget& widget, int count) {
   return count * widget.fontMetrics().averageCharWidth();
 }
 
-/// Shows the whole name; false when the line shows it already.
-bool ShowWhole(const QHelpEvent& event, QWidget& widget, const QString& name,
-               const QString& shown) {
-  if (shown == name) return false;
-  QToolTip::showText(event.globalPos(), name.toHtmlEscaped(), &widget);
+/// Shows the whole name where the line that is shown is not.
+bool ShowWhole(const QEvent& event, QWidget& widget, const QString& name, bool isWhole) {
+  if (event.type() != QEvent::ToolTip || isWhole) return false;
+  const QPoint place = static_cast<const QHelpEvent&>(event).globalPos();
+  QToolTip::showText(place, ShownToolTip(name.toStdString()), &widget);
   return true;
 }
 
@@ -44,9 +46,7 @@ QSize ElidedLabel::minimumSizeHint() const { return RoomFor(kFewestLetters); }
 QSize ElidedLabel::sizeHint() const { return RoomFor(kUsualLetters); }
 
 bool ElidedLabel::event(QEvent* event) {
-  const bool asks = event->type() == QEvent::ToolTip;
-  if (asks && ShowWhole(static_cast<QHelpEvent&>(*event), *this, text(), ShownLine())) return true;
-  return QLabel::event(event);
+  return ShowWhole(*event, *this, text(), ShownLine() == text()) || QLabel::event(event);
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
@@ -65,7 +65,8 @@ QString ElidedKey::ShownLine() const {
 
 /// A name of few letters asks as much room as one of many, so that keys side by side are alike.
 QSize ElidedKey::RoomFor(int letters) const {
-  const int more = Letters(*this, letters) - fontMetrics().horizontalAdvance(text());
+  const int more =
+      Letters(*this, letters) - fontMetrics().size(Qt::TextShowMnemonic, text()).width();
   const QSize whole = QPushButton::sizeHint();
   return {whole.width() + more, whole.height()};
 }
@@ -75,9 +76,8 @@ QSize ElidedKey::minimumSizeHint() const { return RoomFor(kFewestLetters); }
 QSize ElidedKey::sizeHint() const { return RoomFor(kUsualLetters); }
 
 bool ElidedKey::event(QEvent* event) {
-  const bool asks = event->type() == QEvent::ToolTip;
-  if (asks && ShowWhole(static_cast<QHelpEvent&>(*event), *this, text(), ShownLine())) return true;
-  return QPushButton::event(event);
+  const QString name = QString(text()).replace("&&", "&");
+  return ShowWhole(*event, *this, name, ShownLine() == text()) || QPushButton::event(event);
 }
 
 void ElidedKey::initStyleOption(QStyleOptionButton* option) const {

@@ -139,11 +139,14 @@ void GridBinding::ForwardCells() {
                      [this, row = cell.row() + 1, column = cell.column()] { Choose(row, column); });
   };
   connect(&View, &QTableView::pressed, this, choose);
-  connect(View.selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this, choose](const QModelIndex& cell) {
-            choose(cell);
-            if (!Painting && cell.isValid()) View.scrollTo(cell);
-          });
+  // Told at once, while it can still be seen whether the table is being painted.
+  connect(
+      View.selectionModel(), &QItemSelectionModel::currentChanged, this,
+      [this, choose](const QModelIndex& cell) {
+        choose(cell);
+        if (!Painting && cell.isValid()) View.scrollTo(cell);
+      },
+      Qt::DirectConnection);
   connect(&View, &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
     Operator.Forward(Cells, [this, row = cell.row() + 1, column = cell.column()] {
       if (Choose(row, column) && Cells.OnDblClick) Cells.OnDblClick();
@@ -152,13 +155,14 @@ void GridBinding::ForwardCells() {
 }
 
 void GridBinding::ForwardScroll() {
-  connect(View.verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+  const auto tell = [this] {
     const int row = View.rowAt(0) + 1;
     if (Painting || row == 0) return;
     Operator.Forward(Cells, [this, row] {
       if (row < Cells.Rows() && row != Cells.TopRow()) Cells.SetTopRow(row);
     });
-  });
+  };
+  connect(View.verticalScrollBar(), &QScrollBar::valueChanged, this, tell, Qt::DirectConnection);
 }
 
 /// Makes a cell the current one; false when the table has lost it meanwhile.

@@ -47,9 +47,11 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
       Finger(view) {
   view.ensurePolished();  // a height measured before would be kept for all entries
   view.setModel(&Model);
+  view.setItemDelegate(&Painter);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
   view.setUniformItemSizes(true);
   view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view.installEventFilter(this);
   view.viewport()->installEventFilter(this);
   view.viewport()->installEventFilter(

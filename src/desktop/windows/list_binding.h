@@ -9,6 +9,7 @@
 
 #include "controls/list_box.h"
 #include "desktop/windows/binding.h"
+#include "desktop/windows/entry_painter.h"
 #include "desktop/windows/press_watch.h"
 #include "desktop/windows/swipe.h"
 
@@ -68,6 +69,7 @@ class ListBinding : public QObject, public WidgetBinding {
   QListView& View;
   Hand& Operator;
   ListModel Model;
+  EntryPainter Painter;
   PressWatch Watch;
   Swipe Finger;
   QTimer OutsideTimer;    // goes on scrolling while the pointer is held above or below the list

@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QScrollBar>
 
 #include "desktop/windows/card.h"
@@ -63,15 +64,24 @@ QString NameInGrid(QWidget& widget) {
 /// A box of a weekday, by its place under the line of the week.
 QString NameOfDay(const QWidget& widget) {
   if (widget.property("face").toString() != "day") return {};
-  const auto* header = widget.parentWidget()->findChild<WeekdayHeader*>();
   const int day = widget.objectName().section('_', -1).toInt();
-  return header ? header->text().simplified().section(' ', day, day) : QString();
+  for (const QLabel* label : widget.parentWidget()->findChildren<QLabel*>()) {
+    if (dynamic_cast<const WeekdayHeader*>(label))
+      return label->text().simplified().section(' ', day, day);
+  }
+  return {};
+}
+
+/// A title in which a clock runs would be a new name each second.
+QString WithoutClock(QString title) {
+  static const QRegularExpression clock("^\\d+:\\d\\d:\\d\\d\\s*");
+  return title.remove(clock);
 }
 
 QString NameOfFrame(const QWidget& widget) {
   for (QWidget* frame = widget.parentWidget(); frame; frame = frame->parentWidget()) {
     auto* card = dynamic_cast<Card*>(frame);
-    if (card && !card->title().isEmpty()) return card->title();
+    if (card && !card->title().isEmpty()) return WithoutClock(card->title());
   }
   return {};
 }

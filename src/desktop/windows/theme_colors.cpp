@@ -10,7 +10,7 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"text", "#1b2633", "#e6ebf1"},
       {"muted", "#55616f", "#a9b5c2"},
       {"strong", "#124a9c", "#8fbcf5"},
-      {"off-text", "#8b97a4", "#7d8a98"},
+      {"off-text", "#75818e", "#8a97a5"},
       {"on-accent", "#ffffff", "#ffffff"},
       {"on-signal", "#101820", "#101820"},
       // Grounds
@@ -38,7 +38,7 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"accent-line", "#17539b", "#5d9ae6"},
       {"off-accent", "#c9d9ec", "#324a68"},
       {"glyph", "#2b3a4a", "#d5dde6"},
-      {"off-glyph", "#8a97a6", "#8a97a6"},
+      {"off-glyph", "#55616f", "#a9b5c2"},
       {"focus", "#b85c00", "#ffb454"},
       {"handle", "#b4bfca", "#4d5a68"},
       {"handle-lit", "#96a4b3", "#65748a"},

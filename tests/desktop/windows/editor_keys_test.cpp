@@ -70,6 +70,31 @@ TEST(EditorKeys, OtherKeysThatArePressedInTheSameWayDoTheirWork) {
   EXPECT_NE(desk.Pc.Heard().find("march.mp3"), std::string::npos);
 }
 
+/// The shortcuts of a window's menus, in the order of the menus.
+QStringList Shortcuts(const QWidget& window) {
+  QStringList keys;
+  for (const QAction* action : window.findChildren<QAction*>()) {
+    if (!action->shortcut().isEmpty()) keys.append(action->shortcut().toString());
+  }
+  return keys;
+}
+
+TEST(EditorKeys, TheMenusForFilesHaveShortcutsOfTheirOwn) {
+  ShopDesk desk;
+  EXPECT_EQ(Shortcuts(desk.Screen.Main()), QStringList({"Ctrl+O", "Ctrl+Shift+O"}));
+  for (const QWidget* editor : {&desk.Screen.ScheduleEditor(), &desk.Screen.Playlist()})
+    EXPECT_EQ(Shortcuts(*editor), QStringList({"Ctrl+O", "Ctrl+S", "Ctrl+W"}));
+  desk.Choose(desk.Screen.Main(), "mnuPlaylist");
+  QTest::keyClick(&desk.Screen.Playlist(), Qt::Key_S, Qt::ControlModifier);
+  desk.Settle();
+  ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Body, "No songs selected");
+  EXPECT_TRUE(desk.Screen.Playlist().isVisible());
+  QTest::keyClick(&desk.Screen.Playlist(), Qt::Key_W, Qt::ControlModifier);
+  desk.Settle();
+  EXPECT_FALSE(desk.Screen.Playlist().isVisible());
+}
+
 /// The schedule editor on which a sequence is under work.
 struct ComposingDesk : ShopDesk {
   ComposingDesk() {

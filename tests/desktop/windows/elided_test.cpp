@@ -55,7 +55,7 @@ TEST(Elided, AZonesLongNameMakesNoWindowWider) {
   EXPECT_EQ(window.minimumSizeHint(), least);
   auto& label = desk.Find<ElidedLabel>("lblZoneName_3");
   EXPECT_NE(label.ShownLine(), label.text());
-  EXPECT_EQ(ToolTipOver(label), QString::fromStdString(name).toHtmlEscaped());
+  EXPECT_EQ(ToolTipOver(label), QString::fromStdString(name));
 }
 
 TEST(Elided, AKeyWithALongNameKeepsItsPlaceInTheEditor) {
@@ -76,6 +76,47 @@ TEST(Elided, AKeyWithALongNameKeepsItsPlaceInTheEditor) {
   EXPECT_EQ(window.minimumSizeHint().width(), width);
   EXPECT_NE(key.ShownLine(), key.text());
   EXPECT_EQ(ToolTipOver(key), key.text());
+  editor.cmdZone[1].Caption = "Departures & arrivals of the upper \"B\" floor";
+  desk.Settle();
+  EXPECT_EQ(ToolTipOver(key), "Departures & arrivals of the upper \"B\" floor");
+}
+
+TEST(Elided, AFileOfOneLongWordInATitleMakesNoWindowWider) {
+  Desk desk;
+  FrmMain& main = desk.Forms.frmMain;
+  main.Load();
+  Texts().Fill(desk.Forms);
+  desk.ShowMain();
+  const int least = desk.Screen.Main().minimumSizeHint().width();
+  main.frBGMusic.Caption = "Music: Weihnachtsmusik_Erdgeschoss_und_Restaurant_2026_Nachmittag.lst";
+  desk.Settle();
+  EXPECT_EQ(desk.Screen.Main().minimumSizeHint().width(), least);
+}
+
+TEST(Elided, ALongSongIsShortenedInItsListAndWholeInItsToolTip) {
+  Desk desk;
+  FrmMain& main = desk.Forms.frmMain;
+  main.Load();
+  Texts().Fill(desk.Forms);
+  const std::string song =
+      "A very long title of a song <live> & its two composers, remastered for the hall";
+  main.lstPlaylist.AddItem("Short");
+  main.lstPlaylist.AddItem(song);
+  desk.ShowMain();
+  auto& list = desk.Find<QListView>("lstPlaylist");
+  EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
+  const auto toolTipOf = [&](int fromTheEnd) {
+    const QModelIndex entry = list.model()->index(list.model()->rowCount() - fromTheEnd, 0);
+    list.scrollTo(entry);
+    QToolTip::hideText();
+    const QPoint middle = list.visualRect(entry).center();
+    EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(entry)));
+    QHelpEvent asks(QEvent::ToolTip, middle, list.viewport()->mapToGlobal(middle));
+    QApplication::sendEvent(list.viewport(), &asks);
+    return QToolTip::text();
+  };
+  EXPECT_EQ(toolTipOf(1), QString::fromStdString(song));
+  EXPECT_EQ(toolTipOf(2), "Double-click to play song");
 }
 
 }  // namespace

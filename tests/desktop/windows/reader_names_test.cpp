@@ -25,6 +25,7 @@ TEST(ReaderNames, AKeyOfAZoneIsToldByItsRowAndItsZone) {
   desk.Settle();
   EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdCallZone_5"), "Call Roof");
   EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdSkip"), "Skip");
+  EXPECT_EQ(desk.Find<QWidget>("grdSchedule").accessibleName(), "Message time schedule today");
 }
 
 TEST(ReaderNames, FieldsListsSlidersAndDaysAreToldByTheirLabelsOrFrames) {
@@ -44,6 +45,8 @@ TEST(ReaderNames, FieldsListsSlidersAndDaysAreToldByTheirLabelsOrFrames) {
   EXPECT_EQ(NameOf(editor, "SelectedWavs"), "Selected sequence");
   EXPECT_EQ(NameOf(editor, "WkDays_2"), "W");
   EXPECT_EQ(NameOf(desk.Screen.Playlist(), "AvailMP3s"), "Available music");
+  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "chkDays_0"), "M");
+  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "chkDays_3"), "T");
   // A reader takes the text of a box that opens for its name, and this for what it is about.
   EXPECT_EQ(desk.Screen.Playlist().findChild<QComboBox*>("cmbStopHours")->accessibleName(),
             "Stops at:");

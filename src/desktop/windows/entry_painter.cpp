@@ -1,0 +1,30 @@
+#include "desktop/windows/entry_painter.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include "desktop/windows/shown_text.h"
+
+namespace marlex {
+
+QSize EntryPainter::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+}
+
+bool EntryPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                             const QStyleOptionViewItem& option, const QModelIndex& index) {
+  QStyleOptionViewItem shown = option;
+  initStyleOption(&shown, index);
+  const QStyle& style = *view->style();
+  const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view) + 1;
+  const int room =
+      style.subElementRect(QStyle::SE_ItemViewItemText, &shown, view).width() - 2 * margin;
+  const bool isWhole = shown.fontMetrics.horizontalAdvance(shown.text) <= room;
+  if (event->type() != QEvent::ToolTip || isWhole)
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+  QToolTip::showText(event->globalPos(), ShownToolTip(shown.text.toStdString()), view);
+  return true;
+}
+
+}  // namespace marlex

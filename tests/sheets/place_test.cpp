@@ -1,0 +1,28 @@
+#include <gtest/gtest.h>
+
+#include "sheets/scenes.h"
+
+namespace marlex {
+namespace {
+
+int FirstRow(const QWidget& window) {
+  return window.findChild<QTableView*>("grdSchedule")->rowAt(0) + 1;
+}
+
+/// What the table shows first is the system's to say, however its rows and columns come and go.
+TEST(Place, ATableThatIsRebuiltBeginsWhereTheSystemHasIt) {
+  const Scene& scene = Scenes().front();
+  ShownDesk desk(scene.Options);
+  const QWidget& window = scene.Reach(desk);
+  EXPECT_EQ(FirstRow(window), desk.Main().grdSchedule.TopRow());
+  for (const char* menu : {"mnuAllDays", "mnuScheduleName", "mnuCurrentDay"}) {
+    desk.Click(menu);
+    desk.Settle();
+    desk.Settle();
+    EXPECT_EQ(desk.Main().grdSchedule.TopRow(), 1) << menu;
+    EXPECT_EQ(FirstRow(window), 1) << menu;
+  }
+}
+
+}  // namespace
+}  // namespace marlex
