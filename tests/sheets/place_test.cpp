@@ -15,12 +15,12 @@ TEST(Place, ATableThatIsRebuiltBeginsWhereTheSystemHasIt) {
   ShownDesk desk(scene.Options);
   const QWidget& window = scene.Reach(desk);
   EXPECT_EQ(FirstRow(window), desk.Main().grdSchedule.TopRow());
-  for (const char* menu : {"mnuAllDays", "mnuScheduleName", "mnuCurrentDay"}) {
-    desk.Click(menu);
+  FrmMain& main = desk.Main();
+  for (const Menu* menu : {&main.mnuAllDays, &main.mnuScheduleName, &main.mnuCurrentDay}) {
+    desk.Pc.Loop.Post([menu] { menu->OnClick(); });
     desk.Settle();
-    desk.Settle();
-    EXPECT_EQ(desk.Main().grdSchedule.TopRow(), 1) << menu;
-    EXPECT_EQ(FirstRow(window), 1) << menu;
+    EXPECT_EQ(main.grdSchedule.TopRow(), 1) << menu->Name;
+    EXPECT_EQ(FirstRow(window), 1) << menu->Name;
   }
 }
 

@@ -58,8 +58,7 @@ DeskOptions InConflict() {
 }
 
 QWidget& MainOf(ShownDesk& desk) {
-  desk.Settle();
-  QWidget& window = desk.Screen->Main();
+  QWidget& window = desk.Screen().Main();
   window.resize(kSmallScreen);
   desk.Settle();
   return window;
@@ -111,29 +110,30 @@ QWidget& WithAllDays(ShownDesk& desk) {
   return MainOf(desk);
 }
 
-QWidget& SettingsOf(ShownDesk& desk) {
+void OpenSettings(ShownDesk& desk) {
   desk.ReachMainWindow();
   desk.Click("mnuSettings");
-  desk.Settle();
-  return desk.Screen->Settings();
+}
+
+QWidget& SettingsOf(ShownDesk& desk) {
+  OpenSettings(desk);
+  return desk.Screen().Settings();
 }
 
 QWidget& ChimePicker(ShownDesk& desk) {
-  SettingsOf(desk);
+  OpenSettings(desk);
   desk.Click("chkPreChime");
   desk.Click("cmdPreSelect");
-  desk.Settle();
-  return desk.Screen->ChimeSelect();
+  return desk.Screen().ChimeSelect();
 }
 
 QWidget& DirectoryPicker(ShownDesk& desk) {
-  SettingsOf(desk);
+  OpenSettings(desk);
   desk.Click("cmdBgBrowse");
-  desk.Settle();
-  return desk.Screen->DirSel();
+  return desk.Screen().DirSel();
 }
 
-QWidget& ScheduleEditor(ShownDesk& desk) {
+void ComposeSequence(ShownDesk& desk) {
   desk.ReachMainWindow();
   desk.Click("mnuSchedule");
   WavWindow& editor = desk.Sys->TheWindows.TheWavWindow;
@@ -146,37 +146,41 @@ QWidget& ScheduleEditor(ShownDesk& desk) {
     if (editor.SelectedWavs.OnGotFocus) editor.SelectedWavs.OnGotFocus();
   });
   for (const char* day : {"WkDays_0", "WkDays_2", "WkDays_4"}) desk.Click(day);
-  desk.Settle();
-  return desk.Screen->ScheduleEditor();
+}
+
+QWidget& ScheduleEditor(ShownDesk& desk) {
+  ComposeSequence(desk);
+  return desk.Screen().ScheduleEditor();
 }
 
 QWidget& IntervalPanel(ShownDesk& desk) {
-  QWidget& window = ScheduleEditor(desk);
+  ComposeSequence(desk);
   desk.Click("cmdInterval");
-  desk.Settle();
-  return window;
+  return desk.Screen().ScheduleEditor();
 }
 
 QWidget& MessagePreview(ShownDesk& desk) {
-  QWidget& window = ScheduleEditor(desk);
+  ComposeSequence(desk);
   desk.Click("PrevKey");
-  desk.Settle();
-  return window;
+  return desk.Screen().ScheduleEditor();
 }
 
-QWidget& PlaylistEditor(ShownDesk& desk) {
+void ChooseSongs(ShownDesk& desk) {
   desk.ReachMainWindow();
   desk.Click("mnuPlaylist");
   FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
   for (const char* song : {"Blue tram", "Slow river", "First snow"})
     desk.Choose(editor.AvailMP3s, song);
   desk.Choose(editor.SelectedMP3s, "Slow river");
-  desk.Settle();
-  return desk.Screen->Playlist();
+}
+
+QWidget& PlaylistEditor(ShownDesk& desk) {
+  ChooseSongs(desk);
+  return desk.Screen().Playlist();
 }
 
 QWidget& PlaylistWithTimes(ShownDesk& desk) {
-  QWidget& window = PlaylistEditor(desk);
+  ChooseSongs(desk);
   FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
   desk.Click("optScheduled_0");
   desk.Choose(editor.cmbStartHours, "08");
@@ -184,15 +188,13 @@ QWidget& PlaylistWithTimes(ShownDesk& desk) {
   desk.Choose(editor.cmbStopHours, "18");
   desk.Choose(editor.cmbStopMinutes, "30");
   desk.Click("chkDays_0");
-  desk.Settle();
-  return window;
+  return desk.Screen().Playlist();
 }
 
 QWidget& AboutBox(ShownDesk& desk) {
   desk.ReachMainWindow();
   desk.Click("mnuAboutbox");
-  desk.Settle();
-  return desk.Screen->About();
+  return desk.Screen().About();
 }
 
 QWidget& Menus(ShownDesk& desk, QWidget& window, const char* menu) {
@@ -261,7 +263,7 @@ std::vector<Scene> OtherScenes() {
       {"schedule_editor_preview", Shop(), MessagePreview},
       {"playlist_editor", Shop(), PlaylistEditor},
       {"playlist_editor_times", Shop(), PlaylistWithTimes},
-      {"splash", Shop(), [](ShownDesk& desk) -> QWidget& { return desk.Screen->Logo(); }},
+      {"splash", Shop(), [](ShownDesk& desk) -> QWidget& { return desk.Screen().Logo(); }},
       {"about", Shop(), AboutBox},
   };
 }

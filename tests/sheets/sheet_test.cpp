@@ -137,7 +137,7 @@ TEST(Sheets, TheLanguageDialogIsWhole) {
   DeskOptions options;
   options.Language = "";
   ShownDesk desk(options);
-  QWidget& window = desk.Screen->LangSel();
+  QWidget& window = desk.Screen().LangSel();
   ASSERT_TRUE(window.isVisible());
   ExpectNothingClipped(window);
   ExpectCaptionsShown(FormOf(desk, window), window);

@@ -7,22 +7,25 @@
 
 namespace marlex {
 
-/// The application on a simulated PC, with its windows on the screen.
+/// The application on a simulated PC, whose windows come on the screen when they are asked for. All
+/// that the operator does is done before: the simulated PC runs the system on a thread of its own,
+/// on which no widget may be touched.
 class ShownDesk : public Desk {
  public:
   explicit ShownDesk(const DeskOptions& options) : Desk(options, NameZones, false) {
-    Screen = std::make_unique<Views>(Sys->TheWindows, Pc.Loop);
     Pc.Loop.Do([this] { Sys->Start(); });
-    Settle();
   }
 
   /// Lets the splash pass.
-  void ReachMainWindow() {
-    Advance(2500);
+  void ReachMainWindow() { Advance(2500); }
+
+  Views& Screen() {
+    if (!Shown) Shown = std::make_unique<Views>(Sys->TheWindows, Pc.Loop);
     Settle();
+    return *Shown;
   }
 
-  /// Delivers what waits on both sides.
+  /// Delivers what waits on both sides, on the thread of the windows.
   void Settle() {
     for (int round = 0; round < 3; ++round) {
       Pc.Loop.Pump();
@@ -30,14 +33,14 @@ class ShownDesk : public Desk {
     }
   }
 
-  std::unique_ptr<Views> Screen;
-
  private:
   static void NameZones(SimulatedPc& pc) {
     int zone = 0;
     for (const char* name : {"Entrance", "Hall A", "Hall B", "Canteen", "Workshop", "Car park"})
       pc.Profiles.WriteString("Zone names", "Zone:" + std::to_string(++zone), name, kIni);
   }
+
+  std::unique_ptr<Views> Shown;
 };
 
 }  // namespace marlex

@@ -32,33 +32,37 @@ std::unique_ptr<QWidget> Make(Layout layout, Qt::WindowFlags flags = Qt::Window)
   return window;
 }
 
-/// As large as its content wants it, lines that wrap included, if the screen has the room.
-void FitContent(QWidget& window) {
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  QSize size = window.sizeHint();
-  if (screen) size = size.boundedTo(screen->availableSize());
-  size = size.expandedTo(window.minimumSizeHint()).expandedTo(window.minimumSize());
+/// As large as its content wants it, lines that wrap included.
+QSize FittingSize(QWidget& window) {
+  QSize size = window.sizeHint().expandedTo(window.minimumSizeHint());
+  size = size.expandedTo(window.minimumSize());
   if (window.hasHeightForWidth())
     size.setHeight(std::max(size.height(), window.heightForWidth(size.width())));
-  window.resize(size);
+  return size;
+}
+
+QRect ScreenRoom() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return screen ? screen->availableGeometry() : QRect(QPoint(0, 0), kMainSize);
 }
 
 void Centre(QWidget& window) {
-  FitContent(window);
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  if (screen) window.move(screen->availableGeometry().center() - window.rect().center());
+  window.resize(FittingSize(window));
+  window.move(ScreenRoom().center() - window.rect().center());
 }
 
-/// An editor keeps the place and the size that the operator has given it.
+/// An editor keeps the place and the size that the operator has given it; its lists can be smaller
+/// than they would be.
 void PlaceEditor(QWidget& window) {
-  if (!window.testAttribute(Qt::WA_Moved)) Centre(window);
+  if (window.testAttribute(Qt::WA_Moved)) return;
+  const QSize size = FittingSize(window).boundedTo(ScreenRoom().size());
+  window.resize(size.expandedTo(window.minimumSizeHint()));
+  window.move(ScreenRoom().center() - window.rect().center());
 }
 
 void PlaceMain(QWidget& window) {
   if (window.testAttribute(Qt::WA_Moved) || window.testAttribute(Qt::WA_Resized)) return;
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  const QSize room = screen ? screen->availableSize() : kMainSize;
-  window.resize(kMainSize.boundedTo(room).expandedTo(window.minimumSizeHint()));
+  window.resize(kMainSize.boundedTo(ScreenRoom().size()).expandedTo(window.minimumSizeHint()));
 }
 
 }  // namespace
