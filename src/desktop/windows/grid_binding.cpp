@@ -72,7 +72,7 @@ QColor GridModel::GroundOf(int row, int column) const {
 }
 
 QColor GridModel::TextColorOf(int row, int column) const {
-  return IsPlain(row, column) ? ThemeColorNow("text") : TextOn(GroundOf(row, column));
+  return IsPlain(row, column) ? ThemeColorNow("text") : ShownColor(Cells.ForeColorAt(row, column));
 }
 
 /// What the colour of a row tells, as a sign at its beginning: that it plays or fired last, or is
