@@ -14,9 +14,13 @@ constexpr int kColumns = 4;
 constexpr int kGap = 12;
 constexpr int kThumbnailWidth = 560;
 
-QString Directory() {
+/// Keeps a picture for people to look at: `name` is its file below the sheets of this density,
+/// without its ending.
+template <typename Picture>
+void Keep(const Picture& picture, const QString& name) {
   const int percent = qRound(100 * qApp->devicePixelRatio());
-  return QString(MARLEX_BINARY_DIR "/sheets/%1").arg(percent);
+  const QFileInfo file(QString(MARLEX_BINARY_DIR "/sheets/%1/%2.png").arg(percent).arg(name));
+  EXPECT_TRUE(QDir().mkpath(file.path()) && picture.save(file.filePath())) << name.toStdString();
 }
 
 /// Each control that has a caption and can be seen shows it.
@@ -60,7 +64,7 @@ class Sheet {
     Pictures.append({language, image});
   }
 
-  void Save(const QString& path) const {
+  void Save(const QString& name) const {
     QSize cell;
     for (const auto& [language, image] : Pictures) cell = cell.expandedTo(image.size());
     const int caption = 22;
@@ -77,16 +81,16 @@ class Sheet {
                        Pictures[index].first);
       painter.drawImage(left, top + caption, Pictures[index].second);
     }
-    EXPECT_TRUE(sheet.save(path));
+    Keep(sheet, name);
   }
 
  private:
   QList<QPair<QString, QImage>> Pictures;
 };
 
-/// Brings the desk to the scene in a language, measures its window, and keeps its picture below
-/// `directory`.
-QPixmap Paint(const Scene& scene, const char* language, const QString& directory) {
+/// Brings the desk to the scene in a language, measures its window, and keeps its picture under
+/// `name`.
+QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
   SCOPED_TRACE(scene.Name + " in " + language);
   DeskOptions options = scene.Options;
   options.Language = language;
@@ -98,8 +102,7 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& directory
     ExpectCaptionsShown(FormOf(desk, window), window);
   }
   const QPixmap picture = window.grab();
-  QDir().mkpath(directory);
-  EXPECT_TRUE(picture.save(directory + "/" + language + ".png"));
+  Keep(picture, name + "/" + language);
   return picture;
 }
 
@@ -107,11 +110,11 @@ class EachScene : public ::testing::TestWithParam<std::size_t> {};
 
 TEST_P(EachScene, ShowsAllItsTextsWholeInEveryLanguage) {
   const Scene& scene = Scenes()[GetParam()];
-  const QString place = Directory() + "/" + QString::fromStdString(scene.Name);
+  const QString name = QString::fromStdString(scene.Name);
   Sheet sheet;
   for (const Language& language : kLanguageTable)
-    sheet.Add(language.Name, Paint(scene, language.Name, place));
-  sheet.Save(place + ".png");
+    sheet.Add(language.Name, Paint(scene, language.Name, name));
+  sheet.Save(name);
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, EachScene, ::testing::Range(std::size_t(0), Scenes().size()),
@@ -141,7 +144,7 @@ TEST(Sheets, TheLanguageDialogIsWhole) {
   ASSERT_TRUE(window.isVisible());
   ExpectNothingClipped(window);
   ExpectCaptionsShown(FormOf(desk, window), window);
-  EXPECT_TRUE(window.grab().save(Directory() + "/languages.png"));
+  Keep(window.grab(), "languages");
 }
 
 TEST(DarkSheet, EveryWindowHasADarkFace) {
@@ -149,11 +152,11 @@ TEST(DarkSheet, EveryWindowHasADarkFace) {
   Sheet sheet;
   for (const Scene& scene : Scenes()) {
     const QString name = QString::fromStdString(scene.Name);
-    const QPixmap picture = Paint(scene, "English", Directory() + "/dark/" + name);
+    const QPixmap picture = Paint(scene, "English", "dark/" + name);
     EXPECT_LT(QColor(picture.toImage().pixel(2, 2)).lightness(), 90) << scene.Name;
     sheet.Add(name, picture);
   }
-  sheet.Save(Directory() + "/dark.png");
+  sheet.Save("dark");
   QApplication::setPalette(PaletteOf(Scheme::Light));
 }
 
