@@ -2,6 +2,7 @@
 
 #include "call/call_sequence.h"
 #include "call/function_keys.h"
+#include "core/glance.h"
 #include "core/main_window.h"
 #include "core/pickers.h"
 #include "core/settings_dialog.h"
@@ -85,6 +86,7 @@ class System {
   SettingsDialog Dialog;
   Pickers ThePickers;
   SettingsLoader Loader;
+  Passerby ThePasserby;
 
  private:
   StartUp StartUp_;

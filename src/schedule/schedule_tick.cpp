@@ -28,7 +28,7 @@ void ScheduleTick::Tick() {
   Music.CheckMusicStop();
   if (TheFlags.CallActive) return;
   if (TheFlags.CurrentMinute == "00:00") StartNewDay();
-  if (!FindDueRow() || !RowRunsToday()) return;
+  if (!FindDueRow() || !RunsToday(ScheduleRow)) return;
   MarkFiringRow();
   CurrentMessageInfo = Table.TextMatrix(ScheduleRow, kMessagesColumn);
   CurrentRouting = Table.TextMatrix(ScheduleRow, kRoutingColumn);
@@ -61,11 +61,27 @@ bool ScheduleTick::FindDueRow() {
 /// The test reads the mask without its sixth character: on a Saturday it finds Sunday's, on a
 /// Sunday none, and fires. A fixed part of the design, like its answer for an empty cell, which is
 /// yes.
-bool ScheduleTick::RowRunsToday() const {
-  const std::string& mask = Table.TextMatrix(ScheduleRow, kDaysColumn);
+bool ScheduleTick::RunsToday(int row) const {
+  const std::string& mask = Table.TextMatrix(row, kDaysColumn);
   std::string tested(FirstCharacters(mask, 5));
   tested += CharactersFrom(mask, 7, 2);
   return DayIsOn(tested, Clock.Now().Weekday);
+}
+
+ComingRow ScheduleTick::NextToday() const {
+  if (TheFlags.MessageAwaitingSongEnd) return {LastMinute + "+", CurrentMessageInfo};
+  const std::string now = MinuteText(Clock.Now());
+  std::string passed;  // a minute whose first row does not run today
+  for (int row = 1; row < Table.Rows(); ++row) {
+    const std::string time = TimeOf(Table, row);
+    const bool isOver = time < now || time == LastMinute || time == passed;
+    if (isOver || Table.RowHeight(row) == 0) continue;
+    if (RunsToday(row)) {
+      return {Table.TextMatrix(row, kTimeColumn), Table.TextMatrix(row, kMessagesColumn)};
+    }
+    passed = time;
+  }
+  return {};
 }
 
 /// Wipes the marks of earlier rows, conflict marks included, down to the firing row, and leaves it

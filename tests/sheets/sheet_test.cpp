@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "desktop/windows/elided.h"
 #include "desktop/windows/shown_text.h"
 #include "desktop/windows/theme_colors.h"
 #include "i18n/languages.h"
@@ -132,6 +133,22 @@ TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguageAndHasACallKeyForAThumb
     EXPECT_EQ(window.size(), kSmallScreen) << language.Name;
     const QSize key = window.findChild<QWidget*>("cmdCall")->size();
     EXPECT_GE(std::min(key.width(), key.height()), kThumbMm * kPixelsPerMm) << language.Name;
+  }
+}
+
+TEST(Sheets, ACallOfTheAmplifierIsToldWholeInLettersForThosePassingBy) {
+  for (const Scene& scene : Scenes()) {
+    if (scene.Name != "main_conflict_takeover") continue;
+    for (const Language& language : kLanguageTable) {
+      DeskOptions options = scene.Options;
+      options.Language = language.Name;
+      ShownDesk desk(options);
+      auto* told =
+          dynamic_cast<ElidedLabel*>(scene.Reach(desk).findChild<QLabel*>("paneOnAirName"));
+      ASSERT_TRUE(told);
+      EXPECT_EQ(told->ShownLine(), QString::fromStdString(desk.Text("lblHiPrio")));
+      EXPECT_GE(told->font().pointSize(), 19) << language.Name;
+    }
   }
 }
 

@@ -20,7 +20,9 @@ class ShownDesk : public Desk {
   void ReachMainWindow() { Advance(2500); }
 
   Views& Screen() {
-    if (!Shown) Shown = std::make_unique<Views>(Sys->TheWindows, Pc.Loop);
+    if (!Shown)
+      Shown = std::make_unique<Views>(Sys->TheWindows, Pc.Loop,
+                                      [this] { return Sys->ThePasserby.Look(); });
     Settle();
     return *Shown;
   }

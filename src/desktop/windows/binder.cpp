@@ -52,6 +52,7 @@ void Binder::PaintAll() {
     bound->Dirty = false;
     bound->View->Paint();
   }
+  if (OnPaint) OnPaint();
   NameForReaders(Window);
   if (WindowDirty) PaintWindow();
 }

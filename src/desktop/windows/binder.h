@@ -22,6 +22,9 @@ class Binder : public QObject {
   /// Called before the window comes up, to give it its place.
   std::function<void(QWidget&)> OnShow;
 
+  /// Called whenever something of the window has been painted.
+  std::function<void()> OnPaint;
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
 

@@ -70,11 +70,69 @@ QPainterPath Microphone() {
   return path;
 }
 
+QPainterPath Stroked(const QPainterPath& line) {
+  QPainterPathStroker stroker;
+  stroker.setWidth(2);
+  stroker.setCapStyle(Qt::RoundCap);
+  stroker.setJoinStyle(Qt::RoundJoin);
+  return stroker.createStroke(line);
+}
+
+/// A loudspeaker with its waves.
+QPainterPath Loudspeaker() {
+  QPainterPath path;
+  path.setFillRule(Qt::WindingFill);
+  path.addPolygon(QPolygonF({{3, 9}, {7, 9}, {12.5, 4.2}, {12.5, 19.8}, {7, 15}, {3, 15}}));
+  path.closeSubpath();
+  for (const qreal reach : {3.4, 7.2}) {
+    QPainterPath wave;
+    const QRectF circle(12.4 - reach, 12 - reach, 2 * reach, 2 * reach);
+    wave.arcMoveTo(circle, -48);
+    wave.arcTo(circle, -48, 96);
+    path.addPath(Stroked(wave));
+  }
+  return path;
+}
+
+/// A triangle that warns.
+QPainterPath Warning() {
+  QPainterPath path;
+  path.setFillRule(Qt::OddEvenFill);
+  path.addPolygon(QPolygonF({{12, 3}, {22.5, 21}, {1.5, 21}}));
+  path.closeSubpath();
+  path.addRoundedRect(QRectF(10.9, 9, 2.2, 6.4), 1.1, 1.1);
+  path.addEllipse(QRectF(10.7, 16.6, 2.6, 2.6));
+  return path;
+}
+
+QPainterPath ClockFace() {
+  QPainterPath ring;
+  ring.addEllipse(QRectF(3.5, 3.5, 17, 17));
+  QPainterPath hands;
+  hands.moveTo(12, 7.5);
+  hands.lineTo(12, 12);
+  hands.lineTo(15.4, 14);
+  QPainterPath path = Stroked(ring);
+  path.setFillRule(Qt::WindingFill);
+  path.addPath(Stroked(hands));
+  return path;
+}
+
+QPainterPath Dash() {
+  QPainterPath path;
+  path.addRoundedRect(QRectF(5, 10.9, 14, 2.2), 1.1, 1.1);
+  return path;
+}
+
 QPainterPath PathOf(const QString& name) {
   if (name == "play") return Triangle(7);
   if (name == "skip") return Skip();
   if (name == "stop") return Stop();
-  if (name == "note") return Note();
+  if (name == "note" || name == "music") return Note();
+  if (name == "message") return Loudspeaker();
+  if (name == "amplifier") return Warning();
+  if (name == "clock") return ClockFace();
+  if (name == "silence") return Dash();
   return Microphone();
 }
 
@@ -118,6 +176,15 @@ QColor RestColour(const QAbstractButton& key) {
 }
 
 }  // namespace
+
+void GlyphSign::paintEvent(QPaintEvent*) {
+  const int side = qMin(width(), height());
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate((width() - side) / 2.0, (height() - side) / 2.0);
+  painter.scale(side / kField, side / kField);
+  painter.fillPath(PathOf(property("glyph").toString()), palette().color(foregroundRole()));
+}
 
 void PutGlyphs(QWidget& window) {
   for (QAbstractButton* key : window.findChildren<QAbstractButton*>()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QWidget>
 
 namespace marlex {
@@ -8,5 +9,18 @@ namespace marlex {
 /// gets the picture of that name ("play", "skip", "stop", "note", "microphone"), in white on keys
 /// of a strong colour.
 void PutGlyphs(QWidget& window);
+
+/// A picture that stands for itself, in the colour of a text in its place: that of its property
+/// `glyph` ("music", "message", "call", "amplifier", "silence", "clock").
+class GlyphSign : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+  QSize sizeHint() const override { return {28, 28}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
 
 }  // namespace marlex

@@ -16,7 +16,7 @@ constexpr int kCellMargin = 10;
 constexpr int kMarkWidth = 16;
 constexpr int kMarkRole = Qt::UserRole;
 constexpr int kMarkColumn = 0;
-constexpr int kRowAir = 10;  // above and below the text of a row together
+constexpr int kRowAir = 7;  // above and below the text of a row together
 // Column widths are meant for digits of this many pixels, at 15 twips a pixel. Faces of one height
 // differ in width, and a time that is cut short tells nothing.
 constexpr double kDesignDigitWidth = 6;

@@ -67,7 +67,7 @@ void PlaceMain(QWidget& window) {
 
 }  // namespace
 
-Views::Views(Windows& windows, EventLoop& loop) {
+Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look) {
   ApplyTheme(*qApp);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   MainWindow = Make<QMainWindow>(Ui::frmMain());
@@ -79,7 +79,10 @@ Views::Views(Windows& windows, EventLoop& loop) {
   DirSelWindow = Make<QDialog>(Ui::frmDirSel(), kDialog);
   ChimeSelectWindow = Make<QDialog>(Ui::frmChimeSelect(), kDialog);
   PlaylistWindow = Make<QMainWindow>(Ui::frmPlaylist());
+  Band = std::make_unique<GlanceBand>(*MainWindow);
   Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
+  // The clock in the window is painted each second, and the band with it.
+  if (look) Binders.back()->OnPaint = [this, look] { Band->Paint(look()); };
   Connect(windows.frmLogo, *LogoWindow, loop, Centre);
   Connect(windows.frmlangSel, *LangSelWindow, loop, Centre);
   Connect(windows.frmAbout, *AboutWindow, loop, Centre);

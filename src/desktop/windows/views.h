@@ -5,17 +5,19 @@
 #include <vector>
 
 #include "desktop/windows/binder.h"
+#include "desktop/windows/glance_band.h"
 #include "platform/event_loop.h"
 #include "windows/windows.h"
 
 namespace marlex {
 
 /// The windows on the screen. Each is there from the start, hidden, and comes and goes with its
-/// form. Needs a running QApplication, which it gives its look. The forms and the loop must outlive
-/// it.
+/// form. Needs a running QApplication, which it gives its look. The forms, the loop and what
+/// `look` looks at must outlive it.
 class Views {
  public:
-  Views(Windows& windows, EventLoop& loop);
+  /// `look` tells what the band of the main window shows, where there is one who knows.
+  Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look = nullptr);
   ~Views();
 
   QWidget& Main() { return *MainWindow; }
@@ -41,6 +43,7 @@ class Views {
   std::unique_ptr<QWidget> DirSelWindow;
   std::unique_ptr<QWidget> ChimeSelectWindow;
   std::unique_ptr<QWidget> PlaylistWindow;
+  std::unique_ptr<GlanceBand> Band;
   std::vector<std::unique_ptr<Binder>> Binders;  // go before the windows
 };
 

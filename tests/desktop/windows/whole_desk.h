@@ -94,7 +94,7 @@ class WholeDesk {
               .Mixer = Pc.Mixer,
               .Boxes = Pc.Dialogs,
               .TheProcess = Pc.Process}};
-  Views Screen{Sys.TheWindows, Pc.Loop};
+  Views Screen{Sys.TheWindows, Pc.Loop, [this] { return Sys.ThePasserby.Look(); }};
 };
 
 }  // namespace marlex

@@ -1,0 +1,38 @@
+#include "core/glance.h"
+
+#include "state/file_names.h"
+
+namespace marlex {
+
+Glance Passerby::Look() const {
+  const OnAir what = What();
+  const ComingRow next = Tick.NextToday();
+  return {what, NameOf(what), next.Time, next.Messages};
+}
+
+OnAir Passerby::What() const {
+  if (TheFlags.CallActive) return OnAir::Call;
+  if (!TheFlags.PriorityClear && TheFrmMain.lblHiPrio.Visible) return OnAir::Amplifier;
+  // A chime and a preview are messages without the flag.
+  const bool wavePlays = TheFrmPlayers.WavPlayer.Mode() == kWavePlaying;
+  if (TheFlags.MessagePlaying || wavePlays) return OnAir::Message;
+  return TheFrmPlayers.MP3Player.PlayState() == kPlaying ? OnAir::Music : OnAir::Silence;
+}
+
+std::string Passerby::NameOf(OnAir what) const {
+  switch (what) {
+    case OnAir::Music:
+      return SoundName(TheFrmPlayers.MP3Player.FileName());
+    case OnAir::Message:
+      return SoundName(TheFrmPlayers.WavPlayer.FileName);
+    case OnAir::Amplifier:
+      return TheFrmMain.lblHiPrio.Caption;
+    case OnAir::Call:
+      return TheFrmMain.frCall.Visible ? TheFrmMain.cmdCall2.Caption : TheFrmMain.cmdCall.Caption;
+    case OnAir::Silence:
+      break;
+  }
+  return "";
+}
+
+}  // namespace marlex

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+
+#include "platform/pc.h"
+#include "schedule/schedule_tick.h"
+#include "state/flags.h"
+#include "windows/frm_main.h"
+#include "windows/frm_players.h"
+
+namespace marlex {
+
+/// What has the loudspeakers: of several the last one that applies.
+enum class OnAir { Silence, Music, Message, Amplifier, Call };
+
+/// What is to be read from across the room.
+struct Glance {
+  OnAir What = OnAir::Silence;
+  std::string Name;      // the song or the message; of a call what its key or its note says
+  std::string NextTime;  // of the message that comes next, with its mark; empty when none is left
+                         // today
+  std::string NextMessages;
+
+  bool operator==(const Glance&) const = default;
+};
+
+/// Looks at the desk as somebody does who passes by. It changes nothing.
+class Passerby {
+ public:
+  Passerby(const Flags& flags, const FrmMain& frmMain, const FrmPlayers& frmPlayers,
+           const ScheduleTick& tick)
+      : TheFlags(flags), TheFrmMain(frmMain), TheFrmPlayers(frmPlayers), Tick(tick) {}
+
+  Glance Look() const;
+
+ private:
+  OnAir What() const;
+  std::string NameOf(OnAir what) const;
+
+  const Flags& TheFlags;
+  const FrmMain& TheFrmMain;
+  const FrmPlayers& TheFrmPlayers;
+  const ScheduleTick& Tick;
+};
+
+}  // namespace marlex

@@ -1,0 +1,79 @@
+#include "desktop/windows/glance_band.h"
+
+#include <QStyle>
+
+#include "desktop/windows/shown_text.h"
+#include "platform/runtime_failure.h"
+
+namespace marlex {
+
+namespace {
+
+constexpr int kPartOfPixel = 1;  // that is lost when the width of a text is rounded
+
+template <class T>
+T& Part(QWidget& window, const char* name) {
+  auto* part = window.findChild<T*>(name);
+  if (!part) throw RuntimeFailure(std::string("The main window has no ") + name);
+  return *part;
+}
+
+/// The name of the face that the style sheet gives to what is on the air.
+const char* FaceOf(OnAir what) {
+  switch (what) {
+    case OnAir::Music:
+      return "music";
+    case OnAir::Message:
+      return "message";
+    case OnAir::Amplifier:
+      return "amplifier";
+    case OnAir::Call:
+      return "call";
+    case OnAir::Silence:
+      break;
+  }
+  return "silence";
+}
+
+}  // namespace
+
+GlanceBand::GlanceBand(QWidget& window)
+    : OnAirBox(Part<QWidget>(window, "paneOnAir")),
+      OnAirSign(Part<QWidget>(window, "paneOnAirSign")),
+      OnAirName(Part<QLabel>(window, "paneOnAirName")),
+      NextBox(Part<QWidget>(window, "paneNext")),
+      NextTime(Part<QLabel>(window, "paneNextTime")),
+      NextMessages(Part<QLabel>(window, "paneNextMessages")) {
+  for (QLabel* text : {&OnAirName, &NextTime, &NextMessages}) text->setTextFormat(Qt::PlainText);
+  PaintOnAir(Painted);
+  NextBox.hide();
+}
+
+void GlanceBand::Paint(const Glance& glance) {
+  if (glance == Painted) return;
+  if (glance.What != Painted.What || glance.Name != Painted.Name) PaintOnAir(glance);
+  NextTime.setText(ShownText(glance.NextTime).trimmed());
+  NextMessages.setText(ShownText(glance.NextMessages));
+  NextBox.setVisible(!glance.NextTime.empty());
+  Painted = glance;
+}
+
+void GlanceBand::PaintOnAir(const Glance& glance) {
+  OnAirName.setText(ShownText(glance.Name));
+  // The name of a sound may be shortened, a word of the system's own not.
+  const bool isOwnWord = glance.What == OnAir::Amplifier || glance.What == OnAir::Call;
+  OnAirName.ensurePolished();
+  const int whole = OnAirName.fontMetrics().horizontalAdvance(OnAirName.text());
+  OnAirName.setMinimumWidth(isOwnWord ? whole + kPartOfPixel : 0);
+  const char* face = FaceOf(glance.What);
+  if (OnAirBox.property("air") == face) return;
+  OnAirBox.setProperty("air", face);
+  OnAirSign.setProperty("glyph", face);
+  for (QWidget* part : {&OnAirBox, &OnAirSign, static_cast<QWidget*>(&OnAirName)}) {
+    part->style()->unpolish(part);
+    part->style()->polish(part);
+  }
+  OnAirSign.update();
+}
+
+}  // namespace marlex

@@ -1,0 +1,163 @@
+#include "core/glance.h"
+
+#include <gtest/gtest.h>
+
+#include "schedule/spot_desk.h"
+
+namespace marlex {
+namespace {
+
+constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr int kSpeakingMs = 3000;  // after a press: the fade is over, and the microphone open
+
+std::string Word(OnAir what) {
+  switch (what) {
+    case OnAir::Silence:
+      return "silence";
+    case OnAir::Music:
+      return "music";
+    case OnAir::Message:
+      return "message";
+    case OnAir::Amplifier:
+      return "amplifier";
+    case OnAir::Call:
+      break;
+  }
+  return "call";
+}
+
+std::string Now(const Desk& desk) {
+  const Glance glance = desk.Sys->ThePasserby.Look();
+  return Word(glance.What) + ": " + glance.Name;
+}
+
+std::string Next(const Desk& desk) {
+  const Glance glance = desk.Sys->ThePasserby.Look();
+  return glance.NextTime + "|" + glance.NextMessages;
+}
+
+/// Rows at these minutes of an hour, each with messages named after its minute.
+std::vector<Sequence> At(const std::string& hour, const std::vector<std::string>& minutes) {
+  std::vector<Sequence> rows;
+  for (const std::string& minute : minutes)
+    rows.push_back({minute + ".sch", "at" + minute, hour, minute});
+  return rows;
+}
+
+TEST(Glance, TellsTheSongThatPlaysWhateverIsSelected) {
+  SpotDesk desk;
+  EXPECT_EQ(Now(desk), "music: march");
+  desk.Select(1);
+  EXPECT_EQ(Now(desk), "music: march");
+  desk.Click("cmdStop");
+  EXPECT_EQ(Now(desk), "silence: ");
+}
+
+TEST(Glance, TellsEachMessageWhileItPlaysAndThenTheSongAgain) {
+  SpotDesk desk;
+  desk.AdvanceTo(SpotDesk::kFadedDown + 1);
+  EXPECT_EQ(Now(desk), "message: welcome");
+  desk.AdvanceTo(SpotDesk::kFirstMessageEnds + 1);
+  EXPECT_EQ(Now(desk), "message: closing");
+  desk.AdvanceTo(SpotDesk::kFadedUp);
+  EXPECT_EQ(Now(desk), "music: march");
+}
+
+TEST(Glance, TellsACallByTheTextOfItsKeyWithEitherTypeOfAmplifier) {
+  for (const bool router : {true, false}) {
+    SpotDesk desk({.Sequences = At("13", {"01"}), .Router = router});
+    const char* key = router ? "cmdCall" : "cmdCall2";
+    desk.Press(key);
+    EXPECT_EQ(Now(desk), "call: Wait") << key;
+    desk.Advance(kSpeakingMs);
+    EXPECT_EQ(Now(desk), "call: Speak") << key;
+    desk.Release(key);
+    desk.Advance(kSpeakingMs);
+    EXPECT_EQ(Now(desk), "music: march") << key;
+  }
+}
+
+TEST(Glance, TellsACallOfTheAmplifierThatHoldsUsBackAndNoOther) {
+  SpotDesk desk;
+  desk.Status(64);
+  EXPECT_EQ(Now(desk), "amplifier: Higher priority call in progress");
+  desk.Status(0);
+  EXPECT_EQ(Now(desk), "music: march");
+  SpotDesk high({.Priority = "High"});
+  high.Status(64);
+  EXPECT_EQ(Now(high), "music: march");
+  high.Status(128);
+  EXPECT_EQ(Now(high), "amplifier: Higher priority call in progress");
+}
+
+TEST(Glance, TellsATakeoverOutOfACallAndOutOfAMessage) {
+  SpotDesk desk;
+  desk.Press("cmdCall");
+  desk.Advance(kSpeakingMs);
+  desk.Status(128);
+  EXPECT_EQ(Now(desk), "amplifier: Higher priority call in progress");
+  SpotDesk other;
+  other.AdvanceTo(SpotDesk::kFadedDown + 1);
+  other.Status(128);
+  EXPECT_EQ(Now(other), "amplifier: Higher priority call in progress");
+}
+
+TEST(Glance, TellsTheMessageThatComesNextUntilNoneIsLeftToday) {
+  SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
+  EXPECT_EQ(Next(desk), "12:01  |at01");
+  desk.AdvanceTo(SpotDesk::kDue);
+  EXPECT_EQ(Next(desk), "12:02  |at02");
+  desk.RunTo(12, 2, 30);
+  EXPECT_EQ(Next(desk), "|");
+}
+
+TEST(Glance, TellsARowOfThePresentMinuteUntilTheTickHasIt) {
+  SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
+  desk.Advance(SpotDesk::kDue - 1);
+  EXPECT_EQ(Next(desk), "12:01  |at01");
+  desk.Sys->TheFrmPlayers.tmrMessage.Enabled = false;
+  desk.RunTo(12, 1, 30);
+  EXPECT_EQ(Next(desk), "12:01  |at01");
+}
+
+TEST(Glance, TellsTheRowThatWaitsForTheMusicBreak) {
+  std::vector<Sequence> rows = At("12", {"01", "02"});
+  rows.front().Timer = "Between";
+  SpotDesk desk({.Sequences = rows});
+  desk.AdvanceTo(SpotDesk::kDue);
+  EXPECT_EQ(Next(desk), "12:01+|at01");
+  desk.Click("cmdSkip");
+  desk.Advance(1);
+  EXPECT_EQ(Next(desk), "12:02  |at02");
+}
+
+TEST(Glance, PassesOverARowThatTheOperatorTookOut) {
+  SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
+  desk.Do([&desk] { desk.Main().grdSchedule.SetRowHeight(1, 0); });
+  EXPECT_EQ(Next(desk), "12:02  |at02");
+}
+
+TEST(Glance, PassesOverAMinuteWhoseFirstRowDoesNotRunToday) {
+  std::vector<Sequence> rows = At("12", {"01", "02"});
+  rows.front().Weekdays = "0200000";  // the day is a Monday
+  rows.insert(rows.begin() + 1, {"also01.sch", "also01", "12", "01"});
+  SpotDesk desk({.Sequences = rows, .AllDays = true}, kSilent);
+  EXPECT_EQ(Next(desk), "12:02  |at02");
+  desk.TakeJournal();
+  desk.RunTo(12, 3);
+  EXPECT_EQ(desk.Journal().find("also01"), std::string::npos);
+  EXPECT_NE(desk.Journal().find("at02"), std::string::npos);
+}
+
+TEST(Glance, ChangesNothing) {
+  SpotDesk desk;
+  desk.TakeJournal();
+  const std::vector<std::string> rows = desk.Rows();
+  for (int look = 0; look < 3; ++look) desk.Sys->ThePasserby.Look();
+  EXPECT_EQ(desk.Journal(), "");
+  EXPECT_EQ(desk.Rows(), rows);
+  EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
+}
+
+}  // namespace
+}  // namespace marlex
