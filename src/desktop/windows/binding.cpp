@@ -53,4 +53,8 @@ MouseButton MouseButtonOf(Qt::MouseButton button) {
   return button == Qt::MiddleButton ? MouseButton::Middle : MouseButton::Left;
 }
 
+bool IsEnter(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
 }  // namespace marlex

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QKeyEvent>
 #include <QWidget>
 #include <memory>
 
@@ -63,5 +64,8 @@ class PaintGuard {
 };
 
 MouseButton MouseButtonOf(Qt::MouseButton button);
+
+/// Whether it is the enter key, of the letters or of the digits.
+bool IsEnter(const QKeyEvent& event);
 
 }  // namespace marlex

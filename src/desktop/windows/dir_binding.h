@@ -6,7 +6,7 @@
 namespace marlex {
 
 /// A tree of directories. The arrow to the right opens the selected one as a double-click does, the
-/// arrow to the left the one above the open one.
+/// arrow to the left the one above the open one. The enter key stays the OK of the window.
 class DirBinding : public ListBinding {
  public:
   DirBinding(DirListBox& tree, QListView& view, Hand& hand);

@@ -118,6 +118,7 @@ GridBinding::GridBinding(Grid& grid, QTableView& view, Hand& hand)
   SetUpHeaders();
   ForwardCells();
   ForwardScroll();
+  view.installEventFilter(this);
   view.viewport()->installEventFilter(this);
 }
 
@@ -147,10 +148,13 @@ void GridBinding::ForwardCells() {
         if (!Painting && cell.isValid()) View.scrollTo(cell);
       },
       Qt::DirectConnection);
-  connect(&View, &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
-    Operator.Forward(Cells, [this, row = cell.row() + 1, column = cell.column()] {
-      if (Choose(row, column) && Cells.OnDblClick) Cells.OnDblClick();
-    });
+  connect(&View, &QTableView::doubleClicked, this,
+          [this](const QModelIndex& cell) { ForwardDoubleClick(cell.row() + 1, cell.column()); });
+}
+
+void GridBinding::ForwardDoubleClick(int row, int column) {
+  Operator.Forward(Cells, [this, row, column] {
+    if (Choose(row, column) && Cells.OnDblClick) Cells.OnDblClick();
   });
 }
 
@@ -224,7 +228,18 @@ void GridBinding::PaintPlace() {
   View.verticalScrollBar()->setValue(View.verticalHeader()->sectionPosition(top));
 }
 
-bool GridBinding::eventFilter(QObject*, QEvent* event) {
+/// The enter key is a double-click on the first cell of its row, in whichever column it stands:
+/// once however long it is held, since the current row may be another one then.
+bool GridBinding::FilterKey(const QKeyEvent& event) {
+  const QModelIndex current = View.currentIndex();
+  if (!IsEnter(event) || !current.isValid()) return false;
+  if (!event.isAutoRepeat()) ForwardDoubleClick(current.row() + 1, kMarkColumn);
+  return true;
+}
+
+bool GridBinding::eventFilter(QObject* object, QEvent* event) {
+  if (object == &View)
+    return event->type() == QEvent::KeyPress && FilterKey(static_cast<QKeyEvent&>(*event));
   // A table that becomes higher, or is shown for the first time, can come nearer to the row it
   // should begin with.
   const bool isResized = event->type() == QEvent::Resize || event->type() == QEvent::Show;

@@ -57,6 +57,8 @@ class GridBinding : public QObject, public WidgetBinding {
   void SetUpHeaders();
   void ForwardCells();
   void ForwardScroll();
+  void ForwardDoubleClick(int row, int column);
+  bool FilterKey(const QKeyEvent& event);
   void PaintColumns();
   void PaintRows();
   void PaintPlace();

@@ -118,16 +118,18 @@ bool ListBinding::eventFilter(QObject* object, QEvent* event) {
 }
 
 /// Where a click acts, the arrows only lead to an entry, and the enter key or the space bar clicks
-/// it, once however long it is held.
+/// it; where a double-click acts, the enter key is one. Each once, however long the key is held.
 bool ListBinding::FilterKey(const QKeyEvent& event) {
-  const int key = event.key();
-  const bool clicks = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
-  if (List.ClickActs && clicks) {
-    if (event.isAutoRepeat()) return true;
-    Operator.Forward(List, [this, row = View.currentIndex().row()] { Select(row); });
+  const int row = View.currentIndex().row();
+  if (List.ClickActs && (IsEnter(event) || event.key() == Qt::Key_Space)) {
+    if (!event.isAutoRepeat()) Operator.Forward(List, [this, row] { Select(row); });
     return true;
   }
-  if (key != Qt::Key_Delete) return false;
+  if (List.OnDblClick && IsEnter(event)) {
+    if (!event.isAutoRepeat()) ForwardDoubleClick(row);
+    return true;
+  }
+  if (event.key() != Qt::Key_Delete) return false;
   Operator.Forward(List, [this] {
     if (List.OnKeyDown) List.OnKeyDown(kKeyDelete);
   });
