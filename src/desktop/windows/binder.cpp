@@ -69,14 +69,18 @@ void Binder::PaintWindow() {
   Window.activateWindow();
 }
 
+void Binder::CloseForm() {
+  Operator.ForwardAlways([this] {
+    if (Shown.Visible) Shown.Close();
+  });
+}
+
 /// The window never closes by itself: what its closing means is the form's to say.
 bool Binder::eventFilter(QObject* object, QEvent* event) {
   if (object != &Window) return false;
   if (event->type() == QEvent::Close) {
     event->ignore();
-    Operator.ForwardAlways([this] {
-      if (Shown.Visible) Shown.Close();
-    });
+    CloseForm();
     return true;
   }
   const bool isEscape =
@@ -84,6 +88,7 @@ bool Binder::eventFilter(QObject* object, QEvent* event) {
   // A dialog's own answer to Escape would hide the window behind the form's back.
   if (!isEscape) return false;
   if (auto* cancel = Window.findChild<QPushButton*>("cmdCancel")) cancel->click();
+  if (EscapeCloses) CloseForm();
   return true;
 }
 

@@ -25,6 +25,10 @@ class Binder : public QObject {
   /// Called whenever something of the window has been painted.
   std::function<void()> OnPaint;
 
+  /// Escape closes the window, as where closing it chooses and writes nothing. Where it has a key
+  /// to cancel, Escape is that key; elsewhere it does nothing.
+  bool EscapeCloses = false;
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -39,6 +43,7 @@ class Binder : public QObject {
   void PaintSoon();
   void PaintAll();
   void PaintWindow();
+  void CloseForm();
 
   Form& Shown;
   QWidget& Window;

@@ -84,8 +84,10 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
   // The clock in the window is painted each second, and the band with it.
   if (look) Binders.back()->OnPaint = [this, look] { Band->Paint(look()); };
   Connect(windows.frmLogo, *LogoWindow, loop, Centre);
-  Connect(windows.frmlangSel, *LangSelWindow, loop, Centre);
-  Connect(windows.frmAbout, *AboutWindow, loop, Centre);
+  // Both close without a choice. The directory picker does not: its close takes the directory, as
+  // its OK does.
+  Connect(windows.frmlangSel, *LangSelWindow, loop, Centre).EscapeCloses = true;
+  Connect(windows.frmAbout, *AboutWindow, loop, Centre).EscapeCloses = true;
   Connect(windows.frmSettings, *SettingsWindow, loop, Centre);
   Connect(windows.TheWavWindow, *ScheduleEditorWindow, loop, PlaceEditor);
   Connect(windows.frmPlaylist, *PlaylistWindow, loop, PlaceEditor);
@@ -107,10 +109,11 @@ void Views::ConnectPicker(Form& form, QWidget& window, EventLoop& loop) {
   });
 }
 
-void Views::Connect(Form& form, QWidget& window, EventLoop& loop,
-                    std::function<void(QWidget&)> place) {
+Binder& Views::Connect(Form& form, QWidget& window, EventLoop& loop,
+                       std::function<void(QWidget&)> place) {
   Binders.push_back(std::make_unique<Binder>(form, window, loop));
   Binders.back()->OnShow = std::move(place);
+  return *Binders.back();
 }
 
 }  // namespace marlex

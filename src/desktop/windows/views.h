@@ -32,7 +32,8 @@ class Views {
 
  private:
   void ConnectPicker(Form& form, QWidget& window, EventLoop& loop);
-  void Connect(Form& form, QWidget& window, EventLoop& loop, std::function<void(QWidget&)> place);
+  Binder& Connect(Form& form, QWidget& window, EventLoop& loop,
+                  std::function<void(QWidget&)> place);
 
   std::unique_ptr<QWidget> MainWindow;
   std::unique_ptr<QWidget> LogoWindow;

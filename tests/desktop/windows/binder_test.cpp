@@ -94,17 +94,44 @@ TEST(Binder, ClosingAWindowAsksItsFormAndNothingElse) {
   EXPECT_TRUE(desk.Screen.Main().isVisible()) << "the form has not unloaded itself";
 }
 
-TEST(Binder, EscapeLeavesADialogOpen) {
+TEST(Binder, EscapeClosesTheAboutBoxAsItsCloseDoes) {
   Desk desk;
-  desk.Forms.frmAbout.Show();
+  for (const bool byEscape : {true, false}) {
+    desk.Forms.frmAbout.Show();
+    desk.Settle();
+    ASSERT_TRUE(desk.Screen.About().isVisible());
+    if (byEscape) QTest::keyClick(&desk.Screen.About(), Qt::Key_Escape);
+    if (!byEscape) desk.Screen.About().close();
+    EXPECT_TRUE(desk.Screen.About().isVisible()) << "until the form says so";
+    desk.Settle();
+    EXPECT_FALSE(desk.Forms.frmAbout.Loaded());
+    EXPECT_FALSE(desk.Screen.About().isVisible());
+  }
+}
+
+TEST(Binder, EscapeInTheLanguageDialogIsItsCloseAndChoosesNoLanguage) {
+  Desk desk;
+  std::string heard;
+  desk.Forms.frmlangSel.OnClose = [&] { heard += "close "; };
+  desk.Forms.frmlangSel.cmdOK.OnClick = [&] { heard += "ok "; };
+  desk.Forms.frmlangSel.Show();
   desk.Settle();
-  QTest::keyClick(&desk.Screen.About(), Qt::Key_Escape);
+  QTest::keyClick(&desk.Screen.LangSel(), Qt::Key_Escape);
   desk.Settle();
-  EXPECT_TRUE(desk.Screen.About().isVisible());
-  desk.Screen.About().close();
+  EXPECT_EQ(heard, "close ");
+}
+
+TEST(Binder, EscapeLeavesADialogOpenWhoseCloseWouldChoose) {
+  Desk desk;
+  desk.Forms.frmSettings.Show();
+  desk.Forms.frmDirSel.Show();
   desk.Settle();
-  EXPECT_FALSE(desk.Forms.frmAbout.Loaded());
-  EXPECT_FALSE(desk.Screen.About().isVisible());
+  int closed = 0;
+  desk.Forms.frmDirSel.OnClose = [&] { ++closed; };
+  QTest::keyClick(&desk.Screen.DirSel(), Qt::Key_Escape);
+  desk.Settle();
+  EXPECT_TRUE(desk.Screen.DirSel().isVisible());
+  EXPECT_EQ(closed, 0);
 }
 
 TEST(Binder, ManyChangesArePaintedOnce) {
