@@ -4,19 +4,22 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <unordered_set>
 
 #include "desktop/windows/shown_text.h"
 #include "desktop/windows/theme.h"
+#include "windows/frm_main.h"
 
 namespace marlex {
 
 namespace {
 
 constexpr int kCellMargin = 10;
+constexpr int kLineWidth = 1;  // between two columns
 constexpr int kMarkWidth = 16;
 constexpr int kMarkRole = Qt::UserRole;
 constexpr int kMarkColumn = 0;
-constexpr int kRowAir = 7;  // above and below the text of a row together
+constexpr int kRowAir = 7;  // above and below the text of a row together, at least
 // Column widths are meant for digits of this many pixels, at 15 twips a pixel. Faces of one height
 // differ in width, and a time that is cut short tells nothing.
 constexpr double kDesignDigitWidth = 6;
@@ -78,7 +81,7 @@ QColor GridModel::TextColorOf(int row, int column) const {
 /// What the colour of a row tells, as a sign at its beginning: that it plays or fired last, or is
 /// in conflict.
 QString GridModel::MarkOf(int row, int column) const {
-  if (column != kMarkColumn || IsPlain(row, column)) return {};
+  if (column != kTimeColumn || IsPlain(row, column)) return {};
   return Cells.BackColorAt(row, column) == kRed ? "!" : "\u25B8";
 }
 
@@ -110,7 +113,7 @@ GridBinding::GridBinding(Grid& grid, QTableView& view, Hand& hand)
   view.setItemDelegate(&Painter);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
   view.setSelectionMode(QAbstractItemView::NoSelection);
-  view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  view.setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
   view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   view.setWordWrap(false);
   view.setTabKeyNavigation(false);
@@ -126,7 +129,6 @@ void GridBinding::SetUpHeaders() {
   View.verticalHeader()->hide();
   View.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   View.verticalHeader()->setMinimumSectionSize(1);
-  View.verticalHeader()->setDefaultSectionSize(View.fontMetrics().height() + kRowAir);
   View.horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   View.horizontalHeader()->setStretchLastSection(true);
   View.horizontalHeader()->setHighlightSections(false);
@@ -183,6 +185,7 @@ void GridBinding::Paint() {
   Model.Refresh();
   PaintColumns();
   PaintRows();
+  ShareHeight();
   PaintPlace();
 }
 
@@ -193,8 +196,7 @@ void GridBinding::PaintColumns() {
     if (View.isColumnHidden(column) != hidden) View.setColumnHidden(column, hidden);
     if (hidden) continue;
     const bool isLast = column == Grid::kColumns - 1;  // takes the room that the others leave
-    const int width =
-        isLast ? HeadingWidth(column) : std::max(DesignWidth(column), HeadingWidth(column));
+    const int width = std::max(HeadingWidth(column), isLast ? 0 : WantedWidth(column));
     if (!isLast) View.setColumnWidth(column, width);
     needed += width;
   }
@@ -203,6 +205,25 @@ void GridBinding::PaintColumns() {
 
 int GridBinding::HeadingWidth(int column) const {
   return View.horizontalHeader()->sectionSizeHint(column);
+}
+
+/// Names that are shorter than their column leave the rest to the messages.
+int GridBinding::WantedWidth(int column) const {
+  const int design = DesignWidth(column);
+  return column == kNameColumn ? std::min(design, TextWidth(column)) : design;
+}
+
+/// Of the longest text below the heading. Rows of one sequence have one name, which is measured
+/// once.
+int GridBinding::TextWidth(int column) const {
+  std::unordered_set<std::string_view> measured;
+  int widest = 0;
+  for (int row = 1; row < Cells.Rows(); ++row) {
+    const std::string& text = Cells.TextMatrix(row, column);
+    if (!measured.insert(text).second) continue;
+    widest = std::max(widest, View.fontMetrics().horizontalAdvance(ShownText(text)));
+  }
+  return widest + 2 * kCellMargin + kLineWidth;
 }
 
 int GridBinding::DesignWidth(int column) const {
@@ -218,6 +239,23 @@ void GridBinding::PaintRows() {
   }
 }
 
+/// No row is cut through: as many as fit share the height, and the heading takes the few pixels
+/// left.
+void GridBinding::ShareHeight() {
+  QHeaderView& heading = *View.horizontalHeader();
+  const int plain = heading.sizeHint().height();
+  const int room = View.viewport()->height() + heading.height() - plain;
+  const int least = View.fontMetrics().height() + kRowAir;
+  const int rows = std::max(room / least, 1);
+  const int height = std::max(room / rows, least);
+  if (height != View.verticalHeader()->defaultSectionSize())
+    View.verticalHeader()->setDefaultSectionSize(height);
+  const int headingHeight = plain + std::max(room - rows * height, 0);
+  if (headingHeight == heading.minimumHeight()) return;
+  heading.setMinimumHeight(headingHeight);
+  emit heading.geometriesChanged();
+}
+
 /// Brings the current cell and the first visible row where the grid has them.
 void GridBinding::PaintPlace() {
   const QModelIndex current = Model.index(Cells.Row() - 1, Cells.Col());
@@ -225,7 +263,8 @@ void GridBinding::PaintPlace() {
     View.selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
   const int top = Cells.TopRow() - 1;
   if (top >= Model.rowCount() || View.rowAt(0) == top) return;
-  View.verticalScrollBar()->setValue(View.verticalHeader()->sectionPosition(top));
+  const QHeaderView& rows = *View.verticalHeader();
+  View.verticalScrollBar()->setValue(rows.sectionPosition(top) / rows.defaultSectionSize());
 }
 
 /// The enter key is a double-click on the first cell of its row, in whichever column it stands:
@@ -243,6 +282,10 @@ bool GridBinding::eventFilter(QObject* object, QEvent* event) {
   // A table that becomes higher, or is shown for the first time, can come nearer to the row it
   // should begin with.
   const bool isResized = event->type() == QEvent::Resize || event->type() == QEvent::Show;
+  if (isResized && !Painting) {
+    const PaintGuard guard(Painting);
+    ShareHeight();
+  }
   if (isResized && Cells.Watcher) Cells.Watcher();
   return false;
 }

@@ -61,8 +61,11 @@ class GridBinding : public QObject, public WidgetBinding {
   bool FilterKey(const QKeyEvent& event);
   void PaintColumns();
   void PaintRows();
+  void ShareHeight();
   void PaintPlace();
   int HeadingWidth(int column) const;
+  int WantedWidth(int column) const;
+  int TextWidth(int column) const;
   int DesignWidth(int column) const;
   bool Choose(int row, int column);
 

@@ -10,6 +10,8 @@
 namespace marlex {
 namespace {
 
+constexpr int kMarginOfCell = 10;
+
 struct Table {
   explicit Table(int rows) {
     Place.Forms.frmMain.Load();
@@ -85,6 +87,54 @@ TEST(GridBinding, TheTableBeginsWithTheRowThatTheSystemWants) {
   table.Cells.SetTopRow(200);
   table.Place.Settle();
   EXPECT_EQ(table.View.verticalScrollBar()->value(), table.View.verticalScrollBar()->maximum());
+}
+
+TEST(GridBinding, NoRowIsCutThroughWhereverTheTableBeginsAndHoweverHighItIs) {
+  Table table(200);
+  for (int height = 620; height < 760; height += 7) {
+    table.Place.Screen.Main().resize(1024, height);
+    for (const int top : {1, 57, 200}) {
+      table.Cells.SetTopRow(top);
+      table.Place.Settle();
+      const QRect room = table.View.viewport()->rect();
+      const QModelIndex first = table.View.indexAt(room.topLeft());
+      const QModelIndex last = table.View.indexAt(room.bottomLeft());
+      EXPECT_EQ(table.View.visualRect(first).top(), room.top()) << height << " from " << top;
+      const int line = table.View.visualRect(last).bottom() + 1;
+      EXPECT_EQ(line, room.bottom()) << height << " from " << top;
+    }
+  }
+}
+
+TEST(GridBinding, RowsThatHaveGoneAreLeftOutOfTheWayToTheFirstRow) {
+  Table table(200);
+  for (int row = 20; row < 60; ++row) table.Cells.SetRowHeight(row, 0);
+  table.Cells.SetTopRow(120);
+  table.Place.Settle();
+  EXPECT_EQ(table.FirstRow(), 120);
+  table.Cells.SetTopRow(30);
+  table.Place.Settle();
+  EXPECT_EQ(table.FirstRow(), 60);
+}
+
+TEST(GridBinding, ShortNamesLeaveTheirRoomToTheMessages) {
+  Table table(3);
+  const auto widthWith = [&table](const char* name) {
+    table.Cells.SetColWidth(kNameColumn, 1800);
+    table.Cells.SetTextMatrix(2, kNameColumn, name);
+    table.Place.Settle();
+    return table.View.columnWidth(kNameColumn);
+  };
+  const int shortest = widthWith("Day");
+  const QString name = "Offers of the summer";
+  const int longer = widthWith(name.toUtf8());
+  const int room = table.View.visualRect(table.View.model()->index(1, kNameColumn)).width();
+  EXPECT_EQ(room - table.View.fontMetrics().horizontalAdvance(name), 2 * kMarginOfCell);
+  const int longest = widthWith("Offers of the summer, of the autumn and of the winter");
+  EXPECT_LT(shortest, longer);
+  EXPECT_LT(longer, longest);
+  EXPECT_EQ(longest, widthWith("Offers of the summer, of the autumn, of the winter and of spring"))
+      << "the design's own width is the most";
 }
 
 TEST(GridBinding, ARowChosenBeforeTheWindowIsShownIsReachedWhenItIs) {
