@@ -11,6 +11,9 @@ WidgetBinding::WidgetBinding(VisualControl& control, QWidget& widget)
     : Source(control), Widget(widget), DesignHeightTwips(control.Height) {
   const bool isFixed = widget.sizePolicy().verticalPolicy() == QSizePolicy::Fixed;
   DesignHeightPixels = isFixed ? widget.minimumHeight() : 0;
+  QSizePolicy policy = widget.sizePolicy();
+  policy.setRetainSizeWhenHidden(widget.property("keepsRoom").toBool());
+  widget.setSizePolicy(policy);
 }
 
 void WidgetBinding::Paint() {

@@ -30,7 +30,8 @@ class Binding {
 /// widget of its kind there is a RuntimeFailure.
 std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand);
 
-/// Binds a control to a widget: what all widgets show alike.
+/// Binds a control to a widget: what all widgets show alike. A widget with the property "keepsRoom"
+/// keeps its room while it is hidden, so that nothing moves when it comes and goes.
 class WidgetBinding : public Binding {
  public:
   WidgetBinding(VisualControl& control, QWidget& widget);

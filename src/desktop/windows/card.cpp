@@ -12,6 +12,7 @@ namespace {
 constexpr int kTitleFlags = Qt::TextWordWrap | Qt::TextShowMnemonic | Qt::AlignTop;
 constexpr int kTitleGap = 10;
 constexpr int kTileTitleGap = 2;
+constexpr int kPanelTitleGap = 6;
 
 /// A word longer than this may be broken anywhere, so that the name of a file makes no window
 /// wider.
@@ -29,7 +30,22 @@ QString Breakable(const QString& title) {
   return words.join(' ');
 }
 
-bool IsTile(const QWidget& card) { return card.property("face").toString() == "tile"; }
+bool HasFace(const QWidget& card, const char* face) {
+  return card.property("face").toString() == face;
+}
+
+/// Cells of a row that stretch alike are equally wide, whatever the texts in them need: this is the
+/// width of the whole row then. 0 for any other layout.
+int EvenWidth(const QLayout* layout) {
+  const auto* row = qobject_cast<const QHBoxLayout*>(layout);
+  if (!row) return 0;
+  int widest = 0;
+  for (int cell = 0; cell < row->count(); ++cell) {
+    if (row->stretch(cell) == 0 || row->stretch(cell) != row->stretch(0)) return 0;
+    widest = qMax(widest, row->itemAt(cell)->minimumSize().width());
+  }
+  return row->count() * (widest + row->spacing()) - row->spacing();
+}
 
 }  // namespace
 
@@ -44,16 +60,17 @@ void Card::ShowTitle(const QString& shown) {
   MakeRoom();
 }
 
-/// At least as wide as the longest word of the title, and as high as wrapped lines need at the
-/// present width; a layout alone counts a line that wraps as one.
+/// At least as wide as the longest word of the title and as its even row of cells, and as high as
+/// wrapped lines need at the present width; a layout alone counts a line that wraps as one.
 QSize Card::minimumSizeHint() const {
   const QMargins margins = contentsMargins();
   const int word =
       fontMetrics()
           .boundingRect(QRect(0, 0, 1, QWIDGETSIZE_MAX), kTitleFlags, Breakable(title()))
           .width();
+  const int content = qMax(word, EvenWidth(layout()));
   const QSize smallest =
-      QWidget::minimumSizeHint().expandedTo(QSize(word + margins.left() + margins.right(), 0));
+      QWidget::minimumSizeHint().expandedTo(QSize(content + margins.left() + margins.right(), 0));
   if (!layout() || !layout()->hasHeightForWidth()) return smallest;
   const int wrapped = layout()->totalHeightForWidth(qMax(width(), smallest.width()));
   return smallest.expandedTo(QSize(0, wrapped));
@@ -70,18 +87,25 @@ void Card::resizeEvent(QResizeEvent* event) {
   if (event->oldSize().width() != width()) updateGeometry();
 }
 
+/// A title is taken for one line until a layout has given the frame its width.
 QRect Card::TitleArea() const {
   if (title().isEmpty()) return {};
   const QRect room = contentsRect();
-  const QRect text = fontMetrics().boundingRect(QRect(0, 0, room.width(), QWIDGETSIZE_MAX),
-                                                kTitleFlags, Breakable(title()));
+  const int width = testAttribute(Qt::WA_Resized) ? room.width() : QWIDGETSIZE_MAX;
+  const QRect text = fontMetrics().boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), kTitleFlags,
+                                                Breakable(title()));
   return QRect(room.left(), room.top(), room.width(), text.height());
+}
+
+int Card::TitleGap() const {
+  if (HasFace(*this, "tile")) return kTileTitleGap;
+  return HasFace(*this, "panel") ? kPanelTitleGap : kTitleGap;
 }
 
 void Card::MakeRoom() {
   if (!layout()) return;
   const QRect area = TitleArea();
-  const int top = area.isEmpty() ? 0 : area.height() + (IsTile(*this) ? kTileTitleGap : kTitleGap);
+  const int top = area.isEmpty() ? 0 : area.height() + TitleGap();
   if (layout()->contentsMargins().top() != top) layout()->setContentsMargins(0, top, 0, 0);
 }
 
@@ -93,7 +117,8 @@ void Card::paintEvent(QPaintEvent*) {
   option.subControls = QStyle::SC_GroupBoxFrame;
   painter.drawComplexControl(QStyle::CC_GroupBox, option);
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(TitleArea(), kTitleFlags | (IsTile(*this) ? Qt::AlignHCenter : Qt::AlignLeft),
+  const bool isTile = HasFace(*this, "tile");
+  painter.drawText(TitleArea(), kTitleFlags | (isTile ? Qt::AlignHCenter : Qt::AlignLeft),
                    Breakable(title()));
 }
 

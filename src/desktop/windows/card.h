@@ -5,7 +5,8 @@
 namespace marlex {
 
 /// A frame that shows its title whole: a title too long for one line is wrapped, and the content
-/// moves down. Its face "tile" centres the title.
+/// moves down. A row of cells that stretch alike fills it evenly. Its face "tile" centres the
+/// title.
 class Card : public QGroupBox {
  public:
   using QGroupBox::QGroupBox;
@@ -20,6 +21,7 @@ class Card : public QGroupBox {
 
  private:
   QRect TitleArea() const;
+  int TitleGap() const;
   void MakeRoom();
 };
 

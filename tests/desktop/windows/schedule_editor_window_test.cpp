@@ -104,8 +104,8 @@ TEST(ScheduleEditorWindow, EachWeekdayStandsOverItsBox) {
 
 TEST(ScheduleEditorWindow, TheTabGoesFromTheMessagesToTheMode) {
   EditorPlace desk;
-  const QStringList sequence{"AvailWavs", "SelectedWavs", "PrevKey",
-                             "RemoveKey", "RemAll_Key",   "txtHours"};
+  const QStringList sequence{"AvailWavs",  "SelectedWavs", "RemoveKey",
+                             "RemAll_Key", "PrevKey",      "txtHours"};
   const QStringList rest = Numbered("WkDays", kWeekdays) + Numbered("cmdZone", kZones) +
                            QStringList{"optExact", "optBetween"};
   auto& first = desk.Part<QWidget>("AvailWavs");
