@@ -3,9 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "desktop/windows/elided.h"
+#include "screen/measure_items.h"
+#include "screen/painted_texts.h"
 
 namespace marlex {
 namespace {
+
+using Piece = PaintedTexts::Piece;
 
 std::string Describe(const QWidget& widget, const QString& text) {
   return widget.objectName().toStdString() + " \"" + text.toStdString() + "\" is " +
@@ -56,10 +60,37 @@ void ExpectWhole(const QTableView& table) {
   }
 }
 
+/// Whichever of its entries is chosen, the box has room for it.
+void ExpectWhole(const QComboBox& box) {
+  QStyleOptionComboBox option;
+  option.initFrom(&box);
+  const QSize room =
+      box.style()
+          ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box)
+          .size();
+  EXPECT_GE(room.height(), box.fontMetrics().height()) << Describe(box, box.currentText());
+  for (int entry = 0; entry < box.count(); ++entry) {
+    EXPECT_GE(room.width(), box.fontMetrics().horizontalAdvance(box.itemText(entry)))
+        << Describe(box, box.itemText(entry));
+  }
+}
+
+/// What is typed may be longer than the line, but not higher.
+void ExpectWhole(const QLineEdit& line) {
+  QStyleOptionFrame option;
+  option.initFrom(&line);
+  const QRect room = line.style()->subElementRect(QStyle::SE_LineEditContents, &option, &line);
+  EXPECT_GE(room.height(), line.fontMetrics().height()) << Describe(line, line.text());
+  const int margins = 2 * line.fontMetrics().averageCharWidth();
+  EXPECT_GE(room.width(), line.fontMetrics().horizontalAdvance(line.placeholderText()) + margins)
+      << Describe(line, line.placeholderText());
+}
+
 template <class T>
 void ExpectAllWhole(QWidget& window) {
   for (const T* widget : window.findChildren<T*>()) {
-    if (!widget->isVisible() || widget->objectName().startsWith("qt_")) continue;
+    if (!widget->isVisible() || widget->isWindow()) continue;
+    if (widget->objectName().startsWith("qt_")) continue;
     ExpectWhole(*widget);
     const QRect inWindow(widget->mapTo(&window, QPoint(0, 0)), widget->size());
     EXPECT_TRUE(window.rect().contains(inWindow))
@@ -67,6 +98,57 @@ void ExpectAllWhole(QWidget& window) {
     const QRect inParent = widget->geometry();
     const bool isInside = widget->parentWidget()->rect().contains(inParent);
     EXPECT_TRUE(isInside) << widget->objectName().toStdString() << " leaves its frame";
+  }
+}
+
+bool IsViewport(const QWidget& widget) {
+  auto* view = qobject_cast<QAbstractItemView*>(widget.parentWidget());
+  return view && view->viewport() == &widget && !qobject_cast<QHeaderView*>(view);
+}
+
+/// Whether a text may be longer than the widget that paints it: a name, whole in the tool tip then,
+/// or what the operator types.
+bool TakesAnyText(const QWidget& widget) {
+  auto* line = qobject_cast<const QLineEdit*>(&widget);
+  return (line && !line->text().isEmpty()) || dynamic_cast<const ElidedLabel*>(&widget) ||
+         dynamic_cast<const ElidedKey*>(&widget);
+}
+
+/// The texts that a widget paints, each within it, none of them shortened.
+QList<Piece> ExpectPaintedWhole(QWidget& widget) {
+  const QList<Piece> pieces = PaintedTexts::Of(widget);
+  const QRectF room = QRectF(widget.rect()).adjusted(-0.5, -0.5, 0.5, 0.5);
+  for (const Piece& piece : TakesAnyText(widget) ? QList<Piece>() : pieces) {
+    EXPECT_FALSE(piece.Text.contains(kLeftOut)) << Describe(widget, piece.Text);
+    EXPECT_TRUE(room.contains(piece.Place))
+        << Describe(widget, piece.Text) << ", and its text " << Corners(piece.Place);
+  }
+  ExpectApart(pieces);
+  return pieces;
+}
+
+/// No widget lies over a text that another one paints, in whichever frames the two are.
+void ExpectUncovered(QWidget& painter, const QList<Piece>& pieces, const QWidget& window,
+                     const QList<QWidget*>& shown) {
+  for (const QWidget* other : shown) {
+    if (other == &painter || other->isAncestorOf(&painter)) continue;
+    const QRectF covered(other->mapTo(&window, QPoint(0, 0)), other->size());
+    for (const Piece& piece : pieces) {
+      const QRectF place = piece.Place.translated(painter.mapTo(&window, QPoint(0, 0)));
+      EXPECT_FALSE(covered.intersects(place & QRectF(window.rect())))
+          << other->objectName().toStdString() << " lies over " << Describe(painter, piece.Text);
+    }
+  }
+}
+
+void ExpectTextsWhole(QWidget& window) {
+  QList<QWidget*> shown;
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    if (widget->isVisible() && !widget->isWindow()) shown.append(widget);
+  }
+  for (QWidget* widget : shown) {
+    if (IsViewport(*widget)) continue;
+    ExpectUncovered(*widget, ExpectPaintedWhole(*widget), window, shown);
   }
 }
 
@@ -89,10 +171,22 @@ void ExpectNoOverlap(const QWidget& parent) {
 }  // namespace
 
 void ExpectNothingClipped(QWidget& window) {
+  if (auto* menu = qobject_cast<QMenu*>(&window)) return ExpectItemsWhole(*menu);
   ExpectAllWhole<QLabel>(window);
   ExpectAllWhole<QAbstractButton>(window);
   ExpectAllWhole<QGroupBox>(window);
   ExpectAllWhole<QTableView>(window);
+  ExpectAllWhole<QComboBox>(window);
+  ExpectAllWhole<QLineEdit>(window);
+  for (QAbstractItemView* view : window.findChildren<QAbstractItemView*>()) {
+    const bool isItsOwn = !qobject_cast<QHeaderView*>(view);
+    if (view->isVisible() && isItsOwn) ExpectItemsWhole(*view);
+  }
+  for (QMenuBar* bar : window.findChildren<QMenuBar*>()) ExpectItemsWhole(*bar);
+  for (QMenu* menu : window.findChildren<QMenu*>()) {
+    if (menu->menuAction()->isVisible()) ExpectItemsWhole(*menu);
+  }
+  ExpectTextsWhole(window);
   ExpectNoOverlap(window);
   for (const QWidget* widget : window.findChildren<QWidget*>()) {
     if (widget->isVisible()) ExpectNoOverlap(*widget);
