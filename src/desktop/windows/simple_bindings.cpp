@@ -309,7 +309,11 @@ std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand) {
     return std::make_unique<GridBinding>(*grid, Find<QTableView>(window, control), hand);
   }
   if (auto* menu = dynamic_cast<Menu*>(&control)) return BindMenu(*menu, window, hand);
-  return nullptr;
+  if (dynamic_cast<VisualControl*>(&control)) {
+    throw RuntimeFailure("The window " + control.Owner.Name + " can show no " + control.Kind() +
+                         " " + control.ObjectName());
+  }
+  return nullptr;  // a timer, or the window itself
 }
 
 }  // namespace marlex

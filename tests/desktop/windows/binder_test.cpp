@@ -71,6 +71,21 @@ TEST(Binder, AControlWithoutAWidgetIsRefusedByName) {
   }
 }
 
+TEST(Binder, AControlOfAKindThatNoWidgetShowsIsRefusedByName) {
+  VirtualLoop loop;
+  Form form("frmTest", "");
+  Picture picture(form, "PicMeter");
+  QWidget window;
+  QFrame frame(&window);
+  frame.setObjectName("PicMeter");
+  try {
+    Binder binder(form, window, loop);
+    FAIL() << "left out in silence";
+  } catch (const RuntimeFailure& failure) {
+    EXPECT_NE(std::string(failure.what()).find("PicMeter"), std::string::npos);
+  }
+}
+
 TEST(Binder, WindowsComeAndGoWithTheirForms) {
   Desk desk;
   desk.Settle();

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QWidget>
+
+#include "controls/form.h"
+
+namespace marlex {
+
+/// Fails for each control of the form that is to be seen and has no widget in the window, and for
+/// each whose widget shows anything else than it holds: texts, entries, cells, marks, tool tips.
+void ExpectContentShown(const Form& form, QWidget& window);
+
+}  // namespace marlex
