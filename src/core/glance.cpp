@@ -6,8 +6,16 @@ namespace marlex {
 
 Glance Passerby::Look() const {
   const OnAir what = What();
-  const ComingRow next = Tick.NextToday();
+  const ComingRow next = Next();
   return {what, NameOf(what), next.Time, next.Messages};
+}
+
+/// While the editor of the schedule is open nothing is announced, until a call has set the tick
+/// going again.
+ComingRow Passerby::Next() const {
+  const bool standsStill = Editor.Loaded() && !TheFrmPlayers.tmrMessage.Enabled;
+  if (standsStill && !TheFlags.MessageAwaitingSongEnd) return {};
+  return Tick.NextToday();
 }
 
 OnAir Passerby::What() const {

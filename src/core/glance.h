@@ -2,11 +2,10 @@
 
 #include <string>
 
-#include "platform/pc.h"
 #include "schedule/schedule_tick.h"
 #include "state/flags.h"
-#include "windows/frm_main.h"
 #include "windows/frm_players.h"
+#include "windows/windows.h"
 
 namespace marlex {
 
@@ -18,7 +17,7 @@ struct Glance {
   OnAir What = OnAir::Silence;
   std::string Name;      // the song or the message; of a call what its key or its note says
   std::string NextTime;  // of the message that comes next, with its mark; empty when none is left
-                         // today
+                         // today, or when the schedule stands still
   std::string NextMessages;
 
   bool operator==(const Glance&) const = default;
@@ -27,18 +26,24 @@ struct Glance {
 /// Looks at the desk as somebody does who passes by. It changes nothing.
 class Passerby {
  public:
-  Passerby(const Flags& flags, const FrmMain& frmMain, const FrmPlayers& frmPlayers,
+  Passerby(const Flags& flags, const Windows& windows, const FrmPlayers& frmPlayers,
            const ScheduleTick& tick)
-      : TheFlags(flags), TheFrmMain(frmMain), TheFrmPlayers(frmPlayers), Tick(tick) {}
+      : TheFlags(flags),
+        TheFrmMain(windows.frmMain),
+        Editor(windows.TheWavWindow),
+        TheFrmPlayers(frmPlayers),
+        Tick(tick) {}
 
   Glance Look() const;
 
  private:
   OnAir What() const;
   std::string NameOf(OnAir what) const;
+  ComingRow Next() const;
 
   const Flags& TheFlags;
   const FrmMain& TheFrmMain;
+  const WavWindow& Editor;
   const FrmPlayers& TheFrmPlayers;
   const ScheduleTick& Tick;
 };

@@ -149,6 +149,17 @@ TEST(Glance, PassesOverAMinuteWhoseFirstRowDoesNotRunToday) {
   EXPECT_NE(desk.Journal().find("at02"), std::string::npos);
 }
 
+TEST(Glance, PromisesNothingWhileTheEditorHoldsTheScheduleBack) {
+  SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
+  desk.Click("mnuSchedule");
+  EXPECT_EQ(Next(desk), "|");
+  desk.Press("cmdCall");
+  desk.Advance(kSpeakingMs);
+  desk.Release("cmdCall");
+  desk.Advance(kSpeakingMs);
+  EXPECT_EQ(Next(desk), "12:02  |at02");
+}
+
 TEST(Glance, ChangesNothing) {
   SpotDesk desk;
   desk.TakeJournal();
