@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "i18n/languages.h"
+#include "screen/painted_texts.h"
 #include "sheets/scenes.h"
 
 namespace marlex {
@@ -28,6 +30,7 @@ class Shown {
     return {part->mapTo(&Window, QPoint(0, 0)), part->size()};
   }
   QSize Size() const { return Window.size(); }
+  QList<PaintedTexts::Piece> Texts() const { return PaintedTexts::Of(Window); }
 
  private:
   static DeskOptions In(DeskOptions options, const char* language) {
@@ -84,6 +87,32 @@ TEST(GridOfWindows, AnEditorKeepsItsSizeWhenAPanelOpensInIt) {
     EXPECT_EQ(Measured("playlist_editor", name, "Frame1"),
               Measured("playlist_editor_times", name, "Frame1"))
         << name;
+  }
+}
+
+/// Pixels between a shortcut and the item before it.
+double RoomBefore(const PaintedTexts::Piece& shortcut, const QList<PaintedTexts::Piece>& texts) {
+  double end = 0;
+  for (const auto& [text, place] : texts) {
+    const bool isBefore = place.top() < shortcut.Place.bottom() &&
+                          place.bottom() > shortcut.Place.top() &&
+                          place.left() < shortcut.Place.left();
+    if (isBefore) end = std::max(end, place.right());
+  }
+  return shortcut.Place.left() - end;
+}
+
+TEST(GridOfWindows, AShortcutStandsApartFromItsItemInEveryLanguage) {
+  constexpr double kApart = 24;
+  for (const Language& language : kLanguageTable) {
+    const auto texts = Shown("menu_file", language.Name).Texts();
+    int shortcuts = 0;
+    for (const PaintedTexts::Piece& piece : texts) {
+      if (!piece.Text.startsWith("Ctrl+")) continue;
+      ++shortcuts;
+      EXPECT_GE(RoomBefore(piece, texts), kApart) << language.Name;
+    }
+    EXPECT_EQ(shortcuts, 2) << language.Name;
   }
 }
 

@@ -18,7 +18,6 @@ constexpr int kCellMargin = 10;
 constexpr int kLineWidth = 1;  // between two columns
 constexpr int kMarkWidth = 16;
 constexpr int kMarkRole = Qt::UserRole;
-constexpr int kMarkColumn = 0;
 constexpr int kRowAir = 7;  // above and below the text of a row together, at least
 // Column widths are meant for digits of this many pixels, at 15 twips a pixel. Faces of one height
 // differ in width, and a time that is cut short tells nothing.
@@ -272,7 +271,7 @@ void GridBinding::PaintPlace() {
 bool GridBinding::FilterKey(const QKeyEvent& event) {
   const QModelIndex current = View.currentIndex();
   if (!IsEnter(event) || !current.isValid()) return false;
-  if (!event.isAutoRepeat()) ForwardDoubleClick(current.row() + 1, kMarkColumn);
+  if (!event.isAutoRepeat()) ForwardDoubleClick(current.row() + 1, kTimeColumn);
   return true;
 }
 

@@ -1,0 +1,34 @@
+#include "desktop/windows/balanced_label.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace marlex {
+
+/// The narrowest part, in the middle, in which the text takes no more lines than in the whole.
+QRect BalancedLabel::TextArea() const {
+  const QRect room = contentsRect();
+  const auto needed = [this](int width) {
+    return fontMetrics().boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap,
+                                      text());
+  };
+  const int lines = needed(room.width()).height();
+  int tooNarrow = 0;
+  int wideEnough = room.width();
+  while (wideEnough - tooNarrow > 1) {
+    const int width = (tooNarrow + wideEnough) / 2;
+    const QRect text = needed(width);
+    const bool fits = text.height() <= lines && text.width() <= width;
+    (fits ? wideEnough : tooNarrow) = width;
+  }
+  return QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, {wideEnough, room.height()}, room);
+}
+
+void BalancedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  drawFrame(&painter);
+  style()->drawItemText(&painter, TextArea(), static_cast<int>(alignment()) | Qt::TextWordWrap,
+                        palette(), isEnabled(), text(), foregroundRole());
+}
+
+}  // namespace marlex
