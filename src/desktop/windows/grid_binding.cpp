@@ -18,7 +18,7 @@ constexpr int kCellMargin = 10;
 constexpr int kLineWidth = 1;  // between two columns
 constexpr int kMarkWidth = 16;
 constexpr int kMarkRole = Qt::UserRole;
-constexpr int kRowAir = 7;  // above and below the text of a row together, at least
+constexpr int kRowAir = 5;  // above and below the text of a row together, at least
 // Column widths are meant for digits of this many pixels, at 15 twips a pixel. Faces of one height
 // differ in width, and a time that is cut short tells nothing.
 constexpr double kDesignDigitWidth = 6;
