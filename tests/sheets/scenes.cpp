@@ -201,7 +201,7 @@ QWidget& Menus(ShownDesk& desk, QWidget& window, const char* menu) {
   desk.Settle();
   auto* shown = window.findChild<QMenu*>(menu);
   shown->ensurePolished();
-  shown->adjustSize();
+  shown->resize(shown->sizeHint());
   return *shown;
 }
 
