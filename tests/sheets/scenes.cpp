@@ -3,6 +3,10 @@
 namespace marlex {
 namespace {
 
+// What the amplifier tells of a call of its own.
+constexpr int kHigherCall = 128;
+constexpr int kLowerCall = 64;
+
 std::vector<Medium> Songs() {
   std::vector<Medium> songs;
   for (const char* song : {"Evening walk", "Harbour lights", "Blue tram", "Morning market",
@@ -20,6 +24,8 @@ std::vector<Sequence> Day() {
           {"Closing.sch", "gong,closing_time", "19,20", "45", "1234560", "123456", "Exact"}};
 }
 
+}  // namespace
+
 DeskOptions Shop() {
   DeskOptions shop;
   shop.Music = Songs();
@@ -36,6 +42,8 @@ DeskOptions Shop() {
   return shop;
 }
 
+namespace {
+
 DeskOptions With(const std::function<void(DeskOptions&)>& change) {
   DeskOptions shop = Shop();
   change(shop);
@@ -51,10 +59,23 @@ DeskOptions Deaf() {
 }
 
 /// Two sequences that want the same minute.
-DeskOptions InConflict() {
-  return With([](DeskOptions& shop) {
-    shop.Sequences.push_back({"Twice.sch", "gong", "12-14", "21", "1234500", "123456", "Exact"});
-  });
+DeskOptions InConflict(DeskOptions shop) {
+  shop.Sequences.push_back({"Twice.sch", "gong", "12-14", "21", "1234500", "123456", "Exact"});
+  return shop;
+}
+
+/// An operator who names his files in whole sentences.
+DeskOptions Wordy() {
+  const char* song = "A very long title of a song & its two composers, remastered for the hall";
+  const char* message = "offers_of_the_day_in_the_departments_of_the_upper_and_of_the_lower_floor";
+  DeskOptions shop = Shop();
+  for (Medium& medium : shop.Music) medium.Name = song + (" " + medium.Name);
+  for (Medium& medium : shop.Messages) medium.Name = message + ("_" + medium.Name);
+  for (Sequence& sequence : shop.Sequences) {
+    sequence.File = "Announcements of the winter season, weekdays " + sequence.File;
+    sequence.Messages = message + ("_gong,three_tones," + std::string(message)) + "_gong";
+  }
+  return shop;
 }
 
 QWidget& MainOf(ShownDesk& desk) {
@@ -100,6 +121,37 @@ QWidget& UnderACallOfTheAmplifier(ShownDesk& desk, int status) {
   desk.Status(status);
   desk.Advance(2000);
   return MainOf(desk);
+}
+
+QWidget& UnderACallOfTheAmplifierInACall(ShownDesk& desk) {
+  Open(desk);
+  desk.Press("cmdCall");
+  desk.Advance(4000);
+  desk.Status(kHigherCall);
+  return MainOf(desk);
+}
+
+QWidget& UnderACallOfTheAmplifierInAMessage(ShownDesk& desk) {
+  Open(desk);
+  desk.RunTo(12, 21, 6);
+  desk.Status(kHigherCall);
+  return MainOf(desk);
+}
+
+QWidget& InThePostChime(ShownDesk& desk) {
+  Open(desk);
+  desk.Press("cmdCall");
+  desk.Advance(4000);
+  desk.Release("cmdCall");
+  desk.Advance(500);
+  return MainOf(desk);
+}
+
+QWidget& OnALargeScreen(ShownDesk& desk) {
+  QWidget& window = AtRest(desk);
+  window.resize(1920, 1080);
+  desk.Settle();
+  return window;
 }
 
 QWidget& WithAllDays(ShownDesk& desk) {
@@ -191,6 +243,22 @@ QWidget& PlaylistWithTimes(ShownDesk& desk) {
   return desk.Screen().Playlist();
 }
 
+QWidget& EditorOfLongMessages(ShownDesk& desk) {
+  desk.ReachMainWindow();
+  desk.Click("mnuSchedule");
+  WavWindow& editor = desk.Sys->TheWindows.TheWavWindow;
+  desk.Choose(editor.AvailWavs, editor.AvailWavs.List(0));
+  return desk.Screen().ScheduleEditor();
+}
+
+QWidget& EditorOfLongSongs(ShownDesk& desk) {
+  desk.ReachMainWindow();
+  desk.Click("mnuPlaylist");
+  FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
+  desk.Choose(editor.AvailMP3s, editor.AvailMP3s.List(0));
+  return desk.Screen().Playlist();
+}
+
 QWidget& AboutBox(ShownDesk& desk) {
   desk.ReachMainWindow();
   desk.Click("mnuAboutbox");
@@ -203,6 +271,12 @@ QWidget& Menus(ShownDesk& desk, QWidget& window, const char* menu) {
   shown->ensurePolished();
   shown->resize(shown->sizeHint());
   return *shown;
+}
+
+QWidget& FileMenuOf(ShownDesk& desk, const char* way, QWidget& (Views::*editor)()) {
+  desk.ReachMainWindow();
+  desk.Click(way);
+  return Menus(desk, (desk.Screen().*editor)(), "mnuFile");
 }
 
 QWidget& MainMenu(ShownDesk& desk, const char* menu) {
@@ -219,22 +293,20 @@ std::vector<Scene> MainScenes() {
       {"main_chime", With([](DeskOptions& shop) { shop.PreChime = "three_tones"; }),
        BeforeTheChime},
       {"main_takeover_higher", router,
-       [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, 128); }},
+       [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, kHigherCall); }},
       {"main_takeover_lower", With([](DeskOptions& shop) { shop.Priority = "High"; }),
-       [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, 64); }},
-      {"main_conflict", InConflict(), AtRest},
-      {"main_conflict_takeover", InConflict(),
-       [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, 128); }},
-      {"main_conflict_plain", With([](DeskOptions& shop) {
-         shop.Router = false;
-         shop.Sequences.push_back({"Twice.sch", "gong", "12-14", "21", "1234500", "123456"});
-       }),
-       AtRest},
-      {"main_conflict_no_microphone", With([](DeskOptions& shop) {
-         shop.Microphone = false;
-         shop.Sequences.push_back({"Twice.sch", "gong", "12-14", "21", "1234500", "123456"});
-       }),
-       AtRest},
+       [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, kLowerCall); }},
+      {"main_takeover_in_call", router, UnderACallOfTheAmplifierInACall},
+      {"main_takeover_in_message", router, UnderACallOfTheAmplifierInAMessage},
+      {"main_post_chime", With([](DeskOptions& shop) { shop.PostChime = "three_tones"; }),
+       InThePostChime},
+      {"main_conflict", InConflict(Shop()), AtRest},
+      {"main_conflict_takeover", InConflict(Shop()),
+       [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, kHigherCall); }},
+      {"main_conflict_plain", InConflict(Plain()), AtRest},
+      {"main_conflict_no_microphone", InConflict(Deaf()), AtRest},
+      {"main_long_names", Wordy(), WithAllDays},
+      {"main_large", router, OnALargeScreen},
       {"main_all_days", router, WithAllDays},
       {"main_plain", Plain(), AtRest},
       {"main_plain_call", Plain(),
@@ -261,7 +333,17 @@ std::vector<Scene> OtherScenes() {
       {"schedule_editor_plain", Plain(), ScheduleEditor},
       {"schedule_editor_interval", Shop(), IntervalPanel},
       {"schedule_editor_preview", Shop(), MessagePreview},
+      {"schedule_editor_menu", Shop(),
+       [](ShownDesk& desk) -> QWidget& {
+         return FileMenuOf(desk, "mnuSchedule", &Views::ScheduleEditor);
+       }},
+      {"schedule_editor_long_names", Wordy(), EditorOfLongMessages},
       {"playlist_editor", Shop(), PlaylistEditor},
+      {"playlist_editor_menu", Shop(),
+       [](ShownDesk& desk) -> QWidget& {
+         return FileMenuOf(desk, "mnuPlaylist", &Views::Playlist);
+       }},
+      {"playlist_editor_long_names", Wordy(), EditorOfLongSongs},
       {"playlist_editor_times", Shop(), PlaylistWithTimes},
       {"splash", Shop(), [](ShownDesk& desk) -> QWidget& { return desk.Screen().Logo(); }},
       {"about", Shop(), AboutBox},

@@ -19,4 +19,7 @@ struct Scene {
 
 const std::vector<Scene>& Scenes();
 
+/// A shop with music, messages and a day's schedule.
+DeskOptions Shop();
+
 }  // namespace marlex

@@ -3,26 +3,13 @@
 #include "desktop/windows/elided.h"
 #include "desktop/windows/theme_colors.h"
 #include "i18n/languages.h"
-#include "places.h"
 #include "screen/measure.h"
 #include "sheets/content.h"
 #include "sheets/scenes.h"
+#include "sheets/sheet.h"
 
 namespace marlex {
 namespace {
-
-constexpr int kColumns = 4;
-constexpr int kGap = 12;
-constexpr int kThumbnailWidth = 560;
-
-/// Keeps a picture for people to look at: `name` is its file below the sheets of this density,
-/// without its ending.
-template <typename Picture>
-void Keep(const Picture& picture, const QString& name) {
-  const int percent = qRound(100 * qApp->devicePixelRatio());
-  const QFileInfo file(QString(MARLEX_BINARY_DIR "/sheets/%1/%2.png").arg(percent).arg(name));
-  EXPECT_TRUE(QDir().mkpath(file.path()) && picture.save(file.filePath())) << name.toStdString();
-}
 
 const Form& FormOf(const ShownDesk& desk, const QWidget& window) {
   const Windows& forms = desk.Sys->TheWindows;
@@ -36,41 +23,6 @@ const Form& FormOf(const ShownDesk& desk, const QWidget& window) {
   }
   throw RuntimeFailure("No form " + window.objectName().toStdString());
 }
-
-/// The pictures of one scene side by side, each under its language.
-class Sheet {
- public:
-  void Add(const QString& language, const QPixmap& picture) {
-    const qreal ratio = picture.devicePixelRatio();
-    const int width = qMin(kThumbnailWidth, qRound(picture.width() / ratio));
-    QImage image = picture.toImage().scaledToWidth(width, Qt::SmoothTransformation);
-    image.setDevicePixelRatio(1);
-    Pictures.append({language, image});
-  }
-
-  void Save(const QString& name) const {
-    QSize cell;
-    for (const auto& [language, image] : Pictures) cell = cell.expandedTo(image.size());
-    const int caption = 22;
-    const int step = cell.height() + caption + kGap;
-    const int rows = static_cast<int>((Pictures.size() + kColumns - 1) / kColumns);
-    QImage sheet(kColumns * (cell.width() + kGap) + kGap, rows * step + kGap, QImage::Format_RGB32);
-    sheet.fill(QColor(0x80, 0x88, 0x90));
-    QPainter painter(&sheet);
-    painter.setPen(Qt::white);
-    for (int index = 0; index < Pictures.size(); ++index) {
-      const int left = kGap + index % kColumns * (cell.width() + kGap);
-      const int top = kGap + index / kColumns * step;
-      painter.drawText(QRect(left, top, cell.width(), caption), Qt::AlignVCenter,
-                       Pictures[index].first);
-      painter.drawImage(left, top + caption, Pictures[index].second);
-    }
-    Keep(sheet, name);
-  }
-
- private:
-  QList<QPair<QString, QImage>> Pictures;
-};
 
 /// Brings the desk to the scene in a language, measures its window, and keeps its picture under
 /// `name`.
@@ -86,7 +38,7 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
     ExpectContentShown(FormOf(desk, window), window);
   }
   const QPixmap picture = window.grab();
-  Keep(picture, name + "/" + language);
+  Keep(picture.toImage(), name + "/" + language);
   return picture;
 }
 
@@ -144,7 +96,7 @@ TEST(Sheets, TheLanguageDialogIsWhole) {
   ASSERT_TRUE(window.isVisible());
   ExpectNothingClipped(window);
   ExpectContentShown(FormOf(desk, window), window);
-  Keep(window.grab(), "languages");
+  Keep(window.grab().toImage(), "languages");
 }
 
 TEST(DarkSheet, EveryWindowHasADarkFace) {

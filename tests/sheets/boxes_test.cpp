@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include "desktop/windows/qt_dialogs.h"
+#include "desktop/windows/shown_text.h"
+#include "desktop/windows/theme.h"
+#include "i18n/languages.h"
+#include "screen/measure.h"
+#include "sheets/scenes.h"
+#include "sheets/sheet.h"
+
+namespace marlex {
+namespace {
+
+using Box = SimulatedDialogs::MessageBox;
+
+constexpr const char* kGone = "/home/operator/Music/Background/Autumn and winter/Quiet evenings/";
+
+void LoseTheDirectories(ShownDesk& desk) {
+  desk.Do([&desk] { desk.Values().MusicDirectory = desk.Values().MessageDirectory = kGone; });
+  for (const char* control : {"cmdPlay", "mnuPlaylist", "mnuSchedule"}) desk.Click(control);
+}
+
+void EmptyTheSettings(ShownDesk& desk) {
+  desk.Click("mnuSettings");
+  FrmSettings& settings = desk.Sys->TheWindows.frmSettings;
+  for (Label* directory : {&settings.lblMsgDir_Name, &settings.lblBGDir_Name}) {
+    desk.Do([directory] { directory->Caption = ""; });
+    desk.Click(settings.cmdOK);
+  }
+}
+
+/// Saves what is in the schedule editor, one fault after the other.
+void MistakeTheTimes(ShownDesk& desk) {
+  desk.Click("mnuSchedule");
+  WavWindow& editor = desk.Sys->TheWindows.TheWavWindow;
+  const auto save = [&](const char* hours, const char* minutes) {
+    desk.Do([&] {
+      editor.txtHours.Text = hours;
+      editor.txtMinutes.Text = minutes;
+    });
+    desk.Click(editor.mnuSave);
+  };
+  save("", "");
+  save("9", "");
+  save("9", "00");
+  desk.Choose(editor.AvailWavs, "gong");
+  save("9", "00");
+  desk.Click("WkDays_0");
+  save("nine", "00");
+  save("25", "00");
+  save("9", "two");
+  save("9", "61");
+  desk.Pc.Disk.FailWrites("/app/Day.sch");
+  desk.Pc.Dialogs.OpenResults = {"/app/Day.sch"};
+  save("9", "00");
+}
+
+/// The same in the playlist editor.
+void MistakeThePlaylist(ShownDesk& desk) {
+  desk.Click("mnuPlaylist");
+  FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
+  const auto save = [&] {
+    desk.Pc.Dialogs.OpenResults = {"/app/Evening.lst"};
+    desk.Click(editor.mnuSave);
+    desk.Advance(0);
+  };
+  save();
+  desk.Choose(editor.AvailMP3s, "Blue tram");
+  desk.Click("optScheduled_0");
+  const std::vector<ComboBox*> times = {&editor.cmbStartHours, &editor.cmbStartMinutes,
+                                        &editor.cmbStopHours, &editor.cmbStopMinutes};
+  for (ComboBox* missing : times) {
+    for (ComboBox* time : times) desk.Choose(*time, "00");
+    desk.Do([missing] { missing->SetListIndex(ListBox::kNoSelection); });
+    save();
+  }
+  desk.Pc.Disk.FailWrites("/app/Evening.lst");
+  save();
+}
+
+/// What the system tells when it is provoked after its start, or by a fault before it.
+void Listen(const DeskOptions& options, const std::function<void(SimulatedPc&)>& fault,
+            const std::function<void(ShownDesk&)>& provoke, std::vector<Box>& heard) {
+  ShownDesk desk(options);
+  if (fault) fault(desk.Pc);
+  desk.ReachMainWindow();
+  if (provoke) provoke(desk);
+  for (const Box& box : desk.Pc.Dialogs.Boxes) heard.push_back(box);
+}
+
+std::vector<Box> AllThatIsTold(const char* language) {
+  DeskOptions shop = Shop();
+  shop.Language = language;
+  std::vector<Box> told;
+  for (const auto& provoke :
+       {LoseTheDirectories, EmptyTheSettings, MistakeTheTimes, MistakeThePlaylist})
+    Listen(shop, nullptr, provoke, told);
+  Listen(
+      shop, nullptr, [](ShownDesk& desk) { desk.Click("mnuAdresses"); }, told);
+  Listen(
+      shop, [](SimulatedPc& pc) { pc.Mixer.Devices.clear(); }, nullptr, told);
+  shop.AllDays = true;
+  shop.Sequences.push_back({.File = "Broken.sch", .Hours = "-7"});
+  shop.Sequences.push_back(
+      {.File = "Short week.sch", .Hours = "12", .Minutes = "21", .Weekdays = "00"});
+  Listen(shop, nullptr, nullptr, told);
+  return told;
+}
+
+TEST(Boxes, TellAllThatTheSystemHasToTellWholeInEveryLanguage) {
+  ApplyTheme(*qApp);
+  VirtualLoop loop;
+  QtDialogs dialogs(loop);
+  for (const Language& language : kLanguageTable) {
+    Sheet sheet;
+    const std::vector<Box> told = AllThatIsTold(language.Name);
+    EXPECT_EQ(told.size(), 24u) << language.Name;
+    for (const Box& box : told) {
+      SCOPED_TRACE(std::string(language.Name) + ": " + box.Body);
+      dialogs.LeaveMsgBox(box.Body, box.Icon, box.Caption);
+      QApplication::processEvents();
+      auto* shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_TRUE(shown);
+      EXPECT_EQ(shown->text().toStdString(), ShownText(box.Body).toStdString());
+      ExpectNothingClipped(*shown);
+      sheet.Add(shown->windowTitle(), shown->grab());
+      shown->close();
+    }
+    sheet.Save(QString("boxes/") + language.Name);
+  }
+}
+
+}  // namespace
+}  // namespace marlex

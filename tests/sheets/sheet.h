@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtWidgets>
+
+namespace marlex {
+
+/// Keeps a picture for people to look at: `name` is its file below the sheets of this density,
+/// without its ending.
+void Keep(const QImage& picture, const QString& name);
+
+/// Pictures side by side, each under its caption.
+class Sheet {
+ public:
+  void Add(const QString& caption, const QPixmap& picture);
+  void Save(const QString& name) const;
+
+ private:
+  QList<QPair<QString, QImage>> Pictures;
+};
+
+}  // namespace marlex
