@@ -19,10 +19,10 @@ QString Text(const QList<Piece>& pieces) {
 }
 
 /// The letters of a text, whichever way it runs.
-QString Letters(QString text) {
+std::string Letters(QString text) {
   text.remove(' ');
   std::sort(text.begin(), text.end());
-  return text;
+  return text.toStdString();
 }
 
 QString ToolTipOf(QAbstractItemView& view, const QModelIndex& index) {
@@ -53,7 +53,7 @@ void ExpectItemWhole(QAbstractItemView& view, const QModelIndex& index) {
   if (!painted.contains(kLeftOut) || whole.contains(kLeftOut)) return;
   EXPECT_TRUE(IsName(view, index)) << cell << " is no name, and shortened";
   EXPECT_GE(painted.size(), kFewestLetters) << cell;
-  EXPECT_EQ(ToolTipOf(view, index), whole) << cell;
+  EXPECT_EQ(ToolTipOf(view, index).toStdString(), whole.toStdString()) << cell;
 }
 
 /// The texts in the place of an action, without the key that is written behind it.
