@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "desktop/windows/contrast.h"
 #include "desktop/windows/desk.h"
 #include "desktop/windows/texts.h"
 
@@ -17,13 +18,14 @@ QImage Look(QWidget& part, bool focused) {
   return part.grab().toImage();
 }
 
-/// Number of points that are another colour when the part has the focus.
+/// Number of points that stand out from what was there before when the part has the focus.
 int PointsOfFocus(QWidget& part) {
   const QImage without = Look(part, false);
   const QImage with = Look(part, true);
   int points = 0;
   for (int y = 0; y < without.height(); ++y) {
-    for (int x = 0; x < without.width(); ++x) points += without.pixel(x, y) != with.pixel(x, y);
+    for (int x = 0; x < without.width(); ++x)
+      points += Contrast(with.pixelColor(x, y), without.pixelColor(x, y)) >= kVisible;
   }
   return points;
 }

@@ -2,33 +2,14 @@
 
 #include <QFile>
 #include <QRegularExpression>
-#include <cmath>
 
+#include "desktop/windows/contrast.h"
 #include "desktop/windows/desk.h"
 #include "desktop/windows/theme.h"
 #include "desktop/windows/theme_colors.h"
 
 namespace marlex {
 namespace {
-
-constexpr double kReadable = 4.5;  // WCAG 2.1, success criterion 1.4.3, for texts of usual size
-constexpr double kVisible = 3;     // success criterion 1.4.11, for signs and lines of keys
-
-/// Relative luminance as WCAG 2.1 defines it, 0 to 1.
-double Luminance(const QColor& color) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
-}
-
-/// Contrast ratio as WCAG 2.1 defines it, 1 to 21.
-double Contrast(const QColor& one, const QColor& other) {
-  const double lighter = std::max(Luminance(one), Luminance(other));
-  const double darker = std::min(Luminance(one), Luminance(other));
-  return (lighter + 0.05) / (darker + 0.05);
-}
 
 class Theme : public ::testing::TestWithParam<Scheme> {
  protected:
