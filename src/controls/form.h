@@ -32,6 +32,10 @@ class Form {
   /// Times the form was shown; a view brings its window to the front at each.
   unsigned ShowCount = 0;
 
+  /// Times the form was unloaded; by it a wait that ends in another opening of the window knows
+  /// that it must leave that alone.
+  unsigned UnloadCount = 0;
+
   const std::string Name;
   std::vector<Control*> Controls;  // in the order of their making
 

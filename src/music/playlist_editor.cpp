@@ -63,10 +63,6 @@ PlaylistEditor::PlaylistEditor(SettingsStore& store, Directories& directories, W
       TheNotices(notices) {
   TheFrmMain.mnuPlaylist.OnClick = [this] { mnuPlaylist_Click(); };
   Editor.OnLoad = [this] { Load(); };
-  Editor.OnUnload = [this] {
-    ++Closings;
-    return true;
-  };
   WireSelection();
   WireFile();
 }
@@ -206,9 +202,10 @@ void PlaylistEditor::optScheduled_Click(int index) {
 }
 
 void PlaylistEditor::mnuOpen_Click() {
-  TheDialogs.LeaveOpen(PlaylistDialog(Store), [this, closings = Closings](const std::string& file) {
-    if (closings == Closings) Open(file);
-  });
+  TheDialogs.LeaveOpen(PlaylistDialog(Store),
+                       [this, unloads = Editor.UnloadCount](const std::string& file) {
+                         if (unloads == Editor.UnloadCount) Open(file);
+                       });
 }
 
 /// The times become the ones that the clock tests, whichever file was chosen, until a list is
@@ -251,9 +248,9 @@ void PlaylistEditor::mnuSave_Click() {
   if (RefuseEmptyList()) return;
   FileDialog dialog = PlaylistDialog(Store);
   dialog.Save = true;
-  TheDialogs.LeaveOpen(dialog, [this, closings = Closings](const std::string& file) {
+  TheDialogs.LeaveOpen(dialog, [this, unloads = Editor.UnloadCount](const std::string& file) {
     // The list may have been emptied while the dialog stood open.
-    if (!file.empty() && closings == Closings && !RefuseEmptyList()) Save(file);
+    if (!file.empty() && unloads == Editor.UnloadCount && !RefuseEmptyList()) Save(file);
   });
 }
 

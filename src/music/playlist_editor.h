@@ -77,7 +77,6 @@ class PlaylistEditor {
   MusicPlayer& Player;
   const StringTable& Strings;
   Notices& TheNotices;
-  int Closings = 0;  // a file that is chosen in another opening of the editor leaves that alone
 };
 
 /// Name of a song: that of its file up to the first ".mp3" in any case.

@@ -42,7 +42,6 @@ void MessagePreview::GiveWay() {
 }
 
 void MessagePreview::Close() {
-  ++Closings;
   if (HasPlayed && !PlayerIsOthers()) TheFrmPlayers.WavPlayer.Command("Close");
   HasPlayed = false;
   PreviewStopRequested = Playing;
@@ -64,12 +63,12 @@ void MessagePreview::Play() {
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) TheFrmPlayers.MP3Player.Pause();
   Window.RemAll_Key.Enabled = false;
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MessageVolume;
-  const int closings = Closings;
+  const unsigned unloads = Window.UnloadCount;
   Playing = HasPlayed = true;
   PlayMessages();
   Playing = false;
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MusicVolume;
-  if (closings == Closings) {
+  if (unloads == Window.UnloadCount) {
     Window.PrevKey.Caption = Strings.LoadString(kStrPlay);
     Window.RemAll_Key.Enabled = true;
   }
@@ -78,10 +77,10 @@ void MessagePreview::Play() {
 }
 
 void MessagePreview::PlayMessages() {
-  const int closings = Closings;
+  const unsigned unloads = Window.UnloadCount;
   for (int entry = 0; entry < Window.SelectedWavs.ListCount(); ++entry) {
     PlayMessage(Window.SelectedWavs.List(entry));
-    if (PreviewStopRequested || closings != Closings || OutrunByOthers()) break;
+    if (PreviewStopRequested || unloads != Window.UnloadCount || OutrunByOthers()) break;
   }
   PreviewStopRequested = false;
 }

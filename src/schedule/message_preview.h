@@ -50,7 +50,6 @@ class MessagePreview {
   const StringTable& Strings;
   bool Playing = false;
   bool HasPlayed = false;  // since the opening; a stop may have left its message sounding
-  int Closings = 0;        // of the editor; a preview of an earlier one leaves its controls alone
 };
 
 }  // namespace marlex

@@ -137,7 +137,6 @@ void SequenceEditor::ArrangeZones() {
 }
 
 bool SequenceEditor::Unload() {
-  ++Closings;
   Preview.Close();
   Store.Values.AllDaysView = SavedAllDaysView;
   Table.RebuildScheduleTable();
@@ -149,8 +148,8 @@ void SequenceEditor::mnuOpen_Click() {
   TheDialogs.LeaveOpen({.Filter = "Sequence files (*.sch)|*.sch",
                         .DefaultExtension = "seq",
                         .InitialDirectory = Store.ApplicationDirectory()},
-                       [this, closings = Closings](const std::string& file) {
-                         if (closings == Closings) Open(file);
+                       [this, unloads = Window.UnloadCount](const std::string& file) {
+                         if (unloads == Window.UnloadCount) Open(file);
                        });
 }
 
@@ -185,13 +184,14 @@ void SequenceEditor::mnuSave_Click() {
   Times.TestValidity();
   if (!Times.HoursValid || !Times.MinutesValid) return;
   MessagesText = Messages.BuildMessagesText();
-  TheDialogs.LeaveOpen({.Filter = "Schedule files (*.sch)|*.sch",
-                        .DefaultExtension = "seq",
-                        .InitialDirectory = Store.ApplicationDirectory(),
-                        .Save = true},
-                       [this, save = ++SavesAsked, closings = Closings](const std::string& file) {
-                         if (closings == Closings) Save(file, save);
-                       });
+  TheDialogs.LeaveOpen(
+      {.Filter = "Schedule files (*.sch)|*.sch",
+       .DefaultExtension = "seq",
+       .InitialDirectory = Store.ApplicationDirectory(),
+       .Save = true},
+      [this, save = ++SavesAsked, unloads = Window.UnloadCount](const std::string& file) {
+        if (unloads == Window.UnloadCount) Save(file, save);
+      });
 }
 
 /// The title is the English header of the weekdays in every language. This is meant.
@@ -220,13 +220,13 @@ void SequenceEditor::Save(const std::string& file, int save) {
     TellNotSaved(file);
     return;
   }
-  const int closings = Closings;
+  const unsigned unloads = Window.UnloadCount;
   WriteDone = false;
   Window.tmrWriteDelay.Enabled = true;
-  Loop.PumpUntil([&] { return WriteDone || closings != Closings; });
+  Loop.PumpUntil([&] { return WriteDone || unloads != Window.UnloadCount; });
   // The conflict is that of the table at the editor's opening, not of the file just written. This
   // is meant.
-  const bool last = save == SavesAsked && closings == Closings;
+  const bool last = save == SavesAsked && unloads == Window.UnloadCount;
   if (last && !TheConflicts.ConflictFound) Window.Unload();
 }
 

@@ -74,7 +74,6 @@ class SequenceEditor {
   const StringTable& Strings;
   Notices& TheNotices;
   int SavesAsked = 0;  // the last of several that overlap closes the editor
-  int Closings = 0;    // a wait that ends in another opening of the editor leaves that alone
 };
 
 /// The zone keys as a text of six characters, and back; a text of fewer is a RuntimeFailure, and no
