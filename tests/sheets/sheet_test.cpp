@@ -42,14 +42,28 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
   return picture;
 }
 
+/// The same on a desktop in the dark.
+QPixmap PaintDark(const Scene& scene, const char* language, const QString& name) {
+  QApplication::setPalette(PaletteOf(Scheme::Dark));
+  const QPixmap picture = Paint(scene, language, name + "/dark");
+  EXPECT_LT(QColor(picture.toImage().pixel(2, 2)).lightness(), 90) << scene.Name;
+  QApplication::setPalette(PaletteOf(Scheme::Light));
+  return picture;
+}
+
 class EachScene : public ::testing::TestWithParam<std::size_t> {};
 
-TEST_P(EachScene, ShowsAllItsTextsWholeInEveryLanguage) {
+/// In the dark it is painted in English and in one of the other languages, each of which has its
+/// turn.
+TEST_P(EachScene, ShowsAllItsTextsWholeInEveryLanguageAndInTheDark) {
   const Scene& scene = Scenes()[GetParam()];
   const QString name = QString::fromStdString(scene.Name);
+  const std::size_t other = 1 + GetParam() % (kLanguageTable.size() - 1);
   Sheet sheet;
   for (const Language& language : kLanguageTable)
     sheet.Add(language.Name, Paint(scene, language.Name, name));
+  for (const Language& language : {kLanguageTable.front(), kLanguageTable[other]})
+    sheet.Add(language.Name, PaintDark(scene, language.Name, name));
   sheet.Save(name);
 }
 
@@ -97,24 +111,6 @@ TEST(Sheets, TheLanguageDialogIsWhole) {
   ExpectNothingClipped(window);
   ExpectContentShown(FormOf(desk, window), window);
   Keep(window.grab().toImage(), "languages");
-}
-
-/// A scene in the dark, in English and in one of the other languages, each of which has its turn.
-TEST(DarkSheet, EveryWindowHasADarkFace) {
-  QApplication::setPalette(PaletteOf(Scheme::Dark));
-  Sheet sheet;
-  std::size_t turn = 0;
-  for (const Scene& scene : Scenes()) {
-    const QString name = QString::fromStdString(scene.Name);
-    const std::size_t other = 1 + turn++ % (kLanguageTable.size() - 1);
-    for (const Language& language : {kLanguageTable.front(), kLanguageTable[other]}) {
-      const QPixmap picture = Paint(scene, language.Name, "dark/" + name);
-      EXPECT_LT(QColor(picture.toImage().pixel(2, 2)).lightness(), 90) << scene.Name;
-      sheet.Add(name + ", " + language.Name, picture);
-    }
-  }
-  sheet.Save("dark");
-  QApplication::setPalette(PaletteOf(Scheme::Light));
 }
 
 }  // namespace
