@@ -58,6 +58,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return QBrush(TextColorOf(row, column));
     case kMarkRole:
       return MarkOf(row, column);
+    case Qt::AccessibleTextRole:  // the mark is painted, and a reader would not come to know of it
+      return (MarkOf(row, column) + " " + ShownText(Cells.TextMatrix(row, column))).trimmed();
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(AlignmentOf(Cells.ColAlignment(column)));
     default:

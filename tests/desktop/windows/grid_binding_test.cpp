@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "desktop/windows/desk.h"
 #include "desktop/windows/mouse.h"
 #include "desktop/windows/texts.h"
@@ -40,6 +42,21 @@ TEST(GridBinding, TextsHeadingAndColoursAreThoseOfTheGrid) {
   const QImage picture = table.View.viewport()->grab().toImage();
   const QRect area = table.View.visualRect(cell);
   EXPECT_EQ(picture.pixelColor(area.topLeft() + QPoint(3, 3)), ShownColor(kNavy));
+}
+
+TEST(GridBinding, AReaderHearsTheMarkOfARowBeforeItsTime) {
+  Table table(4);
+  PaintRow(table.Cells, 2, kNavy, kWhite);
+  table.Cells.SetRow(3);
+  table.Cells.SetCol(kTimeColumn);
+  table.Cells.SetCellColors(kRed, kWhite);
+  table.Place.Settle();
+  QAccessibleTableInterface& spoken =
+      *QAccessible::queryAccessibleInterface(&table.View)->tableInterface();
+  for (const auto& [row, mark] : std::map<int, QString>{{1, ""}, {2, "\u25B8 "}, {3, "! "}}) {
+    const QString time = QString::fromStdString(table.Cells.TextMatrix(row, kTimeColumn)).trimmed();
+    EXPECT_EQ(spoken.cellAt(row - 1, kTimeColumn)->text(QAccessible::Name), mark + time) << row;
+  }
 }
 
 TEST(GridBinding, ColumnsOfNoWidthAndRowsOfNoHeightAreNotSeen) {
