@@ -3,12 +3,15 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSlider>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <map>
+#include <vector>
 
 #include "desktop/windows/card.h"
 #include "desktop/windows/weekday_header.h"
@@ -16,12 +19,20 @@
 namespace marlex {
 namespace {
 
+constexpr int kDays = 7;
+
 bool IsWordless(const QWidget& widget) {
   if (auto* key = qobject_cast<const QAbstractButton*>(&widget)) return key->text().isEmpty();
   if (qobject_cast<const QScrollBar*>(&widget)) return false;
   return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
          qobject_cast<const QAbstractItemView*>(&widget) ||
          qobject_cast<const QAbstractSlider*>(&widget);
+}
+
+/// The words that a key shows.
+QString WordsOf(const QWidget& widget) {
+  auto* key = qobject_cast<const QAbstractButton*>(&widget);
+  return key ? key->text().replace("&&", "&") : QString();
 }
 
 /// Grid that a widget stands in, below `layout`.
@@ -33,10 +44,12 @@ QGridLayout* GridOf(QLayout* layout, QWidget& widget) {
   return nullptr;
 }
 
-QString LabelAt(const QGridLayout& grid, int row, int column) {
+/// Words of a label, or of a box that is ticked, which stand for what is beside or below them.
+QString HeadingAt(const QGridLayout& grid, int row, int column) {
   QLayoutItem* item = grid.itemAtPosition(row, column);
-  auto* label = item ? qobject_cast<QLabel*>(item->widget()) : nullptr;
-  return label ? label->text() : QString();
+  QWidget* widget = item ? item->widget() : nullptr;
+  if (auto* label = qobject_cast<QLabel*>(widget)) return label->text();
+  return qobject_cast<QCheckBox*>(widget) ? WordsOf(*widget) : QString();
 }
 
 /// The label that leads to the widget.
@@ -47,7 +60,7 @@ QString NameByLabel(const QWidget& widget, const QWidget& window) {
   return {};
 }
 
-/// Label at the beginning of the widget's row and the one over its column.
+/// Heading at the beginning of the widget's row and the one over its column.
 QString NameInGrid(QWidget& widget) {
   QGridLayout* grid = GridOf(widget.parentWidget()->layout(), widget);
   if (!grid) return {};
@@ -56,18 +69,22 @@ QString NameInGrid(QWidget& widget) {
   int rows = 0;
   int columns = 0;
   grid->getItemPosition(grid->indexOf(&widget), &row, &column, &rows, &columns);
-  const QString ofRow = column > 0 ? LabelAt(*grid, row, 0) : QString();
-  const QString ofColumn = row > 0 ? LabelAt(*grid, 0, column) : QString();
+  const QString ofRow = column > 0 ? HeadingAt(*grid, row, 0) : QString();
+  const QString ofColumn = row > 0 ? HeadingAt(*grid, 0, column) : QString();
   return (ofRow + " " + ofColumn).trimmed();
 }
 
-/// A box of a weekday, by its place under the line of the week.
+QString Placed(const QString& name, qsizetype place, qsizetype count) {
+  return name + " " + QString::number(place) + "/" + QString::number(count);
+}
+
+/// A box of a weekday, by its place under the line of the week. Two days may have one letter.
 QString NameOfDay(const QWidget& widget) {
   if (widget.property("face").toString() != "day") return {};
   const int day = widget.objectName().section('_', -1).toInt();
   for (const QLabel* label : widget.parentWidget()->findChildren<QLabel*>()) {
     if (dynamic_cast<const WeekdayHeader*>(label))
-      return label->text().simplified().section(' ', day, day);
+      return Placed(label->text().simplified().section(' ', day, day), day + 1, kDays);
   }
   return {};
 }
@@ -94,13 +111,47 @@ QString NameOf(QWidget& widget, const QWidget& window) {
   return {};
 }
 
+/// What takes the keyboard in a window, by what tells it.
+using Named = std::map<QString, std::vector<QWidget*>>;
+
+Named ByWords(const QWidget& window) {
+  Named found;
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    const bool isOwn = !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_");
+    const QString words = WordsOf(*widget);
+    if (isOwn && (!words.isEmpty() || IsWordless(*widget))) found[words].push_back(widget);
+  }
+  return found;
+}
+
+/// A key whose words no other shows is told by them alone; all else by what stands around it.
+Named ByName(const QWidget& window) {
+  Named found;
+  for (const auto& [words, widgets] : ByWords(window)) {
+    const bool isAlone = !words.isEmpty() && widgets.size() == 1;
+    for (QWidget* widget : widgets) {
+      const QString around = isAlone ? QString() : NameOf(*widget, window);
+      found[(around + " " + words).trimmed()].push_back(widget);
+    }
+  }
+  return found;
+}
+
+/// A reader tells a box that opens by its entry, and what it is about by its description.
+void Tell(QWidget& widget, const QString& name) {
+  if (name.isEmpty() || name == widget.accessibleName()) return;
+  widget.setAccessibleName(name);
+  if (qobject_cast<QComboBox*>(&widget)) widget.setAccessibleDescription(name);
+}
+
 }  // namespace
 
 void NameForReaders(QWidget& window) {
-  for (QWidget* widget : window.findChildren<QWidget*>()) {
-    if (widget->objectName().startsWith("qt_") || !IsWordless(*widget)) continue;
-    const QString name = NameOf(*widget, window);
-    if (!name.isEmpty() && name != widget->accessibleName()) widget->setAccessibleName(name);
+  for (const auto& [name, widgets] : ByName(window)) {
+    const auto count = static_cast<qsizetype>(widgets.size());
+    qsizetype place = 0;
+    for (QWidget* widget : widgets)
+      Tell(*widget, count > 1 && !name.isEmpty() ? Placed(name, ++place, count) : name);
   }
 }
 

@@ -43,14 +43,41 @@ TEST(ReaderNames, FieldsListsSlidersAndDaysAreToldByTheirLabelsOrFrames) {
   EXPECT_EQ(NameOf(editor, "txtHours"), "Hours");
   EXPECT_EQ(NameOf(editor, "txtMinutes"), "Minutes");
   EXPECT_EQ(NameOf(editor, "SelectedWavs"), "Selected sequence");
-  EXPECT_EQ(NameOf(editor, "WkDays_2"), "W");
+  EXPECT_EQ(NameOf(editor, "WkDays_2"), "W 3/7");
   EXPECT_EQ(NameOf(desk.Screen.Playlist(), "AvailMP3s"), "Available music");
-  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "chkDays_0"), "M");
-  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "chkDays_3"), "T");
-  // A reader takes the text of a box that opens for its name, and this for what it is about.
-  EXPECT_EQ(desk.Screen.Playlist().findChild<QComboBox*>("cmbStopHours")->accessibleName(),
-            "Stops at:");
+  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "chkDays_0"), "M 1/7");
+  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "chkDays_3"), "T 4/7");
   EXPECT_EQ(NameOf(desk.Screen.Settings(), "slMusicVolume"), "Music");
+}
+
+TEST(ReaderNames, ABoxThatOpensIsToldByItsEntryAndDescribedByItsLabel) {
+  Desk desk;
+  desk.Forms.frmPlaylist.Load();
+  Texts().Fill(desk.Forms);
+  desk.Forms.frmPlaylist.cmbStopMinutes.AddItem("45");
+  desk.Forms.frmPlaylist.cmbStopMinutes.SetListIndex(
+      desk.Forms.frmPlaylist.cmbStopMinutes.ListCount() - 1);
+  desk.Forms.frmPlaylist.Show();
+  desk.Settle();
+  QWidget& editor = desk.Screen.Playlist();
+  auto& box = *editor.findChild<QComboBox*>("cmbStopMinutes");
+  EXPECT_EQ(NameOf(editor, "cmbStopMinutes"), "45");
+  QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&box);
+  EXPECT_EQ(spoken.text(QAccessible::Description), "Stops at: 2/2");
+}
+
+TEST(ReaderNames, WhatSharesItsWordsIsToldByWhatStandsAroundItOrByItsPlace) {
+  Desk desk;
+  desk.Forms.frmSettings.Load();
+  Texts().Fill(desk.Forms);
+  desk.Forms.frmSettings.Show();
+  desk.Settle();
+  QWidget& settings = desk.Screen.Settings();
+  EXPECT_EQ(NameOf(settings, "cmdMsgBrowse"),
+            "Directory where the wav message file are stored Browse");
+  EXPECT_EQ(NameOf(settings, "cmdPostSelect"), "Chime succeeds call Select");
+  EXPECT_EQ(NameOf(settings, "txtZoneName_2"), "Zone names 3/6");
+  EXPECT_EQ(NameOf(settings, "cmdOK"), "OK");
 }
 
 TEST(ReaderNames, NothingThatTakesTheFocusIsNameless) {

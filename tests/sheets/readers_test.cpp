@@ -1,0 +1,57 @@
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "i18n/languages.h"
+#include "sheets/scenes.h"
+
+namespace marlex {
+namespace {
+
+/// Name by which a screen reader tells where the keyboard stands. That of a box that opens is its
+/// entry, whatever it is for, which its description tells.
+QString Told(QWidget& widget) {
+  QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&widget);
+  const bool opens = qobject_cast<QComboBox*>(&widget);
+  return spoken->text(opens ? QAccessible::Description : QAccessible::Name);
+}
+
+/// Parts of a window on which the keyboard can stand.
+std::vector<QWidget*> Stops(const QWidget& window) {
+  std::vector<QWidget*> stops;
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    const QString name = widget->objectName();
+    const bool isOwn = !name.isEmpty() && !name.startsWith("qt_");
+    if (isOwn && widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus))
+      stops.push_back(widget);
+  }
+  return stops;
+}
+
+class Readers : public ::testing::TestWithParam<Language> {};
+
+TEST_P(Readers, TellEachPartOfAWindowFromAllOthers) {
+  std::size_t most = 0;
+  for (const Scene& scene : Scenes()) {
+    DeskOptions options = scene.Options;
+    options.Language = GetParam().Name;
+    ShownDesk desk(options);
+    QWidget& window = scene.Reach(desk);
+    std::map<QString, QString> told;
+    const std::vector<QWidget*> stops = Stops(window);
+    for (QWidget* stop : stops) {
+      QString& first = told[Told(*stop)];
+      EXPECT_EQ(first.toStdString(), "") << scene.Name << ": " << stop->objectName().toStdString()
+                                         << " is " << Told(*stop).toStdString();
+      first = stop->objectName();
+    }
+    most = std::max(most, stops.size());
+  }
+  EXPECT_GT(most, 20u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Readers, ::testing::ValuesIn(kLanguageTable),
+                         [](const auto& language) { return std::string(language.param.Name); });
+
+}  // namespace
+}  // namespace marlex
