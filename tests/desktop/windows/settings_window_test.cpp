@@ -239,6 +239,17 @@ TEST(PickerWindow, TheArrowsOpenADirectoryAndTheOneAbove) {
   EXPECT_EQ(desk.Picker.Dir1.Path(), "/home/operator");
 }
 
+TEST(PickerWindow, EnterInTheTreeIsTheOkAndOpensNothing) {
+  PickerPlace desk;
+  int accepted = 0;
+  desk.Picker.cmdOK.OnClick = [&] { ++accepted; };
+  QTest::keyClick(&desk.Tree(), Qt::Key_Down);
+  QTest::keyClick(&desk.Tree(), Qt::Key_Return);
+  desk.Settle();
+  EXPECT_EQ(accepted, 1);
+  EXPECT_EQ(desk.Picker.Dir1.Path(), "/home/operator");
+}
+
 TEST(PickerWindow, TheBoxOfDrivesShowsThemAndTakesAChoice) {
   PickerPlace desk;
   int changes = 0;
