@@ -108,7 +108,7 @@ std::vector<Box> AllThatIsTold(const char* language) {
 }
 
 TEST(Boxes, TellAllThatTheSystemHasToTellWholeInEveryLanguage) {
-  ApplyTheme(*qApp);
+  const Theme theme(*qApp);
   VirtualLoop loop;
   QtDialogs dialogs(loop);
   for (const Language& language : kLanguageTable) {

@@ -65,7 +65,7 @@ int Boxes(const QString& text) {
 }
 
 TEST(Letters, TheThemeAsksForTheFamiliesThatAreInstalled) {
-  ApplyTheme(*qApp);
+  const Theme theme(*qApp);
   const QByteArrayList packages = PackageList();
   for (const InstalledFamily& family : kInstalled) {
     EXPECT_TRUE(packages.contains(family.Package)) << family.Package;
@@ -75,7 +75,7 @@ TEST(Letters, TheThemeAsksForTheFamiliesThatAreInstalled) {
 }
 
 TEST(Letters, TheInstalledFamiliesHaveThoseOfEveryLanguage) {
-  ApplyTheme(*qApp);
+  const Theme theme(*qApp);
   const InstalledFonts fonts;
   EXPECT_EQ(fonts.MissingLetters(kMarks), "");
   EXPECT_NE(fonts.MissingLetters("\u0E01"), "");  // of a language that the program does not have

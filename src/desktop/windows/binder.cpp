@@ -45,6 +45,11 @@ void Binder::PaintSoon() {
   Operator.ForwardAlways([this] { PaintAll(); });
 }
 
+void Binder::PaintAnew() {
+  for (const auto& bound : Controls) bound->Dirty = true;
+  PaintSoon();
+}
+
 void Binder::PaintAll() {
   PaintQueued = false;
   for (const auto& bound : Controls) {

@@ -19,6 +19,9 @@ class Binder : public QObject {
   Binder(Form& form, QWidget& window, EventLoop& loop);
   ~Binder() override;
 
+  /// Paints everything again: the colours have changed.
+  void PaintAnew();
+
   /// Called before the window comes up, to give it its place.
   std::function<void(QWidget&)> OnShow;
 

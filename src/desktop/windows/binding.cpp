@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "desktop/windows/shown_text.h"
-#include "desktop/windows/theme.h"
 
 namespace marlex {
 
@@ -28,7 +27,10 @@ void WidgetBinding::Paint() {
 /// The two palette colours leave the look to the style sheet. Another ground is a signal: it shows
 /// by its heavier text and line also to those who see no colours.
 void WidgetBinding::PaintColors() {
-  if (Source.BackColor == PaintedBack && Source.ForeColor == PaintedText) return;
+  const Scheme scheme = ShownScheme();
+  const bool isSame = Source.BackColor == PaintedBack && Source.ForeColor == PaintedText;
+  if (isSame && scheme == PaintedScheme) return;
+  PaintedScheme = scheme;
   PaintedBack = Source.BackColor;
   PaintedText = Source.ForeColor;
   QString rules;

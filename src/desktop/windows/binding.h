@@ -7,6 +7,7 @@
 
 #include "controls/widgets.h"
 #include "desktop/windows/hand.h"
+#include "desktop/windows/theme.h"
 
 namespace marlex {
 
@@ -48,6 +49,7 @@ class WidgetBinding : public Binding {
   QWidget& Widget;
   Color PaintedBack = kButtonFace;
   Color PaintedText = kButtonText;
+  Scheme PaintedScheme = ShownScheme();
   int DesignHeightTwips;
   int DesignHeightPixels;
 };

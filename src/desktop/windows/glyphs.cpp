@@ -139,17 +139,16 @@ QPainterPath PathOf(const QString& name) {
 /// Paints the picture at whatever size is asked for, in the colour of the key's state.
 class GlyphEngine : public QIconEngine {
  public:
-  GlyphEngine(QPainterPath path, QColor atRest, QColor switchedOn)
-      : Path(std::move(path)), AtRest(atRest), SwitchedOn(switchedOn) {}
+  /// Takes the name of the colour in which the key is at rest.
+  GlyphEngine(QPainterPath path, const char* atRest) : Path(std::move(path)), AtRest(atRest) {}
 
   void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
-    const QColor disabled = ThemeColorNow("off-text");
+    const char* enabled = state == QIcon::On ? "on-accent" : AtRest;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(area.topLeft());
     painter->scale(area.width() / kField, area.height() / kField);
-    const QColor enabled = state == QIcon::On ? SwitchedOn : AtRest;
-    painter->fillPath(Path, mode == QIcon::Disabled ? disabled : enabled);
+    painter->fillPath(Path, ThemeColorNow(mode == QIcon::Disabled ? "off-text" : enabled));
     painter->restore();
   }
 
@@ -165,14 +164,13 @@ class GlyphEngine : public QIconEngine {
 
  private:
   QPainterPath Path;
-  QColor AtRest;
-  QColor SwitchedOn;
+  const char* AtRest;
 };
 
-QColor RestColour(const QAbstractButton& key) {
+const char* RestColour(const QAbstractButton& key) {
   const QString face = key.property("face").toString();
-  if (face == "primary" || face == "call") return Qt::white;
-  return ThemeColorNow(face == "toggle" ? "off-glyph" : "glyph");
+  if (face == "primary" || face == "call") return "on-accent";
+  return face == "toggle" ? "off-glyph" : "glyph";
 }
 
 }  // namespace
@@ -190,7 +188,7 @@ void PutGlyphs(QWidget& window) {
   for (QAbstractButton* key : window.findChildren<QAbstractButton*>()) {
     const QString name = key->property("glyph").toString();
     if (name.isEmpty()) continue;
-    key->setIcon(QIcon(new GlyphEngine(PathOf(name), RestColour(*key), Qt::white)));
+    key->setIcon(QIcon(new GlyphEngine(PathOf(name), RestColour(*key))));
     key->setIconSize(QSize(22, 22));
   }
 }

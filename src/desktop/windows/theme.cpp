@@ -2,10 +2,11 @@
 
 #include <QFile>
 #include <QFont>
+#include <QScopedValueRollback>
 #include <QStyleFactory>
+#include <QTimer>
 
 #include "desktop/windows/logo_mark.h"
-#include "desktop/windows/theme_colors.h"
 
 // At namespace scope, as the macro demands; without it the linker leaves the resources of a static
 // library out.
@@ -17,11 +18,9 @@ namespace {
 
 constexpr qreal kFontPoints = 10.5;
 
-Scheme ShownScheme() { return SchemeOf(QGuiApplication::palette()); }
-
 }  // namespace
 
-void ApplyTheme(QApplication& application) {
+Theme::Theme(QApplication& application) : Application(application) {
   LoadResources();
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   // The digits of these faces are all of one width, so that a running clock does not make its line
@@ -30,13 +29,43 @@ void ApplyTheme(QApplication& application) {
   font.setFamilies({"Roboto", "Noto Sans", "Open Sans", "DejaVu Sans"});
   font.setPointSizeF(kFontPoints);
   QApplication::setFont(font);
-  const Scheme scheme = ShownScheme();  // the desktop's, as long as nothing else has been set
-  QApplication::setPalette(PaletteOf(scheme));
   QApplication::setWindowIcon(LogoMark::Icon());
   QFile sheet(":/theme.qss");
-  if (sheet.open(QIODevice::ReadOnly))
-    application.setStyleSheet(Coloured(QString::fromUtf8(sheet.readAll()), scheme));
+  if (sheet.open(QIODevice::ReadOnly)) Sheet = QString::fromUtf8(sheet.readAll());
+  Apply(ShownScheme());
 }
+
+/// Every window hears of one and the same change, and the palette changes in several steps: the
+/// theme follows once, when all is over.
+bool Theme::eventFilter(QObject*, QEvent* event) {
+  const bool ofDesktop = event->type() == QEvent::ThemeChange;
+  if (Applying || (!ofDesktop && event->type() != QEvent::ApplicationPaletteChange)) return false;
+  DesktopChanged = DesktopChanged || ofDesktop;
+  if (!FollowQueued) QTimer::singleShot(0, this, [this] { Follow(); });
+  FollowQueued = true;
+  return false;
+}
+
+void Theme::Follow() {
+  FollowQueued = false;
+  const QScopedValueRollback guard(Applying, true);
+  // The theme's own palette would hide the desktop's.
+  if (DesktopChanged) QApplication::setPalette(QPalette());
+  DesktopChanged = false;
+  const Scheme scheme = ShownScheme();
+  if (scheme == Applied) return QApplication::setPalette(PaletteOf(scheme));
+  Apply(scheme);
+  if (OnChange) OnChange();
+}
+
+void Theme::Apply(Scheme scheme) {
+  Applied = scheme;
+  QApplication::setPalette(PaletteOf(scheme));
+  Application.setStyleSheet(Coloured(Sheet, scheme));
+}
+
+/// That of the desktop, as long as nothing else has been set.
+Scheme ShownScheme() { return SchemeOf(QGuiApplication::palette()); }
 
 QColor ThemeColorNow(const char* name) { return NamedColor(name, ShownScheme()); }
 

@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include "platform/runtime_failure.h"
+
 namespace marlex {
 
 const std::vector<ThemeColor>& ThemeColors() {
@@ -57,7 +59,7 @@ QColor NamedColor(const QString& name, Scheme scheme) {
   for (const ThemeColor& color : ThemeColors()) {
     if (color.Name == name) return scheme == Scheme::Dark ? color.Dark : color.Light;
   }
-  return {};
+  throw RuntimeFailure("The theme has no colour " + name.toStdString());
 }
 
 Scheme SchemeOf(const QPalette& palette) {
@@ -91,7 +93,6 @@ QString Coloured(QString sheet, Scheme scheme) {
   for (QRegularExpressionMatch found = name.match(sheet); found.hasMatch();
        found = name.match(sheet, found.capturedStart())) {
     const QColor color = NamedColor(found.captured(1), scheme);
-    Q_ASSERT(color.isValid());
     sheet.replace(found.capturedStart(), found.capturedLength(), color.name());
   }
   return sheet;

@@ -19,7 +19,7 @@ struct ThemeColor {
 
 const std::vector<ThemeColor>& ThemeColors();
 
-/// Colour of that name; an unknown name is an invalid colour.
+/// Colour of that name; an unknown name is a RuntimeFailure.
 QColor NamedColor(const QString& name, Scheme scheme);
 
 /// Scheme that a palette has been made for, by the lightness of its windows and texts.

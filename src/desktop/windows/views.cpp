@@ -68,7 +68,6 @@ void PlaceMain(QWidget& window) {
 }  // namespace
 
 Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look) {
-  ApplyTheme(*qApp);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   MainWindow = Make<QMainWindow>(Ui::frmMain());
   LogoWindow = Make<QWidget>(Ui::frmLogo(), Qt::SplashScreen | Qt::FramelessWindowHint);
@@ -93,6 +92,9 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
   Connect(windows.frmPlaylist, *PlaylistWindow, loop, PlaceEditor);
   ConnectPicker(windows.frmDirSel, *DirSelWindow, loop);
   ConnectPicker(windows.frmChimeSelect, *ChimeSelectWindow, loop);
+  Look.OnChange = [this] {
+    for (const auto& binder : Binders) binder->PaintAnew();
+  };
 }
 
 Views::~Views() = default;
@@ -113,6 +115,7 @@ Binder& Views::Connect(Form& form, QWidget& window, EventLoop& loop,
                        std::function<void(QWidget&)> place) {
   Binders.push_back(std::make_unique<Binder>(form, window, loop));
   Binders.back()->OnShow = std::move(place);
+  window.installEventFilter(&Look);
   return *Binders.back();
 }
 

@@ -6,6 +6,7 @@
 
 #include "desktop/windows/binder.h"
 #include "desktop/windows/glance_band.h"
+#include "desktop/windows/theme.h"
 #include "platform/event_loop.h"
 #include "windows/windows.h"
 
@@ -35,6 +36,7 @@ class Views {
   Binder& Connect(Form& form, QWidget& window, EventLoop& loop,
                   std::function<void(QWidget&)> place);
 
+  Theme Look{*qApp};  // is there before the windows
   std::unique_ptr<QWidget> MainWindow;
   std::unique_ptr<QWidget> LogoWindow;
   std::unique_ptr<QWidget> LangSelWindow;

@@ -5,6 +5,7 @@
 
 #include "desktop/windows/contrast.h"
 #include "desktop/windows/desk.h"
+#include "desktop/windows/texts.h"
 #include "desktop/windows/theme.h"
 #include "desktop/windows/theme_colors.h"
 
@@ -81,6 +82,97 @@ TEST(DarkTheme, ComesWithADarkDesktopAndStaysLightOtherwise) {
   QApplication::setPalette(PaletteOf(Scheme::Light));
   Desk desk;
   EXPECT_EQ(ShownColor(kButtonFace), NamedColor("face", Scheme::Light));
+}
+
+/// Counts what a window is told of its colours.
+class ColourNews : public QObject {
+ public:
+  int Count = 0;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    for (const auto type : {QEvent::ApplicationPaletteChange, QEvent::StyleChange})
+      Count += event->type() == type ? 1 : 0;
+    return false;
+  }
+};
+
+/// The main window with a conflict, on a desktop whose colours change.
+struct ChangingDesk : Desk {
+  ChangingDesk() {
+    Forms.frmMain.Load();
+    Texts().Fill(Forms);
+    FillSchedule(Forms.frmMain.grdSchedule, 2);
+    Forms.frmMain.lblConflict.Visible = true;
+    Forms.frmMain.lblConflict.BackColor = kRed;
+    ShowMain();
+    Screen.Main().installEventFilter(&News);
+  }
+  ~ChangingDesk() { QApplication::setPalette(PaletteOf(Scheme::Light)); }
+
+  void Change(Scheme scheme) {
+    QApplication::setPalette(QPalette(scheme == Scheme::Dark ? QColor("#303030") : Qt::lightGray));
+    Settle();
+  }
+
+  void ExpectColoursOf(Scheme scheme) {
+    const auto named = [scheme](const char* name) {
+      return NamedColor(name, scheme).name().toStdString();
+    };
+    const QImage ground = Screen.Main().grab().toImage();
+    EXPECT_EQ(ground.pixelColor(2, ground.height() - 2).name().toStdString(), named("face"));
+    const QImage note = Find<QLabel>("lblConflict").grab().toImage();
+    EXPECT_EQ(note.pixelColor(6, note.height() / 2).name().toStdString(), named("alarm"));
+    auto& table = Find<QTableView>("grdSchedule");
+    const QPoint cell = table.visualRect(table.model()->index(0, 0)).topLeft() + QPoint(3, 3);
+    EXPECT_EQ(table.viewport()->grab().toImage().pixelColor(cell).name().toStdString(),
+              named("card"));
+    const QIcon stop = Find<QPushButton>("cmdStop").icon();
+    EXPECT_EQ(stop.pixmap(24).toImage().pixelColor(12, 12).name().toStdString(), named("glyph"));
+  }
+
+  ColourNews News;
+};
+
+TEST(DarkTheme, ComesAndGoesWithTheDesktopWhileTheProgramRuns) {
+  ChangingDesk desk;
+  desk.ExpectColoursOf(Scheme::Light);
+  qsizetype objects = 0;
+  for (int day = 0; day < 5; ++day) {
+    for (const Scheme scheme : {Scheme::Dark, Scheme::Light}) {
+      desk.Change(scheme);
+      desk.ExpectColoursOf(scheme);
+    }
+    const qsizetype now = desk.Screen.Main().findChildren<QObject*>().size();
+    EXPECT_EQ(now, day > 0 ? objects : now) << "nothing gathers from day to day";
+    objects = now;
+  }
+}
+
+TEST(DarkTheme, ComesOnceAndThenThereIsPeace) {
+  ChangingDesk desk;
+  desk.Change(Scheme::Dark);
+  EXPECT_GT(desk.News.Count, 0);
+  EXPECT_LE(desk.News.Count, 4);
+  desk.News.Count = 0;
+  QTest::qWait(100);
+  EXPECT_EQ(desk.News.Count, 0);
+}
+
+TEST(DarkTheme, GoesWhenTheDesktopItselfIsLightAgain) {
+  ChangingDesk desk;
+  desk.Change(Scheme::Dark);
+  QEvent change(QEvent::ThemeChange);
+  QApplication::sendEvent(&desk.Screen.Main(), &change);
+  desk.Settle();
+  desk.ExpectColoursOf(Scheme::Light);
+  desk.Change(Scheme::Dark);
+  desk.ExpectColoursOf(Scheme::Dark);
+}
+
+TEST(ThemeColors, ANameThatTheThemeHasNotIsRefused) {
+  EXPECT_THROW(NamedColor("gren", Scheme::Light), RuntimeFailure);
+  EXPECT_THROW(Coloured("QLabel { color: @gren; }", Scheme::Dark), RuntimeFailure);
 }
 
 }  // namespace
