@@ -1,5 +1,7 @@
 #include "windows/frm_main.h"
 
+#include "windows/captions.h"
+
 namespace marlex {
 
 FrmMain::FrmMain(EventLoop& loop)
@@ -14,23 +16,19 @@ FrmMain::FrmMain(EventLoop& loop)
 }
 
 void FrmMain::DesignTexts() {
-  const auto text = [](VisualControl& control, const char* caption, const char* tag) {
-    control.Caption = caption;
-    control.Tag = tag;
-  };
-  text(frBGMusic, "Background music playlist", "170");
-  text(Frame1, "Length", "200");
-  text(Frame2, "Position", "220");
-  text(Frame3, "Time", "210");
-  text(cmdPlay, "Play", "230");
-  text(cmdSkip, "Skip", "240");
-  text(cmdStop, "Stop", "250");
-  text(frSchedule, " Message time schedule ", "180");
-  text(frRouting, "Routing", "860");
-  text(lblMusic, "Music", "870");
-  text(lblCall, "Call", "260");
-  text(cmdCall, "Call", "260");
-  text(cmdCall2, "Call", "260");
+  Text(frBGMusic, "Background music playlist", "170");
+  Text(Frame1, "Length", "200");
+  Text(Frame2, "Position", "220");
+  Text(Frame3, "Time", "210");
+  Text(cmdPlay, "Play", "230");
+  Text(cmdSkip, "Skip", "240");
+  Text(cmdStop, "Stop", "250");
+  Text(frSchedule, " Message time schedule ", "180");
+  Text(frRouting, "Routing", "860");
+  Text(lblMusic, "Music", "870");
+  Text(lblCall, "Call", "260");
+  Text(cmdCall, "Call", "260");
+  Text(cmdCall2, "Call", "260");
   for (int zone = 0; zone < kZones; ++zone) {
     lblCurrentZone[zone].Caption = std::to_string(zone + 1);
   }

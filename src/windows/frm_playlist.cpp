@@ -1,14 +1,8 @@
 #include "windows/frm_playlist.h"
 
+#include "windows/captions.h"
+
 namespace marlex {
-namespace {
-
-void Text(VisualControl& control, const char* caption, const char* tag) {
-  control.Caption = caption;
-  control.Tag = tag;
-}
-
-}  // namespace
 
 FrmPlaylist::FrmPlaylist(const Directories& files)
     : Form("frmPlaylist", "Music playlist:"), MP3List(*this, "MP3List", files) {

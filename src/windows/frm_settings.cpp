@@ -1,14 +1,8 @@
 #include "windows/frm_settings.h"
 
+#include "windows/captions.h"
+
 namespace marlex {
-namespace {
-
-void Text(VisualControl& control, const char* caption, const char* tag = "") {
-  control.Caption = caption;
-  control.Tag = tag;
-}
-
-}  // namespace
 
 FrmSettings::FrmSettings() : Form("frmSettings", "Settings") {
   DesignDirectories();

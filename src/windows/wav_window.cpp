@@ -1,14 +1,8 @@
 #include "windows/wav_window.h"
 
+#include "windows/captions.h"
+
 namespace marlex {
-namespace {
-
-void Text(VisualControl& control, const char* caption, const char* tag = "") {
-  control.Caption = caption;
-  control.Tag = tag;
-}
-
-}  // namespace
 
 WavWindow::WavWindow(EventLoop& loop, const Directories& files)
     : Form("WavWindow", "Message schedule"),
