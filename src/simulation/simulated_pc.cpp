@@ -25,6 +25,20 @@ SimulatedPc::SimulatedPc() {
   ReportFailures();
 }
 
+marlex::Pc SimulatedPc::Ports(ProfileFiles& profiles, Directories& files) {
+  return {.Loop = Loop,
+          .Clock = Clock,
+          .Profiles = profiles,
+          .Files = files,
+          .TolvoPort = Serial,
+          .WavPlayer = Wav,
+          .WavControl = WavControl,
+          .MP3Player = Song,
+          .Mixer = Mixer,
+          .Boxes = Dialogs,
+          .TheProcess = Process};
+}
+
 void SimulatedPc::Restart() {
   Loop.Restart();
   Loop.AfterEvent = nullptr;

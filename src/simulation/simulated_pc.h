@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/pc.h"
 #include "simulation/journal.h"
 #include "simulation/memory_disk.h"
 #include "simulation/memory_profiles.h"
@@ -39,6 +40,12 @@ struct SimulatedPc {
   /// position of the sound's own line, 0 (full) to 65534: 65535 is silence, like a muted line or a
   /// silent or muted master.
   std::string Heard() const;
+
+  /// What a system is given of it.
+  marlex::Pc Ports() { return Ports(Profiles, Disk); }
+
+  /// The same over other files.
+  marlex::Pc Ports(ProfileFiles& profiles, Directories& files);
 
   VirtualLoop Loop;
   VirtualClock Clock{Loop};

@@ -90,19 +90,7 @@ void Desk::WritePlaylist(const DeskOptions& options) {
   Pc.Disk.AddFile(kPlaylist, text);
 }
 
-void Desk::MakeSystem() {
-  Sys = std::make_unique<System>(marlex::Pc{.Loop = Pc.Loop,
-                                            .Clock = Pc.Clock,
-                                            .Profiles = Pc.Profiles,
-                                            .Files = Pc.Disk,
-                                            .TolvoPort = Pc.Serial,
-                                            .WavPlayer = Pc.Wav,
-                                            .WavControl = Pc.WavControl,
-                                            .MP3Player = Pc.Song,
-                                            .Mixer = Pc.Mixer,
-                                            .Boxes = Pc.Dialogs,
-                                            .TheProcess = Pc.Process});
-}
+void Desk::MakeSystem() { Sys = std::make_unique<System>(Pc.Ports()); }
 
 void Desk::Start() {
   Pc.Loop.Do([this] { Sys->Start(); });

@@ -83,17 +83,7 @@ class WholeDesk {
   SimulatedPc Pc;
   DiskProfileFiles Profiles;
   DiskDirectories Files;
-  System Sys{{.Loop = Pc.Loop,
-              .Clock = Pc.Clock,
-              .Profiles = Profiles,
-              .Files = Files,
-              .TolvoPort = Pc.Serial,
-              .WavPlayer = Pc.Wav,
-              .WavControl = Pc.WavControl,
-              .MP3Player = Pc.Song,
-              .Mixer = Pc.Mixer,
-              .Boxes = Pc.Dialogs,
-              .TheProcess = Pc.Process}};
+  System Sys{Pc.Ports(Profiles, Files)};
   Views Screen{Sys.TheWindows, Pc.Loop, [this] { return Sys.ThePasserby.Look(); }};
 };
 
