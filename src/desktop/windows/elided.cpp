@@ -1,12 +1,10 @@
 #include "desktop/windows/elided.h"
 
-#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionButton>
-#include <QToolTip>
 
-#include "desktop/windows/shown_text.h"
+#include "desktop/windows/whole_text.h"
 
 namespace marlex {
 
@@ -17,14 +15,6 @@ constexpr int kUsualLetters = 12;  // that it asks room for
 
 int Letters(const QWidget& widget, int count) {
   return count * widget.fontMetrics().averageCharWidth();
-}
-
-/// Shows the whole name where the line that is shown is not.
-bool ShowWhole(const QEvent& event, QWidget& widget, const QString& name, bool isWhole) {
-  if (event.type() != QEvent::ToolTip || isWhole) return false;
-  const QPoint place = static_cast<const QHelpEvent&>(event).globalPos();
-  QToolTip::showText(place, ShownToolTip(name.toStdString()), &widget);
-  return true;
 }
 
 }  // namespace

@@ -2,9 +2,8 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
-#include <QToolTip>
 
-#include "desktop/windows/shown_text.h"
+#include "desktop/windows/whole_text.h"
 
 namespace marlex {
 
@@ -21,10 +20,8 @@ bool EntryPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   const int room =
       style.subElementRect(QStyle::SE_ItemViewItemText, &shown, view).width() - 2 * margin;
   const bool isWhole = shown.fontMetrics.horizontalAdvance(shown.text) <= room;
-  if (event->type() != QEvent::ToolTip || isWhole)
-    return QStyledItemDelegate::helpEvent(event, view, option, index);
-  QToolTip::showText(event->globalPos(), ShownToolTip(shown.text.toStdString()), view);
-  return true;
+  return ShowWhole(*event, *view, shown.text, isWhole) ||
+         QStyledItemDelegate::helpEvent(event, view, option, index);
 }
 
 }  // namespace marlex

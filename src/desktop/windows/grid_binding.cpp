@@ -1,6 +1,7 @@
 #include "desktop/windows/grid_binding.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
@@ -8,6 +9,7 @@
 
 #include "desktop/windows/shown_text.h"
 #include "desktop/windows/theme.h"
+#include "desktop/windows/whole_text.h"
 #include "windows/frm_main.h"
 
 namespace marlex {
@@ -26,6 +28,10 @@ constexpr double kTwipsPerPixel = 15;
 
 Qt::Alignment AlignmentOf(GridAlignment alignment) {
   return Qt::AlignVCenter | (alignment == GridAlignment::Centre ? Qt::AlignHCenter : Qt::AlignLeft);
+}
+
+QRect TextArea(const QStyleOptionViewItem& option) {
+  return option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
 }
 
 }  // namespace
@@ -50,8 +56,6 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
       return ShownText(Cells.TextMatrix(row, column));
-    case Qt::ToolTipRole:
-      return ShownToolTip(Cells.TextMatrix(row, column));
     case Qt::BackgroundRole:
       return QBrush(GroundOf(row, column));
     case Qt::ForegroundRole:
@@ -99,13 +103,21 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->fillRect(option.rect, index.data(Qt::BackgroundRole).value<QBrush>());
   painter->setPen(index.data(Qt::ForegroundRole).value<QBrush>().color());
   painter->setFont(option.font);
-  const QRect area = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
+  const QRect area = TextArea(option);
   const QString text =
       option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width());
   painter->drawText(area, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine, text);
   const QRect margin(option.rect.left(), option.rect.top(), kMarkWidth, option.rect.height());
   painter->drawText(margin, Qt::AlignCenter, index.data(kMarkRole).toString());
   if (option.state & QStyle::State_HasFocus) painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+}
+
+bool CellPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                            const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const QString text = index.data().toString();
+  const int room = TextArea(option).width();
+  return ShowWhole(*event, *view, text, option.fontMetrics.horizontalAdvance(text) <= room) ||
+         QStyledItemDelegate::helpEvent(event, view, option, index);
 }
 
 GridBinding::GridBinding(Grid& grid, QTableView& view, Hand& hand)

@@ -37,12 +37,15 @@ class GridModel : public QAbstractTableModel {
   int KnownRows = 0;
 };
 
-/// Paints a cell in its own two colours and with its mark, whatever is selected.
+/// Paints a cell in its own two colours and with its mark, whatever is selected. A text that is too
+/// long is shortened, and is whole in its tool tip.
 class CellPainter : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override;
 };
 
 class GridBinding : public QObject, public WidgetBinding {

@@ -6,6 +6,7 @@
 #include <QtWidgets>
 
 #include "desktop/windows/desk.h"
+#include "desktop/windows/shown_text.h"
 #include "desktop/windows/texts.h"
 
 namespace marlex {
@@ -93,6 +94,17 @@ TEST(Elided, AFileOfOneLongWordInATitleMakesNoWindowWider) {
   EXPECT_EQ(desk.Screen.Main().minimumSizeHint().width(), least);
 }
 
+QString ToolTipOf(QAbstractItemView& view, const QModelIndex& entry) {
+  view.scrollTo(entry);
+  QToolTip::hideText();
+  EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+  const QPoint middle = view.visualRect(entry).center();
+  EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(entry)));
+  QHelpEvent asks(QEvent::ToolTip, middle, view.viewport()->mapToGlobal(middle));
+  QApplication::sendEvent(view.viewport(), &asks);
+  return QToolTip::text();
+}
+
 TEST(Elided, ALongSongIsShortenedInItsListAndWholeInItsToolTip) {
   Desk desk;
   FrmMain& main = desk.Forms.frmMain;
@@ -105,18 +117,28 @@ TEST(Elided, ALongSongIsShortenedInItsListAndWholeInItsToolTip) {
   desk.ShowMain();
   auto& list = desk.Find<QListView>("lstPlaylist");
   EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
-  const auto toolTipOf = [&](int fromTheEnd) {
-    const QModelIndex entry = list.model()->index(list.model()->rowCount() - fromTheEnd, 0);
-    list.scrollTo(entry);
-    QToolTip::hideText();
-    const QPoint middle = list.visualRect(entry).center();
-    EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(entry)));
-    QHelpEvent asks(QEvent::ToolTip, middle, list.viewport()->mapToGlobal(middle));
-    QApplication::sendEvent(list.viewport(), &asks);
-    return QToolTip::text();
+  const int last = list.model()->rowCount() - 1;
+  EXPECT_EQ(ToolTipOf(list, list.model()->index(last, 0)), QString::fromStdString(song));
+  EXPECT_EQ(ToolTipOf(list, list.model()->index(last - 1, 0)), "Double-click to play song");
+}
+
+TEST(Elided, ALongCellOfTheTableIsWholeInItsToolTipAndOneThatFitsHasNone) {
+  Desk desk;
+  FrmMain& main = desk.Forms.frmMain;
+  main.Load();
+  Texts().Fill(desk.Forms);
+  FillSchedule(main.grdSchedule, 2);
+  std::string messages = "gong";
+  for (int message = 0; message < 40; ++message) messages += ",<b>wait</b>";
+  main.grdSchedule.SetTextMatrix(2, kMessagesColumn, messages);
+  desk.ShowMain();
+  auto& table = desk.Find<QTableView>("grdSchedule");
+  const auto toolTipOf = [&](int row, int column) {
+    return ToolTipOf(table, table.model()->index(row - 1, column)).toStdString();
   };
-  EXPECT_EQ(toolTipOf(1), QString::fromStdString(song));
-  EXPECT_EQ(toolTipOf(2), "Double-click to play song");
+  EXPECT_EQ(toolTipOf(2, kMessagesColumn), ShownToolTip(messages).toStdString());
+  EXPECT_EQ(toolTipOf(1, kMessagesColumn), "");
+  EXPECT_EQ(toolTipOf(2, kTimeColumn), "");
 }
 
 }  // namespace
