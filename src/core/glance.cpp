@@ -20,7 +20,9 @@ ComingRow Passerby::Next() const {
 
 OnAir Passerby::What() const {
   if (TheFlags.CallActive) return OnAir::Call;
-  if (!TheFlags.PriorityClear && TheFrmMain.lblHiPrio.Visible) return OnAir::Amplifier;
+  // A takeover lasts to the amplifier's end of call, whatever level it reports meanwhile.
+  const bool holdsUsBack = TheFlags.PriorityPreempted || !TheFlags.PriorityClear;
+  if (holdsUsBack && TheFrmMain.lblHiPrio.Visible) return OnAir::Amplifier;
   // A chime and a preview are messages without the flag.
   const bool wavePlays = TheFrmPlayers.WavPlayer.Mode() == kWavePlaying;
   if (TheFlags.MessagePlaying || wavePlays) return OnAir::Message;

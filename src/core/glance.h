@@ -9,7 +9,8 @@
 
 namespace marlex {
 
-/// What has the loudspeakers: of several the last one that applies.
+/// What has the desk: of several the last one that applies. A call of the amplifier that holds back
+/// what we would begin counts before the music or the message that may sound on under it.
 enum class OnAir { Silence, Music, Message, Amplifier, Call };
 
 /// What is to be read from across the room.

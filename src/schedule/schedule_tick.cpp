@@ -5,6 +5,8 @@
 
 namespace marlex {
 
+constexpr const char* kLastMinuteOfDay = "23:59";
+
 ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
                            MusicSchedule& music, ScheduleTable& table, MessageWavs& wavs,
                            MessagePlayback& playback)
@@ -69,13 +71,14 @@ bool ScheduleTick::RunsToday(int row) const {
 }
 
 ComingRow ScheduleTick::NextToday() const {
-  if (TheFlags.MessageAwaitingSongEnd) return {LastMinute + "+", CurrentMessageInfo};
+  if (TheFlags.MessageAwaitingSongEnd) return {WaitingTime, CurrentMessageInfo};
   const std::string now = MinuteText(Clock.Now());
   std::string passed;  // a minute whose first row does not run today
   for (int row = 1; row < Table.Rows(); ++row) {
     const std::string time = TimeOf(Table, row);
     const bool isOver = time < now || time == LastMinute || time == passed;
-    if (isOver || Table.RowHeight(row) == 0) continue;
+    const bool neverComes = time > kLastMinuteOfDay;  // as of a file that could not be read
+    if (isOver || neverComes || Table.RowHeight(row) == 0) continue;
     if (RunsToday(row)) {
       return {Table.TextMatrix(row, kTimeColumn), Table.TextMatrix(row, kMessagesColumn)};
     }
@@ -106,6 +109,7 @@ void ScheduleTick::Dispatch() {
       Table.TextMatrix(ScheduleRow, kTimeColumn).find('+') != std::string::npos;
   if (atMusicBreak && TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     TheFrmPlayers.tmrMessage.Enabled = false;
+    WaitingTime = Table.TextMatrix(ScheduleRow, kTimeColumn);
     TheFlags.MessageAwaitingSongEnd = true;
     return;
   }

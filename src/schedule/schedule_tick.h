@@ -33,6 +33,7 @@ class ScheduleTick {
   int ScheduleRow = 0;             // row under examination, after a hit the firing row
   std::string CurrentMessageInfo;  // messages of the firing row
   std::string CurrentRouting;      // its zones
+  std::string WaitingTime;         // of the row that last waited for the music break
 
   void Tick();
 

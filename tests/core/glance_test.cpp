@@ -102,6 +102,15 @@ TEST(Glance, TellsATakeoverOutOfACallAndOutOfAMessage) {
   EXPECT_EQ(Now(other), "amplifier: Higher priority call in progress");
 }
 
+TEST(Glance, TellsATakeoverUntilTheAmplifierEndsItWhateverLevelComesMeanwhile) {
+  SpotDesk desk({.Priority = "High"});
+  desk.Status(128);
+  desk.Status(64);
+  EXPECT_EQ(Now(desk), "amplifier: Lower priority call in progress");
+  desk.Status(0);
+  EXPECT_EQ(Now(desk), "music: march");
+}
+
 TEST(Glance, TellsTheMessageThatComesNextUntilNoneIsLeftToday) {
   SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
   EXPECT_EQ(Next(desk), "12:01  |at01");
@@ -129,6 +138,30 @@ TEST(Glance, TellsTheRowThatWaitsForTheMusicBreak) {
   desk.Click("cmdSkip");
   desk.Advance(1);
   EXPECT_EQ(Next(desk), "12:02  |at02");
+}
+
+TEST(Glance, KeepsTheTimeOfTheRowThatWaitsWhileTheTickGoesOn) {
+  std::vector<Sequence> rows = At("12", {"01", "02"});
+  rows.front().Timer = "Between";
+  SpotDesk desk({.Sequences = rows});
+  desk.AdvanceTo(SpotDesk::kDue);
+  desk.Sys->TheFrmPlayers.tmrMessage.Enabled = true;  // as the closing of an editor does
+  desk.Do([&desk] { desk.Main().grdSchedule.SetRows(2); });
+  desk.RunTo(12, 2, 30);
+  EXPECT_EQ(desk.Sys->Tick.LastMinute, "12:02");
+  EXPECT_EQ(Next(desk), "12:01+|at01");
+}
+
+TEST(Glance, PromisesNoRowOfAFileThatCouldNotBeRead) {
+  SpotDesk desk({.Sequences = At("12", {"01"})}, kSilent);
+  desk.Do([&desk] {
+    Grid& table = desk.Main().grdSchedule;
+    table.SetRows(table.Rows() + 1);
+    table.SetTextMatrix(table.Rows() - 1, kTimeColumn, ":+");
+  });
+  EXPECT_EQ(Next(desk), "12:01  |at01");
+  desk.AdvanceTo(SpotDesk::kDue);
+  EXPECT_EQ(Next(desk), "|");
 }
 
 TEST(Glance, PassesOverARowThatTheOperatorTookOut) {

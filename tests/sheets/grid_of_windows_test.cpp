@@ -11,13 +11,6 @@
 namespace marlex {
 namespace {
 
-const Scene& SceneOf(const std::string& name) {
-  for (const Scene& scene : Scenes()) {
-    if (scene.Name == name) return scene;
-  }
-  throw RuntimeFailure("No scene " + name);
-}
-
 /// A scene in one language, as long as it is looked at.
 class Shown {
  public:

@@ -361,4 +361,11 @@ const std::vector<Scene>& Scenes() {
   return scenes;
 }
 
+const Scene& SceneOf(const std::string& name) {
+  for (const Scene& scene : Scenes()) {
+    if (scene.Name == name) return scene;
+  }
+  throw RuntimeFailure("No scene " + name);
+}
+
 }  // namespace marlex

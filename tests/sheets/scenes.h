@@ -18,6 +18,7 @@ struct Scene {
 };
 
 const std::vector<Scene>& Scenes();
+const Scene& SceneOf(const std::string& name);
 
 /// A shop with music, messages and a day's schedule.
 DeskOptions Shop();

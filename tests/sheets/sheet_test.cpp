@@ -86,18 +86,15 @@ TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguageAndHasACallKeyForAThumb
 }
 
 TEST(Sheets, ACallOfTheAmplifierIsToldWholeInLettersForThosePassingBy) {
-  for (const Scene& scene : Scenes()) {
-    if (scene.Name != "main_conflict_takeover") continue;
-    for (const Language& language : kLanguageTable) {
-      DeskOptions options = scene.Options;
-      options.Language = language.Name;
-      ShownDesk desk(options);
-      auto* told =
-          dynamic_cast<ElidedLabel*>(scene.Reach(desk).findChild<QLabel*>("paneOnAirName"));
-      ASSERT_TRUE(told);
-      EXPECT_EQ(told->ShownLine(), QString::fromStdString(desk.Text("lblHiPrio")));
-      EXPECT_GE(told->font().pointSize(), 19) << language.Name;
-    }
+  const Scene& scene = SceneOf("main_conflict_takeover");
+  for (const Language& language : kLanguageTable) {
+    DeskOptions options = scene.Options;
+    options.Language = language.Name;
+    ShownDesk desk(options);
+    auto* told = dynamic_cast<ElidedLabel*>(scene.Reach(desk).findChild<QLabel*>("paneOnAirName"));
+    ASSERT_TRUE(told);
+    EXPECT_EQ(told->ShownLine(), QString::fromStdString(desk.Text("lblHiPrio")));
+    EXPECT_GE(told->font().pointSize(), 19) << language.Name;
   }
 }
 

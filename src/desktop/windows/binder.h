@@ -28,8 +28,8 @@ class Binder : public QObject {
   /// Called whenever something of the window has been painted.
   std::function<void()> OnPaint;
 
-  /// Escape closes the window, as where closing it chooses and writes nothing. Where it has a key
-  /// to cancel, Escape is that key; elsewhere it does nothing.
+  /// Escape closes the window, as where closing it does nothing else. Where it has a key to cancel,
+  /// Escape is that key; elsewhere it does nothing.
   bool EscapeCloses = false;
 
  protected:

@@ -248,7 +248,10 @@ int GridBinding::DesignWidth(int column) const {
 void GridBinding::PaintRows() {
   for (int row = 0; row < Model.rowCount(); ++row) {
     const bool hidden = Cells.RowHeight(row + 1) == 0;
-    if (View.isRowHidden(row) != hidden) View.setRowHidden(row, hidden);
+    if (View.isRowHidden(row) == hidden) continue;
+    View.setRowHidden(row, hidden);
+    // The height of the others may have changed while the row was out.
+    if (!hidden) View.setRowHeight(row, View.verticalHeader()->defaultSectionSize());
   }
 }
 

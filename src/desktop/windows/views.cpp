@@ -79,13 +79,13 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
   ChimeSelectWindow = Make<QDialog>(Ui::frmChimeSelect(), kDialog);
   PlaylistWindow = Make<QMainWindow>(Ui::frmPlaylist());
   Band = std::make_unique<GlanceBand>(*MainWindow);
-  Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
+  Binder& main = Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
   // The clock in the window is painted each second, and the band with it.
-  if (look) Binders.back()->OnPaint = [this, look] { Band->Paint(look()); };
+  if (look) main.OnPaint = [this, look] { Band->Paint(look()); };
   Connect(windows.frmLogo, *LogoWindow, loop, Centre);
-  // Both close without a choice. The directory picker does not: its close takes the directory, as
-  // its OK does.
-  Connect(windows.frmlangSel, *LangSelWindow, loop, Centre).EscapeCloses = true;
+  // The close of the language dialog ends the program, and that of the directory picker takes the
+  // directory: too much for a key that is pressed by mistake.
+  Connect(windows.frmlangSel, *LangSelWindow, loop, Centre);
   Connect(windows.frmAbout, *AboutWindow, loop, Centre).EscapeCloses = true;
   Connect(windows.frmSettings, *SettingsWindow, loop, Centre);
   Connect(windows.TheWavWindow, *ScheduleEditorWindow, loop, PlaceEditor);

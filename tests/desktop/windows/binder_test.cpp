@@ -124,7 +124,8 @@ TEST(Binder, EscapeClosesTheAboutBoxAsItsCloseDoes) {
   }
 }
 
-TEST(Binder, EscapeInTheLanguageDialogIsItsCloseAndChoosesNoLanguage) {
+/// Its close ends the program, for which one stray key is too little.
+TEST(Binder, EscapeInTheLanguageDialogNeitherChoosesNorCloses) {
   Desk desk;
   std::string heard;
   desk.Forms.frmlangSel.OnClose = [&] { heard += "close "; };
@@ -133,7 +134,8 @@ TEST(Binder, EscapeInTheLanguageDialogIsItsCloseAndChoosesNoLanguage) {
   desk.Settle();
   QTest::keyClick(&desk.Screen.LangSel(), Qt::Key_Escape);
   desk.Settle();
-  EXPECT_EQ(heard, "close ");
+  EXPECT_EQ(heard, "");
+  EXPECT_TRUE(desk.Screen.LangSel().isVisible());
 }
 
 TEST(Binder, EscapeLeavesADialogOpenWhoseCloseWouldChoose) {
