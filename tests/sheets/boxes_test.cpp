@@ -111,7 +111,7 @@ TEST(Boxes, TellAllThatTheSystemHasToTellWholeInEveryLanguage) {
   const Theme theme(*qApp);
   VirtualLoop loop;
   QtDialogs dialogs(loop);
-  for (const Language& language : kLanguageTable) {
+  for (const Language& language : PaintedLanguages()) {
     Sheet sheet;
     const std::vector<Box> told = AllThatIsTold(language.Name);
     EXPECT_EQ(told.size(), 24u) << language.Name;

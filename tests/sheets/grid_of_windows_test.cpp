@@ -43,7 +43,7 @@ void ExpectEvenWidths(const Shown& window, const std::vector<const char*>& parts
 }
 
 TEST(GridOfWindows, TheColumnsOfTheScheduleEditorAreEvenAndEndOnOneLineInEveryLanguage) {
-  for (const Language& language : kLanguageTable) {
+  for (const Language& language : PaintedLanguages()) {
     SCOPED_TRACE(language.Name);
     const Shown editor("schedule_editor", language.Name);
     ExpectEvenWidths(editor, {"AvailWavs", "SelectedWavs", "PrevKey"});
@@ -55,7 +55,7 @@ TEST(GridOfWindows, TheColumnsOfTheScheduleEditorAreEvenAndEndOnOneLineInEveryLa
 }
 
 TEST(GridOfWindows, TheColumnsOfThePlaylistEditorAreEvenAndEndOnOneLineInEveryLanguage) {
-  for (const Language& language : kLanguageTable) {
+  for (const Language& language : PaintedLanguages()) {
     SCOPED_TRACE(language.Name);
     const Shown editor("playlist_editor", language.Name);
     ExpectEvenWidths(editor, {"AvailMP3s", "cmdSelectAll", "SelectedMP3s", "PrevKey"});
@@ -72,7 +72,7 @@ std::pair<QSize, QRect> Measured(const std::string& scene, const char* language,
 }
 
 TEST(GridOfWindows, AnEditorKeepsItsSizeWhenAPanelOpensInIt) {
-  for (const Language& language : kLanguageTable) {
+  for (const Language& language : PaintedLanguages()) {
     const char* name = language.Name;
     EXPECT_EQ(Measured("schedule_editor", name, "frMinutes"),
               Measured("schedule_editor_interval", name, "frInterval"))
@@ -97,7 +97,7 @@ double RoomBefore(const PaintedTexts::Piece& shortcut, const QList<PaintedTexts:
 
 TEST(GridOfWindows, AShortcutStandsApartFromItsItemInEveryLanguage) {
   constexpr double kApart = 24;
-  for (const Language& language : kLanguageTable) {
+  for (const Language& language : PaintedLanguages()) {
     const auto texts = Shown("menu_file", language.Name).Texts();
     int shortcuts = 0;
     for (const PaintedTexts::Piece& piece : texts) {
@@ -110,7 +110,7 @@ TEST(GridOfWindows, AShortcutStandsApartFromItsItemInEveryLanguage) {
 }
 
 TEST(GridOfWindows, TheVolumesAreEquallyWideInEveryLanguage) {
-  for (const Language& language : kLanguageTable) {
+  for (const Language& language : PaintedLanguages()) {
     SCOPED_TRACE(language.Name);
     const Shown settings("settings", language.Name);
     ExpectEvenWidths(settings, {"frMasterVol", "frMusicVol", "frMesVolume", "frMicroVolume"});

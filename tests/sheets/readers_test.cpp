@@ -50,7 +50,7 @@ TEST_P(Readers, TellEachPartOfAWindowFromAllOthers) {
   EXPECT_GT(most, 20u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Readers, ::testing::ValuesIn(kLanguageTable),
+INSTANTIATE_TEST_SUITE_P(Of, Readers, ::testing::ValuesIn(PaintedLanguages()),
                          [](const auto& language) { return std::string(language.param.Name); });
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "sheets/scenes.h"
 
+#include <set>
+
 namespace marlex {
 namespace {
 
@@ -366,6 +368,19 @@ const Scene& SceneOf(const std::string& name) {
     if (scene.Name == name) return scene;
   }
   throw RuntimeFailure("No scene " + name);
+}
+
+std::vector<Language> PaintedLanguages() {
+#ifdef __SANITIZE_ADDRESS__
+  const std::set<std::string> painted = {"English", "Hungarian", "Greek", "Hebrew"};
+  std::vector<Language> languages;
+  for (const Language& language : kLanguageTable) {
+    if (painted.contains(language.Name)) languages.push_back(language);
+  }
+  return languages;
+#else
+  return {kLanguageTable.begin(), kLanguageTable.end()};
+#endif
 }
 
 }  // namespace marlex

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "i18n/languages.h"
 #include "sheets/shown_desk.h"
 
 namespace marlex {
@@ -19,6 +20,10 @@ struct Scene {
 
 const std::vector<Scene>& Scenes();
 const Scene& SceneOf(const std::string& name);
+
+/// The languages in which the scenes are looked at: all of them. Under the sanitizers, which make
+/// each step slow, a few of unlike letters, lengths and directions: a fault of memory shows in any.
+std::vector<Language> PaintedLanguages();
 
 /// A shop with music, messages and a day's schedule.
 DeskOptions Shop();

@@ -60,7 +60,7 @@ TEST_P(EachScene, ShowsAllItsTextsWholeInEveryLanguageAndInTheDark) {
   const QString name = QString::fromStdString(scene.Name);
   const std::size_t other = 1 + GetParam() % (kLanguageTable.size() - 1);
   Sheet sheet;
-  for (const Language& language : kLanguageTable)
+  for (const Language& language : PaintedLanguages())
     sheet.Add(language.Name, Paint(scene, language.Name, name));
   for (const Language& language : {kLanguageTable.front(), kLanguageTable[other]})
     sheet.Add(language.Name, PaintDark(scene, language.Name, name));
@@ -74,7 +74,7 @@ TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguageAndHasACallKeyForAThumb
   constexpr double kThumbMm = 15;  // twice what guidelines for touch screens ask of any key
   constexpr double kPixelsPerMm = 96 / 25.4;
   const Scene& scene = Scenes().front();
-  for (const Language& language : kLanguageTable) {
+  for (const Language& language : PaintedLanguages()) {
     DeskOptions options = scene.Options;
     options.Language = language.Name;
     ShownDesk desk(options);
@@ -87,7 +87,7 @@ TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguageAndHasACallKeyForAThumb
 
 TEST(Sheets, ACallOfTheAmplifierIsToldWholeInLettersForThosePassingBy) {
   const Scene& scene = SceneOf("main_conflict_takeover");
-  for (const Language& language : kLanguageTable) {
+  for (const Language& language : PaintedLanguages()) {
     DeskOptions options = scene.Options;
     options.Language = language.Name;
     ShownDesk desk(options);
