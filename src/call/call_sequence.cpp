@@ -1,5 +1,7 @@
 #include "call/call_sequence.h"
 
+#include <utility>
+
 namespace marlex {
 
 CallSequence::CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
@@ -30,14 +32,61 @@ CallSequence::CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, 
 
 void CallSequence::StartCall() {
   if (TheFlags.CallActive || TheFlags.PriorityPreempted || !TheFlags.PriorityClear) return;
+  const int call = BeginCall();
   CutMessagesOff();
-  if (!GoesOn()) return;
-  if (MusicState() == kPlaying && !ClearMusic()) return;
-  if (TheFlags.PriorityPreempted) return;
-  PastItsFade = true;
-  RouteCall();
-  if (!PlayPreChime()) return;
-  OpenMicrophone();
+  if (GoesOn(call)) FadeMusic();
+  if (GoesOn(call)) PauseMusic();
+  if (GoesOn(call)) RouteCall();
+  if (GoesOn(call)) PlayPreChime(call);
+  if (GoesOn(call)) {
+    OpenMicrophone();
+  } else {
+    TakeRelease(call);
+  }
+}
+
+void CallSequence::EndCall() {
+  if (!TheFlags.CallActive || TheCall.Stage == CallStage::Ending) return;
+  const int call = TheCall.Number;
+  const CallStage stage = std::exchange(TheCall.Stage, CallStage::Ending);
+  SetCaptions(kStrWait);
+  const bool isBeforeChime = stage == CallStage::Beginning || stage == CallStage::Fading;
+  if (TheFlags.FadeRunning && isBeforeChime) return EndInFade(call);
+  // Deliberate: without a pre-chime, and before any WAV has ended since the start, a call counts as
+  // released in its chime. It loses its post-chime, and so does each call up to one with a
+  // pre-chime.
+  const bool hasNoPreChime = Store.Values.PreChime.empty();
+  if (!TheFlags.WavFinished && (stage == CallStage::Chiming || hasNoPreChime))
+    TheFlags.CallEndedDuringChime = true;
+  CloseMicrophone();
+  if (stage == CallStage::Chiming) AwaitPreChime();
+  if (IsLast(call)) PlayPostChime(call);
+  if (!IsLast(call)) return;
+  SetCaptions(kStrCall);
+  if (!RestoreRouting()) return;
+  PaintLamps(kButtonFace);
+  RestoreMusic();
+  if (!IsLast(call)) return;
+  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  DarkenLamps();  // where something on top has held the press in its fade, they flash still
+  TheFlags.CallActive = false;
+  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFrmMain.cmdPlay.Enabled = true;
+  TheFrmMain.cmdSkip.Enabled = true;
+  TheFrmMain.cmdStop.Enabled = true;
+}
+
+/// The one question after each wait of a press: is this still its call, and has neither the release
+/// nor the amplifier ended it? While it is not, the microphone must not open.
+bool CallSequence::GoesOn(int call) const {
+  return IsLast(call) && TheFlags.CallActive && TheCall.Stage != CallStage::Ending;
+}
+
+int CallSequence::BeginCall() {
+  TheCall = {.Number = TheCall.Number + 1};
+  TheFlags.CallEndedDuringFade = false;
+  TheFlags.CallActive = true;
+  return TheCall.Number;
 }
 
 /// A call goes before messages: one that plays is cut off, and the runner of the messages gets the
@@ -46,81 +95,49 @@ void CallSequence::CutMessagesOff() {
   TheFrmPlayers.WavPlayer.Command("Close");
   TheFrmPlayers.lstMsgSequence.Clear();
   TheFrmPlayers.tmrMessage.Enabled = false;
-  TheFlags.CallActive = true;
   CutPreviewOff();
-  ++Calls;
-  PreChimeStarted = false;
-  PastItsFade = false;
-  ReleasedInFade = false;
   Loop.Pump();
   Loop.Pump();
 }
 
-/// False when the release or the amplifier has ended the call while the events were delivered: the
-/// microphone must not open any more. A release that fell into the fade of another has turned that
-/// one round, as it would turn the call's own.
-bool CallSequence::GoesOn() {
-  if (ReleasedInFade) TakeReleaseInFade();
-  if (TheFlags.CallActive) return true;
-  const bool released = !TheFlags.PriorityPreempted;
-  if (released && !Store.Values.PreChime.empty()) TheFlags.CallEndedDuringChime = false;
-  return false;
-}
-
-/// Fades the music and pauses it. False when the release or the amplifier has ended the call in the
-/// fade, or when what waits on top of it, as a box does, has held it until another call began.
-bool CallSequence::ClearMusic() {
+void CallSequence::FadeMusic() {
+  if (MusicState() != kPlaying) return;
   if (TheFlags.MessagePlaying) {
     TheFlags.MessagePlaying = false;
   } else if (Store.Values.FadeTime > 0) {
+    TheCall.Stage = CallStage::Fading;
     TheFrmPlayers.tmrFlash.Enabled = true;
     SetCaptions(kStrWait);
-    const int call = Calls;
     TheFades.FadeDown();
-    if (TheFlags.PriorityPreempted || call != Calls) return false;
-    TakeReleaseInFade();
-    if (!TheFlags.CallActive) return false;
   }
+}
+
+void CallSequence::PauseMusic() {
   if (MusicState() == kPlaying) TheFrmPlayers.MP3Player.Pause();
-  return true;
 }
 
-/// A release in the fade has turned it round and left the end of the call to the press.
-void CallSequence::TakeReleaseInFade() {
-  if (!TheFlags.CallEndedDuringFade) return;
-  TheFlags.CallEndedDuringFade = false;
-  TheFrmPlayers.tmrMessage.Enabled = true;
-  TheFlags.CallActive = false;
-}
-
+/// From here on a fade that runs is not the call's.
 void CallSequence::RouteCall() {
+  TheCall.Stage = CallStage::Chiming;
   if (!Store.Values.RouterPresent) return;
   if (TheFlags.AmplifierStatus != 0) TheFrmPlayers.SendReleaseByte();
   Routing.ShowCallZones();
 }
 
-/// False when the release or the amplifier has ended the call meanwhile. A release that an earlier
-/// call without a pre-chime has left in its flag counts as well. This is meant.
-bool CallSequence::PlayPreChime() {
-  if (Store.Values.PreChime.empty()) return true;
+void CallSequence::PlayPreChime(int call) {
+  if (Store.Values.PreChime.empty()) return;
   TheFrmPlayers.tmrFlash.Enabled = true;
   SetCaptions(kStrWait);
-  PreChimeStarted = true;
-  if (!PlayChime(Store.Values.PreChime)) return false;
-  if (TheFlags.CallEndedDuringChime) {
-    TheFlags.CallEndedDuringChime = false;
-    TheFlags.CallActive = false;
-  } else if (TheFlags.PriorityPreempted) {
-    TheFrmMain.cmdCall.Caption = Strings.LoadString(kStrCall);
-    TheFrmPlayers.tmrFlash.Enabled = false;
-  }
-  if (!TheFlags.CallActive) return false;
-  PaintLamps(kDarkGreen);
-  return true;
+  PlayChime(call, Store.Values.PreChime);
+  if (!IsLast(call)) return;
+  // Deliberate: a release that an earlier call without a pre-chime has left in its flag counts too.
+  if (TheFlags.CallEndedDuringChime) TheCall.Stage = CallStage::Ending;
+  if (GoesOn(call)) PaintLamps(kDarkGreen);
 }
 
 /// The microphone reaches the output through the sound card's mixer.
 void CallSequence::OpenMicrophone() {
+  TheCall.Stage = CallStage::Speaking;
   TheFrmPlayers.tmrFlash.Enabled = false;
   PaintLamps(kGreen);
   SetCaptions(kStrSpeak);
@@ -128,53 +145,41 @@ void CallSequence::OpenMicrophone() {
   if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kOpen;
 }
 
-void CallSequence::EndCall() {
-  if (!TheFlags.CallActive) return;
-  SetCaptions(kStrWait);
-  if (TheFlags.FadeRunning && !PastItsFade) {
-    EndInFade();
-    return;
+/// A release has ended the call before the microphone opened. What it has left in the flags goes
+/// with its call, so that no later call, and no later fade, ends by it.
+void CallSequence::TakeRelease(int call) {
+  if (!IsLast(call) || TheCall.Stage != CallStage::Ending) return;
+  if (TheFlags.CallEndedDuringFade) {
+    TheFlags.CallEndedDuringFade = false;
+    TheFrmPlayers.tmrMessage.Enabled = true;
+    TheFlags.CallActive = false;
+  } else if (!Store.Values.PreChime.empty()) {
+    TheFlags.CallEndedDuringChime = false;
+    TheFlags.CallActive = false;
+    SetCaptions(kStrCall);
   }
-  PastItsFade = false;
-  if (!TheFlags.WavFinished) TheFlags.CallEndedDuringChime = true;
-  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
-  // A pre-chime that has begun always plays to its end.
-  const int call = Calls;
-  if (PreChimeStarted) Loop.PumpUntil([this] { return TheFlags.WavFinished; });
-  if (call != Calls || !PlayPostChime()) return;
-  SetCaptions(kStrCall);
-  if (!RestoreRouting()) return;
-  PaintLamps(kButtonFace);
-  RestoreMusic();
-  // The next call may have begun in the fade, after another release that has ended this one.
-  if (call != Calls) return;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
-  TheFlags.CallActive = false;
-  TheFrmPlayers.tmrMessage.Enabled = true;
-  TheFrmMain.cmdPlay.Enabled = true;
-  TheFrmMain.cmdSkip.Enabled = true;
-  TheFrmMain.cmdStop.Enabled = true;
 }
 
 /// The fade of the press turns round; the press ends the call when its wait is over.
-void CallSequence::EndInFade() {
+void CallSequence::EndInFade(int call) {
   TheFlags.CallEndedDuringFade = true;
-  ReleasedInFade = true;
   TheFades.FadeUp();
+  if (!IsLast(call)) return;
   SetCaptions(kStrCall);
-  TheFrmPlayers.tmrFlash.Enabled = false;
   TheFrmPlayers.tmrMessage.Enabled = true;
-  PaintLamps(kButtonFace);
+  DarkenLamps();
 }
 
-/// False when another call has begun meanwhile.
-bool CallSequence::PlayPostChime() {
-  if (TheFlags.CallEndedDuringChime || Store.Values.PostChime.empty()) return true;
+/// A pre-chime that has begun always plays to its end.
+void CallSequence::AwaitPreChime() {
+  Loop.PumpUntil([this] { return TheFlags.WavFinished; });
+}
+
+void CallSequence::PlayPostChime(int call) {
+  if (TheFlags.CallEndedDuringChime || Store.Values.PostChime.empty()) return;
   TheFrmPlayers.tmrFlash.Enabled = true;
-  if (!PlayChime(Store.Values.PostChime)) return false;
-  PaintLamps(kButtonFace);
-  TheFrmPlayers.tmrFlash.Enabled = false;
-  return true;
+  PlayChime(call, Store.Values.PostChime);
+  if (IsLast(call)) DarkenLamps();
 }
 
 /// False when the amplifier has taken over, to which the outputs then belong. Over music that the
@@ -207,9 +212,8 @@ void CallSequence::RestoreMusic() {
 }
 
 /// The chime has the line alone. Returns when it has ended, or when the release or the amplifier
-/// has ended the call. False when another call has begun meanwhile, whose chime it is that sounds.
-bool CallSequence::PlayChime(const std::string& chime) {
-  const int call = Calls;
+/// has ended the call.
+void CallSequence::PlayChime(int call, const std::string& chime) {
   WavePlayer& player = TheFrmPlayers.WavPlayer;
   player.FileName = Store.Values.MessageDirectory + chime + ".wav";
   player.Command("Close");
@@ -219,19 +223,26 @@ bool CallSequence::PlayChime(const std::string& chime) {
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MessageVolume;
   TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
   TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
-  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+  CloseMicrophone();
   Loop.Pump();
   Loop.PumpUntil([this] {
     return TheFlags.WavFinished || TheFlags.CallEndedDuringChime || TheFlags.PriorityPreempted;
   });
-  if (call != Calls) return false;
+  if (!IsLast(call)) return;
   if (TheFlags.CallEndedDuringChime) {
-    TheFrmPlayers.tmrFlash.Enabled = false;
-    PaintLamps(kButtonFace);
+    DarkenLamps();
   } else if (TheFlags.CallActive) {
     TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
   }
-  return true;
+}
+
+void CallSequence::CloseMicrophone() {
+  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+}
+
+void CallSequence::DarkenLamps() {
+  TheFrmPlayers.tmrFlash.Enabled = false;
+  PaintLamps(kButtonFace);
 }
 
 void CallSequence::SetCaptions(StringId caption) {

@@ -17,9 +17,21 @@
 
 namespace marlex {
 
-/// A call of the operator: he presses a key, hears the chime, speaks, and lets it go. The press and
-/// the release are two procedures that wait, and the release may come in the midst of the press's
-/// waits; the shared flags are how they learn of each other.
+/// How far a call of the operator has come, and what its release does then:
+///
+///   Beginning   The key is down, messages are cut off. The call ends before anything of it sounds.
+///   Fading      Music fades down. The fade turns round, and the press ends the call.
+///   Chiming     The zones are routed. The pre-chime plays to its end; no post-chime follows.
+///   Speaking    The microphone is open. Post-chime; then zones and music come back.
+///   Ending      The key was let go. Nothing: a call is released once.
+///
+/// No call is on while `CallActive` is False: from its end on, and from a takeover on.
+enum class CallStage { Beginning, Fading, Chiming, Speaking, Ending };
+
+/// A call of the operator: press a call key, hear the chime, speak, let go. Press and release are
+/// two procedures that wait. The release may come in the middle of the press's waits; the amplifier
+/// may end the call in any of them; and where something else waits on top, even the next call may
+/// have begun when a wait returns. So both ask after each wait whether the call is still theirs.
 class CallSequence {
  public:
   CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
@@ -33,24 +45,39 @@ class CallSequence {
   void EndCall();    // and released
 
  private:
-  void CutMessagesOff();
-  bool GoesOn();
-  bool ClearMusic();
-  void TakeReleaseInFade();
-  void RouteCall();
-  bool PlayPreChime();
-  void OpenMicrophone();
+  /// The call that is on, or the last one. Each press that begins a call begins it afresh.
+  struct Call {
+    int Number = 0;  // counts the calls since the start
+    CallStage Stage = CallStage::Beginning;
+  };
 
-  void EndInFade();
-  bool PlayPostChime();
+  bool IsLast(int call) const { return call == TheCall.Number; }
+  bool GoesOn(int call) const;
+
+  int BeginCall();
+  void CutMessagesOff();
+  void FadeMusic();
+  void PauseMusic();
+  void RouteCall();
+  void PlayPreChime(int call);
+  void OpenMicrophone();
+  void TakeRelease(int call);
+
+  void EndInFade(int call);
+  void AwaitPreChime();
+  void PlayPostChime(int call);
   bool RestoreRouting();
   void RestoreMusic();
 
-  bool PlayChime(const std::string& chime);
+  void PlayChime(int call, const std::string& chime);
+  void CloseMicrophone();
+  void DarkenLamps();
   void SetCaptions(StringId caption);
   void PaintLamps(Color color);
   void FlashLamps();  // tmrFlash
   int MusicState() const { return TheFrmPlayers.MP3Player.PlayState(); }
+
+  Call TheCall;
 
   Flags& TheFlags;
   SettingsStore& Store;
@@ -63,11 +90,6 @@ class CallSequence {
   Fades& TheFades;
   MusicPlayer& Music;
   const StringTable& Strings;
-
-  int Calls = 0;  // since the start; a press or a release whose call is no longer the last is over
-  bool PreChimeStarted = false;  // in this call; only a chime that plays can be waited for
-  bool ReleasedInFade = false;   // this call, also when its flag was left set by an earlier one
-  bool PastItsFade = false;      // from then on to its release; a fade that runs is not the call's
 };
 
 }  // namespace marlex

@@ -1,21 +1,51 @@
 #include "core/glance.h"
 
 #include "state/file_names.h"
+#include "state/week_time.h"
 
 namespace marlex {
+namespace {
+
+constexpr const char* kLastMinuteOfDay = "23:59";
+
+}  // namespace
 
 Glance Passerby::Look() const {
   const OnAir what = What();
-  const ComingRow next = Next();
-  return {what, NameOf(what), next.Time, next.Messages};
+  return {what, NameOf(what), Next()};
 }
 
-/// While the editor of the schedule is open nothing is announced, until a call has set the tick
-/// going again.
+/// The row that waits for the music break, else the next that the tick will find and not pass over.
+/// A call or a takeover drops the messages of a row that waits.
 ComingRow Passerby::Next() const {
-  const bool standsStill = Editor.Loaded() && !TheFrmPlayers.tmrMessage.Enabled;
-  if (standsStill && !TheFlags.MessageAwaitingSongEnd) return {};
-  return Tick.NextToday();
+  if (StandsStill()) return {"", Strings.LoadString(kStrScheduleStopped)};
+  if (TheFlags.MessageAwaitingSongEnd && TheFrmPlayers.lstMsgSequence.ListCount() > 0)
+    return {Tick.WaitingTime, Tick.CurrentMessageInfo};
+  return NextToday();
+}
+
+/// Nothing is on that switches the tick on again at its end: the editor of the schedule is open, or
+/// the amplifier has cut a call off, and only the next call, whole, sets the tick going.
+bool Passerby::StandsStill() const {
+  const bool isHeld = TheFlags.CallActive || TheFlags.MessageAwaitingSongEnd ||
+                      TheFlags.MessagePlaying || TheFlags.FadeRunning;
+  return !TheFrmPlayers.tmrMessage.Enabled && !isHeld;
+}
+
+ComingRow Passerby::NextToday() const {
+  const Grid& table = TheFrmMain.grdSchedule;
+  const std::string now = MinuteText(Clock.Now());
+  std::string passed;  // a minute whose first row does not run today
+  for (int row = 1; row < table.Rows(); ++row) {
+    const std::string time = TimeOf(table, row);
+    const bool isOver = time < now || time == Tick.LastMinute || time == passed;
+    const bool neverComes = time > kLastMinuteOfDay;  // as of a file that could not be read
+    if (isOver || neverComes || table.RowHeight(row) == 0) continue;
+    if (Tick.RunsToday(row))
+      return {table.TextMatrix(row, kTimeColumn), table.TextMatrix(row, kMessagesColumn)};
+    passed = time;
+  }
+  return {};
 }
 
 OnAir Passerby::What() const {

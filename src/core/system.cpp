@@ -49,7 +49,7 @@ System::System(const Pc& pc)
              TheNotices, Table, TheMainWindow),
       ThePickers(Store, TheWindows, Strings),
       Loader(TheFlags, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings, TheNotices),
-      ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick),
+      ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, pc.Clock, Strings),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader) {
   // The calls that run upwards.
   Dialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };

@@ -85,6 +85,7 @@ enum StringId : int {
   kStrTimeSetting = 1350,
   kStrTimeAndZoneSetting = 1360,
   kStrTimeConflict = 1370,
+  kStrScheduleStopped = 1400,
 };
 
 }  // namespace marlex

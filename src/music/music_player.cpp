@@ -90,7 +90,7 @@ void MusicPlayer::cmdStop_Click() {
 /// gone through once. The first position is written at once, that of a round when it is over, since
 /// thousands of writes to a disk would hold up the amplifier and the keys.
 void MusicPlayer::MP3Player_EndOfStream() {
-  PlayWaitingMessages();
+  const bool callTookOver = PlayWaitingMessages();
   const int songs = TheFrmMain.lstPlaylist.ListCount();
   if (songs == 0) return;
   const ListBox& list = TheFrmMain.lstPlaylist;
@@ -104,13 +104,18 @@ void MusicPlayer::MP3Player_EndOfStream() {
   }
   if (CurrentSongIndex != written) WriteLastSong(CurrentSongIndex);
   if (loaded) PlaySong();
+  if (callTookOver) TheFrmPlayers.MP3Player.Pause();
 }
 
-void MusicPlayer::PlayWaitingMessages() {
-  if (!TheFlags.MessageAwaitingSongEnd) return;
+/// True when a call has cut the messages off and is still on. The tick stays off for it, and the
+/// next song waits, paused, for the call's end, which brings it in.
+bool MusicPlayer::PlayWaitingMessages() {
+  if (!TheFlags.MessageAwaitingSongEnd) return false;
   TheFlags.MessageAwaitingSongEnd = false;
+  const bool inCall = TheFlags.CallActive;  // which fades the music, and the next song with it
   PlayMessageWavs();
-  TheFrmPlayers.tmrMessage.Enabled = true;
+  if (!TheFlags.CallActive) TheFrmPlayers.tmrMessage.Enabled = true;
+  return TheFlags.CallActive && !inCall;
 }
 
 /// Moves to the next entry. True when that is the first one again.

@@ -48,7 +48,7 @@ class MusicPlayer {
 
  private:
   void MP3Player_EndOfStream();
-  void PlayWaitingMessages();
+  bool PlayWaitingMessages();
   bool MoveToNextSong();
   bool LoadSong(bool wrapped);
   void NewListPosition();

@@ -32,7 +32,6 @@ void MessagePlayback::PlayMessageSequence(const std::string& currentRouting) {
   if (TheFlags.CallActive) return;  // the end of the call restores everything
   RestoreRouting();
   RestoreMusic();
-  if (TheFlags.CallActive) return;  // pressed in the fade; nothing of the schedule goes on under it
   EnableTransportKeys();
 }
 

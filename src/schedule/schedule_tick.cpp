@@ -5,8 +5,6 @@
 
 namespace marlex {
 
-constexpr const char* kLastMinuteOfDay = "23:59";
-
 ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
                            MusicSchedule& music, ScheduleTable& table, MessageWavs& wavs,
                            MessagePlayback& playback)
@@ -22,13 +20,14 @@ ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, Frm
 }
 
 void ScheduleTick::Tick() {
-  if (!AcceptMinute()) return;
-  // The minute of a call or of an announcement is lost, also when the closing of an editor has
-  // switched the timer on under it. A call may also have begun in the fade of the music's stop.
-  if (!TheFlags.PriorityClear || TheFlags.CallActive || TheFlags.MessagePlaying) return;
+  // A minute under a call or an announcement is not seen, also when the closing of an editor has
+  // switched the timer on under it. What is due in it comes once that is over, if it still lasts.
+  if (TheFlags.CallActive || TheFlags.MessagePlaying) return;
+  if (!AcceptMinute() || !TheFlags.PriorityClear) return;
   Music.CheckMusicStart();
   Music.CheckMusicStop();
-  if (TheFlags.CallActive) return;
+  // A call may have begun in the fade of the music's stop, here or at the amplifier.
+  if (TheFlags.CallActive || !TheFlags.PriorityClear) return;
   if (TheFlags.CurrentMinute == "00:00") StartNewDay();
   if (!FindDueRow() || !RunsToday(ScheduleRow)) return;
   MarkFiringRow();
@@ -68,23 +67,6 @@ bool ScheduleTick::RunsToday(int row) const {
   std::string tested(FirstCharacters(mask, 5));
   tested += CharactersFrom(mask, 7, 2);
   return DayIsOn(tested, Clock.Now().Weekday);
-}
-
-ComingRow ScheduleTick::NextToday() const {
-  if (TheFlags.MessageAwaitingSongEnd) return {WaitingTime, CurrentMessageInfo};
-  const std::string now = MinuteText(Clock.Now());
-  std::string passed;  // a minute whose first row does not run today
-  for (int row = 1; row < Table.Rows(); ++row) {
-    const std::string time = TimeOf(Table, row);
-    const bool isOver = time < now || time == LastMinute || time == passed;
-    const bool neverComes = time > kLastMinuteOfDay;  // as of a file that could not be read
-    if (isOver || neverComes || Table.RowHeight(row) == 0) continue;
-    if (RunsToday(row)) {
-      return {Table.TextMatrix(row, kTimeColumn), Table.TextMatrix(row, kMessagesColumn)};
-    }
-    passed = time;
-  }
-  return {};
 }
 
 /// Wipes the marks of earlier rows, conflict marks included, down to the firing row, and leaves it

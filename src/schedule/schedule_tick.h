@@ -13,13 +13,6 @@
 
 namespace marlex {
 
-/// A row that has not fired yet: its time, with the mark of its mode, and its messages. Both empty
-/// for none.
-struct ComingRow {
-  std::string Time;
-  std::string Messages;
-};
-
 /// The heart of the schedule. Once a minute, in the first tick whose "HH:MM" is another than the
 /// last, it starts and stops the music, rebuilds the table at midnight, and hands the row of the
 /// minute to playback. A minute that is not seen is lost: there is no queue.
@@ -37,15 +30,13 @@ class ScheduleTick {
 
   void Tick();
 
-  /// The row that comes next today as things stand: the one that waits for the music break, else
-  /// the next that the tick will find and not pass over.
-  ComingRow NextToday() const;
+  /// Whether a row of the table has today's weekday on.
+  bool RunsToday(int row) const;
 
  private:
   bool AcceptMinute();
   void StartNewDay();
   bool FindDueRow();
-  bool RunsToday(int row) const;
   void MarkFiringRow();
   void PaintRow(int row, Color back, Color text);
   void Dispatch();

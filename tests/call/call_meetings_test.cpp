@@ -280,24 +280,6 @@ TEST(CallMeetsTakeover, AWholeCallAfterItBringsTheMusicBackThatTheFirstHadPaused
   EXPECT_EQ(desk.Alive(), kAllAlive);
 }
 
-TEST(CallMeetsReleases, ASecondOneInTheFadeBackIsTakenForThatOfTheNextCallsFade) {
-  CallDesk desk;
-  desk.PressAt(0);
-  desk.ReleaseAt(5000);
-  desk.ReleaseAt(6000);
-  desk.AdvanceTo(10'000);
-  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
-  desk.PressAt(10'000);
-  EXPECT_FALSE(desk.State().CallActive);
-  desk.ReleaseAt(11'000);
-  EXPECT_EQ(desk.Heard(), "silence");  // until the next call, message or play
-  desk.PressAt(12'000);
-  desk.ReleaseAt(16'000);
-  desk.AdvanceTo(20'000);
-  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
-  EXPECT_EQ(desk.Station(), "Call, lamps off");
-}
-
 /// The call with these statuses in its midst, one after the other, up to its end.
 void CallUnder(CallDesk& desk, int atMs, std::initializer_list<int> statuses) {
   desk.PressAt(0);
@@ -375,35 +357,6 @@ TEST(CallMeetsStatus, OfNoCallTheLampsOfASpeakerGoOutAndHeSpeaksOn) {
   EXPECT_EQ(desk.Station(), "Speak, lamps off, speaks");
 }
 
-/// A release in the fade at a call's end stays behind in its flag, and leaves the fade of the next
-/// row running by itself, under the message.
-void LeaveAFadeToItself(CallDesk& desk) {
-  desk.PressAt(0);
-  desk.ReleaseAt(2000);
-  desk.ReleaseAt(desk.Values().PostChime.empty() ? 2100 : 2900);
-  while (!desk.State().MessagePlaying) desk.Advance(1);
-  ASSERT_TRUE(desk.State().FadeRunning);
-  ASSERT_EQ(desk.Pc.Song.PlayState(), kPaused);
-  desk.MicrophoneOpened = false;
-}
-
-TEST(CallMeetsFade, OfSomebodyElseTheReleaseOfASpeakerClosesTheMicrophone) {
-  CallDesk desk({.Sequences = {{}}});
-  LeaveAFadeToItself(desk);
-  desk.Press("cmdCall");
-  desk.Advance(50);
-  EXPECT_TRUE(desk.Speaks());
-  ASSERT_TRUE(desk.State().FadeRunning);
-  desk.Release("cmdCall");
-  EXPECT_FALSE(desk.Speaks());
-  desk.Advance(5000);
-  EXPECT_FALSE(desk.State().CallActive);
-  EXPECT_EQ(desk.Station(), "Call, lamps off");
-  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
-  EXPECT_EQ(desk.Alive(), kAllAlive);
-  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
-}
-
 /// Something that waits on top of the press, as a box does, lets it go on only when all is over.
 TEST(CallMeetsWait, AboveItsPressTheWholeCallMayBeOverWhenThePressGoesOn) {
   for (const int boxMs : {100, 900}) {
@@ -421,31 +374,11 @@ TEST(CallMeetsWait, AboveItsPressTheWholeCallMayBeOverWhenThePressGoesOn) {
       desk.AdvanceTo(12'000);
       EXPECT_FALSE(desk.MicrophoneOpened) << takenOver;
       EXPECT_FALSE(desk.State().CallActive) << takenOver;
+      EXPECT_EQ(desk.Station(), "Call, lamps off") << takenOver;
+      EXPECT_FALSE(desk.Sys->TheFrmPlayers.tmrFlash.Enabled) << takenOver;
       EXPECT_EQ(desk.Pc.Loop.Waits(), 1) << takenOver;
     }
   }
-}
-
-TEST(CallMeetsReleases, ACallThatBeginsInTheFadeOfARepeatedReleaseClosesItsMicrophoneAtItsOwn) {
-  CallDesk desk({.FadeTime = "Slow", .PostChime = "gong"});
-  desk.Sys->TheFlags.WavFinished = true;  // as after any message
-  desk.PressAt(0);
-  desk.ReleaseAt(5000);
-  desk.ReleaseAt(5100);
-  while (desk.State().CallActive) desk.Advance(1);
-  ASSERT_TRUE(desk.State().FadeRunning);
-  desk.Advance(300);
-  desk.Press("cmdCall");
-  desk.Advance(4000);
-  EXPECT_TRUE(desk.Speaks());
-  EXPECT_TRUE(desk.State().CallActive);
-  desk.Release("cmdCall");
-  EXPECT_FALSE(desk.Speaks());
-  desk.Advance(10'000);
-  EXPECT_FALSE(desk.State().CallActive);
-  EXPECT_EQ(desk.Station(), "Call, lamps off");
-  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
-  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
 }  // namespace

@@ -338,6 +338,31 @@ TEST(CallSequence, AReleaseInTheSameInstantEndsItBeforeTheMicrophoneOpens) {
   }
 }
 
+/// Press, release and press, delivered in one instant: the first press has nothing of the second.
+TEST(CallSequence, APressBelongsToItsOwnCall) {
+  for (const char* chime : {"", "chime"}) {
+    CallDesk desk({.PreChime = chime}, kSilent);
+    desk.Do([&desk] {
+      desk.Pc.Loop.Post([&desk] { desk.Main().cmdCall.OnMouseUp(MouseButton::Left); });
+      desk.Pc.Loop.Post([&desk] { desk.Main().cmdCall.OnMouseDown(MouseButton::Left); });
+      desk.Main().cmdCall.OnMouseDown(MouseButton::Left);
+    });
+    for (int time = 1010; time < 4000; time += 60) {
+      desk.AdvanceTo(time);
+      ASSERT_EQ(desk.KeyWord(), "Speak") << time;
+      ASSERT_FALSE(desk.MuteCheck(desk.Sys->Mixer.MicLine)) << time;
+    }
+    desk.ReleaseAt(4000);
+    desk.AdvanceTo(6000);
+    const std::string played = *chime ? "0 wav play chime.wav\n" : "";
+    const std::string ended = *chime ? "1000 wav end chime.wav\n" : "";
+    EXPECT_EQ(desk.Journal(), "0 send 0\n" + played + "200 send 68\n" + ended + "4000 send 0\n");
+    EXPECT_EQ(desk.Station(), kRest);
+    EXPECT_EQ(desk.Alive(), kAllAlive);
+    EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+  }
+}
+
 struct Leaving {
   std::vector<int> ReleasesMs;
   int ExitMs;

@@ -33,7 +33,7 @@ std::string Now(const Desk& desk) {
 
 std::string Next(const Desk& desk) {
   const Glance glance = desk.Sys->ThePasserby.Look();
-  return glance.NextTime + "|" + glance.NextMessages;
+  return glance.Next.Time + "|" + glance.Next.Messages;
 }
 
 /// Rows at these minutes of an hour, each with messages named after its minute.
@@ -124,9 +124,9 @@ TEST(Glance, TellsARowOfThePresentMinuteUntilTheTickHasIt) {
   SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
   desk.Advance(SpotDesk::kDue - 1);
   EXPECT_EQ(Next(desk), "12:01  |at01");
-  desk.Sys->TheFrmPlayers.tmrMessage.Enabled = false;
+  desk.Press("cmdCall");
   desk.RunTo(12, 1, 30);
-  EXPECT_EQ(Next(desk), "12:01  |at01");
+  EXPECT_EQ(Next(desk), "12:01  |at01");  // should the call end in this minute
 }
 
 TEST(Glance, TellsTheRowThatWaitsForTheMusicBreak) {
@@ -182,13 +182,55 @@ TEST(Glance, PassesOverAMinuteWhoseFirstRowDoesNotRunToday) {
   EXPECT_NE(desk.Journal().find("at02"), std::string::npos);
 }
 
-TEST(Glance, PromisesNothingWhileTheEditorHoldsTheScheduleBack) {
+constexpr const char* kStopped = "|Schedule stopped";
+
+TEST(Glance, SaysThatTheScheduleStandsStillWhileTheEditorHoldsIt) {
   SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
   desk.Click("mnuSchedule");
-  EXPECT_EQ(Next(desk), "|");
+  EXPECT_EQ(Next(desk), kStopped);
   desk.Press("cmdCall");
   desk.Advance(kSpeakingMs);
   desk.Release("cmdCall");
+  desk.Advance(kSpeakingMs);
+  EXPECT_EQ(Next(desk), "12:02  |at02");
+}
+
+TEST(Glance, SaysThatTheScheduleStandsStillAfterACallThatWasTakenOver) {
+  SpotDesk desk({.Sequences = At("13", {"01"})});
+  desk.Press("cmdCall");
+  desk.Advance(kSpeakingMs);
+  EXPECT_EQ(Next(desk), "13:01  |at01");
+  desk.Status(128);
+  desk.Release("cmdCall");
+  desk.Status(0);
+  desk.Advance(1000);
+  EXPECT_EQ(Next(desk), kStopped);
+  desk.RunTo(13, 5);
+  EXPECT_EQ(desk.Journal().find("at01"), std::string::npos);
+  EXPECT_EQ(Next(desk), kStopped);
+  desk.Press("cmdCall");
+  desk.Advance(kSpeakingMs);
+  desk.Release("cmdCall");
+  desk.Advance(kSpeakingMs);
+  EXPECT_EQ(Next(desk), "|");  // none is left today
+}
+
+TEST(Glance, PromisesARowInAFadeAndInAMessageThoughTheTickIsOff) {
+  SpotDesk desk({.Sequences = At("12", {"01", "02"})});
+  for (const int ms : {SpotDesk::kDue + 100, SpotDesk::kFadedDown + 100}) {
+    desk.AdvanceTo(ms);
+    ASSERT_FALSE(desk.Sys->TheFrmPlayers.tmrMessage.Enabled);
+    EXPECT_EQ(Next(desk), "12:02  |at02") << ms;
+  }
+}
+
+TEST(Glance, PromisesNoRowThatWaitsForTheBreakOnceACallHasDroppedItsMessages) {
+  std::vector<Sequence> rows = At("12", {"01", "02"});
+  rows.front().Timer = "Between";
+  SpotDesk desk({.Sequences = rows});
+  desk.AdvanceTo(SpotDesk::kDue);
+  ASSERT_EQ(Next(desk), "12:01+|at01");
+  desk.Press("cmdCall");
   desk.Advance(kSpeakingMs);
   EXPECT_EQ(Next(desk), "12:02  |at02");
 }

@@ -37,11 +37,15 @@ void Recovery::Run() {
   ChooseDirectories();
   TheDesk.Status(0);
   EndWaits();
-  if (TheDesk.CallWasPressed) Call();
+  LetGoOfTheKey();
+  if (TickStandsStill()) Call();
   StopAndPlay();
   TheDesk.Advance(kSettleMs);
   while (!Announce(AwaitRow())) {
   }
+  if (!TheDesk.CallWasPressed) return;
+  Call();
+  RequireRestored();
 }
 
 void Recovery::Heal() {
@@ -122,18 +126,24 @@ void Recovery::EndWaits() {
   WatchedDesk::Require(TheDesk.Pc.Dialogs.OpenBoxCount() == 0, "A box does not close");
 }
 
-/// Releases of earlier calls that are still in their flags may swallow up to two presses: one in
-/// the fade, one in the chime.
-void Recovery::Call() {
-  constexpr int kTries = 3;
+void Recovery::LetGoOfTheKey() {
   WatchedDesk::Require(!TheDesk.State().CallActive || TheDesk.KeyHeld,
                        "A call has outlived its release");
   TheDesk.Do([this] { TheDesk.StrikeCallKey(1, false); });
   EndWaits();
-  for (int tries = 0; tries < kTries; ++tries) {
-    if (CallOnce()) return;
-  }
-  throw BrokenRule("No call comes through");
+}
+
+/// After a call that the amplifier has cut off it takes another one.
+bool Recovery::TickStandsStill() {
+  return !TheDesk.Sys->TheFrmPlayers.tmrMessage.Enabled && !TheDesk.State().MessageAwaitingSongEnd;
+}
+
+/// A press speaks, but for the first one with a pre-chime after calls without any before the first
+/// WAV of all: it is taken for released.
+void Recovery::Call() {
+  const bool isLost = TheDesk.State().CallEndedDuringChime && !TheDesk.Values().PreChime.empty();
+  if (isLost) CallOnce();
+  WatchedDesk::Require(CallOnce(), "No call comes through");
 }
 
 /// Presses, speaks for a while, and releases. False when the press has come to nothing.

@@ -9,8 +9,9 @@
 namespace marlex {
 
 /// Takes every fault away, answers every box, has the operator press Stop and Play once, and then
-/// asks for what the program is there for: that the next row is announced in full and the music
-/// comes back. Throws a BrokenRule when it is not.
+/// asks for what the program is there for: that the next row is announced in full, the music comes
+/// back, and the next call speaks. Throws a BrokenRule when one of them fails. Only where the
+/// amplifier has cut a call off, a whole call comes first.
 class Recovery {
  public:
   explicit Recovery(WatchedDesk& desk) : TheDesk(desk) {}
@@ -31,6 +32,8 @@ class Recovery {
   void ChooseDirectories();
   void ChooseDirectory(const std::string& browse, const std::string& directory);
   void EndWaits();
+  void LetGoOfTheKey();
+  bool TickStandsStill();
   void Call();
   bool CallOnce();
   void StopAndPlay();

@@ -72,6 +72,7 @@ void WatchedDesk::Check() {
     CheckPriority();
     CheckMixer();
     CheckMicrophone();
+    CheckLamps();
     CheckHeldCall();
     CheckPreview();
     CheckSave();
@@ -91,7 +92,6 @@ void WatchedDesk::Remember() {
   Before.Bytes = Pc.Serial.Sent().size();
   Before.Preempted = State().PriorityPreempted;
   Before.CallActive = State().CallActive;
-  Before.EndedInFade = State().CallEndedDuringFade;
   Before.MasterMuted = MuteCheck(0);
   Before.Awaiting = State().MessageAwaitingSongEnd;
   Before.Playing = State().MessagePlaying;
@@ -203,6 +203,12 @@ void WatchedDesk::CheckMicrophone() {
   Require(!State().PriorityPreempted, "The microphone is open under a takeover");
 }
 
+/// They flash while a call is prepared or ends, and for nothing else.
+void WatchedDesk::CheckLamps() {
+  Require(State().CallActive || !Sys->TheFrmPlayers.tmrFlash.Enabled,
+          "The lamps flash without a call");
+}
+
 /// A call whose release leaves its waits ends with them. What it only pumps for counts as no wait,
 /// and takes no time.
 void WatchedDesk::CheckHeldCall() {
@@ -257,7 +263,7 @@ void WatchedDesk::RememberCall() {
   CallOverMessage = flags.MessagePlaying && (CallOverMessage || CallStands);
   WavOfCall = Pc.Wav.Mode() == kWavePlaying &&
               (WavOfCall || flags.CallActive || takenOver || TickOffByCall);
-  FadeOfCall = flags.FadeRunning && (FadeOfCall || flags.CallEndedDuringFade || Before.EndedInFade);
+  FadeOfCall = flags.FadeRunning && (FadeOfCall || flags.CallEndedDuringFade);
 }
 
 /// Whoever, but a call or the editor, switches the tick off has just painted the row that fires.
@@ -265,6 +271,7 @@ void WatchedDesk::CheckFiringRow() {
   if (!Before.TickOn || Sys->TheFrmPlayers.tmrMessage.Enabled || TickOffByCall) return;
   if (EditorIsOpen() && !Before.EditorOpen) return;
   Require(!Before.CallActive, "A row fires under a call");
+  Require(State().PriorityClear || Before.PriorityClear, "A row fires under the amplifier's call");
   const int row = Sys->Tick.ScheduleRow;
   const Grid& table = Main().grdSchedule;
   if (row >= table.Rows() || CellColor(row, kMessagesColumn) != kNavy) return;  // built anew since
@@ -273,8 +280,8 @@ void WatchedDesk::CheckFiringRow() {
           "A row of another minute fires");
 }
 
-/// A tick that is on takes up each minute within a second of its beginning. Calls and the
-/// editor arm it anew at their end, though it may be on.
+/// A tick that is on takes up each minute within a second of its beginning, or of the end of a call
+/// or an announcement. Calls and the editor arm it again at their end, though it may be on.
 void WatchedDesk::CheckMinute() {
   constexpr int kPositionTimerMs = 100;  // the longest that nothing happens on a running machine
   constexpr int kTickMs = 1000;
@@ -284,7 +291,9 @@ void WatchedDesk::CheckMinute() {
   const bool stoodStill = NowMs() - CheckedAtMs > kPositionTimerMs;
   const bool tickOn = Sys->TheFrmPlayers.tmrMessage.Enabled;
   const bool armedAnew = Before.CallActive || Pc.Loop.Waits() < Before.WaitCount;
-  if (!tickOn || !Before.TickOn || jumped || stoodStill || armedAnew) SteadySinceMs = NowMs();
+  const bool looksAway = State().CallActive || State().MessagePlaying || Before.Playing;
+  if (looksAway || !tickOn || !Before.TickOn || jumped || stoodStill || armedAnew)
+    SteadySinceMs = NowMs();
   if (NowMs() - SteadySinceMs > kTickMs && now.Second > 1) {
     Require(Sys->Tick.LastMinute == MinuteText(now), "The tick misses a minute");
   }
@@ -325,25 +334,22 @@ bool WatchedDesk::IsDue(int row) {
          row == RowDueIn(Before.Table, weekday) || row == RowDueIn(Before.Table, Before.Weekday);
 }
 
-/// A minute that the tick accepts has its row fire, or has none. The row is sought behind the fade
-/// of the music's stop; another minute that comes in this fade takes the place of the first. Under
-/// a call, which the end of a song may switch the tick on for, and under an announcement, which the
-/// editor's closing may, a minute is lost. After a takeover a release that is still in its flag
-/// ends the fade of the row at once, and the row with it.
+/// A minute that the tick accepts has its row fire, or has none. The row is sought after the fade
+/// of the music's stop; another minute that comes in this fade takes the place of the first, and a
+/// call of the amplifier that begins in it loses the row.
 void WatchedDesk::CheckDueRow() {
   if (Sys->Tick.LastMinute != Before.LastMinute) {
     TickBegunInWaits.reset();
-    const bool listens = Before.PriorityClear && !Before.CallActive && !Before.Playing;
-    if (listens) TickBegunInWaits = Before.WaitCount;
+    Require(!Before.CallActive && !Before.Playing, "A minute is used up under a call or message");
+    if (Before.PriorityClear) TickBegunInWaits = Before.WaitCount;
   }
+  if (!State().PriorityClear) TickBegunInWaits.reset();
   if (!TickBegunInWaits) return;
   if (!Sys->TheFrmPlayers.tmrMessage.Enabled) {
     Require(IsDue(Sys->Tick.ScheduleRow), "Another row fires than the one that is due");
     ++Corners["a row that fires"];
   } else if (Pc.Loop.Waits() <= *TickBegunInWaits) {
-    const bool overAtOnce = State().PriorityPreempted && State().CallEndedDuringFade;
-    Require(IsDue(0) || (overAtOnce && IsDue(Sys->Tick.ScheduleRow)),
-            "A row that is due does not fire");
+    Require(IsDue(0), "A row that is due does not fire");
   } else {
     return;
   }

@@ -62,6 +62,7 @@ class WatchedDesk : public Desk {
   void CheckPriority();
   void CheckMixer();
   void CheckMicrophone();
+  void CheckLamps();
   void CheckHeldCall();
   void CheckTable();
   void CheckFiringRow();
@@ -147,7 +148,6 @@ class WatchedDesk : public Desk {
     std::size_t Lines = 0;
     bool Preempted = false;
     bool CallActive = false;
-    bool EndedInFade = false;
     bool MasterMuted = true;
     bool Awaiting = false;
     bool Fading = false;

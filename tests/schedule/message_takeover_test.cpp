@@ -259,13 +259,14 @@ TEST(MessageTakeover, TheRestOfALongListIsGoneThroughWithEmptyEntriesInNoTime) {
             "0 wav refuse \n");
 }
 
-TEST(MessageTakeover, ACallInTheRiseLetsItEndAndFindsTickAndKeysOff) {
+TEST(MessageTakeover, ACallInTheRiseEndsItAndFindsTickAndKeysAlive) {
   SpotDesk desk;
   desk.AdvanceTo(kInTheRise);
-  desk.Do([&] { desk.State().CallActive = true; });
-  desk.AdvanceTo(SpotDesk::kFadedUp);
-  EXPECT_EQ(desk.WaveSlider(), 20000);
+  desk.Press("cmdCall");
   EXPECT_EQ(desk.Alive(), "");
+  desk.AdvanceTo(SpotDesk::kFadedUp + 1000);
+  EXPECT_EQ(desk.Text("cmdCall"), "Speak");
+  EXPECT_EQ(desk.Alive(), "tick cmdPlay");  // the music is paused
 }
 
 TEST(MessageTakeover, ATakeoverOutranksACallThatItHasEnded) {

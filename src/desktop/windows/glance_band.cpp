@@ -52,9 +52,9 @@ GlanceBand::GlanceBand(QWidget& window)
 void GlanceBand::Paint(const Glance& glance) {
   if (glance == Painted) return;
   if (glance.What != Painted.What || glance.Name != Painted.Name) PaintOnAir(glance);
-  NextTime.setText(ShownText(glance.NextTime).trimmed());
-  NextMessages.setText(ShownText(glance.NextMessages));
-  NextBox.setVisible(!glance.NextTime.empty());
+  NextTime.setText(ShownText(glance.Next.Time).trimmed());
+  NextMessages.setText(ShownText(glance.Next.Messages));
+  NextBox.setVisible(glance.Next != ComingRow());
   Painted = glance;
 }
 
