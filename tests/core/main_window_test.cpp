@@ -147,6 +147,16 @@ TEST(MainWindow, APlaylistThatWasLoadedNamesItself) {
   EXPECT_EQ(desk.Text("frBGMusic"), "Background music playlist: Day.lst");
 }
 
+/// The name from the settings is English in every language.
+TEST(MainWindow, InAnotherLanguageOnlyAPlaylistThatWasLoadedIsNamedInIt) {
+  Desk loaded({.Music = {{"march"}}, .Language = "German"});
+  EXPECT_EQ(loaded.Text("frBGMusic"), "Playlist Hintergrundmusik: Day.lst");
+  Desk absent({.Music = {{"march"}}, .Language = "German"},
+              [](SimulatedPc& pc) { pc.Disk.Remove(Desk::kPlaylist); });
+  EXPECT_EQ(absent.Text("frBGMusic"), "Background music playlist:/app/Day ");
+  EXPECT_EQ(Desk({.Language = "German"}).Text("frBGMusic"), "Background music playlist:");
+}
+
 TEST(MainWindow, TheZonesBearTheirNames) {
   Desk desk;
   EXPECT_EQ(desk.Text("lblZoneName_0"), "Hall");

@@ -175,6 +175,27 @@ TEST(DirectoryPicker, ItsCloseIsItsOkSinceThereIsNoCancel) {
   EXPECT_EQ(desk.Values().MusicDirectory, "/music/advent/");
 }
 
+/// The songs come from the chosen directory, and the next browse begins in it; the file, and so the
+/// label of the next opening, keep the old one.
+TEST(DirectoryPicker, WhatItChoseStaysInMemoryWhenTheSettingsAreCancelled) {
+  SettingsDesk desk({.Music = {{"hymn"}}}, Shop);
+  desk.Open();
+  desk.Click("cmdBgBrowse");
+  desk.Choose(desk.DirSel().Dir1, "/music/Sundays");
+  desk.Click("cmdOK");      // of the picker
+  desk.Click("cmdCancel");  // of the settings
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Pc.Song.FileName(), "/music/Sundays/hymn.mp3");
+  desk.Open();
+  EXPECT_EQ(desk.Text("lblBGDir_Name"), "/music/");
+  desk.Click("cmdBgBrowse");
+  EXPECT_EQ(desk.DirSel().Dir1.Path(), "/music/Sundays");
+  desk.Click("cmdOK");
+  desk.Click("cmdCancel");
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Pc.Song.FileName(), "/music/Sundays/hymn.mp3");
+}
+
 TEST(DirectoryPicker, TheSettingsOkWritesWhatItChose) {
   Picking desk;
   desk.Click("cmdBgBrowse");

@@ -96,6 +96,29 @@ TEST(SettingsDialogLoad, AStoredChimeIsCheckedAndShown) {
   EXPECT_FALSE(desk.Visible("lblPreChime"));
 }
 
+/// A chime that was picked counts at once, without an OK; the next opening brings the file's back.
+TEST(SettingsDialogLoad, TheChimesOfTheFileCountAgainFromItsNextOpeningOn) {
+  SettingsDesk desk({.Messages = {{"welcome", 300}, {"closing", 200}}, .PreChime = "closing"});
+  desk.Pc.Journal.Only({"wav"});
+  const auto call = [&desk] {
+    desk.TakeJournal();
+    desk.Press("cmdCall");
+    desk.Advance(1000);
+    desk.Release("cmdCall");
+    desk.Advance(1000);
+    return desk.Journal();
+  };
+  desk.Open();
+  desk.Click("cmdPreSelect");
+  desk.Choose(desk.ChimeSelect().lstChimeList, "welcome.wav");
+  desk.Click("cmdOK");      // of the picker
+  desk.Click("cmdCancel");  // of the settings
+  EXPECT_EQ(call(), "0 wav play welcome.wav\n300 wav end welcome.wav\n");
+  desk.Open();
+  desk.Click("cmdCancel");
+  EXPECT_EQ(call(), "0 wav play closing.wav\n200 wav end closing.wav\n");
+}
+
 TEST(SettingsDialogLoad, WithoutAMessageDirectoryThereIsNoChimeToPick) {
   SettingsDesk without({}, With("Selected paths", "Message directory", ""));
   without.Open();

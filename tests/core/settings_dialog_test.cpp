@@ -310,6 +310,23 @@ TEST(SettingsDialog, AChimeThatIsNotCheckedIsEmptied) {
   EXPECT_EQ(desk.Setting("Chime selection", "PostChime"), "dong");
 }
 
+TEST(SettingsDialog, ACallAfterThePostChimeWasUncheckedEndsWithoutOne) {
+  SettingsDesk desk(
+      {.Messages = {{"ding", 300}, {"dong", 200}}, .PreChime = "ding", .PostChime = "dong"});
+  desk.Open();
+  desk.Click("chkPostChime");
+  desk.Click("cmdOK");
+  EXPECT_EQ(desk.Setting("Chime selection", "PostChime"), "");
+  EXPECT_EQ(desk.Setting("Chime selection", "PreChime"), "ding");
+  desk.Pc.Journal.Only({"wav"});
+  desk.TakeJournal();
+  desk.Press("cmdCall");
+  desk.Advance(1000);
+  desk.Release("cmdCall");
+  desk.Advance(1000);
+  EXPECT_EQ(desk.Journal(), "0 wav play ding.wav\n300 wav end ding.wav\n");
+}
+
 TEST(SettingsDialog, ACheckWithNothingPickedWritesAnEmptyChime) {
   SettingsDesk desk({}, [](SimulatedPc& pc) {
     std::string ini = *pc.Disk.Read(Desk::kIni);

@@ -41,6 +41,37 @@ TEST(MessagePreview, PlaysTheSequenceOnceAtTheMessagesLevelAndSendsNothing) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
+/// The lines are muted from the program's start on.
+TEST(MessagePreview, OpensTheMasterAndTheLineOnceTheMessagePlays) {
+  PreviewDesk desk;
+  desk.Pc.Journal.Only({"wav", "mixer"});
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Journal(),
+            "0 mixer volume wave 55535 55535\n0 wav play welcome.wav\n"
+            "0 mixer mute speakers 0\n0 mixer mute wave 0\n");
+}
+
+/// The speech had muted the line, and the takeover of it the master.
+TEST(MessagePreview, OpensTheLineThatACallTakenOverHasLeftMuted) {
+  PreviewDesk desk;
+  desk.Press("cmdCall");
+  desk.Status(128);
+  desk.Release("cmdCall");
+  desk.Status(0);
+  ASSERT_TRUE(desk.MuteCheck(desk.Sys->Mixer.WaveLine));
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+}
+
+/// The line of a microphone that is not there has the number of the master.
+TEST(MessagePreview, WithoutAMicrophoneItMutesNothing) {
+  PreviewDesk desk(false, {.Microphone = false});
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  desk.Advance(4000);
+  EXPECT_EQ(desk.Heard(), "wav closing.wav at 10000");
+}
+
 TEST(MessagePreview, AMessageThatWasAddedTwicePlaysTwice) {
   EditorDesk desk;
   desk.Add({"closing", "gong", "closing", "closing"});

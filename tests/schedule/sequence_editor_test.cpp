@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "i18n/with_texts.h"
 #include "schedule/editor_desk.h"
 
 namespace marlex {
@@ -23,6 +24,42 @@ TEST(SequenceEditor, OpensWithTheMessagesOfTheDirectoryAndNothingChosen) {
   EXPECT_EQ(desk.Text("cmdZone_0") + " " + desk.Text("cmdZone_1"), "Hall Yard");
   EXPECT_TRUE(desk.Enabled("mnuSave"));
   EXPECT_FALSE(desk.Sys->Editor.FunctionKeyMode);
+}
+
+TEST(SequenceEditor, TheIdsOfItsControlsStandInTheirTags) {
+  EditorDesk desk;
+  std::string tags;
+  for (Control* control : desk.Editor().Controls) {
+    const auto* visual = dynamic_cast<VisualControl*>(control);
+    if (visual && !visual->Tag.Get().empty())
+      tags += control->ObjectName() + " " + visual->Tag.Get() + "\n";
+  }
+  EXPECT_EQ(tags,
+            "frMessageSelection 350\nWavText 360\nLabel3 370\nLabel4 380\nPrevKey 230\n"
+            "RemoveKey 920\nRemAll_Key 930\nfrHours 400\nlblHours 38\nfrMinutes 410\n"
+            "lblMinutes 62\ncmdInterval 420\nfrInterval 32\nLabel1 34\nfrWeekDays 430\n"
+            "lblWeekdays 871\nfrMode 440\noptExact 450\noptBetween 460\n");
+}
+
+/// The function keys have no ids and stay English.
+TEST(SequenceEditor, SpeaksTheLanguageInEachOfItsTexts) {
+  EditorDesk desk({.Language = "German"});
+  std::string texts;
+  for (Control* control : desk.Editor().Controls) {
+    const auto* visual = dynamic_cast<VisualControl*>(control);
+    const bool menu = dynamic_cast<Menu*>(control) && control->Name != "mnuFKey";
+    if (visual && (menu || !visual->Tag.Get().empty()))
+      texts += control->Name + " " + visual->Caption.Get() + "\n";
+  }
+  EXPECT_EQ(desk.Text("mnuExit"), "Beenden");
+  EXPECT_EQ(
+      texts,
+      WithTexts(desk.Sys->Strings,
+                "frMessageSelection #350\nWavText #360\nLabel3 #370\nLabel4 #380\nPrevKey #230\n"
+                "RemoveKey #920\nRemAll_Key #930\nfrHours #400\nlblHours #38\nfrMinutes #410\n"
+                "lblMinutes #62\ncmdInterval #420\nfrInterval #32\nLabel1 #34\nfrWeekDays #430\n"
+                "lblWeekdays #871\nfrMode #440\noptExact #450\noptBetween #460\nmnuFile #270\n"
+                "mnuOpen #341\nmnuSave #342\nmnuExit #310\nmnuKey Function key\n"));
 }
 
 TEST(SequenceEditor, ShowsZonesWithTheRouterAlone) {

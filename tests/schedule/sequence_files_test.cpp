@@ -226,6 +226,16 @@ TEST(SequenceFiles, ClosingEmptiesTheListAndTheTableAndKeepsThePath) {
   EXPECT_THAT(OpenFiles(desk), IsEmpty());
 }
 
+TEST(SequenceFiles, ClosingEmptiesTheKeyInItsPlaceAndDeletesNothing) {
+  Desk desk(TwoFiles());
+  std::string expected = *desk.Pc.Disk.Read(Desk::kIni);
+  const std::string key = "Sequence list=";
+  const auto value = expected.find(key) + key.size();
+  expected.erase(value, expected.find('\r', value) - value);
+  desk.Click("mnuClose");
+  EXPECT_EQ(*desk.Pc.Disk.Read(Desk::kIni), expected);
+}
+
 TEST(SequenceFiles, ClosingBringsTheNormalHeightsBackAndKeepsTheFlagOfTheConflict) {
   DeskOptions options = TwoFiles();
   options.Sequences[0].Hours = "7";

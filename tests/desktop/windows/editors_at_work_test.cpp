@@ -53,6 +53,21 @@ TEST(EditorsAtWork, TwoQuickClicksOnAMessageAddItTwice) {
   EXPECT_EQ(desk.Editor.lblTotalTime.Caption.Get(), "3");
 }
 
+/// A call can be made at any moment.
+TEST(EditorsAtWork, TheMainWindowIsFreeUnderTheEditorOfMessages) {
+  MessagesAtWork desk(1);
+  QWidget& main = desk.Screen.Main();
+  auto& key = desk.Find<QPushButton>(main, "cmdCall2");
+  const QPoint there = key.mapTo(&main, key.rect().center());
+  QTest::mousePress(main.windowHandle(), Qt::LeftButton, {}, there);
+  desk.Settle();
+  EXPECT_TRUE(desk.Sys.TheFlags.CallActive);
+  QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, there);
+  desk.Settle();
+  EXPECT_FALSE(desk.Sys.TheFlags.CallActive);
+  EXPECT_TRUE(desk.Screen.ScheduleEditor().isVisible());
+}
+
 TEST(EditorsAtWork, TwoQuickTapsOnASongTakeItTwice) {
   WholeDesk desk;
   for (const char* song : {"music/march.mp3", "music/waltz.mp3"}) desk.Place.Write(song, "");
