@@ -288,16 +288,6 @@ TEST(MainWindow, ItsLoadEndsWithTheTickOnAndTheHeightOfTheWindow) {
   EXPECT_EQ(desk->Main().Height, 6525);
 }
 
-TEST(MainWindow, ItsLoadSwitchesTheTickOnWhoeverHadItOff) {
-  Desk desk;
-  desk.Do([&] {
-    desk.Main().Unload();
-    desk.Sys->TheFrmPlayers.tmrMessage.Enabled = false;
-    desk.Main().Show();
-  });
-  EXPECT_TRUE(desk.Sys->TheFrmPlayers.tmrMessage.Enabled);
-}
-
 TEST(MainWindow, TheFrameOfTheScheduleShowsTheTime) {
   Desk morning({.Now = {2024, 1, 1, 9, 4, 5}});
   morning.Advance(450);
