@@ -2,6 +2,10 @@
 
 #include <mpg123.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
 #include "desktop/sound/mp3_frames.h"
 #include "desktop/sound/sound_file.h"
 #include "desktop/sound/sound_format.h"
@@ -13,6 +17,8 @@ constexpr double kSlowestMp3 = 8000 / 8;          // bytes a second at the lowes
 constexpr double kFastestMp3 = 320000 / 8 * 1.1;  // and at the highest, with some room
 constexpr std::int64_t kScanLimit =
     64 * 1024 * 1024;  // bytes that are read through within some tens of milliseconds
+constexpr std::int64_t kTagRoom = 4096;  // bytes of tags behind the sound that a claim leaves out
+constexpr int kProof = 4;                // frames that a new rate must last to be no junk
 constexpr int kFruitlessReads = 100;  // calls without a sample after which a stream counts as over
 
 class Mp3Decoder : public Decoder {
@@ -25,13 +31,27 @@ class Mp3Decoder : public Decoder {
   int Read(float* stereo, int frames) override;
 
  private:
+  struct Run {
+    long Rate = 0;
+    int Frames = 0;  // of the stream, in a row
+    double Seconds = 0;
+  };
+
+  bool Begin();
   bool Prepare();
   bool TakeFormat();
-  void Measure(std::int64_t claimedFrames);
+  bool Measure(const Mp3Start& start);
+  bool IsClaimCredible(const Mp3Start& start) const;
+  bool CountSeconds();
+  int ReadFormat(float* stereo, int frames);
+  void AwaitProof();
 
   SoundFile File;
   mpg123_handle* Handle = nullptr;
   int FrameRate = kSampleRate;
+  bool FormatChanges = false;  // behind the last samples that were read
+  std::vector<float> Held;     // first samples of a format that has proved to be one
+  std::size_t HeldTaken = 0;   // of which these are given away
   double Length = 0;
 };
 
@@ -47,9 +67,14 @@ bool Mp3Decoder::Open(const std::string& path) {
   Mp3Start start;
   if (!File.Open(path) || !FindMp3Start(File, start)) return false;
   File.SetBase(start.FirstFrame);
-  if (!Prepare() || mpg123_open_handle(Handle, &File) != MPG123_OK || !TakeFormat()) return false;
-  Measure(start.ClaimedFrames);
-  return true;
+  return Begin() && Measure(start);
+}
+
+/// Puts a decoder in front of the first frame.
+bool Mp3Decoder::Begin() {
+  mpg123_delete(Handle);
+  File.Seek(0, SEEK_SET);
+  return Prepare() && mpg123_open_handle(Handle, &File) == MPG123_OK && TakeFormat();
 }
 
 bool Mp3Decoder::Prepare() {
@@ -77,33 +102,86 @@ bool Mp3Decoder::TakeFormat() {
   int encoding = 0;
   if (mpg123_getformat(Handle, &rate, &channels, &encoding) != MPG123_OK) return false;
   FrameRate = int(rate);
+  FormatChanges = false;
   return rate > 0 && channels == kChannels && encoding == MPG123_ENC_FLOAT_32;
 }
 
 /// Takes the length from the Xing or Info header if there is one that can be true; otherwise the
 /// file is read through, since a length by the first bitrate is wrong for every variable one.
-void Mp3Decoder::Measure(std::int64_t claimedFrames) {
-  const double bytes = double(File.Size());
-  const auto seconds = [this] {
-    return double(std::max<off_t>(0, mpg123_length(Handle))) / FrameRate;
-  };
-  Length = seconds();
-  const bool possible = Length <= bytes / kSlowestMp3 && Length >= bytes / kFastestMp3;
-  if ((claimedFrames > 0 && possible) || File.Size() > kScanLimit) return;
-  if (mpg123_scan(Handle) == MPG123_OK) Length = seconds();
+bool Mp3Decoder::Measure(const Mp3Start& start) {
+  Length = double(std::max<off_t>(0, mpg123_length(Handle))) / FrameRate;
+  if (IsClaimCredible(start) || File.Size() > kScanLimit) return true;
+  return CountSeconds();
+}
+
+/// Whether the header that claims the length was written for the whole file: others may have been
+/// appended, or its end may be missing.
+bool Mp3Decoder::IsClaimCredible(const Mp3Start& start) const {
+  const std::int64_t bytes = File.Size() - start.FirstFrame;
+  if (start.ClaimedBytes > 0 && std::abs(bytes - start.ClaimedBytes) > kTagRoom) return false;
+  return start.ClaimedFrames > 0 && Length <= double(bytes) / kSlowestMp3 &&
+         Length >= double(bytes) / kFastestMp3;
+}
+
+/// Adds up all frames, each of which may have a rate of its own, and begins again. Deliberate: a
+/// rate that lasts for a few frames only does not count, since `AwaitProof` drops it.
+bool Mp3Decoder::CountSeconds() {
+  Length = 0;
+  Run run;
+  for (int result = MPG123_OK; result == MPG123_OK || result == MPG123_NEW_FORMAT;) {
+    mpg123_frameinfo frame = {};
+    if (mpg123_info(Handle, &frame) != MPG123_OK || frame.rate <= 0) break;
+    if (frame.rate != run.Rate) {
+      if (run.Frames >= kProof) Length += run.Seconds;
+      run = {frame.rate, 0, 0};
+    }
+    ++run.Frames;
+    run.Seconds += double(mpg123_spf(Handle)) / double(frame.rate);
+    result = mpg123_framebyframe_next(Handle);
+  }
+  Length += run.Seconds;
+  return Begin();
 }
 
 int Mp3Decoder::Read(float* stereo, int frames) {
+  if (HeldTaken == Held.size()) {
+    const int count = FormatChanges ? 0 : ReadFormat(stereo, frames);
+    if (count > 0 || !FormatChanges) return count;
+    AwaitProof();
+  }
+  const size_t count = std::min(size_t(frames) * kChannels, Held.size() - HeldTaken);
+  std::copy_n(Held.begin() + std::ptrdiff_t(HeldTaken), count, stereo);
+  HeldTaken += count;
+  return int(count / kChannels);
+}
+
+/// Reads samples of one format, up to a change, which comes with its last ones or with none.
+int Mp3Decoder::ReadFormat(float* stereo, int frames) {
   constexpr size_t kFrameBytes = kChannels * sizeof(float);
   for (int fruitless = 0; fruitless < kFruitlessReads; ++fruitless) {
     size_t bytes = 0;
     const int result = mpg123_read(Handle, stereo, size_t(frames) * kFrameBytes, &bytes);
-    // A new format is told with the last samples of the former one, or with none.
-    if (bytes > 0) return int(bytes / kFrameBytes);
-    if (result == MPG123_NEW_FORMAT && TakeFormat()) continue;
-    if (result == MPG123_DONE) return 0;
+    FormatChanges = result == MPG123_NEW_FORMAT;
+    if (bytes > 0 || FormatChanges || result == MPG123_DONE) return int(bytes / kFrameBytes);
   }
   return 0;
+}
+
+/// Holds the first frames of a new format, and drops them if it changes again before they are
+/// complete: that was junk which looks like a frame.
+void Mp3Decoder::AwaitProof() {
+  int held = 0;
+  int wanted = 1;
+  while (held < wanted && FormatChanges && TakeFormat()) {
+    wanted = kProof * mpg123_spf(Handle);
+    held = 0;
+    Held.resize(std::size_t(wanted) * kChannels);
+    for (int count = 1; count > 0 && held < wanted && !FormatChanges; held += count) {
+      count = ReadFormat(&Held[std::size_t(held) * kChannels], wanted - held);
+    }
+  }
+  Held.resize(std::size_t(held) * kChannels);
+  HeldTaken = 0;
 }
 
 }  // namespace

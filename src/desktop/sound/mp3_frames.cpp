@@ -16,9 +16,10 @@ constexpr std::int64_t kSearch =
     1024 * 1024;  // bytes of junk that may stand before the first frame
 constexpr std::int64_t kChainRoom = 16 * 1024;  // more than the longest chain takes
 constexpr int kTagHeader = 10;                  // bytes of an ID3v2 header
+constexpr int kLongestFree = 3456;              // bytes of a frame of the free format
 
-/// Kilobits a second of layer III by the header's bitrate index; 0 is the free format, which is not
-/// supported.
+/// Kilobits a second of layer III by the header's bitrate index; 0 is the free format, whose frames
+/// do not tell their length.
 constexpr std::array<int, 15> kBitrates1 = {0,   32,  40,  48,  56,  64,  80, 96,
                                             112, 128, 160, 192, 224, 256, 320};
 constexpr std::array<int, 15> kBitrates2 = {0,  8,  16, 24,  32,  40,  48, 56,
@@ -30,7 +31,8 @@ using Bytes = std::vector<std::uint8_t>;
 struct Frame {
   std::uint8_t Kind = 0;  // version, layer and protection bits
   std::uint8_t RateIndex = 0;
-  int Length = 0;    // bytes
+  bool Free = false;
+  int Length = 0;    // bytes; in the free format its padding alone
   int SideInfo = 0;  // bytes between header and a Xing header
 };
 
@@ -41,7 +43,7 @@ std::optional<Frame> ReadHeader(const std::uint8_t* b) {
   const int bitrateIndex = b[2] >> 4;
   const int rateIndex = b[2] >> 2 & 3;
   if (b[0] != 0xFF || (b[1] & 0xE0) != 0xE0 || version == 1 || layer != 1) return {};
-  if (bitrateIndex == 0 || bitrateIndex == 15 || rateIndex == 3) return {};
+  if (bitrateIndex == 15 || rateIndex == 3) return {};
   const bool first = version == 3;
   const bool mono = b[3] >> 6 == 3;
   const int rate = kRates1[std::size_t(rateIndex)] / (first ? 1 : version == 2 ? 2 : 4);
@@ -49,6 +51,7 @@ std::optional<Frame> ReadHeader(const std::uint8_t* b) {
   Frame frame;
   frame.Kind = b[1] & 0xFE;
   frame.RateIndex = std::uint8_t(rateIndex);
+  frame.Free = bitrateIndex == 0;
   frame.Length = (first ? 144 : 72) * bitrate / rate + (b[2] >> 1 & 1);
   frame.SideInfo = first ? (mono ? 17 : 32) : (mono ? 9 : 17);
   return frame;
@@ -75,31 +78,56 @@ std::int64_t BehindTags(SoundFile& file) {
   }
 }
 
-/// Whether frames of one kind stand in a chain from `at` on. A file that ends within the chain
-/// passes if it ends with a frame, with a tag, or within the second or a later frame.
-bool IsChain(const Bytes& bytes, std::size_t at) {
+/// Whether frames of one kind stand in a chain from `at` on, those of the free format `freeLength`
+/// bytes from each other. A file that ends within the chain passes if it ends with a frame, with a
+/// tag, or within the second or a later frame; where the length is a guess, behind the second.
+bool IsChain(const Bytes& bytes, std::size_t at, int freeLength) {
   const auto first = ReadHeader(&bytes[at]);
   if (!first) return false;
+  const int least = first->Free ? 2 : 1;
   for (int count = 0; count < kChain; ++count) {
-    if (at + kHeaderBytes > bytes.size()) return count > 0 && (at == bytes.size() || count > 1);
+    if (at + kHeaderBytes > bytes.size())
+      return count >= least && (at == bytes.size() || count > 1);
     if (std::memcmp(&bytes[at], "TAG", 3) == 0 || std::memcmp(&bytes[at], "APE", 3) == 0)
-      return count > 0;
+      return count >= least;
     const auto frame = ReadHeader(&bytes[at]);
-    if (!frame || frame->Kind != first->Kind || frame->RateIndex != first->RateIndex) return false;
-    at += std::size_t(frame->Length);
+    if (!frame || frame->Kind != first->Kind || frame->RateIndex != first->RateIndex ||
+        frame->Free != first->Free)
+      return false;
+    at += std::size_t(frame->Length + freeLength);
   }
   return true;
 }
 
-/// Frames that the Xing or Info header in the frame at `at` claims; 0 without one.
-std::int64_t ClaimedFrames(const Bytes& bytes, std::size_t at) {
+/// Whether a stream begins at `at`. In the free format all frames have one length, which the second
+/// one shows.
+bool IsStream(const Bytes& bytes, std::size_t at) {
+  const auto first = ReadHeader(&bytes[at]);
+  if (!first) return false;
+  if (!first->Free) return IsChain(bytes, at, 0);
+  for (int length = kHeaderBytes + first->SideInfo; length <= kLongestFree; ++length) {
+    if (IsChain(bytes, at, length)) return true;
+  }
+  return false;
+}
+
+std::int64_t NumberAt(const Bytes& bytes, std::size_t at) {
+  if (at + 4 > bytes.size()) return 0;
+  std::int64_t number = 0;
+  for (std::size_t i = 0; i < 4; ++i) number = number << 8 | bytes[at + i];
+  return number;
+}
+
+/// Takes what the Xing or Info header in the frame at `at` claims, if there is one: behind its name
+/// and its flags stand the frames, then the bytes, each if its flag is set.
+void TakeClaims(const Bytes& bytes, std::size_t at, Mp3Start& start) {
   const std::size_t tag = at + kHeaderBytes + std::size_t(ReadHeader(&bytes[at])->SideInfo);
-  if (tag + 12 > bytes.size()) return 0;
+  if (tag + 8 > bytes.size()) return;
   const std::string_view name(reinterpret_cast<const char*>(&bytes[tag]), 4);
-  if ((name != "Xing" && name != "Info") || (bytes[tag + 7] & 1) == 0) return 0;
-  std::int64_t frames = 0;
-  for (std::size_t i = 8; i < 12; ++i) frames = frames << 8 | bytes[tag + i];
-  return frames;
+  if (name != "Xing" && name != "Info") return;
+  const std::int64_t flags = NumberAt(bytes, tag + 4);
+  if (flags & 1) start.ClaimedFrames = NumberAt(bytes, tag + 8);
+  if (flags & 2) start.ClaimedBytes = NumberAt(bytes, tag + (flags & 1 ? 12 : 8));
 }
 
 /// Whether the file begins like one of another kind that may hold MPEG frames somewhere.
@@ -122,9 +150,9 @@ bool FindMp3Start(SoundFile& file, Mp3Start& start) {
     const void* sync = std::memchr(&bytes[at], 0xFF, last - at);
     if (!sync) return false;
     at = std::size_t(static_cast<const std::uint8_t*>(sync) - bytes.data());
-    if (at + kHeaderBytes > bytes.size() || !IsChain(bytes, at)) continue;
+    if (at + kHeaderBytes > bytes.size() || !IsStream(bytes, at)) continue;
     start.FirstFrame = offset + std::int64_t(at);
-    start.ClaimedFrames = ClaimedFrames(bytes, at);
+    TakeClaims(bytes, at, start);
     return true;
   }
   return false;

@@ -10,6 +10,7 @@ namespace marlex {
 struct Mp3Start {
   std::int64_t FirstFrame = 0;     // offset of the first frame, behind an ID3 tag and junk
   std::int64_t ClaimedFrames = 0;  // of a Xing or Info header; 0 without one
+  std::int64_t ClaimedBytes = 0;   // of the same, from the first frame to the end of the last
 };
 
 /// Looks for the first frame of an MPEG layer III stream: a chain of frames of one kind, each where

@@ -2,21 +2,30 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "desktop/sound/media_files.h"
 #include "desktop/sound/rate_converter.h"
 
 namespace marlex {
 namespace {
 
-/// Seconds of sound that the file gives, at the engine's rate; -1 when it is refused.
+/// All that the file gives at the engine's rate.
+std::vector<float> Play(Decoder& decoder) {
+  std::vector<float> sound;
+  std::vector<float> block(2 * 4096);
+  while (const int count = decoder.Read(block.data(), 4096)) {
+    sound.insert(sound.end(), block.begin(), block.begin() + count * 2);
+  }
+  return sound;
+}
+
+/// Seconds of sound that the file gives; -1 when it is refused.
 double PlayedSeconds(const std::string& path) {
   auto decoder = OpenMp3(path);
   if (!decoder) return -1;
   RateConverter converter(std::move(decoder));
-  std::vector<float> block(2 * 4096);
-  long frames = 0;
-  while (const int count = converter.Read(block.data(), 4096)) frames += count;
-  return double(frames) / 44100;
+  return double(Play(converter).size()) / 2 / 44100;
 }
 
 double ToldSeconds(const std::string& path) {
@@ -84,6 +93,72 @@ TEST(Mp3Decoder, PlaysOnBehindJunkInMidFile) {
   }
   const std::string joined = files.Write("joined.mp3", bytes + second);
   EXPECT_NEAR(PlayedSeconds(joined), 8, 0.2);
+  EXPECT_NEAR(ToldSeconds(joined), 8, 0.2);
+}
+
+/// Waves of the left channel, and how many of them are not `frames` frames long, within 3 %.
+struct Waves {
+  int All = 0;
+  int Odd = 0;
+};
+
+Waves WavesOf(const std::vector<float>& sound, double frames) {
+  Waves waves;
+  double last = -1;
+  bool fell = false;  // far enough that the next rise is not the end of a fading tone
+  for (std::size_t i = 2; i < sound.size(); i += 2) {
+    fell = fell || sound[i] < -0.2;
+    if (!fell || sound[i] < 0) continue;
+    fell = false;
+    const double at = double(i) / 2 - sound[i] / (sound[i] - sound[i - 2]);
+    if (last >= 0) {
+      ++waves.All;
+      waves.Odd += std::fabs(at - last - frames) > 0.03 * frames;
+    }
+    last = at;
+  }
+  return waves;
+}
+
+TEST(Mp3Decoder, AChangeOfTheRateInMidFileKeepsPitchAndLength) {
+  MediaFiles files;
+  const auto tone = [&](int rate, const std::string& options) {
+    return MediaFiles::Read(files.Mp3("tone.mp3", 3, 0.5, rate, options));
+  };
+  for (const auto& [first, second] :
+       {std::pair(44100, 48000), {44100, 22050}, {22050, 44100}, {48000, 44100}}) {
+    for (const char* options : {"-b 128", "-b 128 -t", "-V 4 -t"}) {
+      const std::string path =
+          files.Write("joined.mp3", tone(first, options) + tone(second, options));
+      auto decoder = OpenMp3(path);
+      ASSERT_NE(decoder, nullptr);
+      EXPECT_NEAR(decoder->Seconds(), 6, 0.15) << first << " " << second << options;
+      RateConverter converter(std::move(decoder));
+      const std::vector<float> sound = Play(converter);
+      EXPECT_NEAR(double(sound.size()) / 2 / 44100, 6, 0.15) << first << " " << second << options;
+      const Waves waves = WavesOf(sound, 100);  // 441 Hz
+      EXPECT_NEAR(waves.All, 2646, 15) << first << " " << second << options;
+      EXPECT_LE(waves.Odd, 3) << first << " " << second << options;
+    }
+  }
+}
+
+TEST(Mp3Decoder, TheFreeFormatPlaysAtEveryBitrate) {
+  MediaFiles files;
+  for (const char* options : {"-b 200", "-b 333", "-b 440 -t", "-b 640", "-b 97 -m m -t",
+                              "-b 100 --resample 22.05", "-b 33 --resample 8 -m m"}) {
+    const std::string song =
+        files.Mp3("free.mp3", 3, 0.5, 44100, std::string("--freeformat ") + options);
+    auto decoder = OpenMp3(song);
+    ASSERT_NE(decoder, nullptr) << options;
+    EXPECT_NEAR(decoder->Seconds(), 3, 0.2) << options;
+    RateConverter converter(std::move(decoder));
+    const std::vector<float> sound = Play(converter);
+    EXPECT_NEAR(double(sound.size()) / 2 / 44100, 3, 0.2) << options;
+    const Waves waves = WavesOf(sound, 100);
+    EXPECT_NEAR(waves.All, 1323, 15) << options;
+    EXPECT_LE(waves.Odd, 3) << options;
+  }
 }
 
 TEST(Mp3Decoder, PlaysBehindTagsAndJunkAtTheBeginning) {
@@ -100,8 +175,9 @@ TEST(Mp3Decoder, PlaysBehindTagsAndJunkAtTheBeginning) {
 TEST(Mp3Decoder, ACutFilePlaysAsFarAsItGoes) {
   MediaFiles files;
   const std::string bytes = MediaFiles::Read(files.Mp3("song.mp3", 4));
-  EXPECT_NEAR(PlayedSeconds(files.Write("cut.mp3", bytes.substr(0, bytes.size() / 2 + 77))), 2,
-              0.2);
+  const std::string cut = files.Write("cut.mp3", bytes.substr(0, bytes.size() / 2 + 77));
+  EXPECT_NEAR(PlayedSeconds(cut), 2, 0.2);
+  EXPECT_NEAR(ToldSeconds(cut), 2, 0.2);
 }
 
 TEST(Mp3Decoder, RefusesWhatIsNoMp3) {
