@@ -75,11 +75,4 @@ off_t SoundFile::Seek(off_t offset, int whence) {
   return off_t(to - Base);
 }
 
-int SoundFile::Release() {
-  const int descriptor = Descriptor;
-  Descriptor = -1;
-  lseek(descriptor, 0, SEEK_SET);
-  return descriptor;
-}
-
 }  // namespace marlex

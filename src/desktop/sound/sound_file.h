@@ -32,9 +32,6 @@ class SoundFile {
   /// As `lseek`, counted from the base; -1 for a place before it.
   off_t Seek(off_t offset, int whence);
 
-  /// Gives the descriptor away, at the file's beginning; the caller closes it.
-  int Release();
-
  private:
   bool Refill();
 

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <vector>
 
-#include "desktop/sound/sound_file.h"
 #include "desktop/sound/sound_format.h"
+#include "desktop/sound/wav_channels.h"
+#include "desktop/sound/wav_file.h"
 
 namespace marlex {
 namespace {
@@ -30,26 +30,37 @@ class WavDecoder : public Decoder {
   int Read(float* stereo, int frames) override;
 
  private:
+  WavFile File;
   SNDFILE* Handle = nullptr;
   SF_INFO Info = {};
+  std::vector<ChannelShare> Shares;  // of each channel
   std::vector<float> Raw;
 };
 
-/// Whether the file begins as a WAV, so that no other reader of the library ever sees it.
-bool BeginsAsWav(SoundFile& file) {
-  char bytes[12];
-  if (file.Read(bytes, sizeof bytes) != sizeof bytes || std::memcmp(bytes + 8, "WAVE", 4) != 0)
-    return false;
-  return std::memcmp(bytes, "RIFF", 4) == 0 || std::memcmp(bytes, "RIFX", 4) == 0 ||
-         std::memcmp(bytes, "RF64", 4) == 0;
+WavFile& FileOf(void* file) { return *static_cast<WavFile*>(file); }
+
+SF_VIRTUAL_IO Reader() {
+  SF_VIRTUAL_IO reader = {};
+  reader.get_filelen = [](void* file) { return sf_count_t(FileOf(file).Size()); };
+  reader.seek = [](sf_count_t offset, int whence, void* file) {
+    return sf_count_t(FileOf(file).Seek(offset, whence));
+  };
+  reader.read = [](void* buffer, sf_count_t bytes, void* file) {
+    return sf_count_t(FileOf(file).Read(buffer, std::size_t(bytes)));
+  };
+  reader.tell = [](void* file) { return sf_count_t(FileOf(file).Seek(0, SEEK_CUR)); };
+  return reader;
 }
 
 bool WavDecoder::Open(const std::string& path) {
-  SoundFile file;
-  if (!file.Open(path) || !BeginsAsWav(file)) return false;
-  Handle = sf_open_fd(file.Release(), SFM_READ, &Info, SF_TRUE);
-  return Handle && Info.samplerate >= kLowestRate && Info.samplerate <= kHighestRate &&
-         Info.channels >= 1 && Info.channels <= kMostChannels && Info.frames >= 0;
+  if (!File.Open(path)) return false;
+  SF_VIRTUAL_IO reader = Reader();
+  Handle = sf_open_virtual(&reader, SFM_READ, &Info, &File);
+  if (!Handle || Info.samplerate < kLowestRate || Info.samplerate > kHighestRate ||
+      Info.channels < 1 || Info.channels > kMostChannels || Info.frames < 0)
+    return false;
+  Shares = SharesOf(Handle, Info.channels);
+  return true;
 }
 
 /// A number of a floating-point file as a sample: damaged ones are silence.
@@ -61,10 +72,14 @@ int WavDecoder::Read(float* stereo, int frames) {
   const std::size_t channels = std::size_t(Info.channels);
   Raw.resize(std::size_t(frames) * channels);
   const int count = int(std::max<sf_count_t>(0, sf_readf_float(Handle, Raw.data(), frames)));
-  const std::size_t right = channels > 1 ? 1 : 0;
-  for (std::size_t i = 0; i < std::size_t(count); ++i) {
-    stereo[i * kChannels] = Clean(Raw[i * channels]);
-    stereo[i * kChannels + 1] = Clean(Raw[i * channels + right]);
+  std::fill_n(stereo, std::size_t(count) * kChannels, 0.0f);
+  const float* sample = Raw.data();
+  for (int i = 0; i < count; ++i, stereo += kChannels) {
+    for (const ChannelShare& share : Shares) {
+      const float clean = Clean(*sample++);
+      stereo[0] += clean * share.Left;
+      stereo[1] += clean * share.Right;
+    }
   }
   return count;
 }

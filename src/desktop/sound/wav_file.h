@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+
+#include "desktop/sound/sound_file.h"
+
+namespace marlex {
+
+/// The bytes of a WAV file as a reader of such files expects them. A recorder writes the size of
+/// its sound last: where that never happened, the size reads as what is there, and not as 0.
+class WavFile {
+ public:
+  /// False for what is no readable regular file that begins as a WAV, so that no other reader of a
+  /// library ever sees it. The reading position is then the beginning.
+  bool Open(const std::string& path);
+
+  std::int64_t Size() const { return File.Size(); }
+
+  /// As those of `SoundFile`.
+  ssize_t Read(void* buffer, std::size_t bytes);
+  off_t Seek(off_t offset, int whence) { return File.Seek(offset, whence); }
+
+ private:
+  static constexpr std::size_t kSizeBytes = 4;
+
+  bool ReadAt(std::int64_t offset, void* buffer, std::size_t bytes);
+  std::uint32_t SizeAt(std::int64_t offset);
+  std::int64_t FindData();
+  bool IsChunks(std::int64_t offset);
+  void SetDataSize(std::int64_t offset);
+
+  SoundFile File;
+  bool BigEndian = false;
+  std::int64_t DataSizeAt = -1;  // place of the size that is replaced; -1 for none
+  std::array<char, kSizeBytes> DataSize = {};
+};
+
+}  // namespace marlex
