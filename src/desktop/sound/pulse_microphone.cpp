@@ -51,10 +51,12 @@ PulseMicrophone::~PulseMicrophone() {
   SetWatch(false);
 }
 
-/// An open microphone that is muted closes itself when its sound has faded out.
+/// An open microphone that is muted closes itself when its sound has faded out; one that is unmuted
+/// before that stays open.
 void PulseMicrophone::Follow() {
   const bool wanted = !Line.Muted();
   if (wanted && !Capture) Open();
+  if (wanted && !Watch) SetWatch(true);
   if (!wanted) SetWatch(false);
   if (!wanted && Capture && (!Flowing || SteadyUs() - LastBlockUs > kMuteUs)) Close();
 }
@@ -63,7 +65,6 @@ void PulseMicrophone::Open() {
   Flowing = false;
   LastBlockUs = SteadyUs();
   Path.Begin();
-  SetWatch(true);
   if (!OpenPlayback() || !OpenCapture()) Lost();
 }
 
