@@ -20,13 +20,27 @@ snd_mixer_elem_t* FindMaster(snd_mixer_t* mixer) {
   return snd_mixer_find_selem(mixer, id);
 }
 
+std::string CardOf(snd_mixer_t* mixer, const std::string& device) {
+  snd_hctl_t* door = nullptr;
+  snd_ctl_card_info_t* info = nullptr;
+  snd_ctl_card_info_alloca(&info);
+  if (snd_mixer_get_hctl(mixer, device.c_str(), &door) < 0) return "";
+  return snd_ctl_card_info(snd_hctl_ctl(door), info) < 0 ? "" : snd_ctl_card_info_get_name(info);
+}
+
+/// A server that is away would fill the log with one line for each try. The library has one place
+/// for this in the whole program.
+void SayNothing(const char*, int, const char*, int, const char*, ...) {}
+
 }  // namespace
 
-std::unique_ptr<AlsaMaster> AlsaMaster::Open(const std::string& device) {
+std::unique_ptr<AlsaMaster> AlsaMaster::Open(const std::string& device, const std::string& card) {
+  snd_lib_error_set_handler(SayNothing);
   snd_mixer_t* opened = nullptr;
   if (snd_mixer_open(&opened, 0) < 0) return nullptr;
   Handle mixer(opened);
   if (snd_mixer_attach(opened, device.c_str()) < 0) return nullptr;
+  if (!card.empty() && CardOf(opened, device) != card) return nullptr;
   if (snd_mixer_selem_register(opened, nullptr, nullptr) < 0) return nullptr;
   if (snd_mixer_load(opened) < 0) return nullptr;
   snd_mixer_elem_t* master = FindMaster(opened);
@@ -52,12 +66,6 @@ CardState AlsaMaster::Read() const {
     snd_mixer_selem_get_playback_switch(Master, kLeft, &sounds);
   }
   return {{FromCard(left), FromCard(right)}, sounds == 0};
-}
-
-bool AlsaMaster::Apply(const CardWish& wish) {
-  if (wish.Muted == true && !SetMute(true)) return false;
-  if (wish.Level && !SetLevel(*wish.Level)) return false;
-  return wish.Muted != false || SetMute(false);
 }
 
 /// A master with one volume for all channels gets the louder one, and the balance is lost.

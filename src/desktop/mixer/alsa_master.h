@@ -1,35 +1,25 @@
 #pragma once
 
 #include <alsa/asoundlib.h>
-#include <poll.h>
 
-#include <memory>
 #include <string>
-#include <vector>
 
-#include "desktop/mixer/card_master.h"
+#include "desktop/mixer/master_device.h"
 
 namespace marlex {
 
-/// The simple control "Master" of an ALSA mixer device. Every call may block: a device may be a
-/// sound server, and one that hangs keeps its callers waiting until it goes on (measured: a set
-/// took 2.96 s of a server that was stopped for 3 s). So it is used on a thread of its own.
-class AlsaMaster {
+/// The simple control "Master" of an ALSA mixer device. A device may be a sound server, and one
+/// that hangs keeps its callers waiting until it goes on (measured: a set took 2.96 s of a server
+/// that was stopped for 3 s).
+class AlsaMaster : public MasterDevice {
  public:
-  /// Null when the device does not answer or has no master with a volume.
-  static std::unique_ptr<AlsaMaster> Open(const std::string& device);
+  /// Null when the device does not answer or has no master with a volume, and when it is not that
+  /// of `card`, unless that is empty: a number may have passed to another card.
+  static std::unique_ptr<AlsaMaster> Open(const std::string& device, const std::string& card = "");
 
-  CardState Read() const;
-
-  /// Sets what is wished, the mute first when it closes and last when it opens. False when the
-  /// device is lost.
-  bool Apply(const CardWish& wish);
-
-  /// What becomes readable when something has happened at the device.
-  void AppendDescriptors(std::vector<pollfd>& descriptors) const;
-
-  /// Takes what has happened. False when the device is lost.
-  bool HandleEvents();
+  CardState Read() const override;
+  void AppendDescriptors(std::vector<pollfd>& descriptors) const override;
+  bool HandleEvents() override;
 
  private:
   struct Closer {
@@ -38,8 +28,8 @@ class AlsaMaster {
   using Handle = std::unique_ptr<snd_mixer_t, Closer>;
 
   AlsaMaster(Handle mixer, snd_mixer_elem_t* master);
-  bool SetLevel(StereoLevel level);
-  bool SetMute(bool muted);
+  bool SetLevel(StereoLevel level) override;
+  bool SetMute(bool muted) override;
   long ToCard(int level) const;
   int FromCard(long volume) const;
 

@@ -66,17 +66,26 @@ void AlsaDevice::SetReady(int frames) {
   snd_pcm_sw_params(Handle, software);
 }
 
-std::string AlsaDevice::CardName() const {
+/// Below 0 for a device that is no card.
+int AlsaDevice::CardNumber() const {
   snd_pcm_info_t* info = nullptr;
   snd_pcm_info_alloca(&info);
+  return snd_pcm_info(Handle, info) == 0 ? snd_pcm_info_get_card(info) : -1;
+}
+
+std::string AlsaDevice::CardName() const {
   char* text = nullptr;
-  if (snd_pcm_info(Handle, info) == 0 && snd_pcm_info_get_card(info) >= 0 &&
-      snd_card_get_name(snd_pcm_info_get_card(info), &text) == 0) {
-    const std::string name = text;
-    std::free(text);
-    return name;
-  }
-  return snd_pcm_name(Handle);
+  const int card = CardNumber();
+  if (card < 0 || snd_card_get_name(card, &text) != 0) return snd_pcm_name(Handle);
+  const std::string name = text;
+  std::free(text);
+  return name;
+}
+
+CardAddress AlsaDevice::Address() const {
+  const int card = CardNumber();
+  if (card < 0) return {"", snd_pcm_name(Handle), ""};
+  return {"", "hw:" + std::to_string(card), CardName()};
 }
 
 /// The library's own wait never ends when a device wakes it for nothing, as one does that is there

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "desktop/sound/card_address.h"
+
 namespace marlex {
 
 /// One direction of an ALSA device: stereo, 44100 frames a second, floating point or 16 bits,
@@ -25,6 +27,10 @@ class AlsaDevice {
   /// Name of the card behind the device, for the operator and to know it again; that of the device
   /// when it has none.
   std::string CardName() const;
+
+  /// Where the mixer of the card behind the device is found; of a device without a card, by the
+  /// same name.
+  CardAddress Address() const;
 
   /// Frames in which the device works, and that it holds, as it was opened.
   int PieceFrames() const { return Piece; }
@@ -49,6 +55,7 @@ class AlsaDevice {
   bool Start();
 
  private:
+  int CardNumber() const;
   bool Configure(int pieceMs, int bufferMs);
   bool AwaitSign(int limitMs);
   bool Recover(long error) { return snd_pcm_recover(Handle, int(error), 1) == 0; }

@@ -22,6 +22,7 @@ SoundDevice FindCardDevice(const std::string& name, const MicrophoneLines& lines
   auto device = OpenCard(name, SND_PCM_STREAM_PLAYBACK);
   if (!device) return found;
   found.CardName = device->CardName();
+  found.Address = [address = device->Address()] { return address; };
   found.HasMicrophone = OpenCard(name, SND_PCM_STREAM_CAPTURE) != nullptr;
   found.Output = std::make_unique<AlsaOutput>(std::move(device), name, lines);
   found.Reopen = [name, lines, card = found.CardName]() -> std::unique_ptr<SoundOutput> {

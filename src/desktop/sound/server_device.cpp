@@ -1,24 +1,55 @@
+#include <mutex>
+
 #include "desktop/sound/pulse_output.h"
 #include "desktop/sound/sound_devices.h"
 
 namespace marlex {
 
+namespace {
+
+/// The card that was found, which the thread that opens it and the one of the mixer share.
+class FoundCard {
+ public:
+  explicit FoundCard(const PulseCard& card) : Card(card) {}
+
+  PulseCard Get() const {
+    const std::scoped_lock lock(Guard);
+    return Card;
+  }
+  void Set(const PulseCard& card) {
+    const std::scoped_lock lock(Guard);
+    Card = card;
+  }
+
+ private:
+  mutable std::mutex Guard;
+  PulseCard Card;
+};
+
+/// A server without a card pretends one until the first real card comes, which is then the one to
+/// stay with.
+std::unique_ptr<SoundOutput> OpenAgain(FoundCard& found, const MicrophoneLines& lines) {
+  auto server = PulseConnection::Connect();
+  if (!server) return nullptr;
+  PulseCard card = found.Get();
+  if (card.Dummy && !FindCard(*server, card)) return nullptr;
+  found.Set(card);
+  return PulseOutput::Open(std::move(server), card, lines, true);
+}
+
+}  // namespace
+
 SoundDevice FindServerDevice(const MicrophoneLines& lines) {
   SoundDevice device;
   auto connection = PulseConnection::ConnectAtStart();
-  PulseCard found;
-  if (!connection || !FindCard(*connection, found)) return device;
-  device.CardName = found.Description;
-  device.HasMicrophone = !found.Source.empty();
-  device.Output = PulseOutput::Open(std::move(connection), found, lines, false);
-  device.Reopen = [card = found, lines]() mutable -> std::unique_ptr<SoundOutput> {
-    auto server = PulseConnection::Connect();
-    if (!server) return nullptr;
-    // A server without a card pretends one until the first real card comes, which is then the one
-    // to stay with.
-    if (card.Dummy && !FindCard(*server, card)) return nullptr;
-    return PulseOutput::Open(std::move(server), card, lines, true);
-  };
+  PulseCard card;
+  if (!connection || !FindCard(*connection, card)) return device;
+  const auto found = std::make_shared<FoundCard>(card);
+  device.CardName = card.Description;
+  device.HasMicrophone = !card.Source.empty();
+  device.Address = [found] { return CardAddress{found->Get().Sink, "", ""}; };
+  device.Output = PulseOutput::Open(std::move(connection), card, lines, false);
+  device.Reopen = [found, lines] { return OpenAgain(*found, lines); };
   return device;
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "desktop/sound/card_address.h"
 #include "desktop/sound/sound_line.h"
 #include "desktop/sound/sound_output.h"
 
@@ -21,7 +22,8 @@ struct SoundDevice {
   bool HasMicrophone = false;
   std::unique_ptr<SoundOutput> Output;  // open; null when there is none
   std::function<std::unique_ptr<SoundOutput>()>
-      Reopen;  // the same card and no other; null while it is gone
+      Reopen;                            // the same card and no other; null while it is gone
+  std::function<CardAddress()> Address;  // for any thread
 };
 
 /// The default card of the session's sound server.

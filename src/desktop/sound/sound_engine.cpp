@@ -54,6 +54,7 @@ class SoundEngine::Body : public OutputSource {
   bool HasOutput = false;
   bool HasMicrophone = false;
   std::string CardName;
+  std::function<CardAddress()> Address;
   std::unique_ptr<EndReports> Reports;
   std::unique_ptr<OutputKeeper> Keeper;
 
@@ -83,6 +84,7 @@ void SoundEngine::Body::Open(const SoundOptions& options, const std::shared_ptr<
   HasOutput = device.Output != nullptr;
   HasMicrophone = HasOutput && device.HasMicrophone;
   CardName = device.CardName;
+  Address = device.Address;
   Keeper = std::make_unique<OutputKeeper>(*this);
   Keeper->Start(std::move(device.Output), std::move(device.Reopen));
   for (SoundLine* line : {&Master, &Wave, &Microphone}) line->OnChange = [this] { Wake(); };
@@ -147,6 +149,7 @@ SoundLine& SoundEngine::Microphone() { return Inside->Microphone; }
 bool SoundEngine::HasOutput() const { return Inside->HasOutput; }
 bool SoundEngine::HasMicrophone() const { return Inside->HasMicrophone; }
 std::string SoundEngine::CardName() const { return Inside->CardName; }
+std::function<CardAddress()> SoundEngine::Address() const { return Inside->Address; }
 bool SoundEngine::OutputAlive() const { return Inside->Keeper && Inside->Keeper->DeviceAlive(); }
 
 void SoundEngine::Render(float* stereo, int frames) {

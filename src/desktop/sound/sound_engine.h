@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "desktop/sound/card_address.h"
 #include "desktop/sound/sound_line.h"
 #include "desktop/sound/sound_stream.h"
 #include "platform/event_loop.h"
@@ -43,6 +44,11 @@ class SoundEngine {
   bool HasMicrophone() const;
   /// Name of the card for the operator, in UTF-8; empty without an output.
   std::string CardName() const;
+
+  /// Tells where the mixer of the card is found; null without an output. It may be called on any
+  /// thread, also after the engine. Its answer changes once at most: when a server that had no card
+  /// has got its first one.
+  std::function<CardAddress()> Address() const;
 
   /// The device is there now and takes samples; false while time goes by the timer.
   bool OutputAlive() const;

@@ -80,5 +80,51 @@ TEST_F(EngineMixerTest, LevelAndMuteAreAsSetWhenTheServerStartsAgain) {
   EXPECT_TRUE(Await([&] { return Engine->Master().Level() == StereoLevel{}; }));
 }
 
+/// The operator's headphones become the default output while the desk's card is away.
+TEST_F(EngineMixerTest, TheSpeakersAreTheOutputOfTheSoundAndNeverAnother) {
+  Set(kComponentSpeakers, kControlVolume, {20000, 20000});
+  ASSERT_TRUE(Await([&] { return Server.Level(0) == 20000; }));
+  Server.Ask("load-module module-null-sink sink_name=headphones");
+  Server.Ask("set-default-sink headphones");
+  Server.RemoveCard();
+  ASSERT_TRUE(Await([&] { return !Engine->OutputAlive(); }));
+  EXPECT_TRUE(Await([&] { return Engine->Master().Level() == StereoLevel{20000, 20000}; }));
+  Server.AddCard();
+  ASSERT_TRUE(Await([&] { return Engine->OutputAlive(); }));
+  EXPECT_TRUE(Await([&] { return Server.Level(0) == 20000; }));
+  Set(kComponentSpeakers, kControlVolume, {30000, 10000});
+  Set(kComponentSpeakers, kControlMute, {1});
+  EXPECT_TRUE(Await(
+      [&] { return Server.Level(0) == 30000 && Server.Level(1) == 10000 && Server.IsMuted(); }));
+  EXPECT_EQ(Server.Level(0, "headphones"), 65536);
+  EXPECT_FALSE(Server.IsMuted("headphones"));
+}
+
+/// A desk that was started before its card was plugged in.
+TEST_F(EngineMixerTest, TheFirstCardOfAServerThatHadNoneIsTheSpeakers) {
+  Mixer.reset();
+  Server.RemoveCard();
+  Server.Ask("load-module module-always-sink");
+  Engine = std::make_unique<SoundEngine>(Loop);
+  Mixer = MakeEngineMixer(Loop, *Engine);
+  ASSERT_EQ(Mixer->Open(0, Handle), kMixerNoError);
+  Set(kComponentSpeakers, kControlVolume, {20000, 20000});
+  ASSERT_TRUE(Await([&] { return Server.Level(0, "auto_null") == 20000; }));
+  Server.AddCard();
+  EXPECT_TRUE(Await([&] { return Server.Level(0) == 20000; }));
+}
+
+TEST_F(EngineMixerTest, WithoutAServerTheSpeakersAreThoseOfTheEnginesDevice) {
+  Server.Ask("load-module module-null-sink sink_name=other");
+  Mixer.reset();
+  Engine = std::make_unique<SoundEngine>(
+      Loop, SoundOptions{.UseServer = false, .CardDevice = "pulse:other"});
+  Mixer = MakeEngineMixer(Loop, *Engine);
+  ASSERT_EQ(Mixer->Open(0, Handle), kMixerNoError);
+  Set(kComponentSpeakers, kControlVolume, {20000, 20000});
+  EXPECT_TRUE(Await([&] { return Server.Level(0, "other") == 20000; }));
+  EXPECT_EQ(Server.Level(0), 65536);
+}
+
 }  // namespace
 }  // namespace marlex

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <sstream>
 #include <stdexcept>
 #include <thread>
 
@@ -88,15 +89,23 @@ std::string PrivateSoundServer::Ask(const std::string& arguments) const {
   return answer;
 }
 
-int PrivateSoundServer::Level(int channel) const {
-  const std::string answer = Ask("get-sink-volume card");
+void PrivateSoundServer::RemoveCard() const {
+  std::istringstream modules(Ask("list short modules"));
+  for (std::string module; std::getline(modules, module);) {
+    if (module.find("sink_name=card") == std::string::npos) continue;
+    Ask("unload-module " + module.substr(0, module.find('\t')));
+  }
+}
+
+int PrivateSoundServer::Level(int channel, const std::string& output) const {
+  const std::string answer = Ask("get-sink-volume " + output);
   const std::size_t place = answer.find(channel == 0 ? "front-left:" : "front-right:");
   if (place == std::string::npos) return -1;
   return std::atoi(answer.c_str() + answer.find(':', place) + 1);
 }
 
-bool PrivateSoundServer::IsMuted() const {
-  return Ask("get-sink-mute card").find("yes") != std::string::npos;
+bool PrivateSoundServer::IsMuted(const std::string& output) const {
+  return Ask("get-sink-mute " + output).find("yes") != std::string::npos;
 }
 
 }  // namespace marlex

@@ -31,10 +31,14 @@ class PrivateSoundServer {
   /// What `pactl` prints for these arguments.
   std::string Ask(const std::string& arguments) const;
 
-  /// Level of a channel (0 left, 1 right) of the output "card", in the server's steps (0 to 65536);
-  /// -1 when unknown.
-  int Level(int channel) const;
-  bool IsMuted() const;
+  /// Takes the output "card" away, and brings it back.
+  void RemoveCard() const;
+  void AddCard() const { Ask("load-module module-null-sink sink_name=card"); }
+
+  /// Level of a channel (0 left, 1 right) of an output, in the server's steps (0 to 65536); -1 when
+  /// unknown.
+  int Level(int channel, const std::string& output = "card") const;
+  bool IsMuted(const std::string& output = "card") const;
 
  private:
   std::string Directory;

@@ -1,4 +1,4 @@
-#include "desktop/mixer/alsa_card_master.h"
+#include "desktop/mixer/master_keeper.h"
 
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -11,8 +11,6 @@
 #include <mutex>
 #include <utility>
 #include <vector>
-
-#include "desktop/mixer/alsa_master.h"
 
 namespace marlex {
 
@@ -30,16 +28,12 @@ constexpr milliseconds kForever(-1);
 constexpr milliseconds kBetweenEvents =
     20ms;  // a device that reports without end keeps nobody busy
 
-/// A server that is away would fill the log with one line for each try. The library has one place
-/// for this in the whole program.
-void SayNothing(const char*, int, const char*, int, const char*, ...) {}
-
 }  // namespace
 
-class AlsaCardMaster::Worker {
+class MasterKeeper::Worker {
  public:
-  Worker(std::string device, std::function<void()> report)
-      : Device(std::move(device)),
+  Worker(OpenMaster open, std::function<void()> report)
+      : Open(std::move(open)),
         Waker(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
         Report(std::move(report)) {}
   ~Worker() { close(Waker); }
@@ -111,7 +105,7 @@ class AlsaCardMaster::Worker {
   /// Opens the device and serves it until it is lost or another order has come. False when there is
   /// no master.
   bool FollowMaster(std::uint64_t order) {
-    const std::unique_ptr<AlsaMaster> master = AlsaMaster::Open(Device);
+    const std::unique_ptr<MasterDevice> master = Open();
     if (!master) {
       Publish(std::nullopt);
       return false;
@@ -125,7 +119,7 @@ class AlsaCardMaster::Worker {
     return true;
   }
 
-  bool ApplyWish(AlsaMaster& master) {
+  bool ApplyWish(MasterDevice& master) {
     CardWish wish;
     {
       const std::lock_guard<std::mutex> lock(Guard);
@@ -141,7 +135,7 @@ class AlsaCardMaster::Worker {
 
   /// Sleeps until somebody wishes something or something happens at the card. False when it is
   /// lost.
-  bool AwaitEvents(AlsaMaster& master) {
+  bool AwaitEvents(MasterDevice& master) {
     std::vector<pollfd> descriptors = {{Waker, POLLIN, 0}};
     master.AppendDescriptors(descriptors);
     poll(descriptors.data(), descriptors.size(), -1);
@@ -178,14 +172,14 @@ class AlsaCardMaster::Worker {
     if (changed && Report) Report();
   }
 
-  const std::string Device;
+  const OpenMaster Open;
   const int Waker;
 
   std::atomic<bool> Wanted{true};
   std::atomic<bool> Quit{false};
   std::atomic<std::uint64_t> Orders{0};  // counts the changes of these two
 
-  std::mutex Guard;  // guards what stands below it; never held during a call of ALSA
+  std::mutex Guard;  // guards what stands below it; never held during a call of the device
   std::condition_variable Changed;
   std::function<void()> Report;  // null when nobody listens any more
   CardWish Wished;
@@ -195,19 +189,18 @@ class AlsaCardMaster::Worker {
   bool Ended = false;
 };
 
-AlsaCardMaster::AlsaCardMaster(EventLoop& loop, const std::string& device) {
-  snd_lib_error_set_handler(SayNothing);
+MasterKeeper::MasterKeeper(EventLoop& loop, OpenMaster open) {
   const auto tell = [this, &loop, token = std::weak_ptr(Token)] {
     loop.Post([this, token] {
       if (!token.expired() && OnChange) OnChange();
     });
   };
-  Work = std::make_shared<Worker>(device, tell);
+  Work = std::make_shared<Worker>(std::move(open), tell);
   Thread = std::thread([work = Work] { work->Run(); });
   Work->AwaitFirstAnswer();
 }
 
-AlsaCardMaster::~AlsaCardMaster() {
+MasterKeeper::~MasterKeeper() {
   if (Work->Finish()) {
     Thread.join();
   } else {
@@ -215,12 +208,12 @@ AlsaCardMaster::~AlsaCardMaster() {
   }
 }
 
-std::optional<CardState> AlsaCardMaster::Found() const { return Work->FoundState(); }
+std::optional<CardState> MasterKeeper::Found() const { return Work->FoundState(); }
 
-void AlsaCardMaster::Wish(const CardWish& wish) { Work->Wish(wish); }
+void MasterKeeper::Wish(const CardWish& wish) { Work->Wish(wish); }
 
-void AlsaCardMaster::SetWanted(bool wanted) { Work->SetWanted(wanted); }
+void MasterKeeper::SetWanted(bool wanted) { Work->SetWanted(wanted); }
 
-void AlsaCardMaster::Settle() { Work->AwaitSettled(); }
+void MasterKeeper::Settle() { Work->AwaitSettled(); }
 
 }  // namespace marlex

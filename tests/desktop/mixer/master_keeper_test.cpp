@@ -1,4 +1,4 @@
-#include "desktop/mixer/alsa_card_master.h"
+#include "desktop/mixer/master_keeper.h"
 
 #include <time.h>
 
@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/mixer/alsa_master.h"
 #include "desktop/mixer/private_sound_server.h"
+#include "desktop/mixer/pulse_master.h"
 #include "desktop/process/qt_event_loop.h"
 
 namespace marlex {
@@ -17,9 +19,8 @@ namespace {
 using namespace std::chrono_literals;
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr auto kLimit = 20s;            // for what must happen, however busy the machine is
-constexpr const char* kDoor = "pulse";  // ALSA's name for the sound server
-constexpr int kServerFull = 65536;      // steps of the server's own scale
+constexpr auto kLimit = 20s;        // for what must happen, however busy the machine is
+constexpr int kServerFull = 65536;  // steps of the server's own scale
 
 double ProcessCpuMs() {
   timespec used{};
@@ -30,7 +31,17 @@ double ProcessCpuMs() {
 /// The server's step for a level of ours.
 int Step(int level) { return static_cast<int>((65536LL * level + 32767) / 65535); }
 
-class AlsaCardMasterTest : public testing::Test {
+/// A master behind one of the two doors.
+struct Door {
+  const char* Name;
+  std::unique_ptr<MasterDevice> (*Open)();
+};
+
+const Door kDoors[] = {
+    {"Alsa", []() -> std::unique_ptr<MasterDevice> { return AlsaMaster::Open("pulse:card"); }},
+    {"Pulse", []() -> std::unique_ptr<MasterDevice> { return PulseMaster::Open("card"); }}};
+
+class MasterKeeperTest : public testing::TestWithParam<Door> {
  protected:
   void SetUp() override {
     if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs pulseaudio and pactl";
@@ -38,7 +49,7 @@ class AlsaCardMasterTest : public testing::Test {
   }
 
   void Make() {
-    Master = std::make_unique<AlsaCardMaster>(Loop, kDoor);
+    Master = std::make_unique<MasterKeeper>(Loop, GetParam().Open);
     Master->OnChange = [this] { ++Changes; };
   }
 
@@ -53,11 +64,11 @@ class AlsaCardMasterTest : public testing::Test {
 
   PrivateSoundServer Server;
   QtEventLoop Loop;
-  std::unique_ptr<AlsaCardMaster> Master;
+  std::unique_ptr<MasterKeeper> Master;
   int Changes = 0;
 };
 
-TEST_F(AlsaCardMasterTest, TheMasterIsFoundWithItsLevelAndMute) {
+TEST_P(MasterKeeperTest, TheMasterIsFoundWithItsLevelAndMute) {
   Server.Ask("set-sink-volume card 32768 16384");
   Server.Ask("set-sink-mute card 1");
   Make();
@@ -65,7 +76,7 @@ TEST_F(AlsaCardMasterTest, TheMasterIsFoundWithItsLevelAndMute) {
   EXPECT_EQ(*Master->Found(), (CardState{{32768, 16384}, true}));
 }
 
-TEST_F(AlsaCardMasterTest, LevelsAndMutesReachTheCardAndNothingElseIsTouched) {
+TEST_P(MasterKeeperTest, LevelsAndMutesReachTheCardAndNothingElseIsTouched) {
   Make();
   Master->Wish({StereoLevel{40000, 10000}, std::nullopt});
   Master->Settle();
@@ -83,7 +94,7 @@ TEST_F(AlsaCardMasterTest, LevelsAndMutesReachTheCardAndNothingElseIsTouched) {
   EXPECT_FALSE(Server.IsMuted());
 }
 
-TEST_F(AlsaCardMasterTest, OfManyWishesTheLastOneCounts) {
+TEST_P(MasterKeeperTest, OfManyWishesTheLastOneCounts) {
   Make();
   const auto begin = SteadyClock::now();
   for (int level = 0; level <= 5000; ++level) {
@@ -93,7 +104,7 @@ TEST_F(AlsaCardMasterTest, OfManyWishesTheLastOneCounts) {
   EXPECT_TRUE(Await([&] { return Server.Level(0) == Step(5000); }));
 }
 
-TEST_F(AlsaCardMasterTest, AServerThatStartsAgainGetsLevelAndMuteAsTheyWereSet) {
+TEST_P(MasterKeeperTest, AServerThatStartsAgainGetsLevelAndMuteAsTheyWereSet) {
   Make();
   Master->Wish({StereoLevel{30000, 20000}, true});
   Master->Settle();
@@ -106,7 +117,7 @@ TEST_F(AlsaCardMasterTest, AServerThatStartsAgainGetsLevelAndMuteAsTheyWereSet) 
   EXPECT_TRUE(Server.IsMuted());
 }
 
-TEST_F(AlsaCardMasterTest, ACardThatWasAwayGetsItsLevelWhenItIsWantedAgain) {
+TEST_P(MasterKeeperTest, ACardThatWasAwayGetsItsLevelWhenItIsWantedAgain) {
   Make();
   Master->Wish({StereoLevel{30000, 30000}, std::nullopt});
   Master->Settle();
@@ -121,7 +132,7 @@ TEST_F(AlsaCardMasterTest, ACardThatWasAwayGetsItsLevelWhenItIsWantedAgain) {
   EXPECT_EQ(Server.Level(0), Step(20000));
 }
 
-TEST_F(AlsaCardMasterTest, AServerThatHangsHoldsNobodyUp) {
+TEST_P(MasterKeeperTest, AServerThatHangsHoldsNobodyUp) {
   Make();
   Server.Freeze();
   const auto begin = SteadyClock::now();
@@ -135,7 +146,18 @@ TEST_F(AlsaCardMasterTest, AServerThatHangsHoldsNobodyUp) {
   EXPECT_TRUE(Await([&] { return Server.Level(0) == Step(2000) && Server.IsMuted(); }));
 }
 
-TEST_F(AlsaCardMasterTest, TheEndDoesNotWaitForAServerThatHangs) {
+TEST_P(MasterKeeperTest, AServerThatHangsForSecondsGetsTheLastWishWhenItGoesOn) {
+  Make();
+  Server.Freeze();
+  Master->Wish({StereoLevel{1000, 1000}, std::nullopt});
+  std::this_thread::sleep_for(4s);
+  Master->Wish({StereoLevel{2000, 2000}, std::nullopt});
+  Server.Thaw();
+  EXPECT_TRUE(Await([&] { return Server.Level(0) == Step(2000); }));
+  EXPECT_TRUE(Await([&] { return Master->Found().has_value(); }));
+}
+
+TEST_P(MasterKeeperTest, TheEndDoesNotWaitForAServerThatHangs) {
   Make();
   Server.Freeze();
   Master->Wish({StereoLevel{1000, 1000}, true});
@@ -146,7 +168,7 @@ TEST_F(AlsaCardMasterTest, TheEndDoesNotWaitForAServerThatHangs) {
   Server.Thaw();
 }
 
-TEST_F(AlsaCardMasterTest, WithoutAServerThereIsNoMasterAndTheSearchIsQuietAndCheap) {
+TEST_P(MasterKeeperTest, WithoutAServerThereIsNoMasterAndTheSearchIsQuietAndCheap) {
   Server.Kill();
   testing::internal::CaptureStderr();
   Make();
@@ -160,7 +182,7 @@ TEST_F(AlsaCardMasterTest, WithoutAServerThereIsNoMasterAndTheSearchIsQuietAndCh
   EXPECT_EQ(Changes, 0);
 }
 
-TEST_F(AlsaCardMasterTest, AMasterThatRestsCostsNothing) {
+TEST_P(MasterKeeperTest, AMasterThatRestsCostsNothing) {
   Make();
   Master->Settle();
   bool over = false;
@@ -169,6 +191,17 @@ TEST_F(AlsaCardMasterTest, AMasterThatRestsCostsNothing) {
   Loop.PumpUntil([&] { return over; });
   EXPECT_LT(ProcessCpuMs() - before, 20.0);
 }
+
+TEST(AlsaMaster, ADeviceThatPassedToAnotherCardIsNotTouched) {
+  if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs pulseaudio and pactl";
+  PrivateSoundServer server;
+  ASSERT_TRUE(server.Start());
+  EXPECT_NE(AlsaMaster::Open("pulse:card", "PulseAudio"), nullptr);
+  EXPECT_EQ(AlsaMaster::Open("pulse:card", "USB Audio"), nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(Doors, MasterKeeperTest, testing::ValuesIn(kDoors),
+                         [](const auto& door) { return std::string(door.param.Name); });
 
 }  // namespace
 }  // namespace marlex
