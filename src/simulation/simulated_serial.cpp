@@ -16,6 +16,7 @@ void SimulatedSerial::SetPortOpen(bool open) {
   if (open == Open) return;
   Open = open;
   Buffer.clear();
+  Owed.reset();
   Alive = false;
   Log.Write("serial", open ? "open " + std::to_string(Number) : "close");
   if (!open) return;
@@ -31,11 +32,19 @@ std::string SimulatedSerial::Input() { return std::exchange(Buffer, {}); }
 void SimulatedSerial::Output(std::string_view bytes) {
   for (const char byte : bytes) {
     const int value = static_cast<unsigned char>(byte);
-    Log.Write(Alive ? "send" : "lost", std::to_string(value));
-    if (!Alive) continue;
-    SentBytes.push_back({Loop.NowMs(), value});
-    if (OnSent) OnSent(value);
+    if (Alive) {
+      Send(value);
+      continue;
+    }
+    Log.Write("lost", std::to_string(value));
+    if (Open) Owed = value;
   }
+}
+
+void SimulatedSerial::Send(int value) {
+  Log.Write("send", std::to_string(value));
+  SentBytes.push_back({Loop.NowMs(), value});
+  if (OnSent) OnSent(value);
 }
 
 void SimulatedSerial::Receive(const std::vector<int>& bytes) {
@@ -65,12 +74,16 @@ void SimulatedSerial::Plug() {
 void SimulatedSerial::Reset() {
   Open = false;
   Alive = false;
+  Owed.reset();
   Number = 1;
   Buffer.clear();
   OnComm = nullptr;
   OnFault = nullptr;
 }
 
-void SimulatedSerial::Connect() { Alive = Open && Plugged && Number == Device; }
+void SimulatedSerial::Connect() {
+  Alive = Open && Plugged && Number == Device;
+  if (Alive && Owed) Send(*std::exchange(Owed, std::nullopt));
+}
 
 }  // namespace marlex

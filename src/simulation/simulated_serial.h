@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,7 +45,8 @@ class SimulatedSerial : public SerialPort {
   /// Pulls the device out: an open port goes dead, a closed one cannot be opened.
   void Unplug();
 
-  /// Puts it back: a port that is meant to be open finds it a second later.
+  /// Puts it back: a port that is meant to be open finds it a second later, and sends the newest
+  /// byte that found no device. Each such byte was journalled as "lost" when it was output.
   void Plug();
 
   /// Whether bytes pass.
@@ -61,6 +63,7 @@ class SimulatedSerial : public SerialPort {
 
  private:
   void Connect();
+  void Send(int value);
 
   VirtualLoop& Loop;
   Journal& Log;
@@ -69,6 +72,7 @@ class SimulatedSerial : public SerialPort {
   bool Open = false;
   bool Alive = false;
   std::string Buffer;
+  std::optional<int> Owed;  // the newest byte that found no device
   std::vector<SentByte> SentBytes;
 };
 

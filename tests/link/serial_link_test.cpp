@@ -158,8 +158,45 @@ TEST(SerialLink, APortThatVanishesIsUsedAgainWhenItIsBackWithoutAWord) {
   desk.Advance(2000);
   desk.Click("cmdMusicZones_3");
   desk.Advance(1000);
-  EXPECT_EQ(desk.Journal(), "200 lost 71\n3200 send 79\n");
+  EXPECT_EQ(desk.Journal(), "200 lost 71\n2000 send 71\n3200 send 79\n");
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
+}
+
+TEST(SerialLink, TheAmplifierHearsOfManyLostBytesTheLastWhenThePortIsBack) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Pc.Serial.Unplug();
+  desk.Click("cmdMusicZones_2");
+  desk.Advance(1000);
+  desk.Click("cmdStop");
+  desk.Advance(1000);
+  desk.Pc.Serial.Plug();
+  desk.Advance(3000);
+  EXPECT_EQ(desk.Journal(), "200 lost 71\n1000 lost 0\n3000 send 0\n");
+}
+
+TEST(SerialLink, APortThatComesBackHearsNothingThatNobodyAskedFor) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Pc.Serial.Unplug();
+  desk.Advance(5000);
+  desk.Pc.Serial.Plug();
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Journal(), "");
+}
+
+TEST(SerialLink, WhatWasAskedOfAClosedPortIsForgotten) {
+  LinkDesk desk;
+  desk.PlayMusic();
+  desk.Pc.Serial.Unplug();
+  desk.Click("cmdMusicZones_2");
+  desk.Advance(1000);
+  desk.Do([&] { desk.Pc.Serial.SetPortOpen(false); });
+  desk.Pc.Serial.Plug();
+  desk.Advance(2000);
+  desk.Do([&] { desk.Pc.Serial.SetPortOpen(true); });
+  desk.Advance(2000);
+  EXPECT_EQ(desk.Journal(), "200 lost 71\n");
 }
 
 TEST(SerialLink, AnEventWithoutBytesIsNoStatus) {

@@ -2,7 +2,6 @@
 
 #include <QSocketNotifier>
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
@@ -15,7 +14,6 @@ namespace {
 
 constexpr std::size_t kInBufferSize = 1024;
 constexpr std::size_t kOutBufferSize = 512;
-constexpr std::size_t kReadAtOnce = 4096;
 constexpr int kRetryIntervalMs = 1000;
 
 /// A file that could be the port; `Decides`: it is the port if it exists, whatever is behind it.
@@ -56,6 +54,7 @@ TtySerialPort::~TtySerialPort() { SetPortOpen(false); }
 void TtySerialPort::SetPortOpen(bool open) {
   if (open == Wanted) return;
   Wanted = open;
+  Owed.clear();
   if (!open) {
     StopRetrying();
     CloseLine();
@@ -94,7 +93,9 @@ void TtySerialPort::Listen() {
 
 void TtySerialPort::Retry() {
   RetryTimer = Loop.StartTimer(kRetryIntervalMs, [this] {
-    if (TryOpen() == 0) StopRetrying();
+    if (TryOpen() != 0) return;
+    StopRetrying();
+    SendOwed();
   });
 }
 
@@ -109,6 +110,7 @@ void TtySerialPort::CloseLine() {
 }
 
 void TtySerialPort::LoseLine() {
+  if (!Unsent.empty()) Owed = Unsent.back();
   CloseLine();
   Retry();
 }
@@ -126,20 +128,28 @@ void TtySerialPort::ReportFault(int error) {
 std::string TtySerialPort::Input() { return std::exchange(Received, {}); }
 
 void TtySerialPort::Receive() {
-  std::array<char, kReadAtOnce> burst;
-  const int count = Line->Read(burst.data(), burst.size());
-  if (count < 0) return LoseLine();
-  if (count == 0) return;
+  const std::optional<std::string> bytes = Line->Read();
+  if (!bytes) return LoseLine();
+  if (bytes->empty()) return;
   const std::size_t room = kInBufferSize - Received.size();
-  Received.append(burst.data(), std::min<std::size_t>(room, count));
+  Received += bytes->substr(0, room);
   Loop.Deliver([this] {
     if (OnComm) OnComm();
   });
 }
 
 void TtySerialPort::Output(std::string_view bytes) {
-  if (!Line) return;
+  if (!Wanted || bytes.empty()) return;
+  if (!Line) {
+    Owed = bytes.back();
+    return;
+  }
   Unsent.append(bytes);
+  Flush();
+}
+
+void TtySerialPort::SendOwed() {
+  Unsent = std::exchange(Owed, {});
   Flush();
 }
 

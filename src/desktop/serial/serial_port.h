@@ -28,8 +28,8 @@ struct SerialPlaces {
 ///  4. `/dev/ttyUSB<n-1>`, an adapter.
 ///
 /// A device that answers an error or hangs up is closed at once, for a dead one would report
-/// without end. The look-up then begins anew each second, so an adapter is found under its new
-/// name.
+/// without end. The look-up then begins again each second, so an adapter is found under its new
+/// name, and hears the newest byte that found it away.
 class TtySerialPort : public SerialPort {
  public:
   TtySerialPort(EventLoop& loop, SerialPlaces places);
@@ -57,6 +57,7 @@ class TtySerialPort : public SerialPort {
   void StopRetrying();
   void CloseLine();
   void LoseLine();
+  void SendOwed();
   void ReportFault(int error);
   void Receive();
   void Flush();
@@ -72,6 +73,7 @@ class TtySerialPort : public SerialPort {
   Notifier Writer;       // enabled only while `Unsent` holds bytes
   std::string Received;  // at most 1024 bytes
   std::string Unsent;    // what the kernel did not take yet, at most 512 bytes
+  std::string Owed;      // the newest byte that found no device; empty when none did
   EventLoop::TimerId RetryTimer = 0;
   std::shared_ptr<bool> Token =
       std::make_shared<bool>(true);  // a posted fault finds out whether we live

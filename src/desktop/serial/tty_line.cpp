@@ -9,6 +9,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <utility>
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr unsigned kFirstBoardPort = 64;  // minor number of /dev/ttyS0
 constexpr speed_t kSpeed = B19200;
+constexpr std::size_t kReadAtOnce = 4096;
 
 bool IsTransient(int error) { return error == EAGAIN || error == EINTR; }
 
@@ -41,10 +43,12 @@ std::optional<TtyLine> TtyLine::Open(const std::string& path, int& error) {
   return line;
 }
 
-TtyLine::TtyLine(TtyLine&& other) noexcept : Device(std::exchange(other.Device, -1)) {}
+TtyLine::TtyLine(TtyLine&& other) noexcept
+    : Device(std::exchange(other.Device, -1)), Marks(other.Marks) {}
 
 TtyLine& TtyLine::operator=(TtyLine&& other) noexcept {
   std::swap(Device, other.Device);
+  std::swap(Marks, other.Marks);
   return *this;
 }
 
@@ -68,8 +72,8 @@ bool TtyLine::Configure() {
   termios mode{};
   if (tcgetattr(Device, &mode) != 0) return false;
   cfmakeraw(&mode);
-  mode.c_iflag &= ~static_cast<tcflag_t>(INPCK | IXOFF | IXANY);
-  mode.c_iflag |= IGNBRK | IGNPAR;
+  mode.c_iflag &= ~static_cast<tcflag_t>(IGNBRK | BRKINT | IGNPAR | IXOFF | IXANY);
+  mode.c_iflag |= INPCK | PARMRK;
   mode.c_cflag &= ~static_cast<tcflag_t>(CSTOPB | CRTSCTS | HUPCL);
   mode.c_cflag |= CS8 | CREAD | CLOCAL;
   mode.c_cc[VMIN] = 1;  // so that "no byte now" and "hung up" are two answers
@@ -79,10 +83,12 @@ bool TtyLine::Configure() {
   return tcsetattr(Device, TCSANOW, &mode) == 0 && ioctl(Device, TIOCEXCL) == 0;
 }
 
-int TtyLine::Read(char* buffer, std::size_t size) {
-  const ssize_t count = read(Device, buffer, size);
-  if (count > 0) return static_cast<int>(count);
-  return count < 0 && IsTransient(errno) ? 0 : -1;
+std::optional<std::string> TtyLine::Read() {
+  std::array<char, kReadAtOnce> burst;
+  const ssize_t count = read(Device, burst.data(), burst.size());
+  if (count > 0) return Marks.Take({burst.data(), static_cast<std::size_t>(count)});
+  if (count < 0 && IsTransient(errno)) return std::string();
+  return std::nullopt;
 }
 
 int TtyLine::Write(std::string_view bytes) {

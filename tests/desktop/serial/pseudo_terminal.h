@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <poll.h>
 #include <pty.h>
 #include <termios.h>
 #include <unistd.h>
@@ -48,6 +49,14 @@ class PseudoTerminal {
     termios mode{};
     tcgetattr(Far, &mode);
     return mode;
+  }
+
+  void SetMode(const termios& mode) const { tcsetattr(Far, TCSANOW, &mode); }
+
+  /// Whether somebody has the device open.
+  bool IsOpen() const {
+    pollfd far{Far, POLLIN, 0};
+    return poll(&far, 1, 0) >= 0 && !(far.revents & POLLHUP);
   }
 
   /// The adapter is unplugged.
