@@ -2,6 +2,7 @@
 
 #include "app/desktop_pc.h"
 #include "core/system.h"
+#include "desktop/process/session_end.h"
 #include "desktop/windows/views.h"
 
 int main(int argc, char* argv[]) {
@@ -9,6 +10,7 @@ int main(int argc, char* argv[]) {
   marlex::DesktopPc pc;
   marlex::System system(pc.Ports());
   marlex::Views views(system.TheWindows, pc.Loop, [&system] { return system.ThePasserby.Look(); });
+  marlex::SessionEnd sessionEnd(pc.Loop, [&system] { system.TheMainWindow.mnuExit_Click(); });
   pc.Loop.Post([&system] { system.Start(); });
   return application.exec();
 }

@@ -46,7 +46,8 @@ Stage::Stage(const StageOptions& options)
     : Folder(MakeFolder()),
       Installation(options.Installation),
       Helpers(options.Helpers),
-      FirstOutput(options.Cards.Outputs.front()) {
+      FirstOutput(options.Cards.Outputs.front()),
+      MoreVariables(options.Variables) {
   if (Installation.empty()) Installation = Folder + "/installation";
   fs::create_directories(Installation);
   fs::remove(File("marlex"));  // the old one may still be running
@@ -158,7 +159,8 @@ std::vector<std::string> Stage::OpenMedia() const {
 }
 
 Environment Stage::Surroundings(const ProbeLink& link) const {
-  Environment all = {{"HOME", Folder}, {"LC_ALL", "C.UTF-8"}, {"NO_AT_BRIDGE", "1"}};
+  Environment all = MoreVariables;
+  all.merge(Environment{{"HOME", Folder}, {"LC_ALL", "C.UTF-8"}, {"NO_AT_BRIDGE", "1"}});
   all.merge(Display->Variables());
   all.merge(Server ? Server->Variables() : NoSound());
   all.merge(Clock->Variables());

@@ -23,6 +23,7 @@ struct StageOptions {
   SoundCards Cards;
   bool HasAmplifier = true;
   bool HasSound = true;
+  Environment Variables;  // for the program, on top of the stage's own
 };
 
 /// Everything that the program meets on the operator's desk, made for one test: a display, a sound
@@ -89,6 +90,7 @@ class Stage {
 
   std::string Helpers;
   std::string FirstOutput;
+  Environment MoreVariables;
 };
 
 }  // namespace marlex::stage

@@ -60,6 +60,15 @@ void VirtualDisplay::Release() { Tool({"mouseup", "1"}); }
 
 void VirtualDisplay::Key(const std::string& name) { Tool({"key", name}); }
 
+void VirtualDisplay::Kill() {
+  Server->Signal(SIGKILL);
+  Server.reset();
+  // It leaves its lock and its door behind.
+  const std::string number = Name.substr(1);
+  unlink(("/tmp/.X" + number + "-lock").c_str());
+  unlink(("/tmp/.X11-unix/X" + number).c_str());
+}
+
 bool VirtualDisplay::Picture(const std::string& file, const ScreenArea& area) {
   Command command;
   std::string crop = std::to_string(area.Width) + "x" + std::to_string(area.Height) + "+" +

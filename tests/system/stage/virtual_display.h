@@ -32,6 +32,9 @@ class VirtualDisplay {
   void Release();
   void Key(const std::string& name);  // as xdotool names keys: "Return", "Escape", "alt+F4"
 
+  /// Ends it without a farewell.
+  void Kill();
+
   /// Writes a picture of a part of the screen; the ending of the name chooses the format.
   bool Picture(const std::string& file, const ScreenArea& area = {0, 0, kWidth, kHeight});
 
