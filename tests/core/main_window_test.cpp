@@ -353,5 +353,21 @@ TEST(MainWindow, TheAboutWindowClosesWithItsKeyAndOpensAgain) {
   EXPECT_TRUE(desk.Main().Visible);
 }
 
+TEST(MainWindow, ItsLoadReadsTheSongsThenShapesTheTableThenFillsIt) {
+  auto desk = BeforeTheStart({.Music = {{"march"}}, .Sequences = {{}}});
+  FrmMain& window = desk->Main();
+  std::string order;
+  const auto note = [&order](bool done, const std::string& step) {
+    if (done && order.find(step) == std::string::npos) order += step + " ";
+  };
+  window.lstPlaylist.Watcher = [&] { note(window.lstPlaylist.ListCount() > 0, "songs"); };
+  window.grdSchedule.Watcher = [&] {
+    note(window.grdSchedule.ColWidth(kMessagesColumn) > 0, "widths");
+    note(window.grdSchedule.Rows() > 1, "rows");
+  };
+  desk->Start();
+  EXPECT_EQ(order, "songs widths rows ");
+}
+
 }  // namespace
 }  // namespace marlex

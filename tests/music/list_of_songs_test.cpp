@@ -28,16 +28,29 @@ TEST(ListOfSongs, AClickOnAnotherEntryDecidesTheNextSongAndNotThisOne) {
   EXPECT_EQ(desk.Journal(), "0 song play a.mp3\n10000 song end\n10000 song play d.mp3\n");
 }
 
-TEST(ListOfSongs, AClickEnablesThePlayKeyUnlessAMessagePlays) {
-  MusicDesk desk;
-  desk.Do([&] { desk.Main().cmdPlay.Enabled = false; });
+/// A desk of two-minute songs at 12:01:01, in the first second of an announcement: in its fade when
+/// music plays, else in its message.
+struct AnnouncingDesk : MusicDesk {
+  explicit AnnouncingDesk(bool music)
+      : MusicDesk(
+            {.Music = Songs(3, 120'000), .Sequences = {{.Timer = "Exact"}}, .FadeTime = "Slow"}) {
+    if (music) Click("cmdPlay");
+    RunTo(12, 1, 1);
+    EXPECT_EQ(Keys(), "");
+  }
+};
+
+TEST(ListOfSongs, AClickInTheFadeOfAnAnnouncementWakesThePlayKey) {
+  AnnouncingDesk desk(true);
+  ASSERT_EQ(desk.PlayState(), kPlaying);
   desk.Select(1);
   EXPECT_EQ(desk.Keys(), "Play");
-  desk.Do([&] {
-    desk.Main().cmdPlay.Enabled = false;
-    desk.State().MessagePlaying = true;
-  });
-  desk.Select(2);
+}
+
+TEST(ListOfSongs, AClickWhileAMessagePlaysLeavesThePlayKeyOff) {
+  AnnouncingDesk desk(false);
+  ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  desk.Select(1);
   EXPECT_EQ(desk.Keys(), "");
 }
 
@@ -227,6 +240,18 @@ TEST(ListOfSongs, AnEmptyListTakesAnyHandWithoutAFault) {
     desk.List().OnDblClick();
   });
   EXPECT_EQ(desk.Journal(), "0 song refuse .mp3\n");
+}
+
+TEST(ListOfSongs, AfterADragToThePlayingSongsPlaceTheSelectionIsOneFurther) {
+  MusicDesk desk({.Music = MusicDesk::Songs(5)});
+  desk.Select(2);
+  desk.Click("cmdPlay");
+  Drag(desk, 4, {3, 2});
+  EXPECT_EQ(desk.Entries(), "a b e c d");
+  EXPECT_EQ(desk.Position(), 3);
+  EXPECT_EQ(desk.Text("lblMP3Number"), "4/5");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Heard(), "song d.mp3 at 20000");
 }
 
 }  // namespace

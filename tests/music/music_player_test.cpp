@@ -340,5 +340,17 @@ TEST(MusicPlayer, AMessagePausesTheSongAndGivesItBackWhereItWas) {
   EXPECT_EQ(desk.Pc.Song.FileName(), "/music/a.mp3");
 }
 
+TEST(MusicPlayer, ALengthThatStayedUnknownIsNotTakenFromTheFirstSongOfTheNextRound) {
+  MusicDesk desk({.Music = {{"a", 10'000}, {"b", 20'000}}});
+  desk.Pc.Song.LengthDelayMs = 450;
+  desk.Select(1);
+  desk.Click("cmdPlay");
+  desk.Advance(200);
+  desk.Click("cmdSkip");
+  desk.Advance(2000);
+  EXPECT_EQ(desk.Text("lblMP3Number"), "1/2");
+  EXPECT_EQ(desk.Text("lblMP3Length"), "0:00");
+}
+
 }  // namespace
 }  // namespace marlex

@@ -464,5 +464,16 @@ TEST(MusicSchedule, AListOpenedInTheMiddleOfItsFadeDoesNotSaveTheSong) {
   EXPECT_EQ(desk.MusicFlags(), "BySchedule");
 }
 
+TEST(MusicSchedule, AStartByHandOnTheNextDayBeforeTheWindowBarsTheStopToo) {
+  ClockDesk desk;
+  desk.RunTo(12, 10, 3);
+  desk.RunTo(12, 4);  // Tuesday
+  ASSERT_EQ(desk.MusicFlags(), "BySchedule");
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.MusicFlags(), "Overridden");
+  desk.RunTo(12, 11);
+  EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
+}
+
 }  // namespace
 }  // namespace marlex

@@ -342,5 +342,17 @@ TEST(PlaylistFiles, TheLongestListIsLoadedWhole) {
   EXPECT_EQ(desk.List().List(kLongest - 1), "song 32767");
 }
 
+TEST(PlaylistFiles, AnAutostartOfAnotherListBeginsAtThePositionOfTheProgramsStart) {
+  FileDesk desk("[Last played]\r\nLast song=1\r\n" + kThreeSongs);
+  desk.Pc.Disk.AddFile("/app/Auto.lst",
+                       "[Last played]\r\nLast song=2\r\n[Playlist]\r\nSong:1=c\r\nSong:2=a\r\n"
+                       "Song:3=b\r\n[BackGround music]\r\nAutostart=True\r\n");
+  desk.Click("cmdPlay");
+  ASSERT_EQ(desk.LastSong(), "0");
+  desk.Open("/app/Auto.lst");
+  EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
+  EXPECT_EQ(desk.Text("lblMP3Number"), "2/3");
+}
+
 }  // namespace
 }  // namespace marlex

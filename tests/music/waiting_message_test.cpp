@@ -156,5 +156,17 @@ TEST(WaitingMessage, TheExitInTheMiddleOfTheMessageEndsTheProgramAtOnce) {
   EXPECT_EQ(desk.Journal(), "0 send 0\n0 process ends\n");
 }
 
+TEST(WaitingMessage, ThePlayKeyInTheMiddleOfTheMessageRestartsTheSongUntilTheNextFollows) {
+  BreakDesk desk;
+  desk.Advance(31'000);
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000 + wav welcome.wav at 20000");
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
+  EXPECT_EQ(desk.Journal(),
+            "30000 song end\n30000 wav play welcome.wav\n31000 song play a.mp3\n"
+            "33000 wav end welcome.wav\n33000 song stop\n33000 song play b.mp3\n");
+}
+
 }  // namespace
 }  // namespace marlex

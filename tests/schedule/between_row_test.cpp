@@ -250,5 +250,23 @@ TEST(BetweenRow, ARowOfOneMinuteBeforeMidnightMayPlayOnTheNewDay) {
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
+TEST(BetweenRow, ASecondRowRefillsTheListThatACallHasEmptied) {
+  DeskOptions options = AtBreak();
+  options.Music[0].LengthMs = 150'000;
+  options.Sequences[0].Messages = "welcome";
+  options.Sequences.push_back(
+      {.File = "b.sch", .Messages = "closing", .Minutes = "02", .Timer = "Between"});
+  SpotDesk desk(options);
+  desk.Pc.Journal.Only({"wav"});
+  desk.AdvanceTo(5000);
+  desk.Press("cmdCall");
+  desk.Advance(3000);
+  desk.Release("cmdCall");
+  desk.RunTo(12, 2, 30);
+  EXPECT_TRUE(desk.State().MessageAwaitingSongEnd);
+  desk.RunTo(12, 4);
+  EXPECT_EQ(desk.Journal(), "125471 wav play closing.wav\n127471 wav end closing.wav\n");
+}
+
 }  // namespace
 }  // namespace marlex

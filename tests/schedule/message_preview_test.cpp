@@ -264,5 +264,20 @@ TEST(MessagePreview, TheProgramCanBeLeftInItsMidst) {
   EXPECT_EQ(desk.Heard(), "silence");
 }
 
+TEST(MessagePreview, MusicThatItPausedComesBackWithTheNextAnnouncement) {
+  PreviewDesk desk(true, {.Sequences = {{}}});
+  desk.Click("PrevKey");
+  desk.Advance(10'000);
+  ASSERT_EQ(desk.Pc.Song.PlayState(), kPaused);
+  desk.Click("mnuExit");
+  desk.RunTo(12, 0, 59);
+  desk.Pc.Journal.Clear();
+  desk.RunTo(12, 1, 10);
+  EXPECT_EQ(desk.Journal(),
+            "1000 wav play welcome.wav\n1200 send 127\n4000 wav end welcome.wav\n"
+            "4000 song resume march.mp3\n4200 send 67\n");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
 }  // namespace
 }  // namespace marlex

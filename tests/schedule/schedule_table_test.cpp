@@ -226,6 +226,28 @@ TEST(ScheduleTable, TheLongestTableIsBuiltAndOneRowMoreIsTold) {
   }
 }
 
+/// A file that cannot be used is named in a box of each build.
+TEST(ScheduleTable, IsBuiltOnceForEachOfItsOccasions) {
+  Desk desk({.Sequences = {{.Hours = "-5"}}, .Now = {2024, 1, 1, 23, 58, 30}});
+  const auto builds = [&desk](const std::function<void()>& deed) {
+    const auto before = desk.Pc.Dialogs.Boxes.size();
+    deed();
+    desk.Advance(0);
+    return desk.Pc.Dialogs.Boxes.size() - before;
+  };
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U) << "the start";
+  for (const char* menu : {"mnuAllDays", "mnuCurrentDay", "mnuScheduleName", "mnuSchedule"}) {
+    EXPECT_EQ(builds([&] { desk.Click(menu); }), 1U) << menu;
+  }
+  EXPECT_EQ(builds([&] { desk.Click("mnuExit"); }), 1U) << "the close of the editor";
+  desk.Click("mnuSettings");
+  EXPECT_EQ(builds([&] { desk.Click("cmdOK"); }), 1U) << "the OK of the settings";
+  desk.Pc.Dialogs.OpenResults = {"/app/spot.sch"};
+  EXPECT_EQ(builds([&] { desk.Click("mnuSequence"); }), 1U) << "opened files";
+  EXPECT_EQ(builds([&] { desk.RunTo(23, 59, 59); }), 0U);
+  EXPECT_EQ(builds([&] { desk.RunTo(0, 2); }), 1U) << "midnight";
+}
+
 // The columns.
 
 struct ColumnCase {

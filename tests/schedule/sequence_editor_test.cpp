@@ -444,5 +444,16 @@ TEST(SequenceEditor, ClosedUnderAnAnnouncementItLetsNoOtherBeginInItsMidst) {
   EXPECT_TRUE(desk.Sys->TheFrmPlayers.tmrMessage.Enabled);
 }
 
+TEST(SequenceEditor, OpenedUnderAnAnnouncementItFindsTheTickOnAgainWhenThatEnds) {
+  EditorDesk desk({.Sequences = {{}, {.File = "next.sch", .Messages = "alarm", .Minutes = "02"}}});
+  desk.Click("mnuExit");
+  desk.RunTo(12, 1, 2);
+  ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+  desk.Click("mnuSchedule");
+  desk.RunTo(12, 2, 2);
+  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_EQ(desk.Heard(), "wav alarm.wav at 10000");
+}
+
 }  // namespace
 }  // namespace marlex
