@@ -45,7 +45,7 @@ TEST(QuickCall, InsideAMessageItsPreChimePlaysToTheEndAndTheZonesAreFreed) {
             "1000 send 0\n"
             "1000 song resume march.mp3\n"
             "1575 wav refuse \n"  // the runner goes over what is left of its list
-            "1575 send 0\n");     // and ends like one over music that was not paused
+            "1575 send 0\n");     // and frees the zones, since no music is paused
   ExpectRest(desk);
 }
 

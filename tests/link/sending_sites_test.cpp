@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "desk/deeds.h"
 #include "link/link_desk.h"
 #include "link/serial_link.h"
 
@@ -28,7 +29,7 @@ TEST(SendingSites, ThePlayKeyRequestsTheZonesUnlessTheMusicPlaysAlready) {
   desk.Click("cmdPlay");
   desk.Advance(1000);
   EXPECT_EQ(desk.TakeJournal(), "");
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  PauseByPreview(desk);
   desk.Click("cmdPlay");
   desk.Advance(1000);
   EXPECT_EQ(desk.TakeJournal(), "200 send 67\n");
@@ -51,7 +52,7 @@ TEST(SendingSites, AZoneKeyRequestsTheZonesOnlyWhileTheMusicPlays) {
   desk.Click("cmdMusicZones_2");
   desk.Advance(1000);
   EXPECT_EQ(desk.TakeJournal(), "200 send 67\n");
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  PauseByPreview(desk);
   desk.Click("cmdMusicZones_2");
   desk.Advance(1000);
   EXPECT_EQ(desk.TakeJournal(), "");
@@ -117,26 +118,38 @@ TEST(SendingSites, TheStopKeyReleasesTheZones) {
   EXPECT_EQ(desk.Journal(), "0 send 0\n");
 }
 
-/// The bytes at a stop of the clock at 12:02, with one of the flags set in its fade.
-std::string BytesOfTheStop(bool callActive, bool messagePlaying) {
-  LinkDesk desk({.StartTime = "12:01", .StopTime = "12:02"});
-  desk.RunTo(12, 1, 59);
-  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
-  while (!desk.State().FadeRunning) desk.Advance(10);
-  desk.Do([&] {
-    desk.State().CallActive = callActive;
-    desk.State().MessagePlaying = messagePlaying;
-  });
-  desk.Pc.Journal.Clear();
+/// A desk in the fade of a stop of the clock at 12:02.
+struct StopDesk : LinkDesk {
+  StopDesk() : LinkDesk({.StartTime = "12:01", .StopTime = "12:02"}) {
+    RunTo(12, 1, 59);
+    EXPECT_EQ(Heard(), "song march.mp3 at 20000");
+    while (!State().FadeRunning) Advance(10);
+    Pc.Journal.Clear();
+  }
+};
+
+TEST(SendingSites, AStopOfTheClockReleasesTheZones) {
+  StopDesk desk;
   desk.Advance(10'000);
   EXPECT_EQ(desk.Heard(), "silence");
-  return desk.Journal();
+  EXPECT_EQ(desk.Journal(), "529 send 0\n");
 }
 
-TEST(SendingSites, AStopOfTheClockReleasesTheZonesUnlessACallOrMessageIsOn) {
-  EXPECT_EQ(BytesOfTheStop(false, false), "529 send 0\n");
-  EXPECT_EQ(BytesOfTheStop(true, false), "");
-  EXPECT_EQ(BytesOfTheStop(false, true), "");
+TEST(SendingSites, AStopOfTheClockLeavesTheZonesToACallThatIsOn) {
+  StopDesk desk;
+  desk.Press("cmdCall");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kStopped);
+  EXPECT_EQ(desk.Heard(), "microphone at 15000");
+  EXPECT_EQ(desk.Journal(), "729 send 68\n");
+}
+
+/// No deed brings a message into that fade to stay.
+TEST(SendingSites, AStopOfTheClockLeavesTheZonesToAMessageThatIsOn) {
+  StopDesk desk;
+  desk.Do([&] { desk.State().MessagePlaying = true; });
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Journal(), "");
 }
 
 TEST(SendingSites, TheExitReleasesTheZonesAndThenClosesThePort) {

@@ -1,17 +1,22 @@
 #include <gtest/gtest.h>
 
+#include "desk/deeds.h"
 #include "link/link_desk.h"
 #include "link/serial_link.h"
 
 namespace marlex {
 namespace {
 
-/// Plays two messages without fade and routing, as at a music break.
+/// Two messages at 12:01.
+DeskOptions WithMessages(DeskOptions options = {}) {
+  options.Sequences = {{.Messages = "welcome,closing"}};
+  return options;
+}
+
+/// Into the first of them.
 void StartMessage(LinkDesk& desk) {
-  desk.Do([&] {
-    desk.Sys->Wavs.BuildMessageList("welcome,closing");
-    desk.Sys->Wavs.PlayMessageWavs();
-  });
+  desk.RunTo(12, 1, 2);
+  ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
 TEST(Takeover, AStatusAboveLowTakesOverFromPlayingMusic) {
@@ -28,13 +33,13 @@ TEST(Takeover, AStatusAboveLowTakesOverFromPlayingMusic) {
 }
 
 TEST(Takeover, AStatusTakesOverFromAMessageAndFromACallToo) {
-  LinkDesk withMessage;
+  LinkDesk withMessage(WithMessages());
   StartMessage(withMessage);
   withMessage.Status(128);
   EXPECT_EQ(withMessage.Priority(), "128 held preempted");
 
   LinkDesk withCall;
-  withCall.Do([&] { withCall.State().CallActive = true; });
+  withCall.Press("cmdCall");
   withCall.Status(192);
   EXPECT_EQ(withCall.Priority(), "192 held preempted");
   EXPECT_FALSE(withCall.State().CallActive);
@@ -57,39 +62,57 @@ TEST(Takeover, WithNothingRunningAStatusOnlyHoldsStartsBack) {
 TEST(Takeover, PausedMusicAloneIsNothingThatRuns) {
   LinkDesk desk;
   desk.PlayMusic();
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  PauseByPreview(desk);
   desk.Status(192);
   EXPECT_EQ(desk.Priority(), "192 held");
 }
 
-TEST(Takeover, SilencesTheLinesAndDropsWhatRan) {
+TEST(Takeover, OverTheFadeOfACallEndsTheFadeTheFlashingAndTheDwell) {
   LinkDesk desk;
   desk.PlayMusic();
-  StartMessage(desk);
-  desk.Do([&] {
-    desk.Main().cmdCall.Caption = "Wait";
-    desk.Main().lblCurrentZone[4].BackColor = kGreen;
-    desk.Players().tmrFlash.Enabled = true;
-    desk.Players().tmrDwellTimer.Enabled = true;
-    desk.Sys->TheFrmMxr.ChkMute[desk.Sys->Mixer.MicLine].Value = 0;
-    desk.Sys->TheFrmMxr.SldrVol[desk.Sys->Mixer.WaveLine].Value = 33333;
-  });
-  desk.Pc.Journal.Only({"send", "wav"});
-  desk.Pc.Journal.Clear();
+  desk.Status(0);
+  desk.Press("cmdCall");
+  desk.Advance(150);
+  ASSERT_TRUE(desk.Players().tmrDwellTimer.Enabled);
+  ASSERT_TRUE(desk.Players().tmrFlash.Enabled);
+  ASSERT_EQ(desk.Text("cmdCall"), "Wait");
+  ASSERT_NE(desk.WaveSlider(), 20000);
   desk.Status(128);
   EXPECT_EQ(desk.WaveSlider(), 20000);
-  EXPECT_TRUE(desk.MicMuted());
   EXPECT_TRUE(desk.MuteCheck(0));
   EXPECT_EQ(desk.Text("cmdCall"), "Call");
   EXPECT_FALSE(desk.Enabled("cmdCall"));
-  EXPECT_EQ(desk.Players().lstMsgSequence.ListCount(), 0);
-  EXPECT_EQ(desk.LitZones(), "110000");
   EXPECT_FALSE(desk.Players().tmrFlash.Enabled);
   EXPECT_FALSE(desk.Players().tmrDwellTimer.Enabled);
   EXPECT_FALSE(desk.Players().tmrFadeTime.Enabled);
   EXPECT_FALSE(desk.State().FadeRunning);
-  EXPECT_TRUE(desk.Players().tmrMessage.Enabled);
   EXPECT_TRUE(desk.State().PriorityPreempted);
+  desk.Advance(5000);
+  EXPECT_EQ(desk.WaveSlider(), 20000);
+  EXPECT_EQ(desk.Journal(), "");
+}
+
+TEST(Takeover, OverASpeakerClosesTheMicrophoneAndPaintsTheMusicsZones) {
+  LinkDesk desk;
+  desk.Press("cmdCall");
+  desk.Advance(1000);
+  ASSERT_FALSE(desk.MicMuted());
+  ASSERT_EQ(desk.LitZones(), "001000");
+  desk.Status(128);
+  EXPECT_TRUE(desk.MicMuted());
+  EXPECT_EQ(desk.LitZones(), "110000");
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Journal(), "200 send 68\n");
+}
+
+TEST(Takeover, OverAMessageDropsWhatIsLeftOfItsList) {
+  LinkDesk desk(WithMessages());
+  StartMessage(desk);
+  desk.Pc.Journal.Only({"wav"});
+  desk.Pc.Journal.Clear();
+  desk.Status(128);
+  EXPECT_EQ(desk.Players().lstMsgSequence.ListCount(), 0);
+  EXPECT_TRUE(desk.Players().tmrMessage.Enabled);
   desk.Advance(5000);
   EXPECT_EQ(desk.Journal(), "0 wav stop welcome.wav\n0 wav refuse \n");
 }
@@ -104,7 +127,7 @@ TEST(Takeover, SilencesADeskWithoutAMicrophoneToo) {
 }
 
 TEST(Takeover, WhereTheWordForCloseIsNoCommandTheMessageRunsOnUnderTheMutedMaster) {
-  LinkDesk desk({.Language = "Dutch"});
+  LinkDesk desk(WithMessages({.Language = "Dutch"}));
   desk.PlayMusic();
   StartMessage(desk);
   ASSERT_EQ(desk.Sys->Strings.LoadString(kStrClose), "Sluiten");
@@ -163,12 +186,14 @@ TEST(Takeover, NeverEndsByItself) {
 TEST(Takeover, StatusZeroGivesEverythingBack) {
   LinkDesk desk;
   desk.PlayMusic();
+  desk.Press("cmdCall");
+  desk.Advance(1000);
   desk.Status(128);
-  desk.Do([&] {
-    desk.Main().lblBusy[0].BackColor = kRed;
-    desk.Main().lblBusy[1].BackColor = kRed;
-    desk.Sys->TheFrmMxr.ChkMute[desk.Sys->Mixer.WaveLine].Value = 1;
-  });
+  desk.Click("cmdSkip");  // a song that runs under the call's mute
+  desk.Release("cmdCall");
+  ASSERT_EQ(desk.Main().lblBusy[0].BackColor, kGreen);
+  ASSERT_EQ(desk.Main().lblBusy[1].BackColor, kGreen);
+  ASSERT_TRUE(desk.WaveMuted());
   desk.Status(0);
   EXPECT_EQ(desk.Priority(), "0");
   EXPECT_EQ(desk.Label(), "hidden 615 615 615");
@@ -178,7 +203,7 @@ TEST(Takeover, StatusZeroGivesEverythingBack) {
   EXPECT_TRUE(desk.Enabled("cmdCall"));
   EXPECT_FALSE(desk.MuteCheck(0));
   EXPECT_FALSE(desk.WaveMuted());
-  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Heard(), "song waltz.mp3 at 20000");
 }
 
 TEST(Takeover, StatusZeroResumesTheMusicByItsPlayProcedure) {
@@ -190,7 +215,7 @@ TEST(Takeover, StatusZeroResumesTheMusicByItsPlayProcedure) {
   desk.PlayMusic();
   desk.Status(0);
   EXPECT_EQ(calls, 1);
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  PauseByPreview(desk);
   desk.Status(0);
   EXPECT_EQ(calls, 1);
 }
@@ -204,20 +229,20 @@ TEST(Takeover, EachStatusZeroRunsTheWholeReturnAlsoWhenNothingWasHeldBack) {
     EXPECT_TRUE(desk.Enabled("cmdCall"));
     EXPECT_FALSE(desk.MuteCheck(0));
     EXPECT_EQ(desk.Label(), "hidden 615 615 615");
-    desk.Do([&] {
-      desk.Main().cmdCall.Enabled = false;
-      desk.Sys->TheFrmMxr.ChkMute[0].Value = 1;
-    });
+    desk.Click("cmdCallZone_0");
+    desk.Click("cmdCallZone_0");
+    EXPECT_FALSE(desk.Enabled("cmdCall"));
   }
 }
 
 TEST(Takeover, StatusZeroResumesOnlyMusicThatPlays) {
   LinkDesk desk;
   desk.PlayMusic();
-  StartMessage(desk);
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  desk.Press("cmdCall");
+  desk.Advance(1000);
   desk.Status(128);
-  desk.Do([&] { desk.Sys->TheFrmMxr.ChkMute[desk.Sys->Mixer.WaveLine].Value = 1; });
+  desk.Release("cmdCall");
+  desk.Pc.Journal.Clear();
   desk.Status(0);
   desk.Advance(5000);
   EXPECT_EQ(desk.Pc.Song.PlayState(), kPaused);

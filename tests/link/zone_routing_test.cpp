@@ -69,9 +69,9 @@ TEST(ZoneRouting, WhileMusicPlaysAMusicZoneKeyChangesTheByteWithin200Ms) {
   EXPECT_EQ(desk.Journal(), "200 send 99\n");
 }
 
-TEST(ZoneRouting, AMusicZoneKeyPaintsOverThePatternOfACallOrMessage) {
+TEST(ZoneRouting, AMusicZoneKeyPaintsOverThePatternOfACall) {
   LinkDesk desk;
-  desk.Do([&] { desk.Sys->Routing.ShowMessageZones("003000"); });
+  desk.Press("cmdCall");
   desk.Click("cmdMusicZones_4");
   EXPECT_EQ(desk.LitZones(), "001010");
   EXPECT_EQ(MusicRoutingOnDisk(desk), "110010");
@@ -144,20 +144,18 @@ TEST(ZoneRouting, ACallZoneKeyLeavesLabelsAndLineAlone) {
 
 TEST(ZoneRouting, ACallZoneKeyInACallWorksFromTheNextCallOn) {
   LinkDesk desk({.CallRouting = "001000"});
-  desk.Do([&] {
-    desk.State().CallActive = true;
-    desk.Sys->Routing.ShowCallZones();
-  });
+  desk.Press("cmdCall");
   desk.Advance(1000);
   desk.Click("cmdCallZone_5");
   desk.Advance(1000);
   EXPECT_EQ(desk.LitZones(), "001000");
   EXPECT_EQ(CallRoutingOnDisk(desk), "001001");
   EXPECT_EQ(desk.Journal(), "200 send 68\n");
-  desk.Do([&] { desk.Sys->Routing.ShowCallZones(); });
+  desk.Release("cmdCall");
+  desk.Press("cmdCall");
   desk.Advance(1000);
   EXPECT_EQ(desk.LitZones(), "001001");
-  EXPECT_EQ(desk.Journal(), "200 send 68\n2200 send 100\n");
+  EXPECT_EQ(desk.Journal(), "200 send 68\n2000 send 0\n2200 send 100\n");
 }
 
 TEST(ZoneRouting, TheZonesOfARowAreOnWhereTheDigitIsThatOfItsPlace) {

@@ -54,13 +54,17 @@ TEST(ListOfSongs, AClickWhileAMessagePlaysLeavesThePlayKeyOff) {
   EXPECT_EQ(desk.Keys(), "");
 }
 
-TEST(ListOfSongs, ADoubleClickPlaysTheEntryUnlessAMessagePlays) {
+TEST(ListOfSongs, ADoubleClickPlaysTheEntry) {
   MusicDesk desk;
   desk.DoubleClickSong(2);
   EXPECT_EQ(desk.Journal(), "0 song play c.mp3\n");
-  desk.Do([&] { desk.State().MessagePlaying = true; });
+}
+
+TEST(ListOfSongs, ADoubleClickWhileAMessagePlaysPlaysNothing) {
+  AnnouncingDesk desk(false);
   desk.DoubleClickSong(0);
-  EXPECT_EQ(desk.Journal(), "0 song play c.mp3\n");
+  EXPECT_EQ(desk.PlayState(), kStopped);
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
 TEST(ListOfSongs, TheDeleteKeyTakesTheEntryOffTheListButNotOutOfTheFile) {
@@ -83,8 +87,7 @@ TEST(ListOfSongs, OtherKeysTakeNothingOff) {
 }
 
 TEST(ListOfSongs, TheDeleteKeyWorksWhileAMessagePlays) {
-  MusicDesk desk;
-  desk.Do([&] { desk.State().MessagePlaying = true; });
+  AnnouncingDesk desk(false);
   desk.PressKeyInList(kKeyDelete);
   EXPECT_EQ(desk.Entries(), "b c");
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desk/deeds.h"
 #include "music/music_desk.h"
 
 namespace marlex {
@@ -306,10 +307,10 @@ TEST(MusicPlayer, ThePositionIsShownWhilePlayingAndPausedAndElseEmpty) {
   desk.Click("cmdPlay");
   desk.Advance(2600);
   EXPECT_EQ(desk.Text("lblMP3Position"), "0:03");
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  PauseByPreview(desk);
   desk.Advance(5000);
   EXPECT_EQ(desk.Text("lblMP3Position"), "0:03");
-  desk.Do([&] { desk.Pc.Song.Stop(); });
+  desk.Click("cmdStop");
   desk.Advance(100);
   EXPECT_EQ(desk.Text("lblMP3Position"), "");
 }
@@ -340,7 +341,7 @@ TEST(MusicPlayer, AMessagePausesTheSongAndGivesItBackWhereItWas) {
   EXPECT_EQ(desk.Pc.Song.FileName(), "/music/a.mp3");
 }
 
-TEST(MusicPlayer, ALengthThatStayedUnknownIsNotTakenFromTheFirstSongOfTheNextRound) {
+TEST(MusicPlayer, ALengthThatStayedUnknownIsNotThatOfTheNextRoundsFirstSong) {
   MusicDesk desk({.Music = {{"a", 10'000}, {"b", 20'000}}});
   desk.Pc.Song.LengthDelayMs = 450;
   desk.Select(1);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desk/deeds.h"
 #include "music/music_desk.h"
 
 namespace marlex {
@@ -204,13 +205,17 @@ TEST(MusicSchedule, AnEmptyListIsTriedEveryMinuteWithoutAWord) {
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
 }
 
-TEST(MusicSchedule, AnEmptyStopTimeNeverStartsAndStopsAtTheNextMinute) {
+TEST(MusicSchedule, AnEmptyStopTimeNeverStarts) {
   ClockDesk desk;
   desk.Do([&] { desk.Values().MusicStopTime = ""; });
   desk.RunTo(12, 6);
   EXPECT_EQ(desk.PlayState(), kStopped);
-  desk.Click("cmdPlay");
-  desk.Do([&] { desk.State().MusicStartedBySchedule = true; });
+}
+
+TEST(MusicSchedule, AnEmptyStopTimeStopsAtTheNextMinute) {
+  ClockDesk desk;
+  desk.RunTo(12, 6);
+  desk.Do([&] { desk.Values().MusicStopTime = ""; });
   desk.RunTo(12, 7, 3);
   EXPECT_EQ(desk.PlayState(), kStopped);
   EXPECT_EQ(desk.MusicFlags(), "BySchedule");
@@ -223,10 +228,8 @@ TEST(MusicSchedule, AnEmptyStartTimeNeitherStartsNorStops) {
   desk.Do([&] { desk.Values().MusicStartTime = ""; });
   desk.RunTo(12, 30);
   EXPECT_EQ(desk.PlayState(), kPlaying);
-  desk.Do([&] {
-    desk.Values().MusicScheduled = false;
-    desk.Pc.Song.Stop();
-  });
+  desk.Do([&] { desk.Values().MusicScheduled = false; });
+  StopByPreview(desk);
   desk.RunTo(12, 6);  // Tuesday
   EXPECT_EQ(desk.PlayState(), kStopped);
 }
@@ -326,7 +329,7 @@ TEST(MusicSchedule, APriorityCallAtMidnightKeepsTheBarOfTheStopKey) {
 TEST(MusicSchedule, PausedMusicCountsAsNotPlayingForTheStart) {
   ClockDesk desk;
   desk.Click("cmdPlay");
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  PauseByPreview(desk);
   desk.RunTo(12, 5, 2);
   EXPECT_EQ(desk.PlayState(), kPlaying);
   EXPECT_EQ(desk.MusicFlags(), "Started");
@@ -336,7 +339,7 @@ TEST(MusicSchedule, PausedMusicCountsAsNotPlayingForTheStart) {
 TEST(MusicSchedule, PausedMusicIsNotStopped) {
   ClockDesk desk;
   desk.RunTo(12, 6);
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  PauseByPreview(desk);
   desk.Do([&] { desk.Values().MusicStopTime = "12:06"; });
   desk.RunTo(12, 12);
   EXPECT_EQ(desk.PlayState(), kPaused);

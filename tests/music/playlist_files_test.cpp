@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desk/deeds.h"
 #include "music/music_desk.h"
 
 namespace marlex {
@@ -74,7 +75,7 @@ TEST(PlaylistFiles, AnAutostartResumesAtTheLastSong) {
 
 TEST(PlaylistFiles, AnAutostartTellsTheMinuteToTheClockBeforeItsFirstTick) {
   FileDesk desk(kThreeSongs);
-  desk.Do([&] { desk.State().CurrentMinute.clear(); });
+  ASSERT_EQ(desk.State().CurrentMinute, "");
   desk.Pc.Disk.AddFile("/app/Auto.lst", kThreeSongs + "[BackGround music]\r\nAutostart=True\r\n");
   desk.Pc.Clock.Set(2024, 1, 1, 9, 5, 30);
   desk.Open("/app/Auto.lst");
@@ -97,8 +98,7 @@ TEST(PlaylistFiles, AnAutostartGoesBeforeTheTimesWhichTheTickStillTests) {
                 "[Background music]\r\nStart time=12:05\r\nStop time=12:10\r\nAutostart=True\r\n");
   EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
   EXPECT_EQ(desk.Times(), "12:05-12:10  scheduled autostart");
-  desk.Click("cmdStop");
-  desk.Do([&] { desk.State().MusicStoppedByUser = false; });
+  StopByPreview(desk);
   desk.RunTo(12, 4, 59);
   EXPECT_EQ(desk.Heard(), "silence");
   desk.RunTo(12, 5, 1);
@@ -161,28 +161,36 @@ TEST(PlaylistFiles, AListOpenedInsideItsWindowIsNotStoppedByTheClock) {
 }
 
 TEST(PlaylistFiles, TheWindowHasItsFirstMinuteAndNotItsLast) {
-  const std::vector<std::pair<std::string, bool>> minutes = {{"", false},      {"11:59", false},
-                                                             {"12:00", true},  {"12:29", true},
-                                                             {"12:30", false}, {"13:00", false}};
-  for (const auto& [minute, plays] : minutes) {
-    FileDesk desk(kThreeSongs);
+  struct Row {
+    int Hour;
+    int Minute;
+    bool Ticked;  // the clock has seen the minute
+    bool Plays;
+  };
+  for (const Row& row : std::vector<Row>{{12, 10, false, false},
+                                         {11, 59, true, false},
+                                         {12, 0, true, true},
+                                         {12, 29, true, true},
+                                         {12, 30, true, false},
+                                         {13, 0, true, false}}) {
+    FileDesk desk(kThreeSongs, {2024, 1, 1, row.Hour, row.Minute, 30});
     desk.Pc.Disk.AddFile("/app/Night.lst", kThreeSongs + kWindow);
-    desk.Do([&, minute = minute] { desk.State().CurrentMinute = minute; });
+    if (row.Ticked) desk.Advance(1000);
     desk.Open("/app/Night.lst");
-    EXPECT_EQ(desk.PlayState(), plays ? kPlaying : kStopped) << minute;
+    EXPECT_EQ(desk.PlayState(), row.Plays ? kPlaying : kStopped) << row.Hour << ":" << row.Minute;
     EXPECT_EQ(desk.Position(), 0);
   }
 }
 
 TEST(PlaylistFiles, AWindowThatEndsBeforeItBeginsIsNeverOpen) {
-  FileDesk desk(kThreeSongs);
-  desk.Pc.Disk.AddFile(
-      "/app/Night.lst",
-      kThreeSongs + "[Background music]\r\nStart time=22:00\r\nStop time=06:00\r\n");
-  for (const std::string minute : {"05:59", "12:00", "22:00", "23:59", "00:00"}) {
-    desk.Do([&, minute] { desk.State().CurrentMinute = minute; });
+  for (const auto& [hour, minute] : {std::pair{5, 59}, {12, 0}, {22, 0}, {23, 59}, {0, 0}}) {
+    FileDesk desk(kThreeSongs, {2024, 1, 1, hour, minute, 30});
+    desk.Advance(1000);
+    desk.Pc.Disk.AddFile(
+        "/app/Night.lst",
+        kThreeSongs + "[Background music]\r\nStart time=22:00\r\nStop time=06:00\r\n");
     desk.Open("/app/Night.lst");
-    EXPECT_EQ(desk.PlayState(), kStopped) << minute;
+    EXPECT_EQ(desk.PlayState(), kStopped) << hour << ":" << minute;
   }
 }
 
@@ -342,7 +350,7 @@ TEST(PlaylistFiles, TheLongestListIsLoadedWhole) {
   EXPECT_EQ(desk.List().List(kLongest - 1), "song 32767");
 }
 
-TEST(PlaylistFiles, AnAutostartOfAnotherListBeginsAtThePositionOfTheProgramsStart) {
+TEST(PlaylistFiles, AnAutostartOfAnotherListBeginsWhereTheProgramBegan) {
   FileDesk desk("[Last played]\r\nLast song=1\r\n" + kThreeSongs);
   desk.Pc.Disk.AddFile("/app/Auto.lst",
                        "[Last played]\r\nLast song=2\r\n[Playlist]\r\nSong:1=c\r\nSong:2=a\r\n"

@@ -156,7 +156,7 @@ TEST(WaitingMessage, TheExitInTheMiddleOfTheMessageEndsTheProgramAtOnce) {
   EXPECT_EQ(desk.Journal(), "0 send 0\n0 process ends\n");
 }
 
-TEST(WaitingMessage, ThePlayKeyInTheMiddleOfTheMessageRestartsTheSongUntilTheNextFollows) {
+TEST(WaitingMessage, ThePlayKeyUnderTheMessageRestartsTheSongUntilItEnds) {
   BreakDesk desk;
   desk.Advance(31'000);
   desk.Click("cmdPlay");

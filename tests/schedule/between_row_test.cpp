@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "desk/deeds.h"
 #include "schedule/schedule_tick.h"
 #include "schedule/spot_desk.h"
 
@@ -72,7 +73,7 @@ TEST(BetweenRow, WithoutMusicTheRowPlaysAtItsMinuteIntoItsOwnZones) {
 
 TEST(BetweenRow, WithPausedMusicTheRowPlaysAtItsMinuteAndResumesIt) {
   SpotDesk desk(AtBreak());
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  PauseByPreview(desk);
   desk.AdvanceTo(1500);
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
   desk.AdvanceTo(8000);
@@ -120,9 +121,12 @@ TEST(BetweenRow, AStoppedSongLeavesTheWholeScheduleStandingStill) {
   options.StopTime = "13:00";
   options.WeekDays = "1234567";
   SpotDesk desk(options);
+  desk.Pc.Journal.Only({"song", "wav", "send"});
   desk.AdvanceTo(5000);
   desk.Click("cmdStop");
-  desk.Do([&] { desk.State().MusicStoppedByUser = false; });
+  desk.Pc.Dialogs.OpenResults = {Desk::kPlaylist};
+  desk.Click("mnuOpen");
+  EXPECT_FALSE(desk.State().MusicStoppedByUser);
   desk.RunTo(13, 0);
   EXPECT_EQ(desk.Journal(), "5000 song stop\n5000 send 0\n");
   EXPECT_TRUE(desk.State().MessageAwaitingSongEnd);
@@ -156,19 +160,20 @@ TEST(BetweenRow, TheEndOfACallBringsTheTickBackAndTheMessagesKeepWaiting) {
   SpotDesk desk(options);
   desk.AdvanceTo(5000);
   desk.Click("cmdStop");
-  desk.Do([&] { desk.Sys->TheFrmPlayers.tmrMessage.Enabled = true; });
+  desk.Press("cmdCall");
+  desk.Advance(1000);
+  desk.Release("cmdCall");
+  desk.Pc.Journal.Clear();
   desk.RunTo(12, 2, 30);
   EXPECT_TRUE(desk.State().MessageAwaitingSongEnd);
   // The next row that plays ends the wait of those before it.
   desk.RunTo(12, 4);
   EXPECT_FALSE(desk.State().MessageAwaitingSongEnd);
   EXPECT_EQ(desk.Journal(),
-            "5000 song stop\n"
-            "5000 send 0\n"
-            "121000 wav play closing.wav\n"
-            "121200 send 127\n"
-            "123000 wav end closing.wav\n"
-            "123000 send 0\n");
+            "115000 wav play closing.wav\n"
+            "115200 send 127\n"
+            "117000 wav end closing.wav\n"
+            "117000 send 0\n");
 }
 
 TEST(BetweenRow, ASongChosenByHandWhileMessagesWaitEndsTheWaitWithItsOwnEnd) {

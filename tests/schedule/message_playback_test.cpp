@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desk/deeds.h"
 #include "schedule/spot_desk.h"
 
 namespace marlex {
@@ -132,10 +133,10 @@ TEST(MessagePlayback, ASlowFadeTakesItsTimeOnBothSides) {
 
 TEST(MessagePlayback, AMusicThatIsPausedAlreadyIsResumedBehindTheMessages) {
   SpotDesk desk;
-  desk.Do([&] { desk.Pc.Song.Pause(); });
+  PauseByPreview(desk);
+  desk.Pc.Journal.Clear();
   desk.AdvanceTo(10'000);
   EXPECT_EQ(desk.Journal(),
-            "0 song pause\n"
             "1000 wav play welcome.wav\n"
             "1200 send 68\n"
             "4000 wav end welcome.wav\n"

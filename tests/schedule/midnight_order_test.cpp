@@ -26,16 +26,36 @@ DeskOptions Night() {
           .Now = {2024, 1, 7, 23, 59, 30}};
 }
 
-/// The window is one that the music's clock ends at midnight and that began on the day before.
+/// The same with music of the clock from `start` to `stop` on every day.
+DeskOptions NightOfMusic(const std::string& start, const std::string& stop) {
+  DeskOptions options = Night();
+  options.StartTime = start;
+  options.StopTime = stop;
+  options.WeekDays = "1234567";
+  return options;
+}
+
+/// The clock has started the music and will stop it at midnight. The stop key has been pressed
+/// since, and the preview of the playlist editor, in which a file of other times was opened, has
+/// brought the music back without a word to the clock.
 class NightDesk : public SpotDesk {
  public:
-  NightDesk() : SpotDesk(Night()) {
-    Do([this] {
-      State().MusicStartedBySchedule = true;
-      State().MusicStoppedByUser = true;
-      Values().MusicStartTime = "00:00";
-      Values().MusicStopTime = "00:00";
-    });
+  NightDesk() : SpotDesk(NightOfMusic("23:00", "24:00"), kSilent) {
+    Pc.Disk.AddFile("/app/Midnight.lst",
+                    "[Playlist]\r\nSong:1=march\r\n[Background music]\r\nStart time=00:00\r\n"
+                    "Stop time=00:00\r\nWeekdays=1234567\r\n");
+    Pc.Dialogs.OpenResults = {"/app/Midnight.lst"};
+    FrmPlaylist& editor = Sys->TheWindows.frmPlaylist;
+    Click("cmdStop");
+    Click("mnuPlaylist");
+    Click(editor.mnuOpen);
+    Choose(editor.SelectedMP3s, "march");
+    Click(editor.PrevKey);
+    Click(editor.mnuExit);
+    EXPECT_EQ(Heard(), "song march.mp3 at 20000");
+    EXPECT_TRUE(State().MusicStartedBySchedule);
+    EXPECT_TRUE(State().MusicStoppedByUser);
+    Pc.Journal.Clear();
   }
 };
 
@@ -64,12 +84,9 @@ TEST(MidnightOrder, TheNewDaysRowIsSoughtLastAndPlaysBehindTheStop) {
 }
 
 TEST(MidnightOrder, TheStopKeyOfYesterdayBarsTheMusicsStartAtMidnightItself) {
-  DeskOptions options = Night();
-  options.StartTime = "00:00";
-  options.StopTime = "23:00";
-  options.WeekDays = "1234567";
-  SpotDesk desk(options, kSilent);
-  desk.Do([&] { desk.State().MusicStoppedByUser = true; });
+  SpotDesk desk(NightOfMusic("00:00", "23:00"), kSilent);
+  desk.Click("cmdPlay");
+  desk.Click("cmdStop");
   desk.AdvanceTo(30'000);
   EXPECT_EQ(desk.MusicState(), kStopped);
   EXPECT_FALSE(desk.State().MusicStoppedByUser);
@@ -78,11 +95,7 @@ TEST(MidnightOrder, TheStopKeyOfYesterdayBarsTheMusicsStartAtMidnightItself) {
 }
 
 TEST(MidnightOrder, TheMusicsStartAtMidnightComesBeforeTheRowWhichFadesItAgain) {
-  DeskOptions options = Night();
-  options.StartTime = "00:00";
-  options.StopTime = "23:00";
-  options.WeekDays = "1234567";
-  SpotDesk desk(options, kSilent);
+  SpotDesk desk(NightOfMusic("00:00", "23:00"), kSilent);
   desk.AdvanceTo(2000);
   EXPECT_EQ(desk.Journal(),
             "1000 song play march.mp3\n"

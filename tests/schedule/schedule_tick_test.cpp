@@ -194,9 +194,9 @@ TEST(ScheduleTick, ARowUnderARowThatWaitsForTheSongsEndIsLost) {
 
 TEST(ScheduleTick, ARowUnderACallIsLost) {
   SpotDesk desk({}, kSilent);
-  desk.Do([&] { desk.Sys->TheFrmPlayers.tmrMessage.Enabled = false; });
+  desk.Press("cmdCall");
   desk.RunTo(12, 2, 5);
-  desk.Do([&] { desk.Sys->TheFrmPlayers.tmrMessage.Enabled = true; });
+  desk.Release("cmdCall");
   desk.RunTo(12, 30);
   EXPECT_EQ(TakePlays(desk), "");
 }

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "desk/desk.h"
+
+namespace marlex {
+
+/// Pauses the music as the preview of a message does, which leaves it paused, and closes the
+/// message schedule editor again. Takes no time.
+inline void PauseByPreview(Desk& desk) {
+  desk.Click("mnuSchedule");
+  desk.Choose(desk.Sys->TheWindows.TheWavWindow.AvailWavs, "welcome");
+  desk.Click("PrevKey");
+  desk.Click("PrevKey");
+  desk.Click("mnuExit");
+}
+
+/// Stops the music with the preview key of the playlist editor, which leaves no trace in the flags
+/// of the music's clock, and closes the editor again. Takes no time.
+inline void StopByPreview(Desk& desk) {
+  FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
+  desk.Click("mnuPlaylist");
+  const std::string song = editor.AvailMP3s.List(0);
+  desk.Choose(editor.AvailMP3s, song);
+  desk.Choose(editor.SelectedMP3s, song);
+  desk.Click(editor.PrevKey);
+  desk.Click(editor.mnuExit);
+}
+
+}  // namespace marlex
