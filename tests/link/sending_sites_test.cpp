@@ -144,7 +144,7 @@ TEST(SendingSites, AStopOfTheClockLeavesTheZonesToACallThatIsOn) {
   EXPECT_EQ(desk.Journal(), "729 send 68\n");
 }
 
-/// No deed brings a message into that fade to stay.
+/// No deed leaves a message playing when that fade ends.
 TEST(SendingSites, AStopOfTheClockLeavesTheZonesToAMessageThatIsOn) {
   StopDesk desk;
   desk.Do([&] { desk.State().MessagePlaying = true; });
