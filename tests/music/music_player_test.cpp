@@ -217,15 +217,29 @@ TEST(MusicPlayer, AListOfOneSongRepeatsItWithTheLengthOfItsFirstPass) {
 TEST(MusicPlayer, ANewSongPlaysAtTheLevelThatTheLastOneHad) {
   MusicDesk desk;
   desk.Click("cmdPlay");
+  desk.Click("mnuSettings");
+  FrmSettings& dialog = desk.Sys->TheWindows.frmSettings;
   desk.Do([&] {
-    desk.Wave().Value = 30'000;
-    desk.Sys->TheFrmMxr.SldrVol[0].Value = 7000;
-    desk.WaveMute().Value = 1;
+    dialog.slMusicVolume.Value = 30'000;
+    dialog.slMasterVolume.Value = 7000;
   });
+  desk.Click("cmdCancel");
   desk.Advance(10'000);
-  EXPECT_EQ(desk.WaveSlider(), 30'000);
+  EXPECT_EQ(desk.Heard(), "song b.mp3 at 30000");
   EXPECT_EQ(desk.Slider(0), 7000);
+}
+
+TEST(MusicPlayer, ANewSongOpensNoLineThatIsMuted) {
+  MusicDesk desk;
+  desk.Click("cmdPlay");
+  desk.Press("cmdCall");
+  desk.Advance(1000);
+  desk.Status(128);
+  desk.Click("cmdSkip");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Pc.Song.FileName(), "/music/c.mp3");
   EXPECT_TRUE(desk.WaveMute().Value);
+  EXPECT_TRUE(desk.MuteCheck(0));
 }
 
 /// The selections of the list from now to the next song.

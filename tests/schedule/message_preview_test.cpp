@@ -173,13 +173,13 @@ TEST(MessagePreview, ACallEndsItAndHasTheLineAlone) {
   PreviewDesk desk(false, {.PreChime = "gong"});
   desk.Click("PrevKey");
   desk.Advance(1000);
-  desk.Do([&] { desk.Sys->Call.StartCall(); });
+  desk.Press("cmdCall");
   EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
   desk.Advance(3000);
   EXPECT_FALSE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
   EXPECT_EQ(desk.Text("PrevKey"), "Play");
   EXPECT_EQ(desk.Journal().find("closing"), std::string::npos);
-  desk.Do([&] { desk.Sys->Call.EndCall(); });
+  desk.Release("cmdCall");
   desk.Advance(3000);
   EXPECT_EQ(desk.Heard(), "silence");
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
@@ -190,10 +190,10 @@ TEST(MessagePreview, ACallThatIsOverAtOnceEndsItTooAndItsChimeIsHeardWhole) {
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Pc.Journal.Clear();
-  desk.Do([&] { desk.Sys->Call.StartCall(); });
+  desk.Press("cmdCall");
   desk.Advance(100);
   desk.Click("PrevKey");  // a stop that comes too late
-  desk.Do([&] { desk.Sys->Call.EndCall(); });
+  desk.Release("cmdCall");
   EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
   desk.Advance(10'000);
   EXPECT_EQ(desk.Journal().find("closing"), std::string::npos);
@@ -207,7 +207,7 @@ TEST(MessagePreview, ClosingTheEditorUnderACallLeavesItsChimeAlone) {
   PreviewDesk desk(false, {.PreChime = "gong"});
   desk.Click("PrevKey");
   desk.Advance(1000);
-  desk.Do([&] { desk.Sys->Call.StartCall(); });
+  desk.Press("cmdCall");
   desk.Advance(100);
   desk.Do([&] { desk.Editor().Close(); });
   EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");

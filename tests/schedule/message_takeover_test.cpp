@@ -11,15 +11,6 @@ constexpr int kInTheFade = 1250;
 constexpr int kInTheFirstMessage = 3000;
 constexpr int kInTheRise = 6900;
 
-/// What a PC call does to the players when it cuts a sequence off.
-void StartCall(SpotDesk& desk) {
-  desk.Do([&] {
-    desk.Pc.Wav.Command("Close");
-    desk.Sys->TheFrmPlayers.lstMsgSequence.Clear();
-    desk.State().CallActive = true;
-  });
-}
-
 std::string ThroughTheWholeSequence() {
   SpotDesk desk;
   desk.AdvanceTo(20'000);
@@ -219,29 +210,29 @@ TEST(MessageTakeover, WhereTheWordForCloseIsNoCommandTheFileRunsOnUnderTheMutedM
 }
 
 TEST(MessageTakeover, ACallInTheFadeEndsTheSequenceAndLeavesAllAsItIs) {
-  SpotDesk desk;
+  SpotDesk desk({.CallRouting = "000100"});
   desk.AdvanceTo(kInTheFade);
-  StartCall(desk);
+  desk.Press("cmdCall");
   desk.AdvanceTo(20'000);
-  EXPECT_EQ(desk.Journal(), "");
+  EXPECT_EQ(desk.Journal(), "1529 song pause\n1729 send 72\n");
   EXPECT_EQ(desk.Alive(), "");
-  EXPECT_EQ(desk.MusicState(), kPlaying);
+  EXPECT_EQ(desk.MusicState(), kPaused);
   EXPECT_EQ(desk.WaveSlider(), 65535);
-  EXPECT_EQ(desk.LitZones(), "110000");
+  EXPECT_EQ(desk.LitZones(), "000100");
   EXPECT_FALSE(desk.State().MessagePlaying);
 }
 
 TEST(MessageTakeover, ACallInAMessageStopsItAtOnceAndTheSequenceRestoresNothing) {
-  SpotDesk desk;
+  SpotDesk desk({.CallRouting = "000100"});
   desk.AdvanceTo(kInTheFirstMessage);
   desk.Pc.Journal.Clear();
-  StartCall(desk);
+  desk.Press("cmdCall");
   EXPECT_FALSE(desk.State().MessagePlaying);
   desk.Advance(20'000);
-  EXPECT_EQ(desk.Journal(), "0 wav stop welcome.wav\n0 wav refuse \n");
+  EXPECT_EQ(desk.Journal(), "0 wav stop welcome.wav\n0 wav refuse \n200 send 72\n");
   EXPECT_EQ(desk.Alive(), "");
   EXPECT_EQ(desk.MusicState(), kPaused);
-  EXPECT_EQ(desk.LitZones(), "001000");
+  EXPECT_EQ(desk.LitZones(), "000100");
   EXPECT_EQ(desk.WaveSlider(), 20000);
   EXPECT_EQ(desk.Paint(1), "nnnnn");
   EXPECT_TRUE(desk.Enabled("cmdMusicZones_5"));
@@ -251,7 +242,7 @@ TEST(MessageTakeover, TheRestOfALongListIsGoneThroughWithEmptyEntriesInNoTime) {
   SpotDesk desk({.Sequences = {{.Messages = "welcome,closing,welcome,closing"}}});
   desk.AdvanceTo(kInTheFirstMessage);
   desk.Pc.Journal.Clear();
-  StartCall(desk);
+  desk.Press("cmdCall");
   EXPECT_EQ(desk.Journal(),
             "0 wav stop welcome.wav\n"
             "0 wav refuse \n"
