@@ -186,21 +186,24 @@ TEST(MessagePreview, ACallEndsItAndHasTheLineAlone) {
 }
 
 TEST(MessagePreview, ACallThatIsOverAtOnceEndsItTooAndItsChimeIsHeardWhole) {
-  PreviewDesk desk(true, {.PreChime = "gong"});
-  desk.Click("PrevKey");
-  desk.Advance(1000);
-  desk.Pc.Journal.Clear();
-  desk.Press("cmdCall");
-  desk.Advance(100);
-  desk.Click("PrevKey");  // a stop that comes too late
-  desk.Release("cmdCall");
-  EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
-  desk.Advance(10'000);
-  EXPECT_EQ(desk.Journal().find("closing"), std::string::npos);
-  EXPECT_NE(desk.Journal().find("800 wav end gong.wav"), std::string::npos) << desk.Journal();
-  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
-  EXPECT_EQ(desk.Text("PrevKey"), "Play");
-  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+  for (const bool stopTooLate : {false, true}) {
+    SCOPED_TRACE(stopTooLate);
+    PreviewDesk desk(true, {.PreChime = "gong"});
+    desk.Click("PrevKey");
+    desk.Advance(1000);
+    desk.Pc.Journal.Clear();
+    desk.Press("cmdCall");
+    desk.Advance(100);
+    if (stopTooLate) desk.Click("PrevKey");
+    desk.Release("cmdCall");
+    EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
+    desk.Advance(10'000);
+    EXPECT_EQ(desk.Journal().find("closing"), std::string::npos);
+    EXPECT_NE(desk.Journal().find("800 wav end gong.wav"), std::string::npos) << desk.Journal();
+    EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+    EXPECT_EQ(desk.Text("PrevKey"), "Play");
+    EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+  }
 }
 
 TEST(MessagePreview, ClosingTheEditorUnderACallLeavesItsChimeAlone) {
