@@ -149,6 +149,15 @@ QWidget& InThePostChime(ShownDesk& desk) {
   return MainOf(desk);
 }
 
+/// The schedule stands still until the next call.
+QWidget& AfterACallThatTheAmplifierCutOff(ShownDesk& desk) {
+  QWidget& window = UnderACallOfTheAmplifierInACall(desk);
+  desk.Release("cmdCall");
+  desk.Status(0);
+  desk.Advance(1000);
+  return window;
+}
+
 QWidget& OnALargeScreen(ShownDesk& desk) {
   QWidget& window = AtRest(desk);
   window.resize(1920, 1080);
@@ -300,6 +309,7 @@ std::vector<Scene> MainScenes() {
        [](ShownDesk& desk) -> QWidget& { return UnderACallOfTheAmplifier(desk, kLowerCall); }},
       {"main_takeover_in_call", router, UnderACallOfTheAmplifierInACall},
       {"main_takeover_in_message", router, UnderACallOfTheAmplifierInAMessage},
+      {"main_schedule_stopped", router, AfterACallThatTheAmplifierCutOff},
       {"main_post_chime", With([](DeskOptions& shop) { shop.PostChime = "three_tones"; }),
        InThePostChime},
       {"main_conflict", InConflict(Shop()), AtRest},
