@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <utility>
 
 namespace marlex {
@@ -18,8 +19,8 @@ class FileDescriptor {
   int Get() const { return Number; }
 
   /// False when the system reports a late fault of what was written before. The descriptor is gone
-  /// in any case.
-  bool Close() { return Number < 0 || ::close(std::exchange(Number, -1)) == 0; }
+  /// in any case; a signal that interrupts the closing is no fault.
+  bool Close() { return Number < 0 || ::close(std::exchange(Number, -1)) == 0 || errno == EINTR; }
 
  private:
   int Number;

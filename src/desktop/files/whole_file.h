@@ -18,13 +18,15 @@ struct WholeFile {
 /// device, a file above 64 MiB) is unreadable; nothing of it is opened in a way that waits.
 WholeFile ReadWholeFile(const std::string& path);
 
-/// Replaces or creates a file so that at any moment, a power cut included, either the old or the
-/// new text stands there whole. The text goes to a hidden file beside it, which then takes its
-/// name. A symbolic link stays and the file it leads to is replaced; mode and, where permitted,
-/// owner are kept. A file without any permission to write counts as protected, even for root. False
-/// when it could not be done; the old file is then as it was. The hidden file of a process that was
-/// killed half-way is overwritten by the next replacement. One process at a time may do this to a
-/// file.
+/// Replaces or creates a file so that at any moment, a power cut included, `ReadWholeFile` finds
+/// either the old or the new text whole. The text goes to a hidden file beside it, which then takes
+/// its name. Where the name cannot be taken, since the file is mounted by itself or belongs to
+/// somebody else in a shared directory, the file is written in place, and the hidden one counts
+/// until that is done. A symbolic link stays and the file it leads to is replaced; mode and, where
+/// permitted, owner are kept. A file without any permission to write counts as protected, even for
+/// root. False when it could not be done; the old file is then as it was. What a process that was
+/// killed half-way left behind is cleared away by the next replacement. One process at a time may
+/// do this to a file.
 bool ReplaceFile(const std::string& path, std::string_view text);
 
 }  // namespace marlex
