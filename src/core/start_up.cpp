@@ -39,13 +39,14 @@ int LanguageBaseOf(const std::string& name) {
 }
 
 StartUp::StartUp(Pc& pc, SettingsStore& store, Windows& windows, StringTable& strings,
-                 SettingsLoader& loader)
+                 SettingsLoader& loader, Notices& notices)
     : ThePc(pc),
       Store(store),
       TheFrmLogo(windows.frmLogo),
       TheFrmLangSel(windows.frmlangSel),
       Strings(strings),
-      Loader(loader) {
+      Loader(loader),
+      TheNotices(notices) {
   TheFrmLogo.OnLoad = [this] { LoadLogo(); };
   TheFrmLogo.OnClose = [] {};  // the splash ends by itself
   TheFrmLogo.tmrView.OnTimer = [this] { EndSplash(); };
@@ -95,10 +96,17 @@ void StartUp::ChooseLanguage() {
     if (!TheFrmLangSel.optLanguage[index].Value()) continue;
     const Language& language = kLanguageTable[static_cast<std::size_t>(index)];
     Strings.LanguageBase = language.LanguageBase;
-    Store.Write("User language", "Language", language.Name);
+    // Told at each try: the splash reads the language from the file, so that the dialog comes back.
+    if (!Store.WriteProfileValue("User language", "Language", language.Name, Store.TolvoIni()))
+      TellNotSaved();
   }
   TheFrmLangSel.Unload();
   TheFrmLogo.Show();
+}
+
+void StartUp::TellNotSaved() {
+  TheNotices.Tell("The settings cannot be saved: " + Store.TolvoIni(), BoxIcon::Critical,
+                  Strings.LoadString(kStrError));
 }
 
 }  // namespace marlex

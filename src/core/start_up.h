@@ -5,6 +5,7 @@
 #include "core/settings_loader.h"
 #include "i18n/string_table.h"
 #include "platform/pc.h"
+#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 
@@ -15,10 +16,13 @@ namespace marlex {
 class StartUp {
  public:
   StartUp(Pc& pc, SettingsStore& store, Windows& windows, StringTable& strings,
-          SettingsLoader& loader);
+          SettingsLoader& loader, Notices& notices);
 
   /// Shows the splash, or the language dialog when no language is set.
   void Start() { TheFrmLogo.Show(); }
+
+  /// Tells the operator that the settings file cannot be written.
+  void TellNotSaved();
 
  private:
   void LoadLogo();
@@ -33,6 +37,7 @@ class StartUp {
   FrmLangSel& TheFrmLangSel;
   StringTable& Strings;
   SettingsLoader& Loader;
+  Notices& TheNotices;
 };
 
 /// Name of the operating system by the published version numbers; "Failed" for an unknown family,

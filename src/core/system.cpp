@@ -50,8 +50,9 @@ System::System(const Pc& pc)
       ThePickers(Store, TheWindows, Strings),
       Loader(TheFlags, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Mixer, Strings, TheNotices),
       ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, pc.Clock, Strings),
-      StartUp_(ThePc, Store, TheWindows, Strings, Loader) {
+      StartUp_(ThePc, Store, TheWindows, Strings, Loader, TheNotices) {
   // The calls that run upwards.
+  Store.OnNotSaved = [this] { StartUp_.TellNotSaved(); };
   Dialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
   Call.CutPreviewOff = [this] { Preview.GiveWay(); };
   Link.PlaySong = [this] { Music.PlaySong(); };

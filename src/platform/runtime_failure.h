@@ -13,4 +13,15 @@ class RuntimeFailure : public std::runtime_error {
   explicit RuntimeFailure(const std::string& what) : std::runtime_error(what) {}
 };
 
+/// Result of the work. A RuntimeFailure in it is passed on with the place, a file or a field of
+/// one, in front of its text, so that whoever reads it knows what to put right.
+template <class Work>
+auto AtPlace(const std::string& place, Work work) {
+  try {
+    return work();
+  } catch (const RuntimeFailure& failure) {
+    throw RuntimeFailure(place + ": " + failure.what());
+  }
+}
+
 }  // namespace marlex

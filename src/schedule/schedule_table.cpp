@@ -39,9 +39,9 @@ void ScheduleTable::AddAllFiles() {
   for (int file = 0; file < SeqFileList.ListCount(); ++file) {
     CurrentSequenceFile = SeqFileList.List(file);
     try {
-      AddSequenceRows();
+      AtPlace(CurrentSequenceFile, [this] { AddSequenceRows(); });
     } catch (const RuntimeFailure& failure) {
-      badFiles.push_back(CurrentSequenceFile + ": " + failure.what());
+      badFiles.emplace_back(failure.what());
     }
   }
   if (!badFiles.empty()) TellBadFiles(badFiles);
@@ -64,8 +64,8 @@ void ScheduleTable::AddSequenceRows() {
   TimerModeExact = read("Timer") == "Exact";
   if (!Store.Values.AllDaysView && !DayIsOn(weekdays, Clock.Now().Weekday)) return;
 
-  Times.ParseHours();
-  Times.ParseMinutes();
+  AtPlace("Hour(s)", [this] { Times.ParseHours(); });
+  AtPlace("Minute(s)", [this] { Times.ParseMinutes(); });
   if (NextTableRow - 1 + Times.HourCount * Times.MinuteCount > kMostRows) {
     throw RuntimeFailure("The schedule has more than 32767 rows");
   }

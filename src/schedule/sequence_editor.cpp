@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "i18n/translate_controls.h"
+#include "platform/runtime_failure.h"
 #include "state/digit_mask.h"
 #include "state/file_names.h"
 #include "state/week_time.h"
@@ -160,8 +161,9 @@ void SequenceEditor::Open(const std::string& file) {
   if (file.empty()) return;
   const auto read = [&](const char* key) { return Store.ReadProfileValue(kSection, key, file); };
   const std::string weekdays = read("Weekday(s)");
-  const std::vector<bool> days = DigitsInPlace(weekdays, kWeekdays);
-  ApplyZoneText(Window, read("Zone(s)"));
+  const std::vector<bool> days = AtPlace(FileNameOf(file) + ": Weekday(s)",
+                                         [&] { return DigitsInPlace(weekdays, kWeekdays); });
+  AtPlace(FileNameOf(file) + ": Zone(s)", [&] { ApplyZoneText(Window, read("Zone(s)")); });
   ChosenFile = file;
   WeekdayText = weekdays;
   Window.Caption = Strings.LoadString(kStrMessageSchedule) + " " + FileNameOf(file);

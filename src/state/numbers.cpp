@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace marlex {
 
@@ -13,10 +14,14 @@ std::optional<int> ToNumber(const std::string& text) {
   if (plus && text.find('-', first) == first + 1) return std::nullopt;
   const char* begin = text.data() + first + (plus ? 1 : 0);
   const char* end = text.data() + last + 1;
-  int number = 0;
-  const auto [stop, error] = std::from_chars(begin, end, number);
-  if (error != std::errc{} || stop != end) return std::nullopt;
-  return number;
+  double number = 0;
+  const auto [stop, error] = std::from_chars(begin, end, number, std::chars_format::fixed);
+  if (error != std::errc{} || stop != end || !std::isfinite(number)) return std::nullopt;
+  using Limits = std::numeric_limits<int>;
+  if (number <= Limits::min() - 1.0 || number >= Limits::max() + 1.0) return std::nullopt;
+  const long rounded = RoundHalfEven(number);
+  if (rounded < Limits::min() || rounded > Limits::max()) return std::nullopt;
+  return static_cast<int>(rounded);
 }
 
 long RoundHalfEven(double value) {

@@ -23,9 +23,9 @@ std::vector<std::string> SettingsStore::ReadNumberedValues(const std::string& se
   return values;
 }
 
-void SettingsStore::WriteProfileValue(const std::string& section, const std::string& key,
+bool SettingsStore::WriteProfileValue(const std::string& section, const std::string& key,
                                       const std::string& value, const std::string& file) {
-  Profiles.WriteString(section, key, value, file);
+  return Profiles.WriteString(section, key, value, file);
 }
 
 std::string SettingsStore::TolvoIni() const {

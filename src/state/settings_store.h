@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,10 +28,13 @@ class SettingsStore {
                                               const std::string& keyPrefix,
                                               const std::string& file) const;
 
-  /// Writes a value through; an empty one is written as such and deletes nothing. A failed write
-  /// goes unnoticed.
-  void WriteProfileValue(const std::string& section, const std::string& key,
+  /// Writes a value through; an empty one is written as such and deletes nothing. False when that
+  /// failed, which the system notices for the settings file alone.
+  bool WriteProfileValue(const std::string& section, const std::string& key,
                          const std::string& value, const std::string& file);
+
+  /// Called when the settings file cannot be written, once until a write succeeds again.
+  std::function<void()> OnNotSaved;
 
   /// Writes values of one file in their order, all of them or none. False when that failed.
   bool WriteProfileValues(const std::vector<ProfileEntry>& entries, const std::string& file) {
@@ -50,8 +54,11 @@ class SettingsStore {
   std::string Read(const std::string& section, const std::string& key) const {
     return ReadProfileValue(section, key, TolvoIni());
   }
-  void Write(const std::string& section, const std::string& key, const std::string& value) {
-    WriteProfileValue(section, key, value, TolvoIni());
+  bool Write(const std::string& section, const std::string& key, const std::string& value) {
+    const bool saved = WriteProfileValue(section, key, value, TolvoIni());
+    if (!saved && Saved && OnNotSaved) OnNotSaved();
+    Saved = saved;
+    return saved;
   }
 
   /// True only for the exact text "Yes"; key look-up is blind to case, values are not.
@@ -67,6 +74,7 @@ class SettingsStore {
  private:
   ProfileFiles& Profiles;
   Process& TheProcess;
+  bool Saved = true;  // the last write of the settings file succeeded
 };
 
 }  // namespace marlex

@@ -424,7 +424,7 @@ TEST(SettingsDialog, WritesThatFailLeaveTheProgramRunningOnTheNewValues) {
   desk.Click("cmdOK");
   EXPECT_FALSE(desk.Dialog().Visible);
   EXPECT_EQ(desk.Values().FadeTime, 1500);
-  EXPECT_EQ(desk.BoxTexts(), "");
+  EXPECT_EQ(desk.BoxTexts(), "Error: The settings cannot be saved: /app/Tolvo.ini\n");
 }
 
 }  // namespace

@@ -172,6 +172,12 @@ TEST(SettingsLoader, VolumesThatAreNoNumbersAreToldInOneBoxAndCountAsAbsent) {
   EXPECT_TRUE(desk.Main().Visible);
 }
 
+TEST(SettingsLoader, AVolumeWithAFractionIsANumber) {
+  Desk desk({}, With("Volume", "Music volume", "20000.4"));
+  EXPECT_EQ(desk.Values().MusicVolume, 20000);
+  EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
+}
+
 TEST(SettingsLoader, AVolumeOutsideTheSliderIsHeldAtItsEnd) {
   Desk desk({.MusicVolume = 70000, .MasterVolume = -5});
   EXPECT_EQ(desk.Values().MusicVolume, 65535);
@@ -226,16 +232,40 @@ TEST(SettingsLoader, UnknownKeysAndCommentsSurviveARunOfTheProgram) {
   EXPECT_EQ(desk.Pc.Disk.Read(Desk::kIni), text + "[Routing]\r\nMusic routing=000000\r\n");
 }
 
-TEST(SettingsLoader, WritesThatFailGoUnnoticedAndNothingIsLost) {
+TEST(SettingsLoader, SettingsThatCannotBeWrittenAreToldOnceAndNothingIsLost) {
   Desk desk({.Music = {{"march"}}});
   const auto before = desk.Pc.Disk.Read(Desk::kIni);
   desk.Pc.Disk.FailWrites("/app");
   desk.Click("cmdMusicZones_5");
+  desk.Advance(0);
   desk.Click("mnuAllDays");
   desk.Click("cmdPlay");
+  desk.Advance(1000);
   EXPECT_EQ(desk.Pc.Disk.Read(Desk::kIni), before);
-  EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
+  ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Caption, "Error");
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Body, "The settings cannot be saved: /app/Tolvo.ini");
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
+TEST(SettingsLoader, AFaultThatComesAgainAfterAWriteIsToldAgain) {
+  Desk desk;
+  for (int fault = 0; fault < 2; ++fault) {
+    desk.Pc.Disk.FailWrites("/app");
+    desk.Click("mnuAllDays");
+    desk.Click("mnuAllDays");
+    desk.Pc.Disk.Heal("/app");
+    desk.Click("mnuAllDays");
+  }
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 2u);
+}
+
+TEST(SettingsLoader, APlaylistOnAProtectedDiskIsNothingToTell) {
+  Desk desk({.Music = {{"march"}}});
+  desk.Pc.Disk.FailWrites(Desk::kPlaylist);
+  desk.Click("cmdPlay");
+  desk.Advance(1000);
+  EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
 }
 
 TEST(SettingsLoader, ASettingsFileThatCannotBeReadIsNotOverwrittenWithDefaults) {

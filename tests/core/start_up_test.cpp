@@ -218,5 +218,25 @@ TEST(StartUp, AMissingSettingsFileLeadsToTheLanguageDialogAndThenToTheFirstRun) 
   EXPECT_FALSE(desk.Main().Visible);
 }
 
+TEST(StartUp, AFirstStartInAFolderThatCannotBeWrittenSaysSoAtEachTry) {
+  Desk desk({}, [](SimulatedPc& pc) {
+    pc.Disk.Remove(Desk::kIni);
+    pc.Disk.FailWrites("/app");
+  });
+  for (std::size_t tries = 1; tries <= 2; ++tries) {
+    desk.Click("cmdOK");
+    desk.Advance(3000);
+    EXPECT_TRUE(desk.Sys->TheWindows.frmlangSel.Visible);
+    ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), tries);
+    EXPECT_EQ(desk.Pc.Dialogs.Boxes.back().Body, "The settings cannot be saved: /app/Tolvo.ini");
+  }
+  desk.Pc.Disk.Heal("/app");
+  desk.Click("cmdOK");
+  desk.Advance(2500);
+  EXPECT_FALSE(desk.Sys->TheWindows.frmlangSel.Visible);
+  EXPECT_EQ(desk.Setting("User language", "Language"), "English");
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 2u);
+}
+
 }  // namespace
 }  // namespace marlex

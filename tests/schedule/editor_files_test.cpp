@@ -87,11 +87,18 @@ TEST(EditorFiles, OnesWithoutASequenceAreToldOfAndChangeNothing) {
     const std::string before = desk.Shown();
     desk.OpenText(text);
     desk.Advance(0);
-    EXPECT_EQ(desk.LastBox(), "Error: \"\" is shorter than 7 characters");
+    EXPECT_EQ(desk.LastBox(), "Error: new.sch: Weekday(s): \"\" is shorter than 7 characters");
     EXPECT_EQ(desk.Shown(), before);
     EXPECT_EQ(desk.Editor().Caption.Get(), "Message schedule");
     EXPECT_EQ(desk.Sys->Editor.ChosenFile, "");
   }
+}
+
+TEST(EditorFiles, OneThatIsUnfitIsToldOfWithItsFileAndItsField) {
+  FilesDesk desk;
+  desk.OpenText("[Schedule]\r\nWeekday(s)=1030500\r\nZone(s)=0200\r\n");
+  desk.Advance(0);
+  EXPECT_EQ(desk.LastBox(), "Error: new.sch: Zone(s): \"0200\" is shorter than 6 characters");
 }
 
 TEST(EditorFiles, OnesThatAreMissingOrCannotBeReadAreToldOfAndChangeNothing) {
@@ -103,7 +110,7 @@ TEST(EditorFiles, OnesThatAreMissingOrCannotBeReadAreToldOfAndChangeNothing) {
     desk.Pc.Disk.FailReads(kFile);
     desk.Open(kFile);
     desk.Advance(0);
-    EXPECT_EQ(desk.LastBox(), "Error: \"\" is shorter than 7 characters");
+    EXPECT_EQ(desk.LastBox(), "Error: new.sch: Weekday(s): \"\" is shorter than 7 characters");
     EXPECT_EQ(desk.Shown(), before);
   }
 }

@@ -343,8 +343,10 @@ TEST(SequenceFiles, SeveralFilesThatBreakLimitsShareOneBox) {
        .Minutes = "0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0"});
   Desk desk(options);
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
-  EXPECT_THAT(desk.Pc.Dialogs.Boxes.front().Body,
-              testing::AllOf(HasSubstr("worse.sch"), HasSubstr("worst.sch")));
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes.front().Body,
+            "These message schedules cannot be used:"
+            "\r\nworse.sch: Hour(s): More than 24 hours in a time expression"
+            "\r\nworst.sch: Minute(s): More than 30 items in a time expression");
   EXPECT_EQ(Times(desk).size(), 2U);
 }
 
