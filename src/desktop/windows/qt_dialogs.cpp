@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QLayout>
 #include <QMessageBox>
+#include <QSettings>
+#include <QSortFilterProxyModel>
 #include <memory>
 #include <utility>
 
@@ -43,6 +45,45 @@ QStringList NameFilters(const std::string& filter) {
   return filters;
 }
 
+/// Leaves out names with a line end, which no settings file can hold.
+class OfferedNames : public QSortFilterProxyModel {
+ public:
+  using QSortFilterProxyModel::QSortFilterProxyModel;
+
+  /// The order of the model behind, which has directories first and sizes by number.
+  void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
+
+ protected:
+  bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
+    const QString name = sourceModel()->index(row, 0, parent).data().toString();
+    return !name.contains('\n') && !name.contains('\r');
+  }
+};
+
+/// A file dialog that asks before it takes the name of a file that exists also when that file's
+/// name is spelled in another case: such a name leads to the file there is.
+class FileDialogBox : public QFileDialog {
+ public:
+  using QFileDialog::QFileDialog;
+
+ protected:
+  void accept() override {
+    if (acceptMode() == AcceptSave) TakeExistingName();
+    QFileDialog::accept();
+  }
+
+ private:
+  void TakeExistingName() {
+    const QFileInfo typed(selectedFiles().value(0));
+    if (typed.exists()) return;
+    for (const QString& name : typed.dir().entryList(QDir::Files)) {
+      if (name.compare(typed.fileName(), Qt::CaseInsensitive) != 0) continue;
+      selectFile(typed.dir().filePath(name));
+      return;
+    }
+  }
+};
+
 QFileDialog::FileMode FileMode(const FileDialog& dialog) {
   if (dialog.Save) return QFileDialog::AnyFile;
   return dialog.AllowMultiselect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
@@ -75,11 +116,18 @@ void LeaveStanding(QDialog* box) {
 
 }  // namespace
 
+/// The toolkit's file dialog keeps its looks in a file of its own among the operator's settings,
+/// and the program leaves no file there: under this path none can be made.
+QtDialogs::QtDialogs(EventLoop& loop) : Loop(loop) {
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
+}
+
 void QtDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
-  auto* box = new QFileDialog(FrontWindow());
+  auto* box = new FileDialogBox(FrontWindow());
   box->setObjectName("fileDialog");
   box->setOption(QFileDialog::DontUseNativeDialog);
   box->setOption(QFileDialog::ReadOnly);  // files are chosen here, never renamed or deleted
+  box->setProxyModel(new OfferedNames(box));
   box->setAcceptMode(dialog.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   box->setFileMode(FileMode(dialog));
   box->setNameFilters(NameFilters(dialog.Filter));

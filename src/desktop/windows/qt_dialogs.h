@@ -12,7 +12,7 @@ namespace marlex {
 /// other; the one on top is answered first.
 class QtDialogs : public Dialogs {
  public:
-  explicit QtDialogs(EventLoop& loop) : Loop(loop) {}
+  explicit QtDialogs(EventLoop& loop);
 
  protected:
   void ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) override;

@@ -232,6 +232,54 @@ TEST(QtDialogs, TheNameOfAFileThatExistsIsTakenAfterAQuestion) {
   EXPECT_EQ(questions, 2);
 }
 
+TEST(QtDialogs, ANameInAnotherCaseIsThatOfTheFileThatExists) {
+  TypingFolder folder;
+  int questions = 0;
+  WhenOpen<QMessageBox>([&](QMessageBox& box) {
+    ++questions;
+    box.button(QMessageBox::Yes)->click();
+  });
+  EXPECT_EQ(folder.Typed("A.SCH", folder.Save("sch")), "a.sch");
+  EXPECT_EQ(questions, 1);
+}
+
+TEST(QtDialogs, NamesWithALineEndAreNotOffered) {
+  TypingFolder folder;
+  QFile file(folder.Place.filePath("two\nlines.sch"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  ASSERT_TRUE(QDir(folder.Place.path()).mkdir("zone"));
+  const QStringList offered{"zone", "a.sch", "b c.sch"};  // directories come first
+  QStringList names;
+  WhenOpen<QFileDialog>([&](QFileDialog& box) {
+    const auto* list = box.findChild<QListView*>("listView");
+    QElapsedTimer waited;
+    waited.start();
+    while (names != offered && waited.elapsed() < 30'000) {
+      QApplication::processEvents();
+      names.clear();
+      for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+        names += list->model()->index(row, 0, list->rootIndex()).data().toString();
+    }
+    box.reject();
+  });
+  Chosen(folder.Loop, folder.Dialogs, folder.Asked(true));
+  EXPECT_EQ(names, offered);
+}
+
+TEST(QtDialogs, FileDialogsWriteNothingIntoTheOperatorsConfiguration) {
+  TypingFolder folder;
+  QPointer<QFileDialog> dialog;
+  WhenOpen<QFileDialog>([&](QFileDialog& box) {
+    dialog = &box;
+    Choose(box, "a.sch");
+  });
+  Chosen(folder.Loop, folder.Dialogs, folder.Asked(true));
+  folder.Loop.PumpUntil([&] { return dialog.isNull(); });  // it keeps its looks when it goes
+  const QDir configuration(qEnvironmentVariable("XDG_CONFIG_HOME"));
+  EXPECT_TRUE(configuration.exists());
+  EXPECT_EQ(configuration.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+}
+
 TEST(QtDialogs, ASaveDialogThatIsLeftGivesNoName) {
   TypingFolder folder;
   WhenOpen<QFileDialog>([](QFileDialog& box) {
