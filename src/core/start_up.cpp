@@ -1,6 +1,5 @@
 #include "core/start_up.h"
 
-#include "i18n/languages.h"
 #include "i18n/translate_controls.h"
 
 namespace marlex {
@@ -31,11 +30,11 @@ std::string OperatingSystemName(const SystemVersion& version) {
   return "Failed";
 }
 
-int LanguageBaseOf(const std::string& name) {
+Language LanguageOf(const std::string& name) {
   for (const Language& language : kLanguageTable) {
-    if (name == language.Name) return language.LanguageBase;
+    if (name == language.Name) return language;
   }
-  return 0;
+  return kLanguageTable[0];
 }
 
 StartUp::StartUp(Pc& pc, SettingsStore& store, Windows& windows, StringTable& strings,
@@ -62,11 +61,17 @@ void StartUp::LoadLogo() {
     TheFrmLogo.Unload();
     return;
   }
-  Strings.LanguageBase = LanguageBaseOf(language);
+  UseLanguage(LanguageOf(language));
   TranslateControls(TheFrmLogo, Strings);
   Store.Values.OperatingSystemText = OperatingSystemName(ThePc.TheProcess.GetVersion());
   TheFrmLogo.tmrView.Enabled = true;
   if (ThePc.TheProcess.FindWindow(FrmMain::kCaption)) EndSecondInstance();
+}
+
+void StartUp::UseLanguage(const Language& language) {
+  Strings.LanguageBase = language.LanguageBase;
+  Store.ValuesIn = language.OldPage;
+  ThePc.Files.NamesIn = language.OldPage;
 }
 
 void StartUp::EndSecondInstance() {
@@ -95,7 +100,7 @@ void StartUp::ChooseLanguage() {
   for (int index = 0; index < FrmLangSel::kLanguages; ++index) {
     if (!TheFrmLangSel.optLanguage[index].Value()) continue;
     const Language& language = kLanguageTable[static_cast<std::size_t>(index)];
-    Strings.LanguageBase = language.LanguageBase;
+    UseLanguage(language);
     // Told at each try: the splash reads the language from the file, so that the dialog comes back.
     if (!Store.WriteProfileValue("User language", "Language", language.Name, Store.TolvoIni()))
       TellNotSaved();

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/settings_loader.h"
+#include "i18n/languages.h"
 #include "i18n/string_table.h"
 #include "platform/pc.h"
 #include "state/notices.h"
@@ -26,6 +27,7 @@ class StartUp {
 
  private:
   void LoadLogo();
+  void UseLanguage(const Language& language);
   void EndSecondInstance();
   void EndSplash();  // tmrView
   void LoadLanguageDialog();
@@ -44,7 +46,7 @@ class StartUp {
 /// empty for an unknown version of a known one.
 std::string OperatingSystemName(const SystemVersion& version);
 
-/// Base of the language's block; the name is compared exactly, and an unknown one is English.
-int LanguageBaseOf(const std::string& name);
+/// Language of this name, which is compared exactly; an unknown one is English.
+Language LanguageOf(const std::string& name);
 
 }  // namespace marlex

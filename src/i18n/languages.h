@@ -2,13 +2,16 @@
 
 #include <array>
 
+#include "platform/code_pages.h"
+
 namespace marlex {
 
-/// A language by the English name that the settings keep, and the base of its block in the string
-/// table.
+/// A language by the English name that the settings keep, the base of its block in the string
+/// table, and the code page of its older desks.
 struct Language {
   const char* Name;
   int LanguageBase;
+  CodePage OldPage = CodePage::WestEuropean;
 };
 
 /// In the order of the language dialog's keys.
@@ -18,11 +21,11 @@ inline constexpr std::array<Language, 14> kLanguageTable = {{
     {"German", 20000},
     {"Spanish", 30000},
     {"Finnish", 40000},
-    {"Hungarian", 50000},
-    {"Greek", 60000},
-    {"Russian", 15000},
-    {"Hebrew", 25000},
-    {"Turkish", 35000},
+    {"Hungarian", 50000, CodePage::CentralEuropean},
+    {"Greek", 60000, CodePage::Greek},
+    {"Russian", 15000, CodePage::Cyrillic},
+    {"Hebrew", 25000, CodePage::Hebrew},
+    {"Turkish", 35000, CodePage::Turkish},
     {"Dutch", 5000},
     {"Norwegian", 45000},
     {"Italian", 2000},

@@ -2,7 +2,10 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "platform/code_pages.h"
 
 namespace marlex {
 
@@ -22,17 +25,25 @@ inline std::string WithoutFinalSeparator(std::string path) {
   return path;
 }
 
-/// Look-ups in the file system. A path that cannot be read counts as absent. Hidden
-/// entries, whose name begins with a dot, do not count in a directory: they are litter that other
-/// systems and half-finished writings leave on a disk.
+/// Whether an entry of a directory counts. Hidden ones, whose name begins with a dot, do not: they
+/// are litter that other systems and half-finished writings leave on a disk. Nor do names with a
+/// line end, which no line of a profile file can hold.
+inline bool IsOffered(std::string_view name) {
+  return !name.starts_with('.') && name.find_first_of("\r\n") == std::string_view::npos;
+}
+
+/// Look-ups in the file system. A path that cannot be read counts as absent. Where no entry has the
+/// exact name, one that `NamesTheSame` is found in its place, in every part of a path.
 class Directories {
  public:
   virtual ~Directories() = default;
 
+  /// By which names that are no UTF-8 are read; the names that come from here are all UTF-8.
+  CodePage NamesIn = CodePage::WestEuropean;
+
   /// Directory search: for a path that ends in a separator the name of the first regular file in
   /// that directory, for any other path the name, without directory, of the file or directory that
-  /// it names; a sound file is found in any spelling of its extension. Empty when there is none,
-  /// and for the empty path.
+  /// it names. Empty when there is none, and for the empty path.
   virtual std::string Search(const std::string& path) const = 0;
 
   /// Names of the regular files in `directory` that match `pattern` (`*` and `?`, without regard to

@@ -9,8 +9,9 @@
 namespace marlex {
 
 /// Profile files: lines `[section]` and `key=value`, with the behaviour of the published functions
-/// GetPrivateProfileString and WritePrivateProfileString. Text is UTF-8. Nothing is cached between
-/// calls.
+/// GetPrivateProfileString and WritePrivateProfileString. Text is UTF-8, or bytes of an unknown
+/// code page as they stand. A file with a byte order mark of UTF-16 is read and written as such. A
+/// file is found as Directories finds it. Nothing is cached between calls.
 class ProfileFiles {
  public:
   virtual ~ProfileFiles() = default;
@@ -32,7 +33,7 @@ class ProfileFiles {
   /// Writes the values through to the file in their order, all of them or none: an existing key
   /// keeps its place and spelling, a missing file, section or key is created, and everything else
   /// stays byte for byte. The file is replaced atomically and keeps its mode. False when the write
-  /// failed; the old file is then intact.
+  /// failed, and for a file that is there and is no text; the old file is then intact.
   virtual bool WriteStrings(const std::vector<ProfileEntry>& entries, const std::string& file) = 0;
 
   /// The same for one value.
@@ -41,7 +42,8 @@ class ProfileFiles {
     return WriteStrings({{section, key, value}}, file);
   }
 
-  /// Puts a file of these entries alone in the place of any old one, atomically. False when that
+  /// Puts a file of these entries alone in the place of any old one of exactly this name,
+  /// atomically. False when that
   /// failed; the old file is then intact.
   virtual bool Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) = 0;
 };

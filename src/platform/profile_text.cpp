@@ -4,7 +4,9 @@
 #include <initializer_list>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 
+#include "platform/code_pages.h"
 #include "platform/text_case.h"
 
 namespace marlex {
@@ -14,6 +16,8 @@ namespace {
 constexpr std::string_view kBlanks = " \t\v\f";
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
+constexpr std::string_view kBigEndianMark = "\xFE\xFF";
 
 std::string_view WithoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
@@ -198,6 +202,33 @@ std::string WithProfileValue(std::string_view text, std::string_view section, st
   }
   if (place.LastLine) return WithNewKey(text, *place.LastLine, key, value);
   return WithNewSection(text, section, key, value);
+}
+
+std::string QuotedName(std::string_view name) {
+  const bool changed = WithoutQuotes(WithoutBlanks(name)) != name;
+  return changed ? Concatenated({"\"", name, "\""}) : std::string(name);
+}
+
+std::optional<ProfileFileText> ProfileFileText::Of(std::string bytes) {
+  ProfileFileText file;
+  for (const std::string_view mark : {kLittleEndianMark, kBigEndianMark}) {
+    if (bytes.starts_with(mark)) file.Mark = mark;
+  }
+  if (file.Mark.empty()) {
+    file.Text = std::move(bytes);
+  } else {
+    const std::string_view content = std::string_view(bytes).substr(file.Mark.size());
+    auto text = Utf8FromUtf16(content, file.Mark == kBigEndianMark);
+    if (!text) return std::nullopt;
+    file.Text = *std::move(text);
+  }
+  if (file.Text.find('\0') != std::string::npos) return std::nullopt;
+  return file;
+}
+
+std::string ProfileFileText::Bytes() const {
+  if (Mark.empty()) return Text;
+  return std::string(Mark) + Utf16FromUtf8(Text, Mark == kBigEndianMark);
 }
 
 std::string NewProfileText(const std::vector<ProfileEntry>& entries) {

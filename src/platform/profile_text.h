@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,26 @@ std::vector<std::string> NumberedProfileValues(std::string_view text, std::strin
 /// changes. The value is taken as it is: line ends in it begin new lines.
 std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,
                              std::string_view value);
+
+/// Form of a name as a value, from which a reader gets all of the name back: inside one more pair
+/// of quotes where it begins and ends with one kind of quote, or begins or ends in a blank.
+std::string QuotedName(std::string_view name);
+
+/// The bytes of a profile file as the functions above take them, and back. A byte order mark of
+/// UTF-16 says how the file is written, and the text is then UTF-8.
+class ProfileFileText {
+ public:
+  /// Nothing for bytes that are no text: with a NUL among them, or a broken UTF-16.
+  static std::optional<ProfileFileText> Of(std::string bytes);
+
+  std::string Text;
+
+  /// The text, written as the file was.
+  std::string Bytes() const;
+
+ private:
+  std::string_view Mark;  // of UTF-16; empty for any other text
+};
 
 /// A value and where it stands.
 struct ProfileEntry {

@@ -25,9 +25,9 @@ bool WellFormed(char32_t code, std::size_t bytes) {
   return true;
 }
 
-FoldedCharacter First(std::string_view text) {
+Character First(std::string_view text) {
   const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-  const FoldedCharacter loneByte{kLoneByte + byteAt(0), 1};
+  const Character loneByte{kLoneByte + byteAt(0), 1};
   const std::size_t bytes = AnnouncedBytes(byteAt(0));
   if (bytes == 1) return {byteAt(0), 1};
   if (bytes == 0 || bytes > text.size()) return loneByte;
@@ -36,7 +36,7 @@ FoldedCharacter First(std::string_view text) {
     if ((byteAt(index) & 0xC0) != 0x80) return loneByte;
     code = code << 6 | (byteAt(index) & 0x3F);
   }
-  return WellFormed(code, bytes) ? FoldedCharacter{code, bytes} : loneByte;
+  return WellFormed(code, bytes) ? Character{code, bytes} : loneByte;
 }
 
 /// Small letter of a capital one, after the simple case folding of the Unicode standard, for the
@@ -59,8 +59,8 @@ char32_t Fold(char32_t code) {
 /// Below, at or above zero, as the folded texts compare.
 int CompareFolded(std::string_view one, std::string_view other) {
   while (!one.empty() && !other.empty()) {
-    const FoldedCharacter left = FirstFolded(one);
-    const FoldedCharacter right = FirstFolded(other);
+    const Character left = FirstFolded(one);
+    const Character right = FirstFolded(other);
     if (left.Code != right.Code) return left.Code < right.Code ? -1 : 1;
     one.remove_prefix(left.Bytes);
     other.remove_prefix(right.Bytes);
@@ -70,11 +70,42 @@ int CompareFolded(std::string_view one, std::string_view other) {
 
 }  // namespace
 
-FoldedCharacter FirstFolded(std::string_view text) {
+Character FirstCharacter(std::string_view text) { return First(text); }
+
+bool IsLoneByte(const Character& character) {
+  return Between(character.Code, kLoneByte, kLoneByte + 0xFF);
+}
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const Character character = First(text);
+    if (IsLoneByte(character)) return false;
+    text.remove_prefix(character.Bytes);
+  }
+  return true;
+}
+
+void AppendUtf8(std::string& text, char32_t code) {
+  const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
+  if (code < 0x80) return append(code);
+  if (code < 0x800) {
+    append(0xC0 | code >> 6);
+  } else if (code < 0x10000) {
+    append(0xE0 | code >> 12);
+    append(0x80 | (code >> 6 & 0x3F));
+  } else {
+    append(0xF0 | code >> 18);
+    append(0x80 | (code >> 12 & 0x3F));
+    append(0x80 | (code >> 6 & 0x3F));
+  }
+  append(0x80 | (code & 0x3F));
+}
+
+Character FirstFolded(std::string_view text) {
   // Folders of thousands of names are sorted by this, and most of their letters are plain ones.
   const auto byte = static_cast<unsigned char>(text.front());
   if (byte < 0x80) return {Fold(byte), 1};
-  const FoldedCharacter first = First(text);
+  const Character first = First(text);
   return {Fold(first.Code), first.Bytes};
 }
 
@@ -102,8 +133,8 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
       continue;
     }
     if (!name.empty() && !pattern.empty()) {
-      const FoldedCharacter wanted = FirstFolded(pattern);
-      const FoldedCharacter found = FirstFolded(name);
+      const Character wanted = FirstFolded(pattern);
+      const Character found = FirstFolded(name);
       if (wanted.Code == '?' || wanted.Code == found.Code) {
         pattern.remove_prefix(wanted.Bytes);
         name.remove_prefix(found.Bytes);

@@ -1,18 +1,29 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace marlex {
 
-/// First character of a non-empty UTF-8 text, made blind to case. A byte that begins no well-formed
-/// character counts as a character of its own, which equals only itself, so that text of unknown
-/// encoding is never refused or lost.
-struct FoldedCharacter {
+/// First character of a non-empty UTF-8 text. A byte that begins no well-formed character counts as
+/// a character of its own, which equals only itself, so that text of unknown encoding is never
+/// refused or lost.
+struct Character {
   char32_t Code = 0;
   std::size_t Bytes = 1;  // length in the text
 };
-FoldedCharacter FirstFolded(std::string_view text);
+Character FirstCharacter(std::string_view text);
+bool IsLoneByte(const Character& character);
+
+/// The same, made blind to case.
+Character FirstFolded(std::string_view text);
+
+/// Whether all of the text is well-formed UTF-8.
+bool IsUtf8(std::string_view text);
+
+/// Appends the character of this code, which is one that UTF-8 may hold.
+void AppendUtf8(std::string& text, char32_t code);
 
 /// Whether two UTF-8 texts are the same but for the case of Latin, Greek and Cyrillic letters.
 /// Knows no locale.

@@ -4,7 +4,6 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/sound_names.h"
 #include "platform/text_case.h"
 
 namespace marlex {
@@ -36,17 +35,17 @@ std::string NameOf(const std::string& path) { return path.substr(path.rfind(kSep
 std::string MemoryDisk::Search(const std::string& path) const {
   if (path.empty()) return "";
   if (path.back() == kSeparator) {
-    const std::vector<std::string> names = NamesIn(path);
+    const std::vector<std::string> names = FilesOf(path);
     const auto first = std::min_element(names.begin(), names.end(), NameComesBefore);
     return first == names.end() ? "" : *first;
   }
-  return Find(path) || HasDirectory(path) ? NameOf(path) : "";
+  return Find(path) || HasDirectory(path) ? InUtf8(NameOf(Found(path)), NamesIn) : "";
 }
 
 std::vector<std::string> MemoryDisk::List(const std::string& directory,
                                           const std::string& pattern) const {
   if (Covers(Unreadable, directory)) return {};
-  std::vector<std::string> names = NamesIn(directory);
+  std::vector<std::string> names = FilesOf(directory);
   std::erase_if(names, [&](const std::string& name) { return !Matches(name, pattern); });
   std::sort(names.begin(), names.end(), NameComesBefore);
   return names;
@@ -55,12 +54,12 @@ std::vector<std::string> MemoryDisk::List(const std::string& directory,
 std::vector<std::string> MemoryDisk::Subdirectories(const std::string& directory) const {
   std::vector<std::string> names;
   if (Covers(Unreadable, directory)) return names;
-  const std::string prefix = JoinPath(WithoutFinalSeparator(directory), "");
+  const std::string prefix = JoinPath(FoundDirectory(directory), "");
   for (auto path = DirectoriesMade.lower_bound(prefix);
        path != DirectoriesMade.end() && path->starts_with(prefix); ++path) {
     const std::string name = path->substr(prefix.size());
     const bool below = name.find(kSeparator) != std::string::npos;
-    if (!below && !name.starts_with('.') && HasDirectory(*path)) names.push_back(name);
+    if (!below && IsOffered(name) && HasDirectory(*path)) names.push_back(InUtf8(name, NamesIn));
   }
   std::sort(names.begin(), names.end(), NameComesBefore);
   return names;
@@ -127,37 +126,48 @@ void MemoryDisk::Put(const std::string& path, File file) {
 }
 
 const MemoryDisk::File* MemoryDisk::Find(const std::string& path) const {
-  const auto look = [this](const std::string& spelling) {
-    const auto found = Files.find(spelling);
-    return found == Files.end() || Covers(Vanished, spelling) ? nullptr : &found->second;
-  };
+  const auto found = Files.find(Found(path));
+  return found == Files.end() || Covers(Vanished, found->first) ? nullptr : &found->second;
+}
+
+/// The path of a file that is there under this name, or else under one that is the same but for
+/// case; the path itself without one.
+std::string MemoryDisk::Found(const std::string& path) const {
   // Most files are there as they are named; a simulated week asks for millions of them.
-  const File* file = look(path);
-  if (file) return file;
-  for (const std::string& spelling : SoundFileSpellings(path)) {
-    file = look(spelling);
-    if (file) break;
+  if (Files.contains(path) && !Covers(Vanished, path)) return path;
+  for (const auto& [name, file] : Files) {
+    if (NamesTheSame(name, path) && !Covers(Vanished, name)) return name;
   }
-  return file;
+  return FoundDirectory(path);
+}
+
+/// The same for a directory, which is given without a final separator.
+std::string MemoryDisk::FoundDirectory(const std::string& path) const {
+  const std::string plain = WithoutFinalSeparator(path);
+  if (DirectoriesMade.contains(plain)) return plain;
+  for (const std::string& name : DirectoriesMade) {
+    if (NamesTheSame(name, plain)) return name;
+  }
+  return plain;
 }
 
 bool MemoryDisk::HasDirectory(const std::string& path) const {
-  const std::string plain = WithoutFinalSeparator(path);
-  const bool root = plain.empty() || plain == std::string(1, kSeparator);
-  return (root || DirectoriesMade.contains(plain)) && !Covers(Vanished, plain);
+  const std::string found = FoundDirectory(path);
+  const bool root = found.empty() || found == std::string(1, kSeparator);
+  return (root || DirectoriesMade.contains(found)) && !Covers(Vanished, found);
 }
 
 /// Names of the files of one directory, in the order of their bytes; those of the directories below
 /// it are left out.
-std::vector<std::string> MemoryDisk::NamesIn(const std::string& directory) const {
+std::vector<std::string> MemoryDisk::FilesOf(const std::string& directory) const {
   std::vector<std::string> names;
-  const std::string prefix = JoinPath(WithoutFinalSeparator(directory), "");
+  const std::string prefix = JoinPath(FoundDirectory(directory), "");
   for (auto file = Files.lower_bound(prefix);
        file != Files.end() && file->first.starts_with(prefix); ++file) {
     const std::string name = file->first.substr(prefix.size());
     const bool below = name.find(kSeparator) != std::string::npos;
-    const bool hidden = name.starts_with('.');
-    if (!below && !hidden && !Covers(Vanished, file->first)) names.push_back(name);
+    if (!below && IsOffered(name) && !Covers(Vanished, file->first))
+      names.push_back(InUtf8(name, NamesIn));
   }
   return names;
 }

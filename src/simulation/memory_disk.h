@@ -13,8 +13,7 @@ namespace marlex {
 enum class MediaKind { None, Wav, Mp3 };
 
 /// One tree of files in memory, shared by everything on the simulated PC that reads or writes
-/// files. Directories come into being with the files in them. Paths are absolute and compared
-/// exactly, with regard to case.
+/// files. Directories come into being with the files in them. Paths are absolute.
 class MemoryDisk : public Directories {
  public:
   MemoryDisk() { AddDirectory(kHome); }
@@ -52,6 +51,9 @@ class MemoryDisk : public Directories {
   void FailReads(const std::string& path) { Unreadable.insert(WithoutFinalSeparator(path)); }
   void Heal(const std::string& path);
 
+  /// Path under which the file or directory of this name is found.
+  std::string Found(const std::string& path) const;
+
   /// Whole text of a file. Empty when it is not there or cannot be read.
   std::optional<std::string> Read(const std::string& path) const;
 
@@ -73,7 +75,8 @@ class MemoryDisk : public Directories {
   static bool Covers(const std::set<std::string>& faults, const std::string& path);
   void Put(const std::string& path, File file);
   const File* Find(const std::string& path) const;
-  std::vector<std::string> NamesIn(const std::string& directory) const;
+  std::string FoundDirectory(const std::string& path) const;
+  std::vector<std::string> FilesOf(const std::string& directory) const;
 
   std::map<std::string, File> Files;
   std::set<std::string> DirectoriesMade;

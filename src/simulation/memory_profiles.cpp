@@ -1,34 +1,38 @@
 #include "simulation/memory_profiles.h"
 
-#include <optional>
-
-#include "platform/profile_text.h"
+#include <utility>
 
 namespace marlex {
 
 std::string MemoryProfiles::GetString(const std::string& section, const std::string& key,
                                       const std::string& file, std::size_t maxCharacters) const {
-  const std::optional<std::string> text = Disk.Read(file);
-  return text ? ProfileValue(*text, section, key, maxCharacters) : "";
+  return ProfileValue(TextOf(file).value_or(ProfileFileText{}).Text, section, key, maxCharacters);
 }
 
 std::vector<std::string> MemoryProfiles::GetNumbered(const std::string& section,
                                                      const std::string& keyPrefix,
                                                      const std::string& file,
                                                      std::size_t maxCharacters) const {
-  return NumberedProfileValues(Disk.Read(file).value_or(""), section, keyPrefix, maxCharacters);
+  return NumberedProfileValues(TextOf(file).value_or(ProfileFileText{}).Text, section, keyPrefix,
+                               maxCharacters);
 }
 
 bool MemoryProfiles::WriteStrings(const std::vector<ProfileEntry>& entries,
                                   const std::string& file) {
-  const std::optional<std::string> old = Disk.Read(file);
-  const bool unreadable = !old && !Disk.Search(file).empty();
-  std::string text = old.value_or("");
+  auto text = TextOf(file);
+  if (!text && !Disk.Search(file).empty()) return false;
+  if (!text) text.emplace();
   for (const auto& [section, key, value] : entries)
-    text = WithProfileValue(text, section, key, value);
-  if (unreadable || !Disk.Write(file, text)) return false;
+    text->Text = WithProfileValue(text->Text, section, key, value);
+  if (!Disk.Write(Disk.Found(file), text->Bytes())) return false;
   Note(entries, file);
   return true;
+}
+
+/// Text of a file; nothing when it is not there, cannot be read or is none.
+std::optional<ProfileFileText> MemoryProfiles::TextOf(const std::string& file) const {
+  auto bytes = Disk.Read(file);
+  return bytes ? ProfileFileText::Of(*std::move(bytes)) : std::nullopt;
 }
 
 bool MemoryProfiles::Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "platform/profile_files.h"
@@ -24,6 +25,7 @@ class MemoryProfiles : public ProfileFiles {
   bool Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) override;
 
  private:
+  std::optional<ProfileFileText> TextOf(const std::string& file) const;
   void Note(const std::vector<ProfileEntry>& entries, const std::string& file);
 
   MemoryDisk& Disk;

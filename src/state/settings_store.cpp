@@ -1,6 +1,11 @@
 #include "state/settings_store.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "platform/code_pages.h"
 #include "platform/directories.h"
+#include "platform/text_case.h"
 
 namespace marlex {
 namespace {
@@ -8,11 +13,19 @@ namespace {
 constexpr std::size_t kLongestValue = 1499;  // a buffer of 1500 with the closing NUL
 constexpr std::size_t kMostValues = 32767;   // positions in a list are numbers of 16 bits
 
+bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
+/// Bytes of a code page can look like fewer characters than they are, and are cut once more.
+std::string AsText(std::string value, CodePage page) {
+  if (IsUtf8(value)) return value;
+  return std::string(FirstCharacters(InUtf8(value, page), kLongestValue));
+}
+
 }  // namespace
 
 std::string SettingsStore::ReadProfileValue(const std::string& section, const std::string& key,
                                             const std::string& file) const {
-  return Profiles.GetString(section, key, file, kLongestValue);
+  return AsText(Profiles.GetString(section, key, file, kLongestValue), ValuesIn);
 }
 
 std::vector<std::string> SettingsStore::ReadNumberedValues(const std::string& section,
@@ -20,12 +33,24 @@ std::vector<std::string> SettingsStore::ReadNumberedValues(const std::string& se
                                                            const std::string& file) const {
   std::vector<std::string> values = Profiles.GetNumbered(section, keyPrefix, file, kLongestValue);
   if (values.size() > kMostValues) values.resize(kMostValues);
+  for (std::string& value : values) value = AsText(std::move(value), ValuesIn);
   return values;
 }
 
 bool SettingsStore::WriteProfileValue(const std::string& section, const std::string& key,
                                       const std::string& value, const std::string& file) {
-  return Profiles.WriteString(section, key, value, file);
+  return WriteProfileValues({{section, key, value}}, file);
+}
+
+bool SettingsStore::WriteProfileValues(std::vector<ProfileEntry> entries, const std::string& file) {
+  std::erase_if(entries, [&](const ProfileEntry& entry) { return StandsInCodePage(entry, file); });
+  return entries.empty() || Profiles.WriteStrings(entries, file);
+}
+
+bool SettingsStore::StandsInCodePage(const ProfileEntry& entry, const std::string& file) const {
+  if (std::all_of(entry.Value.begin(), entry.Value.end(), IsAscii)) return false;
+  const std::string value = Profiles.GetString(entry.Section, entry.Key, file, kLongestValue);
+  return !IsUtf8(value) && InUtf8(value, ValuesIn) == entry.Value;
 }
 
 std::string SettingsStore::TolvoIni() const {

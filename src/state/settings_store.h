@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/code_pages.h"
 #include "platform/process.h"
 #include "platform/profile_files.h"
 #include "state/settings.h"
@@ -17,6 +18,10 @@ class SettingsStore {
   SettingsStore(ProfileFiles& profiles, Process& process)
       : Profiles(profiles), TheProcess(process) {}
 
+  /// By which values that are no UTF-8 are read: they come from an older desk. What is written is
+  /// UTF-8.
+  CodePage ValuesIn = CodePage::WestEuropean;
+
   /// Value of a key, at most 1499 characters; the rest is lost, which is accepted. Empty when
   /// absent or unreadable.
   std::string ReadProfileValue(const std::string& section, const std::string& key,
@@ -28,18 +33,17 @@ class SettingsStore {
                                               const std::string& keyPrefix,
                                               const std::string& file) const;
 
-  /// Writes a value through; an empty one is written as such and deletes nothing. False when that
-  /// failed, which the system notices for the settings file alone.
+  /// Writes a value through; an empty one is written as such and deletes nothing. One that stands
+  /// there in a code page stays as it is. False when that failed, which the system notices for the
+  /// settings file alone.
   bool WriteProfileValue(const std::string& section, const std::string& key,
                          const std::string& value, const std::string& file);
 
   /// Called when the settings file cannot be written, once until a write succeeds again.
   std::function<void()> OnNotSaved;
 
-  /// Writes values of one file in their order, all of them or none. False when that failed.
-  bool WriteProfileValues(const std::vector<ProfileEntry>& entries, const std::string& file) {
-    return Profiles.WriteStrings(entries, file);
-  }
+  /// The same for values of one file in their order, all of them or none.
+  bool WriteProfileValues(std::vector<ProfileEntry> entries, const std::string& file);
 
   /// Puts a file of these values alone in the place of any old one. False when that failed; the old
   /// one is then as it was.
@@ -72,6 +76,8 @@ class SettingsStore {
   Settings Values;
 
  private:
+  bool StandsInCodePage(const ProfileEntry& entry, const std::string& file) const;
+
   ProfileFiles& Profiles;
   Process& TheProcess;
   bool Saved = true;  // the last write of the settings file succeeded

@@ -178,20 +178,20 @@ TEST(PlaylistOpen, SectionsKeysAndLineEndsMayBeAnyonesOwn) {
   EXPECT_EQ(desk.Times(), "09:00-__:__ -------");
 }
 
-/// Names that another system wrote in the characters of its country pass through as they are.
-TEST(PlaylistOpen, NamesInACodePageKeepTheirBytes) {
-  const std::string song =
+/// The list is rebuilt by its saving, and then in UTF-8.
+TEST(PlaylistOpen, NamesInACodePageAreShownAsTextAndFindTheirSongs) {
+  const std::string bytes =
       "Fr\xFChst\xFC"
       "ck";
-  PlaylistDesk desk({}, [&](SimulatedPc& pc) { pc.Disk.AddMp3("/music/" + song + ".mp3", 5000); });
-  desk.OpenText("[Playlist]\r\nSong:1=" + song + "\r\nSong:2=a\r\n");
-  EXPECT_EQ(desk.Selected(), song + " a");
-  desk.Choose(desk.Editor().SelectedMP3s, song);
+  PlaylistDesk desk({}, [&](SimulatedPc& pc) { pc.Disk.AddMp3("/music/" + bytes + ".mp3", 5000); });
+  desk.OpenText("[Playlist]\r\nSong:1=" + bytes + "\r\nSong:2=a\r\n");
+  EXPECT_EQ(desk.Selected(), "Frühstück a");
+  desk.Choose(desk.Editor().SelectedMP3s, "Frühstück");
   desk.Do([&] { desk.Sys->Music.CurrentSongPath = "/music/a.mp3"; });
   desk.Click("PrevKey");
-  EXPECT_EQ(desk.TakeJournal(), "0 song play " + song + ".mp3\n");
+  EXPECT_EQ(desk.TakeJournal(), "0 song play Frühstück.mp3\n");
   desk.SaveAs();
-  EXPECT_EQ(desk.Setting("Playlist", "Song:1", PlaylistDesk::kFile), song);
+  EXPECT_EQ(desk.Setting("Playlist", "Song:1", PlaylistDesk::kFile), "Frühstück");
 }
 
 TEST(PlaylistOpen, ANameBeyondTheLongestValueIsCutThere) {
@@ -215,7 +215,7 @@ TEST(PlaylistOpen, AHalfWrittenFileIsItsSongsAlone) {
 TEST(PlaylistOpen, AnEmptyAForeignAnUnreadableAndAnAbsentFileLeaveTheListEmpty) {
   std::string noise;
   for (int byte = 0; byte < 4096; ++byte) noise += static_cast<char>(byte * 37 % 256);
-  std::string wide = "\xFF\xFE";  // two bytes a character
+  std::string wide;  // two bytes a character, and no mark that says so
   for (const char c : kTwoSongs) wide += std::string{c, '\0'};
   for (const std::string& text : {std::string(), noise, std::string("ID3\4\0\0", 6), wide}) {
     PlaylistDesk desk;

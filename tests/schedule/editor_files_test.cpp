@@ -74,13 +74,26 @@ TEST(EditorFiles, MaySpellAndPlaceTheirKeysAsTheyLikeAndKeepThatWhenSaved) {
             "gong\nColour=red\n");
 }
 
+TEST(EditorFiles, MayBeWrittenInUtf16AndStaySo) {
+  for (const bool bigEndian : {false, true}) {
+    FilesDesk desk;
+    desk.OpenText(InUtf16(Joined(Lines()), bigEndian));
+    EXPECT_EQ(desk.Shown(), kShown);
+    desk.Type(desk.Editor().txtHours, "11");
+    desk.SaveAs(kFile);
+    std::vector<std::string> lines = Lines();
+    lines[2] = "Hour(s)=11";
+    EXPECT_EQ(desk.File(), InUtf16(Joined(lines), bigEndian));
+  }
+}
+
 /// Without weekdays and zones there is nothing to open, and nothing on the screen is lost.
 TEST(EditorFiles, OnesWithoutASequenceAreToldOfAndChangeNothing) {
   std::string noise;
   for (int byte = 0; byte < 4096; ++byte) noise += static_cast<char>(byte * 37 % 256);
   for (const std::string& text :
        {std::string(), noise, std::string("RIFF\0\0\0\0WAVE", 12), std::string("[Schedule]\r\n"),
-        InUtf16(Joined(Lines()), false), InUtf16(Joined(Lines()), true),
+        InUtf16(Joined(Lines()), false) + "x", InUtf16(Joined(Lines()), true) + "x",
         Joined({"[Schedule]", "Zone(s)="})}) {
     FilesDesk desk;
     desk.Compose("9", "15");
@@ -218,13 +231,12 @@ TEST(EditorFiles, NamesOfEveryAlphabetAreListedSavedOpenedAndHeard) {
     EXPECT_NE(desk.Journal().find("wav end " + name + ".wav\n"), std::string::npos) << name;
 }
 
-/// Names that another system wrote in the characters of its country pass through as they are.
-TEST(EditorFiles, NamesInACodePageKeepTheirBytes) {
+TEST(EditorFiles, NamesInACodePageAreShownAsTextAndKeepTheirBytes) {
   const std::string name = "Begr\xFC\xDFung";
   FilesDesk desk;
   desk.Pc.Disk.AddWav("/messages/" + name + ".wav", 1500);
   desk.OpenText(Joined(Lines("gong," + name)));
-  EXPECT_EQ(desk.Sequence(), "gong " + name);
+  EXPECT_EQ(desk.Sequence(), "gong Begrüßung");
   EXPECT_EQ(desk.Total(), "1.5");
   desk.SaveAs(kFile);
   EXPECT_EQ(desk.File(), Joined(Lines("gong," + name)));

@@ -11,7 +11,8 @@ TEST(MemoryDisk, SearchNamesAFileOrADirectory) {
   EXPECT_EQ(pc.Disk.Search("/music/rock/a.mp3"), "a.mp3");
   EXPECT_EQ(pc.Disk.Search("/music/rock"), "rock");
   EXPECT_EQ(pc.Disk.Search("/music/rock/b.mp3"), "");
-  EXPECT_EQ(pc.Disk.Search("/music/rock/A.mp3"), "");
+  EXPECT_EQ(pc.Disk.Search("/music/rock/A.mp3"), "a.mp3");
+  EXPECT_EQ(pc.Disk.Search("/Music/ROCK"), "rock");
   EXPECT_EQ(pc.Disk.Search("/mus"), "");
   EXPECT_EQ(pc.Disk.Search(""), "");
 }

@@ -12,7 +12,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/sound_names.h"
+#include "desktop/files/found_path.h"
 #include "platform/text_case.h"
 
 namespace marlex {
@@ -48,16 +48,17 @@ std::string_view NameOf(const fs::directory_entry& entry) {
   return path.substr(path.rfind(kSeparator) + 1);
 }
 
-/// Calls `visit` with each entry of a directory and its name; hidden ones are left out.
+/// Calls `visit` with each entry of a directory that counts, and its name.
 template <class Visit>
-void ForEachEntry(const std::string& directory, Visit visit) {
+void ForEachEntry(const std::string& path, Visit visit) {
+  const std::string directory = FoundPath(path);
   std::error_code fault;
   // A fault in the middle, as of a drive that drops out, ends the walk: increment() then gives the
   // end.
   for (fs::directory_iterator entry(directory, fault), end; !fault && entry != end;
        entry.increment(fault)) {
     const std::string_view name = NameOf(*entry);
-    if (!name.starts_with('.')) visit(*entry, name);
+    if (IsOffered(name)) visit(*entry, name);
   }
 }
 
@@ -86,21 +87,19 @@ std::vector<std::string> Sorted(std::vector<std::string> names) {
 
 std::string DiskDirectories::Search(const std::string& path) const {
   if (path.empty()) return "";
-  if (path.back() == kSeparator) return FirstFile(path);
-  for (const std::string& spelling : SoundFileSpellings(path)) {
-    std::error_code fault;
-    const fs::file_status status = fs::status(spelling, fault);
-    if (fs::is_regular_file(status) || fs::is_directory(status))
-      return spelling.substr(spelling.rfind(kSeparator) + 1);
-  }
-  return "";
+  if (path.back() == kSeparator) return InUtf8(FirstFile(path), NamesIn);
+  const std::string found = FoundPath(path);
+  std::error_code fault;
+  const fs::file_status status = fs::status(found, fault);
+  if (!fs::is_regular_file(status) && !fs::is_directory(status)) return "";
+  return InUtf8(found.substr(found.rfind(kSeparator) + 1), NamesIn);
 }
 
 std::vector<std::string> DiskDirectories::List(const std::string& directory,
                                                const std::string& pattern) const {
   std::vector<std::string> names;
   ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view name) {
-    if (MatchesPattern(name, pattern) && IsRegular(entry)) names.emplace_back(name);
+    if (MatchesPattern(name, pattern) && IsRegular(entry)) names.push_back(InUtf8(name, NamesIn));
   });
   return Sorted(std::move(names));
 }
@@ -119,14 +118,14 @@ std::vector<std::string> DiskDirectories::Drives() const {
 
 bool DiskDirectories::HasDirectory(const std::string& path) const {
   std::error_code fault;
-  return fs::is_directory(path, fault);
+  return fs::is_directory(FoundPath(path), fault);
 }
 
 std::vector<std::string> DiskDirectories::Subdirectories(const std::string& directory) const {
   std::vector<std::string> names;
   ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view name) {
     std::error_code fault;
-    if (entry.is_directory(fault)) names.emplace_back(name);
+    if (entry.is_directory(fault)) names.push_back(InUtf8(name, NamesIn));
   });
   return Sorted(std::move(names));
 }

@@ -1,31 +1,43 @@
 #include "desktop/files/profile_files.h"
 
+#include "desktop/files/found_path.h"
 #include "desktop/files/whole_file.h"
 #include "platform/profile_text.h"
 
 namespace marlex {
 
+namespace {
+
+/// Text of a file; empty when it is not there, cannot be read or is none.
+std::string TextOf(const std::string& file) {
+  return ProfileFileText::Of(ReadWholeFile(FoundPath(file)).Text).value_or(ProfileFileText{}).Text;
+}
+
+}  // namespace
+
 std::string DiskProfileFiles::GetString(const std::string& section, const std::string& key,
                                         const std::string& file, std::size_t maxCharacters) const {
-  return ProfileValue(ReadWholeFile(file).Text, section, key, maxCharacters);
+  return ProfileValue(TextOf(file), section, key, maxCharacters);
 }
 
 std::vector<std::string> DiskProfileFiles::GetNumbered(const std::string& section,
                                                        const std::string& keyPrefix,
                                                        const std::string& file,
                                                        std::size_t maxCharacters) const {
-  return NumberedProfileValues(ReadWholeFile(file).Text, section, keyPrefix, maxCharacters);
+  return NumberedProfileValues(TextOf(file), section, keyPrefix, maxCharacters);
 }
 
 bool DiskProfileFiles::WriteStrings(const std::vector<ProfileEntry>& entries,
                                     const std::string& file) {
-  const WholeFile old = ReadWholeFile(file);
-  if (old.State == FileState::Unreadable) return false;
-  std::string text = old.Text;
+  const std::string path = FoundPath(file);
+  const WholeFile old = ReadWholeFile(path);
+  auto text = ProfileFileText::Of(old.Text);
+  if (old.State == FileState::Unreadable || !text) return false;
   for (const auto& [section, key, value] : entries)
-    text = WithProfileValue(text, section, key, value);
-  if (old.State == FileState::Read && text == old.Text) return true;
-  return ReplaceFile(file, text);
+    text->Text = WithProfileValue(text->Text, section, key, value);
+  const std::string bytes = text->Bytes();
+  if (old.State == FileState::Read && bytes == old.Text) return true;
+  return ReplaceFile(path, bytes);
 }
 
 bool DiskProfileFiles::Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) {

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "platform/sound_names.h"
+#include "desktop/files/found_path.h"
 
 namespace marlex {
 namespace {
@@ -22,10 +22,7 @@ SoundFile::~SoundFile() {
 }
 
 bool SoundFile::Open(const std::string& path) {
-  for (const std::string& spelling : SoundFileSpellings(path)) {
-    Descriptor = open(spelling.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (Descriptor >= 0 || errno != ENOENT) break;
-  }
+  Descriptor = open(FoundPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (Descriptor < 0) return false;
   struct stat facts = {};
   if (fstat(Descriptor, &facts) != 0 || !S_ISREG(facts.st_mode)) return false;

@@ -44,10 +44,12 @@ TEST(Directories, SearchGivesTheNameOfAFileOrDirectory) {
   EXPECT_EQ(directories.Search(disk.Path("music")), "music");
   EXPECT_EQ(directories.Search(disk.Path("link")), "link");
   EXPECT_EQ(directories.Search(disk.Path("dangling")), "");
-  EXPECT_EQ(directories.Search(disk.Path("LIST.LST")), "");
+  EXPECT_EQ(directories.Search(disk.Path("LIST.LST")), "list.lst");
   disk.Write("March.MP3", "");
-  EXPECT_EQ(directories.Search(disk.Path("March.mp3")), "March.MP3");
-  EXPECT_EQ(directories.Search(disk.Path("march.mp3")), "");
+  EXPECT_EQ(directories.Search(disk.Path("march.mp3")), "March.MP3");
+  disk.Write("march.mp3", "");
+  EXPECT_EQ(directories.Search(disk.Path("march.mp3")), "march.mp3");
+  EXPECT_EQ(directories.Search(disk.Path("MARCH.mp3")), "March.MP3");
   EXPECT_EQ(directories.Search(disk.Path("list.lst/deeper")), "");
   EXPECT_EQ(directories.Search(disk.Path(std::string(5000, 'x'))), "");
   EXPECT_EQ(directories.Search(""), "");
@@ -91,16 +93,30 @@ TEST(Directories, ListGivesTheMatchingRegularFilesInOrder) {
     disk.Write(name, "");
   }
   disk.Write("\xFF.mp3", "");
+  disk.Write("two\nlines.mp3", "");
   fs::create_directories(disk.Path("album.mp3"));
   fs::create_symlink("b.mp3", disk.Path("z.mp3"));
   fs::create_symlink("gone.mp3", disk.Path("dangling.mp3"));
   ASSERT_EQ(::mkfifo(disk.Path("pipe.mp3").c_str(), 0666), 0);
   DiskDirectories directories;
-  const Names songs = {"A.MP3", "b.mp3", "C.mp3", "z.mp3", "ö.Mp3", "\xFF.mp3"};
+  const Names songs = {"A.MP3", "b.mp3", "C.mp3", "z.mp3", "ö.Mp3", "ÿ.mp3"};
   EXPECT_EQ(directories.List(disk.Path(), "*.mp3"), songs);
   EXPECT_EQ(directories.List(disk.Path(""), "*.mp3"), songs);
   EXPECT_EQ(directories.List(disk.Path(), "?.wav"), Names{"c.wav"});
   EXPECT_EQ(directories.List(disk.Path(), "*.lst"), Names{});
+}
+
+TEST(Directories, ArePassedThroughWithoutRegardToCase) {
+  const TemporaryDirectory disk;
+  fs::create_directories(disk.Path("Music/\xCF\xE5\xF1\xED\xFF"));
+  disk.Write("Music/\xCF\xE5\xF1\xED\xFF/A.mp3", "");
+  DiskDirectories directories;
+  directories.NamesIn = CodePage::Cyrillic;
+  EXPECT_EQ(directories.Subdirectories(disk.Path("MUSIC/")), Names{"Песня"});
+  EXPECT_TRUE(directories.HasDirectory(disk.Path("music/песня/")));
+  EXPECT_EQ(directories.List(disk.Path("music/Песня"), "*.MP3"), Names{"A.mp3"});
+  EXPECT_EQ(directories.Search(disk.Path("music/Песня/")), "A.mp3");
+  EXPECT_EQ(directories.Search(disk.Path("music/Песня/a.MP3")), "A.mp3");
 }
 
 TEST(Directories, ListIsEmptyWhereNothingCanBeRead) {

@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -165,6 +167,23 @@ TEST(InterruptedWrite, ADiskThatRefusesTheNameOtherwiseKeepsTheOldFile) {
   EXPECT_FALSE(Set(file));
   EXPECT_EQ(directory.Read("a.ini"), kOld);
   EXPECT_EQ(directory.Entries(), 1);
+}
+
+/// Mounts one file over another, for this process alone.
+bool Mount(const std::string& from, const std::string& to) {
+  return ::unshare(CLONE_NEWNS) == 0 &&
+         ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+         ::mount(from.c_str(), to.c_str(), nullptr, MS_BIND, nullptr) == 0;
+}
+
+TEST(InterruptedWrite, AFileThatIsMountedByItselfIsWritten) {
+  const TemporaryDirectory directory;
+  const std::string file = directory.Write("a.ini", "");
+  const std::string mounted = directory.Write("b.ini", kOld);
+  if (!TrueInAChild([&] { return Mount(mounted, file); })) GTEST_SKIP() << "may not mount";
+  EXPECT_TRUE(TrueInAChild([&] { return Mount(mounted, file) && Set(file); }));
+  EXPECT_EQ(directory.Read("b.ini"), kNew);
+  EXPECT_EQ(directory.Entries(), 2);
 }
 
 TEST(InterruptedWrite, AForeignFileInASharedDirectoryIsWritten) {

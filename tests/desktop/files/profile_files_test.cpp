@@ -263,6 +263,33 @@ TEST(ProfileFiles, AreOldOrNewAndWholeWheneverTheWriterIsKilled) {
   EXPECT_EQ(directory.Entries(), 1);
 }
 
+TEST(ProfileFiles, AreFoundWithoutRegardToCaseAndKeepTheirName) {
+  const TemporaryDirectory directory;
+  directory.Write("DAY.LST", "[S]\nk=1\n");
+  EXPECT_EQ(Get(directory.Path("day.lst"), "S", "k"), "1");
+  EXPECT_TRUE(Set(directory.Path("Day.lst"), "S", "k", "2"));
+  EXPECT_EQ(directory.Read("DAY.LST"), "[S]\nk=2\n");
+  EXPECT_TRUE(DiskProfileFiles().Rebuild({{"S", "k", "3"}}, directory.Path("Day.lst")));
+  EXPECT_EQ(directory.Read("DAY.LST"), "[S]\nk=2\n");
+  EXPECT_EQ(Get(directory.Path("Day.lst"), "S", "k"), "3");
+}
+
+TEST(ProfileFiles, InUtf16StaySoAndThoseThatAreNoTextStayAsTheyAre) {
+  const TemporaryDirectory directory;
+  const std::string old("\xFF\xFE[\0S\0]\0\n\0k\0=\0\x17\x04\n\0", 18);
+  const std::string file = directory.Write("a.ini", old);
+  EXPECT_EQ(Get(file, "S", "k"), "З");
+  EXPECT_TRUE(Set(file, "S", "k", "я😀"));
+  const std::string written("\xFF\xFE[\0S\0]\0\n\0k\0=\0\x4F\x04\x3D\xD8\x00\xDE\n\0", 22);
+  EXPECT_EQ(directory.Read("a.ini"), written);
+  EXPECT_EQ(Get(file, "S", "k"), "я😀");
+  const std::string noise("RIFF\0\0\0\0[S]\nk=1\n", 16);
+  directory.Write("a.ini", noise);
+  EXPECT_EQ(Get(file, "S", "k"), "");
+  EXPECT_FALSE(Set(file, "S", "k", "1"));
+  EXPECT_EQ(directory.Read("a.ini"), noise);
+}
+
 TEST(ProfileFiles, LeakNoDescriptor) {
   const TemporaryDirectory directory;
   const auto opened = [] {

@@ -1,0 +1,143 @@
+// Files that were made on an older desk: in the code page of its language, in UTF-16, and with
+// names whose case nobody minded.
+
+#include <gtest/gtest.h>
+
+#include "core/settings_desk.h"
+
+namespace marlex {
+namespace {
+
+/// A text of Latin letters in UTF-16.
+std::string InUtf16(const std::string& text, bool bigEndian = false) {
+  std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+  for (const char c : text) bytes += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
+  return bytes;
+}
+
+/// A change of the PC before the start: a playlist of this text, and a song.
+std::function<void(SimulatedPc&)> Playlist(const std::string& text,
+                                           const std::string& song = "/music/march.mp3") {
+  return [=](SimulatedPc& pc) {
+    pc.Profiles.WriteString("Playlist", "Current List", Desk::kPlaylist, Desk::kIni);
+    pc.Disk.AddFile(Desk::kPlaylist, text);
+    pc.Disk.AddMp3(song, 60'000);
+  };
+}
+
+TEST(OlderDesk, ItsTextIsReadByTheCodePageOfTheChosenLanguage) {
+  const std::vector<std::array<std::string, 3>> names = {
+      {"English", "Caf\xE9 \x80", "Café €"},
+      {"German", "K\xFC\x63he", "Küche"},
+      {"Norwegian", "Kj\xF8kken", "Kjøkken"},
+      {"Hungarian", "F\xF5\x62\x65j\xE1rat", "Főbejárat"},
+      {"Greek", "\xC1\xDF\xE8\xEF\xF5\xF3\xE1", "Αίθουσα"},
+      {"Russian", "\xC7\xE0\xEB", "Зал"},
+      {"Hebrew", "\xE0\xE5\xEC\xED", "אולם"},
+      {"Turkish", "\xDE\x75\x62\x65", "Şube"},
+      {"Klingon", "Caf\xE9", "Café"}};
+  for (const auto& [language, bytes, text] : names) {
+    Desk desk({.Language = language}, With("Zone names", "Zone:1", bytes));
+    EXPECT_EQ(desk.Text("lblZoneName_0"), text) << language;
+  }
+}
+
+TEST(OlderDesk, TextThatIsUtf8IsThatInEveryLanguage) {
+  for (const char* language : {"German", "Russian", "Hebrew"}) {
+    Desk desk({.Language = language}, With("Zone names", "Zone:1", "Küche"));
+    EXPECT_EQ(desk.Text("lblZoneName_0"), "Küche");
+  }
+}
+
+TEST(OlderDesk, TheLanguageThatIsChosenAtTheFirstStartCounts) {
+  Desk desk({.Language = ""}, With("Zone names", "Zone:1", "\xC7\xE0\xEB"));
+  desk.Click("optLanguage_7");
+  desk.Click("cmdOK");
+  desk.Advance(2500);
+  EXPECT_EQ(desk.Text("lblZoneName_0"), "Зал");
+}
+
+TEST(OlderDesk, BytesThatNobodyChangesStay) {
+  SettingsDesk desk({}, With("Zone names", "Zone:1", "K\xFC\x63he"));
+  desk.Open();
+  EXPECT_EQ(desk.Dialog().txtZoneName[0].Text.Get(), "Küche");
+  desk.Type(desk.Dialog().txtZoneName[1], "Höfe");
+  desk.Click("cmdOK");
+  EXPECT_EQ(desk.Setting("Zone names", "Zone:1"), "K\xFC\x63he");
+  EXPECT_EQ(desk.Setting("Zone names", "Zone:2"), "Höfe");
+}
+
+TEST(OlderDesk, ALongTextIsCutAtAsManyCharactersAsAnyOther) {
+  std::string bytes;
+  for (int pair = 0; pair < 1000; ++pair) bytes += "\xC3\xA9";
+  SettingsDesk desk({}, With("Zone names", "Zone:1", bytes + "\xE9"));
+  std::string text;
+  for (int pair = 0; pair < 749; ++pair) text += "Ã©";
+  EXPECT_EQ(desk.Text("lblZoneName_0"), text + "Ã");
+}
+
+TEST(OlderDesk, ASongOfItsPlaylistIsFoundByItsName) {
+  Desk desk({}, Playlist("[Playlist]\r\nSong:1=\xDC\x62ung\r\n", "/music/Übung.mp3"));
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Heard(), "song Übung.mp3 at 20000");
+}
+
+TEST(OlderDesk, NamesAreFoundWithoutRegardToCaseWhereTheExactOneIsMissing) {
+  Desk desk({}, [](SimulatedPc& pc) {
+    Playlist("[Playlist]\r\nSong:1=\xFC\x42UNG\r\nSong:2=march\r\n", "/music/Old/Übung.MP3")(pc);
+    With("Selected paths", "Music directory", "/MUSIC/old/")(pc);
+    With("Playlist", "Current List", "/app/DAY.lst")(pc);
+    pc.Disk.AddMp3("/music/Old/March.mp3", 60'000);
+    pc.Disk.AddMp3("/music/Old/march.mp3", 60'000);
+  });
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Heard(), "song üBUNG.mp3 at 20000");
+  EXPECT_EQ(desk.Setting("Last played", "Last song", Desk::kPlaylist), "0");
+  EXPECT_EQ(desk.Pc.Disk.List("/app", "day.*"), std::vector<std::string>{"Day.lst"});
+  desk.Click("cmdSkip");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
+TEST(OlderDesk, ASongWhoseNameOnTheDiskIsInACodePageIsListedAndPlayed) {
+  Desk desk({.Language = "Russian"},
+            [](SimulatedPc& pc) { Playlist("", "/music/\xCF\xE5\xF1\xED\xFF.mp3")(pc); });
+  desk.Click("mnuPlaylist");
+  desk.Choose(desk.Sys->TheWindows.frmPlaylist.AvailMP3s, "Песня");
+  desk.Pc.Dialogs.OpenResults = {"/app/new.lst", "/app/new.lst"};
+  desk.Do([&] { desk.Sys->TheWindows.frmPlaylist.mnuSave.OnClick(); });
+  desk.Advance(0);
+  desk.Do([&] { desk.Main().mnuOpen.OnClick(); });
+  desk.Advance(0);
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Heard(), "song Песня.mp3 at 20000");
+}
+
+TEST(OlderDesk, APlaylistInUtf16IsReadAndWrittenAsSuch) {
+  for (const bool bigEndian : {false, true}) {
+    const std::string text = "[Playlist]\r\nSong:1=gone\r\nSong:2=march\r\n";
+    Desk desk({}, Playlist(InUtf16(text, bigEndian)));
+    desk.Select(1);
+    desk.Click("cmdPlay");
+    EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+    EXPECT_EQ(desk.Pc.Disk.Read(Desk::kPlaylist),
+              InUtf16(text + "[Last played]\r\nLast song=1\r\n", bigEndian));
+  }
+}
+
+TEST(OlderDesk, AFileThatHoldsNoTextIsNeverAppendedTo) {
+  for (const std::string& bytes :
+       {std::string("ID3\x04\0\0\0\0", 8), std::string("\xFF\xFE\0\0[\0\0\0", 8),
+        std::string("\xFF\xFE[\0\n", 5), std::string("\xFF\xFE\x00\xD8[\0", 6)}) {
+    Desk desk({}, [&](SimulatedPc& pc) {
+      Playlist(bytes)(pc);
+      pc.Profiles.WriteString("Playlist", "Current List", "/app/music.lst", Desk::kIni);
+      pc.Disk.AddFile("/app/music.lst", "[Playlist]\r\nSong:1=march\r\n");
+    });
+    desk.Values().CurrentPlaylistFile = Desk::kPlaylist;
+    desk.Click("cmdPlay");
+    EXPECT_EQ(desk.Pc.Disk.Read(Desk::kPlaylist), bytes);
+  }
+}
+
+}  // namespace
+}  // namespace marlex
