@@ -236,7 +236,7 @@ void SettingsDialog::WriteDirectories() {
 void SettingsDialog::WriteZoneNames() {
   for (int zone = 0; zone < kZones; ++zone) {
     const std::string& name = Dialog.txtZoneName[zone].Text;
-    Store.Write("Zone names", "Zone:" + std::to_string(zone + 1), name);
+    Store.Write("Zone names", "Zone:" + std::to_string(zone + 1), QuotedName(name));
     Values.ZoneNames[static_cast<std::size_t>(zone)] = name;
   }
 }
@@ -281,8 +281,8 @@ void SettingsDialog::WriteFadeTime() {
 void SettingsDialog::WriteChimes() {
   if (Dialog.chkPreChime.Value != kChecked) Values.PreChime.clear();
   if (Dialog.chkPostChime.Value != kChecked) Values.PostChime.clear();
-  Store.Write("Chime selection", "PreChime", Dialog.lblPreChime.Caption);
-  Store.Write("Chime selection", "PostChime", Dialog.lblPostChime.Caption);
+  Store.Write("Chime selection", "PreChime", QuotedName(Dialog.lblPreChime.Caption.Get()));
+  Store.Write("Chime selection", "PostChime", QuotedName(Dialog.lblPostChime.Caption.Get()));
 }
 
 void SettingsDialog::RefreshMainWindow() {

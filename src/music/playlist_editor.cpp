@@ -283,8 +283,8 @@ void PlaylistEditor::Save(const std::string& file) {
 std::vector<ProfileEntry> PlaylistEditor::SongEntries() const {
   std::vector<ProfileEntry> entries = {{"Last played", "Last song", "0"}};
   for (int song = 0; song < Editor.SelectedMP3s.ListCount(); ++song) {
-    entries.push_back(
-        {"Playlist", "Song:" + std::to_string(song + 1), Editor.SelectedMP3s.List(song)});
+    entries.push_back({"Playlist", "Song:" + std::to_string(song + 1),
+                       QuotedName(Editor.SelectedMP3s.List(song))});
   }
   return entries;
 }

@@ -235,7 +235,7 @@ void SequenceEditor::Save(const std::string& file, int save) {
 bool SequenceEditor::Write(const std::string& file) {
   WeekdayText = DigitMask(TickedDays(Window));
   return Store.WriteProfileValues(
-      {{kSection, "Message(s)", MessagesText},
+      {{kSection, "Message(s)", QuotedName(MessagesText)},
        {kSection, "Hour(s)", Window.txtHours.Text},
        {kSection, "Minute(s)", Window.txtMinutes.Text},
        {kSection, "Weekday(s)", WeekdayText},
