@@ -176,20 +176,25 @@ class TextBinding : public WidgetBinding {
  public:
   TextBinding(TextBox& box, QLineEdit& widget, Hand& hand)
       : WidgetBinding(box, widget), Box(box), Widget(widget) {
-    QObject::connect(&widget, &QLineEdit::textEdited, [&box, &hand](const QString& text) {
+    QObject::connect(&widget, &QLineEdit::textEdited, [this, &box, &hand](const QString& text) {
+      ++EditsUnderWay;
       hand.Forward(box, [&box, typed = text.toStdString()] { box.Text = typed; });
+      hand.ForwardAlways([this] { --EditsUnderWay; });
     });
   }
 
+  /// What the hand has typed on since is not painted over; its own edit comes to the system, and is
+  /// painted then.
   void Paint() override {
     WidgetBinding::Paint();
     const QString text = QString::fromStdString(Box.Text);
-    if (text != Widget.text()) Widget.setText(text);
+    if (EditsUnderWay == 0 && text != Widget.text()) Widget.setText(text);
   }
 
  private:
   TextBox& Box;
   QLineEdit& Widget;
+  int EditsUnderWay = 0;  // typed, and not yet with the system
 };
 
 /// A slider writes a file at each of its steps. So of the steps that a fast hand makes before the

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "desktop/process/qt_event_loop.h"
 #include "desktop/windows/bench.h"
 #include "desktop/windows/mouse.h"
 
@@ -90,6 +91,81 @@ TEST(SimpleBindings, ASliderMovesBothWays) {
   bench.Settle();
   EXPECT_EQ(slider.Value.Get(), 100);
   EXPECT_EQ(changes, 2);
+}
+
+/// Digits 1 to 9 and 0, over and over.
+QString Digits(int count) {
+  QString digits;
+  for (int digit = 1; digit <= count; ++digit) digits += QString::number(digit % 10);
+  return digits;
+}
+
+TEST(SimpleBindings, KeysBetweenAnEditAndItsPaintingKeepTheirPlaces) {
+  constexpr int kKeys = 30;
+  Bench bench;
+  auto& box = bench.Make<TextBox>("txtHours");
+  auto& widget = bench.Add<QLineEdit>("txtHours");
+  bench.Show();
+  box.Text = "a z";
+  bench.Settle();
+  widget.setCursorPosition(2);
+  int typed = 0;
+  const auto type = [&] { QTest::keyClick(&widget, Qt::Key(Qt::Key_0 + ++typed % 10)); };
+  box.OnChange = [&] {
+    if (typed < kKeys) type();
+  };
+  type();
+  for (int round = 0; round < kKeys; ++round) bench.Settle();
+  EXPECT_EQ(widget.text(), "a " + Digits(kKeys) + "z");
+  EXPECT_EQ(box.Text.Get(), widget.text().toStdString());
+}
+
+TEST(SimpleBindings, FastTypingInTheMiddleOfATextKeepsEveryKeyInItsPlace) {
+  constexpr int kKeys = 30;
+  QtEventLoop loop;
+  Form place("frmBench", "Bench");
+  TextBox box(place, "txtHours");
+  QWidget window;
+  QVBoxLayout rows(&window);
+  QLineEdit widget;
+  widget.setObjectName("txtHours");
+  rows.addWidget(&widget);
+  Binder view(place, window, loop);
+  place.Show();
+  box.Text = "az";
+  loop.PumpUntil([&] { return widget.text() == "az"; });
+  widget.setCursorPosition(1);
+  box.OnChange = [] { QThread::msleep(3); };  // so that keys come before the painting
+  int typed = 0;
+  QTimer hand;
+  hand.setTimerType(Qt::PreciseTimer);
+  QObject::connect(&hand, &QTimer::timeout, [&] {
+    if (typed == kKeys) return hand.stop();
+    QTest::keyClick(&widget, Qt::Key(Qt::Key_0 + ++typed % 10));
+    hand.start(1 + typed % 10);
+  });
+  hand.start(1);
+  loop.PumpUntil([&] { return typed == kKeys && !hand.isActive(); });
+  const std::string wanted = "a" + Digits(kKeys).toStdString() + "z";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return box.Text.Get() == wanted; })) << box.Text.Get();
+  EXPECT_EQ(widget.text().toStdString(), wanted);
+}
+
+TEST(SimpleBindings, ATextThatTheSystemPutsInIsShownAfterTheTyping) {
+  Bench bench;
+  auto& box = bench.Make<TextBox>("txtMinutes");
+  auto& widget = bench.Add<QLineEdit>("txtMinutes");
+  box.OnChange = [&] {
+    if (box.Text.Get() == "12") box.Text = "00,30";
+  };
+  bench.Show();
+  QTest::keyClicks(&widget, "12");
+  bench.Settle();
+  EXPECT_EQ(widget.text(), "00,30");
+  box.Enabled = false;  // not yet painted: the key is refused
+  QTest::keyClick(&widget, Qt::Key_5);
+  bench.Settle();
+  EXPECT_EQ(widget.text(), "00,30");
 }
 
 }  // namespace
