@@ -9,6 +9,15 @@ ComboBinding::ComboBinding(ListBox& list, QComboBox& widget, Hand& hand)
       if (row < list.ListCount()) list.SetListIndex(row);
     });
   });
+  widget.installEventFilter(this);
+}
+
+/// A wheel that is turned to scroll the window, with the pointer on the box by chance, must not
+/// choose another entry. What stands open has a wheel of its own.
+bool ComboBinding::eventFilter(QObject*, QEvent* event) {
+  if (event->type() != QEvent::Wheel) return false;
+  event->ignore();
+  return true;
 }
 
 /// Only the hand's own choice is a signal of the box, so that nothing here looks like one. A box

@@ -14,6 +14,9 @@ class ComboBinding : public QObject, public WidgetBinding {
 
   void Paint() override;
 
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
  private:
   ListBox& List;
   QComboBox& Widget;

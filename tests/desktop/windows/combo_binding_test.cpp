@@ -108,5 +108,29 @@ TEST(ComboBinding, AListThatCanBeSeenNeedsItsWidget) {
   EXPECT_THROW(bench.Show(), RuntimeFailure);
 }
 
+void TurnWheel(QWidget& widget, int steps) {
+  constexpr int kStep = 120;
+  const QPointF at = widget.rect().center();
+  QWheelEvent event(at, widget.mapToGlobal(at), {}, QPoint(0, steps * kStep), Qt::NoButton,
+                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&widget, &event);
+}
+
+TEST(ComboBinding, TheWheelOverAClosedBoxChangesNothing) {
+  ComboPlace place;
+  place.Hours.SetListIndex(1);
+  place.Settle();
+  for (const bool focused : {false, true}) {
+    focused ? place.Widget.setFocus() : place.Widget.clearFocus();
+    for (const int steps : {-1, 1, 3}) {
+      TurnWheel(place.Widget, steps);
+      place.Settle();
+      EXPECT_EQ(place.Hours.Text(), "01") << steps;
+      EXPECT_EQ(place.Widget.currentText(), "01") << steps;
+    }
+  }
+  EXPECT_EQ(place.Clicks, 1);
+}
+
 }  // namespace
 }  // namespace marlex
