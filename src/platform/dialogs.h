@@ -58,15 +58,16 @@ class Dialogs {
   /// it was cancelled.
   using OnChosen = std::function<void(const std::string& result)>;
 
-  /// Leaves a file dialog standing; `onChosen` is an event of its own. Nothing happens while
-  /// another file dialog is open.
-  void LeaveOpen(const FileDialog& dialog, OnChosen onChosen) {
-    if (FileDialogOpen) return;
+  /// Leaves a file dialog standing; `onChosen` is an event of its own. False, and nothing happens,
+  /// while another file dialog is open.
+  bool LeaveOpen(const FileDialog& dialog, OnChosen onChosen) {
+    if (FileDialogOpen) return false;
     FileDialogOpen = true;
     OpenFileDialog(dialog, [this, onChosen = std::move(onChosen)](const std::string& result) {
       FileDialogOpen = false;
       onChosen(result);
     });
+    return true;
   }
 
  protected:

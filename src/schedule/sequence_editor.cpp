@@ -186,14 +186,15 @@ void SequenceEditor::mnuSave_Click() {
   Times.TestValidity();
   if (!Times.HoursValid || !Times.MinutesValid) return;
   MessagesText = Messages.BuildMessagesText();
-  TheDialogs.LeaveOpen(
+  const bool asked = TheDialogs.LeaveOpen(
       {.Filter = "Schedule files (*.sch)|*.sch",
        .DefaultExtension = "seq",
        .InitialDirectory = Store.ApplicationDirectory(),
        .Save = true},
-      [this, save = ++SavesAsked, unloads = Window.UnloadCount](const std::string& file) {
+      [this, save = SavesAsked + 1, unloads = Window.UnloadCount](const std::string& file) {
         if (unloads == Window.UnloadCount) Save(file, save);
       });
+  if (asked) ++SavesAsked;
 }
 
 /// The title is the English header of the weekdays in every language. This is meant.

@@ -455,5 +455,34 @@ TEST(SequenceEditor, OpenedUnderAnAnnouncementItFindsTheTickOnAgainWhenThatEnds)
   EXPECT_EQ(desk.Heard(), "wav alarm.wav at 10000");
 }
 
+TEST(SequenceEditor, TwoSaveKeysInOneTurnOpenOneDialogAfterWhichItCloses) {
+  EditorDesk desk;
+  desk.Compose();
+  desk.Pc.Dialogs.OpenResults = {kFile};
+  desk.Do([&] {
+    desk.Editor().mnuSave.OnClick();
+    desk.Editor().mnuSave.OnClick();
+  });
+  desk.Advance(499);
+  EXPECT_EQ(desk.Pc.Dialogs.FileDialogs.size(), 1U);
+  EXPECT_EQ(desk.Saved("Hour(s)"), "12");
+  EXPECT_TRUE(desk.Editor().Visible);
+  desk.Advance(2);
+  EXPECT_FALSE(desk.Editor().Visible);
+}
+
+TEST(SequenceEditor, ASaveKeyThatOpensNoDialogDoesNotHoldItOpen) {
+  EditorDesk desk;
+  desk.Compose();
+  desk.Pc.Dialogs.AnswerAfterMs = 1000;
+  desk.Pc.Dialogs.OpenResults = {kFile};
+  desk.Click("mnuSave");
+  desk.Advance(100);
+  desk.Click("mnuSave");
+  desk.Advance(2000);
+  EXPECT_EQ(desk.Saved("Hour(s)"), "12");
+  EXPECT_FALSE(desk.Editor().Visible);
+}
+
 }  // namespace
 }  // namespace marlex
