@@ -55,7 +55,6 @@ void FrmMain::DesignMenus() {
   mnuAboutbox.Caption = "About Tolvo Marlex";
   // Function keys can be stored but not fired; the way to them stays closed in every installation.
   mnuFKeys.Enabled = false;
-  mnuFKeys.Visible = false;
 }
 
 void FrmMain::DesignSizes() {

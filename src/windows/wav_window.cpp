@@ -15,9 +15,8 @@ WavWindow::WavWindow(EventLoop& loop, const Directories& files)
   optExact.Group = frMode.Name;
   optBetween.Group = frMode.Name;
   optExact.SetValue(true);
-  for (VisualControl* control :
-       std::initializer_list<VisualControl*>{&AvailableFiles, &WavList, &SelectedFiles, &Repeat,
-                                             &lblDescription, &txtDescription}) {
+  for (VisualControl* control : std::initializer_list<VisualControl*>{
+           &AvailableFiles, &WavList, &SelectedFiles, &Repeat, &lblDescription, &txtDescription}) {
     control->Visible = false;
     control->NeverShown = true;
   }
@@ -63,7 +62,6 @@ void WavWindow::DesignMenus() {
   mnuKey.Caption = "Function key";
   // The way to the function keys stays closed in every installation.
   mnuKey.Enabled = false;
-  mnuKey.Visible = false;
   for (const auto& key : mnuFKey) key->Caption = "F" + std::to_string(key->Index);
 }
 

@@ -29,6 +29,7 @@ TEST(FunctionKeys, AreOutOfTheOperatorsReach) {
   EditorDesk desk;
   EXPECT_FALSE(desk.Main().mnuFKeys.Enabled);
   EXPECT_FALSE(desk.Editor().mnuKey.Enabled);
+  EXPECT_TRUE(desk.Editor().mnuKey.Visible);
   EXPECT_EQ(desk.Text("mnuFKey_1") + desk.Text("mnuFKey_12"), "F1F12");
 }
 

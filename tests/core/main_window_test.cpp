@@ -52,7 +52,7 @@ TEST(MainWindow, AMenuWithoutItsTextInTheTableWouldShowItsId) {
 
 TEST(MainWindow, TheWayToTheFunctionKeysIsClosed) {
   Desk desk;
-  EXPECT_FALSE(desk.Main().mnuFKeys.Visible);
+  EXPECT_TRUE(desk.Main().mnuFKeys.Visible);
   EXPECT_FALSE(desk.Main().mnuFKeys.Enabled);
 }
 

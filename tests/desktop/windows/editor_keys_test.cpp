@@ -83,16 +83,13 @@ TEST(EditorKeys, TheMenusForFilesHaveShortcutsOfTheirOwn) {
   ShopDesk desk;
   EXPECT_EQ(Shortcuts(desk.Screen.Main()), QStringList({"Ctrl+O", "Ctrl+Shift+O"}));
   for (const QWidget* editor : {&desk.Screen.ScheduleEditor(), &desk.Screen.Playlist()})
-    EXPECT_EQ(Shortcuts(*editor), QStringList({"Ctrl+O", "Ctrl+S", "Ctrl+W"}));
+    EXPECT_EQ(Shortcuts(*editor), QStringList({"Ctrl+O", "Ctrl+S"}));
   desk.Choose(desk.Screen.Main(), "mnuPlaylist");
   QTest::keyClick(&desk.Screen.Playlist(), Qt::Key_S, Qt::ControlModifier);
   desk.Settle();
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
   EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Body, "No songs selected");
   EXPECT_TRUE(desk.Screen.Playlist().isVisible());
-  QTest::keyClick(&desk.Screen.Playlist(), Qt::Key_W, Qt::ControlModifier);
-  desk.Settle();
-  EXPECT_FALSE(desk.Screen.Playlist().isVisible());
 }
 
 /// The schedule editor on which a sequence is under work.
@@ -124,6 +121,72 @@ TEST(EditorKeys, EscapeLeavesTheScheduleEditorOpenWithAllThatIsComposed) {
     EXPECT_EQ(desk.Composed(), "8-10 30 1") << part;
     EXPECT_TRUE(desk.Find<QWidget>(desk.Window(), "frMinutes").isVisible()) << part;
   }
+}
+
+TEST(EditorKeys, NoKeyBesideTheOneThatSavesClosesAnEditorWithWorkInIt) {
+  ComposingDesk desk;
+  desk.Choose(desk.Screen.Main(), "mnuPlaylist");
+  for (QWidget* window : {&desk.Window(), &desk.Screen.Playlist()}) {
+    QTest::keyClick(window, Qt::Key_W, Qt::ControlModifier);
+    desk.Settle();
+    EXPECT_TRUE(window->isVisible()) << window->objectName().toStdString();
+  }
+  EXPECT_EQ(desk.Composed(), "8-10 30 1");
+  desk.Choose(desk.Window(), "mnuExit");
+  EXPECT_FALSE(desk.Window().isVisible());
+  desk.Screen.Playlist().close();
+  desk.Settle();
+  EXPECT_FALSE(desk.Screen.Playlist().isVisible());
+}
+
+/// Walks through all menus of a window by their keys and counts the presses on which the menu of
+/// that title is open. It stands in the bar or in a menu.
+int TimesOpen(ShopDesk& desk, QMainWindow& window, const char* menu) {
+  QMenuBar& bar = *window.menuBar();
+  int times = 0;
+  const auto press = [&](Qt::Key key) {
+    QWidget* popup = QApplication::activePopupWidget();
+    QTest::keyClick(popup ? popup : &bar, key);
+    desk.Settle();
+    auto* there = window.findChild<QMenu*>(menu);
+    times += there && there->isVisible();
+  };
+  window.activateWindow();
+  bar.setFocus();
+  bar.setActiveAction(bar.actions().front());
+  for (int step = 0; step < 12; ++step) {
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Right, Qt::Key_Down}) press(key);
+  }
+  while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  return times;
+}
+
+TEST(EditorKeys, TheFunctionKeysAreShownGreyedAndNoKeyOpensThem) {
+  ShopDesk desk;
+  auto& main = dynamic_cast<QMainWindow&>(desk.Screen.Main());
+  auto& editor = dynamic_cast<QMainWindow&>(desk.Screen.ScheduleEditor());
+  auto& item = desk.Find<QAction>(main, "mnuFKeys");
+  EXPECT_TRUE(item.isVisible());
+  EXPECT_FALSE(item.isEnabled());
+  EXPECT_EQ(item.text(), "Function keys");
+  const auto edit = desk.Find<QMenu>(main, "mnuEdit").actions();
+  EXPECT_EQ(edit.indexOf(&item), 2) << "between the schedule editor and the settings";
+  item.trigger();
+  desk.Settle();
+  EXPECT_FALSE(editor.isVisible());
+  desk.Choose(main, "mnuSchedule");
+  QAction& keys = *desk.Find<QMenu>(editor, "mnuKey").menuAction();
+  EXPECT_TRUE(keys.isVisible());
+  EXPECT_FALSE(keys.isEnabled());
+  EXPECT_EQ(editor.menuBar()->actions().indexOf(&keys), 1) << "beside the menu of the files";
+  EXPECT_GT(TimesOpen(desk, editor, "mnuFile"), 0);
+  EXPECT_EQ(TimesOpen(desk, editor, "mnuKey"), 0);
+  QTest::mouseClick(editor.menuBar(), Qt::LeftButton, {},
+                    editor.menuBar()->actionGeometry(&keys).center());
+  desk.Settle();
+  EXPECT_FALSE(desk.Find<QMenu>(editor, "mnuKey").isVisible());
+  EXPECT_FALSE(desk.Sys.Editor.FunctionKeyMode);
+  EXPECT_EQ(desk.Sys.TheWindows.TheWavWindow.Caption.Get(), "Message schedule");
 }
 
 TEST(EditorKeys, EscapeOnTheIntervalPanelIsItsCancel) {
