@@ -39,12 +39,6 @@ void PressWatch::FilterOwn(QEvent& event) {
     case QEvent::MouseMove:
       ReleaseWhatIsUp(static_cast<QMouseEvent&>(event));
       break;
-    case QEvent::EnabledChange:
-      if (!Widget.isEnabled()) ReleaseAllBut(Qt::NoButton);
-      break;
-    case QEvent::FocusOut:
-      ReleaseAllBut(Qt::NoButton);
-      break;
     default:
       break;
   }

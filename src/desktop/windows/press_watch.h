@@ -8,9 +8,11 @@
 namespace marlex {
 
 /// Watches the mouse keys on a widget and reports exactly one release for each press, however the
-/// press ends: on the widget, outside it, or lost because the widget or its window is hidden,
-/// disabled, blocked by a box or left, or because the touch is cancelled. A finger counts as the
-/// left key. A press that would never end could leave a microphone open.
+/// press ends: on the widget, outside it, or lost because the widget or its window is hidden, the
+/// window is blocked by a box or left, or the touch is cancelled. A widget that loses the keyboard
+/// or is disabled keeps its press until the key is let go: a call goes on while its zones are
+/// chosen for the next one. A finger counts as the left key. A press that would never end could
+/// leave a microphone open.
 class PressWatch : public QObject {
  public:
   explicit PressWatch(QWidget& widget);

@@ -254,11 +254,31 @@ TEST_P(HandOnCallKey, AFingerThatIsLiftedOutsideTheKeyIsToldToo) {
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AKeyThatIsDisabledOrHiddenWhileHeldIsReleasedOnce) {
-  for (Property<bool>* way :
-       {&Call().Enabled, &Call().Visible, &Around().Enabled, &Around().Visible}) {
+TEST_P(HandOnCallKey, AKeyThatIsHiddenWhileHeldIsReleasedOnce) {
+  for (Property<bool>* way : {&Call().Visible, &Around().Visible}) {
     ExpectReleased(
-        "disabled or hidden", [way] { *way = false; }, [way] { *way = true; });
+        "hidden", [way] { *way = false; }, [way] { *way = true; });
+  }
+}
+
+TEST_P(HandOnCallKey, AKeyThatIsDisabledWhileHeldIsReleasedWhenItIsLetGo) {
+  QWindow& window = *Window().windowHandle();
+  const QPoint there = Key().mapTo(&Window(), Key().rect().center());
+  Finger finger(Key());
+  for (Property<bool>* way : {&Call().Enabled, &Around().Enabled}) {
+    for (const bool byFinger : {false, true}) {
+      Heard.clear();
+      byFinger ? finger.Press() : QTest::mousePress(&window, Qt::LeftButton, {}, there);
+      Place.Settle();
+      *way = false;
+      Place.Settle();
+      EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
+      byFinger ? finger.Release() : QTest::mouseRelease(&window, Qt::LeftButton, {}, there);
+      Place.Settle();
+      EXPECT_EQ(Heard, "down up ");
+      *way = true;
+      Place.Settle();
+    }
   }
 }
 
@@ -271,16 +291,31 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenTheTypeOfTheAmplifierChangesWhileItIsHel
 }
 
 TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsReleaseIsLost) {
-  ExpectReleased("focus moves", [this] {
-    Key().setFocus();
-    Place.Find<QPushButton>("cmdPlay").setFocus();
-  });
   ExpectReleased("window deactivates", [this] {
     QEvent deactivate(QEvent::WindowDeactivate);
     QApplication::sendEvent(&Window(), &deactivate);
   });
   ExpectReleased(
       "window hides", [this] { Window().hide(); }, [this] { Window().show(); });
+}
+
+TEST_P(HandOnCallKey, AKeyStaysDownWhenTheKeyboardGoesToAZone) {
+  Main.frRouting.Visible = true;
+  Place.Settle();
+  auto& zone = Place.Find<QPushButton>("cmdCallZone_2");
+  QWindow& window = *Window().windowHandle();
+  const QPoint there = Key().mapTo(&Window(), Key().rect().center());
+  QTest::mousePress(&window, Qt::LeftButton, {}, there);
+  Place.Settle();
+  EXPECT_EQ(Heard, "down ");
+  zone.setFocus();
+  QTest::keyClick(&zone, Qt::Key_Space);
+  Place.Settle();
+  EXPECT_TRUE(Main.cmdCallZone[2].Value);
+  EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
+  QTest::mouseRelease(&window, Qt::LeftButton, {}, there);
+  Place.Settle();
+  EXPECT_EQ(Heard, "down up ");
 }
 
 TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsWindowCloses) {
