@@ -17,11 +17,24 @@ WidgetBinding::WidgetBinding(VisualControl& control, QWidget& widget)
 
 void WidgetBinding::Paint() {
   if (Widget.isHidden() == Source.Visible) Widget.setVisible(Source.Visible);
-  Widget.setEnabled(Source.Enabled);
+  PaintEnabled();
   const QString toolTip = ShownToolTip(Source.ToolTipText);
   if (toolTip != Widget.toolTip()) Widget.setToolTip(toolTip);
   PaintColors();
   PaintHeight();
+}
+
+/// The toolkit would hand the keyboard of a key that switches itself off to the one beside it,
+/// which the next press of the space bar would then work.
+void WidgetBinding::PaintEnabled() {
+  if (!Source.Enabled && Widget.window()->focusWidget() == &Widget) LeaveFocus();
+  Widget.setEnabled(Source.Enabled);
+}
+
+void WidgetBinding::LeaveFocus() {
+  const QString name = Widget.property("leavesFocusTo").toString();
+  auto* next = name.isEmpty() ? nullptr : Widget.window()->findChild<QWidget*>(name);
+  next ? next->setFocus() : Widget.clearFocus();
 }
 
 /// The two palette colours leave the look to the style sheet. Another ground is a signal: it shows

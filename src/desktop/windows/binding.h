@@ -32,7 +32,9 @@ class Binding {
 std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand);
 
 /// Binds a control to a widget: what all widgets show alike. A widget with the property "keepsRoom"
-/// keeps its room while it is hidden, so that nothing moves when it comes and goes.
+/// keeps its room while it is hidden, so that nothing moves when it comes and goes. A key that is
+/// switched off under the keyboard leaves it to the widget that its property "leavesFocusTo" names,
+/// else to none.
 class WidgetBinding : public Binding {
  public:
   WidgetBinding(VisualControl& control, QWidget& widget);
@@ -42,6 +44,8 @@ class WidgetBinding : public Binding {
   void Paint() override;
 
  private:
+  void PaintEnabled();
+  void LeaveFocus();
   void PaintColors();
   void PaintHeight();
 

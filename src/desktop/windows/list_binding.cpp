@@ -1,8 +1,10 @@
 #include "desktop/windows/list_binding.h"
 
+#include <QApplication>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyleHints>
 #include <algorithm>
 #include <utility>
 
@@ -44,7 +46,8 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
       Operator(hand),
       Model(list),
       Watch(*view.viewport()),
-      Finger(view) {
+      Finger(view),
+      KnownEntries(list.ListCount()) {
   view.ensurePolished();  // a height measured before would be kept for all entries
   view.setModel(&Model);
   view.setItemDelegate(&Painter);
@@ -59,13 +62,17 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
   Watch.OnPress = [this](const QMouseEvent& event) { Press(event); };
   Watch.OnLift = [this] { Lift(); };
   Watch.OnRelease = [this](Qt::MouseButton) { Release(); };
+  HoldTimer.setSingleShot(true);
+  connect(&HoldTimer, &QTimer::timeout, this, [this] { TakeHold(); });
   OutsideTimer.setInterval(kOutsideStepMs);
   connect(&OutsideTimer, &QTimer::timeout, this, [this] { FollowPointer(); });
   // A list that only gets the focus makes an entry current; it selects none.
   connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this](const QItemSelection& selected) {
-            if (Painting || selected.isEmpty()) return;
-            if (List.ClickActs) {
+            if (Painting) return;
+            if (selected.isEmpty()) {
+              if (List.Watcher) List.Watcher();  // what the system has selected stays to be seen
+            } else if (List.ClickActs) {
               LedFrom = List.ListIndex();
             } else {
               SelectByKey(selected.indexes().first().row());
@@ -75,9 +82,21 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
 
 void ListBinding::Note() {
   const int selected = List.ListIndex();
+  NoteRemoval();
   if (!Selections.empty() && Selections.back() == selected) return;
   if (Selections.size() == kMostSelections) Selections.erase(Selections.begin());
   Selections.push_back(selected);
+}
+
+/// An entry that is removed takes the selection with it; the arrows go on from its place.
+void ListBinding::NoteRemoval() {
+  const int entries = List.ListCount();
+  if (entries == 0) {
+    LedFrom.reset();
+  } else if (entries == KnownEntries - 1 && List.ListIndex() == ListBox::kNoSelection) {
+    LedFrom = ListBox::kNoSelection;
+  }
+  KnownEntries = entries;
 }
 
 void ListBinding::Paint() {
@@ -94,7 +113,10 @@ void ListBinding::Paint() {
 void ListBinding::ScrollAsSelected() {
   const std::vector<int> selections = std::exchange(Selections, {});
   // The system knows nothing of an entry to which the arrows have led until it is clicked.
-  if (LedFrom == List.ListIndex()) return;
+  if (LedFrom == List.ListIndex()) {
+    if (!List.ClickActs) View.selectionModel()->clearSelection();
+    return;
+  }
   LedFrom.reset();
   for (const int row : selections) {
     if (Has(row) && row != View.currentIndex().row()) View.scrollTo(Model.index(row));
@@ -121,6 +143,7 @@ bool ListBinding::eventFilter(QObject* object, QEvent* event) {
 /// it; where a double-click acts, the enter key is one. Each once, however long the key is held.
 bool ListBinding::FilterKey(const QKeyEvent& event) {
   const int row = View.currentIndex().row();
+  if (ContinuesSearch(event)) return true;
   if (List.ClickActs && (IsEnter(event) || event.key() == Qt::Key_Space)) {
     if (!event.isAutoRepeat()) Operator.Forward(List, [this, row] { Select(row); });
     return true;
@@ -134,6 +157,20 @@ bool ListBinding::FilterKey(const QKeyEvent& event) {
     if (List.OnKeyDown) List.OnKeyDown(kKeyDelete);
   });
   return true;
+}
+
+/// A blank within the time that the view gives to the letters of a search is one of them.
+bool ListBinding::ContinuesSearch(const QKeyEvent& event) {
+  const bool isLetter = !event.text().isEmpty() && event.text().front().isPrint() &&
+                        !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+  if (!isLetter) return false;
+  const bool isBlank = event.key() == Qt::Key_Space;
+  const bool isSearching =
+      LastSearchKey.isValid() && LastSearchKey.elapsed() < QApplication::keyboardInputInterval();
+  if (isBlank && !isSearching) return false;
+  LastSearchKey.start();
+  if (isBlank) View.keyboardSearch(event.text());
+  return isBlank;
 }
 
 /// The view's own handling of the pointer is left out: what is selected is the system's to say.
@@ -154,18 +191,38 @@ bool ListBinding::FilterPointer(QEvent& event) {
 }
 
 void ListBinding::Press(const QMouseEvent& event) {
-  if (List.ClickActs && Swipe::IsOfFinger(event)) return Finger.Begin(event);
-  const MouseButton button = MouseButtonOf(event.button());
-  const int row = button == MouseButton::Left ? RowAt(event.pos()) : ListBox::kNoSelection;
   // Two quick clicks are a double-click only where a click alone does nothing yet.
   const bool isDouble = event.type() == QEvent::MouseButtonDblClick && !List.ClickActs;
-  if (isDouble) return ForwardDoubleClick(row);
+  if (Swipe::IsOfFinger(event)) {
+    TapIsDouble = isDouble;
+    Finger.Begin(event);
+    if (!List.ClickActs)
+      HoldTimer.start(QGuiApplication::styleHints()->mousePressAndHoldInterval());
+  } else if (isDouble) {
+    ForwardDoubleClick(event.button() == Qt::LeftButton ? RowAt(event.pos())
+                                                        : ListBox::kNoSelection);
+  } else {
+    PressAt(event.pos(), MouseButtonOf(event.button()));
+  }
+}
+
+void ListBinding::PressAt(QPoint position, MouseButton button) {
+  const int row = button == MouseButton::Left ? RowAt(position) : ListBox::kNoSelection;
   Dragging = row != ListBox::kNoSelection && !List.ClickActs;
   ForwardPress(row, button);
 }
 
+/// The finger has rested: from now on it is a mouse whose key is down.
+void ListBinding::TakeHold() {
+  if (!Finger.IsTap()) return;
+  Finger.End();
+  PressAt(Finger.Start(), MouseButton::Left);
+}
+
 void ListBinding::Lift() {
-  if (Finger.IsTap()) ForwardPress(RowAt(Finger.Start()), MouseButton::Left);
+  if (!Finger.IsTap()) return;
+  const int row = RowAt(Finger.Start());
+  TapIsDouble ? ForwardDoubleClick(row) : ForwardPress(row, MouseButton::Left);
 }
 
 void ListBinding::ForwardPress(int row, MouseButton button) {
@@ -195,6 +252,7 @@ void ListBinding::ForwardDoubleClick(int row) {
 
 void ListBinding::Release() {
   Dragging = false;
+  HoldTimer.stop();
   Finger.End();
   OutsideTimer.stop();
   Operator.ForwardAlways([this] {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QListView>
 #include <QTimer>
@@ -33,10 +34,10 @@ class ListModel : public QAbstractListModel {
   int KnownRows = 0;
 };
 
-/// A list box. The selection follows the pointer while the left key is held, one entry after the
-/// other however fast the pointer moves, since the system moves the dragged entry one place at each
-/// step. Where a click acts, a mouse clicks as it goes down, and a finger as it is lifted, since
-/// until then it may be about to scroll.
+/// A list box. The selection follows a mouse while its left key is held, one entry after the other
+/// however fast the pointer moves, since the system moves the dragged entry one place at each step.
+/// A finger that moves scrolls, and clicks as it is lifted where it did not; one that rests on an
+/// entry takes hold of it, and then drags as the mouse does, except where a click acts.
 class ListBinding : public QObject, public WidgetBinding {
  public:
   ListBinding(ListBox& list, QListView& view, Hand& hand);
@@ -50,7 +51,10 @@ class ListBinding : public QObject, public WidgetBinding {
  private:
   bool FilterPointer(QEvent& event);
   bool FilterKey(const QKeyEvent& event);
+  bool ContinuesSearch(const QKeyEvent& event);
   void Press(const QMouseEvent& event);
+  void PressAt(QPoint position, MouseButton button);
+  void TakeHold();
   void Lift();
   void ForwardPress(int row, MouseButton button);
   void Select(int row);
@@ -64,6 +68,7 @@ class ListBinding : public QObject, public WidgetBinding {
   bool Has(int row) const { return row >= 0 && row < List.ListCount(); }
   void StepTo(int row);
   void ScrollAsSelected();
+  void NoteRemoval();
 
   ListBox& List;
   QListView& View;
@@ -72,11 +77,15 @@ class ListBinding : public QObject, public WidgetBinding {
   EntryPainter Painter;
   PressWatch Watch;
   Swipe Finger;
-  QTimer OutsideTimer;    // goes on scrolling while the pointer is held above or below the list
-  QPoint Pointer;         // its last place in the view
-  bool Dragging = false;  // the left key went down on an entry and is held
+  QTimer HoldTimer;  // runs out when a finger has rested long enough to take hold
+  QElapsedTimer LastSearchKey;
+  bool TapIsDouble = false;  // the finger came down a second time
+  QTimer OutsideTimer;       // goes on scrolling while the pointer is held above or below the list
+  QPoint Pointer;            // its last place in the view
+  bool Dragging = false;     // the left key went down on an entry and is held
   bool DownForwarded = false;  // the system has been told of a press and not of its release
   bool Painting = false;
+  int KnownEntries;
   std::vector<int> Selections;  // since the last painting, in order
   std::optional<int> LedFrom;  // the selection from which the arrows have led on without the system
 };

@@ -17,13 +17,24 @@ struct MessagesAtWork : WholeDesk {
   }
 
   void Take(int messages) {
-    for (int message = 0; message < messages; ++message)
+    for (int message = 0; message < messages; ++message) {
       Editor.SelectedWavs.AddItem("m" + std::to_string(message));
+      Editor.SelectedFiles.AddItem("m" + std::to_string(message) + ".wav");
+    }
+    Editor.RemAll_Key.Enabled = true;
     Settle();
     Chosen.scrollToTop();
   }
   static QPoint At(QListView& view, int row) {
     return view.visualRect(view.model()->index(row, 0)).center();
+  }
+  /// Puts a finger down and waits until it has taken hold of the message.
+  void Hold(Finger& finger, QPoint at) {
+    finger.Press(at);
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+      Settle();
+      return Sys.Selected.Drag.DragActive;
+    }));
   }
   std::string Sequence() { return Sys.Selected.BuildMessagesText(); }
 
@@ -85,11 +96,11 @@ TEST(EditorsAtWork, TwoQuickTapsOnASongTakeItTwice) {
   EXPECT_EQ(taken.List(1), "waltz");
 }
 
-TEST(EditorsAtWork, AFingerDragsAMessagePastItsNeighboursOneByOne) {
+TEST(EditorsAtWork, AFingerThatRestsOnAMessageDragsItPastItsNeighboursOneByOne) {
   MessagesAtWork desk(1);
   desk.Take(5);
   Finger finger(*desk.Chosen.viewport());
-  finger.Press(desk.At(desk.Chosen, 0));
+  desk.Hold(finger, desk.At(desk.Chosen, 0));
   finger.Move(desk.At(desk.Chosen, 3));
   desk.Settle();
   EXPECT_EQ(desk.Sequence(), "m1,m2,m3,m0,m4");
@@ -97,7 +108,8 @@ TEST(EditorsAtWork, AFingerDragsAMessagePastItsNeighboursOneByOne) {
   desk.Settle();
   EXPECT_EQ(desk.Sequence(), "m1,m0,m2,m3,m4");
   finger.Release(desk.At(desk.Chosen, 1));
-  finger.Press(desk.At(desk.Chosen, 4));
+  desk.Settle();
+  desk.Hold(finger, desk.At(desk.Chosen, 4));
   finger.Move({10, -100});
   finger.Release({10, -100});
   desk.Settle();
@@ -115,7 +127,7 @@ TEST(EditorsAtWork, AFingerBelowALongSequenceDragsAMessageToItsEndAndScrolls) {
   ASSERT_FALSE(isInView(kMessages - 1));
   const QPoint below(10, desk.Chosen.viewport()->height() + 40);
   Finger finger(*desk.Chosen.viewport());
-  finger.Press(desk.At(desk.Chosen, 2));
+  desk.Hold(finger, desk.At(desk.Chosen, 2));
   finger.Move(below);
   ASSERT_TRUE(QTest::qWaitFor([&] {
     desk.Settle();
@@ -128,6 +140,125 @@ TEST(EditorsAtWork, AFingerBelowALongSequenceDragsAMessageToItsEndAndScrolls) {
   desk.Settle();
   EXPECT_EQ(desk.Sequence(), WithLast(2, kMessages));
   EXPECT_EQ(desk.Editor.SelectedWavs.Text(), "m2");
+}
+
+/// Moves a finger upwards over a list, as far and as fast as a hand does, and lifts it.
+void SwipeUp(QListView& view, int way) {
+  constexpr int kSteps = 8;
+  Finger finger(*view.viewport());
+  const QPoint from(20, view.viewport()->height() - 20);
+  finger.Press(from);
+  for (int step = 1; step <= kSteps; ++step) {
+    QTest::qWait(5);
+    finger.Move(from - QPoint(0, way * step / kSteps));
+  }
+  finger.Release(from - QPoint(0, way));
+}
+
+TEST(EditorsAtWork, AFingerThatScrollsTheSequenceLeavesItInItsOrder) {
+  constexpr int kMessages = 60;
+  MessagesAtWork desk(1);
+  desk.Take(kMessages);
+  const std::string before = desk.Sequence();
+  for (int swipe = 0; swipe < 3; ++swipe) {
+    const int scrolled = desk.Chosen.verticalScrollBar()->value();
+    SwipeUp(desk.Chosen, 60);
+    desk.Settle();
+    EXPECT_GT(desk.Chosen.verticalScrollBar()->value(), scrolled);
+  }
+  EXPECT_EQ(desk.Sequence(), before);
+  EXPECT_EQ(desk.Editor.SelectedWavs.ListIndex(), ListBox::kNoSelection);
+}
+
+/// The playlist editor in which `songs` songs are chosen, over a folder of one.
+struct SongsAtWork : WholeDesk {
+  explicit SongsAtWork(int songs) {
+    Place.Write("music/s0.mp3", "");
+    Start();
+    Choose(Screen.Main(), "mnuPlaylist");
+    for (int song = 0; song < songs; ++song) Editor.SelectedMP3s.AddItem(std::to_string(song));
+    Settle();
+    Chosen.scrollToTop();
+  }
+
+  FrmPlaylist& Editor = Sys.TheWindows.frmPlaylist;
+  QListView& Chosen = Find<QListView>(Screen.Playlist(), "SelectedMP3s");
+};
+
+/// Lets the time pass in which another tap would make a double-click.
+void AwaitNoDoubleClick() { QTest::qWait(QApplication::doubleClickInterval() + 1); }
+
+TEST(EditorsAtWork, AFingerScrollsTheChosenSongsAndATapSelectsOne) {
+  SongsAtWork desk(200);
+  SwipeUp(desk.Chosen, 60);
+  desk.Settle();
+  EXPECT_GT(desk.Chosen.verticalScrollBar()->value(), 0);
+  EXPECT_EQ(desk.Editor.SelectedMP3s.ListIndex(), ListBox::kNoSelection);
+  EXPECT_FALSE(desk.Editor.RemoveKey.Enabled);
+  const QScroller& scroller = *QScroller::scroller(&desk.Chosen);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return scroller.state() == QScroller::Inactive; }));
+  AwaitNoDoubleClick();
+  const QPoint there(20, desk.Chosen.viewport()->height() / 2);
+  const int row = desk.Chosen.indexAt(there).row();
+  Finger(*desk.Chosen.viewport()).Tap(there);
+  desk.Settle();
+  EXPECT_EQ(desk.Editor.SelectedMP3s.ListIndex(), row);
+  EXPECT_TRUE(desk.Editor.RemoveKey.Enabled);
+}
+
+/// Presses the space bar on Remove, and then wherever it has led.
+void RemoveThenSpace(WholeDesk& desk, QWidget& window) {
+  desk.PressKey(desk.Find<QPushButton>(window, "RemoveKey"), Qt::Key_Space);
+  for (int press = 0; press < 3; ++press) {
+    ASSERT_TRUE(QApplication::focusWidget());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    desk.Settle();
+  }
+}
+
+TEST(EditorsAtWork, RemoveAndThenTheSpaceBarLeaveTheRestOfTheSequence) {
+  MessagesAtWork desk(1);
+  desk.Take(5);
+  desk.Chosen.setFocus();
+  Mouse(*desk.Chosen.viewport()).Click(desk.At(desk.Chosen, 2));
+  desk.Settle();
+  RemoveThenSpace(desk, desk.Screen.ScheduleEditor());
+  EXPECT_EQ(desk.Sequence(), "m0,m1,m3,m4");
+  EXPECT_EQ(QApplication::focusWidget(), &desk.Chosen);
+  EXPECT_EQ(desk.Editor.SelectedWavs.Text(), "m3") << "what has moved up to the removed place";
+  desk.PressKey(desk.Find<QPushButton>(desk.Screen.ScheduleEditor(), "RemAll_Key"), Qt::Key_Space);
+  EXPECT_EQ(desk.Sequence(), "");
+  EXPECT_EQ(QApplication::focusWidget(), &desk.Chosen);
+}
+
+TEST(EditorsAtWork, RemoveStaysAtItsPlaceInTwentyThousandSongs) {
+  constexpr int kSongs = 20'000;
+  constexpr int kPlace = 15'000;
+  SongsAtWork desk(kSongs);
+  desk.Editor.SelectedMP3s.SetListIndex(kPlace);
+  desk.Settle();
+  desk.PressKey(desk.Find<QPushButton>(desk.Screen.Playlist(), "RemoveKey"), Qt::Key_Space);
+  EXPECT_EQ(desk.Editor.SelectedMP3s.ListCount(), kSongs - 1);
+  EXPECT_EQ(QApplication::focusWidget(), &desk.Chosen);
+  EXPECT_EQ(desk.Chosen.currentIndex().row(), kPlace);
+  const QRect shown = desk.Chosen.visualRect(desk.Chosen.currentIndex());
+  EXPECT_TRUE(desk.Chosen.viewport()->rect().contains(shown.center()));
+  EXPECT_EQ(desk.Editor.SelectedMP3s.ListIndex(), ListBox::kNoSelection);
+  QTest::keyClick(&desk.Chosen, Qt::Key_Down);
+  desk.Settle();
+  EXPECT_EQ(desk.Editor.SelectedMP3s.ListIndex(), kPlace + 1);
+  RemoveThenSpace(desk, desk.Screen.Playlist());
+  EXPECT_EQ(desk.Editor.SelectedMP3s.ListCount(), kSongs - 2);
+}
+
+TEST(EditorsAtWork, AKeyThatSwitchesItselfOffHandsItsFocusToNoKey) {
+  SongsAtWork desk(0);
+  desk.Sys.TheWindows.frmMain.cmdStop.Enabled = true;
+  desk.Screen.Main().activateWindow();
+  desk.Settle();
+  desk.PressKey(desk.Find<QPushButton>(desk.Screen.Main(), "cmdStop"), Qt::Key_Space);
+  EXPECT_FALSE(desk.Sys.TheWindows.frmMain.cmdStop.Enabled);
+  EXPECT_EQ(desk.Screen.Main().focusWidget(), nullptr);
 }
 
 }  // namespace

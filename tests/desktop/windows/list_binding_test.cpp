@@ -327,7 +327,7 @@ TEST(ListBinding, EntriesFollowTheControlAndTheListKeepsItsPlace) {
   songs.Place.Settle();
   EXPECT_EQ(songs.View.model()->rowCount(), 59);
   EXPECT_EQ(songs.View.model()->index(48, 0).data().toString(), "another");
-  EXPECT_FALSE(songs.View.currentIndex().isValid());
+  EXPECT_FALSE(songs.View.selectionModel()->hasSelection());
   EXPECT_EQ(songs.View.verticalScrollBar()->value(), place);
   songs.List.Clear();
   songs.Place.Settle();
@@ -354,6 +354,107 @@ TEST(ListBinding, TellsThatItGotTheFocus) {
   songs.View.setFocus();
   songs.Place.Settle();
   EXPECT_EQ(songs.Heard, "focus -1, ");
+}
+
+TEST(ListBinding, ABlankInATypedSearchBelongsToTheSearchAndClicksNothing) {
+  ActingList songs;
+  songs.List.AddItem("fire");
+  songs.List.AddItem("fire alarm");
+  songs.List.AddItem("fire drill");
+  songs.Place.Settle();
+  songs.View.setFocus();
+  QTest::keyClicks(&songs.View, "fire d");
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "");
+  EXPECT_EQ(songs.View.currentIndex().row(), 7);
+  QTest::qWait(2 * QApplication::keyboardInputInterval());
+  QTest::keyClick(&songs.View, Qt::Key_Space);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "click 7, ") << "the search is over";
+}
+
+TEST(ListBinding, ASelectionThatHoldsCannotBeHidden) {
+  Playlist songs(5);
+  Mouse(*songs.View.viewport()).Click(songs.At(2));
+  songs.Place.Settle();
+  songs.View.setFocus();
+  QTest::keyClick(&songs.View, Qt::Key_Space, Qt::ControlModifier);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.List.ListIndex(), 2);
+  EXPECT_TRUE(songs.View.selectionModel()->isSelected(songs.View.model()->index(2, 0)));
+}
+
+TEST(ListBinding, TheArrowsGoOnFromWhereAnEntryWasRemoved) {
+  for (const int count : {60, 20'000}) {
+    Playlist songs(count);
+    const int place = count * 3 / 4;
+    songs.List.SetListIndex(place);
+    songs.Place.Settle();
+    songs.View.setFocus();
+    songs.List.RemoveItem(place);
+    songs.Place.Settle();
+    EXPECT_EQ(songs.View.currentIndex().row(), place);
+    EXPECT_TRUE(songs.Sees(place));
+    EXPECT_FALSE(songs.View.selectionModel()->hasSelection());
+    songs.List.ToolTipText = "painted again";
+    songs.Place.Settle();
+    EXPECT_EQ(songs.View.currentIndex().row(), place);
+    QTest::keyClick(&songs.View, Qt::Key_Up);
+    songs.Place.Settle();
+    EXPECT_EQ(songs.List.ListIndex(), place - 1);
+  }
+}
+
+TEST(ListBinding, WhereTheLastEntryIsRemovedTheArrowsGoOnFromTheOneBeforeIt) {
+  Playlist songs(3);
+  songs.List.SetListIndex(2);
+  songs.Place.Settle();
+  songs.View.setFocus();
+  songs.List.RemoveItem(2);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.View.currentIndex().row(), 1);
+  QTest::keyClick(&songs.View, Qt::Key_Space);
+  songs.Place.Settle();
+  EXPECT_EQ(songs.List.ListIndex(), 1);
+}
+
+TEST(ListBinding, AListThatIsFilledAnewBeginsAtItsTop) {
+  Playlist songs(60);
+  songs.List.SetListIndex(40);
+  songs.Place.Settle();
+  songs.List.RemoveItem(40);
+  songs.Place.Settle();
+  songs.List.Clear();
+  for (int song = 0; song < 60; ++song) songs.List.AddItem("t" + std::to_string(song));
+  songs.Place.Settle();
+  EXPECT_FALSE(songs.View.currentIndex().isValid());
+}
+
+TEST(ListBinding, TwoQuickTapsAreADoubleClickWhereAClickOnlySelects) {
+  Playlist songs(60);
+  QTest::qWait(QApplication::doubleClickInterval() + 1);  // since any tap before
+  Finger finger(*songs.View.viewport());
+  finger.Tap(songs.At(3));
+  finger.Tap(songs.At(3));
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "down 3, up 3, double 3, ");
+}
+
+TEST(ListBinding, TwoQuickSwipesScrollAndPlayNothing) {
+  Playlist songs(200);
+  Finger finger(*songs.View.viewport());
+  const QPoint low = songs.At(5);
+  for (int swipe = 0; swipe < 2; ++swipe) {
+    finger.Press(low);
+    for (int step = 1; step <= 4; ++step) {
+      QTest::qWait(5);
+      finger.Move(low - QPoint(0, 20 * step));
+    }
+    finger.Release(low - QPoint(0, 80));
+  }
+  songs.Place.Settle();
+  EXPECT_EQ(songs.Heard, "");
+  EXPECT_GT(songs.View.verticalScrollBar()->value(), 0);
 }
 
 }  // namespace
