@@ -18,8 +18,8 @@ System::System(const Pc& pc)
       Music(TheFlags, Store, pc.Files, TheWindows.frmMain, TheFrmPlayers, TheFrmMxr, Mixer, Strings,
             TheNotices),
       Playlist(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows.frmMain, Music, Strings),
-      ThePlaylistEditor(Store, pc.Files, pc.Clock, pc.Boxes, TheWindows, TheFrmPlayers, TheFrmMxr,
-                        Mixer, Music, Strings, TheNotices),
+      ThePlaylistEditor(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows, TheFrmPlayers,
+                        TheFrmMxr, Mixer, Music, Strings, TheNotices),
       MusicClock(TheFlags, Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Music, TheFades),
       Columns(Store.Values, TheWindows.frmMain, Strings),
       TheConflicts(Store.Values, TheWindows.frmMain, Mixer, Columns, Strings, TheNotices),
@@ -56,7 +56,11 @@ System::System(const Pc& pc)
   Dialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
   Call.CutPreviewOff = [this] { Preview.GiveWay(); };
   Link.PlaySong = [this] { Music.PlaySong(); };
-  Music.PlayMessageWavs = [this] { Wavs.PlayMessageWavs(); };
+  Link.CutPreviewOff = [this] { ThePlaylistEditor.GiveWay(); };
+  Music.PlayMessageWavs = [this] {
+    Preview.GiveWay();
+    Wavs.PlayMessageWavs();
+  };
   pc.Loop.OnFailure = [this](const RuntimeFailure& failure) {
     TheNotices.Tell(failure.what(), BoxIcon::Critical, Strings.LoadString(kStrError));
   };

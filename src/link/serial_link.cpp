@@ -86,6 +86,7 @@ void SerialLink::ProcessPriority() {
   TheFrmMain.cmdCall.Enabled = false;
   TheFrmPlayers.tmrDwellTimer.Enabled = false;
   TheFlags.PriorityPreempted = true;
+  CutPreviewOff();
 }
 
 void SerialLink::ForgetAmplifier() {

@@ -27,6 +27,9 @@ class SerialLink {
   /// Resumes the music; wired at composition.
   std::function<void()> PlaySong;
 
+  /// Ends a music preview at a takeover; wired at composition.
+  std::function<void()> CutPreviewOff;
+
   /// For an amplifier that is no longer spoken to: what it had taken is given back, since its end
   /// of a call will never come.
   void ForgetAmplifier();

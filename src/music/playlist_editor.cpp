@@ -5,6 +5,7 @@
 
 #include "i18n/translate_controls.h"
 #include "music/playlist_files.h"
+#include "music/previews.h"
 #include "music/shuffle.h"
 #include "platform/text_case.h"
 #include "state/digit_mask.h"
@@ -43,11 +44,12 @@ std::string SongName(const std::string& fileName) {
   return fileName.substr(0, end);
 }
 
-PlaylistEditor::PlaylistEditor(SettingsStore& store, Directories& directories, WallClock& clock,
-                               Dialogs& dialogs, Windows& windows, FrmPlayers& frmPlayers,
-                               FrmMxr& frmMxr, MixerAccess& mixer, MusicPlayer& player,
-                               const StringTable& strings, Notices& notices)
-    : Store(store),
+PlaylistEditor::PlaylistEditor(const Flags& flags, SettingsStore& store, Directories& directories,
+                               WallClock& clock, Dialogs& dialogs, Windows& windows,
+                               FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
+                               MusicPlayer& player, const StringTable& strings, Notices& notices)
+    : TheFlags(flags),
+      Store(store),
       Values(store.Values),
       TheDirectories(directories),
       Clock(clock),
@@ -172,7 +174,19 @@ void PlaylistEditor::cmdRandomize_Click() {
 /// The test is on the player and not on the preview, so that the key also stops the background
 /// music. This is meant.
 void PlaylistEditor::PrevKey_Click() {
-  TheFrmPlayers.MP3Player.PlayState() == kPlaying ? StopPreview() : StartPreview();
+  if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
+    StopPreview();
+  } else if (!OutrunsPreviews(TheFlags)) {
+    StartPreview();
+  }
+}
+
+/// The main window's own song is the current one. A call and an announcement fade and pause what
+/// the player plays, a preview as well.
+void PlaylistEditor::GiveWay() {
+  SongPlayer& player = TheFrmPlayers.MP3Player;
+  if (player.PlayState() != kPlaying || player.FileName() == Player.CurrentSongPath) return;
+  Editor.Loaded() ? StopPreview() : player.Stop();
 }
 
 void PlaylistEditor::StartPreview() {

@@ -10,6 +10,7 @@
 #include "platform/dialogs.h"
 #include "platform/directories.h"
 #include "platform/wall_clock.h"
+#include "state/flags.h"
 #include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/frm_mxr.h"
@@ -22,9 +23,14 @@ namespace marlex {
 /// saves reaches the main window when the file is opened there. Nothing asks before it closes.
 class PlaylistEditor {
  public:
-  PlaylistEditor(SettingsStore& store, Directories& directories, WallClock& clock, Dialogs& dialogs,
-                 Windows& windows, FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
-                 MusicPlayer& player, const StringTable& strings, Notices& notices);
+  PlaylistEditor(const Flags& flags, SettingsStore& store, Directories& directories,
+                 WallClock& clock, Dialogs& dialogs, Windows& windows, FrmPlayers& frmPlayers,
+                 FrmMxr& frmMxr, MixerAccess& mixer, MusicPlayer& player,
+                 const StringTable& strings, Notices& notices);
+
+  /// The amplifier takes over: a preview that plays is stopped. The music of the main window is
+  /// not.
+  void GiveWay();
 
  private:
   void WireSelection();
@@ -63,6 +69,7 @@ class PlaylistEditor {
   /// The hour and the minute of the start, then those of the stop.
   std::array<ComboBox*, 4> TimeLists() const;
 
+  const Flags& TheFlags;
   SettingsStore& Store;
   Settings& Values;
   Directories& TheDirectories;

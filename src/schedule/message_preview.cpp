@@ -1,5 +1,6 @@
 #include "schedule/message_preview.h"
 
+#include "music/previews.h"
 #include "schedule/message_wavs.h"
 
 namespace marlex {
@@ -22,7 +23,7 @@ MessagePreview::MessagePreview(Flags& flags, const Settings& settings, EventLoop
 void MessagePreview::PrevKey_Click() {
   if (Window.PrevKey.Caption.Get() != Strings.LoadString(kStrPlay)) {
     RequestStop();
-  } else if (!Playing && !OutrunByOthers()) {
+  } else if (!Playing && !OutrunsPreviews(TheFlags)) {
     Play();
   }
 }
@@ -51,12 +52,6 @@ bool MessagePreview::PlayerIsOthers() const {
   return TheFlags.CallActive || TheFlags.MessagePlaying;
 }
 
-/// A call, an announcement and the amplifier go before a preview, which neither begins nor goes on
-/// under them.
-bool MessagePreview::OutrunByOthers() const {
-  return PlayerIsOthers() || TheFlags.PriorityPreempted;
-}
-
 void MessagePreview::Play() {
   PreviewStopRequested = false;
   Window.PrevKey.Caption = Strings.LoadString(kStrStop);
@@ -80,19 +75,24 @@ void MessagePreview::PlayMessages() {
   const unsigned unloads = Window.UnloadCount;
   for (int entry = 0; entry < Window.SelectedWavs.ListCount(); ++entry) {
     PlayMessage(Window.SelectedWavs.List(entry));
-    if (PreviewStopRequested || unloads != Window.UnloadCount || OutrunByOthers()) break;
+    if (PreviewStopRequested || unloads != Window.UnloadCount || OutrunsPreviews(TheFlags)) break;
   }
   PreviewStopRequested = false;
+  // The amplifier's own word to the player is one of the chosen language.
+  if (TheFlags.PriorityPreempted && !PlayerIsOthers()) TheFrmPlayers.WavPlayer.Command("Close");
 }
 
-/// The microphone stays closed behind it.
+/// The microphone stays closed behind it. An announcement that went out on top of the wait is over
+/// by then, and has left its own file in the player.
 void MessagePreview::PlayMessage(const std::string& name) {
-  StartWav(TheFrmPlayers.WavPlayer, TheSettings.MessageDirectory + name + ".wav", TheFlags);
+  const std::string path = TheSettings.MessageDirectory + name + ".wav";
+  StartWav(TheFrmPlayers.WavPlayer, path, TheFlags);
   TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
   TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
   if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
   Loop.PumpUntil(
-      [this] { return TheFlags.WavFinished || PreviewStopRequested || OutrunByOthers(); });
+      [this] { return TheFlags.WavFinished || PreviewStopRequested || OutrunsPreviews(TheFlags); });
+  if (TheFrmPlayers.WavPlayer.FileName != path) PreviewStopRequested = true;
 }
 
 }  // namespace marlex

@@ -24,7 +24,8 @@ class MessagePreview {
 
   bool PreviewStopRequested = false;  // by PrevKey during a preview, by a call, or by the closing
 
-  /// A call begins, which goes before a preview also when it is over before the preview sees it.
+  /// A call or an announcement begins, which goes before a preview also when it is over before the
+  /// preview sees it.
   void GiveWay();
 
   /// The editor closes: what plays for it falls silent.
@@ -37,7 +38,6 @@ class MessagePreview {
   void PlayMessages();
   void PlayMessage(const std::string& name);
   bool PlayerIsOthers() const;
-  bool OutrunByOthers() const;
 
   Flags& TheFlags;
   const Settings& TheSettings;

@@ -7,7 +7,8 @@ namespace {
 
 /// The editor with the songs of the directory chosen and one of them selected.
 struct PreviewDesk : PlaylistDesk {
-  explicit PreviewDesk(const std::string& song = "b") {
+  explicit PreviewDesk(const std::string& song = "b", DeskOptions options = {})
+      : PlaylistDesk(std::move(options)) {
     Click("cmdSelectAll");
     Choose(Editor().SelectedMP3s, song);
     Do([this] { Sys->Music.CurrentSongPath = "/music/a.mp3"; });
@@ -114,6 +115,63 @@ TEST(PlaylistPreview, ADirectoryWithoutItsFinalSeparatorGetsOne) {
   desk.Choose(desk.Editor().SelectedMP3s, "c");
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Pc.Song.FileName(), "/music/c.mp3");
+}
+
+TEST(PlaylistPreview, NoneBeginsUnderACall) {
+  PreviewDesk desk;
+  desk.Do([&] { desk.Sys->Call.StartCall(); });
+  desk.Advance(1000);
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_EQ(desk.WaveMute().Value, FrmMxr::kMuted);
+  EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
+  EXPECT_EQ(desk.Journal().find("song play"), std::string::npos) << desk.Journal();
+  desk.Do([&] { desk.Sys->Call.EndCall(); });
+  desk.Advance(1000);
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
+}
+
+TEST(PlaylistPreview, NoneBeginsUnderAnAnnouncement) {
+  PreviewDesk desk("b", {.Sequences = {{}}});
+  desk.RunTo(12, 1, 1);
+  ASSERT_TRUE(desk.State().MessagePlaying);
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_EQ(desk.Heard().find("song"), std::string::npos) << desk.Heard();
+  desk.Advance(60'000);
+  ASSERT_FALSE(desk.State().MessagePlaying);
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
+}
+
+TEST(PlaylistPreview, AnAmplifierThatTakesOverEndsItAndLetsNoneBegin) {
+  PreviewDesk desk;
+  desk.Click("PrevKey");
+  desk.Advance(500);
+  desk.Status(128);
+  ASSERT_TRUE(desk.State().PriorityPreempted);
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kStopped);
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  EXPECT_TRUE(desk.MuteCheck(0));
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kStopped);
+  desk.Status(0);
+  desk.Advance(1000);
+  EXPECT_EQ(desk.Heard(), "silence");
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
+}
+
+TEST(PlaylistPreview, AnAmplifierThatTakesOverLeavesTheMusicOfTheMainWindowRunning) {
+  PreviewDesk desk;
+  desk.Click("cmdPlay");
+  desk.Status(128);
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kPlaying);
+  desk.Status(0);
+  EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
 }
 
 }  // namespace

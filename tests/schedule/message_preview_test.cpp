@@ -282,5 +282,69 @@ TEST(MessagePreview, MusicThatItPausedComesBackWithTheNextAnnouncement) {
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
+TEST(MessagePreview, NoneBeginsInTheFadesOfAnAnnouncement) {
+  EditorDesk desk({.Music = {{"march"}}, .Sequences = {{.Messages = "gong"}}, .FadeTime = "Slow"});
+  desk.Click("mnuExit");
+  desk.Click("cmdPlay");
+  desk.RunTo(12, 0, 59);
+  desk.Advance(2000);
+  ASSERT_TRUE(desk.State().FadeRunning);
+  ASSERT_FALSE(desk.State().MessagePlaying);
+  desk.Do([&] { desk.Main().mnuSchedule.OnClick(); });
+  desk.Add({"closing"});
+  for (int step = 0; step < 40; ++step) {
+    if (desk.State().FadeRunning) desk.Click("PrevKey");
+    EXPECT_EQ(desk.Text("PrevKey"), "Play") << step;
+    desk.Advance(250);
+  }
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Journal().find("closing"), std::string::npos) << desk.Journal();
+  desk.Click("PrevKey");
+  EXPECT_EQ(desk.Heard(), "wav closing.wav at 10000");
+}
+
+/// A row that waits for the end of the song, under the open editor with its sequence.
+struct BreakDesk : EditorDesk {
+  explicit BreakDesk(const std::string& announced)
+      : EditorDesk(
+            {.Music = {{"march"}}, .Sequences = {{.Messages = announced, .Timer = "Between"}}}) {
+    Click("mnuExit");
+    Click("cmdPlay");
+    RunTo(12, 1, 5);
+    EXPECT_TRUE(State().MessageAwaitingSongEnd);
+    Click("mnuSchedule");
+    Add({"gong", "closing", "welcome"});
+    Pc.Journal.Only({"wav"});
+    Pc.Journal.Clear();
+  }
+};
+
+TEST(MessagePreview, AnAnnouncementAtAMusicBreakEndsIt) {
+  for (const char* announced : {"alarm", "gong"}) {
+    BreakDesk desk(announced);
+    desk.Click("PrevKey");
+    desk.Advance(500);
+    desk.Click("cmdSkip");
+    ASSERT_TRUE(desk.State().MessagePlaying);
+    desk.Advance(30'000);
+    EXPECT_EQ(desk.Journal().find("closing"), std::string::npos) << desk.Journal();
+    EXPECT_EQ(desk.Text("PrevKey"), "Play");
+    EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  }
+}
+
+/// In another language the amplifier's word does not close the player.
+TEST(MessagePreview, OneThatATakeoverHasEndedIsNotHeardAfterIt) {
+  PreviewDesk desk(false, {.Language = "Italian"});
+  desk.Click("PrevKey");
+  desk.Advance(500);
+  desk.Click("cmdPlay");
+  desk.Status(128);
+  desk.Advance(500);
+  desk.Status(0);
+  desk.Advance(500);
+  EXPECT_EQ(desk.Heard().find("wav"), std::string::npos) << desk.Heard();
+}
+
 }  // namespace
 }  // namespace marlex
