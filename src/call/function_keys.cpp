@@ -1,5 +1,7 @@
 #include "call/function_keys.h"
 
+#include "platform/profile_text.h"
+
 #include "platform/directories.h"
 
 namespace marlex {
@@ -42,7 +44,7 @@ void FunctionKeys::Save() {
   const std::string zones = Editor.MessagesText.empty() ? "" : BuildZoneText(Window);
   const std::string section = Section(CurrentFunctionKey);
   const bool written =
-      Store.WriteProfileValues({{section, "Schedule", Editor.MessagesText},
+      Store.WriteProfileValues({{section, "Schedule", QuotedName(Editor.MessagesText)},
                                 {section, "Routing", zones},
                                 {section, "Description", Window.txtDescription.Text}},
                                File());

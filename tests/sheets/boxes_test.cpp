@@ -119,7 +119,7 @@ TEST(Boxes, TellAllThatTheSystemHasToTellWholeInEveryLanguage) {
       SCOPED_TRACE(std::string(language.Name) + ": " + box.Body);
       dialogs.LeaveMsgBox(box.Body, box.Icon, box.Caption);
       QApplication::processEvents();
-      auto* shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      auto* shown = qobject_cast<QMessageBox*>(QApplication::activeWindow());
       ASSERT_TRUE(shown);
       EXPECT_EQ(shown->text().toStdString(), ShownText(box.Body).toStdString());
       ExpectNothingClipped(*shown);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "system/desk.h"
+#include "system/stage/window_manager.h"
 
 namespace marlex {
 namespace {
@@ -75,6 +76,38 @@ TEST(Exit, EndsInTheMiddleOfAMessageWithTheReleaseByteOnTheLine) {
   EXPECT_EQ(desk.Program->ExitCode(), 0);
   EXPECT_TRUE(desk.AwaitBytes(3));
   EXPECT_THAT(desk.ByteValues(), ElementsAre(128 + 3, 128 + 4, 0));
+}
+
+/// The window manager's close of the main window, and what must come of it.
+testing::AssertionResult ClosesWithItsReleaseByte(Desk& desk) {
+  if (!stage::CloseWindow(desk.Display->Name, "Tolvo Marlex"))
+    return testing::AssertionFailure() << "there is no main window";
+  if (!desk.Program->WaitForEnd(10)) return testing::AssertionFailure() << "it does not end";
+  if (desk.Program->ExitCode() != 0) return testing::AssertionFailure() << "it fails";
+  if (!desk.AwaitLastByte(0)) return testing::AssertionFailure() << "no release byte";
+  return testing::AssertionSuccess();
+}
+
+TEST(Exit, TheWindowManagersCloseIsObeyedOverAnOpenFileDialog) {
+  Desk desk(TwoSongs(40));
+  desk.Start();
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.Click("mnuFile"));
+  ASSERT_TRUE(desk.Click("mnuOpen"));
+  ASSERT_TRUE(desk.Await("fileDialog", "visible", "yes"));
+  EXPECT_TRUE(ClosesWithItsReleaseByte(desk));
+}
+
+TEST(Exit, TheWindowManagersCloseIsObeyedOverANotice) {
+  Desk desk(TwoSongs(40));
+  desk.Start();
+  ASSERT_TRUE(desk.AwaitTone(kFirstSong));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.Click("mnuAbout"));
+  ASSERT_TRUE(desk.Click("mnuAdresses"));
+  ASSERT_TRUE(desk.Await("QMessageBox", "visible", "yes"));
+  EXPECT_TRUE(ClosesWithItsReleaseByte(desk));
 }
 
 TEST(Songs, FollowEachOtherAndThePlaylistFileKeepsThePlace) {

@@ -5,9 +5,12 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QSettings>
 #include <QSortFilterProxyModel>
+#include <QTimer>
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -18,18 +21,38 @@ namespace marlex {
 namespace {
 
 constexpr QSize kFileDialogSize(840, 540);
+constexpr int kHeldStepMs = 20;
 constexpr QMargins kBoxMargins(20, 18, 20, 16);
 
-/// The window that a box belongs to: the one in front, else any that can be seen.
-QWidget* FrontWindow() {
-  if (QWidget* active = QApplication::activeModalWidget()) return active;
-  if (QWidget* active = QApplication::activeWindow()) return active;
+QWidget* AnyWindow(const std::function<bool(const QWidget&)>& isIt) {
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->windowType() != Qt::Popup &&
-        window->windowType() != Qt::ToolTip)
-      return window;
+    if (window->isVisible() && isIt(*window)) return window;
   }
   return nullptr;
+}
+
+/// The main window: nothing bars its call key or refuses its close, so no box may block it.
+bool StaysFree(const QWidget& window) { return window.property("staysFree").toBool(); }
+
+/// The window that a box belongs to: the one in front, else any that can be seen. A box that goes
+/// when it is answered is none, or it would take along what belongs to it.
+QWidget* FrontWindow() {
+  QWidget* window = QApplication::activeWindow();
+  if (!window) window = QApplication::activeModalWidget();
+  if (!window)
+    window = AnyWindow([](const QWidget& any) {
+      return any.windowType() != Qt::Popup && any.windowType() != Qt::ToolTip;
+    });
+  while (window && window->testAttribute(Qt::WA_DeleteOnClose)) window = window->parentWidget();
+  return window;
+}
+
+/// The same for a box that comes by itself: it could not be answered on a window that its own file
+/// dialog blocks.
+QWidget* FrontWindowOfNotices() {
+  QWidget* window = FrontWindow();
+  const QWidget* modal = QApplication::activeModalWidget();
+  return modal && modal->parentWidget() == window ? AnyWindow(StaysFree) : window;
 }
 
 /// "Text (*.ext)|*.ext" holds a description and its patterns, separated by ';'; Qt takes "Text
@@ -60,19 +83,51 @@ class OfferedNames : public QSortFilterProxyModel {
   }
 };
 
-/// A file dialog that asks before it takes the name of a file that exists also when that file's
-/// name is spelled in another case: such a name leads to the file there is.
+/// The endings that the patterns of a filter ask for, as ".ext", and the default one.
+QStringList Endings(const FileDialog& dialog) {
+  QStringList endings = {'.' + QString::fromStdString(dialog.DefaultExtension)};
+  const QStringList parts = QString::fromStdString(dialog.Filter).split('|');
+  for (qsizetype part = 1; part < parts.size(); part += 2)
+    for (const QString& pattern : parts[part].split(';')) endings.append(pattern.mid(1));
+  return endings;
+}
+
+/// A file dialog that saves every name that ends neither in the default extension nor in one of the
+/// filter's with the default one: a point in a name makes no extension. Then it asks before it
+/// takes the name of a file that exists, also when that file's name is spelled in another case:
+/// such a name leads to the file there is.
 class FileDialogBox : public QFileDialog {
  public:
-  using QFileDialog::QFileDialog;
+  FileDialogBox(QWidget* parent, const FileDialog& dialog)
+      : QFileDialog(parent), Known(Endings(dialog)) {
+    setAcceptMode(dialog.Save ? AcceptSave : AcceptOpen);
+    setDefaultSuffix(QString::fromStdString(dialog.DefaultExtension));
+  }
 
  protected:
   void accept() override {
-    if (acceptMode() == AcceptSave) TakeExistingName();
+    if (acceptMode() == AcceptSave) {
+      CompleteName();
+      TakeExistingName();
+    }
     QFileDialog::accept();
   }
 
  private:
+  void CompleteName() {
+    auto* name = findChild<QLineEdit*>("fileNameEdit");
+    if (name && LacksExtension(name->text())) name->setText(name->text() + "." + defaultSuffix());
+  }
+
+  bool LacksExtension(const QString& name) const {
+    if (defaultSuffix().isEmpty() || name.isEmpty()) return false;
+    const bool isFolder = name == "~" || name.endsWith('/') || QFileInfo(directory(), name).isDir();
+    if (isFolder) return false;
+    return std::none_of(Known.begin(), Known.end(), [&name](const QString& ending) {
+      return name.endsWith(ending, Qt::CaseInsensitive);
+    });
+  }
+
   void TakeExistingName() {
     const QFileInfo typed(selectedFiles().value(0));
     if (typed.exists()) return;
@@ -82,6 +137,8 @@ class FileDialogBox : public QFileDialog {
       return;
     }
   }
+
+  QStringList Known;
 };
 
 QFileDialog::FileMode FileMode(const FileDialog& dialog) {
@@ -100,18 +157,26 @@ std::string Result(const QStringList& files) {
 
 QMessageBox* MakeBox(const std::string& body, BoxIcon icon, const std::string& caption) {
   const bool isCritical = icon == BoxIcon::Critical;
-  auto* box = new QMessageBox(isCritical ? QMessageBox::Critical : QMessageBox::Information,
-                              ShownText(caption), ShownText(body), QMessageBox::Ok, FrontWindow());
+  auto* box =
+      new QMessageBox(isCritical ? QMessageBox::Critical : QMessageBox::Information,
+                      ShownText(caption), ShownText(body), QMessageBox::Ok, FrontWindowOfNotices());
   box->setObjectName("messageBox");
   box->setTextFormat(Qt::PlainText);
   box->layout()->setContentsMargins(kBoxMargins);
   return box;
 }
 
-void LeaveStanding(QDialog* box) {
+/// A window that comes up takes the keyboard from the one in front, and with it the call of an
+/// operator who speaks. So it waits until no key of the mouse and no finger is down.
+void ShowWhenNothingIsHeld(QDialog* box) {
+  if (QGuiApplication::mouseButtons() == Qt::NoButton) return box->show();
+  QTimer::singleShot(kHeldStepMs, box, [box] { ShowWhenNothingIsHeld(box); });
+}
+
+void LeaveStanding(QDialog* box, Qt::WindowModality modality) {
   box->setAttribute(Qt::WA_DeleteOnClose);
-  box->setWindowModality(Qt::ApplicationModal);
-  box->show();
+  box->setWindowModality(modality);
+  ShowWhenNothingIsHeld(box);
 }
 
 }  // namespace
@@ -123,22 +188,22 @@ QtDialogs::QtDialogs(EventLoop& loop) : Loop(loop) {
 }
 
 void QtDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
-  auto* box = new FileDialogBox(FrontWindow());
+  auto* box = new FileDialogBox(FrontWindow(), dialog);
   box->setObjectName("fileDialog");
   box->setOption(QFileDialog::DontUseNativeDialog);
   box->setOption(QFileDialog::ReadOnly);  // files are chosen here, never renamed or deleted
   box->setProxyModel(new OfferedNames(box));
-  box->setAcceptMode(dialog.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   box->setFileMode(FileMode(dialog));
   box->setNameFilters(NameFilters(dialog.Filter));
-  box->setDefaultSuffix(QString::fromStdString(dialog.DefaultExtension));
   box->setDirectory(QString::fromStdString(dialog.InitialDirectory));
   box->resize(kFileDialogSize);
   QObject::connect(box, &QDialog::finished, [this, box, onChosen = std::move(onChosen)](int code) {
     const std::string result = code == QDialog::Accepted ? Result(box->selectedFiles()) : "";
     Loop.Post([onChosen, result] { onChosen(result); });
   });
-  LeaveStanding(box);
+  // An editor is not changed under its own dialog.
+  const bool blocks = box->parentWidget() && !StaysFree(*box->parentWidget());
+  LeaveStanding(box, blocks ? Qt::WindowModal : Qt::NonModal);
 }
 
 void QtDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) {
@@ -149,7 +214,7 @@ void QtDialogs::OpenBox(const std::string& body, BoxIcon icon, const std::string
                         std::function<void()> onAnswer) {
   QMessageBox* box = MakeBox(body, icon, caption);
   QObject::connect(box, &QDialog::finished, std::move(onAnswer));
-  LeaveStanding(box);
+  LeaveStanding(box, Qt::NonModal);
 }
 
 }  // namespace marlex

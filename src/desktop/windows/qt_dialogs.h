@@ -8,8 +8,9 @@
 
 namespace marlex {
 
-/// Message boxes and file dialogs of Qt, over the window that is in front. Boxes may stand on each
-/// other; the one on top is answered first.
+/// Message boxes and file dialogs of Qt, over the window that is in front. What is left standing
+/// never blocks the main window; a file dialog blocks the editor that it belongs to. While a key of
+/// the mouse or a finger is down nothing comes up.
 class QtDialogs : public Dialogs {
  public:
   explicit QtDialogs(EventLoop& loop);

@@ -7,17 +7,35 @@
 
 #include "desktop/process/qt_event_loop.h"
 #include "desktop/windows/desk.h"
+#include "desktop/windows/finger.h"
 #include "places.h"
 
 namespace marlex {
 namespace {
+
+/// The dialog that a hand meets: the one that blocks others, else the one in front.
+QWidget* DialogInFront() {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  return qobject_cast<QDialog*>(QApplication::activeWindow());
+}
+
+/// The dialogs of type T that can be seen.
+template <class T>
+QList<T*> Standing() {
+  QList<T*> standing;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    auto* dialog = qobject_cast<T*>(window);
+    if (dialog && dialog->isVisible()) standing.append(dialog);
+  }
+  return standing;
+}
 
 /// Does `action` with the next dialog of type T that opens.
 template <class T>
 void WhenOpen(std::function<void(T&)> action) {
   auto* watch = new QTimer(qApp);
   QObject::connect(watch, &QTimer::timeout, [watch, action] {
-    auto* box = qobject_cast<T*>(QApplication::activeModalWidget());
+    auto* box = qobject_cast<T*>(DialogInFront());
     if (!box || !box->isVisible()) return;
     watch->deleteLater();
     watch->stop();
@@ -58,16 +76,16 @@ TEST(QtDialogs, ABoxThatIsLeftStandsUntilItIsAnsweredAndHoldsNobodyUp) {
   QtEventLoop loop;
   QtDialogs dialogs(loop);
   dialogs.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
-  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-  ASSERT_TRUE(box);
-  EXPECT_EQ(box->text(), "No paper");
+  ASSERT_EQ(Standing<QMessageBox>().size(), 1);
+  QMessageBox& box = *Standing<QMessageBox>().front();
+  EXPECT_EQ(box.text(), "No paper");
   dialogs.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
-  EXPECT_EQ(QApplication::activeModalWidget(), box);
-  box->accept();
-  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_EQ(Standing<QMessageBox>(), QList<QMessageBox*>{&box});
+  box.accept();
+  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
   dialogs.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
-  ASSERT_TRUE(QApplication::activeModalWidget());
-  QApplication::activeModalWidget()->close();
+  ASSERT_EQ(Standing<QMessageBox>().size(), 1);
+  Standing<QMessageBox>().front()->close();
 }
 
 TEST(QtDialogs, AnotherBoxMayStandOnTheFirst) {
@@ -141,14 +159,15 @@ TEST(QtDialogs, OnlyOneFileDialogStandsAtATime) {
   QtDialogs dialogs(loop);
   std::string story;
   dialogs.LeaveOpen(folder.Asked(true), [&](const std::string&) { story += "first "; });
-  QWidget* const first = QApplication::activeModalWidget();
+  const auto first = Standing<QFileDialog>();
+  ASSERT_EQ(first.size(), 1);
   dialogs.LeaveOpen(folder.Asked(true), [&](const std::string&) { story += "second "; });
-  EXPECT_EQ(QApplication::activeModalWidget(), first);
-  static_cast<QDialog*>(first)->reject();
+  EXPECT_EQ(Standing<QFileDialog>(), first);
+  first.front()->close();
   loop.PumpUntil([&] { return !story.empty(); });
   EXPECT_EQ(story, "first ");
   dialogs.LeaveOpen(folder.Asked(true), [&](const std::string&) { story += "third"; });
-  static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+  Standing<QFileDialog>().front()->close();
   loop.PumpUntil([&] { return story != "first "; });
   EXPECT_EQ(story, "first third");
 }
@@ -202,8 +221,45 @@ TEST(QtDialogs, ANameThatIsSavedWithoutAnExtensionGetsTheDefaultOne) {
 
 TEST(QtDialogs, ANameThatIsSavedWithAnExtensionKeepsIt) {
   TypingFolder folder;
-  for (const char* name : {"day.sch", "day.seq", "DAY.SCH", "day.two.sch", "no.1"})
+  for (const char* name : {"day.sch", "day.seq", "DAY.SCH", "Day.Seq", "day.two.sch"})
     EXPECT_EQ(folder.Typed(name, folder.Save("seq")), name);
+}
+
+TEST(QtDialogs, APointInANameThatIsSavedIsNoExtension) {
+  TypingFolder folder;
+  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("lst")), "Vol. 2.lst");
+  EXPECT_EQ(folder.Typed("no.1", folder.Save("seq")), "no.1.seq");
+  EXPECT_EQ(folder.Typed("a.sch.old", folder.Save("seq")), "a.sch.old.seq");
+  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("")), "Vol. 2");
+  const QString whole = folder.Place.filePath("Vol. 3");
+  EXPECT_EQ(folder.Typed(whole, folder.Save("lst")), "Vol. 3.lst");
+}
+
+TEST(QtDialogs, AFileThatTheExtensionMakesOfANameIsTakenAfterAQuestion) {
+  TypingFolder folder;
+  QFile file(folder.Place.filePath("Vol. 2.sch"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  int questions = 0;
+  WhenOpen<QMessageBox>([&](QMessageBox& box) {
+    ++questions;
+    box.button(QMessageBox::Yes)->click();
+  });
+  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("sch")), "Vol. 2.sch");
+  EXPECT_EQ(questions, 1);
+}
+
+TEST(QtDialogs, AFolderThatIsTypedIsEnteredAndNoName) {
+  TypingFolder folder;
+  ASSERT_TRUE(QDir(folder.Place.path()).mkdir("Vol. 2"));
+  std::optional<std::string> chosen;
+  folder.Dialogs.LeaveOpen(folder.Save("lst"), [&](const std::string& name) { chosen = name; });
+  ASSERT_EQ(Standing<QFileDialog>().size(), 1);
+  QFileDialog& box = *Standing<QFileDialog>().front();
+  Choose(box, "Vol. 2");
+  EXPECT_EQ(box.directory().dirName(), "Vol. 2");
+  Choose(box, "b");
+  folder.Loop.PumpUntil([&] { return chosen.has_value(); });
+  EXPECT_EQ(*chosen, folder.Place.filePath("Vol. 2/b.lst").toStdString());
 }
 
 TEST(QtDialogs, ANameThatIsOpenedWithoutAnExtensionIsSoughtWithTheDefaultOne) {
@@ -311,6 +367,121 @@ TEST(QtDialogs, BoxesShowTheirTextsWhole) {
   Folder folder;
   WhenOpen<QFileDialog>([&](QFileDialog& box) { keep(box, "file_dialog"); });
   Chosen(loop, dialogs, folder.Asked(true));
+}
+
+/// The main window with a call key that writes down what it hears, and boxes over it.
+struct CallPlace : Desk {
+  CallPlace() {
+    Forms.frmMain.cmdCall.OnMouseDown = [this](MouseButton) { Heard += "down "; };
+    Forms.frmMain.cmdCall.OnMouseUp = [this](MouseButton) { Heard += "up "; };
+    Forms.frmMain.frRouting.Visible = true;
+    Forms.frmMain.frCall.Visible = false;
+    ShowMain();
+  }
+  ~CallPlace() {
+    for (QDialog* dialog : Standing<QDialog>()) dialog->close();
+  }
+
+  QPoint KeyPlace() {
+    auto& key = Find<QPushButton>("cmdCall");
+    return key.mapTo(&Screen.Main(), key.rect().center());
+  }
+  void Press() {
+    QTest::mousePress(Screen.Main().windowHandle(), Qt::LeftButton, {}, KeyPlace());
+    Settle();
+  }
+  void Release() {
+    QTest::mouseRelease(Screen.Main().windowHandle(), Qt::LeftButton, {}, KeyPlace());
+    Settle();
+  }
+
+  QtEventLoop BoxLoop;
+  QtDialogs Boxes{BoxLoop};
+  std::string Heard;
+};
+
+TEST(QtDialogs, ANoticeThatStandsBarsNoCallKey) {
+  CallPlace desk;
+  desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+  desk.Settle();
+  ASSERT_EQ(Standing<QMessageBox>().size(), 1);
+  desk.Press();
+  EXPECT_EQ(desk.Heard, "down ");
+  desk.Release();
+  EXPECT_EQ(desk.Heard, "down up ");
+}
+
+TEST(QtDialogs, AFileDialogOfTheMainWindowBarsNoCallKey) {
+  Folder folder;
+  CallPlace desk;
+  desk.Boxes.LeaveOpen(folder.Asked(true), [](const std::string&) {});
+  desk.Settle();
+  ASSERT_EQ(Standing<QFileDialog>().size(), 1);
+  desk.Press();
+  desk.Release();
+  EXPECT_EQ(desk.Heard, "down up ");
+}
+
+TEST(QtDialogs, ANoticeThatComesWhileTheKeyIsHeldWaitsUntilItIsLetGo) {
+  for (const bool byFinger : {false, true}) {
+    CallPlace desk;
+    Finger finger(desk.Find<QPushButton>("cmdCall"));
+    byFinger ? finger.Press() : desk.Press();
+    desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+    QTest::qWait(200);
+    desk.Settle();
+    EXPECT_EQ(desk.Heard, "down ") << "the operator still speaks";
+    byFinger ? finger.Release() : desk.Release();
+    EXPECT_TRUE(QTest::qWaitFor([] { return Standing<QMessageBox>().size() == 1; }));
+    desk.Settle();
+    EXPECT_EQ(desk.Heard, "down up ");
+  }
+}
+
+TEST(QtDialogs, TheFileDialogOfAnEditorBlocksItAloneAndANoticeOverItStays) {
+  Folder folder;
+  CallPlace desk;
+  desk.Forms.frmPlaylist.Show();
+  desk.Settle();
+  QWidget& editor = desk.Screen.Playlist();
+  editor.activateWindow();
+  QApplication::processEvents();
+  int clicks = 0;
+  desk.Forms.frmPlaylist.cmdRandomize.OnClick = [&] { ++clicks; };
+  desk.Boxes.LeaveOpen(folder.Asked(true), [](const std::string&) {});
+  desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+  desk.Settle();
+  auto& key = *editor.findChild<QPushButton*>("cmdRandomize");
+  QTest::mouseClick(editor.windowHandle(), Qt::LeftButton, {},
+                    key.mapTo(&editor, key.rect().center()));
+  desk.Settle();
+  EXPECT_EQ(clicks, 0);
+  desk.Press();
+  desk.Release();
+  EXPECT_EQ(desk.Heard, "down up ");
+  Standing<QFileDialog>().front()->close();
+  desk.Settle();
+  ASSERT_EQ(Standing<QMessageBox>().size(), 1);
+  QMessageBox& notice = *Standing<QMessageBox>().front();
+  const QPushButton& answer = *qobject_cast<QPushButton*>(notice.button(QMessageBox::Ok));
+  QTest::mouseClick(notice.windowHandle(), Qt::LeftButton, {},
+                    answer.mapTo(&notice, answer.rect().center()));
+  desk.Settle();
+  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+}
+
+TEST(QtDialogs, ANoticeOverAnotherStaysWhenThatOneIsAnswered) {
+  CallPlace desk;
+  desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+  desk.Settle();
+  desk.Boxes.LeaveMsgBox("No ink", BoxIcon::Critical, "Error");
+  desk.Settle();
+  for (QMessageBox* box : Standing<QMessageBox>()) {
+    if (box->text() == "No paper") box->accept();
+  }
+  QTest::qWait(1);
+  ASSERT_EQ(Standing<QMessageBox>().size(), 1);
+  EXPECT_EQ(Standing<QMessageBox>().front()->text(), "No ink");
 }
 
 }  // namespace
