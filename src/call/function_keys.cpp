@@ -1,8 +1,7 @@
 #include "call/function_keys.h"
 
-#include "platform/profile_text.h"
-
 #include "platform/directories.h"
+#include "platform/profile_text.h"
 
 namespace marlex {
 
@@ -43,11 +42,11 @@ void FunctionKeys::Save() {
   Editor.MessagesText = Messages.BuildMessagesText();
   const std::string zones = Editor.MessagesText.empty() ? "" : BuildZoneText(Window);
   const std::string section = Section(CurrentFunctionKey);
-  const bool written =
-      Store.WriteProfileValues({{section, "Schedule", QuotedName(Editor.MessagesText)},
-                                {section, "Routing", zones},
-                                {section, "Description", Window.txtDescription.Text}},
-                               File());
+  const bool written = Store.WriteProfileValues(
+      {{section, "Schedule", QuotedName(Editor.MessagesText)},
+       {section, "Routing", zones},
+       {section, "Description", QuotedName(Window.txtDescription.Text.Get())}},
+      File());
   if (!written) Editor.TellNotSaved(File());
 }
 

@@ -61,6 +61,17 @@ TEST(FunctionKeys, AreWrittenWithoutACheckAndTheEditorStaysOpen) {
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
 }
 
+TEST(FunctionKeys, KeepNamesAndDescriptionsThatStandInQuotes) {
+  KeysDesk desk;
+  desk.Pc.Disk.AddWav("/messages/'one.wav", 1000);
+  desk.Pc.Disk.AddWav("/messages/two'.wav", 1000);
+  desk.Pc.Disk.AddFile(kKeys,
+                       "[Function key 3]\r\nSchedule=\"'one,two'\"\r\nDescription=\"'old'\"\r\n");
+  desk.Choose(3);
+  desk.Click("mnuSave");
+  EXPECT_EQ(desk.Stored(3), "'one,two'|000000|'old'");
+}
+
 TEST(FunctionKeys, WithoutAMessageLoseTheirZonesAndKeepTheirDescription) {
   KeysDesk desk;
   desk.Pc.Disk.AddFile(kKeys,
