@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "system/desk.h"
-#include "system/stage/window_manager.h"
 
 namespace marlex {
 namespace {
@@ -80,7 +79,7 @@ TEST(Exit, EndsInTheMiddleOfAMessageWithTheReleaseByteOnTheLine) {
 
 /// The window manager's close of the main window, and what must come of it.
 testing::AssertionResult ClosesWithItsReleaseByte(Desk& desk) {
-  if (!stage::CloseWindow(desk.Display->Name, "Tolvo Marlex"))
+  if (!desk.Display->CloseWindow("Tolvo Marlex"))
     return testing::AssertionFailure() << "there is no main window";
   if (!desk.Program->WaitForEnd(10)) return testing::AssertionFailure() << "it does not end";
   if (desk.Program->ExitCode() != 0) return testing::AssertionFailure() << "it fails";

@@ -10,6 +10,7 @@
 #include <QSettings>
 #include <QSortFilterProxyModel>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <memory>
 #include <utility>
@@ -141,6 +142,22 @@ class FileDialogBox : public QFileDialog {
   QStringList Known;
 };
 
+/// What a file dialog itself has to ask, as whether a file may be replaced, would bar all windows.
+class QuestionsBarTheirOwner : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::ChildPolished) return false;
+    auto* question = qobject_cast<QMessageBox*>(static_cast<QChildEvent*>(event)->child());
+    if (!question) return false;
+    question->setWindowModality(Qt::WindowModal);
+    question->windowHandle()->setModality(Qt::WindowModal);
+    return false;
+  }
+};
+
 QFileDialog::FileMode FileMode(const FileDialog& dialog) {
   if (dialog.Save) return QFileDialog::AnyFile;
   return dialog.AllowMultiselect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
@@ -173,9 +190,11 @@ void ShowWhenNothingIsHeld(QDialog* box) {
   QTimer::singleShot(kHeldStepMs, box, [box] { ShowWhenNothingIsHeld(box); });
 }
 
-void LeaveStanding(QDialog* box, Qt::WindowModality modality) {
+/// It blocks the window that it belongs to, but never the main one.
+void LeaveStanding(QDialog* box) {
+  const bool blocks = box->parentWidget() && !StaysFree(*box->parentWidget());
   box->setAttribute(Qt::WA_DeleteOnClose);
-  box->setWindowModality(modality);
+  box->setWindowModality(blocks ? Qt::WindowModal : Qt::NonModal);
   ShowWhenNothingIsHeld(box);
 }
 
@@ -193,6 +212,7 @@ void QtDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
   box->setOption(QFileDialog::DontUseNativeDialog);
   box->setOption(QFileDialog::ReadOnly);  // files are chosen here, never renamed or deleted
   box->setProxyModel(new OfferedNames(box));
+  box->installEventFilter(new QuestionsBarTheirOwner(box));
   box->setFileMode(FileMode(dialog));
   box->setNameFilters(NameFilters(dialog.Filter));
   box->setDirectory(QString::fromStdString(dialog.InitialDirectory));
@@ -201,9 +221,7 @@ void QtDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
     const std::string result = code == QDialog::Accepted ? Result(box->selectedFiles()) : "";
     Loop.Post([onChosen, result] { onChosen(result); });
   });
-  // An editor is not changed under its own dialog.
-  const bool blocks = box->parentWidget() && !StaysFree(*box->parentWidget());
-  LeaveStanding(box, blocks ? Qt::WindowModal : Qt::NonModal);
+  LeaveStanding(box);
 }
 
 void QtDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) {
@@ -214,7 +232,7 @@ void QtDialogs::OpenBox(const std::string& body, BoxIcon icon, const std::string
                         std::function<void()> onAnswer) {
   QMessageBox* box = MakeBox(body, icon, caption);
   QObject::connect(box, &QDialog::finished, std::move(onAnswer));
-  LeaveStanding(box, Qt::NonModal);
+  LeaveStanding(box);
 }
 
 }  // namespace marlex

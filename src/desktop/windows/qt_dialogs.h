@@ -9,7 +9,7 @@
 namespace marlex {
 
 /// Message boxes and file dialogs of Qt, over the window that is in front. What is left standing
-/// never blocks the main window; a file dialog blocks the editor that it belongs to. While a key of
+/// blocks the editor or dialog that it belongs to, and never the main window. While a key of
 /// the mouse or a finger is down nothing comes up.
 class QtDialogs : public Dialogs {
  public:

@@ -6,6 +6,8 @@
 
 #include <stdexcept>
 
+#include "window_manager.h"
+
 namespace marlex::stage {
 namespace {
 
@@ -52,11 +54,19 @@ void VirtualDisplay::DoubleClick(int x, int y) {
         "60", "1"});
 }
 
+void VirtualDisplay::Move(int x, int y) {
+  Tool({"mousemove", std::to_string(x), std::to_string(y)});
+}
+
 void VirtualDisplay::Press(int x, int y) {
   Tool({"mousemove", std::to_string(x), std::to_string(y), "mousedown", "1"});
 }
 
 void VirtualDisplay::Release() { Tool({"mouseup", "1"}); }
+
+bool VirtualDisplay::CloseWindow(const std::string& title) {
+  return stage::CloseWindow(Name, title);
+}
 
 void VirtualDisplay::Key(const std::string& name) { Tool({"key", name}); }
 

@@ -28,8 +28,13 @@ class VirtualDisplay {
   /// Presses the left button at a place in pixels.
   void Click(int x, int y);
   void DoubleClick(int x, int y);
+  void Move(int x, int y);
   void Press(int x, int y);
   void Release();
+  /// Asks the window of a title to close, as a window manager does for the cross in its frame.
+  /// False when there is no such window.
+  bool CloseWindow(const std::string& title);
+
   void Key(const std::string& name);  // as xdotool names keys: "Return", "Escape", "alt+F4"
 
   /// Ends it without a farewell.

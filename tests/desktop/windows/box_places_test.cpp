@@ -1,0 +1,169 @@
+// Where boxes stand, and what they bar.
+
+#include <gtest/gtest.h>
+
+#include "desktop/process/qt_event_loop.h"
+#include "desktop/windows/desk.h"
+#include "desktop/windows/qt_dialogs.h"
+
+namespace marlex {
+namespace {
+
+/// The main window with a call key that counts.
+struct CallDesk : Desk {
+  CallDesk() {
+    Forms.frmMain.Load();
+    Forms.frmMain.frRouting.Visible = true;
+    Forms.frmMain.cmdCall.OnMouseDown = [this](MouseButton) { ++Presses; };
+    Forms.frmMain.cmdCall.OnMouseUp = [this](MouseButton) { ++Releases; };
+    ShowMain();
+    Screen.Main().activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Screen.Main()));
+  }
+
+  /// By the way of a real mouse: through the window.
+  void Press() {
+    QTest::mousePress(Screen.Main().windowHandle(), Qt::LeftButton, {}, CallKey());
+    Settle();
+  }
+  void Release() {
+    QTest::mouseRelease(Screen.Main().windowHandle(), Qt::LeftButton, {}, CallKey());
+    Settle();
+  }
+
+  template <class T = QMessageBox>
+  T* Box() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (auto* box = qobject_cast<T*>(window); box && box->isVisible()) return box;
+    }
+    return nullptr;
+  }
+
+  void Tell(const std::string& text) { Boxes.LeaveMsgBox(text, BoxIcon::Critical, "Error"); }
+
+  int Presses = 0;
+  int Releases = 0;
+  QtDialogs Boxes{Loop};
+
+ private:
+  QPoint CallKey() {
+    auto& key = Find<QWidget>("cmdCall");
+    return key.mapTo(&Screen.Main(), key.rect().center());
+  }
+};
+
+TEST(BoxPlaces, ANoticeOverTheMainWindowBarsNothing) {
+  CallDesk desk;
+  desk.Tell("No paper");
+  QMessageBox* const box = desk.Box();
+  ASSERT_TRUE(box);
+  EXPECT_EQ(box->windowModality(), Qt::NonModal);
+  EXPECT_EQ(box->parentWidget(), &desk.Screen.Main());
+  desk.Press();
+  EXPECT_EQ(desk.Presses, 1);
+  desk.Release();
+  EXPECT_EQ(desk.Releases, 1);
+  EXPECT_TRUE(box->isVisible());
+  box->close();
+}
+
+TEST(BoxPlaces, ANoticeOnANoticeBarsNothingEitherAndOutlivesIt) {
+  CallDesk desk;
+  desk.Tell("one");
+  QMessageBox* const first = desk.Box();
+  first->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(first));
+  desk.Tell("two");
+  first->accept();
+  desk.Settle();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  QMessageBox* const second = desk.Box();
+  ASSERT_TRUE(second);
+  EXPECT_EQ(second->text(), "two");
+  EXPECT_EQ(second->windowModality(), Qt::NonModal);
+  second->close();
+}
+
+TEST(BoxPlaces, ANoticeInACallOpensAfterItAndDoesNotEndIt) {
+  CallDesk desk;
+  desk.Press();
+  ASSERT_EQ(desk.Presses, 1);
+  desk.Tell("No paper");
+  QTest::qWait(200);
+  desk.Settle();
+  EXPECT_EQ(desk.Releases, 0);
+  EXPECT_FALSE(desk.Box());
+  desk.Tell("No paper");  // waits already
+  desk.Release();
+  EXPECT_EQ(desk.Releases, 1);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return desk.Box() != nullptr; }));
+  desk.Box()->close();
+  desk.Settle();
+  EXPECT_FALSE(desk.Box());
+}
+
+TEST(BoxPlaces, AFileDialogOfTheMainWindowLeavesTheCallKeyFree) {
+  CallDesk desk;
+  desk.Boxes.LeaveOpen({"Schedules (*.sch)|*.sch", "sch", "/", true}, [](const std::string&) {});
+  auto* const box = desk.Box<QFileDialog>();
+  ASSERT_TRUE(box);
+  EXPECT_EQ(box->windowModality(), Qt::NonModal);
+  desk.Press();
+  desk.Release();
+  EXPECT_EQ(desk.Presses, 1);
+  EXPECT_EQ(desk.Releases, 1);
+  box->close();
+}
+
+TEST(BoxPlaces, TheQuestionOfAnEditorsSaveDialogBarsTheEditorAlone) {
+  CallDesk desk;
+  desk.Forms.frmPlaylist.Show();
+  desk.Settle();
+  desk.Screen.Playlist().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&desk.Screen.Playlist()));
+  QTemporaryDir place;
+  QFile file(place.filePath("day.lst"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  desk.Boxes.LeaveOpen(
+      {"Lists (*.lst)|*.lst", "lst", place.path().toStdString() + "/", false, true},
+      [](const std::string&) {});
+  auto* const dialog = desk.Box<QFileDialog>();
+  ASSERT_TRUE(dialog);
+  int questions = 0;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    QMessageBox* const question = desk.Box();
+    if (!question) return;
+    look.stop();
+    ++questions;
+    EXPECT_EQ(question->windowModality(), Qt::WindowModal);
+    desk.Press();
+    EXPECT_EQ(desk.Presses, 1);
+    desk.Release();
+    question->button(QMessageBox::No)->click();
+  });
+  look.start(1);
+  dialog->findChild<QLineEdit*>("fileNameEdit")->setText("day.lst");
+  dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+  EXPECT_EQ(questions, 1);
+  dialog->close();
+}
+
+TEST(BoxPlaces, ABoxOfAnEditorBarsTheEditorAlone) {
+  CallDesk desk;
+  desk.Forms.frmPlaylist.Show();
+  desk.Settle();
+  desk.Screen.Playlist().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&desk.Screen.Playlist()));
+  desk.Tell("No name");
+  ASSERT_TRUE(desk.Box());
+  EXPECT_EQ(desk.Box()->parentWidget(), &desk.Screen.Playlist());
+  EXPECT_EQ(desk.Box()->windowModality(), Qt::WindowModal);
+  desk.Press();
+  EXPECT_EQ(desk.Presses, 1);
+  desk.Release();
+  desk.Box()->close();
+}
+
+}  // namespace
+}  // namespace marlex

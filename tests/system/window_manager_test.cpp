@@ -1,0 +1,89 @@
+// The real program under a window manager: its close, and boxes that stand meanwhile.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "system/desk.h"
+
+namespace marlex {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr int kMusicZones = 128 + 3;
+
+/// A desk whose windows are kept by a manager, which gives each new window the focus.
+class ManagedDesk : public Desk {
+ public:
+  explicit ManagedDesk(const stage::InstallationFiles& files) : Desk(files, WithMicrophone()) {
+    stage::Command command;
+    command.Arguments = {"evilwm", "-fn", "fixed"};
+    command.Variables = Display->Variables();
+    command.Variables["HOME"] = Folder;
+    command.LogFile = Folder + "/manager.log";
+    Manager = std::make_unique<stage::ChildProcess>(command);
+    Start();
+  }
+
+  /// The manager's close of the window that the pointer has entered: it comes from the bare screen.
+  bool CloseMainWindow() {
+    Display->Move(stage::VirtualDisplay::kWidth - 1, stage::VirtualDisplay::kHeight - 1);
+    if (!Click("frmMain.lblCurrentZone_5")) return false;
+    Display->Key("ctrl+alt+Escape");
+    return true;
+  }
+
+  testing::AssertionResult HasLeft() {
+    if (!Program->WaitForEnd(10)) return testing::AssertionFailure() << "it runs on";
+    if (Program->ExitCode() != 0) return testing::AssertionFailure() << "with a fault";
+    if (!AwaitLastByte(0, 5)) return testing::AssertionFailure() << "without the release byte";
+    return testing::AssertionSuccess();
+  }
+
+  bool OpenNotice() {
+    return Click("mnuAbout") && Click("mnuAdresses") && Await("QMessageBox", "visible", "yes");
+  }
+
+ private:
+  std::unique_ptr<stage::ChildProcess> Manager;
+};
+
+TEST(WindowManager, ItsCloseOfTheMainWindowIsTheExit) {
+  ManagedDesk desk(TwoSongs(40));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.CloseMainWindow());
+  EXPECT_TRUE(desk.HasLeft());
+  EXPECT_THAT(desk.ByteValues(), ElementsAre(kMusicZones, 0));
+}
+
+TEST(WindowManager, ItsCloseIsNotRefusedWhileANoticeStands) {
+  ManagedDesk desk(TwoSongs(40));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.OpenNotice());
+  ASSERT_TRUE(desk.CloseMainWindow());
+  EXPECT_TRUE(desk.HasLeft());
+}
+
+TEST(WindowManager, ItsCloseIsNotRefusedWhileAFileDialogStands) {
+  ManagedDesk desk(TwoSongs(40));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.Click("mnuFile"));
+  ASSERT_TRUE(desk.Click("mnuOpen"));
+  ASSERT_TRUE(desk.Await("fileDialog", "visible", "yes"));
+  ASSERT_TRUE(desk.CloseMainWindow());
+  EXPECT_TRUE(desk.HasLeft());
+}
+
+TEST(WindowManager, ANoticeDoesNotBarTheCallKey) {
+  ManagedDesk desk(TwoSongs(40));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.OpenNotice());
+  ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
+  EXPECT_TRUE(desk.AwaitText("frmMain.cmdCall", "Speak"));
+  desk.Display->Release();
+  EXPECT_TRUE(desk.AwaitText("frmMain.cmdCall", "Call"));
+  EXPECT_EQ(desk.Window->Read("QMessageBox", "visible"), "yes");
+}
+
+}  // namespace
+}  // namespace marlex
