@@ -185,9 +185,6 @@ struct SongsAtWork : WholeDesk {
   QListView& Chosen = Find<QListView>(Screen.Playlist(), "SelectedMP3s");
 };
 
-/// Lets the time pass in which another tap would make a double-click.
-void AwaitNoDoubleClick() { QTest::qWait(QApplication::doubleClickInterval() + 1); }
-
 TEST(EditorsAtWork, AFingerScrollsTheChosenSongsAndATapSelectsOne) {
   SongsAtWork desk(200);
   SwipeUp(desk.Chosen, 60);
@@ -197,7 +194,6 @@ TEST(EditorsAtWork, AFingerScrollsTheChosenSongsAndATapSelectsOne) {
   EXPECT_FALSE(desk.Editor.RemoveKey.Enabled);
   const QScroller& scroller = *QScroller::scroller(&desk.Chosen);
   ASSERT_TRUE(QTest::qWaitFor([&] { return scroller.state() == QScroller::Inactive; }));
-  AwaitNoDoubleClick();
   const QPoint there(20, desk.Chosen.viewport()->height() / 2);
   const int row = desk.Chosen.indexAt(there).row();
   Finger(*desk.Chosen.viewport()).Tap(there);
