@@ -115,9 +115,11 @@ class FileDialogBox : public QFileDialog {
   }
 
  private:
+  QLineEdit& Name() const { return *findChild<QLineEdit*>("fileNameEdit"); }
+
   void CompleteName() {
-    auto* name = findChild<QLineEdit*>("fileNameEdit");
-    if (name && LacksExtension(name->text())) name->setText(name->text() + "." + defaultSuffix());
+    const QString name = Name().text();
+    if (LacksExtension(name)) Name().setText(name + "." + defaultSuffix());
   }
 
   bool LacksExtension(const QString& name) const {
@@ -134,7 +136,7 @@ class FileDialogBox : public QFileDialog {
     if (typed.exists()) return;
     for (const QString& name : typed.dir().entryList(QDir::Files)) {
       if (name.compare(typed.fileName(), Qt::CaseInsensitive) != 0) continue;
-      selectFile(typed.dir().filePath(name));
+      Name().setText(typed.dir().filePath(name));
       return;
     }
   }
