@@ -151,11 +151,14 @@ QWidget& InThePostChime(ShownDesk& desk) {
 
 /// The schedule stands still until the next call.
 QWidget& AfterACallThatTheAmplifierCutOff(ShownDesk& desk) {
-  QWidget& window = UnderACallOfTheAmplifierInACall(desk);
+  Open(desk);
+  desk.Press("cmdCall");
+  desk.Advance(4000);
+  desk.Status(kHigherCall);
   desk.Release("cmdCall");
   desk.Status(0);
   desk.Advance(1000);
-  return window;
+  return MainOf(desk);
 }
 
 QWidget& OnALargeScreen(ShownDesk& desk) {
