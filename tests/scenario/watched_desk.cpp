@@ -156,12 +156,11 @@ void WatchedDesk::CheckMessages() {
 
 /// A takeover mutes the master until status 0. Only what starts meanwhile opens it again: the
 /// messages of a row that had been waiting for the song's end, or of a row of the very tick that
-/// the takeover interrupted, the preview of a song, and, once a lower status lets us start again,
-/// whatever then starts.
+/// the takeover interrupted, and, once a lower status lets us start again, whatever then starts.
 void WatchedDesk::CheckMasterMute() {
   if (Before.Preempted && State().PriorityPreempted && Before.MasterMuted && !MuteCheck(0)) {
     const bool waitedForTheBreak = Before.Awaiting && !State().MessageAwaitingSongEnd;
-    Require(State().MessagePlaying || waitedForTheBreak || State().PriorityClear || PlaylistStep,
+    Require(State().MessagePlaying || waitedForTheBreak || State().PriorityClear,
             "The master opens during a takeover and nothing starts");
   }
   if (MuteCheck(0) && MasterHasSounded)

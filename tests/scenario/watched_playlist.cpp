@@ -54,25 +54,28 @@ void WatchedDesk::StepAtPlaylist(const std::function<void(FrmPlaylist&)>& step) 
   });
 }
 
-/// A song that begins is heard, whatever else goes on.
+/// A song that begins is heard, and never under what goes before it.
 void WatchedDesk::CheckSongPreview(std::size_t firstLine) {
   if (JournalHas(" song stop", firstLine)) ++Corners["music that the editor stops"];
   if (!JournalHas(" song play ", firstLine)) return;
   Require(!MuteCheck(0) && !MuteCheck(Sys->Mixer.WaveLine),
           "A song begins in the playlist editor, and is muted");
+  Require(!State().CallActive && !State().MessagePlaying && !State().PriorityPreempted,
+          "A song begins in the playlist editor under what goes before it");
   ++Corners["a song that is heard in the editor"];
-  if (State().MessagePlaying) ++Corners["a song that is heard over a message"];
-  if (State().PriorityPreempted) ++Corners["a song that is heard in a takeover"];
 }
 
 bool WatchedDesk::PlaylistIsOpen() { return Sys->TheWindows.frmPlaylist.Loaded(); }
 
-/// What the editor shows changes by a step at it or by a list that is opened in it alone. What is
-/// in force of a playlist changes by a list that is opened in either window, or by a save.
+/// What the editor shows changes by a step at it, by a list that is opened in it, or by a takeover
+/// that ends its preview, and by nothing else. What is in force of a playlist changes by a list
+/// that is opened in either window, or by a save.
 void WatchedDesk::CheckPlaylist() {
   const bool opensInEditor = Chosen && Chosen->ByEditor;
   const bool comesOrGoes = PlaylistIsOpen() != Before.PlaylistOpen;
-  Require(!PlaylistTouched || PlaylistStep || opensInEditor || comesOrGoes,
+  const bool previewEnds = State().PriorityPreempted && JournalHas(" song stop", Before.Lines);
+  if (previewEnds && PlaylistTouched) ++Corners["a takeover that ends the preview of a song"];
+  Require(!PlaylistTouched || PlaylistStep || opensInEditor || comesOrGoes || previewEnds,
           "The playlist editor changes by itself");
   if (!Before.MainLoaded) return;
   if (!Chosen || Chosen->Dialog.Filter != PlaylistDialog(Sys->Store).Filter) {
