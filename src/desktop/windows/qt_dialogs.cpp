@@ -188,8 +188,12 @@ QMessageBox* MakeBox(const std::string& body, BoxIcon icon, const std::string& c
 /// A window that comes up takes the keyboard from the one in front, and with it the call of an
 /// operator who speaks. So it waits until no key of the mouse and no finger is down.
 void ShowWhenNothingIsHeld(QDialog* box) {
-  if (QGuiApplication::mouseButtons() == Qt::NoButton) return box->show();
-  QTimer::singleShot(kHeldStepMs, box, [box] { ShowWhenNothingIsHeld(box); });
+  if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+    QTimer::singleShot(kHeldStepMs, box, [box] { ShowWhenNothingIsHeld(box); });
+    return;
+  }
+  box->show();
+  box->activateWindow();
 }
 
 /// It blocks the window that it belongs to, but never the main one.
