@@ -57,10 +57,8 @@ System::System(const Pc& pc)
   Call.CutPreviewOff = [this] { Preview.GiveWay(); };
   Link.PlaySong = [this] { Music.PlaySong(); };
   Link.CutPreviewOff = [this] { ThePlaylistEditor.GiveWay(); };
-  Music.PlayMessageWavs = [this] {
-    Preview.GiveWay();
-    Wavs.PlayMessageWavs();
-  };
+  Music.PlayMessageWavs = [this] { Wavs.PlayMessageWavs(); };
+  Wavs.CutPreviewOff = [this] { Preview.GiveWay(); };
   pc.Loop.OnFailure = [this](const RuntimeFailure& failure) {
     TheNotices.Tell(failure.what(), BoxIcon::Critical, Strings.LoadString(kStrError));
   };

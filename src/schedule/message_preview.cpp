@@ -82,17 +82,14 @@ void MessagePreview::PlayMessages() {
   if (TheFlags.PriorityPreempted && !PlayerIsOthers()) TheFrmPlayers.WavPlayer.Command("Close");
 }
 
-/// The microphone stays closed behind it. An announcement that went out on top of the wait is over
-/// by then, and has left its own file in the player.
+/// The microphone stays closed after it.
 void MessagePreview::PlayMessage(const std::string& name) {
-  const std::string path = TheSettings.MessageDirectory + name + ".wav";
-  StartWav(TheFrmPlayers.WavPlayer, path, TheFlags);
+  StartWav(TheFrmPlayers.WavPlayer, TheSettings.MessageDirectory + name + ".wav", TheFlags);
   TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
   TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
   if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
   Loop.PumpUntil(
       [this] { return TheFlags.WavFinished || PreviewStopRequested || OutrunsPreviews(TheFlags); });
-  if (TheFrmPlayers.WavPlayer.FileName != path) PreviewStopRequested = true;
 }
 
 }  // namespace marlex

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "mixer/mixer_access.h"
@@ -18,6 +19,9 @@ class MessageWavs {
  public:
   MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
               FrmMxr& frmMxr, MixerAccess& mixer, FrmSettings& frmSettings);
+
+  /// A preview that plays ends; wired at composition.
+  std::function<void()> CutPreviewOff;
 
   /// Fills `lstMsgSequence` from message names separated by commas.
   void BuildMessageList(const std::string& messageInfo);

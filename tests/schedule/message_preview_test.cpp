@@ -333,6 +333,25 @@ TEST(MessagePreview, AnAnnouncementAtAMusicBreakEndsIt) {
   }
 }
 
+/// The end of a call has switched the tick on under the open editor.
+TEST(MessagePreview, AnAnnouncementOfTheTickEndsItAlsoWithTheSameMessage) {
+  for (const char* announced : {"gong", "welcome"}) {
+    PreviewDesk desk(false, {.Sequences = {{.Messages = announced}}});
+    desk.Press("cmdCall");
+    desk.Advance(1000);
+    desk.Release("cmdCall");
+    ASSERT_TRUE(desk.Sys->TheFrmPlayers.tmrMessage.Enabled);
+    desk.RunTo(12, 0, 58);
+    desk.Click("PrevKey");
+    desk.Pc.Journal.Only({"wav"});
+    desk.Advance(2500);
+    ASSERT_TRUE(desk.State().MessagePlaying) << announced;
+    desk.Advance(20'000);
+    EXPECT_EQ(desk.Journal().find("closing"), std::string::npos) << desk.Journal();
+    EXPECT_EQ(desk.Text("PrevKey"), "Play");
+  }
+}
+
 /// In another language the amplifier's word does not close the player.
 TEST(MessagePreview, OneThatATakeoverHasEndedIsNotHeardAfterIt) {
   PreviewDesk desk(false, {.Language = "Italian"});
