@@ -20,7 +20,7 @@ constexpr auto kLimit = 30s;  // for what must happen, however busy the machine 
 class EngineMixerTest : public testing::Test {
  protected:
   void SetUp() override {
-    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs pulseaudio and pactl";
+    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs a sound server and pactl";
     ASSERT_TRUE(Server.Start());
     Engine = std::make_unique<SoundEngine>(Loop);
     Mixer = MakeEngineMixer(Loop, *Engine);

@@ -44,7 +44,7 @@ const Door kDoors[] = {
 class MasterKeeperTest : public testing::TestWithParam<Door> {
  protected:
   void SetUp() override {
-    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs pulseaudio and pactl";
+    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs a sound server and pactl";
     ASSERT_TRUE(Server.Start());
   }
 

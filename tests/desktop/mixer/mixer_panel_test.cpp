@@ -65,7 +65,7 @@ class EndedProcess : public Process {
 class MixerPanelTest : public testing::Test {
  protected:
   void SetUp() override {
-    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs pulseaudio and pactl";
+    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs a sound server and pactl";
     ASSERT_TRUE(Server.Start());
     Engine = std::make_unique<SoundEngine>(Loop);
     Functions = MakeEngineMixer(Loop, *Engine);

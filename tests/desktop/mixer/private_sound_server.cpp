@@ -12,6 +12,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "places.h"
+
 namespace marlex {
 
 namespace {
@@ -45,7 +47,9 @@ PrivateSoundServer::~PrivateSoundServer() {
 }
 
 bool PrivateSoundServer::IsInstalled() {
-  return std::system("command -v pulseaudio pactl >/dev/null 2>&1") == 0;
+  return std::system(
+             "command -v pactl > /dev/null 2>&1 && { command -v pulseaudio || command -v "
+             "wireplumber; } > /dev/null 2>&1") == 0;
 }
 
 bool PrivateSoundServer::Start() {
@@ -57,11 +61,8 @@ bool PrivateSoundServer::Start() {
     for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nowhere, standard);
     setenv("HOME", Directory.c_str(), 1);
     setenv("XDG_RUNTIME_DIR", Directory.c_str(), 1);
-    const std::string door =
-        "module-native-protocol-unix auth-anonymous=1 socket=" + Directory + "/native";
-    execlp("pulseaudio", "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1",
-           "--use-pid-file=no", "-L", "module-null-sink sink_name=card", "-L", door.c_str(),
-           static_cast<char*>(nullptr));
+    execl(MARLEX_SOURCE_DIR "/tests/sound/private_server", "private_server", Directory.c_str(),
+          "module-null-sink sink_name=card", static_cast<char*>(nullptr));
     _exit(127);
   }
   const auto deadline = std::chrono::steady_clock::now() + kStartLimit;

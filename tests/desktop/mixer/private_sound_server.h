@@ -7,7 +7,7 @@
 
 namespace marlex {
 
-/// A PulseAudio of the test's own with silent outputs, and the environment that leads to it. The
+/// A sound server of the test's own with silent outputs, and the environment that leads to it. The
 /// user's server and its levels stay untouched.
 class PrivateSoundServer {
  public:

@@ -17,6 +17,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "places.h"
+
 namespace marlex {
 namespace {
 
@@ -60,7 +62,7 @@ PrivateServer::PrivateServer() {
   Directory = pattern;
   setenv("HOME", Directory.c_str(), 1);
   setenv("XDG_RUNTIME_DIR", Directory.c_str(), 1);
-  setenv("PULSE_SERVER", ("unix:" + (Directory / "socket").string()).c_str(), 1);
+  setenv("PULSE_SERVER", ("unix:" + (Directory / "native").string()).c_str(), 1);
   unsetenv("PULSE_SINK");
   unsetenv("PULSE_SOURCE");
   Start();
@@ -75,25 +77,23 @@ PrivateServer::~PrivateServer() {
 }
 
 void PrivateServer::Start() {
-  const std::string socket = (Directory / "socket").string();
-  std::vector<std::string> words = {"pulseaudio",          "-n",
-                                    "--daemonize=no",      "--use-pid-file=no",
-                                    "--exit-idle-time=-1", "--disallow-exit",
-                                    "--log-target=null"};
-  for (const std::string& module :
-       {std::string("module-null-sink sink_name=desk sink_properties=device.description=Desk"),
-        std::string("module-null-sink sink_name=other"),
-        std::string("module-null-sink sink_name=mouth"),
-        std::string("module-remap-source source_name=mic master=mouth.monitor"),
-        "module-native-protocol-unix auth-anonymous=1 socket=" + socket}) {
-    words.insert(words.end(), {"-L", module});
-  }
+  const std::vector<std::string> words = {
+      MARLEX_SOURCE_DIR "/tests/sound/private_server",
+      Directory.string(),
+      "module-null-sink sink_name=desk sink_properties=device.description=Desk",
+      "module-null-sink sink_name=other",
+      "module-null-sink sink_name=mouth",
+      "module-remap-source source_name=mic master=mouth.monitor"};
   Server = Spawn(words, -1);
   for (int i = 0; i < 1000 && Control("info").find("Server Name") == std::string::npos; ++i) {
     std::this_thread::sleep_for(10ms);
   }
-  Control("set-default-sink desk");
-  Control("set-default-source mic");
+  // One kind of server answers before all of it is in its place.
+  for (int i = 0; i < 1000 && Control("get-default-source").rfind("mic\n", 0) != 0; ++i) {
+    Control("set-default-sink desk");
+    Control("set-default-source mic");
+    std::this_thread::sleep_for(10ms);
+  }
   Listener = Spawn({"parec", "-d", "desk.monitor", "--latency-msec=20", "--raw"}, -1);
 }
 

@@ -8,7 +8,7 @@
 
 namespace marlex {
 
-/// A PulseAudio server of the test's own, with null sinks, which this process and the tools that it
+/// A sound server of the test's own, with null sinks, which this process and the tools that it
 /// runs use instead of any other.
 class PrivateServer {
  public:

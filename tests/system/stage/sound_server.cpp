@@ -4,10 +4,30 @@
 
 #include <fstream>
 #include <stdexcept>
+#include <utility>
 
+#include "places.h"
 #include "wait.h"
 
 namespace marlex::stage {
+namespace {
+
+std::vector<std::string> Modules(const SoundCards& cards) {
+  const std::string rate = " rate=" + std::to_string(SoundServer::kSampleRate);
+  const std::string channels = " channels=" + std::to_string(SoundServer::kChannels);
+  std::vector<std::string> modules;
+  for (const std::string& output : cards.Outputs) {
+    modules.push_back("module-null-sink sink_name=" + output + rate + channels +
+                      " sink_properties=device.description=" + output);
+  }
+  if (cards.Microphone) {
+    modules.push_back("module-null-sink sink_name=mouth" + rate);
+    modules.push_back("module-remap-source source_name=microphone master=mouth.monitor");
+  }
+  return modules;
+}
+
+}  // namespace
 
 SoundServer::SoundServer(const std::string& folder, const SoundCards& cards) : Folder(folder) {
   WriteAlsaConfiguration();
@@ -35,18 +55,9 @@ void SoundServer::Start(const SoundCards& cards) {
   constexpr double kStartLimitSeconds = 20;
   Kill();
   unlink((Folder + "/native").c_str());
-  WriteScript(cards);
   Command command;
-  command.Arguments = {"pulseaudio",
-                       "-n",
-                       "--daemonize=no",
-                       "--use-pid-file=no",
-                       "--exit-idle-time=-1",
-                       "--high-priority=yes",
-                       "--realtime=yes",
-                       "--log-level=notice",
-                       "-F",
-                       Folder + "/server.pa"};
+  command.Arguments = {MARLEX_SOURCE_DIR "/tests/sound/private_server", Folder};
+  for (const std::string& module : Modules(cards)) command.Arguments.push_back(module);
   command.Variables = Variables();
   command.Variables["HOME"] = Folder;
   command.Variables.erase("PULSE_SERVER");
@@ -56,6 +67,20 @@ void SoundServer::Start(const SoundCards& cards) {
   if (!isUp || !Server->IsRunning()) {
     throw std::runtime_error("The sound server did not start: " + Folder + "/sound.log");
   }
+  Control({"set-default-sink", cards.Outputs.front()});
+  if (cards.Microphone) Control({"set-default-source", "microphone"});
+}
+
+void SoundServer::Control(std::vector<std::string> arguments) const {
+  Command command;
+  command.Arguments = std::move(arguments);
+  command.Arguments.insert(command.Arguments.begin(), "pactl");
+  command.Variables = Variables();
+  command.LogFile = Folder + "/sound.log";
+  // The door of one kind of server is open before all that is behind it is in its place.
+  constexpr double kLimitSeconds = 20;
+  if (!WaitUntil([&] { return Run(command) == 0; }, kLimitSeconds))
+    throw std::runtime_error("The sound server does not obey: " + Folder + "/sound.log");
 }
 
 std::unique_ptr<ChildProcess> SoundServer::Record(const std::string& output, int descriptor) const {
@@ -83,23 +108,6 @@ std::unique_ptr<ChildProcess> SoundServer::Speak(const std::string& file) const 
   command.LogFile = Folder + "/speak.log";
   command.GoesFirst = true;
   return std::make_unique<ChildProcess>(command);
-}
-
-/// The door is made last, so that whoever can connect finds all cards.
-void SoundServer::WriteScript(const SoundCards& cards) const {
-  std::ofstream script(Folder + "/server.pa");
-  for (const std::string& output : cards.Outputs) {
-    script << "load-module module-null-sink sink_name=" << output << " rate=" << kSampleRate
-           << " channels=" << kChannels << " sink_properties=device.description=" << output << "\n";
-  }
-  if (cards.Microphone) {
-    script << "load-module module-null-sink sink_name=mouth rate=" << kSampleRate << "\n"
-           << "load-module module-remap-source source_name=microphone master=mouth.monitor\n";
-  }
-  script << "set-default-sink " << cards.Outputs.front() << "\n";
-  if (cards.Microphone) script << "set-default-source microphone\n";
-  script << "load-module module-native-protocol-unix auth-anonymous=1 socket=" << Folder
-         << "/native\n";
 }
 
 void SoundServer::WriteAlsaConfiguration() const {

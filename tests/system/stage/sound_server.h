@@ -43,7 +43,7 @@ class SoundServer {
   static constexpr int kChannels = 2;
 
  private:
-  void WriteScript(const SoundCards& cards) const;
+  void Control(std::vector<std::string> arguments) const;
   void WriteAlsaConfiguration() const;
   bool IsUp() const;
 
