@@ -357,15 +357,19 @@ TEST(CallMeetsStatus, OfNoCallTheLampsOfASpeakerGoOutAndHeSpeaksOn) {
   EXPECT_EQ(desk.Station(), "Speak, lamps off, speaks");
 }
 
-/// Something that waits on top of the press, as a box does, lets it go on only when all is over.
+/// Something waits on top of whatever waits at `atMs`, as a box does, up to the eighth second.
+void WaitOnTop(CallDesk& desk, int atMs) {
+  desk.Pc.Loop.Schedule(atMs, [&desk, endMs = desk.Pc.Loop.NowMs() + 8000] {
+    desk.Pc.Loop.PumpUntil([&] { return desk.Pc.Loop.NowMs() >= endMs; });
+  });
+}
+
 TEST(CallMeetsWait, AboveItsPressTheWholeCallMayBeOverWhenThePressGoesOn) {
   for (const int boxMs : {100, 900}) {
     for (const bool takenOver : {false, true}) {
       SCOPED_TRACE(boxMs);
       CallDesk desk;
-      desk.Pc.Loop.Schedule(boxMs, [&desk, endMs = desk.Pc.Loop.NowMs() + 8000] {
-        desk.Pc.Loop.PumpUntil([&] { return desk.Pc.Loop.NowMs() >= endMs; });
-      });
+      WaitOnTop(desk, boxMs);
       desk.PressAt(0);
       desk.AdvanceTo(3000);
       if (takenOver) desk.Status(128);
@@ -374,11 +378,46 @@ TEST(CallMeetsWait, AboveItsPressTheWholeCallMayBeOverWhenThePressGoesOn) {
       desk.AdvanceTo(12'000);
       EXPECT_FALSE(desk.MicrophoneOpened) << takenOver;
       EXPECT_FALSE(desk.State().CallActive) << takenOver;
-      EXPECT_EQ(desk.Station(), "Call, lamps off") << takenOver;
-      EXPECT_FALSE(desk.Sys->TheFrmPlayers.tmrFlash.Enabled) << takenOver;
       EXPECT_EQ(desk.Pc.Loop.Waits(), 1) << takenOver;
     }
   }
+}
+
+TEST(CallMeetsWait, AboveItsFadeTheReleaseTurnsTheLampsOff) {
+  CallDesk desk(DeskOptions{});
+  WaitOnTop(desk, 100);
+  desk.PressAt(0);
+  desk.AdvanceTo(3000);
+  ASSERT_TRUE(desk.Sys->TheFrmPlayers.tmrFlash.Enabled);
+  desk.ReleaseAt(4000);
+  for (int time = 5000; time < 6000; time += 50) {
+    desk.AdvanceTo(time);
+    ASSERT_EQ(desk.Station(), "Call, lamps off") << time;
+  }
+}
+
+/// The turned fade of the first call is taken over, and its release held by what waits on top.
+TEST(CallMeetsWait, AboveTheFadeThatAReleaseTurnedTheNextCallFadesAsAnyOther) {
+  CallDesk desk;
+  WaitOnTop(desk, 250);
+  desk.PressAt(0);
+  desk.ReleaseAt(200);
+  desk.AdvanceTo(300);
+  desk.Status(128);
+  desk.Status(0);
+  desk.AdvanceTo(2000);
+  desk.Pc.Journal.Clear();
+  desk.PressAt(2000);
+  desk.AdvanceTo(5000);
+  EXPECT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  EXPECT_EQ(desk.TakeJournal(),
+            "529 song pause\n529 wav play chime.wav\n729 send 68\n1529 wav end chime.wav\n");
+  desk.ReleaseAt(6000);
+  desk.AdvanceTo(12'000);
+  EXPECT_EQ(desk.Station(), "Call, lamps off");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
 }  // namespace
