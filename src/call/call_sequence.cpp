@@ -52,20 +52,16 @@ void CallSequence::EndCall() {
   SetCaptions(kStrWait);
   const bool isBeforeChime = stage == CallStage::Beginning || stage == CallStage::Fading;
   if (TheFlags.FadeRunning && isBeforeChime) return EndInFade(call);
-  // Deliberate: without a pre-chime, and before any WAV has ended since the start, a call counts as
-  // released in its chime. It loses its post-chime, and so does each call up to one with a
-  // pre-chime.
-  const bool hasNoPreChime = Store.Values.PreChime.empty();
-  if (!TheFlags.WavFinished && (stage == CallStage::Chiming || hasNoPreChime))
-    TheFlags.CallEndedDuringChime = true;
+  NoteReleaseInChime(stage);
   CloseMicrophone();
   if (stage == CallStage::Chiming) AwaitPreChime();
-  if (IsLast(call)) PlayPostChime(call);
+  if (stage == CallStage::Speaking) PlayPostChime(call);
   if (!IsLast(call)) return;
   SetCaptions(kStrCall);
   if (!RestoreRouting()) return;
   PaintLamps(kButtonFace);
-  RestoreMusic();
+  const bool isUntouched = stage == CallStage::Beginning && MusicState() == kPlaying;
+  if (!isUntouched) RestoreMusic();
   if (!IsLast(call)) return;
   TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
   DarkenLamps();  // where something on top has held the press in its fade, they flash still
@@ -83,8 +79,9 @@ bool CallSequence::GoesOn(int call) const {
 }
 
 int CallSequence::BeginCall() {
-  TheCall = {.Number = TheCall.Number + 1};
   TheFlags.CallEndedDuringFade = false;
+  if (TheCall.ReleasedInChime) TheFlags.CallEndedDuringChime = false;
+  TheCall = {.Number = TheCall.Number + 1};
   TheFlags.CallActive = true;
   return TheCall.Number;
 }
@@ -146,7 +143,8 @@ void CallSequence::OpenMicrophone() {
 }
 
 /// A release has ended the call before the microphone opened. What it has left in the flags goes
-/// with its call, so that no later call, and no later fade, ends by it.
+/// with its call, so that no later call, and no later fade, ends by it. Where another call has
+/// begun meanwhile, that one has cleared them.
 void CallSequence::TakeRelease(int call) {
   if (!IsLast(call) || TheCall.Stage != CallStage::Ending) return;
   if (TheFlags.CallEndedDuringFade) {
@@ -168,6 +166,16 @@ void CallSequence::EndInFade(int call) {
   SetCaptions(kStrCall);
   TheFrmPlayers.tmrMessage.Enabled = true;
   DarkenLamps();
+}
+
+/// Deliberate: a speaker without a pre-chime counts as one who let go in a chime before any WAV
+/// has ended since the start. He loses his post-chime, and so does each call up to one with a
+/// pre-chime.
+void CallSequence::NoteReleaseInChime(CallStage stage) {
+  const bool hasNoPreChime = stage == CallStage::Speaking && Store.Values.PreChime.empty();
+  if (TheFlags.WavFinished || (stage != CallStage::Chiming && !hasNoPreChime)) return;
+  TheCall.ReleasedInChime = stage == CallStage::Chiming;
+  TheFlags.CallEndedDuringChime = true;
 }
 
 /// A pre-chime that has begun always plays to its end.

@@ -20,8 +20,10 @@ namespace marlex {
 /// How far a call of the operator has come, and what its release does then:
 ///
 ///   Beginning   The key is down, messages are cut off. The call ends before anything of it sounds.
-///   Fading      Music fades down. The fade turns round, and the press ends the call.
-///   Chiming     The zones are routed. The pre-chime plays to its end; no post-chime follows.
+///   Fading      Music fades down. The fade turns round, and the press ends the call. A fade that
+///   is
+///               over while something on top holds the press is followed by one up.
+///   Chiming     The zones are routed. The pre-chime plays to its end, and no post-chime follows.
 ///   Speaking    The microphone is open. Post-chime; then zones and music come back.
 ///   Ending      The key was let go. Nothing: a call is released once.
 ///
@@ -49,6 +51,7 @@ class CallSequence {
   struct Call {
     int Number = 0;  // counts the calls since the start
     CallStage Stage = CallStage::Beginning;
+    bool ReleasedInChime = false;  // its flag goes with the call
   };
 
   bool IsLast(int call) const { return call == TheCall.Number; }
@@ -64,6 +67,7 @@ class CallSequence {
   void TakeRelease(int call);
 
   void EndInFade(int call);
+  void NoteReleaseInChime(CallStage stage);
   void AwaitPreChime();
   void PlayPostChime(int call);
   bool RestoreRouting();

@@ -16,19 +16,24 @@ Glance Passerby::Look() const {
 }
 
 /// The row that waits for the music break, else the next that the tick will find and not pass over.
-/// A call or a takeover drops the messages of a row that waits.
 ComingRow Passerby::Next() const {
   if (StandsStill()) return {"", Strings.LoadString(kStrScheduleStopped)};
-  if (TheFlags.MessageAwaitingSongEnd && TheFrmPlayers.lstMsgSequence.ListCount() > 0)
-    return {Tick.WaitingTime, Tick.CurrentMessageInfo};
+  if (RowWaits()) return {Tick.WaitingTime, Tick.CurrentMessageInfo};
   return NextToday();
 }
 
-/// Nothing is on that switches the tick on again at its end: the editor of the schedule is open, or
-/// the amplifier has cut a call off, and only the next call, whole, sets the tick going.
+/// A call and a takeover drop the messages of a row that waits, and the end of no song follows the
+/// stop key.
+bool Passerby::RowWaits() const {
+  return TheFlags.MessageAwaitingSongEnd && TheFrmPlayers.lstMsgSequence.ListCount() > 0 &&
+         TheFrmPlayers.MP3Player.PlayState() != kStopped;
+}
+
+/// The tick is off, and nothing is on that has to do with the schedule: its editor is open, the
+/// amplifier has cut a call off, or the stop key the song for whose end a row waits.
 bool Passerby::StandsStill() const {
-  const bool isHeld = TheFlags.CallActive || TheFlags.MessageAwaitingSongEnd ||
-                      TheFlags.MessagePlaying || TheFlags.FadeRunning;
+  const bool isHeld =
+      TheFlags.CallActive || RowWaits() || TheFlags.MessagePlaying || TheFlags.FadeRunning;
   return !TheFrmPlayers.tmrMessage.Enabled && !isHeld;
 }
 

@@ -53,6 +53,7 @@ class Passerby {
   ComingRow Next() const;
   ComingRow NextToday() const;
   bool StandsStill() const;
+  bool RowWaits() const;
 
   const Flags& TheFlags;
   const FrmMain& TheFrmMain;

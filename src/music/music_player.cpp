@@ -44,6 +44,7 @@ void MusicPlayer::cmdPlay_Click() {
   }
   TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
   CurrentSongPath = SelectedSongPath();
+  HoldsPreview = false;
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
   TheFrmMxr.SldrVol[0].Value = settings.MasterVolume;
   TheFrmMxr.SldrVol[Mixer.WaveLine].Value = settings.MusicVolume;
@@ -112,7 +113,10 @@ void MusicPlayer::MP3Player_EndOfStream() {
 bool MusicPlayer::PlayWaitingMessages() {
   if (!TheFlags.MessageAwaitingSongEnd) return false;
   TheFlags.MessageAwaitingSongEnd = false;
-  const bool inCall = TheFlags.CallActive;  // which fades the music, and the next song with it
+  // A call that was on before has dropped the messages. In its fade the next song fades with it;
+  // after that the lines are the call's.
+  const bool inCall = TheFlags.CallActive;
+  if (inCall && !TheFlags.FadeRunning) return false;
   PlayMessageWavs();
   if (!TheFlags.CallActive) TheFrmPlayers.tmrMessage.Enabled = true;
   return TheFlags.CallActive && !inCall;
@@ -134,6 +138,7 @@ bool MusicPlayer::MoveToNextSong() {
 /// Gives the selected song to the player. False when the player refuses it.
 bool MusicPlayer::LoadSong(bool wrapped) {
   CurrentSongPath = SelectedSongPath();
+  HoldsPreview = false;
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
   // After the last song its length stays on show for the whole of the first one. This is meant.
   LengthAwaited = false;

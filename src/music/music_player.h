@@ -29,6 +29,7 @@ class MusicPlayer {
               const StringTable& strings, Notices& notices);
 
   std::string CurrentSongPath;  // path last built for the player
+  bool HoldsPreview = false;    // a preview was the last to give the player a file
   int CurrentSongIndex =
       0;          // list index when that song was loaded; used only to reselect after a drag
   ListDrag Drag;  // a mouse drag in lstPlaylist

@@ -181,11 +181,10 @@ void PlaylistEditor::PrevKey_Click() {
   }
 }
 
-/// The main window's own song is the current one. A call and an announcement fade and pause what
-/// the player plays, a preview as well.
+/// A call and an announcement fade and pause what the player plays, a preview as well.
 void PlaylistEditor::GiveWay() {
   SongPlayer& player = TheFrmPlayers.MP3Player;
-  if (player.PlayState() != kPlaying || player.FileName() == Player.CurrentSongPath) return;
+  if (player.PlayState() != kPlaying || !Player.HoldsPreview) return;
   Editor.Loaded() ? StopPreview() : player.Stop();
 }
 
@@ -195,6 +194,7 @@ void PlaylistEditor::StartPreview() {
   TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
   Editor.RemAll_Key.Enabled = false;
   Editor.RemoveKey.Enabled = false;
+  Player.HoldsPreview = true;
   TheFrmPlayers.MP3Player.SetFileName(
       JoinPath(Editor.MP3List.Path(), Editor.SelectedMP3s.Text() + ".mp3"));
   // It looks for the main window's song and not for this one. This is meant.

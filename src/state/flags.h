@@ -5,7 +5,7 @@
 namespace marlex {
 
 /// The notice-board: what the subsystems have to know of each other. Whoever waits tests these
-/// again after the wait, since anything may have happened in it. All are False at the start.
+/// again after the wait, since anything may have happened in it.
 struct Flags {
   // The amplifier.
 
@@ -16,7 +16,7 @@ struct Flags {
   /// read by whatever would begin: the tick, cmdPlay, a call.
   bool PriorityClear = false;
   /// The amplifier took over from something of ours, until status 0. Set and cleared by the status
-  /// byte; read by calls, announcements, previews and the routing timer.
+  /// byte; read by calls, announcements, previews, the routing timer and the band.
   bool PriorityPreempted = false;
 
   // The call.
@@ -27,8 +27,9 @@ struct Flags {
   /// The release came in the fade of the press, and has turned it round. Set by the release,
   /// cleared by the press; ends the wait of a fade down.
   bool CallEndedDuringFade = false;
-  /// The release came before a WAV had ended. Set by the release, cleared by a press with a
-  /// pre-chime, and kept until then; ends the wait for a chime, and bars the post-chime.
+  /// The release came before a WAV had ended. Set by the release and, unless it came in a
+  /// pre-chime, kept until a press with one, which it ends. Ends the wait for a chime, and bars the
+  /// post-chime.
   bool CallEndedDuringChime = false;
 
   // The message.

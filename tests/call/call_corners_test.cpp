@@ -239,5 +239,23 @@ TEST(SongEndInACallsFade, OverAWaitingRowLeavesTheTickToTheCall) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
+TEST(SkipUnderASpeaker, OverARowThatWaitedLeavesHimTheMicrophone) {
+  DeskOptions options = CallDesk::Chimes();
+  options.Sequences = {{.Timer = "Between"}};
+  options.Now = {2024, 1, 1, 12, 0, 50};
+  CallDesk desk(options);
+  desk.RunTo(12, 1, 5);
+  ASSERT_TRUE(desk.State().MessageAwaitingSongEnd);
+  desk.Press("cmdCall");
+  desk.Advance(3000);
+  ASSERT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  desk.Click("cmdSkip");
+  EXPECT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  desk.Release("cmdCall");
+  desk.Advance(5000);
+  EXPECT_EQ(desk.Heard(), "song waltz.mp3 at 20000");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
 }  // namespace
 }  // namespace marlex

@@ -396,6 +396,55 @@ TEST(CallMeetsWait, AboveItsFadeTheReleaseTurnsTheLampsOff) {
   }
 }
 
+/// A pre-chime whose release waits under something, or cannot be closed, is no release of the next.
+TEST(CallMeetsWait, AboveTheReleaseInAPreChimeTheNextCallSpeaks) {
+  CallDesk desk;
+  WaitOnTop(desk, 900);
+  desk.PressAt(0);
+  desk.ReleaseAt(1000);
+  desk.AdvanceTo(4000);
+  ASSERT_FALSE(desk.State().CallActive);
+  desk.PressAt(4000);
+  desk.AdvanceTo(7000);
+  EXPECT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  desk.ReleaseAt(7500);
+  desk.AdvanceTo(12'000);
+  EXPECT_EQ(desk.Station(), "Call, lamps off");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
+TEST(CallMeetsTakeover, OfAReleaseInAChimeThatCannotBeClosedTheNextCallSpeaks) {
+  DeskOptions options = CallDesk::Chimes();
+  options.Language = "Italian";
+  CallDesk desk(options);
+  desk.PressAt(0);
+  desk.ReleaseAt(900);
+  desk.AdvanceTo(1100);
+  desk.Status(128);
+  desk.AdvanceTo(1200);
+  desk.Status(0);
+  desk.PressAt(1300);
+  desk.AdvanceTo(4000);
+  EXPECT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  desk.ReleaseAt(5000);
+  desk.AdvanceTo(10'000);
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+  EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
+}
+
+/// Whenever no microphone has opened, no second chime sounds, and none beside music.
+TEST(CallMeetsWait, AboveItsFadeTheReleaseSoundsNoPostChime) {
+  CallDesk desk;
+  WaitOnTop(desk, 100);
+  desk.PressAt(0);
+  desk.ReleaseAt(4000);
+  desk.AdvanceTo(12'000);
+  EXPECT_EQ(desk.Journal().find("gong"), std::string::npos) << desk.Journal();
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+}
+
 /// The turned fade of the first call is taken over, and its release held by what waits on top.
 TEST(CallMeetsWait, AboveTheFadeThatAReleaseTurnedTheNextCallFadesAsAnyOther) {
   CallDesk desk;

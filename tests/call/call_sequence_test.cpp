@@ -363,6 +363,22 @@ TEST(CallSequence, APressBelongsToItsOwnCall) {
   }
 }
 
+TEST(CallSequence, AReleaseInTheSameInstantSoundsNoPostChimeAndLeavesTheMusicAlone) {
+  CallDesk desk({.Sequences = {{}}, .PostChime = "gong"});
+  desk.RunTo(12, 1, 30);  // a message has ended
+  desk.Pc.Journal.Clear();
+  desk.Do([&desk] {
+    desk.Pc.Loop.Post([&desk] { desk.Main().cmdCall.OnMouseUp(MouseButton::Left); });
+    desk.Main().cmdCall.OnMouseDown(MouseButton::Left);
+  });
+  for (int step = 0; step < 20; ++step) {
+    ASSERT_EQ(desk.Heard(), "song march.mp3 at 20000") << step;
+    desk.Advance(50);
+  }
+  EXPECT_EQ(desk.Journal(), "200 send 67\n");
+  EXPECT_EQ(desk.Alive(), kAllAlive);
+}
+
 struct Leaving {
   std::vector<int> ReleasesMs;
   int ExitMs;

@@ -215,6 +215,29 @@ TEST(Glance, SaysThatTheScheduleStandsStillAfterACallThatWasTakenOver) {
   EXPECT_EQ(Next(desk), "|");  // none is left today
 }
 
+TEST(Glance, SaysThatTheScheduleStandsStillUnderARowWhoseWaitEndsWithNoSong) {
+  std::vector<Sequence> rows = At("12", {"01"});
+  rows.front().Timer = "Between";
+  rows.push_back({"later.sch", "later", "13", "01"});
+  {
+    SpotDesk desk({.Sequences = rows});
+    desk.AdvanceTo(SpotDesk::kDue);
+    desk.Click("cmdStop");
+    EXPECT_EQ(Next(desk), kStopped);
+    desk.Click("cmdPlay");
+    EXPECT_EQ(Next(desk), "12:01+|at01");
+  }
+  SpotDesk desk({.Sequences = rows});
+  desk.AdvanceTo(SpotDesk::kDue);
+  desk.Press("cmdCall");
+  desk.Advance(kSpeakingMs);
+  desk.Status(128);
+  desk.Release("cmdCall");
+  desk.Status(0);
+  desk.Advance(1000);
+  EXPECT_EQ(Next(desk), kStopped);
+}
+
 TEST(Glance, PromisesARowInAFadeAndInAMessageThoughTheTickIsOff) {
   SpotDesk desk({.Sequences = At("12", {"01", "02"})});
   for (const int ms : {SpotDesk::kDue + 100, SpotDesk::kFadedDown + 100}) {

@@ -165,6 +165,33 @@ TEST(PlaylistPreview, AnAmplifierThatTakesOverEndsItAndLetsNoneBegin) {
   EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
 }
 
+TEST(PlaylistPreview, AnAmplifierThatTakesOverEndsOneOfTheMainWindowsSongToo) {
+  PreviewDesk desk("a");
+  desk.Click("PrevKey");
+  ASSERT_EQ(desk.Heard(), "song a.mp3 at 20000");
+  desk.Status(128);
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kStopped);
+  EXPECT_EQ(desk.Text("PrevKey"), "Play");
+}
+
+/// Under a call of the amplifier another list's autostart does not begin, and the song plays on.
+TEST(PlaylistPreview, AnAmplifierThatTakesOverLeavesASongThatAnotherListWasOpenedOver) {
+  Desk desk({.Music = {{"a"}, {"b"}}});
+  desk.Click("cmdPlay");
+  desk.Status(64);
+  desk.Pc.Disk.AddFile("/app/other.lst",
+                       "[Playlist]\r\nSong:1=b\r\n[Background music]\r\nAutostart=True\r\n");
+  desk.Pc.Dialogs.OpenResults = {"/app/other.lst"};
+  desk.Click("mnuOpen");
+  desk.Advance(1000);
+  ASSERT_EQ(desk.Sys->Music.CurrentSongPath, "/music/b.mp3");
+  ASSERT_EQ(desk.Heard(), "song a.mp3 at 20000");
+  desk.Status(128);
+  EXPECT_EQ(desk.Pc.Song.PlayState(), kPlaying);
+  desk.Status(0);
+  EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
+}
+
 TEST(PlaylistPreview, AnAmplifierThatTakesOverLeavesTheMusicOfTheMainWindowRunning) {
   PreviewDesk desk;
   desk.Click("cmdPlay");
