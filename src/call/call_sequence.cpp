@@ -143,8 +143,8 @@ void CallSequence::OpenMicrophone() {
 }
 
 /// A release has ended the call before the microphone opened. What it has left in the flags goes
-/// with its call, so that no later call, and no later fade, ends by it. Where another call has
-/// begun meanwhile, that one has cleared them.
+/// with its call, so that no later call, and no later fade, ends by it. A later call
+/// that has begun in the meantime has cleared them already.
 void CallSequence::TakeRelease(int call) {
   if (!IsLast(call) || TheCall.Stage != CallStage::Ending) return;
   if (TheFlags.CallEndedDuringFade) {

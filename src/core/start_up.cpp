@@ -101,7 +101,7 @@ void StartUp::ChooseLanguage() {
     if (!TheFrmLangSel.optLanguage[index].Value()) continue;
     const Language& language = kLanguageTable[static_cast<std::size_t>(index)];
     UseLanguage(language);
-    // Told at each try: the splash reads the language from the file, so that the dialog comes back.
+    // Reported at each try: the splash reads the language from the file, so the dialog comes back.
     if (!Store.WriteProfileValue("User language", "Language", language.Name, Store.TolvoIni()))
       TellNotSaved();
   }

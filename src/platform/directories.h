@@ -42,8 +42,8 @@ class Directories {
   CodePage NamesIn = CodePage::WestEuropean;
 
   /// Directory search: for a path that ends in a separator the name of the first regular file in
-  /// that directory, for any other path the name, without directory, of the file or directory that
-  /// it names. Empty when there is none, and for the empty path.
+  /// that directory, for any other path the last name in it, as the disk spells it. Empty when
+  /// nothing is there, and for the empty path.
   virtual std::string Search(const std::string& path) const = 0;
 
   /// Names of the regular files in `directory` that match `pattern` (`*` and `?`, without regard to

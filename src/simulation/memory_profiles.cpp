@@ -29,7 +29,7 @@ bool MemoryProfiles::WriteStrings(const std::vector<ProfileEntry>& entries,
   return true;
 }
 
-/// Text of a file; nothing when it is not there, cannot be read or is none.
+/// Text of a file; nothing when the file is missing, unreadable or not text.
 std::optional<ProfileFileText> MemoryProfiles::TextOf(const std::string& file) const {
   auto bytes = Disk.Read(file);
   return bytes ? ProfileFileText::Of(*std::move(bytes)) : std::nullopt;

@@ -4,9 +4,9 @@
 
 namespace marlex {
 
-/// Path of what is there under this name. Where the exact one is missing it is, in every part of
-/// the path, the first entry whose name is the same but for case, as on the systems where the files
-/// may have been made. The path itself when there is none.
+/// Resolves a path without regard to case, as the systems did on which older files were made. In
+/// each part of the path an exact name wins, else the first entry that differs in case alone.
+/// Returns the path unchanged when nothing matches.
 std::string FoundPath(const std::string& path);
 
 }  // namespace marlex

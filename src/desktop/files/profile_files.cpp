@@ -8,7 +8,7 @@ namespace marlex {
 
 namespace {
 
-/// Text of a file; empty when it is not there, cannot be read or is none.
+/// Text of a file; empty when the file is missing, unreadable or not text.
 std::string TextOf(const std::string& file) {
   return ProfileFileText::Of(ReadWholeFile(FoundPath(file)).Text).value_or(ProfileFileText{}).Text;
 }

@@ -12,8 +12,8 @@ namespace marlex {
 
 namespace {
 
-/// Deliberate: not the default output or card. The operator may have made that another one, whose
-/// master is none of our business.
+/// Deliberate: not the default output or card. The operator may have switched that to another card,
+/// whose master we leave alone.
 OpenMaster MasterAt(std::function<CardAddress()> address) {
   return [address = std::move(address)]() -> std::unique_ptr<MasterDevice> {
     const CardAddress card = address();

@@ -37,7 +37,7 @@ class MasterDevice {
   virtual bool SetMute(bool muted) = 0;
 };
 
-/// Opens the master of the card that the program plays on, and no other; null while there is none.
+/// Opens the master of the card that the program plays on, never another's; null while it is away.
 /// Called on a thread that may outlive whoever handed it in.
 using OpenMaster = std::function<std::unique_ptr<MasterDevice>()>;
 

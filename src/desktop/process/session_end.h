@@ -13,15 +13,14 @@ namespace marlex {
 /// The end of the operator's session, which must end the program in its own way: SIGTERM, SIGINT
 /// and SIGHUP, the session manager's word (Qt's quit event, which a window that stays open would
 /// refuse otherwise), and `std::exit`, with which Qt leaves when the display is gone. The session
-/// manager's question whether it may end is none of these: the session may go on after it.
+/// manager's query whether the session may end is not its end: the session may continue.
 ///
 /// A signal that whoever started us had ignored, as `nohup` does with SIGHUP, stays ignored. Needs
 /// a running QCoreApplication; there is one object of this class at a time.
 class SessionEnd : public QObject {
  public:
   /// `onEnd` is to end the process. It is called on the loop's thread, under whatever loop of Qt
-  /// runs and at any depth of nested waits, and again should another sign of the end come
-  /// meanwhile.
+  /// runs and at any depth of nested waits, and again for each further sign of the end.
   SessionEnd(EventLoop& loop, std::function<void()> onEnd);
   ~SessionEnd() override;
 

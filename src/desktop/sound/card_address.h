@@ -8,7 +8,7 @@ namespace marlex {
 struct CardAddress {
   std::string Sink;     // the sound server's name for the output; empty without a server
   std::string Control;  // the ALSA control device; empty with one
-  std::string Card;     // name of the card that must stand behind it; empty when it is not a card
+  std::string Card;     // the name that this card must have; empty for a device that is no card
 };
 
 }  // namespace marlex

@@ -118,8 +118,8 @@ std::int64_t NumberAt(const Bytes& bytes, std::size_t at) {
   return number;
 }
 
-/// Takes what the Xing or Info header in the frame at `at` claims, if there is one: behind its name
-/// and its flags stand the frames, then the bytes, each if its flag is set.
+/// Reads what the Xing or Info header in the frame at `at` claims, if there is one: its name and
+/// its flags are followed by the frame count and the byte count, each present if its flag is set.
 void TakeClaims(const Bytes& bytes, std::size_t at, Mp3Start& start) {
   const std::size_t tag = at + kHeaderBytes + std::size_t(ReadHeader(&bytes[at])->SideInfo);
   if (tag + 8 > bytes.size()) return;

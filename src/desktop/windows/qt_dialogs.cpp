@@ -35,8 +35,8 @@ QWidget* AnyWindow(const std::function<bool(const QWidget&)>& isIt) {
 /// The main window: nothing bars its call key or refuses its close, so no box may block it.
 bool StaysFree(const QWidget& window) { return window.property("staysFree").toBool(); }
 
-/// The window that a box belongs to: the one in front, else any that can be seen. A box that goes
-/// when it is answered is none, or it would take along what belongs to it.
+/// The window that a box belongs to: the one in front, else any that can be seen. A box that is
+/// deleted when it is answered does not count: its own boxes would go with it.
 QWidget* FrontWindow() {
   QWidget* window = QApplication::activeWindow();
   if (!window) window = QApplication::activeModalWidget();
