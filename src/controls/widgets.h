@@ -131,6 +131,7 @@ class Menu : public VisualControl {
   using VisualControl::VisualControl;
   const char* Kind() const override { return "Menu"; }
 
+  std::string TextId;  // of its text in the string table; empty: the caption stays as designed
   Property<bool> Checked{*this, false};
   std::function<void()> OnClick;
 };

@@ -33,7 +33,7 @@ MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayer
 }
 
 void MainWindow::Load() {
-  WriteMenuIds();
+  WriteMenuIds(TheFrmMain);
   WriteHeadings();
   TranslateControls(TheFrmMain, Strings);
   TheFrmMain.BackColor = TheFrmMain.frBGMusic.BackColor;
@@ -62,28 +62,6 @@ void MainWindow::Load() {
   TheFrmPlayers.tmrMessage.Enabled = true;
   ArrangeCallControls();
   TheFrmMain.Height = 6525;
-}
-
-/// Menus have no tag: their captions carry the ids until translation puts the texts in.
-void MainWindow::WriteMenuIds() {
-  const auto write = [](Menu& menu, int id) { menu.Caption = std::to_string(id); };
-  write(TheFrmMain.mnuFile, 270);
-  write(TheFrmMain.mnuOpen, 280);
-  write(TheFrmMain.mnuSequence, 290);
-  write(TheFrmMain.mnuClose, 300);
-  write(TheFrmMain.mnuExit, 310);
-  write(TheFrmMain.mnuEdit, 320);
-  write(TheFrmMain.mnuPlaylist, 330);
-  write(TheFrmMain.mnuSchedule, 340);
-  write(TheFrmMain.mnuSettings, 480);
-  write(TheFrmMain.mnuView, 490);
-  write(TheFrmMain.mnuSchedules, 500);
-  write(TheFrmMain.mnuCurrentDay, 510);
-  write(TheFrmMain.mnuAllDays, 520);
-  write(TheFrmMain.mnuScheduleName, 530);
-  write(TheFrmMain.mnuAbout, 540);
-  write(TheFrmMain.mnuAdresses, 560);
-  write(TheFrmMain.mnuAboutbox, 590);
 }
 
 void MainWindow::WriteHeadings() {

@@ -38,7 +38,6 @@ class MainWindow {
 
  private:
   void Load();
-  void WriteMenuIds();
   void WriteHeadings();
   void ShowViewMenus();
   void LoadCurrentPlaylist();

@@ -1,16 +1,28 @@
 #include "i18n/string_blocks.h"
 
-namespace marlex {
+#include <algorithm>
 
-const std::vector<StringEntry>& StringsOf(const std::string& language) {
-  static const std::vector<StringBlock> blocks = {
+#include "i18n/languages.h"
+
+namespace marlex {
+namespace {
+
 #include "string_blocks.inc"
-  };
-  static const std::vector<StringEntry> none;
-  for (const StringBlock& block : blocks) {
-    if (block.Language == language) return block.Strings;
-  }
-  return none;
+
+static_assert(std::ranges::all_of(kLanguageTable,
+                                  [](const Language& language) {
+                                    return std::ranges::count(kStringBlocks, language.Name,
+                                                              &StringBlock::Language) == 1;
+                                  }),
+              "each language of the table has its file of texts");
+static_assert(std::size(kStringBlocks) == kLanguageTable.size(),
+              "each file of texts has its language in the table");
+
+}  // namespace
+
+std::span<const StringEntry> StringsOf(std::string_view language) {
+  const auto block = std::ranges::find(kStringBlocks, language, &StringBlock::Language);
+  return block == std::end(kStringBlocks) ? std::span<const StringEntry>() : block->Strings;
 }
 
 }  // namespace marlex

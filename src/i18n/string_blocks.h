@@ -1,23 +1,23 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include <span>
+#include <string_view>
 
 namespace marlex {
 
 struct StringEntry {
   int Id;
-  std::string Text;  // UTF-8; blanks at its ends are part of it
+  std::string_view Text;  // UTF-8; blanks at its ends are part of it
 };
 
-/// The texts of one language, ascending by id. They are written in strings/<Language>.txt, a line
-/// each: the id, a blank, the text in quotes.
+/// The texts of one language, ascending by id: constant data, compiled from the lines of
+/// strings/<Language>.txt by compile_strings.cmake.
 struct StringBlock {
-  std::string Language;  // its English name
-  std::vector<StringEntry> Strings;
+  std::string_view Language;  // its English name
+  std::span<const StringEntry> Strings;
 };
 
 /// Block of a language by its English name; of a language that has none, an empty one.
-const std::vector<StringEntry>& StringsOf(const std::string& language);
+std::span<const StringEntry> StringsOf(std::string_view language);
 
 }  // namespace marlex

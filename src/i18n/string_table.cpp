@@ -1,6 +1,6 @@
 #include "i18n/string_table.h"
 
-#include <map>
+#include <algorithm>
 
 #include "i18n/languages.h"
 #include "i18n/string_blocks.h"
@@ -9,32 +9,37 @@
 namespace marlex {
 namespace {
 
-/// All texts of all languages, each at the base of its language plus its id.
-const std::map<int, std::string>& Texts() {
-  static const std::map<int, std::string> texts = [] {
-    std::map<int, std::string> all;
-    for (const Language& language : kLanguageTable) {
-      for (const StringEntry& entry : StringsOf(language.Name))
-        all.emplace(language.LanguageBase + entry.Id, entry.Text);
-    }
-    return all;
-  }();
-  return texts;
+/// The language whose block `number` lies in: the nearest base at or below it.
+const Language& LanguageAt(int number) {
+  const Language* nearest = &kLanguageTable.front();
+  for (const Language& language : kLanguageTable) {
+    if (language.LanguageBase <= number && language.LanguageBase > nearest->LanguageBase)
+      nearest = &language;
+  }
+  return *nearest;
+}
+
+/// Text of a number that counts through all languages: the base of one plus an id.
+std::optional<std::string> TextAt(int number) {
+  const Language& language = LanguageAt(number);
+  const int id = number - language.LanguageBase;
+  const auto texts = StringsOf(language.Name);
+  const auto entry = std::ranges::lower_bound(texts, id, {}, &StringEntry::Id);
+  if (entry == texts.end() || entry->Id != id) return std::nullopt;
+  return std::string(entry->Text);
+}
+
+std::string TextOrFailure(int number, int id) {
+  if (auto text = TextAt(number)) return *text;
+  throw RuntimeFailure("Text " + std::to_string(id) + " is not in the string table");
 }
 
 }  // namespace
 
-std::optional<std::string> StringTable::Find(int id) const {
-  const auto found = Texts().find(LanguageBase + id);
-  if (found == Texts().end()) return std::nullopt;
-  return found->second;
-}
+std::optional<std::string> StringTable::Find(int id) const { return TextAt(LanguageBase + id); }
 
-std::string StringTable::LoadString(int id) const {
-  if (const auto text = Find(id)) return *text;
-  throw RuntimeFailure("Text " + std::to_string(id) + " is not in the string table");
-}
+std::string StringTable::LoadString(int id) const { return TextOrFailure(LanguageBase + id, id); }
 
-std::string StringTable::LoadEnglish(int id) { return Texts().at(id); }
+std::string StringTable::LoadEnglish(int id) { return TextOrFailure(id, id); }
 
 }  // namespace marlex

@@ -37,7 +37,7 @@ enum StringId : int {
   kStrInfo = 52,
   kStrWarning = 58,
   kStrError = 101,
-  kStrMusicPlaylist = 170,
+  kStrBackgroundMusicPlaylist = 170,
   kStrTimeSchedule = 180,
   kStrToday = 181,
   kStrAllDays = 182,

@@ -33,6 +33,13 @@ void TranslateLoosely(VisualControl& control, const StringTable& strings) {
 
 }  // namespace
 
+void WriteMenuIds(Form& form) {
+  for (Control* control : form.Controls) {
+    auto* menu = dynamic_cast<Menu*>(control);
+    if (menu && !menu->TextId.empty()) menu->Caption = menu->TextId;
+  }
+}
+
 void TranslateControls(Form& form, const StringTable& strings) {
   for (Control* control : form.Controls) {
     auto* visual = dynamic_cast<VisualControl*>(control);

@@ -100,10 +100,7 @@ void PlaylistEditor::mnuPlaylist_Click() {
 }
 
 void PlaylistEditor::Load() {
-  Editor.mnuFile.Caption = "270";
-  Editor.mnuOpen.Caption = "881";
-  Editor.mnuSave.Caption = "882";
-  Editor.mnuExit.Caption = "310";
+  WriteMenuIds(Editor);
   TranslateControls(Editor, Strings);
   Editor.Caption = Strings.LoadString(kStrPlaylistEditor);
   Editor.MP3List.SetPattern("*.mp3");

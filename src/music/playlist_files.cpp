@@ -80,7 +80,7 @@ void PlaylistFiles::ReadSongs() {
 void PlaylistFiles::ShowName() {
   Settings& settings = Store.Values;
   const std::string name = TheDirectories.Search(settings.CurrentPlaylistFile);
-  std::string caption = Strings.LoadString(kStrMusicPlaylist) + ": " + name;
+  std::string caption = Strings.LoadString(kStrBackgroundMusicPlaylist) + ": " + name;
   settings.MusicScheduled = !settings.MusicStartTime.empty();
   if (settings.MusicScheduled)
     caption += " " + settings.MusicStartTime + "-" + settings.MusicStopTime;

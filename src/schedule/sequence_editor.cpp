@@ -86,7 +86,7 @@ void SequenceEditor::TellNoDirectory() {
 }
 
 void SequenceEditor::Load() {
-  WriteMenuIds();
+  WriteMenuIds(Window);
   TranslateControls(Window, Strings);
   Window.Caption = Strings.LoadString(kStrScheduleEditor);
   Window.lblDescription.Visible = false;
@@ -95,14 +95,6 @@ void SequenceEditor::Load() {
   Messages.ListAvailable();
   PrepareControls();
   ArrangeZones();
-}
-
-/// Menus have no tag: their captions carry the ids until translation puts the texts in.
-void SequenceEditor::WriteMenuIds() {
-  Window.mnuFile.Caption = "270";
-  Window.mnuOpen.Caption = "341";
-  Window.mnuSave.Caption = "342";
-  Window.mnuExit.Caption = "310";
 }
 
 /// No sequence fires and no music starts or stops by the clock until the editor closes.

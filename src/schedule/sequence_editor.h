@@ -45,7 +45,6 @@ class SequenceEditor {
   void mnuSchedule_Click();
   void TellNoDirectory();
   void Load();
-  void WriteMenuIds();
   void StandStill();
   void PrepareControls();
   void ArrangeZones();

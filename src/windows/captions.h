@@ -11,4 +11,10 @@ inline void Text(VisualControl& control, const char* caption, const char* tag = 
   control.Tag = tag;
 }
 
+/// The same for a menu, which has no tag: the id of its text waits until the load of its form.
+inline void Text(Menu& menu, const char* caption, const char* textId = "") {
+  menu.Caption = caption;
+  menu.TextId = textId;
+}
+
 }  // namespace marlex

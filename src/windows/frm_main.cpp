@@ -35,24 +35,24 @@ void FrmMain::DesignTexts() {
 }
 
 void FrmMain::DesignMenus() {
-  mnuFile.Caption = "File";
-  mnuOpen.Caption = "Open music playlist";
-  mnuSequence.Caption = "Open message schedule(s)";
-  mnuClose.Caption = "Close message schedule(s)";
-  mnuExit.Caption = "Exit";
-  mnuEdit.Caption = "Edit";
-  mnuPlaylist.Caption = "Music playlist";
-  mnuSchedule.Caption = "Message schedule";
-  mnuFKeys.Caption = "Function keys";
-  mnuSettings.Caption = "Settings";
-  mnuView.Caption = "View";
-  mnuSchedules.Caption = "Schedules";
-  mnuCurrentDay.Caption = "Schedule for current day";
-  mnuAllDays.Caption = "All days";
-  mnuScheduleName.Caption = "Schedule name(s)";
-  mnuAbout.Caption = "Help";
-  mnuAdresses.Caption = "Contact";
-  mnuAboutbox.Caption = "About Tolvo Marlex";
+  Text(mnuFile, "File", "270");
+  Text(mnuOpen, "Open music playlist", "280");
+  Text(mnuSequence, "Open message schedule(s)", "290");
+  Text(mnuClose, "Close message schedule(s)", "300");
+  Text(mnuExit, "Exit", "310");
+  Text(mnuEdit, "Edit", "320");
+  Text(mnuPlaylist, "Music playlist", "330");
+  Text(mnuSchedule, "Message schedule", "340");
+  Text(mnuFKeys, "Function keys");
+  Text(mnuSettings, "Settings", "480");
+  Text(mnuView, "View", "490");
+  Text(mnuSchedules, "Schedules", "500");
+  Text(mnuCurrentDay, "Schedule for current day", "510");
+  Text(mnuAllDays, "All days", "520");
+  Text(mnuScheduleName, "Schedule name(s)", "530");
+  Text(mnuAbout, "Help", "540");
+  Text(mnuAdresses, "Contact", "560");
+  Text(mnuAboutbox, "About Tolvo Marlex", "590");
   // Function keys can be stored but not fired; the way to them stays closed in every installation.
   mnuFKeys.Enabled = false;
 }

@@ -14,10 +14,10 @@ FrmPlaylist::FrmPlaylist(const Directories& files)
 }
 
 void FrmPlaylist::DesignMenus() {
-  mnuFile.Caption = "File";
-  mnuOpen.Caption = "Open playlist";
-  mnuSave.Caption = "Save playlist";
-  mnuExit.Caption = "Exit";
+  Text(mnuFile, "File", "270");
+  Text(mnuOpen, "Open playlist", "881");
+  Text(mnuSave, "Save playlist", "882");
+  Text(mnuExit, "Exit", "310");
 }
 
 void FrmPlaylist::DesignSelection() {

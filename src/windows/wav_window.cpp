@@ -55,11 +55,11 @@ void WavWindow::DesignTexts() {
 }
 
 void WavWindow::DesignMenus() {
-  mnuFile.Caption = "File";
-  mnuOpen.Caption = "Open message schedule";
-  mnuSave.Caption = "Save message schedule";
-  mnuExit.Caption = "Exit";
-  mnuKey.Caption = "Function key";
+  Text(mnuFile, "File", "270");
+  Text(mnuOpen, "Open message schedule", "341");
+  Text(mnuSave, "Save message schedule", "342");
+  Text(mnuExit, "Exit", "310");
+  Text(mnuKey, "Function key");
   // The way to the function keys stays closed in every installation.
   mnuKey.Enabled = false;
   for (const auto& key : mnuFKey) key->Caption = "F" + std::to_string(key->Index);

@@ -39,7 +39,7 @@ class Block : public ::testing::TestWithParam<const char*> {
   std::set<int> Different(const char* pattern) const {
     std::set<int> ids;
     const auto english = TextsOf("English");
-    for (const auto& [id, text] : StringsOf(GetParam())) {
+    for (const auto& [id, text] : TextsOf(GetParam())) {
       if (Found(text, pattern) != Found(english.at(id), pattern)) ids.insert(id);
     }
     return ids;

@@ -63,7 +63,8 @@ TEST(EnglishStrings, HaveTheIdsThatAreNoMultiplesOfTenWhereTheTableHasThem) {
 TEST(EnglishStrings, KeepTheBlanksAtTheirEndsAndNoOthersHaveAny) {
   std::string texts;
   for (const auto& [id, text] : StringsOf("English")) {
-    if (text.front() == ' ' || text.back() == ' ') texts += std::to_string(id) + "[" + text + "]\n";
+    if (text.front() == ' ' || text.back() == ' ')
+      texts += std::to_string(id) + "[" + std::string(text) + "]\n";
   }
   EXPECT_EQ(texts,
             "180[ Message time schedule ]\n"
@@ -94,7 +95,7 @@ TEST(StringTable, CodeFindsTheTextsThatItAsksForByName) {
       {kStrInfo, "Info"},
       {kStrWarning, "Warning"},
       {kStrError, "Error"},
-      {kStrMusicPlaylist, "Background music playlist"},
+      {kStrBackgroundMusicPlaylist, "Background music playlist"},
       {kStrTimeSchedule, " Message time schedule "},
       {kStrToday, "today"},
       {kStrAllDays, "all days"},

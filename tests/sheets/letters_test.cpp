@@ -80,9 +80,10 @@ TEST(Letters, TheInstalledFamiliesHaveThoseOfEveryLanguage) {
   EXPECT_EQ(fonts.MissingLetters(kMarks), "");
   EXPECT_NE(fonts.MissingLetters("\u0E01"), "");  // of a language that the program does not have
   for (const Language& language : kLanguageTable) {
-    for (const auto& [id, text] : StringsOf(language.Name)) {
-      EXPECT_EQ(fonts.MissingLetters(text), "") << language.Name << " " << id;
-      EXPECT_EQ(Boxes(QString::fromStdString(text)), 0) << language.Name << " " << id;
+    for (const StringEntry& entry : StringsOf(language.Name)) {
+      const std::string text(entry.Text);
+      EXPECT_EQ(fonts.MissingLetters(text), "") << language.Name << " " << entry.Id;
+      EXPECT_EQ(Boxes(QString::fromStdString(text)), 0) << language.Name << " " << entry.Id;
     }
   }
   EXPECT_GT(Boxes(QString::fromUcs4(U"\U0010FFFD")), 0);
