@@ -28,33 +28,28 @@ class Counted {
 VirtualLoop::~VirtualLoop() { Kill(); }
 
 EventLoop::TimerId VirtualLoop::StartTimer(int intervalMs, std::function<void()> onTimeout) {
-  const int periodMs = std::max(intervalMs, 1);
-  const std::uint64_t order = NextOrder++;
-  Timers.push_back({Now + periodMs, order, periodMs, order,
-                    std::make_shared<const std::function<void()>>(std::move(onTimeout))});
-  return order;
+  const std::chrono::milliseconds interval(std::max(intervalMs, 1));
+  return Queue.StartTimer(Now(), interval, std::move(onTimeout));
 }
 
-void VirtualLoop::StopTimer(TimerId timer) {
-  std::erase_if(Timers, [timer](const Timer& running) { return running.Id == timer; });
-}
+void VirtualLoop::StopTimer(TimerId timer) { Queue.StopTimer(timer); }
 
 void VirtualLoop::Post(std::function<void()> event) { Schedule(0, std::move(event)); }
 
 void VirtualLoop::Schedule(std::int64_t delayMs, std::function<void()> event) {
-  ScheduleAt(Now + delayMs, std::move(event));
+  ScheduleAt(Ms + delayMs, std::move(event));
 }
 
 void VirtualLoop::ScheduleAt(std::int64_t dueMs, std::function<void()> event) {
-  Queue.push_back({std::max(dueMs, Now), NextOrder++, std::move(event)});
-  std::push_heap(Queue.begin(), Queue.end(), ComesLater);
+  Queue.Add(std::chrono::milliseconds(std::max(dueMs, Ms)), std::move(event));
 }
 
 void VirtualLoop::Pump() {
   if (Ending || Gone) return RefuseToRunOn();
-  const std::uint64_t newcomers = NextOrder;
-  while (const std::optional<Next> next = FindNext()) {
-    if (next->DueMs > Now || next->Order >= newcomers) return;
+  const EventQueue::Time now = Now();
+  const std::uint64_t newcomers = Queue.Newcomers();
+  while (const auto next = Queue.FindNext()) {
+    if (next->Due > now || next->Order >= newcomers) return;
     DeliverNext(*next);
   }
 }
@@ -71,11 +66,11 @@ void VirtualLoop::RunFor(std::int64_t ms) {
 
 bool VirtualLoop::RunUntil(const std::function<bool()>& condition, std::int64_t limitMs) {
   if (OnSystemThread()) throw std::logic_error("the system cannot advance its own clock");
-  DeadlineMs = Now + limitMs;
+  DeadlineMs = Ms + limitMs;
   StopWhen = &condition;
   if (!Gone) HandOver();
   const bool holds = condition();
-  if (!holds) Now = std::max(Now, DeadlineMs);
+  if (!holds) Ms = std::max(Ms, DeadlineMs);
   return holds;
 }
 
@@ -89,7 +84,7 @@ void VirtualLoop::End() {
   Ending = true;
   if (!OnSystemThread()) {
     Gone = true;
-    Discard();
+    Queue.Clear();
   }
   throw LoopGone{};
 }
@@ -99,7 +94,7 @@ void VirtualLoop::Kill() {
   Ending = true;
   if (System.joinable()) HandOver();
   Gone = true;
-  Discard();
+  Queue.Clear();
 }
 
 void VirtualLoop::Restart() {
@@ -109,52 +104,15 @@ void VirtualLoop::Restart() {
   Failure = nullptr;
 }
 
-bool VirtualLoop::ComesLater(const Queued& left, const Queued& right) {
-  return std::pair(left.DueMs, left.Order) > std::pair(right.DueMs, right.Order);
-}
-
-std::optional<VirtualLoop::Next> VirtualLoop::FindNext() const {
-  std::optional<Next> next;
-  if (!Queue.empty()) next = Next{Queue.front().DueMs, Queue.front().Order, kFromQueue};
-  for (std::size_t i = 0; i < Timers.size(); ++i) {
-    const Timer& timer = Timers[i];
-    const bool earlier = !next || timer.DueMs < next->DueMs ||
-                         (timer.DueMs == next->DueMs && timer.Order < next->Order);
-    if (earlier) next = Next{timer.DueMs, timer.Order, i};
-  }
-  return next;
-}
-
-void VirtualLoop::DeliverNext(const Next& next) {
-  MoveClock(next.DueMs);
-  if (next.Timer == kFromQueue) {
-    DeliverQueued();
-  } else {
-    DeliverTimer(Timers[next.Timer]);
-  }
+void VirtualLoop::DeliverNext(const EventQueue::Next& next) {
+  MoveClock(std::chrono::ceil<std::chrono::milliseconds>(next.Due).count());
+  Deliver(*Queue.Take(next, Now()));
   if (AfterEvent) AfterEvent();
 }
 
-void VirtualLoop::DeliverTimer(Timer& timer) {
-  const auto onTimeout = timer.OnTimeout;
-  timer.DueMs += timer.IntervalMs;
-  if (timer.DueMs <= Now) {
-    timer.DueMs += ((Now - timer.DueMs) / timer.IntervalMs + 1) * timer.IntervalMs;
-  }
-  timer.Order = NextOrder++;
-  Deliver(*onTimeout);
-}
-
-void VirtualLoop::DeliverQueued() {
-  std::pop_heap(Queue.begin(), Queue.end(), ComesLater);
-  const std::function<void()> event = std::move(Queue.back().Event);
-  Queue.pop_back();
-  Deliver(event);
-}
-
 void VirtualLoop::MoveClock(std::int64_t dueMs) {
-  if (dueMs > Now) {
-    Now = dueMs;
+  if (dueMs > Ms) {
+    Ms = dueMs;
     EventsThisInstant = 0;
   }
   if (++EventsThisInstant > kMostEventsOfAnInstant) {
@@ -162,12 +120,13 @@ void VirtualLoop::MoveClock(std::int64_t dueMs) {
   }
 }
 
-VirtualLoop::Next VirtualLoop::WaitForEvent() {
+EventQueue::Next VirtualLoop::WaitForEvent() {
   const bool limited = OnSystemThread();
+  const auto deadline = [this] { return std::chrono::milliseconds(DeadlineMs); };
   while (true) {
-    const std::optional<Next> next = FindNext();
+    const auto next = Queue.FindNext();
     if (limited) {
-      if (next && next->DueMs <= DeadlineMs && !StopRequested()) return *next;
+      if (next && next->Due <= deadline() && !StopRequested()) return *next;
       Park();
     } else {
       if (next) return *next;
@@ -196,7 +155,7 @@ void VirtualLoop::HandOver() {
 }
 
 void VirtualLoop::Park() {
-  if (!StopRequested()) Now = std::max(Now, DeadlineMs);
+  if (!StopRequested()) Ms = std::max(Ms, DeadlineMs);
   std::unique_lock<std::mutex> lock(Hand);
   Turn = Side::Test;
   TurnChanged.notify_all();
@@ -216,17 +175,12 @@ void VirtualLoop::Live() {
   } catch (...) {
     Failure = std::current_exception();
   }
-  Discard();
+  Queue.Clear();
   Ending = true;
   Gone = true;
   const std::lock_guard<std::mutex> lock(Hand);
   Turn = Side::Test;
   TurnChanged.notify_all();
-}
-
-void VirtualLoop::Discard() {
-  Timers.clear();
-  Queue.clear();
 }
 
 }  // namespace marlex

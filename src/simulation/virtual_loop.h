@@ -1,17 +1,15 @@
 #pragma once
 
 #include <condition_variable>
-#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <functional>
-#include <memory>
 #include <mutex>
 #include <optional>
 #include <thread>
-#include <vector>
 
 #include "platform/event_loop.h"
+#include "platform/event_queue.h"
 
 namespace marlex {
 
@@ -46,7 +44,7 @@ class VirtualLoop : public EventLoop {
   void PumpUntil(const std::function<bool()>& done) override;
 
   /// Virtual milliseconds since the loop was made. It never goes back, not even by `Restart`.
-  std::int64_t NowMs() const { return Now; }
+  std::int64_t NowMs() const { return Ms; }
 
   /// Queues one event `delayMs` from now (at least 0), or at a virtual time that is not past:
   /// clicks, bytes, faults.
@@ -67,7 +65,7 @@ class VirtualLoop : public EventLoop {
   void Do(std::function<void()> action);
 
   /// Lets the time pass without delivering anything, as a blocked machine or one asleep does.
-  void Block(std::int64_t ms) { Now += ms; }
+  void Block(std::int64_t ms) { Ms += ms; }
 
   /// Ends the process from inside the system: unwinds its stack, and nothing of it runs any more.
   [[noreturn]] void End();
@@ -90,34 +88,12 @@ class VirtualLoop : public EventLoop {
   std::function<void()> AfterEvent;
 
  private:
-  struct Timer {
-    std::int64_t DueMs;
-    std::uint64_t Order;
-    int IntervalMs;
-    TimerId Id;
-    std::shared_ptr<const std::function<void()>> OnTimeout;  // outlives a stop inside itself
-  };
-  struct Queued {
-    std::int64_t DueMs;
-    std::uint64_t Order;
-    std::function<void()> Event;
-  };
-  struct Next {
-    std::int64_t DueMs;
-    std::uint64_t Order;
-    std::size_t Timer;  // index in Timers, or kFromQueue
-  };
   enum class Side { Test, System };
 
-  static constexpr std::size_t kFromQueue = static_cast<std::size_t>(-1);
-
-  static bool ComesLater(const Queued& left, const Queued& right);
-  std::optional<Next> FindNext() const;
-  void DeliverNext(const Next& next);
-  void DeliverTimer(Timer& timer);
-  void DeliverQueued();
+  EventQueue::Time Now() const { return std::chrono::milliseconds(Ms); }
+  void DeliverNext(const EventQueue::Next& next);
   void MoveClock(std::int64_t dueMs);
-  Next WaitForEvent();
+  EventQueue::Next WaitForEvent();
   void RefuseToRunOn();
 
   bool OnSystemThread() const { return std::this_thread::get_id() == System.get_id(); }
@@ -125,15 +101,12 @@ class VirtualLoop : public EventLoop {
   void HandOver();
   void Park();
   void Live();
-  void Discard();
 
-  std::int64_t Now = 0;
+  EventQueue Queue;
+  std::int64_t Ms = 0;          // virtual now
   std::int64_t DeadlineMs = 0;  // of the test's present call
-  std::uint64_t NextOrder = 1;  // serves as id of timers also
   int WaitCount = 0;
   std::uint64_t EventsThisInstant = 0;  // a guard against a clock that stands still for ever
-  std::vector<Timer> Timers;            // few, so a search through all of them is the fastest queue
-  std::vector<Queued> Queue;            // heap, the next one first
   const std::function<bool()>* StopWhen = nullptr;
 
   std::thread System;

@@ -7,19 +7,20 @@
 #include <QTimerEvent>
 #include <algorithm>
 #include <chrono>
-#include <deque>
 #include <mutex>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include "platform/event_queue.h"
+
 namespace marlex {
 
 namespace {
 
-using SteadyClock = std::chrono::steady_clock;
-using TimePoint = SteadyClock::time_point;
 using std::chrono::milliseconds;
+
+EventQueue::Time Now() { return std::chrono::steady_clock::now().time_since_epoch(); }
 
 bool Holds(const std::function<bool()>& condition) {
   try {
@@ -32,8 +33,8 @@ bool Holds(const std::function<bool()>& condition) {
 
 }  // namespace
 
-/// Queue and timers. One timer of Qt stands for all of them: it is started anew, under a new id,
-/// before each delivery, because Qt does not fire a timer again while its own event is still being
+/// The queue under a timer of Qt, which is set to the next event. It starts again, under a new id,
+/// before each delivery, because Qt does not fire a timer while its own event is still being
 /// handled further down the stack.
 class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Core> {
  public:
@@ -53,25 +54,23 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
 
   TimerId StartTimer(int intervalMs, std::function<void()> onTimeout) {
     const milliseconds interval(std::max(intervalMs, 1));
-    const TimerId id = TakeOrder();
-    Timers.push_back({SteadyClock::now() + interval, id, interval, id,
-                      std::make_shared<const std::function<void()>>(std::move(onTimeout))});
+    const TimerId id = Queue.StartTimer(Now(), interval, std::move(onTimeout));
     Arm();
     return id;
   }
 
   void StopTimer(TimerId timer) {
-    std::erase_if(Timers, [timer](const Timer& running) { return running.Id == timer; });
+    Queue.StopTimer(timer);
     Arm();
   }
 
   void Post(std::function<void()> event) {
     {
-      const std::lock_guard<std::mutex> lock(QueueLock);
-      Queue.push_back({SteadyClock::now(), NextOrder++, std::move(event)});
+      const std::lock_guard<std::mutex> lock(InboxLock);
+      Inbox.push_back({Now(), std::move(event)});
     }
     if (QThread::currentThread() == thread()) {
-      Arm();
+      EmptyInbox();
     } else {
       QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     }
@@ -97,7 +96,7 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
   /// Another thread has posted something.
   bool event(QEvent* event) override {
     if (event->type() != QEvent::User) return QObject::event(event);
-    Arm();
+    EmptyInbox();
     return true;
   }
 
@@ -109,17 +108,8 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
   }
 
  private:
-  using Callback = std::shared_ptr<const std::function<void()>>;
-  struct Timer {
-    TimePoint Due;
-    std::uint64_t Order;
-    milliseconds Interval;
-    TimerId Id;
-    Callback OnTimeout;  // outlives a stop inside itself
-  };
-  struct Queued {
-    TimePoint Due;
-    std::uint64_t Order;
+  struct Posted {
+    EventQueue::Time At;
     std::function<void()> Event;
   };
   struct Wait {
@@ -156,66 +146,37 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
   /// Delivers what is due now, but nothing that is queued meanwhile, so that events which feed each
   /// other leave the windows their turn.
   void Serve() {
-    const std::uint64_t newcomers = TakeOrder();
+    EmptyInbox();
+    const EventQueue::Time begun = Now();
+    const std::uint64_t newcomers = Queue.Newcomers();
     while (Owner && !WaitIsOver()) {
-      const Callback event = TakeNext(newcomers);
-      if (!event) break;
+      const auto next = Queue.FindNext();
+      if (!next || next->Due > begun || next->Order >= newcomers) break;
+      const EventQueue::Event event = Queue.Take(*next, Now());
       Arm();
       Owner->Deliver(*event);
     }
     Arm();
   }
 
-  Callback TakeNext(std::uint64_t newcomers) {
-    const TimePoint now = SteadyClock::now();
-    const auto timer = std::min_element(Timers.begin(), Timers.end(), ComesEarlier<Timer, Timer>);
-    const bool timerIsDue = timer != Timers.end() && timer->Due <= now && timer->Order < newcomers;
-    const std::lock_guard<std::mutex> lock(QueueLock);
-    const bool eventIsDue = !Queue.empty() && Queue.front().Order < newcomers;
-    if (eventIsDue && !(timerIsDue && ComesEarlier(*timer, Queue.front()))) return TakeQueued();
-    if (!timerIsDue) return nullptr;
-    StartNextPeriod(*timer, now);
-    return timer->OnTimeout;
-  }
-
-  Callback TakeQueued() {
-    auto event = std::make_shared<const std::function<void()>>(std::move(Queue.front().Event));
-    Queue.pop_front();
-    return event;
-  }
-
-  /// Keeps the cadence: the next due time counts from the last one, and periods that are past
-  /// already are dropped.
-  void StartNextPeriod(Timer& timer, TimePoint now) {
-    timer.Due += timer.Interval;
-    if (timer.Due <= now) timer.Due += ((now - timer.Due) / timer.Interval + 1) * timer.Interval;
-    timer.Order = NextOrder++;
-  }
-
-  template <class Left, class Right>
-  static bool ComesEarlier(const Left& left, const Right& right) {
-    return std::pair(left.Due, left.Order) < std::pair(right.Due, right.Order);
-  }
-
-  std::uint64_t TakeOrder() {
-    const std::lock_guard<std::mutex> lock(QueueLock);
-    return NextOrder++;
-  }
-
-  std::optional<TimePoint> NextDue() {
-    std::optional<TimePoint> due;
-    for (const Timer& timer : Timers) due = due ? std::min(*due, timer.Due) : timer.Due;
-    const std::lock_guard<std::mutex> lock(QueueLock);
-    if (!Queue.empty()) due = due ? std::min(*due, Queue.front().Due) : Queue.front().Due;
-    return due;
+  /// Queues what was posted, each event at the time at which it was.
+  void EmptyInbox() {
+    std::vector<Posted> posted;
+    {
+      const std::lock_guard<std::mutex> lock(InboxLock);
+      posted.swap(Inbox);
+    }
+    for (Posted& one : posted) Queue.Add(one.At, std::move(one.Event));
+    Arm();
   }
 
   void Arm() {
-    const std::optional<TimePoint> due = Owner ? NextDue() : std::nullopt;
+    const auto next = Owner ? Queue.FindNext() : std::nullopt;
+    const auto due = next ? std::optional(next->Due) : std::nullopt;
     if (due == ArmedFor) return;
     Disarm();
     if (!due) return;
-    const auto left = std::chrono::ceil<milliseconds>(*due - SteadyClock::now());
+    const auto left = std::chrono::ceil<milliseconds>(*due - Now());
     QtTimer = startTimer(std::max(left, milliseconds(0)), Qt::PreciseTimer);
     ArmedFor = due;
   }
@@ -227,14 +188,13 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
   }
 
   EventLoop* Owner;
-  std::vector<Timer> Timers;  // few, so a search through all of them is the fastest queue
-  std::vector<Wait> Waits;    // the innermost last
-  int QtTimer = 0;            // id of the running timer of Qt; 0 when none runs
-  std::optional<TimePoint> ArmedFor;
+  EventQueue Queue;
+  std::vector<Wait> Waits;  // the innermost last
+  int QtTimer = 0;          // id of the running timer of Qt; 0 when none runs
+  std::optional<EventQueue::Time> ArmedFor;
 
-  std::mutex QueueLock;  // guards what stands below it
-  std::deque<Queued> Queue;
-  std::uint64_t NextOrder = 1;  // serves as id of timers also
+  std::mutex InboxLock;  // guards the inbox
+  std::vector<Posted> Inbox;
 };
 
 QtEventLoop::QtEventLoop() : Inner(std::make_shared<Core>(*this)) {}
