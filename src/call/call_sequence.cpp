@@ -5,16 +5,14 @@
 namespace marlex {
 
 CallSequence::CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
-                           FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
-                           ZoneRouting& routing, Fades& fades, MusicPlayer& music,
-                           const StringTable& strings)
+                           FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
+                           Fades& fades, MusicPlayer& music, const StringTable& strings)
     : TheFlags(flags),
       Store(store),
       Loop(loop),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
-      Mixer(mixer),
+      Lines(lines),
       Routing(routing),
       TheFades(fades),
       Music(music),
@@ -63,7 +61,7 @@ void CallSequence::EndCall() {
   const bool isUntouched = stage == CallStage::Beginning && MusicState() == kPlaying;
   if (!isUntouched) RestoreMusic();
   if (!IsLast(call)) return;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  Lines.OpenWave();
   DarkenLamps();  // where something on top has held the press in its fade, they flash still
   TheFlags.CallActive = false;
   TheFrmPlayers.tmrMessage.Enabled = true;
@@ -138,8 +136,8 @@ void CallSequence::OpenMicrophone() {
   TheFrmPlayers.tmrFlash.Enabled = false;
   PaintLamps(kGreen);
   SetCaptions(kStrSpeak);
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
-  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kOpen;
+  Lines.MuteWave();
+  Lines.OpenMicrophone();
 }
 
 /// A release has ended the call before the microphone opened. What it has left in the flags goes
@@ -211,11 +209,11 @@ void CallSequence::RestoreMusic() {
   const bool resumed = MusicState() != kStopped;
   if (resumed) Music.PlaySong();
   if (resumed && Store.Values.FadeTime > 0) {
-    TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
-    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = FrmMxr::kSilent;
+    Lines.OpenWave();
+    Lines.SetWave(FrmMxr::kSilent);
     TheFades.FadeUp();
   } else {
-    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MusicVolume;
+    Lines.SetWave(Store.Values.MusicVolume);
   }
 }
 
@@ -228,9 +226,9 @@ void CallSequence::PlayChime(int call, const std::string& chime) {
   player.Command("Open");
   TheFlags.WavFinished = false;
   player.Command("Play");
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MessageVolume;
-  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  Lines.SetWave(Store.Values.MessageVolume);
+  Lines.OpenMaster();
+  Lines.OpenWave();
   CloseMicrophone();
   Loop.Pump();
   Loop.PumpUntil([this] {
@@ -240,13 +238,11 @@ void CallSequence::PlayChime(int call, const std::string& chime) {
   if (TheFlags.CallEndedDuringChime) {
     DarkenLamps();
   } else if (TheFlags.CallActive) {
-    TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
+    Lines.MuteWave();
   }
 }
 
-void CallSequence::CloseMicrophone() {
-  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
-}
+void CallSequence::CloseMicrophone() { Lines.CloseMicrophone(); }
 
 void CallSequence::DarkenLamps() {
   TheFrmPlayers.tmrFlash.Enabled = false;

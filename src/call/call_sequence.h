@@ -5,14 +5,13 @@
 
 #include "i18n/string_table.h"
 #include "link/zone_routing.h"
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "music/fades.h"
 #include "music/music_player.h"
 #include "platform/event_loop.h"
 #include "state/flags.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
-#include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 
 namespace marlex {
@@ -37,8 +36,8 @@ enum class CallStage { Beginning, Fading, Chiming, Speaking, Ending };
 class CallSequence {
  public:
   CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
-               FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer, ZoneRouting& routing,
-               Fades& fades, MusicPlayer& music, const StringTable& strings);
+               FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing, Fades& fades,
+               MusicPlayer& music, const StringTable& strings);
 
   /// A preview that plays ends; wired at composition.
   std::function<void()> CutPreviewOff;
@@ -88,8 +87,7 @@ class CallSequence {
   EventLoop& Loop;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
   ZoneRouting& Routing;
   Fades& TheFades;
   MusicPlayer& Music;

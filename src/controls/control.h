@@ -86,15 +86,17 @@ class Property : public PropertyBase {
   }
   Property& operator=(const Property& other) { return *this = other.Get(); }
 
-  /// Takes over a value that the world has already: nothing is raised.
-  void Adopt(const T& value) { Value = value; }
+  /// Lets the next setting raise the event even where it sets the value that stands here.
+  void Forget() { Known = false; }
+  bool Forgotten() const { return !Known; }
 
   void KeepDesign() override { Design = Value; }
   void ResetToDesign() override { Value = Design; }
 
  protected:
   void Set(const T& value) {
-    if (value == Value) return;
+    if (Known && value == Value) return;
+    Known = true;
     Value = value;
     Owner.Changed();
     if (Event && *Event) (*Event)();
@@ -103,6 +105,7 @@ class Property : public PropertyBase {
  private:
   T Value;
   T Design;
+  bool Known = true;
   std::function<void()>* Event;
 };
 

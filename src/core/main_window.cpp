@@ -6,7 +6,7 @@
 namespace marlex {
 
 MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
-                       FrmMxr& frmMxr, MixerAccess& mixer, const StringTable& strings,
+                       FrmMxr& frmMxr, SoundLines& lines, const StringTable& strings,
                        ScheduleColumns& columns, PlaylistFiles& playlist, SequenceFiles& sequences,
                        ZoneRouting& routing, Notices& notices)
     : ThePc(pc),
@@ -15,7 +15,7 @@ MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayer
       TheFrmAbout(windows.frmAbout),
       TheFrmPlayers(frmPlayers),
       TheFrmMxr(frmMxr),
-      Mixer(mixer),
+      Lines(lines),
       Strings(strings),
       Columns(columns),
       Playlist(playlist),
@@ -104,7 +104,7 @@ void MainWindow::ArrangeWithoutRouter() {
   TheFrmMain.frCall.Visible = true;
   TheFrmMain.frCall.Width = 6855;
   TheFrmMain.frRouting.Visible = false;
-  if (Mixer.MicLine != 0) {
+  if (Lines.HasMicrophone()) {
     TheFrmMain.lblConflict.Top = 4005;
     return;
   }
@@ -136,7 +136,7 @@ void MainWindow::LoadRouting() {
 
 void MainWindow::ArrangeCallControls() {
   TheFrmMain.lblMusic.Top = 840;
-  if (Mixer.MicLine != 0) return;
+  if (Lines.HasMicrophone()) return;
   for (VisualControl* control : {static_cast<VisualControl*>(&TheFrmMain.frCall),
                                  static_cast<VisualControl*>(&TheFrmMain.lblCall),
                                  static_cast<VisualControl*>(&TheFrmMain.cmdCall),

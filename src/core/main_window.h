@@ -2,7 +2,7 @@
 
 #include "i18n/string_table.h"
 #include "link/zone_routing.h"
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "music/playlist_files.h"
 #include "platform/pc.h"
 #include "schedule/schedule_columns.h"
@@ -18,7 +18,7 @@ namespace marlex {
 class MainWindow {
  public:
   MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
-             MixerAccess& mixer, const StringTable& strings, ScheduleColumns& columns,
+             SoundLines& lines, const StringTable& strings, ScheduleColumns& columns,
              PlaylistFiles& playlist, SequenceFiles& sequences, ZoneRouting& routing,
              Notices& notices);
 
@@ -53,7 +53,7 @@ class MainWindow {
   FrmAbout& TheFrmAbout;
   FrmPlayers& TheFrmPlayers;
   FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
   const StringTable& Strings;
   ScheduleColumns& Columns;
   PlaylistFiles& Playlist;

@@ -22,9 +22,9 @@ void Show(Slider& slider, int level) {
 }  // namespace
 
 SettingsDialog::SettingsDialog(Flags& flags, SettingsStore& store, Process& process,
-                               Windows& windows, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
-                               MixerAccess& mixer, const StringTable& strings, Notices& notices,
-                               ScheduleTable& table, MainWindow& mainWindow)
+                               Windows& windows, FrmPlayers& frmPlayers, SoundLines& lines,
+                               const StringTable& strings, Notices& notices, ScheduleTable& table,
+                               MainWindow& mainWindow)
     : TheFlags(flags),
       Store(store),
       Values(store.Values),
@@ -32,8 +32,7 @@ SettingsDialog::SettingsDialog(Flags& flags, SettingsStore& store, Process& proc
       Dialog(windows.frmSettings),
       TheFrmMain(windows.frmMain),
       TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
-      Mixer(mixer),
+      Lines(lines),
       Strings(strings),
       TheNotices(notices),
       Table(table),
@@ -79,7 +78,7 @@ void SettingsDialog::Load() {
 }
 
 void SettingsDialog::ShowMicrophone() {
-  const bool microphone = Mixer.MicLine != 0;
+  const bool microphone = Lines.HasMicrophone();
   Dialog.frChimes.Visible = microphone;
   Dialog.frSound.Visible = !microphone;
   Dialog.frMicroVolume.Enabled = microphone;
@@ -129,10 +128,10 @@ void SettingsDialog::ReadZoneNames() {
 
 /// Each slider acts and writes here as if it were moved by hand.
 void SettingsDialog::ReadVolumes() {
-  CopyRange(TheFrmMxr.SldrVol[0], Dialog.slMasterVolume);
-  CopyRange(TheFrmMxr.SldrVol[Mixer.WaveLine], Dialog.slMusicVolume);
-  CopyRange(TheFrmMxr.SldrVol[Mixer.WaveLine], Dialog.slMessageVolume);
-  CopyRange(TheFrmMxr.SldrVol[Mixer.MicLine], Dialog.slMicroVolume);
+  CopyRange(Lines.MasterSlider(), Dialog.slMasterVolume);
+  CopyRange(Lines.WaveSlider(), Dialog.slMusicVolume);
+  CopyRange(Lines.WaveSlider(), Dialog.slMessageVolume);
+  CopyRange(Lines.MicrophoneSlider(), Dialog.slMicroVolume);
   Show(Dialog.slMasterVolume, Values.MasterVolume);
   Show(Dialog.slMusicVolume, Values.MusicVolume);
   Show(Dialog.slMicroVolume, Values.MicroVolume);
@@ -171,25 +170,25 @@ void SettingsDialog::CheckChime(const CheckBox& check, CommandButton& select, La
 }
 
 void SettingsDialog::ChangeMasterVolume() {
-  TheFrmMxr.SldrVol[0].Value = Dialog.slMasterVolume.Value;
+  Lines.SetMaster(Dialog.slMasterVolume.Value);
   ChangeVolume(Dialog.slMasterVolume, Values.MasterVolume, "Master volume");
 }
 
 void SettingsDialog::ChangeMusicVolume() {
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Dialog.slMusicVolume.Value;
+  Lines.SetWave(Dialog.slMusicVolume.Value);
   ChangeVolume(Dialog.slMusicVolume, Values.MusicVolume, "Music volume");
 }
 
 /// Line 0 is no microphone but the master, which has a slider of its own.
 void SettingsDialog::ChangeMicroVolume() {
-  if (Mixer.MicLine != 0) TheFrmMxr.SldrVol[Mixer.MicLine].Value = Dialog.slMicroVolume.Value;
+  Lines.SetMicrophone(Dialog.slMicroVolume.Value);
   ChangeVolume(Dialog.slMicroVolume, Values.MicroVolume, "Micro volume");
 }
 
 /// Music and messages share a line, so that it is left alone until a message plays on it.
 void SettingsDialog::ChangeMessageVolume() {
   if (TheFlags.MessagePlaying) {
-    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Dialog.slMessageVolume.Value;
+    Lines.SetWave(Dialog.slMessageVolume.Value);
   }
   ChangeVolume(Dialog.slMessageVolume, Values.MessageVolume, "Message volume");
 }

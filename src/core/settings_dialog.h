@@ -5,7 +5,7 @@
 
 #include "core/main_window.h"
 #include "i18n/string_table.h"
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "platform/process.h"
 #include "schedule/schedule_table.h"
 #include "state/flags.h"
@@ -20,9 +20,8 @@ namespace marlex {
 class SettingsDialog {
  public:
   SettingsDialog(Flags& flags, SettingsStore& store, Process& process, Windows& windows,
-                 FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
-                 const StringTable& strings, Notices& notices, ScheduleTable& table,
-                 MainWindow& mainWindow);
+                 FrmPlayers& frmPlayers, SoundLines& lines, const StringTable& strings,
+                 Notices& notices, ScheduleTable& table, MainWindow& mainWindow);
 
   /// Gives back what the amplifier has taken; wired at composition.
   std::function<void()> ForgetAmplifier;
@@ -71,8 +70,7 @@ class SettingsDialog {
   FrmSettings& Dialog;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
   const StringTable& Strings;
   Notices& TheNotices;
   ScheduleTable& Table;

@@ -8,7 +8,7 @@
 namespace marlex {
 
 SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, Windows& windows,
-                               FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
+                               FrmPlayers& frmPlayers, MixerAccess& mixer, SoundLines& lines,
                                const StringTable& strings, Notices& notices)
     : TheFlags(flags),
       Store(store),
@@ -16,8 +16,8 @@ SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, Windows& wind
       TheFrmMain(windows.frmMain),
       TheFrmSettings(windows.frmSettings),
       TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
       Mixer(mixer),
+      Lines(lines),
       Strings(strings),
       TheNotices(notices) {}
 
@@ -43,13 +43,12 @@ void SettingsLoader::LoadVolumeSettings() {
   ReadVolumes();
   // The test is for "Slow" here: an absent key is a fast fade.
   Values.FadeTime = Store.Read("Volume", "Fade time") == "Slow" ? kSlowFadeTimeMs : kFastFadeTimeMs;
-  TheFrmMxr.SldrVol[0].Value = Values.MasterVolume;
-  TheFrmMxr.ChkMute[0].Value = FrmMxr::kMuted;
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Values.MusicVolume;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
-  if (Mixer.MicLine == 0) return;
-  TheFrmMxr.SldrVol[Mixer.MicLine].Value = Values.MicroVolume;
-  TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+  Lines.SetMaster(Values.MasterVolume);
+  Lines.MuteMaster();
+  Lines.SetWave(Values.MusicVolume);
+  Lines.MuteWave();
+  Lines.SetMicrophone(Values.MicroVolume);
+  Lines.CloseMicrophone();
 }
 
 void SettingsLoader::ReadVolumes() {

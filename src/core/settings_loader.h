@@ -3,11 +3,10 @@
 #include <string>
 
 #include "i18n/string_table.h"
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "state/flags.h"
 #include "state/notices.h"
 #include "state/settings_store.h"
-#include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 #include "windows/windows.h"
 
@@ -17,7 +16,8 @@ namespace marlex {
 class SettingsLoader {
  public:
   SettingsLoader(Flags& flags, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
-                 FrmMxr& frmMxr, MixerAccess& mixer, const StringTable& strings, Notices& notices);
+                 MixerAccess& mixer, SoundLines& lines, const StringTable& strings,
+                 Notices& notices);
 
   /// Starts the engine and the mixer, reads all settings and shows the main window; on a first run,
   /// when there is no music directory, the settings dialog, whose OK shows it afterwards.
@@ -39,8 +39,8 @@ class SettingsLoader {
   FrmMain& TheFrmMain;
   FrmSettings& TheFrmSettings;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
   MixerAccess& Mixer;
+  SoundLines& Lines;
   const StringTable& Strings;
   Notices& TheNotices;
 };

@@ -13,6 +13,7 @@
 #include "link/zone_routing.h"
 #include "mixer/mixer_access.h"
 #include "mixer/mixer_window.h"
+#include "mixer/sound_lines.h"
 #include "music/fades.h"
 #include "music/music_player.h"
 #include "music/music_schedule.h"
@@ -60,6 +61,7 @@ class System {
   FrmMxr TheFrmMxr;
   MixerAccess Mixer;
   MixerWindow TheMixerWindow;
+  SoundLines Lines;
   ZoneRouting Routing;
   SerialLink Link;
   Fades TheFades;

@@ -10,14 +10,13 @@ constexpr int kHighPriority = 128;
 }  // namespace
 
 SerialLink::SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
-                       FrmMxr& frmMxr, MixerAccess& mixer, ZoneRouting& routing,
-                       const StringTable& strings, Notices& notices)
+                       SoundLines& lines, ZoneRouting& routing, const StringTable& strings,
+                       Notices& notices)
     : TheFlags(flags),
       Store(store),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
-      Mixer(mixer),
+      Lines(lines),
       Routing(routing),
       Strings(strings) {
   frmPlayers.tmrIODelay.OnTimer = [this] { SendRoutingByte(); };
@@ -70,8 +69,8 @@ void SerialLink::TakeOver() {
 }
 
 void SerialLink::ProcessPriority() {
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MusicVolume;
-  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+  Lines.SetWave(Store.Values.MusicVolume);
+  Lines.CloseMicrophone();
   TheFrmMain.cmdCall.Caption = Strings.LoadString(kStrCall);
   TheFrmPlayers.lstMsgSequence.Clear();
   // In other languages than English this text is no command of the player, and the file runs on
@@ -81,7 +80,7 @@ void SerialLink::ProcessPriority() {
   TheFlags.CallActive = false;
   TheFrmPlayers.tmrFlash.Enabled = false;
   TheFrmPlayers.tmrFadeTime.Enabled = false;
-  TheFrmMxr.ChkMute[0].Value = FrmMxr::kMuted;
+  Lines.MuteMaster();
   Routing.ApplyMusicRouting();
   TheFrmMain.cmdCall.Enabled = false;
   TheFrmPlayers.tmrDwellTimer.Enabled = false;
@@ -105,10 +104,10 @@ void SerialLink::EndPriority() {
   TheFrmMain.lblBusy[0].BackColor = kButtonFace;
   TheFrmMain.lblBusy[1].BackColor = kButtonFace;
   TheFrmMain.cmdCall.Enabled = true;
-  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
+  Lines.OpenMaster();
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     PlaySong();
-    TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+    Lines.OpenWave();
   }
   TheFlags.PriorityPreempted = false;
 }
@@ -117,7 +116,7 @@ void SerialLink::ReturnMusicZones() {
   TheFrmPlayers.tmrDwellTimer.Enabled = false;
   if (!Store.Values.RouterPresent || TheFrmPlayers.MP3Player.PlayState() != kPlaying) return;
   TheFrmPlayers.tmrIODelay.Enabled = true;
-  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
+  Lines.OpenMaster();
 }
 
 void SerialLink::SetTransportKeyHeight(int height) {

@@ -5,12 +5,11 @@
 
 #include "i18n/string_table.h"
 #include "link/zone_routing.h"
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "state/flags.h"
 #include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
-#include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 
 namespace marlex {
@@ -21,8 +20,7 @@ namespace marlex {
 class SerialLink {
  public:
   SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
-             FrmMxr& frmMxr, MixerAccess& mixer, ZoneRouting& routing, const StringTable& strings,
-             Notices& notices);
+             SoundLines& lines, ZoneRouting& routing, const StringTable& strings, Notices& notices);
 
   /// Resumes the music; wired at composition.
   std::function<void()> PlaySong;
@@ -48,8 +46,7 @@ class SerialLink {
   SettingsStore& Store;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
   ZoneRouting& Routing;
   const StringTable& Strings;
 };

@@ -11,7 +11,6 @@ namespace {
 constexpr std::uint32_t kFullLevel = 65535;
 constexpr std::uint32_t kMostSources = 10;
 constexpr std::uint32_t kDevice = 0;
-constexpr int kNotSetYet = -1;  // of a slider or a check
 
 std::string UpToNul(const std::string& text) { return text.substr(0, text.find('\0')); }
 
@@ -23,7 +22,13 @@ MixerAccess::MixerAccess(MixerFunctions& functions, FrmMxr& frmMxr, Dialogs& dia
       TheFrmMxr(frmMxr),
       TheDialogs(dialogs),
       TheProcess(process),
-      Strings(strings) {}
+      Strings(strings) {
+  for (int line = 0; line < FrmMxr::kLines; ++line) {
+    frmMxr.SldrVol[line].OnChange = [this, line] { SetLineVolume(line); };
+    frmMxr.SldrPan[line].OnChange = [this, line] { SetLineVolume(line); };
+    frmMxr.ChkMute[line].OnClick = [this, line] { SetLineMute(line); };
+  }
+}
 
 void MixerAccess::InitMixer() {
   if (!CheckMixerPresent() || !OpenMixer() || !ReadMixerCaps()) TheProcess.End();
@@ -96,7 +101,7 @@ void MixerAccess::ReadVolume(int index, const MixerLineInfo& line) {
       Functions.GetControlDetails(MixerHandle, record.VolumeControlId, line.Channels);
   record.Level = kFullLevel - std::min(values.empty() ? 0 : values.front(), kFullLevel);
   // The first setting is sent wherever the line stands, so that the card is known to have it.
-  TheFrmMxr.SldrVol[index].Value.Adopt(kNotSetYet);
+  TheFrmMxr.SldrVol[index].Value.Forget();
   if (index == 0) return;
   if (line.ComponentType == kComponentMicrophone && MicLine == 0) MicLine = index;
   if (line.ComponentType == kComponentWaveOut && WaveLine == 0) WaveLine = index;
@@ -111,7 +116,7 @@ void MixerAccess::ReadMute(int index, const MixerLineInfo& line) {
   }
   const auto values = Functions.GetControlDetails(MixerHandle, record.MuteControlId, line.Channels);
   record.Mute = values.empty() || values.front() == 0 ? 0 : 1;
-  TheFrmMxr.ChkMute[index].Value.Adopt(kNotSetYet);
+  TheFrmMxr.ChkMute[index].Value.Forget();
 }
 
 /// Id of the line's control of a type, 0 if there is none. The question for a line of the component
@@ -131,8 +136,8 @@ MixerLineRecord& MixerAccess::Record(int index) {
 void MixerAccess::SetLineVolume(int index) {
   if (MixerLines.empty()) return;
   MixerLineRecord& record = Record(index);
+  if (TheFrmMxr.SldrVol[index].Value.Forgotten()) return;
   const int position = TheFrmMxr.SldrVol[index].Value;
-  if (position == kNotSetYet) return;
   const std::uint32_t level = kFullLevel - static_cast<std::uint32_t>(position);
   if (record.Channels != 2) {
     record.Level = level;

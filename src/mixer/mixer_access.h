@@ -26,9 +26,9 @@ struct MixerLineRecord {
   std::uint32_t MeterControlId = 0;   // 0 if none
 };
 
-/// The door to the sound card's mixer: finds the lines at start and passes the panel's sliders and
-/// checks on to them. Others set a level by writing `SldrVol(i)` and a mute by writing
-/// `ChkMute(i)`, never through here.
+/// The door to the sound card's mixer: finds the lines at start and passes each change of the
+/// panel's sliders and checks on to them. Others set a level or a mute through `SoundLines`, which
+/// writes those sliders and checks.
 class MixerAccess {
  public:
   MixerAccess(MixerFunctions& functions, FrmMxr& frmMxr, Dialogs& dialogs, Process& process,

@@ -29,11 +29,6 @@ constexpr std::array<MeterStep, 9> kMeterSteps = {{{6446, 61},
 
 MixerWindow::MixerWindow(FrmMxr& frmMxr, MixerAccess& mixer, EventLoop& loop, Process& process)
     : TheFrmMxr(frmMxr), Mixer(mixer), Loop(loop), TheProcess(process) {
-  for (int line = 0; line < FrmMxr::kLines; ++line) {
-    frmMxr.SldrVol[line].OnChange = [this, line] { Mixer.SetLineVolume(line); };
-    frmMxr.SldrPan[line].OnChange = [this, line] { Mixer.SetLineVolume(line); };
-    frmMxr.ChkMute[line].OnClick = [this, line] { Mixer.SetLineMute(line); };
-  }
   frmMxr.OnUnload = [this] { return Unload(); };
   frmMxr.TmrQuit.OnTimer = [this] { TheFrmMxr.Unload(); };
 }

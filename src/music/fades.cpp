@@ -14,13 +14,8 @@ constexpr int kSlowStep = 1000;
 }  // namespace
 
 Fades::Fades(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
-             FrmMxr& frmMxr, MixerAccess& mixer)
-    : TheFlags(flags),
-      TheSettings(settings),
-      Loop(loop),
-      TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
-      Mixer(mixer) {
+             SoundLines& lines)
+    : TheFlags(flags), TheSettings(settings), Loop(loop), TheFrmPlayers(frmPlayers), Lines(lines) {
   frmPlayers.tmrFadeTime.OnTimer = [this] { Step(); };
 }
 
@@ -50,7 +45,7 @@ void Fades::WorkOutSteps() {
 }
 
 void Fades::Step() {
-  const int position = TheFrmMxr.SldrVol[Mixer.WaveLine].Value;
+  const int position = Lines.Wave();
   if (FadeSteps == 0) {
     // A music level next to silence leaves no whole step: such a fade is over in one.
     EndAt(FadeIn ? FadeTarget : FrmMxr::kSilent);
@@ -63,7 +58,7 @@ void Fades::Step() {
 
 void Fades::StepDown(int position) {
   if (position < FrmMxr::kSilent - 1 - FadeStep) {
-    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = position + FadeStep;
+    Lines.SetWave(position + FadeStep);
   } else {
     EndAt(FrmMxr::kSilent);
   }
@@ -75,14 +70,14 @@ void Fades::StepUp(int position) {
   if (position == 0) {
     EndAt(0);
   } else if (position > FadeTarget - FadeStep + 1) {
-    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = position - FadeStep;
+    Lines.SetWave(position - FadeStep);
   } else {
     EndAt(FadeTarget);
   }
 }
 
 void Fades::EndAt(int position) {
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = position;
+  Lines.SetWave(position);
   TheFrmPlayers.tmrFadeTime.Enabled = false;
   TheFlags.FadeRunning = false;
 }

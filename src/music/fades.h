@@ -1,10 +1,9 @@
 #pragma once
 
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "platform/event_loop.h"
 #include "state/flags.h"
 #include "state/settings.h"
-#include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 
 namespace marlex {
@@ -14,7 +13,7 @@ namespace marlex {
 class Fades {
  public:
   Fades(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
-        FrmMxr& frmMxr, MixerAccess& mixer);
+        SoundLines& lines);
 
   int FadeStep = 0;     // slider units a step; 0 before the first fade
   int FadeSteps = 0;    // steps of a fade-down, for the interval only
@@ -39,8 +38,7 @@ class Fades {
   const Settings& TheSettings;
   EventLoop& Loop;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
 };
 
 }  // namespace marlex

@@ -12,15 +12,14 @@ std::string FormatSeconds(double seconds) {
 }
 
 MusicPlayer::MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories,
-                         FrmMain& frmMain, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
-                         MixerAccess& mixer, const StringTable& strings, Notices& notices)
+                         FrmMain& frmMain, FrmPlayers& frmPlayers, SoundLines& lines,
+                         const StringTable& strings, Notices& notices)
     : TheFlags(flags),
       Store(store),
       TheDirectories(directories),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
-      Mixer(mixer),
+      Lines(lines),
       Strings(strings),
       TheNotices(notices) {
   frmMain.cmdPlay.OnClick = [this] { cmdPlay_Click(); };
@@ -42,12 +41,12 @@ void MusicPlayer::cmdPlay_Click() {
     if (!TheFlags.PriorityClear) return;
     if (TheFrmPlayers.MP3Player.PlayState() != kPlaying) TheFrmPlayers.tmrIODelay.Enabled = true;
   }
-  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
+  Lines.OpenMaster();
   CurrentSongPath = SelectedSongPath();
   HoldsPreview = false;
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
-  TheFrmMxr.SldrVol[0].Value = settings.MasterVolume;
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = settings.MusicVolume;
+  Lines.SetMaster(settings.MasterVolume);
+  Lines.SetWave(settings.MusicVolume);
   ShowLength();
   if (TheFrmPlayers.MP3Player.FileName().empty()) {
     cmdSkip_Click();
@@ -64,7 +63,7 @@ void MusicPlayer::cmdPlay_Click() {
     TheFlags.MusicStoppedBySchedule = false;
   }
   TheFlags.MusicStoppedByUser = false;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  Lines.OpenWave();
 }
 
 /// The test looks at the path alone, also for a caller that loaded the player with another file.
@@ -80,7 +79,7 @@ void MusicPlayer::cmdSkip_Click() {
 
 void MusicPlayer::cmdStop_Click() {
   TheFrmPlayers.MP3Player.Stop();
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kMuted;
+  Lines.MuteWave();
   TheFrmMain.cmdSkip.Enabled = false;
   TheFrmMain.cmdStop.Enabled = false;
   TheFlags.MusicStoppedByUser = true;

@@ -5,13 +5,12 @@
 
 #include "controls/list_drag.h"
 #include "i18n/string_table.h"
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "platform/directories.h"
 #include "state/flags.h"
 #include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
-#include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 
 namespace marlex {
@@ -25,8 +24,8 @@ std::string FormatSeconds(double seconds);
 class MusicPlayer {
  public:
   MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories, FrmMain& frmMain,
-              FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
-              const StringTable& strings, Notices& notices);
+              FrmPlayers& frmPlayers, SoundLines& lines, const StringTable& strings,
+              Notices& notices);
 
   std::string CurrentSongPath;  // path last built for the player
   bool HoldsPreview = false;    // a preview was the last to give the player a file
@@ -67,8 +66,7 @@ class MusicPlayer {
   Directories& TheDirectories;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
   const StringTable& Strings;
   Notices& TheNotices;
   bool LengthAwaited = false;  // the length on show is none, since the song's drive is slow

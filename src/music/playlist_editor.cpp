@@ -46,8 +46,8 @@ std::string SongName(const std::string& fileName) {
 
 PlaylistEditor::PlaylistEditor(const Flags& flags, SettingsStore& store, Directories& directories,
                                WallClock& clock, Dialogs& dialogs, Windows& windows,
-                               FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
-                               MusicPlayer& player, const StringTable& strings, Notices& notices)
+                               FrmPlayers& frmPlayers, SoundLines& lines, MusicPlayer& player,
+                               const StringTable& strings, Notices& notices)
     : TheFlags(flags),
       Store(store),
       Values(store.Values),
@@ -58,8 +58,7 @@ PlaylistEditor::PlaylistEditor(const Flags& flags, SettingsStore& store, Directo
       TheFrmSettings(windows.frmSettings),
       Editor(windows.frmPlaylist),
       TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
-      Mixer(mixer),
+      Lines(lines),
       Player(player),
       Strings(strings),
       TheNotices(notices) {
@@ -187,8 +186,8 @@ void PlaylistEditor::GiveWay() {
 
 void PlaylistEditor::StartPreview() {
   Editor.PrevKey.Caption = Strings.LoadString(kStrStop);
-  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
+  Lines.OpenMaster();
+  Lines.OpenWave();
   Editor.RemAll_Key.Enabled = false;
   Editor.RemoveKey.Enabled = false;
   Player.HoldsPreview = true;

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "i18n/string_table.h"
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "music/music_player.h"
 #include "platform/dialogs.h"
 #include "platform/directories.h"
@@ -13,7 +13,6 @@
 #include "state/flags.h"
 #include "state/notices.h"
 #include "state/settings_store.h"
-#include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 #include "windows/windows.h"
 
@@ -25,8 +24,8 @@ class PlaylistEditor {
  public:
   PlaylistEditor(const Flags& flags, SettingsStore& store, Directories& directories,
                  WallClock& clock, Dialogs& dialogs, Windows& windows, FrmPlayers& frmPlayers,
-                 FrmMxr& frmMxr, MixerAccess& mixer, MusicPlayer& player,
-                 const StringTable& strings, Notices& notices);
+                 SoundLines& lines, MusicPlayer& player, const StringTable& strings,
+                 Notices& notices);
 
   /// The amplifier takes over: a preview that plays is stopped. The music of the main window is
   /// not.
@@ -79,8 +78,7 @@ class PlaylistEditor {
   FrmSettings& TheFrmSettings;
   FrmPlaylist& Editor;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
   MusicPlayer& Player;
   const StringTable& Strings;
   Notices& TheNotices;

@@ -8,12 +8,12 @@ std::string TimeOf(const Grid& table, int row) {
   return std::string(FirstCharacters(table.TextMatrix(row, kTimeColumn), 5));
 }
 
-Conflicts::Conflicts(const Settings& settings, FrmMain& frmMain, const MixerAccess& mixer,
+Conflicts::Conflicts(const Settings& settings, FrmMain& frmMain, const SoundLines& lines,
                      ScheduleColumns& columns, const StringTable& strings, Notices& notices)
     : TheSettings(settings),
       TheFrmMain(frmMain),
       Table(frmMain.grdSchedule),
-      Mixer(mixer),
+      Lines(lines),
       Columns(columns),
       Strings(strings),
       TheNotices(notices) {
@@ -96,7 +96,7 @@ void Conflicts::MarkPair(int earlierRow, int laterRow) {
   ConflictFound = true;
 }
 
-bool Conflicts::CompactLayout() const { return TheSettings.RouterPresent || Mixer.MicLine != 0; }
+bool Conflicts::CompactLayout() const { return TheSettings.RouterPresent || Lines.HasMicrophone(); }
 
 void Conflicts::SetNormalHeights() {
   TheFrmMain.frSchedule.Height = CompactLayout() ? 4095 : 5655;

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "i18n/string_table.h"
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "schedule/schedule_columns.h"
 #include "state/notices.h"
 #include "state/settings.h"
@@ -19,7 +19,7 @@ namespace marlex {
 /// marked red, and the operator takes one out of the table by a double-click; no file changes.
 class Conflicts {
  public:
-  Conflicts(const Settings& settings, FrmMain& frmMain, const MixerAccess& mixer,
+  Conflicts(const Settings& settings, FrmMain& frmMain, const SoundLines& lines,
             ScheduleColumns& columns, const StringTable& strings, Notices& notices);
 
   bool ConflictFound = false;  // the last pass marked a pair; kept until the next pass
@@ -49,7 +49,7 @@ class Conflicts {
   const Settings& TheSettings;
   FrmMain& TheFrmMain;
   Grid& Table;
-  const MixerAccess& Mixer;
+  const SoundLines& Lines;
   ScheduleColumns& Columns;
   const StringTable& Strings;
   Notices& TheNotices;

@@ -2,15 +2,13 @@
 
 namespace marlex {
 MessagePlayback::MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain,
-                                 FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
-                                 ZoneRouting& routing, Fades& fades, MusicPlayer& music,
-                                 MessageWavs& wavs)
+                                 FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
+                                 Fades& fades, MusicPlayer& music, MessageWavs& wavs)
     : TheFlags(flags),
       Store(store),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
-      Mixer(mixer),
+      Lines(lines),
       Routing(routing),
       TheFades(fades),
       Music(music),
@@ -94,10 +92,10 @@ void MessagePlayback::RestoreMusic() {
   if (!MusicIs(kPaused)) return;
   Music.PlaySong();
   if (Store.Values.FadeTime > 0) {
-    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = FrmMxr::kSilent;
+    Lines.SetWave(FrmMxr::kSilent);
     TheFades.FadeUp();
   } else {
-    TheFrmMxr.SldrVol[Mixer.WaveLine].Value = Store.Values.MusicVolume;
+    Lines.SetWave(Store.Values.MusicVolume);
   }
 }
 

@@ -3,13 +3,13 @@
 #include <string>
 
 #include "link/zone_routing.h"
+#include "mixer/sound_lines.h"
 #include "music/fades.h"
 #include "music/music_player.h"
 #include "schedule/message_wavs.h"
 #include "state/flags.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
-#include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 
 namespace marlex {
@@ -19,8 +19,8 @@ namespace marlex {
 class MessagePlayback {
  public:
   MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
-                  FrmMxr& frmMxr, MixerAccess& mixer, ZoneRouting& routing, Fades& fades,
-                  MusicPlayer& music, MessageWavs& wavs);
+                  SoundLines& lines, ZoneRouting& routing, Fades& fades, MusicPlayer& music,
+                  MessageWavs& wavs);
 
   /// Plays `lstMsgSequence` into the zones of `currentRouting` and returns when all is back, or at
   /// once where a call or the amplifier has taken over, which then restore.
@@ -41,8 +41,7 @@ class MessagePlayback {
   SettingsStore& Store;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
   ZoneRouting& Routing;
   Fades& TheFades;
   MusicPlayer& Music;

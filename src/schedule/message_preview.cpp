@@ -6,15 +6,14 @@
 namespace marlex {
 
 MessagePreview::MessagePreview(Flags& flags, const Settings& settings, EventLoop& loop,
-                               WavWindow& window, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
-                               MixerAccess& mixer, MusicPlayer& music, const StringTable& strings)
+                               WavWindow& window, FrmPlayers& frmPlayers, SoundLines& lines,
+                               MusicPlayer& music, const StringTable& strings)
     : TheFlags(flags),
       TheSettings(settings),
       Loop(loop),
       Window(window),
       TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
-      Mixer(mixer),
+      Lines(lines),
       Music(music),
       Strings(strings) {
   window.PrevKey.OnClick = [this] { PrevKey_Click(); };
@@ -57,12 +56,12 @@ void MessagePreview::Play() {
   Window.PrevKey.Caption = Strings.LoadString(kStrStop);
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) TheFrmPlayers.MP3Player.Pause();
   Window.RemAll_Key.Enabled = false;
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MessageVolume;
+  Lines.SetWave(TheSettings.MessageVolume);
   const unsigned unloads = Window.UnloadCount;
   Playing = HasPlayed = true;
   PlayMessages();
   Playing = false;
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MusicVolume;
+  Lines.SetWave(TheSettings.MusicVolume);
   if (unloads == Window.UnloadCount) {
     Window.PrevKey.Caption = Strings.LoadString(kStrPlay);
     Window.RemAll_Key.Enabled = true;
@@ -85,9 +84,9 @@ void MessagePreview::PlayMessages() {
 /// The microphone stays closed after it.
 void MessagePreview::PlayMessage(const std::string& name) {
   StartWav(TheFrmPlayers.WavPlayer, TheSettings.MessageDirectory + name + ".wav", TheFlags);
-  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
-  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
+  Lines.OpenMaster();
+  Lines.OpenWave();
+  Lines.CloseMicrophone();
   Loop.PumpUntil(
       [this] { return TheFlags.WavFinished || PreviewStopRequested || OutrunsPreviews(TheFlags); });
 }

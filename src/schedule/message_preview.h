@@ -3,12 +3,11 @@
 #include <string>
 
 #include "i18n/string_table.h"
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "music/music_player.h"
 #include "platform/event_loop.h"
 #include "state/flags.h"
 #include "state/settings.h"
-#include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 #include "windows/wav_window.h"
 
@@ -19,7 +18,7 @@ namespace marlex {
 class MessagePreview {
  public:
   MessagePreview(Flags& flags, const Settings& settings, EventLoop& loop, WavWindow& window,
-                 FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer, MusicPlayer& music,
+                 FrmPlayers& frmPlayers, SoundLines& lines, MusicPlayer& music,
                  const StringTable& strings);
 
   bool PreviewStopRequested = false;  // by PrevKey during a preview, by a call, or by the closing
@@ -44,8 +43,7 @@ class MessagePreview {
   EventLoop& Loop;
   WavWindow& Window;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
   MusicPlayer& Music;
   const StringTable& Strings;
   bool Playing = false;

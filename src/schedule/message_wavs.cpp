@@ -17,14 +17,12 @@ void StartWav(WavePlayer& player, const std::string& path, Flags& flags) {
 }
 
 MessageWavs::MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop,
-                         FrmPlayers& frmPlayers, FrmMxr& frmMxr, MixerAccess& mixer,
-                         FrmSettings& frmSettings)
+                         FrmPlayers& frmPlayers, SoundLines& lines, FrmSettings& frmSettings)
     : TheFlags(flags),
       TheSettings(settings),
       Loop(loop),
       TheFrmPlayers(frmPlayers),
-      TheFrmMxr(frmMxr),
-      Mixer(mixer),
+      Lines(lines),
       TheFrmSettings(frmSettings) {
   WavePlayer& player = frmPlayers.WavPlayer;
   player.OnDone = [this] { TheFlags.WavFinished = true; };
@@ -52,17 +50,17 @@ void MessageWavs::PlayMessageWavs() {
     const ListBox& list = TheFrmPlayers.lstMsgSequence;
     PlayWav(entry < list.ListCount() ? list.List(entry) : "");
   }
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MusicVolume;
+  Lines.SetWave(TheSettings.MusicVolume);
   TheFlags.MessagePlaying = false;
   TheFrmSettings.slMusicVolume.Enabled = true;
 }
 
 /// Messages always go out unmuted, with the microphone closed.
 void MessageWavs::OpenMessageLine() {
-  TheFrmMxr.SldrVol[Mixer.WaveLine].Value = TheSettings.MessageVolume;
-  TheFrmMxr.ChkMute[Mixer.WaveLine].Value = FrmMxr::kOpen;
-  if (Mixer.MicLine != 0) TheFrmMxr.ChkMute[Mixer.MicLine].Value = FrmMxr::kMuted;
-  TheFrmMxr.ChkMute[0].Value = FrmMxr::kOpen;
+  Lines.SetWave(TheSettings.MessageVolume);
+  Lines.OpenWave();
+  Lines.CloseMicrophone();
+  Lines.OpenMaster();
 }
 
 void MessageWavs::PlayWav(const std::string& fileName) {

@@ -3,11 +3,10 @@
 #include <functional>
 #include <string>
 
-#include "mixer/mixer_access.h"
+#include "mixer/sound_lines.h"
 #include "platform/event_loop.h"
 #include "state/flags.h"
 #include "state/settings.h"
-#include "windows/frm_mxr.h"
 #include "windows/frm_players.h"
 #include "windows/frm_settings.h"
 
@@ -18,7 +17,7 @@ namespace marlex {
 class MessageWavs {
  public:
   MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
-              FrmMxr& frmMxr, MixerAccess& mixer, FrmSettings& frmSettings);
+              SoundLines& lines, FrmSettings& frmSettings);
 
   /// A preview that plays ends; wired at composition.
   std::function<void()> CutPreviewOff;
@@ -37,8 +36,7 @@ class MessageWavs {
   const Settings& TheSettings;
   EventLoop& Loop;
   FrmPlayers& TheFrmPlayers;
-  FrmMxr& TheFrmMxr;
-  MixerAccess& Mixer;
+  SoundLines& Lines;
   FrmSettings& TheFrmSettings;
 };
 

@@ -77,15 +77,19 @@ TEST(Property, EachKindOfValueRaisesTheEventOfItsControl) {
   EXPECT_EQ(story, "zone text volume");
 }
 
-TEST(Property, AValueThatTheWorldHasAlreadyIsTakenOverInSilence) {
+TEST(Property, AForgottenValueIsSetAgain) {
   Panel panel;
   int raised = 0;
   panel.sldVolume.OnChange = [&] { ++raised; };
-  panel.sldVolume.Value.Adopt(500);
-  EXPECT_EQ(panel.sldVolume.Value, 500);
+  panel.sldVolume.Value = 0;  // where it stands
   EXPECT_EQ(raised, 0);
-  panel.sldVolume.Value = 500;
-  EXPECT_EQ(raised, 0);
+  panel.sldVolume.Value.Forget();
+  EXPECT_TRUE(panel.sldVolume.Value.Forgotten());
+  panel.sldVolume.Value = 0;
+  EXPECT_EQ(raised, 1);
+  EXPECT_FALSE(panel.sldVolume.Value.Forgotten());
+  panel.sldVolume.Value = 0;
+  EXPECT_EQ(raised, 1);
 }
 
 TEST(Property, AnEventMayChangeItsOwnValue) {
