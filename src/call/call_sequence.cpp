@@ -51,23 +51,21 @@ void CallSequence::EndCall() {
   const bool isBeforeChime = stage == CallStage::Beginning || stage == CallStage::Fading;
   if (TheFlags.FadeRunning && isBeforeChime) return EndInFade(call);
   NoteReleaseInChime(stage);
-  CloseMicrophone();
+  Lines.CloseMicrophone();
   if (stage == CallStage::Chiming) AwaitPreChime();
   if (stage == CallStage::Speaking) PlayPostChime(call);
   if (!IsLast(call)) return;
   SetCaptions(kStrCall);
   if (!RestoreRouting()) return;
-  PaintLamps(kButtonFace);
+  TheFrmMain.PaintBusyLamps(kButtonFace);
   const bool isUntouched = stage == CallStage::Beginning && MusicState() == kPlaying;
   if (!isUntouched) RestoreMusic();
   if (!IsLast(call)) return;
   Lines.OpenWave();
   DarkenLamps();  // where something on top has held the press in its fade, they flash still
   TheFlags.CallActive = false;
-  TheFrmPlayers.tmrMessage.Enabled = true;
-  TheFrmMain.cmdPlay.Enabled = true;
-  TheFrmMain.cmdSkip.Enabled = true;
-  TheFrmMain.cmdStop.Enabled = true;
+  TheFrmPlayers.ResumeSchedule();
+  TheFrmMain.EnableTransport(true);
 }
 
 /// The one question after each wait of a press: is this still its call, and has neither the release
@@ -89,7 +87,7 @@ int CallSequence::BeginCall() {
 void CallSequence::CutMessagesOff() {
   TheFrmPlayers.WavPlayer.Command("Close");
   TheFrmPlayers.lstMsgSequence.Clear();
-  TheFrmPlayers.tmrMessage.Enabled = false;
+  TheFrmPlayers.HoldSchedule();
   CutPreviewOff();
   Loop.Pump();
   Loop.Pump();
@@ -115,7 +113,7 @@ void CallSequence::PauseMusic() {
 void CallSequence::RouteCall() {
   TheCall.Stage = CallStage::Chiming;
   if (!Store.Values.RouterPresent) return;
-  if (TheFlags.AmplifierStatus != 0) TheFrmPlayers.SendReleaseByte();
+  if (TheFlags.AmplifierStatus != 0) Routing.Release();
   Routing.ShowCallZones();
 }
 
@@ -127,14 +125,14 @@ void CallSequence::PlayPreChime(int call) {
   if (!IsLast(call)) return;
   // Deliberate: a release that an earlier call without a pre-chime has left in its flag counts too.
   if (TheFlags.CallEndedDuringChime) TheCall.Stage = CallStage::Ending;
-  if (GoesOn(call)) PaintLamps(kDarkGreen);
+  if (GoesOn(call)) TheFrmMain.PaintBusyLamps(kDarkGreen);
 }
 
 /// The microphone reaches the output through the sound card's mixer.
 void CallSequence::OpenMicrophone() {
   TheCall.Stage = CallStage::Speaking;
   TheFrmPlayers.tmrFlash.Enabled = false;
-  PaintLamps(kGreen);
+  TheFrmMain.PaintBusyLamps(kGreen);
   SetCaptions(kStrSpeak);
   Lines.MuteWave();
   Lines.OpenMicrophone();
@@ -147,7 +145,7 @@ void CallSequence::TakeRelease(int call) {
   if (!IsLast(call) || TheCall.Stage != CallStage::Ending) return;
   if (TheFlags.CallEndedDuringFade) {
     TheFlags.CallEndedDuringFade = false;
-    TheFrmPlayers.tmrMessage.Enabled = true;
+    TheFrmPlayers.ResumeSchedule();
     TheFlags.CallActive = false;
   } else if (!Store.Values.PreChime.empty()) {
     TheFlags.CallEndedDuringChime = false;
@@ -162,7 +160,7 @@ void CallSequence::EndInFade(int call) {
   TheFades.FadeUp();
   if (!IsLast(call)) return;
   SetCaptions(kStrCall);
-  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFrmPlayers.ResumeSchedule();
   DarkenLamps();
 }
 
@@ -193,14 +191,14 @@ void CallSequence::PlayPostChime(int call) {
 bool CallSequence::RestoreRouting() {
   if (!Store.Values.RouterPresent) return true;
   if (TheFlags.PriorityPreempted) {
-    TheFrmPlayers.tmrMessage.Enabled = true;
+    TheFrmPlayers.ResumeSchedule();
     return false;
   }
   Routing.ApplyMusicRouting();
   if (MusicState() == kPlaying) {
     Routing.RequestRouting();
   } else {
-    TheFrmPlayers.SendReleaseByte();
+    Routing.Release();
   }
   return true;
 }
@@ -229,7 +227,7 @@ void CallSequence::PlayChime(int call, const std::string& chime) {
   Lines.SetWave(Store.Values.MessageVolume);
   Lines.OpenMaster();
   Lines.OpenWave();
-  CloseMicrophone();
+  Lines.CloseMicrophone();
   Loop.Pump();
   Loop.PumpUntil([this] {
     return TheFlags.WavFinished || TheFlags.CallEndedDuringChime || TheFlags.PriorityPreempted;
@@ -242,11 +240,9 @@ void CallSequence::PlayChime(int call, const std::string& chime) {
   }
 }
 
-void CallSequence::CloseMicrophone() { Lines.CloseMicrophone(); }
-
 void CallSequence::DarkenLamps() {
   TheFrmPlayers.tmrFlash.Enabled = false;
-  PaintLamps(kButtonFace);
+  TheFrmMain.PaintBusyLamps(kButtonFace);
 }
 
 void CallSequence::SetCaptions(StringId caption) {
@@ -254,13 +250,8 @@ void CallSequence::SetCaptions(StringId caption) {
   TheFrmMain.cmdCall2.Caption = Strings.LoadString(caption);
 }
 
-void CallSequence::PaintLamps(Color color) {
-  TheFrmMain.lblBusy[0].BackColor = color;
-  TheFrmMain.lblBusy[1].BackColor = color;
-}
-
 void CallSequence::FlashLamps() {
-  PaintLamps(TheFrmMain.lblBusy[0].BackColor == kGreen ? kButtonFace : kGreen);
+  TheFrmMain.PaintBusyLamps(TheFrmMain.lblBusy[0].BackColor == kGreen ? kButtonFace : kGreen);
 }
 
 }  // namespace marlex

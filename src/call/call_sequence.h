@@ -73,10 +73,8 @@ class CallSequence {
   void RestoreMusic();
 
   void PlayChime(int call, const std::string& chime);
-  void CloseMicrophone();
   void DarkenLamps();
   void SetCaptions(StringId caption);
-  void PaintLamps(Color color);
   void FlashLamps();  // tmrFlash
   int MusicState() const { return TheFrmPlayers.MP3Player.PlayState(); }
 

@@ -34,7 +34,7 @@ bool Passerby::RowWaits() const {
 bool Passerby::StandsStill() const {
   const bool isHeld =
       TheFlags.CallActive || RowWaits() || TheFlags.MessagePlaying || TheFlags.FadeRunning;
-  return !TheFrmPlayers.tmrMessage.Enabled && !isHeld;
+  return TheFrmPlayers.ScheduleIsHeld() && !isHeld;
 }
 
 ComingRow Passerby::NextToday() const {

@@ -54,12 +54,11 @@ void MainWindow::Load() {
   Columns.LayoutScheduleColumns();
   Sequences.LoadSequenceList();
   const bool musicPlays = TheFrmPlayers.MP3Player.PlayState() == kPlaying;
-  TheFrmMain.cmdSkip.Enabled = musicPlays;
-  TheFrmMain.cmdStop.Enabled = musicPlays;
+  TheFrmMain.EnableSkipAndStop(musicPlays);
   ShowZoneNames();
   ArrangeForInstallation();
   LoadRouting();
-  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFrmPlayers.ResumeSchedule();
   ArrangeCallControls();
   TheFrmMain.Height = 6525;
 }
@@ -105,15 +104,13 @@ void MainWindow::ArrangeWithoutRouter() {
   TheFrmMain.frCall.Width = 6855;
   TheFrmMain.frRouting.Visible = false;
   if (Lines.HasMicrophone()) {
-    TheFrmMain.lblConflict.Top = 4005;
+    TheFrmMain.PlaceConflictNote(true);
     return;
   }
   // Nothing is left in the lower part of the window: the schedule grows into it.
   TheFrmMain.frCall.Visible = false;
-  TheFrmMain.lblConflict.Top = 5520;
-  const bool conflict = TheFrmMain.lblConflict.Visible;
-  TheFrmMain.frSchedule.Height = conflict ? 5295 : 5655;
-  TheFrmMain.grdSchedule.Height = conflict ? 4965 : 5325;
+  TheFrmMain.PlaceConflictNote(false);
+  TheFrmMain.SizeSchedule(false, TheFrmMain.lblConflict.Visible);
 }
 
 void MainWindow::RedoLayout() {
@@ -160,7 +157,7 @@ void MainWindow::ShowClock() {
 
 void MainWindow::mnuExit_Click() {
   if (Store.Values.RouterPresent) {
-    TheFrmPlayers.SendReleaseByte();
+    Routing.Release();
     TheFrmPlayers.TolvoPort.SetPortOpen(false);
   }
   TheFrmMxr.Unload();
@@ -170,8 +167,7 @@ void MainWindow::mnuExit_Click() {
 }
 
 void MainWindow::mnuAdresses_Click() {
-  TheNotices.Tell(Strings.LoadString(kStrSurfTo) + "\r" + Strings.LoadString(kStrNearestContact),
-                  BoxIcon::Information, Strings.LoadString(kStrInfo));
+  TheNotices.Info(Strings.LoadString(kStrSurfTo) + "\r" + Strings.LoadString(kStrNearestContact));
 }
 
 }  // namespace marlex

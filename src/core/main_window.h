@@ -1,5 +1,6 @@
 #pragma once
 
+#include "i18n/notices.h"
 #include "i18n/string_table.h"
 #include "link/zone_routing.h"
 #include "mixer/sound_lines.h"
@@ -7,7 +8,6 @@
 #include "platform/pc.h"
 #include "schedule/schedule_columns.h"
 #include "schedule/sequence_files.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 

@@ -221,7 +221,7 @@ void SettingsDialog::cmdOK_Click() {
 /// True when the directory is missing: the operator is told so, and stays in the dialog.
 bool SettingsDialog::Refuse(const Label& directory, int messageId) {
   if (!directory.Caption.Get().empty()) return false;
-  TheNotices.Tell(Strings.LoadString(messageId), BoxIcon::Critical, Strings.LoadString(kStrError));
+  TheNotices.Error(messageId);
   return true;
 }
 

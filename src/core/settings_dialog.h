@@ -4,12 +4,12 @@
 #include <string>
 
 #include "core/main_window.h"
+#include "i18n/notices.h"
 #include "i18n/string_table.h"
 #include "mixer/sound_lines.h"
 #include "platform/process.h"
 #include "schedule/schedule_table.h"
 #include "state/flags.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 

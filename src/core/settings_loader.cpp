@@ -9,7 +9,7 @@ namespace marlex {
 
 SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, Windows& windows,
                                FrmPlayers& frmPlayers, MixerAccess& mixer, SoundLines& lines,
-                               const StringTable& strings, Notices& notices)
+                               Notices& notices)
     : TheFlags(flags),
       Store(store),
       Values(store.Values),
@@ -18,7 +18,6 @@ SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, Windows& wind
       TheFrmPlayers(frmPlayers),
       Mixer(mixer),
       Lines(lines),
-      Strings(strings),
       TheNotices(notices) {}
 
 void SettingsLoader::LoadSettings() {
@@ -28,14 +27,14 @@ void SettingsLoader::LoadSettings() {
   Mixer.InitMixer();
   LoadVolumeSettings();
   if (Store.Read("Selected paths", "Music directory").empty()) {
-    TheFrmPlayers.tmrMessage.Enabled = false;
+    TheFrmPlayers.HoldSchedule();
     TheFrmSettings.Show();
     return;
   }
   ReadGeneralSettings();
   ReadPlaylistSettings();
   ReadLinkSettings();
-  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFrmPlayers.ResumeSchedule();
   TheFrmMain.Show();
 }
 
@@ -59,8 +58,7 @@ void SettingsLoader::ReadVolumes() {
   Values.MicroVolume = ReadVolume("Micro volume", faults);
   Values.CdVolume = ReadVolume("CD volume", faults);
   if (faults.empty()) return;
-  TheNotices.Tell("These volumes are no numbers and count as absent:" + faults, BoxIcon::Critical,
-                  Strings.LoadString(kStrError));
+  TheNotices.Error("These volumes are no numbers and count as absent:" + faults);
 }
 
 /// A position outside the slider's range is held at its nearer end.

@@ -2,10 +2,9 @@
 
 #include <string>
 
-#include "i18n/string_table.h"
+#include "i18n/notices.h"
 #include "mixer/sound_lines.h"
 #include "state/flags.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/frm_players.h"
 #include "windows/windows.h"
@@ -16,8 +15,7 @@ namespace marlex {
 class SettingsLoader {
  public:
   SettingsLoader(Flags& flags, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
-                 MixerAccess& mixer, SoundLines& lines, const StringTable& strings,
-                 Notices& notices);
+                 MixerAccess& mixer, SoundLines& lines, Notices& notices);
 
   /// Starts the engine and the mixer, reads all settings and shows the main window; on a first run,
   /// when there is no music directory, the settings dialog, whose OK shows it afterwards.
@@ -41,7 +39,6 @@ class SettingsLoader {
   FrmPlayers& TheFrmPlayers;
   MixerAccess& Mixer;
   SoundLines& Lines;
-  const StringTable& Strings;
   Notices& TheNotices;
 };
 

@@ -110,8 +110,7 @@ void StartUp::ChooseLanguage() {
 }
 
 void StartUp::TellNotSaved() {
-  TheNotices.Tell("The settings cannot be saved: " + Store.TolvoIni(), BoxIcon::Critical,
-                  Strings.LoadString(kStrError));
+  TheNotices.Error("The settings cannot be saved: " + Store.TolvoIni());
 }
 
 }  // namespace marlex

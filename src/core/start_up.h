@@ -4,9 +4,9 @@
 
 #include "core/settings_loader.h"
 #include "i18n/languages.h"
+#include "i18n/notices.h"
 #include "i18n/string_table.h"
 #include "platform/pc.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 

@@ -4,7 +4,7 @@ namespace marlex {
 
 System::System(const Pc& pc)
     : ThePc(pc),
-      TheNotices(pc.Loop, pc.Boxes),
+      TheNotices(pc.Loop, pc.Boxes, Strings),
       Store(pc.Profiles, pc.TheProcess),
       TheWindows(pc.Loop, pc.Files),
       TheFrmPlayers(pc.Loop, pc.MP3Player, pc.WavPlayer, pc.WavControl, pc.TolvoPort),
@@ -15,16 +15,16 @@ System::System(const Pc& pc)
       Routing(TheWindows.frmMain, TheFrmPlayers, Store),
       Link(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, Lines, Routing, Strings, TheNotices),
       TheFades(TheFlags, Store.Values, pc.Loop, TheFrmPlayers, Lines),
-      Music(TheFlags, Store, pc.Files, TheWindows.frmMain, TheFrmPlayers, Lines, Strings,
+      Music(TheFlags, Store, pc.Files, TheWindows.frmMain, TheFrmPlayers, Lines, Routing, Strings,
             TheNotices),
       Playlist(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows.frmMain, Music, Strings),
       ThePlaylistEditor(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows, TheFrmPlayers,
                         Lines, Music, Strings, TheNotices),
-      MusicClock(TheFlags, Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Music, TheFades),
+      MusicClock(TheFlags, Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Routing, Music,
+                 TheFades),
       Columns(Store.Values, TheWindows.frmMain, Strings),
       TheConflicts(Store.Values, TheWindows.frmMain, Lines, Columns, Strings, TheNotices),
-      Table(Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Columns, TheConflicts, Strings,
-            TheNotices),
+      Table(Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Columns, TheConflicts, TheNotices),
       Views(Store, TheWindows.frmMain, Table),
       Sequences(Store, pc.Boxes, TheWindows.frmMain, TheFrmPlayers, TheConflicts, Table),
       Wavs(TheFlags, Store.Values, pc.Loop, TheFrmPlayers, Lines, TheWindows.frmSettings),
@@ -34,7 +34,7 @@ System::System(const Pc& pc)
            Playback),
       Selected(Store.Values, TheFrmPlayers, TheWindows.TheWavWindow),
       Interval(TheWindows.TheWavWindow),
-      Times(TheWindows.TheWavWindow, Strings, TheNotices),
+      Times(TheWindows.TheWavWindow, TheNotices),
       Preview(TheFlags, Store.Values, pc.Loop, TheWindows.TheWavWindow, TheFrmPlayers, Lines, Music,
               Strings),
       Editor(Store, pc.Loop, pc.Boxes, pc.Files, TheWindows, TheFrmPlayers, Table, TheConflicts,
@@ -47,7 +47,7 @@ System::System(const Pc& pc)
       Dialog(TheFlags, Store, pc.TheProcess, TheWindows, TheFrmPlayers, Lines, Strings, TheNotices,
              Table, TheMainWindow),
       ThePickers(Store, TheWindows, Strings),
-      Loader(TheFlags, Store, TheWindows, TheFrmPlayers, Mixer, Lines, Strings, TheNotices),
+      Loader(TheFlags, Store, TheWindows, TheFrmPlayers, Mixer, Lines, TheNotices),
       ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, pc.Clock, Strings),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader, TheNotices) {
   // The calls that run upwards.
@@ -58,9 +58,7 @@ System::System(const Pc& pc)
   Link.CutPreviewOff = [this] { ThePlaylistEditor.GiveWay(); };
   Music.PlayMessageWavs = [this] { Wavs.PlayMessageWavs(); };
   Wavs.CutPreviewOff = [this] { Preview.GiveWay(); };
-  pc.Loop.OnFailure = [this](const RuntimeFailure& failure) {
-    TheNotices.Tell(failure.what(), BoxIcon::Critical, Strings.LoadString(kStrError));
-  };
+  pc.Loop.OnFailure = [this](const RuntimeFailure& failure) { TheNotices.Error(failure.what()); };
 }
 
 }  // namespace marlex

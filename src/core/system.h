@@ -8,6 +8,7 @@
 #include "core/settings_dialog.h"
 #include "core/settings_loader.h"
 #include "core/start_up.h"
+#include "i18n/notices.h"
 #include "i18n/string_table.h"
 #include "link/serial_link.h"
 #include "link/zone_routing.h"
@@ -34,7 +35,6 @@
 #include "schedule/sequence_files.h"
 #include "schedule/time_fields.h"
 #include "state/flags.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 

@@ -1,14 +1,6 @@
 #include "link/serial_link.h"
 
 namespace marlex {
-namespace {
-
-constexpr int kPriorityBits = 192;
-constexpr int kLowPriority = 64;
-constexpr int kHighPriority = 128;
-
-}  // namespace
-
 SerialLink::SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
                        SoundLines& lines, ZoneRouting& routing, const StringTable& strings,
                        Notices& notices)
@@ -22,9 +14,7 @@ SerialLink::SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, Frm
   frmPlayers.tmrIODelay.OnTimer = [this] { SendRoutingByte(); };
   frmPlayers.tmrDwellTimer.OnTimer = [this] { ReturnMusicZones(); };
   frmPlayers.TolvoPort.OnComm = [this] { OnComm(); };
-  frmPlayers.TolvoPort.OnFault = [&notices, &strings](const std::string& fault) {
-    notices.Tell(fault, BoxIcon::Critical, strings.LoadString(kStrError));
-  };
+  frmPlayers.TolvoPort.OnFault = [&notices](const std::string& fault) { notices.Error(fault); };
 }
 
 /// While the amplifier holds the outputs the timer runs on, so that the byte goes out once the
@@ -32,14 +22,8 @@ SerialLink::SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, Frm
 void SerialLink::SendRoutingByte() {
   if (!Store.Values.RouterPresent || TheFlags.PriorityPreempted) return;
   TheFrmPlayers.tmrIODelay.Enabled = false;
-  int routingByte = 0;
-  for (int zone = 0; zone < kZones; ++zone) {
-    if (TheFrmMain.lblCurrentZone[zone].BackColor == kGreen) routingByte += 1 << zone;
-  }
-  routingByte += Store.Values.OwnPriorityLevel;
-  // A priority for no zones is never sent.
-  if (routingByte == kLowPriority || routingByte == kHighPriority) routingByte = kReleaseByte;
-  TheFrmPlayers.TolvoPort.Output(std::string(1, static_cast<char>(routingByte)));
+  const char routingByte = RoutingByte(Routing.ShownZones(), Store.Values.OwnPriorityLevel);
+  TheFrmPlayers.TolvoPort.Output(std::string(1, routingByte));
 }
 
 /// Only the first byte of what has come counts.
@@ -59,7 +43,7 @@ void SerialLink::ShowPriority() {
   TheFrmMain.lblHiPrio.Caption =
       Strings.LoadString(blocked ? kStrHigherPriorityCall : kStrLowerPriorityCall);
   TheFrmMain.lblHiPrio.Visible = true;
-  SetTransportKeyHeight(FrmMain::kShrunkenKeyHeight);
+  TheFrmMain.SetTransportHeight(FrmMain::kShrunkenKeyHeight);
 }
 
 /// Our own level plays no part: a status of 128 takes over from a program of high level too.
@@ -99,10 +83,9 @@ void SerialLink::ForgetAmplifier() {
 void SerialLink::EndPriority() {
   TheFlags.PriorityClear = true;
   TheFrmMain.lblHiPrio.Visible = false;
-  SetTransportKeyHeight(FrmMain::kTransportKeyHeight);
+  TheFrmMain.SetTransportHeight(FrmMain::kTransportKeyHeight);
   TheFrmPlayers.tmrDwellTimer.Enabled = true;
-  TheFrmMain.lblBusy[0].BackColor = kButtonFace;
-  TheFrmMain.lblBusy[1].BackColor = kButtonFace;
+  TheFrmMain.PaintBusyLamps(kButtonFace);
   TheFrmMain.cmdCall.Enabled = true;
   Lines.OpenMaster();
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
@@ -117,12 +100,6 @@ void SerialLink::ReturnMusicZones() {
   if (!Store.Values.RouterPresent || TheFrmPlayers.MP3Player.PlayState() != kPlaying) return;
   TheFrmPlayers.tmrIODelay.Enabled = true;
   Lines.OpenMaster();
-}
-
-void SerialLink::SetTransportKeyHeight(int height) {
-  for (CommandButton* key : {&TheFrmMain.cmdPlay, &TheFrmMain.cmdSkip, &TheFrmMain.cmdStop}) {
-    key->Height = height;
-  }
 }
 
 }  // namespace marlex

@@ -3,20 +3,19 @@
 #include <functional>
 #include <string>
 
+#include "i18n/notices.h"
 #include "i18n/string_table.h"
 #include "link/zone_routing.h"
 #include "mixer/sound_lines.h"
 #include "state/flags.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
 
 namespace marlex {
 
-/// The line to the amplifier. Out go single bytes: bits 0 to 5 are zones 1 to 6, bit 6 or 7 our
-/// priority level. In come status bytes whose top two bits are the priority of a call at the
-/// amplifier's own inputs.
+/// The line to the amplifier. Out go routing bytes, computed from the zone labels; in come status
+/// bytes. amplifier/priority.h has what their bits mean.
 class SerialLink {
  public:
   SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
@@ -40,7 +39,6 @@ class SerialLink {
   void ProcessPriority();
   void EndPriority();       // status 0
   void ReturnMusicZones();  // tmrDwellTimer
-  void SetTransportKeyHeight(int height);
 
   Flags& TheFlags;
   SettingsStore& Store;

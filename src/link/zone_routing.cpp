@@ -5,20 +5,11 @@ namespace {
 
 constexpr const char* kNoZones = "000000";
 
-bool RoutingHas(const std::string& routing, int zone) {
-  const auto place = static_cast<std::size_t>(zone);
-  return place < routing.size() && routing[place] == '1';
-}
-
-bool ZoneTextHas(const std::string& zoneText, int zone) {
-  const auto place = static_cast<std::size_t>(zone);
-  return place < zoneText.size() && zoneText[place] == static_cast<char>('1' + zone);
-}
-
-std::string RoutingOf(ControlArray<ToggleButton>& keys) {
-  std::string routing;
-  for (int zone = 0; zone < kZones; ++zone) routing += keys[zone].Value ? '1' : '0';
-  return routing;
+Zones KeysOf(ControlArray<ToggleButton>& keys) {
+  Zones zones{};
+  for (int zone = 0; zone < kZones; ++zone)
+    zones[static_cast<std::size_t>(zone)] = keys[zone].Value;
+  return zones;
 }
 
 }  // namespace
@@ -33,10 +24,11 @@ ZoneRouting::ZoneRouting(FrmMain& frmMain, FrmPlayers& frmPlayers, SettingsStore
 
 void ZoneRouting::ApplyMusicRouting() {
   RoutingRestoreGuard = true;
-  const std::string routing = Store.Values.MusicRouting;
+  const Zones zones = ZonesOfRouting(Store.Values.MusicRouting);
   for (int zone = 0; zone < kZones; ++zone) {
-    TheFrmMain.cmdMusicZones[zone].Value = RoutingHas(routing, zone);
-    Paint(zone, RoutingHas(routing, zone));
+    const bool on = zones[static_cast<std::size_t>(zone)];
+    TheFrmMain.cmdMusicZones[zone].Value = on;
+    Paint(zone, on);
   }
   RoutingRestoreGuard = false;
   SaveMusicRouting();
@@ -44,44 +36,52 @@ void ZoneRouting::ApplyMusicRouting() {
 
 void ZoneRouting::ApplyCallRouting() {
   const std::string routing = Store.Values.CallRouting;
-  for (int zone = 0; zone < kZones; ++zone) {
-    TheFrmMain.cmdCallZone[zone].Value = RoutingHas(routing, zone);
-  }
+  const Zones zones = ZonesOfRouting(routing);
+  for (int zone = 0; zone < kZones; ++zone)
+    TheFrmMain.cmdCallZone[zone].Value = zones[static_cast<std::size_t>(zone)];
   if (routing.empty() || routing == kNoZones) TheFrmMain.cmdCall.Enabled = false;
 }
 
 void ZoneRouting::SaveMusicRouting() {
-  Store.Values.MusicRouting = RoutingOf(TheFrmMain.cmdMusicZones);
+  Store.Values.MusicRouting = RoutingOf(KeysOf(TheFrmMain.cmdMusicZones));
   Store.Write("Routing", "Music routing", Store.Values.MusicRouting);
 }
 
 void ZoneRouting::SaveCallRouting() {
-  Store.Values.CallRouting = RoutingOf(TheFrmMain.cmdCallZone);
+  Store.Values.CallRouting = RoutingOf(KeysOf(TheFrmMain.cmdCallZone));
   Store.Write("Routing", "Call routing", Store.Values.CallRouting);
-  // Whatever else had switched the call key off is ignored here, which is meant.
+  // Deliberate: whatever else had switched the call key off is ignored here.
   TheFrmMain.cmdCall.Enabled = Store.Values.CallRouting != kNoZones;
 }
 
-void ZoneRouting::ShowCallZones() {
-  for (int zone = 0; zone < kZones; ++zone) Paint(zone, RoutingHas(Store.Values.CallRouting, zone));
-  RequestRouting();
-}
+void ZoneRouting::ShowCallZones() { Show(ZonesOfRouting(Store.Values.CallRouting)); }
 
-void ZoneRouting::ShowMessageZones(const std::string& zoneText) {
-  for (int zone = 0; zone < kZones; ++zone) Paint(zone, ZoneTextHas(zoneText, zone));
-  RequestRouting();
-}
+void ZoneRouting::ShowMessageZones(const std::string& zoneText) { Show(ZonesOfRow(zoneText)); }
 
 void ZoneRouting::RequestRouting() {
   if (Store.Values.RouterPresent) TheFrmPlayers.tmrIODelay.Enabled = true;
+}
+
+void ZoneRouting::Release() { TheFrmPlayers.TolvoPort.Output({&kReleaseByte, 1}); }
+
+Zones ZoneRouting::ShownZones() const {
+  Zones zones{};
+  for (int zone = 0; zone < kZones; ++zone)
+    zones[static_cast<std::size_t>(zone)] = TheFrmMain.lblCurrentZone[zone].BackColor == kGreen;
+  return zones;
+}
+
+void ZoneRouting::Show(const Zones& zones) {
+  for (int zone = 0; zone < kZones; ++zone) Paint(zone, zones[static_cast<std::size_t>(zone)]);
+  RequestRouting();
 }
 
 void ZoneRouting::Paint(int zone, bool fed) {
   TheFrmMain.lblCurrentZone[zone].BackColor = fed ? kGreen : kButtonFace;
 }
 
-/// The label follows the key at once, also over the pattern of a call or message that is on; the
-/// next byte carries it. This is meant.
+/// Deliberate: the label follows the key at once, even while it shows the zones of a call or a
+/// message, and the next byte carries it.
 void ZoneRouting::MusicZoneChanged(int zone) {
   Paint(zone, TheFrmMain.cmdMusicZones[zone].Value);
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) RequestRouting();

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "amplifier/priority.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -9,7 +10,13 @@
 namespace marlex {
 
 /// Which zones get the music and which a call, and the six labels that show which zones are fed
-/// now. The routing byte is computed from these labels, so painting them is choosing the zones.
+/// now.
+///
+/// The labels are the routing: they alone decide the next routing byte, and nobody else paints
+/// them. The music zones are shown at the load of the main window, after a call, an announcement
+/// and a takeover, and key by key as the operator sets them; the call zones from the fade of a call
+/// on; the zones of a row while it is announced. RequestRouting then starts `tmrIODelay`, and the
+/// byte goes out with its tick.
 class ZoneRouting {
  public:
   ZoneRouting(FrmMain& frmMain, FrmPlayers& frmPlayers, SettingsStore& store);
@@ -28,7 +35,13 @@ class ZoneRouting {
 
   void RequestRouting();  // asks for the routing byte; nothing without the router
 
+  /// Writes the release byte at once, past everything that holds a routing byte back.
+  void Release();
+
+  Zones ShownZones() const;
+
  private:
+  void Show(const Zones& zones);
   void Paint(int zone, bool fed);
   void MusicZoneChanged(int zone);
   void CallZoneChanged();

@@ -13,13 +13,14 @@ std::string FormatSeconds(double seconds) {
 
 MusicPlayer::MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories,
                          FrmMain& frmMain, FrmPlayers& frmPlayers, SoundLines& lines,
-                         const StringTable& strings, Notices& notices)
+                         ZoneRouting& routing, const StringTable& strings, Notices& notices)
     : TheFlags(flags),
       Store(store),
       TheDirectories(directories),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
       Lines(lines),
+      Routing(routing),
       Strings(strings),
       TheNotices(notices) {
   frmMain.cmdPlay.OnClick = [this] { cmdPlay_Click(); };
@@ -33,8 +34,7 @@ MusicPlayer::MusicPlayer(Flags& flags, SettingsStore& store, Directories& direct
 void MusicPlayer::cmdPlay_Click() {
   const Settings& settings = Store.Values;
   if (TheDirectories.Search(settings.MusicDirectory).empty()) {
-    TheNotices.Tell(Strings.LoadString(kStrNoMusicDirectory) + " " + settings.MusicDirectory,
-                    BoxIcon::Critical, Strings.LoadString(kStrProblem));
+    TheNotices.Problem(Strings.LoadString(kStrNoMusicDirectory) + " " + settings.MusicDirectory);
     return;
   }
   if (settings.RouterPresent) {
@@ -56,8 +56,7 @@ void MusicPlayer::cmdPlay_Click() {
   WriteLastSong(TheFrmMain.lstPlaylist.ListIndex());
   ShowNumber();
   CurrentSongIndex = TheFrmMain.lstPlaylist.ListIndex();
-  TheFrmMain.cmdSkip.Enabled = true;
-  TheFrmMain.cmdStop.Enabled = true;
+  TheFrmMain.EnableSkipAndStop(true);
   if (TheFlags.MusicStoppedBySchedule) {
     TheFlags.MusicStopOverridden = true;
     TheFlags.MusicStoppedBySchedule = false;
@@ -80,10 +79,9 @@ void MusicPlayer::cmdSkip_Click() {
 void MusicPlayer::cmdStop_Click() {
   TheFrmPlayers.MP3Player.Stop();
   Lines.MuteWave();
-  TheFrmMain.cmdSkip.Enabled = false;
-  TheFrmMain.cmdStop.Enabled = false;
+  TheFrmMain.EnableSkipAndStop(false);
   TheFlags.MusicStoppedByUser = true;
-  if (Store.Values.RouterPresent) TheFrmPlayers.SendReleaseByte();
+  if (Store.Values.RouterPresent) Routing.Release();
 }
 
 /// A refused song is skipped as an operator would skip it; a list of which every song is refused is
@@ -117,7 +115,7 @@ bool MusicPlayer::PlayWaitingMessages() {
   const bool inCall = TheFlags.CallActive;
   if (inCall && !TheFlags.FadeRunning) return false;
   PlayMessageWavs();
-  if (!TheFlags.CallActive) TheFrmPlayers.tmrMessage.Enabled = true;
+  if (!TheFlags.CallActive) TheFrmPlayers.ResumeSchedule();
   return TheFlags.CallActive && !inCall;
 }
 

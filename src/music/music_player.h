@@ -4,11 +4,12 @@
 #include <string>
 
 #include "controls/list_drag.h"
+#include "i18n/notices.h"
 #include "i18n/string_table.h"
+#include "link/zone_routing.h"
 #include "mixer/sound_lines.h"
 #include "platform/directories.h"
 #include "state/flags.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -24,8 +25,8 @@ std::string FormatSeconds(double seconds);
 class MusicPlayer {
  public:
   MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories, FrmMain& frmMain,
-              FrmPlayers& frmPlayers, SoundLines& lines, const StringTable& strings,
-              Notices& notices);
+              FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
+              const StringTable& strings, Notices& notices);
 
   std::string CurrentSongPath;  // path last built for the player
   bool HoldsPreview = false;    // a preview was the last to give the player a file
@@ -67,6 +68,7 @@ class MusicPlayer {
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;
+  ZoneRouting& Routing;
   const StringTable& Strings;
   Notices& TheNotices;
   bool LengthAwaited = false;  // the length on show is none, since the song's drive is slow

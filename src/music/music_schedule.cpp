@@ -6,12 +6,14 @@
 namespace marlex {
 
 MusicSchedule::MusicSchedule(Flags& flags, SettingsStore& store, WallClock& clock, FrmMain& frmMain,
-                             FrmPlayers& frmPlayers, MusicPlayer& player, Fades& fades)
+                             FrmPlayers& frmPlayers, ZoneRouting& routing, MusicPlayer& player,
+                             Fades& fades)
     : TheFlags(flags),
       Store(store),
       Clock(clock),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
+      Routing(routing),
       Player(player),
       TheFades(fades) {}
 
@@ -39,11 +41,10 @@ void MusicSchedule::CheckMusicStop() {
   if (settings.FadeTime > 0) TheFades.FadeDown();
   TheFrmPlayers.MP3Player.Stop();
   TheFlags.MusicStartedBySchedule = false;
-  TheFrmMain.cmdStop.Enabled = false;
-  TheFrmMain.cmdSkip.Enabled = false;
+  TheFrmMain.EnableSkipAndStop(false);
   TheFlags.MusicStoppedBySchedule = true;
   if (!TheFlags.CallActive && !TheFlags.MessagePlaying && settings.RouterPresent) {
-    TheFrmPlayers.SendReleaseByte();
+    Routing.Release();
   }
 }
 

@@ -15,7 +15,7 @@ namespace marlex {
 class MusicSchedule {
  public:
   MusicSchedule(Flags& flags, SettingsStore& store, WallClock& clock, FrmMain& frmMain,
-                FrmPlayers& frmPlayers, MusicPlayer& player, Fades& fades);
+                FrmPlayers& frmPlayers, ZoneRouting& routing, MusicPlayer& player, Fades& fades);
 
   void CheckMusicStart();
   void CheckMusicStop();  // waits for the fade
@@ -28,6 +28,7 @@ class MusicSchedule {
   WallClock& Clock;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
+  ZoneRouting& Routing;
   MusicPlayer& Player;
   Fades& TheFades;
 };

@@ -92,10 +92,9 @@ void PlaylistEditor::WireFile() {
 
 void PlaylistEditor::mnuPlaylist_Click() {
   if (!TheDirectories.Search(Values.MusicDirectory).empty()) return Editor.Show();
-  TheNotices.Tell(Strings.LoadString(kStrNoMusicDirectoryFound) + Values.MusicDirectory + "\r" +
-                      Strings.LoadString(kStrOpenConfiguration),
-                  BoxIcon::Critical, Strings.LoadString(kStrError),
-                  [this] { TheFrmSettings.Show(); });
+  TheNotices.Error(Strings.LoadString(kStrNoMusicDirectoryFound) + Values.MusicDirectory + "\r" +
+                       Strings.LoadString(kStrOpenConfiguration),
+                   [this] { TheFrmSettings.Show(); });
 }
 
 void PlaylistEditor::Load() {
@@ -266,7 +265,7 @@ void PlaylistEditor::mnuSave_Click() {
 
 bool PlaylistEditor::RefuseEmptyList() {
   if (Editor.SelectedMP3s.ListCount() > 0) return false;
-  TellError(Strings.LoadString(kStrNoSongsSelected));
+  TheNotices.Error(kStrNoSongsSelected);
   return true;
 }
 
@@ -278,9 +277,9 @@ void PlaylistEditor::Save(const std::string& file) {
   std::vector<ProfileEntry> entries = SongEntries();
   if (missing == 0) AddStart(entries, timed);
   if (!Store.RebuildProfile(entries, file)) {
-    return TellError(Strings.LoadString(kStrSavePlaylist) + ": " + file);
+    return TheNotices.Error(Strings.LoadString(kStrSavePlaylist) + ": " + file);
   }
-  if (missing != 0) return TellError(Strings.LoadString(missing));
+  if (missing != 0) return TheNotices.Error(missing);
   if (timed) {
     Values.MusicStartTime = StartTime();
     Values.MusicStopTime = StopTime();
@@ -341,10 +340,6 @@ std::string PlaylistEditor::DayMask() const {
   std::vector<bool> on;
   for (const auto& day : Editor.chkDays) on.push_back(day->Value == kChecked);
   return DigitMask(on);
-}
-
-void PlaylistEditor::TellError(const std::string& body) {
-  TheNotices.Tell(body, BoxIcon::Critical, Strings.LoadString(kStrError));
 }
 
 std::array<ComboBox*, 4> PlaylistEditor::TimeLists() const {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "i18n/notices.h"
 #include "i18n/string_table.h"
 #include "mixer/sound_lines.h"
 #include "music/music_player.h"
@@ -11,7 +12,6 @@
 #include "platform/directories.h"
 #include "platform/wall_clock.h"
 #include "state/flags.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/frm_players.h"
 #include "windows/windows.h"
@@ -63,7 +63,6 @@ class PlaylistEditor {
   std::string StartTime() const;
   std::string StopTime() const;
   std::string DayMask() const;
-  void TellError(const std::string& body);
 
   /// The hour and the minute of the start, then those of the stop.
   std::array<ComboBox*, 4> TimeLists() const;

@@ -84,7 +84,7 @@ bool Conflicts::ShareADay(const DueRow& earlier, const DueRow& later) {
 void Conflicts::TellIncomplete() {
   std::string body = "The weekdays of these message schedules are incomplete:";
   for (const std::string& schedule : Incomplete) body += "\r\n" + schedule;
-  TheNotices.Tell(body, BoxIcon::Critical, Strings.LoadString(kStrError));
+  TheNotices.Error(body);
 }
 
 void Conflicts::MarkPair(int earlierRow, int laterRow) {
@@ -98,18 +98,14 @@ void Conflicts::MarkPair(int earlierRow, int laterRow) {
 
 bool Conflicts::CompactLayout() const { return TheSettings.RouterPresent || Lines.HasMicrophone(); }
 
-void Conflicts::SetNormalHeights() {
-  TheFrmMain.frSchedule.Height = CompactLayout() ? 4095 : 5655;
-  Table.Height = CompactLayout() ? 3765 : 5325;
-}
+void Conflicts::SetNormalHeights() { TheFrmMain.SizeSchedule(CompactLayout(), false); }
 
 /// The warning takes the room that the shrunken table leaves.
 void Conflicts::ShowConflictNote() {
   TheFrmMain.lblConflict.Caption = Strings.LoadString(kStrTimeConflict);
-  TheFrmMain.frSchedule.Height = CompactLayout() ? 3855 : 5295;
-  Table.Height = CompactLayout() ? 3525 : 4965;
+  TheFrmMain.SizeSchedule(CompactLayout(), true);
   TheFrmMain.lblConflict.Visible = true;
-  TheFrmMain.lblConflict.Top = CompactLayout() ? 4005 : 5520;
+  TheFrmMain.PlaceConflictNote(CompactLayout());
 }
 
 /// Only a red time cell reacts; the other row of the pair stays and fires as usual.

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "i18n/notices.h"
 #include "i18n/string_table.h"
 #include "mixer/sound_lines.h"
 #include "schedule/schedule_columns.h"
-#include "state/notices.h"
 #include "state/settings.h"
 #include "windows/frm_main.h"
 

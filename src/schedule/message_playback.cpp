@@ -15,10 +15,8 @@ MessagePlayback::MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& fr
       Wavs(wavs) {}
 
 void MessagePlayback::PlayMessageSequence(const std::string& currentRouting) {
-  TheFrmPlayers.tmrMessage.Enabled = false;
-  for (CommandButton* key : {&TheFrmMain.cmdPlay, &TheFrmMain.cmdSkip, &TheFrmMain.cmdStop}) {
-    key->Enabled = false;
-  }
+  TheFrmPlayers.HoldSchedule();
+  TheFrmMain.EnableTransport(false);
   if (MusicIs(kPlaying) && !ClearMusic()) return;
   RouteMessage(currentRouting);
   Announce();
@@ -40,10 +38,8 @@ bool MessagePlayback::ClearMusic() {
     TheFades.FadeDown();
     if (TheFlags.CallActive) return false;
     if (TheFlags.PriorityPreempted) {
-      TheFrmPlayers.tmrMessage.Enabled = true;
-      TheFrmMain.cmdPlay.Enabled = true;
-      TheFrmMain.cmdSkip.Enabled = true;
-      TheFrmMain.cmdStop.Enabled = true;
+      TheFrmPlayers.ResumeSchedule();
+      TheFrmMain.EnableTransport(true);
       return false;
     }
   }
@@ -54,7 +50,7 @@ bool MessagePlayback::ClearMusic() {
 /// The zones follow the release by 200 ms, during the start of the first message.
 void MessagePlayback::RouteMessage(const std::string& currentRouting) {
   if (!Store.Values.RouterPresent) return;
-  if (TheFlags.AmplifierStatus != 0) TheFrmPlayers.SendReleaseByte();
+  if (TheFlags.AmplifierStatus != 0) Routing.Release();
   Routing.ShowMessageZones(currentRouting);
 }
 
@@ -84,7 +80,7 @@ void MessagePlayback::RestoreRouting() {
   if (MusicIs(kPaused)) {
     TheFrmPlayers.tmrIODelay.Enabled = true;
   } else {
-    TheFrmPlayers.SendReleaseByte();
+    Routing.Release();
   }
 }
 
@@ -100,10 +96,9 @@ void MessagePlayback::RestoreMusic() {
 }
 
 void MessagePlayback::EnableTransportKeys() {
-  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFrmPlayers.ResumeSchedule();
   TheFrmMain.cmdPlay.Enabled = true;
-  TheFrmMain.cmdSkip.Enabled = MusicIs(kPlaying);
-  TheFrmMain.cmdStop.Enabled = MusicIs(kPlaying);
+  TheFrmMain.EnableSkipAndStop(MusicIs(kPlaying));
 }
 
 }  // namespace marlex

@@ -8,14 +8,13 @@ namespace marlex {
 
 ScheduleTable::ScheduleTable(SettingsStore& store, WallClock& clock, FrmMain& frmMain,
                              FrmPlayers& frmPlayers, ScheduleColumns& columns, Conflicts& conflicts,
-                             const StringTable& strings, Notices& notices)
+                             Notices& notices)
     : Store(store),
       Clock(clock),
       Table(frmMain.grdSchedule),
       SeqFileList(frmPlayers.SeqFileList),
       Columns(columns),
       TheConflicts(conflicts),
-      Strings(strings),
       TheNotices(notices) {}
 
 void ScheduleTable::RebuildScheduleTable() {
@@ -50,7 +49,7 @@ void ScheduleTable::AddAllFiles() {
 void ScheduleTable::TellBadFiles(const std::vector<std::string>& badFiles) {
   std::string body = "These message schedules cannot be used:";
   for (const std::string& file : badFiles) body += "\r\n" + file;
-  TheNotices.Tell(body, BoxIcon::Critical, Strings.LoadString(kStrError));
+  TheNotices.Error(body);
 }
 
 void ScheduleTable::AddSequenceRows() {

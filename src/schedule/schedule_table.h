@@ -3,12 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "i18n/string_table.h"
+#include "i18n/notices.h"
 #include "platform/wall_clock.h"
 #include "schedule/conflicts.h"
 #include "schedule/schedule_columns.h"
 #include "schedule/time_expressions.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -21,8 +20,7 @@ namespace marlex {
 class ScheduleTable {
  public:
   ScheduleTable(SettingsStore& store, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
-                ScheduleColumns& columns, Conflicts& conflicts, const StringTable& strings,
-                Notices& notices);
+                ScheduleColumns& columns, Conflicts& conflicts, Notices& notices);
 
   static constexpr int kMostRows = 32767;
 
@@ -47,7 +45,6 @@ class ScheduleTable {
   ListBox& SeqFileList;
   ScheduleColumns& Columns;
   Conflicts& TheConflicts;
-  const StringTable& Strings;
   Notices& TheNotices;
   TimeExpressions Times;
 };

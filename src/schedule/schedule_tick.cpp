@@ -90,7 +90,7 @@ void ScheduleTick::Dispatch() {
   const bool atMusicBreak =
       Table.TextMatrix(ScheduleRow, kTimeColumn).find('+') != std::string::npos;
   if (atMusicBreak && TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
-    TheFrmPlayers.tmrMessage.Enabled = false;
+    TheFrmPlayers.HoldSchedule();
     WaitingTime = Table.TextMatrix(ScheduleRow, kTimeColumn);
     TheFlags.MessageAwaitingSongEnd = true;
     return;

@@ -79,10 +79,9 @@ void SequenceEditor::mnuSchedule_Click() {
 }
 
 void SequenceEditor::TellNoDirectory() {
-  TheNotices.Tell(Strings.LoadString(kStrNoMessageDirectoryFound) + Store.Values.MessageDirectory +
-                      "\r" + Strings.LoadString(kStrOpenConfiguration),
-                  BoxIcon::Critical, Strings.LoadString(kStrError),
-                  [this] { TheFrmSettings.Show(); });
+  TheNotices.Error(Strings.LoadString(kStrNoMessageDirectoryFound) + Store.Values.MessageDirectory +
+                       "\r" + Strings.LoadString(kStrOpenConfiguration),
+                   [this] { TheFrmSettings.Show(); });
 }
 
 void SequenceEditor::Load() {
@@ -102,7 +101,7 @@ void SequenceEditor::StandStill() {
   SavedAllDaysView = Store.Values.AllDaysView;
   Store.Values.AllDaysView = true;
   Table.RebuildScheduleTable();
-  TheFrmPlayers.tmrMessage.Enabled = false;
+  TheFrmPlayers.HoldSchedule();
   TheFrmPlayers.WavPlayer.Command("Close");
 }
 
@@ -133,7 +132,7 @@ bool SequenceEditor::Unload() {
   Preview.Close();
   Store.Values.AllDaysView = SavedAllDaysView;
   Table.RebuildScheduleTable();
-  TheFrmPlayers.tmrMessage.Enabled = true;
+  TheFrmPlayers.ResumeSchedule();
   return true;
 }
 
@@ -204,8 +203,8 @@ bool SequenceEditor::FieldsAreFilled() {
     message = kStrNoWeekdaySelected;
   }
   if (message == 0) return true;
-  TheNotices.Tell(Strings.LoadString(message), BoxIcon::Critical,
-                  Strings.LoadEnglish(kStrWeekdayHeader));
+  TheNotices.Leave(Strings.LoadString(message), BoxIcon::Critical,
+                   Strings.LoadEnglish(kStrWeekdayHeader));
   return false;
 }
 
@@ -238,8 +237,7 @@ bool SequenceEditor::Write(const std::string& file) {
 }
 
 void SequenceEditor::TellNotSaved(const std::string& file) {
-  TheNotices.Tell(Strings.LoadString(kStrSaveMessageSchedule) + ": " + file, BoxIcon::Critical,
-                  Strings.LoadString(kStrError));
+  TheNotices.Error(Strings.LoadString(kStrSaveMessageSchedule) + ": " + file);
 }
 
 }  // namespace marlex

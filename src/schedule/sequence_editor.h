@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "i18n/notices.h"
 #include "i18n/string_table.h"
 #include "platform/dialogs.h"
 #include "platform/directories.h"
@@ -12,7 +13,6 @@
 #include "schedule/schedule_table.h"
 #include "schedule/selected_messages.h"
 #include "schedule/time_fields.h"
-#include "state/notices.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 

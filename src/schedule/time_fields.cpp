@@ -74,7 +74,7 @@ void TimeFields::TestMinutes() {
 
 void TimeFields::Refuse(bool& valid, StringId message) {
   valid = false;
-  TheNotices.Tell(Strings.LoadString(message), BoxIcon::Critical, Strings.LoadString(kStrError));
+  TheNotices.Error(message);
 }
 
 }  // namespace marlex

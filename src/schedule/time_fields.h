@@ -1,8 +1,7 @@
 #pragma once
 
-#include "i18n/string_table.h"
+#include "i18n/notices.h"
 #include "schedule/time_expressions.h"
-#include "state/notices.h"
 #include "windows/wav_window.h"
 
 namespace marlex {
@@ -11,8 +10,7 @@ namespace marlex {
 /// opened is trusted.
 class TimeFields {
  public:
-  TimeFields(WavWindow& window, const StringTable& strings, Notices& notices)
-      : Window(window), Strings(strings), TheNotices(notices) {}
+  TimeFields(WavWindow& window, Notices& notices) : Window(window), TheNotices(notices) {}
 
   bool HoursValid = false;
   bool MinutesValid = false;
@@ -28,7 +26,6 @@ class TimeFields {
   void Refuse(bool& valid, StringId message);
 
   WavWindow& Window;
-  const StringTable& Strings;
   Notices& TheNotices;
   TimeExpressions Times;
 };

@@ -3,29 +3,26 @@
 #include <array>
 #include <string>
 
+#include "amplifier/priority.h"
+
 namespace marlex {
 
 // The two lengths of a fade.
 inline constexpr int kSlowFadeTimeMs = 1500;
 inline constexpr int kFastFadeTimeMs = 500;
 
-/// Bits of the priority in a routing byte: 128 for exactly "High", 64 for any other text.
-inline int PriorityLevelOf(const std::string& priorityText) {
-  return priorityText == "High" ? 128 : 64;
-}
-
 /// Values read from the profile files, under the names that the whole system uses. Volumes are
 /// slider positions: 0 is the loudest, 65535 silence.
 struct Settings {
   std::string MusicDirectory;    // with its final separator
   std::string MessageDirectory;  // likewise
-  std::array<std::string, 6> ZoneNames;
+  std::array<std::string, kZones> ZoneNames;
   std::string PreChime;   // file name without directory and extension; empty is no chime
   std::string PostChime;  // likewise
   std::string ComPortSetting;
   bool RouterPresent = false;
   std::string PriorityLevelText;  // "High" or "Low"
-  int OwnPriorityLevel = 64;      // 128 for "High"
+  int OwnPriorityLevel = kLowPriority;
   int MusicVolume = 0;
   int MessageVolume = 0;
   int MasterVolume = 0;

@@ -59,15 +59,45 @@ void FrmMain::DesignMenus() {
 
 void FrmMain::DesignSizes() {
   Height = 6525;
-  for (CommandButton* key : {&cmdPlay, &cmdSkip, &cmdStop}) key->Height = kTransportKeyHeight;
-  frSchedule.Height = 4095;
-  grdSchedule.Height = 3765;
-  lblConflict.Top = 4005;
+  SetTransportHeight(kTransportKeyHeight);
+  SizeSchedule(true, false);
+  PlaceConflictNote(true);
   lblMusic.Top = 840;
   for (int zone = 0; zone < kZones; ++zone) {
     cmdMusicZones[zone].Height = kZoneKeyHeight;
     cmdCallZone[zone].Height = kZoneKeyHeight;
   }
 }
+
+void FrmMain::EnableTransport(bool enabled) {
+  cmdPlay.Enabled = enabled;
+  EnableSkipAndStop(enabled);
+}
+
+void FrmMain::EnableSkipAndStop(bool enabled) {
+  cmdSkip.Enabled = enabled;
+  cmdStop.Enabled = enabled;
+}
+
+void FrmMain::SetTransportHeight(int height) {
+  for (CommandButton* button : {&cmdPlay, &cmdSkip, &cmdStop}) button->Height = height;
+}
+
+void FrmMain::PaintBusyLamps(Color color) {
+  lblBusy[0].BackColor = color;
+  lblBusy[1].BackColor = color;
+}
+
+void FrmMain::SizeSchedule(bool low, bool withNote) {
+  if (withNote) {
+    frSchedule.Height = low ? 3855 : 5295;
+    grdSchedule.Height = low ? 3525 : 4965;
+  } else {
+    frSchedule.Height = low ? 4095 : 5655;
+    grdSchedule.Height = low ? 3765 : 5325;
+  }
+}
+
+void FrmMain::PlaceConflictNote(bool low) { lblConflict.Top = low ? 4005 : 5520; }
 
 }  // namespace marlex

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "amplifier/zones.h"
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "controls/list_box.h"
@@ -7,8 +8,6 @@
 #include "controls/widgets.h"
 
 namespace marlex {
-
-inline constexpr int kZones = 6;  // zone arrays run from 0 to 5
 
 /// Columns of `grdSchedule`.
 enum ScheduleColumn : int {
@@ -81,6 +80,19 @@ struct FrmMain : Form {
   Menu mnuAboutbox{*this, "mnuAboutbox"};
 
   Timer Seconds;  // the clock in the caption of frSchedule
+
+  /// Play, Skip and Stop together.
+  void EnableTransport(bool enabled);
+  /// Skip and Stop, which are for a song that plays.
+  void EnableSkipAndStop(bool enabled);
+  void SetTransportHeight(int height);
+
+  void PaintBusyLamps(Color color);
+
+  /// The column of the schedule is low where the lower part of the window is needed for a router or
+  /// a call station, and the note about conflicts takes its room from the table.
+  void SizeSchedule(bool low, bool withNote);
+  void PlaceConflictNote(bool low);
 
  private:
   void DesignTexts();

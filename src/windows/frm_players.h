@@ -9,9 +9,6 @@
 
 namespace marlex {
 
-/// The byte that frees all zones and gives up the priority.
-inline constexpr char kReleaseByte = 0;
-
 /// The engine window, never shown. Every player, the serial port and every engine timer belong to
 /// it.
 struct FrmPlayers : Form {
@@ -29,8 +26,13 @@ struct FrmPlayers : Form {
         tmrIODelay(*this, "tmrIODelay", loop, 200, false),
         tmrFadeTime(*this, "tmrFadeTime", loop, 10, false) {}
 
-  /// Writes the release byte at once, past everything that holds a routing byte back.
-  void SendReleaseByte() { TolvoPort.Output({&kReleaseByte, 1}); }
+  /// The schedule's gate: while it is held, no row fires and no music starts or stops by the clock.
+  /// An announcement holds it for as long as it plays or waits for the music break, a call from the
+  /// press to the end of its release, the sequence editor while it is open, and the start until the
+  /// settings are read. It does not count: whoever ends resumes it for all.
+  void HoldSchedule() { tmrMessage.Enabled = false; }
+  void ResumeSchedule() { tmrMessage.Enabled = true; }
+  bool ScheduleIsHeld() const { return !tmrMessage.Enabled; }
 
   SongPlayer& MP3Player;
   WavePlayer& WavPlayer;

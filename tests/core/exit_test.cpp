@@ -35,7 +35,7 @@ void ReachFadeUp(Desk& desk) {
 }
 
 void OpenNotice(Desk& desk) {
-  desk.Do([&] { desk.Sys->TheNotices.Tell("No paper", BoxIcon::Critical, "Error"); });
+  desk.Do([&] { desk.Sys->TheNotices.Leave("No paper", BoxIcon::Critical, "Error"); });
   ASSERT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
 }
 
@@ -88,7 +88,7 @@ const std::vector<Midst> kMidsts = {
      [](Desk& desk) {
        OpenFileDialog(desk);
        ReachFadeDown(desk);
-       desk.Do([&] { desk.Sys->TheNotices.Tell("No paper", BoxIcon::Critical, "Error"); });
+       desk.Do([&] { desk.Sys->TheNotices.Leave("No paper", BoxIcon::Critical, "Error"); });
        ASSERT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 2);
      }},
     {"a message under a file dialog",

@@ -9,7 +9,6 @@
 namespace marlex {
 namespace {
 
-constexpr int kPriorityBits = 192;
 constexpr int kZoneBits = 63;
 constexpr int kMostWaits = 16;
 constexpr int kMostBoxes = 12;

@@ -320,7 +320,7 @@ TEST(MessageTakeover, AnErrorBoxThatNobodyAnswersHoldsNoPhaseUp) {
   for (const int atMs : {500, kInTheFade, kInTheFirstMessage, kInTheRise}) {
     desk.AdvanceTo(atMs);
     desk.Do([&] {
-      desk.Sys->TheNotices.Tell("At " + std::to_string(atMs), BoxIcon::Critical, "Error");
+      desk.Sys->TheNotices.Leave("At " + std::to_string(atMs), BoxIcon::Critical, "Error");
     });
   }
   desk.AdvanceTo(20'000);

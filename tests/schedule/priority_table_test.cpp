@@ -463,7 +463,6 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 /// Only the two upper bits of a byte count, whatever else it brings.
 TEST(PriorityTable, EveryByteCountsByItsTwoUpperBitsInEveryState) {
-  constexpr int kPriorityBits = 192;
   constexpr int kEverySo = 7;  // under our own high level
   for (const Moment& moment : kMoments) {
     for (const std::string own : {"Low", "High"}) {

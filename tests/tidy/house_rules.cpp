@@ -12,10 +12,20 @@ namespace {
 
 /// The floors of the house from the ground up. A folder may include those on lower floors; two on
 /// one floor do not know each other.
-const std::vector<std::vector<std::string>> kFloors = {
-    {"platform"}, {"controls"}, {"state"},    {"windows"}, {"i18n"}, {"mixer"},
-    {"link"},     {"music"},    {"schedule"}, {"call"},    {"core"}, {"simulation", "desktop"},
-    {"app"}};
+const std::vector<std::vector<std::string>> kFloors = {{"amplifier"},
+                                                       {"platform"},
+                                                       {"controls"},
+                                                       {"state"},
+                                                       {"windows"},
+                                                       {"i18n"},
+                                                       {"mixer"},
+                                                       {"link"},
+                                                       {"music"},
+                                                       {"schedule"},
+                                                       {"call"},
+                                                       {"core"},
+                                                       {"simulation", "desktop"},
+                                                       {"app"}};
 
 /// Folders that know a real PC, and the simulated PC, which may have a thread of its own.
 const std::vector<std::string> kAboveTheLine = {"desktop", "app"};

@@ -1,4 +1,4 @@
-#include "state/notices.h"
+#include "i18n/notices.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace {
 void Leave(SimulatedPc& pc) { pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever; }
 
 void Tell(Desk& desk, const std::string& body) {
-  desk.Do([&desk, body] { desk.Sys->TheNotices.Tell(body, BoxIcon::Critical, "Error"); });
+  desk.Do([&desk, body] { desk.Sys->TheNotices.Leave(body, BoxIcon::Critical, "Error"); });
 }
 
 TEST(Notices, ABoxThatIsOpenIsNotOpenedTwice) {
