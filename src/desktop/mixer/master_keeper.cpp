@@ -190,11 +190,10 @@ class MasterKeeper::Worker {
 };
 
 MasterKeeper::MasterKeeper(EventLoop& loop, OpenMaster open) {
-  const auto tell = [this, &loop, token = std::weak_ptr(Token)] {
-    loop.Post([this, token] {
-      if (!token.expired() && OnChange) OnChange();
-    });
-  };
+  const auto changed = Life.Guard([this] {
+    if (OnChange) OnChange();
+  });
+  const auto tell = [&loop, changed] { loop.Post(changed); };
   Work = std::make_shared<Worker>(std::move(open), tell);
   Thread = std::thread([work = Work] { work->Run(); });
   Work->AwaitFirstAnswer();

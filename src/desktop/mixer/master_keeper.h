@@ -5,6 +5,7 @@
 
 #include "desktop/mixer/master_device.h"
 #include "platform/event_loop.h"
+#include "platform/lifeline.h"
 
 namespace marlex {
 
@@ -30,9 +31,8 @@ class MasterKeeper : public CardMaster {
 
  private:
   class Worker;
-  const std::shared_ptr<bool> Token =
-      std::make_shared<bool>(true);  // a posted event finds out whether we live
-  std::shared_ptr<Worker> Work;      // shared with the thread
+  const Lifeline Life;
+  std::shared_ptr<Worker> Work;  // shared with the thread
   std::thread Thread;
 };
 

@@ -120,9 +120,9 @@ void TtySerialPort::LoseLine() {
 void TtySerialPort::ReportFault(int error) {
   const std::string text =
       "COM" + std::to_string(Number) + ": " + std::generic_category().message(error);
-  Loop.Post([this, text, token = std::weak_ptr(Token)] {
-    if (!token.expired() && OnFault) OnFault(text);
-  });
+  Loop.Post(Life.Guard([this, text] {
+    if (OnFault) OnFault(text);
+  }));
 }
 
 std::string TtySerialPort::Input() { return std::exchange(Received, {}); }

@@ -7,6 +7,7 @@
 
 #include "desktop/serial/tty_line.h"
 #include "platform/event_loop.h"
+#include "platform/lifeline.h"
 #include "platform/serial_port.h"
 
 class QSocketNotifier;
@@ -75,8 +76,7 @@ class TtySerialPort : public SerialPort {
   std::string Unsent;    // what the kernel did not take yet, at most 512 bytes
   std::string Owed;      // the newest byte that found no device; empty when none did
   EventLoop::TimerId RetryTimer = 0;
-  std::shared_ptr<bool> Token =
-      std::make_shared<bool>(true);  // a posted fault finds out whether we live
+  const Lifeline Life;
 };
 
 }  // namespace marlex

@@ -24,7 +24,7 @@ long EngineWavePlayer::Length() const {
 
 void EngineWavePlayer::Open() {
   Unload();
-  Generation = std::make_shared<char>();
+  Opening.Cut();
   Reported.reset();
   Seconds = 0;
   OpenPath = FileName;
@@ -76,17 +76,15 @@ void EngineWavePlayer::Unload() {
 
 /// Reports mode 525 by an event of its own, never inside a command.
 void EngineWavePlayer::ReportStopped() {
-  Loop.Post([this, generation = std::weak_ptr(Generation)] {
-    if (!generation.expired()) DeliverStopped(false);
-  });
+  Loop.Post(Opening.Guard([this] { DeliverStopped(false); }));
 }
 
 /// The mode that is reported can be read while the report is delivered. A listener that opens the
 /// next file ends the report of this one.
 void EngineWavePlayer::DeliverStopped(bool played) {
-  const std::weak_ptr generation = Generation;
+  const Lifeline::Tie opening = Opening.Now();
   if (played && OnDone) OnDone();
-  if (generation.expired() || !OnStatusUpdate) return;
+  if (!opening.Holds() || !OnStatusUpdate) return;
   const auto report =
       std::make_shared<char>();  // goes with this call, also when the listener throws
   Reported = report;

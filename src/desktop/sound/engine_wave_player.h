@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "desktop/sound/sound_engine.h"
+#include "platform/lifeline.h"
 #include "platform/wave_player.h"
 
 namespace marlex {
@@ -39,9 +40,7 @@ class EngineWavePlayer : public WavePlayer {
   double Seconds = 0;  // length of the open file
   int Present = kWaveNotOpen;
   std::weak_ptr<char> Reported;  // lives while mode 525 is being delivered
-  /// Changes with every opening, and at the end of the player, so that older reports are no longer
-  /// delivered.
-  std::shared_ptr<char> Generation = std::make_shared<char>();
+  Lifeline Opening;              // each opening cuts the reports of the file before
 };
 
 }  // namespace marlex

@@ -11,10 +11,6 @@ void Hand::Forward(VisualControl& control, std::function<void()> event) {
   });
 }
 
-void Hand::ForwardAlways(std::function<void()> event) {
-  Loop.Post([alive = std::weak_ptr(Alive), event = std::move(event)] {
-    if (!alive.expired()) event();
-  });
-}
+void Hand::ForwardAlways(std::function<void()> event) { Loop.Post(Life.Guard(std::move(event))); }
 
 }  // namespace marlex

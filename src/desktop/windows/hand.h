@@ -1,10 +1,10 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 
 #include "controls/widgets.h"
 #include "platform/event_loop.h"
+#include "platform/lifeline.h"
 
 namespace marlex {
 
@@ -25,8 +25,7 @@ class Hand {
 
  private:
   EventLoop& Loop;
-  std::shared_ptr<const bool> Alive =
-      std::make_shared<const bool>(true);  // events may outlive the view
+  const Lifeline Life;  // events may outlive the view
 };
 
 }  // namespace marlex
