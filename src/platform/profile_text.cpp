@@ -113,8 +113,7 @@ KeyPlace Find(std::string_view text, std::string_view section, std::string_view 
 }
 
 std::string ValueIn(std::string_view content, std::size_t maxCharacters) {
-  const std::string_view value = WithoutBlanks(content.substr(content.find('=') + 1));
-  return std::string(FirstCharacters(WithoutQuotes(value), maxCharacters));
+  return ReadBack(content.substr(content.find('=') + 1), maxCharacters);
 }
 
 /// Number at the end of a line's key when what stands before it is the prefix; else empty.
@@ -202,6 +201,10 @@ std::string WithProfileValue(std::string_view text, std::string_view section, st
   }
   if (place.LastLine) return WithNewKey(text, *place.LastLine, key, value);
   return WithNewSection(text, section, key, value);
+}
+
+std::string ReadBack(std::string_view value, std::size_t maxCharacters) {
+  return std::string(FirstCharacters(WithoutQuotes(WithoutBlanks(value)), maxCharacters));
 }
 
 std::string QuotedName(std::string_view name) {

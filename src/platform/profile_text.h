@@ -35,6 +35,9 @@ std::vector<std::string> NumberedProfileValues(std::string_view text, std::strin
 std::string WithProfileValue(std::string_view text, std::string_view section, std::string_view key,
                              std::string_view value);
 
+/// What a reader gets of a value that is written like this.
+std::string ReadBack(std::string_view value, std::size_t maxCharacters);
+
 /// Form of a name as a value, from which a reader gets all of the name back: inside one more pair
 /// of quotes where it begins and ends with one kind of quote, or begins or ends in a blank.
 std::string QuotedName(std::string_view name);

@@ -17,16 +17,18 @@ std::vector<std::string> MemoryProfiles::GetNumbered(const std::string& section,
                                maxCharacters);
 }
 
-bool MemoryProfiles::WriteStrings(const std::vector<ProfileEntry>& entries,
-                                  const std::string& file) {
+Writing MemoryProfiles::WriteStrings(const std::vector<ProfileEntry>& entries,
+                                     const std::string& file) {
   auto text = TextOf(file);
-  if (!text && !Disk.Search(file).empty()) return false;
+  if (!text && !Disk.Search(file).empty()) return Writing::Failed;
   if (!text) text.emplace();
   for (const auto& [section, key, value] : entries)
     text->Text = WithProfileValue(text->Text, section, key, value);
-  if (!Disk.Write(Disk.Found(file), text->Bytes())) return false;
+  const std::string bytes = text->Bytes();
+  const bool unchanged = Disk.Read(file) == bytes;
+  if (!unchanged && !Disk.Write(Disk.Found(file), bytes)) return Writing::Failed;
   Note(entries, file);
-  return true;
+  return unchanged ? Writing::Unchanged : Writing::Done;
 }
 
 /// Text of a file; nothing when the file is missing, unreadable or not text.

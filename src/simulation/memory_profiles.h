@@ -11,7 +11,7 @@
 namespace marlex {
 
 /// Profile files on the memory disk, which also makes them fail. Every value that is written is one
-/// line of the journal.
+/// line of the journal, one that stands there already included, though that touches no disk.
 class MemoryProfiles : public ProfileFiles {
  public:
   MemoryProfiles(MemoryDisk& disk, Journal& journal) : Disk(disk), Log(journal) {}
@@ -21,7 +21,7 @@ class MemoryProfiles : public ProfileFiles {
   std::vector<std::string> GetNumbered(const std::string& section, const std::string& keyPrefix,
                                        const std::string& file,
                                        std::size_t maxCharacters) const override;
-  bool WriteStrings(const std::vector<ProfileEntry>& entries, const std::string& file) override;
+  Writing WriteStrings(const std::vector<ProfileEntry>& entries, const std::string& file) override;
   bool Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) override;
 
  private:

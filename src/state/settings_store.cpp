@@ -39,18 +39,32 @@ std::vector<std::string> SettingsStore::ReadNumberedValues(const std::string& se
 
 bool SettingsStore::WriteProfileValue(const std::string& section, const std::string& key,
                                       const std::string& value, const std::string& file) {
-  return WriteProfileValues({{section, key, value}}, file);
+  return Put({{section, key, value}}, file) != Writing::Failed;
 }
 
 bool SettingsStore::WriteProfileValues(std::vector<ProfileEntry> entries, const std::string& file) {
-  std::erase_if(entries, [&](const ProfileEntry& entry) { return StandsInCodePage(entry, file); });
-  return entries.empty() || Profiles.WriteStrings(entries, file);
+  return Put(std::move(entries), file) != Writing::Failed;
 }
 
+bool SettingsStore::Write(const std::string& section, const std::string& key,
+                          const std::string& value) {
+  const Writing writing = Put({{section, key, value}}, TolvoIni());
+  const bool saved = writing != Writing::Failed;
+  if (!saved && Saved && OnNotSaved) OnNotSaved();
+  if (writing != Writing::Unchanged) Saved = saved;
+  return saved;
+}
+
+Writing SettingsStore::Put(std::vector<ProfileEntry> entries, const std::string& file) {
+  std::erase_if(entries, [&](const ProfileEntry& entry) { return StandsInCodePage(entry, file); });
+  return entries.empty() ? Writing::Unchanged : Profiles.WriteStrings(entries, file);
+}
+
+/// Whether a reader gets the same from the bytes in the file as from the new value.
 bool SettingsStore::StandsInCodePage(const ProfileEntry& entry, const std::string& file) const {
   if (std::all_of(entry.Value.begin(), entry.Value.end(), IsAscii)) return false;
   const std::string value = Profiles.GetString(entry.Section, entry.Key, file, kLongestValue);
-  return !IsUtf8(value) && InUtf8(value, ValuesIn) == entry.Value;
+  return !IsUtf8(value) && AsText(value, ValuesIn) == ReadBack(entry.Value, kLongestValue);
 }
 
 std::string SettingsStore::TolvoIni() const {

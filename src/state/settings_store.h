@@ -39,7 +39,8 @@ class SettingsStore {
   bool WriteProfileValue(const std::string& section, const std::string& key,
                          const std::string& value, const std::string& file);
 
-  /// Called when the settings file cannot be written, once until a write succeeds again.
+  /// Called when the settings file cannot be written, once until the file is written again. A write
+  /// that has nothing to change proves nothing.
   std::function<void()> OnNotSaved;
 
   /// The same for values of one file in their order, all of them or none.
@@ -58,12 +59,7 @@ class SettingsStore {
   std::string Read(const std::string& section, const std::string& key) const {
     return ReadProfileValue(section, key, TolvoIni());
   }
-  bool Write(const std::string& section, const std::string& key, const std::string& value) {
-    const bool saved = WriteProfileValue(section, key, value, TolvoIni());
-    if (!saved && Saved && OnNotSaved) OnNotSaved();
-    Saved = saved;
-    return saved;
-  }
+  bool Write(const std::string& section, const std::string& key, const std::string& value);
 
   /// True only for the exact text "Yes"; key look-up is blind to case, values are not.
   bool ReadFlag(const std::string& section, const std::string& key) const {
@@ -76,11 +72,12 @@ class SettingsStore {
   Settings Values;
 
  private:
+  Writing Put(std::vector<ProfileEntry> entries, const std::string& file);
   bool StandsInCodePage(const ProfileEntry& entry, const std::string& file) const;
 
   ProfileFiles& Profiles;
   Process& TheProcess;
-  bool Saved = true;  // the last write of the settings file succeeded
+  bool Saved = true;  // the last write that had to touch the settings file succeeded
 };
 
 }  // namespace marlex

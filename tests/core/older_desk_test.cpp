@@ -67,6 +67,26 @@ TEST(OlderDesk, BytesThatNobodyChangesStay) {
   EXPECT_EQ(desk.Setting("Zone names", "Zone:2"), "Höfe");
 }
 
+TEST(OlderDesk, BytesInQuotesThatNobodyChangesStay) {
+  for (const char* value : {"\"'K\xFC\x63he'\"", "'K\xFC\x63he'", "\" K\xFC\x63he\""}) {
+    SettingsDesk desk({}, With("Zone names", "Zone:1", value));
+    desk.Open();
+    desk.Click("cmdOK");
+    EXPECT_NE(desk.Pc.Disk.Read(Desk::kIni)->find(std::string("Zone:1=") + value + "\r\n"),
+              std::string::npos)
+        << value;
+  }
+}
+
+TEST(OlderDesk, ALongTextThatNobodyChangesKeepsItsBytes) {
+  std::string bytes;
+  for (int pair = 0; pair < 1000; ++pair) bytes += "\xC3\xA9";
+  SettingsDesk desk({}, With("Zone names", "Zone:1", bytes + "\xE9"));
+  desk.Open();
+  desk.Click("cmdOK");
+  EXPECT_NE(desk.Pc.Disk.Read(Desk::kIni)->find("Zone:1=" + bytes + "\xE9\r\n"), std::string::npos);
+}
+
 TEST(OlderDesk, ALongTextIsCutAtAsManyCharactersAsAnyOther) {
   std::string bytes;
   for (int pair = 0; pair < 1000; ++pair) bytes += "\xC3\xA9";

@@ -248,6 +248,19 @@ TEST(SettingsLoader, SettingsThatCannotBeWrittenAreToldOnceAndNothingIsLost) {
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
+TEST(SettingsLoader, AWriteWithNothingToChangeProvesNothing) {
+  Desk desk({}, With("Zone names", "Zone:1", "K\xFC\x63he"));
+  desk.Pc.Disk.FailWrites("/app");
+  desk.Click("mnuAllDays");
+  desk.Do([&] {
+    desk.Sys->Store.Write("Selected type", "QRT4410/20", "Yes");
+    desk.Sys->Store.Write("Zone names", "Zone:1", "Küche");
+  });
+  desk.Click("mnuCurrentDay");
+  desk.Click("mnuAllDays");
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
+}
+
 TEST(SettingsLoader, AFaultThatComesAgainAfterAWriteIsToldAgain) {
   Desk desk;
   for (int fault = 0; fault < 2; ++fault) {

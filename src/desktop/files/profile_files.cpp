@@ -27,17 +27,17 @@ std::vector<std::string> DiskProfileFiles::GetNumbered(const std::string& sectio
   return NumberedProfileValues(TextOf(file), section, keyPrefix, maxCharacters);
 }
 
-bool DiskProfileFiles::WriteStrings(const std::vector<ProfileEntry>& entries,
-                                    const std::string& file) {
+Writing DiskProfileFiles::WriteStrings(const std::vector<ProfileEntry>& entries,
+                                       const std::string& file) {
   const std::string path = FoundPath(file);
   const WholeFile old = ReadWholeFile(path);
   auto text = ProfileFileText::Of(old.Text);
-  if (old.State == FileState::Unreadable || !text) return false;
+  if (old.State == FileState::Unreadable || !text) return Writing::Failed;
   for (const auto& [section, key, value] : entries)
     text->Text = WithProfileValue(text->Text, section, key, value);
   const std::string bytes = text->Bytes();
-  if (old.State == FileState::Read && bytes == old.Text) return true;
-  return ReplaceFile(path, bytes);
+  if (old.State == FileState::Read && bytes == old.Text) return Writing::Unchanged;
+  return ReplaceFile(path, bytes) ? Writing::Done : Writing::Failed;
 }
 
 bool DiskProfileFiles::Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) {

@@ -18,7 +18,7 @@ class DiskProfileFiles : public ProfileFiles {
   std::vector<std::string> GetNumbered(const std::string& section, const std::string& keyPrefix,
                                        const std::string& file,
                                        std::size_t maxCharacters) const override;
-  bool WriteStrings(const std::vector<ProfileEntry>& entries, const std::string& file) override;
+  Writing WriteStrings(const std::vector<ProfileEntry>& entries, const std::string& file) override;
   bool Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) override;
 };
 
