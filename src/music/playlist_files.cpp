@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "platform/profile_text.h"
 #include "state/numbers.h"
 #include "state/week_time.h"
 
@@ -110,7 +111,7 @@ void PlaylistFiles::mnuOpen_Click() {
 
 void PlaylistFiles::Open(const std::string& file) {
   Store.Values.CurrentPlaylistFile = file;
-  Store.Write("Playlist", "Current List", Store.Values.CurrentPlaylistFile);
+  Store.Write("Playlist", "Current List", QuotedName(Store.Values.CurrentPlaylistFile));
   LoadPlaylist();
   TheFlags.MusicStoppedByUser = false;
 }

@@ -1,6 +1,7 @@
 #include "schedule/sequence_files.h"
 
 #include "platform/directories.h"
+#include "platform/profile_text.h"
 #include "platform/runtime_failure.h"
 #include "platform/text_case.h"
 
@@ -79,7 +80,7 @@ void SequenceFiles::mnuSequence_Click() {
 void SequenceFiles::Open(const std::string& result) {
   if (result.find(".sch") == std::string::npos) return;
   const SequenceSelection selection = ParseSequenceSelection(result);
-  Store.Write(kSection, "Sequence list", selection.List);
+  Store.Write(kSection, "Sequence list", QuotedName(selection.List));
   Store.Write(kSection, "Sequence path", selection.Path);
   LoadSequenceList();
 }

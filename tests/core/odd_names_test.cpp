@@ -57,6 +57,28 @@ TEST(OddNames, OfMessagesSurviveSaving) {
   EXPECT_EQ(desk.Setting("Schedule", "Hour(s)", "/app/new.sch"), "12");
 }
 
+TEST(OddNames, OfAnOpenPlaylistSurviveARestart) {
+  for (const std::string file : {"/app/day.lst ", "/app/day.lst\t"}) {
+    Desk desk({},
+              [&](SimulatedPc& pc) { pc.Disk.AddFile(file, "[Playlist]\r\nSong:1=march\r\n"); });
+    desk.Pc.Dialogs.OpenResults = {file};
+    desk.Do([&] { desk.Main().mnuOpen.OnClick(); });
+    desk.Advance(0);
+    desk.Restart();
+    EXPECT_EQ(desk.Values().CurrentPlaylistFile, file);
+    EXPECT_EQ(desk.Main().lstPlaylist.List(0), "march");
+  }
+}
+
+TEST(OddNames, OfOpenSequencesSurviveSaving) {
+  Desk desk({.Sequences = {{.File = " first.sch"}, {.File = "second.sch"}}});
+  desk.Pc.Dialogs.OpenResults = {"/app/  first.sch second.sch"};
+  desk.Click("mnuSequence");
+  desk.Restart();
+  EXPECT_EQ(desk.Sys->TheFrmPlayers.SeqFileList.List(0), " first.sch");
+  EXPECT_EQ(desk.Sys->TheFrmPlayers.SeqFileList.List(1), "second.sch");
+}
+
 TEST(OddNames, OfZonesAndChimesSurviveSaving) {
   SettingsDesk desk({.Messages = {{"'ding'", 1000}}});
   desk.Open();
