@@ -2,8 +2,14 @@
 
 #include "platform/directories.h"
 #include "platform/profile_text.h"
+#include "platform/runtime_failure.h"
 
 namespace marlex {
+namespace {
+
+constexpr const char* kFile = "Functionkeys.ini";
+
+}  // namespace
 
 FunctionKeys::FunctionKeys(SettingsStore& store, Windows& windows, SequenceEditor& editor,
                            SelectedMessages& messages)
@@ -28,7 +34,8 @@ void FunctionKeys::mnuFKey_Click(int key) {
   };
   const std::string messages = read("Schedule");
   const std::string zones = read("Routing");
-  if (!zones.empty()) ApplyZoneText(Window, zones);
+  if (!zones.empty())
+    AtPlace(kFile + (": " + Section(key)) + ": Routing", [&] { ApplyZoneText(Window, zones); });
   CurrentFunctionKey = key;
   Window.mnuSave.Enabled = true;
   Window.Caption = "Function key programming: F" + std::to_string(key);
@@ -50,9 +57,7 @@ void FunctionKeys::Save() {
   if (!written) Editor.TellNotSaved(File());
 }
 
-std::string FunctionKeys::File() const {
-  return JoinPath(Store.ApplicationDirectory(), "Functionkeys.ini");
-}
+std::string FunctionKeys::File() const { return JoinPath(Store.ApplicationDirectory(), kFile); }
 
 std::string FunctionKeys::Section(int key) { return "Function key " + std::to_string(key); }
 

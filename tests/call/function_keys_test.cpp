@@ -1,5 +1,6 @@
 #include "call/function_keys.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "schedule/editor_desk.h"
@@ -119,7 +120,9 @@ TEST(FunctionKeys, OneWithTooFewZonesIsNotChosenAndChangesNothing) {
   desk.Choose(1);
   desk.Choose(2);
   desk.Advance(0);
-  EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
+  ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
+  EXPECT_THAT(desk.Pc.Dialogs.Boxes[0].Body,
+              testing::HasSubstr("Functionkeys.ini: Function key 2: Routing: "));
   EXPECT_EQ(desk.Sys->Keys.CurrentFunctionKey, 1);
   EXPECT_EQ(desk.Sequence() + desk.Zones(), "gong11----");
 }
