@@ -25,12 +25,15 @@ inline std::string WithoutFinalSeparator(std::string path) {
   return path;
 }
 
+/// Whether a name has a line end in it, which no line of a profile file can hold.
+inline bool HasLineEnd(std::string_view name) {
+  return name.find_first_of("\r\n") != std::string_view::npos;
+}
+
 /// Whether an entry of a directory counts. Hidden ones, whose name begins with a dot, do not: they
 /// are litter that other systems and half-finished writings leave on a disk. Nor do names with a
-/// line end, which no line of a profile file can hold.
-inline bool IsOffered(std::string_view name) {
-  return !name.starts_with('.') && name.find_first_of("\r\n") == std::string_view::npos;
-}
+/// line end.
+inline bool IsOffered(std::string_view name) { return !name.starts_with('.') && !HasLineEnd(name); }
 
 /// Look-ups in the file system. A path that cannot be read counts as absent. Where no entry has the
 /// exact name, one that `NamesTheSame` is found in its place, in every part of a path.
@@ -53,8 +56,8 @@ class Directories {
 
   /// Where a search for a directory can begin: the operator's home directory, which comes first,
   /// and the roots of the mounted file systems, sorted, the root of all of them included. Each
-  /// without a final separator, the root apart. No drive is touched for it, so that a dead one
-  /// stops nothing.
+  /// without a final separator, the root apart, and none with a line end. No drive is touched for
+  /// it, so that a dead one stops nothing.
   virtual std::vector<std::string> Drives() const = 0;
 
   /// Whether `path`, with or without a final separator, is a directory that can be found.

@@ -7,6 +7,9 @@ namespace {
 constexpr char32_t kLoneByte =
     0xDC00;  // no character: such codes are reserved and never stand alone in UTF-8
 
+/// Letters that stand in no row with their small ones, each followed by that.
+constexpr std::u16string_view kApart = u"ŸÿƑƒΆάΈέΉήΊίΌόΎύΏώΪϊΫϋςσҐґ";
+
 bool Between(char32_t code, char32_t first, char32_t last) { return code >= first && code <= last; }
 
 /// Number of bytes that the lead byte of a character announces; 0 when it is none.
@@ -40,7 +43,7 @@ Character First(std::string_view text) {
 }
 
 /// Small letter of a capital one, after the simple case folding of the Unicode standard, for the
-/// alphabets in which the system's operators write.
+/// alphabets in which the system's operators write. A final sigma counts as any other.
 char32_t Fold(char32_t code) {
   if (code < 0x80) return Between(code, 'A', 'Z') ? code + 32 : code;
   if (Between(code, 0xC0, 0xDE) && code != 0xD7)
@@ -53,6 +56,9 @@ char32_t Fold(char32_t code) {
   if (Between(code, 0x391, 0x3A9) && code != 0x3A2) return code + 32;  // Greek
   if (Between(code, 0x400, 0x40F)) return code + 80;                   // Cyrillic
   if (Between(code, 0x410, 0x42F)) return code + 32;
+  for (std::size_t at = 0; at < kApart.size(); at += 2) {
+    if (kApart[at] == code) return kApart[at + 1];
+  }
   return code;
 }
 

@@ -3,11 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
 namespace marlex {
 namespace {
+
+TEST(TextCase, KnowsTheCapitalsOfEveryAlphabetInUse) {
+  for (const auto& [capital, small] :
+       std::vector<std::array<const char*, 2>>{{"ÀÑØÞ", "àñøþ"},
+                                               {"ŸÀĀŐŒŽŁ", "ÿàāőœžł"},
+                                               {"ΆΈΉΊΌΎΏΪΫ", "άέήίόύώϊϋ"},
+                                               {"ΑΊΘΟΥΣΑΣ", "αίθουσας"},
+                                               {"ЀЁЯҐ", "ѐёяґ"}}) {
+    EXPECT_TRUE(SameButForCase(capital, small)) << capital;
+  }
+}
 
 TEST(TextCase, TellsLettersFromTheirNeighbours) {
   EXPECT_TRUE(SameButForCase("aZ09_", "Az09_"));

@@ -107,7 +107,9 @@ std::vector<std::string> DiskDirectories::List(const std::string& directory,
 std::vector<std::string> DiskDirectories::Drives() const {
   std::vector<std::string> roots = MountedPlaces(MountTable);
   roots.emplace_back("/");
-  std::erase_if(roots, [](const std::string& place) { return !IsDrive(place); });
+  std::erase_if(roots,
+                [](const std::string& place) { return HasLineEnd(place) || !IsDrive(place); });
+  for (std::string& root : roots) root = InUtf8(root, NamesIn);
   std::sort(roots.begin(), roots.end());
   roots.erase(std::unique(roots.begin(), roots.end()), roots.end());
   const std::string home = WithoutFinalSeparator(QDir::homePath().toStdString());

@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 #include <iconv.h>
 
+#include <QChar>
 #include <string>
+
+#include "platform/text_case.h"
 
 namespace marlex::test {
 namespace {
@@ -31,6 +34,35 @@ TEST(CodePages, AreThoseOfTheSystem) {
                 BySystem("CP" + std::to_string(1250 + page), text))
           << page << " " << byte;
     }
+  }
+}
+
+/// The character as a text.
+std::string Utf8(char32_t code) {
+  std::string text;
+  AppendUtf8(text, code);
+  return text;
+}
+
+TEST(CodePages, TheirLettersAreComparedAsTheUnicodeStandardFoldsThem) {
+  for (int page = 0; page < 6; ++page) {
+    for (int byte = 0; byte <= 0xFF; ++byte) {
+      const std::string letter = InUtf8(std::string(1, static_cast<char>(byte)), CodePage(page));
+      const char32_t code = FirstCharacter(letter).Code;
+      if (code == U'µ') continue;  // a sign, which folds to a letter of another alphabet
+      for (const char32_t same :
+           {QChar::toCaseFolded(code), QChar::toUpper(code), QChar::toLower(code)}) {
+        const bool fold = QChar::toCaseFolded(same) == QChar::toCaseFolded(code);
+        EXPECT_EQ(SameButForCase(letter, Utf8(same)), fold) << letter << Utf8(same);
+      }
+    }
+  }
+}
+
+TEST(CodePages, NoOtherLettersCountAsTheSame) {
+  for (char32_t code = 0x20; code < 0x530; ++code) {
+    const char32_t folded = FirstFolded(Utf8(code)).Code;
+    EXPECT_TRUE(folded == code || folded == QChar::toCaseFolded(code)) << Utf8(code);
   }
 }
 

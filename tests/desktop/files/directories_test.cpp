@@ -187,6 +187,18 @@ TEST(Directories, TheDrivesAreTheHomeDirectoryAndTheMountedFileSystems) {
   EXPECT_EQ(drives, (Names{"/", "/devices", "/mnt/nas", "/run/media/anna/My Stick"}));
 }
 
+TEST(Directories, TheNamesOfDrivesAreReadLikeAllOthers) {
+  const TemporaryDirectory disk;
+  DiskDirectories directories(disk.Write("mounts",
+                                         "/dev/sdb1 /media/\xCF\xE5\xF1\xED\xFF vfat rw 0 0\n"
+                                         "/dev/sdc1 /media/two\\012lines vfat rw 0 0\n"
+                                         "/dev/sdd1 /media/Песня vfat rw 0 0\n"));
+  directories.NamesIn = CodePage::Cyrillic;
+  Names drives = directories.Drives();
+  drives.erase(drives.begin());
+  EXPECT_EQ(drives, (Names{"/", "/media/Песня"}));
+}
+
 TEST(Directories, WithoutATableOfMountsTheRootIsLeft) {
   const Names drives = DiskDirectories("/gone").Drives();
   ASSERT_EQ(drives.size(), 2u);
