@@ -24,6 +24,10 @@ constexpr mode_t kPermissions = 07777;
 constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr mode_t kNewFile = 0666;  // less the mask of the process
 
+/// First byte of a file while it is written in place: no text begins with it, and one byte reaches
+/// the disk wholly or not at all.
+constexpr std::string_view kUnfinished("\0", 1);
+
 /// Result of a system call, made again as often as a signal interrupts it.
 template <class Call>
 auto Uninterrupted(Call call) {
@@ -57,12 +61,31 @@ bool WriteAll(int file, std::string_view text) {
   return true;
 }
 
+bool WriteAt(int file, off_t place, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t count =
+        Uninterrupted([&] { return ::pwrite(file, text.data(), text.size(), place); });
+    if (count <= 0) return false;
+    text.remove_prefix(static_cast<std::size_t>(count));
+    place += count;
+  }
+  return true;
+}
+
+bool CutAt(int file, std::size_t length) {
+  return Uninterrupted([&] { return ::ftruncate(file, static_cast<off_t>(length)); }) == 0;
+}
+
 bool Sync(const FileDescriptor& file) {
   return Uninterrupted([&] { return ::fsync(file.Get()); }) == 0;
 }
 
 bool Renamed(const std::filesystem::path& from, const std::filesystem::path& to) {
   return Uninterrupted([&] { return std::rename(from.c_str(), to.c_str()); }) == 0;
+}
+
+bool Removed(const std::filesystem::path& file) {
+  return Uninterrupted([&] { return ::unlink(file.c_str()); }) == 0;
 }
 
 /// The file that a path leads to, also when the link dangles. Empty when links run in a circle.
@@ -90,7 +113,8 @@ std::filesystem::path DraftBeside(const std::filesystem::path& file) {
   return HiddenBeside(file, ".new");
 }
 
-/// A new text, whole and on the disk, while the file itself is written. It counts in its place.
+/// A new text, whole and on the disk, while the file itself is written. It counts in the place of a
+/// file that is unfinished, and of no other: one that somebody has put right since is newer.
 std::filesystem::path CopyBeside(const std::filesystem::path& file) {
   return HiddenBeside(file, ".whole");
 }
@@ -116,20 +140,25 @@ bool WriteNew(const std::filesystem::path& path, std::string_view text,
   return Sync(file) && file.Close();
 }
 
-/// Makes a new name last through a power cut. Not every file system can; the file is whole without
-/// it.
-void SyncDirectory(const std::filesystem::path& directory) {
-  const FileDescriptor opened = Opened(directory, O_RDONLY | O_DIRECTORY);
-  if (opened.IsOpen()) Sync(opened);
+/// Makes the names in the file's directory last through a power cut. Not every file system can.
+bool SyncNames(const std::filesystem::path& file) {
+  const FileDescriptor directory = Opened(DirectoryOf(file), O_RDONLY | O_DIRECTORY);
+  return directory.IsOpen() && Sync(directory);
 }
 
-/// Writes the text over that of a file, down to the medium.
+/// Takes the copy away. The file must be whole on the disk by now, its name included.
+void RemoveCopy(const std::filesystem::path& file) {
+  if (Removed(CopyBeside(file))) SyncNames(file);
+}
+
+/// Writes the text over that of a file, down to the medium. The first byte marks the file as
+/// unfinished until all others are the new ones.
 bool Overwrite(const std::filesystem::path& path, std::string_view text) {
   FileDescriptor file = Opened(path, O_WRONLY);
-  if (!file.IsOpen() || !WriteAll(file.Get(), text)) return false;
-  const auto length = static_cast<off_t>(text.size());
-  return Uninterrupted([&] { return ::ftruncate(file.Get(), length); }) == 0 && Sync(file) &&
-         file.Close();
+  const std::string_view first = text.substr(0, kUnfinished.size());
+  return file.IsOpen() && WriteAt(file.Get(), 0, kUnfinished) && Sync(file) &&
+         WriteAt(file.Get(), 1, text.substr(first.size())) && CutAt(file.Get(), text.size()) &&
+         Sync(file) && WriteAt(file.Get(), 0, first) && Sync(file) && file.Close();
 }
 
 bool MayBeReplaced(const std::filesystem::path& file, const struct stat& status) {
@@ -158,16 +187,24 @@ WholeFile ReadFile(const std::filesystem::path& path) {
   return whole;
 }
 
+bool IsUnfinished(const WholeFile& file) { return file.Text.starts_with(kUnfinished); }
+
+/// Completes a file whose writing in place was interrupted, so that it needs its old copy no more.
+bool Finished(const std::filesystem::path& file, std::string_view text) {
+  return !IsUnfinished(ReadFile(file)) || Overwrite(file, text);
+}
+
 /// Writes the text of a draft over that of the file, a copy of it at hand all the time. Where that
-/// fails, the old text is put back; where the disk refuses even that, the copy stays and counts.
+/// fails, the old text is put back; where the disk refuses even that, the copy stays, and counts if
+/// the file is unfinished.
 bool WriteInPlace(const std::filesystem::path& file, const std::filesystem::path& draft,
                   std::string_view text) {
   const WholeFile old = ReadWholeFile(file);
-  const std::filesystem::path copy = CopyBeside(file);
-  if (old.State != FileState::Read || !Renamed(draft, copy)) return false;
-  SyncDirectory(DirectoryOf(file));
-  const bool written = Overwrite(file, text);
-  if (written || Overwrite(file, old.Text)) ::unlink(copy.c_str());
+  if (old.State != FileState::Read || !Finished(file, old.Text)) return false;
+  if (!Renamed(draft, CopyBeside(file))) return false;
+  const bool copyLasts = SyncNames(file);
+  const bool written = copyLasts && Overwrite(file, text);
+  if (written || !copyLasts || Overwrite(file, old.Text)) RemoveCopy(file);
   return written;
 }
 
@@ -175,11 +212,11 @@ bool WriteInPlace(const std::filesystem::path& file, const std::filesystem::path
 
 WholeFile ReadWholeFile(const std::string& path) {
   WholeFile whole = ReadFile(path);
-  if (whole.State != FileState::Read) return whole;
+  if (!IsUnfinished(whole)) return whole;
   const auto file = BehindLinks(path);
   if (!file) return whole;
   WholeFile copy = ReadFile(CopyBeside(*file));
-  return copy.State == FileState::Absent ? whole : copy;
+  return copy.State == FileState::Read ? copy : whole;
 }
 
 bool ReplaceFile(const std::string& path, std::string_view text) {
@@ -194,15 +231,15 @@ bool ReplaceFile(const std::string& path, std::string_view text) {
     return false;
   }
   const std::filesystem::path draft = DraftBeside(*file);
-  ::unlink(draft.c_str());
+  Removed(draft);
   bool written = WriteNew(draft, text, old);
   if (written && Renamed(draft, *file)) {
-    ::unlink(CopyBeside(*file).c_str());
-    SyncDirectory(DirectoryOf(*file));
+    // Without a lasting name the file is whole all the same, and the old copy may still count.
+    if (SyncNames(*file)) RemoveCopy(*file);
     return true;
   }
   written = written && NameIsTaken(errno) && WriteInPlace(*file, draft, text);
-  ::unlink(draft.c_str());
+  Removed(draft);
   return written;
 }
 

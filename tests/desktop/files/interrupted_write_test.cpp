@@ -6,10 +6,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "desktop/files/forked_child.h"
+#include "desktop/files/power_cut.h"
 #include "desktop/files/profile_files.h"
 #include "desktop/files/temporary_directory.h"
 #include "desktop/files/watched_calls.h"
@@ -29,62 +32,143 @@ bool Set(const std::string& file) {
   return DiskProfileFiles().WriteString("S", "k", "the new value", file);
 }
 
-/// What a reader takes for the whole text.
-std::string Text(const std::string& file) { return ReadWholeFile(file).Text; }
+bool SetAlone(const std::string& file) {
+  return DiskProfileFiles().Rebuild({{"S", "k", "the new value"}}, file);
+}
+
+/// What a reader takes for the whole text; nothing for an absent file.
+std::optional<std::string> Text(const std::string& file) {
+  const WholeFile whole = ReadWholeFile(file);
+  return whole.State == FileState::Absent ? std::nullopt : std::optional(whole.Text);
+}
+
+/// A write, and what it finds: files of these texts, nothing for an absent one.
+struct Write {
+  const char* Name = "of one value";
+  bool (*Work)(const std::string& file) = Set;
+  std::optional<std::string> Old = kOld;  // what a reader finds at first
+  std::string New = kNew;
+  std::optional<std::string> File = Old;
+  std::optional<std::string> Copy = {};
+  std::optional<std::string> Draft = {};
+  int RenameError = 0;
+
+  std::string Prepare(const TemporaryDirectory& directory) const {
+    if (Copy) directory.Write(".a.ini.whole", *Copy);
+    if (Draft) directory.Write(".a.ini.new", *Draft);
+    return File ? directory.Write("a.ini", *File) : directory.Path("a.ini");
+  }
+};
+
+const std::string kNewAlone = "[S]\r\nk=the new value\r\n";
+const std::string kUnfinished = std::string(1, '\0') + kNew.substr(1, 40);
+const std::string kStale = "[S]\nk=stale\n";
+
+/// Each with a name that can be taken, and each but for the creations with one that cannot.
+std::vector<Write> Writes() {
+  const std::string added = kNewAlone;
+  std::vector<Write> writes = {
+      {},
+      {.Name = "of one file in place of another", .Work = SetAlone, .New = kNewAlone},
+      {.Name = "over a stale draft and copy", .Copy = kStale, .Draft = kStale},
+      {.Name = "after an unfinished one", .File = kUnfinished, .Copy = kOld, .Draft = kStale},
+      {.Name = "of an empty file", .Old = "", .New = added},
+      {.Name = "of one file after an unfinished one",
+       .Work = SetAlone,
+       .New = kNewAlone,
+       .File = kUnfinished,
+       .Copy = kOld},
+  };
+  for (std::size_t at = 0, count = writes.size(); at < count; ++at) {
+    writes.push_back(writes[at]);
+    writes.back().RenameError = EBUSY;
+  }
+  writes.push_back({.Name = "of a first value", .Old = {}, .New = added});
+  writes.push_back({.Name = "of a new file", .Work = SetAlone, .Old = {}, .New = kNewAlone});
+  return writes;
+}
 
 /// The system calls of a write under the plan.
-Calls CallsOf(const Plan& plan) {
-  const TemporaryDirectory directory;
-  const std::string file = directory.Write("a.ini", kOld);
+Calls CallsOf(const Plan& plan, const Write& write = {}) {
+  const TemporaryDirectory directory(InMemory());
+  const std::string file = write.Prepare(directory);
   WatchedCalls watched(plan);
-  Set(file);
+  write.Work(file);
   return watched.Made;
 }
 
-/// The file is whole after the plan's fault, and the next write succeeds and clears up.
-void ExpectWhole(Plan plan, const Calls& calls) {
-  const TemporaryDirectory directory;
-  const std::string file = directory.Write("a.ini", kOld);
+/// The next write succeeds and clears up.
+void ExpectTidy(const TemporaryDirectory& directory, const std::string& file) {
+  {
+    const WatchedCalls watched({});
+    EXPECT_TRUE(Set(file));
+    EXPECT_TRUE(DiskProfileFiles().WriteString("S", "k", "next", file));
+  }
+  EXPECT_EQ(DiskProfileFiles().GetString("S", "k", file, 99), "next");
+  EXPECT_NE(directory.Read("a.ini").find("k=next"), std::string::npos);
+  EXPECT_EQ(directory.Entries(), 1);
+}
+
+/// The file is whole after the plan's fault.
+void ExpectWhole(Plan plan, const Write& write) {
+  const TemporaryDirectory directory(InMemory());
+  const std::string file = write.Prepare(directory);
   bool written = false;
   {
     WatchedCalls watched(plan);
-    written = Set(file);
+    written = write.Work(file);
   }
-  EXPECT_EQ(Text(file), written ? kNew : kOld) << calls[plan.At - 1];
-  EXPECT_EQ(directory.Read("a.ini"), written ? kNew : kOld) << calls[plan.At - 1];
-  EXPECT_TRUE(written || plan.Error != EINTR) << calls[plan.At - 1];
-  EXPECT_TRUE(Set(file));
-  EXPECT_EQ(directory.Read("a.ini"), kNew);
-  EXPECT_TRUE(DiskProfileFiles().WriteString("S", "k", "next", file));
-  EXPECT_EQ(directory.Entries(), 1) << calls[plan.At - 1];
+  EXPECT_EQ(Text(file), written ? write.New : write.Old);
+  EXPECT_TRUE(!written || directory.Read("a.ini") == write.New);
+  EXPECT_TRUE(written || plan.Error != EINTR);
+  ExpectTidy(directory, file);
 }
 
 /// The same after a process that was killed in front of the call.
-void ExpectWholeAfterKill(Plan plan, const Calls& calls) {
-  const TemporaryDirectory directory;
-  const std::string file = directory.Write("a.ini", kOld);
+void ExpectWholeAfterKill(Plan plan, const Write& write) {
+  const TemporaryDirectory directory(InMemory());
+  const std::string file = write.Prepare(directory);
   const pid_t child = StartChild([&] {
     WatchedCalls watched(plan);
-    return Set(file);
+    return write.Work(file);
   });
   int status = 0;
   ASSERT_EQ(::waitpid(child, &status, 0), child);
-  ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << calls[plan.At - 1];
-  const std::string text = Text(file);
-  EXPECT_TRUE(text == kOld || text == kNew) << calls[plan.At - 1] << ": " << text;
-  EXPECT_TRUE(DiskProfileFiles().WriteString("S", "k", "next", file));
-  EXPECT_EQ(DiskProfileFiles().GetString("S", "k", file, 99), "next");
-  EXPECT_EQ(directory.Read("a.ini").substr(0, 11), "[S]\nk=next\n");
-  EXPECT_EQ(directory.Entries(), 1) << calls[plan.At - 1];
+  ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
+  const auto text = Text(file);
+  EXPECT_TRUE(text == write.Old || text == write.New) << text.value_or("no file");
+  ExpectTidy(directory, file);
 }
 
-void ExpectWholeWhateverFails(int renameError) {
-  const Calls calls = CallsOf({.RenameError = renameError});
+void ExpectWholeWhateverFails(const Write& write) {
+  const Calls calls = CallsOf({.RenameError = write.RenameError}, write);
   for (std::size_t at = 1; at <= calls.size(); ++at) {
+    SCOPED_TRACE(std::string(write.Name) + ": " + std::to_string(at) + " " + calls[at - 1]);
     for (const int error : {EIO, ENOSPC, EINTR})
-      ExpectWhole({.At = at, .Error = error, .RenameError = renameError}, calls);
-    ExpectWholeAfterKill({.At = at, .Kill = true, .RenameError = renameError}, calls);
+      ExpectWhole({.At = at, .Error = error, .RenameError = write.RenameError}, write);
+    ExpectWholeAfterKill({.At = at, .Kill = true, .RenameError = write.RenameError}, write);
   }
+}
+
+/// Whatever of the plan's write a power cut leaves on the disk, a reader finds one of its texts
+/// whole; and after a write without a fault the new one.
+void ExpectWholeAfterPowerCut(Plan plan, const Write& write) {
+  using Texts = std::set<std::optional<std::string>>;
+  const TemporaryDirectory directory(InMemory());
+  const std::string file = write.Prepare(directory);
+  PowerCut disk(directory.Path());
+  Texts found;
+  {
+    WatchedCalls watched(plan);
+    watched.OnCall = [&] { found.merge(disk.Texts("a.ini")); };
+    watched.OnDone = [&](const auto& call, const auto& path) { disk.Done(call, path); };
+    write.Work(file);
+  }
+  const Texts last = disk.Texts("a.ini");
+  found.insert(last.begin(), last.end());
+  const Texts whole = {write.Old, write.New};
+  for (const auto& text : found) EXPECT_TRUE(whole.contains(text)) << text.value_or("no file");
+  EXPECT_TRUE(plan.At != 0 || last == Texts{write.New});
 }
 
 TEST(InterruptedWrite, TheNewTextIsOnTheDiskBeforeItTakesTheName) {
@@ -93,7 +177,6 @@ TEST(InterruptedWrite, TheNewTextIsOnTheDiskBeforeItTakesTheName) {
                                 "read a.ini",
                                 "read a.ini",
                                 "close a.ini",
-                                "open .a.ini.whole",
                                 "stat a.ini",
                                 "access a.ini",
                                 "unlink .a.ini.new",
@@ -105,13 +188,57 @@ TEST(InterruptedWrite, TheNewTextIsOnTheDiskBeforeItTakesTheName) {
                                 "fsync .a.ini.new",
                                 "close .a.ini.new",
                                 "rename .a.ini.new",
-                                "unlink .a.ini.whole",
                                 "open /",
                                 "fsync /",
-                                "close /"}));
+                                "close /",
+                                "unlink .a.ini.whole"}));
 }
 
-TEST(InterruptedWrite, AnyCallMayFailOnceOrBeTheLast) { ExpectWholeWhateverFails(0); }
+TEST(InterruptedWrite, AnyCallMayFailOnceOrBeTheLast) {
+  for (const Write& write : Writes()) ExpectWholeWhateverFails(write);
+}
+
+TEST(InterruptedWrite, ThePowerMayFailAtAnyCall) {
+  for (const Write& write : Writes()) {
+    SCOPED_TRACE(std::string(write.Name) + " " + std::to_string(write.RenameError));
+    ExpectWholeAfterPowerCut({.RenameError = write.RenameError}, write);
+  }
+}
+
+TEST(InterruptedWrite, ThePowerMayFailAfterAFailedCall) {
+  for (const Write& write : Writes()) {
+    const Calls calls = CallsOf({.RenameError = write.RenameError}, write);
+    for (std::size_t at = 1; at <= calls.size(); ++at) {
+      SCOPED_TRACE(std::string(write.Name) + ": " + std::to_string(at) + " " + calls[at - 1]);
+      ExpectWholeAfterPowerCut({.At = at, .Error = EIO, .RenameError = write.RenameError}, write);
+    }
+  }
+}
+
+TEST(InterruptedWrite, AFileThatWasPutRightByHandCountsBeforeAnOldCopy) {
+  const TemporaryDirectory directory;
+  const std::string file = directory.Write("a.ini", kOld);
+  directory.Write(".a.ini.whole", kStale);
+  EXPECT_EQ(Text(file), kOld);
+  WatchedCalls watched({.RenameError = EBUSY});
+  EXPECT_TRUE(Set(file));
+  EXPECT_EQ(directory.Read("a.ini"), kNew);
+  EXPECT_EQ(directory.Entries(), 1);
+}
+
+TEST(InterruptedWrite, ACopyThatCannotBeReadHidesNothing) {
+  const TemporaryDirectory directory;
+  const std::string file = directory.Write("a.ini", kOld);
+  ASSERT_EQ(::mkfifo(directory.Path(".a.ini.whole").c_str(), 0666), 0);
+  EXPECT_EQ(Text(file), kOld);
+}
+
+TEST(InterruptedWrite, AnUnfinishedFileWhoseCopyIsGoneIsNeverAppendedTo) {
+  const TemporaryDirectory directory;
+  const std::string file = directory.Write("a.ini", kUnfinished);
+  EXPECT_FALSE(Set(file));
+  EXPECT_EQ(directory.Read("a.ini"), kUnfinished);
+}
 
 TEST(InterruptedWrite, ANameThatCannotBeTakenIsWrittenInPlace) {
   for (const int error : {EBUSY, EPERM, EACCES, EXDEV}) {
@@ -126,31 +253,13 @@ TEST(InterruptedWrite, ANameThatCannotBeTakenIsWrittenInPlace) {
 
 TEST(InterruptedWrite, InPlaceItIsWrittenAfterAWholeCopyIsOnTheDisk) {
   const Calls calls = CallsOf({.RenameError = EBUSY});
-  const auto taken = std::find(calls.begin(), calls.end(), "fsync .a.ini.new");
-  EXPECT_EQ(Calls(taken, calls.end()), (Calls{"fsync .a.ini.new",
-                                              "close .a.ini.new",
-                                              "rename .a.ini.new",
-                                              "open a.ini",
-                                              "fstat a.ini",
-                                              "read a.ini",
-                                              "read a.ini",
-                                              "close a.ini",
-                                              "open .a.ini.whole",
-                                              "rename .a.ini.new",
-                                              "open /",
-                                              "fsync /",
-                                              "close /",
-                                              "open a.ini",
-                                              "write a.ini",
-                                              "write a.ini",
-                                              "ftruncate a.ini",
-                                              "fsync a.ini",
-                                              "close a.ini",
-                                              "unlink .a.ini.whole",
-                                              "unlink .a.ini.new"}));
+  const auto copied = std::find(calls.begin(), calls.end(), "fsync /") - 2;
+  EXPECT_EQ(Calls(copied, calls.end()),
+            (Calls{"rename .a.ini.new", "open /", "fsync /", "close /", "open a.ini",
+                   "pwrite a.ini", "fsync a.ini", "pwrite a.ini", "pwrite a.ini", "ftruncate a.ini",
+                   "fsync a.ini", "pwrite a.ini", "fsync a.ini", "close a.ini",
+                   "unlink .a.ini.whole", "open /", "fsync /", "close /", "unlink .a.ini.new"}));
 }
-
-TEST(InterruptedWrite, InPlaceTooAnyCallMayFailOnceOrBeTheLast) { ExpectWholeWhateverFails(EBUSY); }
 
 TEST(InterruptedWrite, AShorterTextLeavesNothingOfTheLongerInPlace) {
   const TemporaryDirectory directory;

@@ -12,11 +12,20 @@
 
 namespace marlex::test {
 
+/// Where files are in memory, for tests of many files; an ordinary place without one.
+inline std::filesystem::path InMemory() {
+  const std::filesystem::path memory = "/dev/shm";
+  std::error_code ignored;
+  return std::filesystem::is_directory(memory, ignored) ? memory
+                                                        : std::filesystem::temp_directory_path();
+}
+
 /// An empty directory of its own for one test, gone with all that is in it at the end.
 class TemporaryDirectory {
  public:
-  TemporaryDirectory() {
-    std::string name = (std::filesystem::temp_directory_path() / "marlex-XXXXXX").string();
+  explicit TemporaryDirectory(
+      const std::filesystem::path& place = std::filesystem::temp_directory_path()) {
+    std::string name = (place / "marlex-XXXXXX").string();
     if (!::mkdtemp(name.data())) ADD_FAILURE() << "no temporary directory";
     Root = name;
   }

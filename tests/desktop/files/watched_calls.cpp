@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdarg>
 #include <filesystem>
+#include <utility>
 
 namespace marlex::test {
 
@@ -31,9 +32,26 @@ bool Fails(const char* call, const File& file) {
   return error != 0;
 }
 
+/// Stops the looking on for as long as the test itself uses files.
+struct Unwatched {
+  WatchedCalls* Before = std::exchange(watching, nullptr);
+  ~Unwatched() { watching = Before; }
+};
+
 template <class Real, class File, class... More>
-auto Instead(Real real, const char* call, File file, More... more) {
-  return Fails(call, file) ? -1 : real(file, more...);
+auto Instead(Real real, const char* call, File file, More... more)
+    -> decltype(real(file, more...)) {
+  if (Fails(call, file)) return -1;
+  const auto result = real(file, more...);
+  const int error = errno;
+  if (watching && result >= 0) watching->Succeeded(call, file);
+  errno = error;
+  return result;
+}
+
+std::string PathOf(int descriptor) {
+  std::error_code ignored;
+  return fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor), ignored);
 }
 
 }  // namespace
@@ -43,6 +61,10 @@ WatchedCalls::WatchedCalls(const Plan& plan) : ThePlan(plan) { watching = this; 
 WatchedCalls::~WatchedCalls() { watching = nullptr; }
 
 int WatchedCalls::ErrorOf(const char* call, const std::string& path) {
+  if (OnCall) {
+    const Unwatched unwatched;
+    OnCall();
+  }
   Made.push_back(std::string(call) + " " + Label(path));
   if (Made.size() != ThePlan.At) return 0;
   if (ThePlan.Kill) std::raise(SIGKILL);
@@ -50,8 +72,16 @@ int WatchedCalls::ErrorOf(const char* call, const std::string& path) {
 }
 
 int WatchedCalls::ErrorOf(const char* call, int descriptor) {
-  std::error_code ignored;
-  return ErrorOf(call, fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor), ignored));
+  return ErrorOf(call, PathOf(descriptor));
+}
+
+void WatchedCalls::Succeeded(const char* call, const std::string& path) {
+  const Unwatched unwatched;
+  if (OnDone) OnDone(call, path);
+}
+
+void WatchedCalls::Succeeded(const char* call, int descriptor) {
+  Succeeded(call, PathOf(descriptor));
 }
 
 int WatchedCalls::ErrorOfRename(const std::string& to) const {
@@ -75,6 +105,7 @@ int __real_fstat(int file, struct stat* status);
 int __real_access(const char* path, int mode);
 ssize_t __real_read(int file, void* buffer, size_t size);
 ssize_t __real_write(int file, const void* buffer, size_t size);
+ssize_t __real_pwrite(int file, const void* buffer, size_t size, off_t place);
 int __real_fchown(int file, uid_t owner, gid_t group);
 int __real_fchmod(int file, mode_t mode);
 int __real_ftruncate(int file, off_t length);
@@ -108,6 +139,10 @@ ssize_t __wrap_read(int file, void* buffer, size_t size) {
 ssize_t __wrap_write(int file, const void* buffer, size_t size) {
   return Instead(__real_write, "write", file, buffer, watching ? std::min(size, kPiece) : size);
 }
+ssize_t __wrap_pwrite(int file, const void* buffer, size_t size, off_t place) {
+  return Instead(__real_pwrite, "pwrite", file, buffer, watching ? std::min(size, kPiece) : size,
+                 place);
+}
 int __wrap_fchown(int file, uid_t owner, gid_t group) {
   return Instead(__real_fchown, "fchown", file, owner, group);
 }
@@ -115,7 +150,10 @@ int __wrap_fchmod(int file, mode_t mode) { return Instead(__real_fchmod, "fchmod
 int __wrap_ftruncate(int file, off_t length) {
   return Instead(__real_ftruncate, "ftruncate", file, length);
 }
-int __wrap_fsync(int file) { return Instead(__real_fsync, "fsync", file); }
+int __wrap_fsync(int file) {
+  // No power fails here: what takes long on a real disk is left out under the eyes of a test.
+  return Instead(watching ? +[](int) { return 0; } : __real_fsync, "fsync", file);
+}
 int __wrap_unlink(const char* path) { return Instead(__real_unlink, "unlink", path); }
 
 /// A descriptor is gone after its closing, whatever that reports.
@@ -129,7 +167,11 @@ int __wrap_close(int file) {
 int __wrap_rename(const char* from, const char* to) {
   if (Fails("rename", from)) return -1;
   const int refused = watching ? watching->ErrorOfRename(to) : 0;
-  if (refused == 0) return __real_rename(from, to);
+  if (refused == 0) {
+    const int result = __real_rename(from, to);
+    if (watching && result == 0) watching->Succeeded("rename", std::string(to));
+    return result;
+  }
   errno = refused;
   return -1;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,9 +27,15 @@ class WatchedCalls {
   /// The calls so far: each its name and, after a blank, the name of its file; "/" is a directory.
   std::vector<std::string> Made;
 
+  /// Called in front of each call, and behind each that succeeded, with its name and its path.
+  std::function<void()> OnCall;
+  std::function<void(const std::string& call, const std::string& path)> OnDone;
+
   /// The error with which this call is to fail, after which it counts as made; 0 for none.
   int ErrorOf(const char* call, const std::string& path);
   int ErrorOf(const char* call, int descriptor);
+  void Succeeded(const char* call, const std::string& path);
+  void Succeeded(const char* call, int descriptor);
   int ErrorOfRename(const std::string& to) const;
 
  private:
