@@ -115,10 +115,10 @@ bool Mp3Decoder::Measure(const Mp3Start& start) {
 }
 
 /// Whether the header that claims the length was written for the whole file: others may have been
-/// appended, or its end may be missing.
+/// appended, or its end may be missing. One that counts no bytes cannot show it.
 bool Mp3Decoder::IsClaimCredible(const Mp3Start& start) const {
   const std::int64_t bytes = File.Size() - start.FirstFrame;
-  if (start.ClaimedBytes > 0 && std::abs(bytes - start.ClaimedBytes) > kTagRoom) return false;
+  if (start.ClaimedBytes == 0 || std::abs(bytes - start.ClaimedBytes) > kTagRoom) return false;
   return start.ClaimedFrames > 0 && Length <= double(bytes) / kSlowestMp3 &&
          Length >= double(bytes) / kFastestMp3;
 }

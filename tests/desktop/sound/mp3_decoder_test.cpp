@@ -75,6 +75,30 @@ TEST(Mp3Decoder, ALengthHeaderThatLiesIsNotBelieved) {
   }
 }
 
+/// The file without the count of bytes in its length header.
+std::string WithoutByteCount(std::string bytes) {
+  const std::size_t tag = std::min(bytes.find("Info"), bytes.find("Xing"));
+  if (tag == std::string::npos || bytes[tag + 7] != 0x0F) ADD_FAILURE() << "no length header";
+  bytes[tag + 7] = 0x0D;
+  bytes.erase(tag + 12, 4);
+  // What follows the header moves up within its frame.
+  return bytes.insert(bytes.find("\xFF\xFB", tag), std::string(4, '\0'));
+}
+
+TEST(Mp3Decoder, AJoinedFileWhoseHeaderCountsNoBytesIsReadThrough) {
+  MediaFiles files;
+  const std::string first = WithoutByteCount(MediaFiles::Read(files.Mp3("first.mp3", 5)));
+  for (const int rate : {44100, 48000}) {
+    const std::string second =
+        WithoutByteCount(MediaFiles::Read(files.Mp3("second.mp3", 3, 0.5, rate)));
+    const std::string joined = files.Write("joined.mp3", first + second);
+    EXPECT_NEAR(ToldSeconds(joined), 8, 0.2) << rate;
+    EXPECT_NEAR(PlayedSeconds(joined), 8, 0.2) << rate;
+  }
+  EXPECT_NEAR(ToldSeconds(files.Write("alone.mp3", first)), 5, 0.1);
+  EXPECT_NEAR(PlayedSeconds(files.Path("alone.mp3")), 5, 0.1);
+}
+
 TEST(Mp3Decoder, PlaysOnBehindJunkInMidFile) {
   MediaFiles files;
   const std::string bytes = MediaFiles::Read(files.Mp3("song.mp3", 6));
