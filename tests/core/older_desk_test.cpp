@@ -144,6 +144,17 @@ TEST(OlderDesk, APlaylistInUtf16IsReadAndWrittenAsSuch) {
   }
 }
 
+TEST(OlderDesk, APlaylistInUtf16ThatTheEditorSavesIsMadeNewInUtf8) {
+  Desk desk({}, Playlist(InUtf16("[Playlist]\r\nSong:1=march\r\n"), "/music/Übung.mp3"));
+  desk.Click("mnuPlaylist");
+  desk.Choose(desk.Sys->TheWindows.frmPlaylist.AvailMP3s, "Übung");
+  desk.Pc.Dialogs.OpenResults = {Desk::kPlaylist};
+  desk.Do([&] { desk.Sys->TheWindows.frmPlaylist.mnuSave.OnClick(); });
+  desk.Advance(0);
+  EXPECT_EQ(desk.Pc.Disk.Read(Desk::kPlaylist)->find("[Last played]\r\nLast song=0\r\n"), 0U);
+  EXPECT_EQ(desk.Setting("Playlist", "Song:1", Desk::kPlaylist), "Übung");
+}
+
 TEST(OlderDesk, AFileThatHoldsNoTextIsNeverAppendedTo) {
   for (const std::string& bytes :
        {std::string("ID3\x04\0\0\0\0", 8), std::string("\xFF\xFE\0\0[\0\0\0", 8),
