@@ -16,39 +16,38 @@ namespace {
 constexpr std::int64_t kLimitUs = 1500000;               // that a server may take for one answer
 constexpr std::int64_t kStartUs = 10000000;              // that it may take when the session starts
 constexpr auto kPause = std::chrono::milliseconds(200);  // between two attempts meanwhile
+constexpr std::int64_t kCardUs = 5000000;    // that the session may take to find its first card
+constexpr std::int64_t kOthersUs = 1000000;  // that the rest of its cards may take from then on
 constexpr char kDummySink[] = "auto_null";               // of PulseAudio and PipeWire alike
 
-/// Answers of the server, collected for one question each.
-struct Search {
+/// The answer of the server to a question for a source.
+struct SourceSearch {
+  std::string Asked;
   std::string Name;
-  std::string Answer;
-  bool Found = false;
-  bool FlatVolume = false;
 };
 
-void TakeServer(pa_context*, const pa_server_info* info, void* search) {
-  auto& names = *static_cast<PulseCard*>(search);
+void TakeServer(pa_context*, const pa_server_info* info, void* card) {
+  auto& names = *static_cast<PulseCard*>(card);
   if (!info) return;
   if (info->default_sink_name) names.Sink = info->default_sink_name;
   if (info->default_source_name) names.Source = info->default_source_name;
 }
 
-void TakeSink(pa_context*, const pa_sink_info* info, int, void* search) {
+/// The name that was asked for may have meant the default card, whichever that is.
+void TakeSink(pa_context*, const pa_sink_info* info, int, void* card) {
   if (!info) return;
-  auto& sink = *static_cast<Search*>(search);
-  sink.Found = true;
-  sink.Answer = info->description ? info->description : info->name;
+  auto& sink = *static_cast<PulseCard*>(card);
+  sink.Sink = info->name;
+  sink.Description = info->description ? info->description : info->name;
+  sink.Dummy = sink.Sink == kDummySink;
   sink.FlatVolume = (info->flags & PA_SINK_FLAT_VOLUME) != 0;
 }
 
 /// Takes the source that is asked for if it is no monitor of an output, else the first such one.
 void TakeSource(pa_context*, const pa_source_info* info, int, void* search) {
   if (!info || info->monitor_of_sink != PA_INVALID_INDEX) return;
-  auto& source = *static_cast<Search*>(search);
-  const bool asked = source.Name == info->name;
-  if (source.Found && !asked) return;
-  source.Found = true;
-  source.Answer = info->name;
+  auto& source = *static_cast<SourceSearch*>(search);
+  if (source.Name.empty() || source.Asked == info->name) source.Name = info->name;
 }
 
 std::string Surrounding(const char* name) {
@@ -170,15 +169,32 @@ bool FindCard(PulseConnection& connection, PulseCard& card) {
   PulseCard names;
   if (!connection.Complete([&] { return pa_context_get_server_info(server, TakeServer, &names); }))
     return false;
-  Search sink{names.Sink, {}};
+  PulseCard found;
   connection.Complete([&] {
-    return pa_context_get_sink_info_by_name(server, names.Sink.c_str(), TakeSink, &sink);
+    return pa_context_get_sink_info_by_name(server, names.Sink.c_str(), TakeSink, &found);
   });
-  Search source{names.Source, {}};
+  SourceSearch source{names.Source, {}};
   connection.Complete([&] { return pa_context_get_source_info_list(server, TakeSource, &source); });
-  if (!sink.Found) return false;
-  card = {names.Sink, source.Answer, sink.Answer, names.Sink == kDummySink, sink.FlatVolume};
+  if (found.Sink.empty()) return false;
+  card = found;
+  card.Source = source.Name;
   return true;
+}
+
+/// The cards of a session come one after the other, and the default one may change with each.
+bool FindCardAtStart(PulseConnection& connection, PulseCard& card) {
+  bool found = FindCard(connection, card);
+  bool settling = false;
+  if (found && !card.Dummy) return true;
+  std::int64_t dueUs = SteadyUs() + kCardUs;
+  while (SteadyUs() < dueUs) {
+    std::this_thread::sleep_for(kPause);
+    found = FindCard(connection, card);
+    if (!found || card.Dummy || settling) continue;
+    settling = true;
+    dueUs = SteadyUs() + kOthersUs;
+  }
+  return found;
 }
 
 }  // namespace marlex

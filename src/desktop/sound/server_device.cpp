@@ -43,7 +43,7 @@ SoundDevice FindServerDevice(const MicrophoneLines& lines) {
   SoundDevice device;
   auto connection = PulseConnection::ConnectAtStart();
   PulseCard card;
-  if (!connection || !FindCard(*connection, card)) return device;
+  if (!connection || !FindCardAtStart(*connection, card)) return device;
   const auto found = std::make_shared<FoundCard>(card);
   device.CardName = card.Description;
   device.HasMicrophone = !card.Source.empty();

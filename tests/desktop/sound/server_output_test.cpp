@@ -264,6 +264,55 @@ TEST(ServerOutput, AServerThatIsStillStartingAtTheStartIsWaitedFor) {
   EXPECT_TRUE(engine.HasOutput());
 }
 
+/// A session in which the server answers before its cards have come.
+class CardsToCome : public testing::Test {
+ protected:
+  CardsToCome() {
+    Server.Control("unload-module module-remap-source");
+    Server.Control("unload-module module-null-sink");
+    for (int i = 0; i < 1000 && !Server.Control("list short sinks").empty(); ++i)
+      std::this_thread::sleep_for(10ms);
+  }
+
+  /// Starts the engine while the session brings a screen's sound, the desk's card and a microphone.
+  void Start() {
+    std::thread session([this] {
+      std::this_thread::sleep_for(1s);
+      Server.Control("load-module module-null-sink sink_name=screen");
+      std::this_thread::sleep_for(300ms);
+      Server.Control(
+          "load-module module-null-sink sink_name=desk sink_properties=device.description=Desk");
+      Server.Control("set-default-sink desk");
+      Server.Control("load-module module-null-sink sink_name=mouth");
+      Server.Control("load-module module-remap-source source_name=mic master=mouth.monitor");
+    });
+    Engine = std::make_unique<SoundEngine>(Loop, SoundOptions{.UseCard = false});
+    session.join();
+  }
+
+  PrivateServer Server;
+  TestLoop Loop;
+  std::unique_ptr<SoundEngine> Engine;
+};
+
+TEST_F(CardsToCome, AreWaitedForAtTheStart) {
+  Start();
+  EXPECT_EQ(Engine->CardName(), "Desk");
+  EXPECT_TRUE(Engine->HasOutput());
+  EXPECT_TRUE(Engine->HasMicrophone());
+}
+
+TEST_F(CardsToCome, AreWaitedForWhileTheServerPretendsOne) {
+  Server.Control("load-module module-always-sink");
+  const auto pretends = [this] {
+    return Server.Control("list short sinks").find("auto_null") != std::string::npos;
+  };
+  ASSERT_TRUE(Loop.Within(5s, pretends));
+  Start();
+  EXPECT_EQ(Engine->CardName(), "Desk");
+  EXPECT_TRUE(Engine->HasMicrophone());
+}
+
 TEST(ServerOutput, WithoutAServerTimePassesAllTheSame) {
   setenv("PULSE_SERVER", "unix:/nonexistent", 1);
   TestLoop loop;
