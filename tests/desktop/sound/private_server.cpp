@@ -126,6 +126,14 @@ std::string PrivateServer::Control(const std::string& arguments) const {
   return OutputOf("pactl " + arguments);
 }
 
+void PrivateServer::RemoveDesk() const {
+  std::istringstream modules(Control("list short modules"));
+  for (std::string module; std::getline(modules, module);) {
+    if (module.find("sink_name=desk") == std::string::npos) continue;
+    Control("unload-module " + module.substr(0, module.find('\t')));
+  }
+}
+
 Recording::Recording(const std::string& sink) {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");

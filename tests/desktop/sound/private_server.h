@@ -29,6 +29,9 @@ class PrivateServer {
   /// Runs `pactl` with these arguments and returns what it prints.
   std::string Control(const std::string& arguments) const;
 
+  /// Takes the sink "desk" away.
+  void RemoveDesk() const;
+
   pid_t Process() const { return Server; }
 
  private:
