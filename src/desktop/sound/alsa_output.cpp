@@ -11,6 +11,7 @@ namespace {
 constexpr int kMusicMs = 40;   // from sample to sound, unless the card needs more
 constexpr int kBlockMs = 40;   // rendered at most in one go
 constexpr int kAwaitMs = 100;  // a card that gives no sign is asked again
+constexpr std::int64_t kUsPerMs = 1000;
 constexpr std::int64_t kUsPerSecond = 1000000;
 
 }  // namespace
@@ -56,14 +57,19 @@ void AlsaOutput::Run() {
 }
 
 /// A card that should be less full gets nothing until it is, so that a change leaves the sound
-/// whole.
+/// whole. One that takes nothing of the little that waits while somebody speaks works in larger
+/// pieces than it says, and gets as much as of music until the speech is over.
 bool AlsaOutput::Step() {
   const int buffer = Device->BufferFrames();
-  const CardFill fill = FillOfCard(Device->PieceFrames(), buffer, Microphone.Speaks());
+  const bool speaks = Microphone.Speaks();
+  Coarse = Coarse && speaks;
+  const CardFill fill = FillOfCard(Device->PieceFrames(), buffer, speaks && !Coarse);
   Device->SetReady(buffer - fill.Least);
+  const std::int64_t dueUs = SteadyUs() + kAwaitMs * kUsPerMs;
   const int room = Device->Await(kAwaitMs);
-  if (room <= 0) return room == 0;
-  return Fill(fill.Most - (buffer - room));
+  if (room > 0) return Fill(fill.Most - (buffer - room));
+  Coarse = Coarse || (speaks && SteadyUs() >= dueUs);
+  return room == 0;
 }
 
 bool AlsaOutput::Fill(int frames) {

@@ -46,6 +46,7 @@ class AlsaOutput : public SoundOutput {
   AlsaMicrophone Microphone;
   OutputSource* Source = nullptr;
   SleepTimer Silence;
+  bool Coarse = false;  // the card takes nothing of the little that waits in speech
   std::vector<float> Block;
   std::atomic<bool> Quit{false};
   std::atomic<bool> Living{true};
