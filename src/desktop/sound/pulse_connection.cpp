@@ -18,7 +18,7 @@ constexpr std::int64_t kStartUs = 10000000;              // that it may take whe
 constexpr auto kPause = std::chrono::milliseconds(200);  // between two attempts meanwhile
 constexpr std::int64_t kCardUs = 5000000;    // that the session may take to find its first card
 constexpr std::int64_t kOthersUs = 1000000;  // that the rest of its cards may take from then on
-constexpr char kDummySink[] = "auto_null";               // of PulseAudio and PipeWire alike
+constexpr char kDummySink[] = "auto_null";   // of PulseAudio and PipeWire alike
 
 /// The answer of the server to a question for a source.
 struct SourceSearch {

@@ -74,8 +74,8 @@ struct PulseCard {
 /// The server's default card. False when it has none.
 bool FindCard(PulseConnection& connection, PulseCard& card);
 
-/// The same at the program's start, when the session may just be starting as well: a server that has
-/// no card yet gets five seconds for its first one, and one more for the others.
+/// The same at the program's start, when the session may just be starting as well: a server that
+/// has no card yet gets five seconds for its first one, and one more for the others.
 bool FindCardAtStart(PulseConnection& connection, PulseCard& card);
 
 }  // namespace marlex

@@ -27,12 +27,20 @@ std::uint32_t BytesIn(int milliseconds) {
 constexpr pa_sample_spec kFormat = {PA_SAMPLE_FLOAT32LE, kSampleRate, kChannels};
 constexpr auto kFlags = PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY;
 
-void Disconnect(pa_stream*& stream) {
-  if (!stream) return;
+void EndWhenMade(pa_stream* stream, void*) {
+  if (pa_stream_get_state(stream) == PA_STREAM_CREATING) return;
   pa_stream_set_state_callback(stream, nullptr, nullptr);
-  pa_stream_set_read_callback(stream, nullptr, nullptr);
   pa_stream_disconnect(stream);
   pa_stream_unref(stream);
+}
+
+/// A stream that the server is still making cannot be taken back, and would stay there for ever; so
+/// it ends as soon as it is made.
+void Disconnect(pa_stream*& stream) {
+  if (!stream) return;
+  pa_stream_set_state_callback(stream, EndWhenMade, nullptr);
+  pa_stream_set_read_callback(stream, nullptr, nullptr);
+  EndWhenMade(stream, nullptr);
   stream = nullptr;
 }
 

@@ -126,7 +126,7 @@ struct Booth {
     const std::string tone = Files.Wav("voice.wav", 60, 0.5);
     Voice = fork();
     if (Voice == 0) {
-      execlp("paplay", "paplay", "-d", "mouth", "--latency-msec=10", tone.c_str(), nullptr);
+      execlp("paplay", "paplay", "-d", "mouth", "--latency-msec=50", tone.c_str(), nullptr);
       _exit(127);
     }
   }
@@ -331,6 +331,23 @@ TEST(Microphone, OneOfACardThatIsThereButDeadIsOpenedAgain) {
   EXPECT_TRUE(loop.Within(8s, reopened));
   engine.Microphone().SetMute(true);
   EXPECT_TRUE(loop.Within(5s, [&] { return Captures(server).empty(); }));
+}
+
+/// A key that is only brushed lets go before the server has made the streams.
+TEST(Microphone, ClosedBeforeItIsOpenLeavesNothingOpen) {
+  Booth booth;
+  for (int call = 0; call < 20; ++call) {
+    booth.Engine.Microphone().SetMute(false);
+    booth.Engine.Microphone().SetMute(true);
+  }
+  const auto announcements = [&] {
+    return booth.Server.Control("list sink-inputs").find("Announcement") != std::string::npos;
+  };
+  EXPECT_TRUE(
+      booth.Loop.Within(5s, [&] { return Captures(booth.Server).empty() && !announcements(); }));
+  booth.Loop.Within(500ms, [] { return false; });
+  EXPECT_EQ(Captures(booth.Server), "");
+  EXPECT_FALSE(announcements());
 }
 
 TEST(Microphone, OpensAndClosesHundredsOfTimes) {
