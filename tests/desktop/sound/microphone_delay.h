@@ -23,10 +23,11 @@ class MicrophoneDelay {
   /// when words were lost.
   std::vector<double> Measure(int words);
 
+  PrivateServer Server;
+
  private:
   std::string Words(int count);
 
-  PrivateServer Server;
   MediaFiles Files;
   TestLoop Loop;
   SoundEngine Engine;

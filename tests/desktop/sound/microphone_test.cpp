@@ -270,6 +270,9 @@ TEST(Microphone, NothingStaleIsHeardFromACardWhenTheLineIsOpened) {
   ExpectNothingStale(server, engine, loop);
 }
 
+constexpr const char* kNeverDead =
+    "this sound server has no dead microphone: it gives silence in place of one";
+
 TEST(Microphone, OneThatIsThereButDeadIsOpenedAgain) {
   Booth booth;
   Recording recording("desk");
@@ -279,13 +282,13 @@ TEST(Microphone, OneThatIsThereButDeadIsOpenedAgain) {
   ASSERT_NE(first, "");
   booth.Loop.Within(3s, [] { return false; });
   EXPECT_EQ(Captures(booth.Server), first);  // one that lives is left alone
-  booth.Server.Control("suspend-source mic 1");
+  if (!booth.Server.SuspendMicrophone()) GTEST_SKIP() << kNeverDead;
   const auto reopened = [&] {
     const std::string now = Captures(booth.Server);
     return !now.empty() && now != first;
   };
   EXPECT_TRUE(booth.Loop.Within(8s, reopened));
-  booth.Server.Control("suspend-source mic 0");
+  booth.Server.ResumeMicrophone();
   EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
 }
 
@@ -304,13 +307,13 @@ TEST(Microphone, AMuteThatIsTakenBackAtOnceLeavesItWatched) {
     booth.Loop.Within(100ms, [] { return false; });
   }
   ASSERT_NE(opened, "");
-  booth.Server.Control("suspend-source mic 1");
+  if (!booth.Server.SuspendMicrophone()) GTEST_SKIP() << kNeverDead;
   const auto reopened = [&] {
     const std::string now = Captures(booth.Server);
     return !now.empty() && now != opened;
   };
   EXPECT_TRUE(booth.Loop.Within(8s, reopened));
-  booth.Server.Control("suspend-source mic 0");
+  booth.Server.ResumeMicrophone();
   EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
 }
 
@@ -323,7 +326,7 @@ TEST(Microphone, OneOfACardThatIsThereButDeadIsOpenedAgain) {
   const std::string first = Captures(server);
   loop.Within(1s, [] { return false; });
   ASSERT_EQ(Captures(server), first);
-  server.Control("suspend-source mic 1");
+  if (!server.SuspendMicrophone()) GTEST_SKIP() << kNeverDead;
   const auto reopened = [&] {
     const std::string now = Captures(server);
     return !now.empty() && now != first;

@@ -126,6 +126,19 @@ std::string PrivateServer::Control(const std::string& arguments) const {
   return OutputOf("pactl " + arguments);
 }
 
+bool PrivateServer::SuspendMicrophone() const {
+  Control("suspend-source mic 1");
+  for (int i = 0; i < 100; ++i) {
+    const std::string sources = Control("list short sources");
+    const std::size_t microphone = sources.find("\tmic\t");
+    if (microphone == std::string::npos) return false;
+    const std::size_t end = sources.find('\n', microphone);
+    if (sources.substr(microphone, end - microphone).ends_with("SUSPENDED")) return true;
+    std::this_thread::sleep_for(10ms);
+  }
+  return false;
+}
+
 void PrivateServer::RemoveDesk() const {
   std::istringstream modules(Control("list short modules"));
   for (std::string module; std::getline(modules, module);) {

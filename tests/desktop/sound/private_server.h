@@ -29,6 +29,11 @@ class PrivateServer {
   /// Runs `pactl` with these arguments and returns what it prints.
   std::string Control(const std::string& arguments) const;
 
+  /// Makes the microphone a dead one, which is there and gives nothing. False where the server
+  /// knows no such thing.
+  bool SuspendMicrophone() const;
+  void ResumeMicrophone() const { Control("suspend-source mic 0"); }
+
   /// Takes the sink "desk" away.
   void RemoveDesk() const;
 
