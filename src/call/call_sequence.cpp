@@ -6,7 +6,8 @@ namespace marlex {
 
 CallSequence::CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
                            FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
-                           Fades& fades, MusicPlayer& music, const StringTable& strings)
+                           Fades& fades, MusicPlayer& music, Previews& previews,
+                           const StringTable& strings)
     : TheFlags(flags),
       Store(store),
       Loop(loop),
@@ -16,6 +17,7 @@ CallSequence::CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, 
       Routing(routing),
       TheFades(fades),
       Music(music),
+      ThePreviews(previews),
       Strings(strings) {
   for (CommandButton* key : {&frmMain.cmdCall, &frmMain.cmdCall2}) {
     key->OnMouseDown = [this](MouseButton button) {
@@ -88,7 +90,7 @@ void CallSequence::CutMessagesOff() {
   TheFrmPlayers.WavPlayer.Command("Close");
   TheFrmPlayers.lstMsgSequence.Clear();
   TheFrmPlayers.HoldSchedule();
-  CutPreviewOff();
+  ThePreviews.End();
   Loop.Pump();
   Loop.Pump();
 }

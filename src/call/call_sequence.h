@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "i18n/string_table.h"
@@ -10,6 +9,7 @@
 #include "music/music_player.h"
 #include "platform/event_loop.h"
 #include "state/flags.h"
+#include "state/previews.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -37,10 +37,7 @@ class CallSequence {
  public:
   CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
                FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing, Fades& fades,
-               MusicPlayer& music, const StringTable& strings);
-
-  /// A preview that plays ends; wired at composition.
-  std::function<void()> CutPreviewOff;
+               MusicPlayer& music, Previews& previews, const StringTable& strings);
 
   void StartCall();  // a call key is pressed
   void EndCall();    // and released
@@ -89,6 +86,7 @@ class CallSequence {
   ZoneRouting& Routing;
   Fades& TheFades;
   MusicPlayer& Music;
+  Previews& ThePreviews;
   const StringTable& Strings;
 };
 

@@ -4,6 +4,7 @@ namespace marlex {
 
 System::System(const Pc& pc)
     : ThePc(pc),
+      ThePreviews(TheFlags),
       TheNotices(pc.Loop, pc.Boxes, Strings),
       Store(pc.Profiles, pc.TheProcess),
       TheWindows(pc.Loop, pc.Files),
@@ -13,13 +14,14 @@ System::System(const Pc& pc)
       TheMixerWindow(TheFrmMxr, Mixer, pc.Loop, pc.TheProcess),
       Lines(TheFrmMxr, Mixer),
       Routing(TheWindows.frmMain, TheFrmPlayers, Store),
-      Link(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, Lines, Routing, Strings, TheNotices),
+      Link(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, Lines, Routing, ThePreviews, Strings,
+           TheNotices),
       TheFades(TheFlags, Store.Values, pc.Loop, TheFrmPlayers, Lines),
-      Music(TheFlags, Store, pc.Files, TheWindows.frmMain, TheFrmPlayers, Lines, Routing, Strings,
-            TheNotices),
+      Music(TheFlags, Store, pc.Files, TheWindows.frmMain, TheFrmPlayers, Lines, Routing,
+            ThePreviews, Strings, TheNotices),
       Playlist(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows.frmMain, Music, Strings),
       ThePlaylistEditor(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows, TheFrmPlayers,
-                        Lines, Music, Strings, TheNotices),
+                        Lines, Music, ThePreviews, Strings, TheNotices),
       MusicClock(TheFlags, Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Routing, Music,
                  TheFades),
       Columns(Store.Values, TheWindows.frmMain, Strings),
@@ -29,18 +31,18 @@ System::System(const Pc& pc)
       Sequences(Store, pc.Boxes, TheWindows.frmMain, TheFrmPlayers, TheConflicts, Table),
       Wavs(TheFlags, Store.Values, pc.Loop, TheFrmPlayers, Lines, TheWindows.frmSettings),
       Playback(TheFlags, Store, TheWindows.frmMain, TheFrmPlayers, Lines, Routing, TheFades, Music,
-               Wavs),
+               Wavs, ThePreviews),
       Tick(TheFlags, pc.Clock, TheWindows.frmMain, TheFrmPlayers, MusicClock, Table, Wavs,
            Playback),
       Selected(Store.Values, TheFrmPlayers, TheWindows.TheWavWindow),
       Interval(TheWindows.TheWavWindow),
       Times(TheWindows.TheWavWindow, TheNotices),
       Preview(TheFlags, Store.Values, pc.Loop, TheWindows.TheWavWindow, TheFrmPlayers, Lines, Music,
-              Strings),
+              ThePreviews, Strings),
       Editor(Store, pc.Loop, pc.Boxes, pc.Files, TheWindows, TheFrmPlayers, Table, TheConflicts,
              Selected, Times, Preview, Strings, TheNotices),
       Call(TheFlags, Store, pc.Loop, TheWindows.frmMain, TheFrmPlayers, Lines, Routing, TheFades,
-           Music, Strings),
+           Music, ThePreviews, Strings),
       Keys(Store, TheWindows, Editor, Selected),
       TheMainWindow(ThePc, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Lines, Strings, Columns,
                     Playlist, Sequences, Routing, TheNotices),
@@ -53,11 +55,10 @@ System::System(const Pc& pc)
   // The calls that run upwards.
   Store.OnNotSaved = [this] { StartUp_.TellNotSaved(); };
   Dialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
-  Call.CutPreviewOff = [this] { Preview.GiveWay(); };
   Link.PlaySong = [this] { Music.PlaySong(); };
-  Link.CutPreviewOff = [this] { ThePlaylistEditor.GiveWay(); };
   Music.PlayMessageWavs = [this] { Wavs.PlayMessageWavs(); };
-  Wavs.CutPreviewOff = [this] { Preview.GiveWay(); };
+  ThePreviews.EndSong = [this] { ThePlaylistEditor.EndPreview(); };
+  ThePreviews.EndMessages = [this] { Preview.End(); };
   pc.Loop.OnFailure = [this](const RuntimeFailure& failure) { TheNotices.Error(failure.what()); };
 }
 

@@ -35,6 +35,7 @@
 #include "schedule/sequence_files.h"
 #include "schedule/time_fields.h"
 #include "state/flags.h"
+#include "state/previews.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 
@@ -53,6 +54,7 @@ class System {
 
  public:
   Flags TheFlags;
+  Previews ThePreviews;
   StringTable Strings;
   Notices TheNotices;
   SettingsStore Store;

@@ -2,14 +2,15 @@
 
 namespace marlex {
 SerialLink::SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
-                       SoundLines& lines, ZoneRouting& routing, const StringTable& strings,
-                       Notices& notices)
+                       SoundLines& lines, ZoneRouting& routing, Previews& previews,
+                       const StringTable& strings, Notices& notices)
     : TheFlags(flags),
       Store(store),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
       Lines(lines),
       Routing(routing),
+      ThePreviews(previews),
       Strings(strings) {
   frmPlayers.tmrIODelay.OnTimer = [this] { SendRoutingByte(); };
   frmPlayers.tmrDwellTimer.OnTimer = [this] { ReturnMusicZones(); };
@@ -50,6 +51,7 @@ void SerialLink::ShowPriority() {
 void SerialLink::TakeOver() {
   const bool musicPlays = TheFrmPlayers.MP3Player.PlayState() == kPlaying;
   if (musicPlays || TheFlags.MessagePlaying || TheFlags.CallActive) ProcessPriority();
+  ThePreviews.End();
 }
 
 void SerialLink::ProcessPriority() {
@@ -69,7 +71,6 @@ void SerialLink::ProcessPriority() {
   TheFrmMain.cmdCall.Enabled = false;
   TheFrmPlayers.tmrDwellTimer.Enabled = false;
   TheFlags.PriorityPreempted = true;
-  CutPreviewOff();
 }
 
 void SerialLink::ForgetAmplifier() {

@@ -8,6 +8,7 @@
 #include "link/zone_routing.h"
 #include "mixer/sound_lines.h"
 #include "state/flags.h"
+#include "state/previews.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -19,13 +20,11 @@ namespace marlex {
 class SerialLink {
  public:
   SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
-             SoundLines& lines, ZoneRouting& routing, const StringTable& strings, Notices& notices);
+             SoundLines& lines, ZoneRouting& routing, Previews& previews,
+             const StringTable& strings, Notices& notices);
 
   /// Resumes the music; wired at composition.
   std::function<void()> PlaySong;
-
-  /// Ends a music preview at a takeover; wired at composition.
-  std::function<void()> CutPreviewOff;
 
   /// For an amplifier that is no longer spoken to: what it had taken is given back, since its end
   /// of a call will never come.
@@ -46,6 +45,7 @@ class SerialLink {
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;
   ZoneRouting& Routing;
+  Previews& ThePreviews;
   const StringTable& Strings;
 };
 

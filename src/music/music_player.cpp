@@ -13,7 +13,8 @@ std::string FormatSeconds(double seconds) {
 
 MusicPlayer::MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories,
                          FrmMain& frmMain, FrmPlayers& frmPlayers, SoundLines& lines,
-                         ZoneRouting& routing, const StringTable& strings, Notices& notices)
+                         ZoneRouting& routing, Previews& previews, const StringTable& strings,
+                         Notices& notices)
     : TheFlags(flags),
       Store(store),
       TheDirectories(directories),
@@ -21,6 +22,7 @@ MusicPlayer::MusicPlayer(Flags& flags, SettingsStore& store, Directories& direct
       TheFrmPlayers(frmPlayers),
       Lines(lines),
       Routing(routing),
+      ThePreviews(previews),
       Strings(strings),
       TheNotices(notices) {
   frmMain.cmdPlay.OnClick = [this] { cmdPlay_Click(); };
@@ -43,7 +45,7 @@ void MusicPlayer::cmdPlay_Click() {
   }
   Lines.OpenMaster();
   CurrentSongPath = SelectedSongPath();
-  HoldsPreview = false;
+  ThePreviews.HoldSongPlayer = false;
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
   Lines.SetMaster(settings.MasterVolume);
   Lines.SetWave(settings.MusicVolume);
@@ -88,6 +90,7 @@ void MusicPlayer::cmdStop_Click() {
 /// gone through once. The first position is written at once, that of a round when it is over, since
 /// thousands of writes to a disk would hold up the amplifier and the keys.
 void MusicPlayer::MP3Player_EndOfStream() {
+  ThePreviews.HoldSongPlayer = false;
   const bool callTookOver = PlayWaitingMessages();
   const int songs = TheFrmMain.lstPlaylist.ListCount();
   if (songs == 0) return;
@@ -114,6 +117,7 @@ bool MusicPlayer::PlayWaitingMessages() {
   // after that the lines are the call's.
   const bool inCall = TheFlags.CallActive;
   if (inCall && !TheFlags.FadeRunning) return false;
+  ThePreviews.End();
   PlayMessageWavs();
   if (!TheFlags.CallActive) TheFrmPlayers.ResumeSchedule();
   return TheFlags.CallActive && !inCall;
@@ -135,7 +139,6 @@ bool MusicPlayer::MoveToNextSong() {
 /// Gives the selected song to the player. False when the player refuses it.
 bool MusicPlayer::LoadSong(bool wrapped) {
   CurrentSongPath = SelectedSongPath();
-  HoldsPreview = false;
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
   // After the last song its length stays on show for the whole of the first one. This is meant.
   LengthAwaited = false;

@@ -10,6 +10,7 @@
 #include "mixer/sound_lines.h"
 #include "platform/directories.h"
 #include "state/flags.h"
+#include "state/previews.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -25,11 +26,10 @@ std::string FormatSeconds(double seconds);
 class MusicPlayer {
  public:
   MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories, FrmMain& frmMain,
-              FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
+              FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing, Previews& previews,
               const StringTable& strings, Notices& notices);
 
   std::string CurrentSongPath;  // path last built for the player
-  bool HoldsPreview = false;    // a preview was the last to give the player a file
   int CurrentSongIndex =
       0;          // list index when that song was loaded; used only to reselect after a drag
   ListDrag Drag;  // a mouse drag in lstPlaylist
@@ -69,6 +69,7 @@ class MusicPlayer {
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;
   ZoneRouting& Routing;
+  Previews& ThePreviews;
   const StringTable& Strings;
   Notices& TheNotices;
   bool LengthAwaited = false;  // the length on show is none, since the song's drive is slow

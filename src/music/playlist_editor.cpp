@@ -5,7 +5,6 @@
 
 #include "i18n/translate_controls.h"
 #include "music/playlist_files.h"
-#include "music/previews.h"
 #include "music/shuffle.h"
 #include "platform/text_case.h"
 #include "state/digit_mask.h"
@@ -44,10 +43,10 @@ std::string SongName(const std::string& fileName) {
   return fileName.substr(0, end);
 }
 
-PlaylistEditor::PlaylistEditor(const Flags& flags, SettingsStore& store, Directories& directories,
+PlaylistEditor::PlaylistEditor(Flags& flags, SettingsStore& store, Directories& directories,
                                WallClock& clock, Dialogs& dialogs, Windows& windows,
                                FrmPlayers& frmPlayers, SoundLines& lines, MusicPlayer& player,
-                               const StringTable& strings, Notices& notices)
+                               Previews& previews, const StringTable& strings, Notices& notices)
     : TheFlags(flags),
       Store(store),
       Values(store.Values),
@@ -60,6 +59,7 @@ PlaylistEditor::PlaylistEditor(const Flags& flags, SettingsStore& store, Directo
       TheFrmPlayers(frmPlayers),
       Lines(lines),
       Player(player),
+      ThePreviews(previews),
       Strings(strings),
       TheNotices(notices) {
   TheFrmMain.mnuPlaylist.OnClick = [this] { mnuPlaylist_Click(); };
@@ -171,16 +171,19 @@ void PlaylistEditor::cmdRandomize_Click() {
 void PlaylistEditor::PrevKey_Click() {
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     StopPreview();
-  } else if (!OutrunsPreviews(TheFlags)) {
+  } else if (ThePreviews.MayBegin()) {
     StartPreview();
   }
 }
 
-/// A call and an announcement fade and pause what the player plays, a preview as well.
-void PlaylistEditor::GiveWay() {
+/// The preview outlives its window, and the keys of the next one are not its own. The clock may be
+/// fading it, and that fade ends with it: it would go on over what comes now.
+void PlaylistEditor::EndPreview() {
   SongPlayer& player = TheFrmPlayers.MP3Player;
-  if (player.PlayState() != kPlaying || !Player.HoldsPreview) return;
-  Editor.Loaded() ? StopPreview() : player.Stop();
+  if (!ThePreviews.HoldSongPlayer || player.PlayState() == kStopped) return;
+  PreviewUnloads == Editor.UnloadCount ? StopPreview() : player.Stop();
+  TheFrmPlayers.tmrFadeTime.Enabled = false;
+  TheFlags.FadeRunning = false;
 }
 
 void PlaylistEditor::StartPreview() {
@@ -189,7 +192,8 @@ void PlaylistEditor::StartPreview() {
   Lines.OpenWave();
   Editor.RemAll_Key.Enabled = false;
   Editor.RemoveKey.Enabled = false;
-  Player.HoldsPreview = true;
+  ThePreviews.HoldSongPlayer = true;
+  PreviewUnloads = Editor.UnloadCount;
   TheFrmPlayers.MP3Player.SetFileName(
       JoinPath(Editor.MP3List.Path(), Editor.SelectedMP3s.Text() + ".mp3"));
   // It looks for the main window's song and not for this one. This is meant.

@@ -12,6 +12,7 @@
 #include "platform/directories.h"
 #include "platform/wall_clock.h"
 #include "state/flags.h"
+#include "state/previews.h"
 #include "state/settings_store.h"
 #include "windows/frm_players.h"
 #include "windows/windows.h"
@@ -22,14 +23,13 @@ namespace marlex {
 /// saves reaches the main window when the file is opened there. Nothing asks before it closes.
 class PlaylistEditor {
  public:
-  PlaylistEditor(const Flags& flags, SettingsStore& store, Directories& directories,
-                 WallClock& clock, Dialogs& dialogs, Windows& windows, FrmPlayers& frmPlayers,
-                 SoundLines& lines, MusicPlayer& player, const StringTable& strings,
+  PlaylistEditor(Flags& flags, SettingsStore& store, Directories& directories, WallClock& clock,
+                 Dialogs& dialogs, Windows& windows, FrmPlayers& frmPlayers, SoundLines& lines,
+                 MusicPlayer& player, Previews& previews, const StringTable& strings,
                  Notices& notices);
 
-  /// The amplifier takes over: a preview that plays is stopped. The music of the main window is
-  /// not.
-  void GiveWay();
+  /// A preview that plays or is paused is stopped. The music of the main window is not.
+  void EndPreview();
 
  private:
   void WireSelection();
@@ -67,7 +67,7 @@ class PlaylistEditor {
   /// The hour and the minute of the start, then those of the stop.
   std::array<ComboBox*, 4> TimeLists() const;
 
-  const Flags& TheFlags;
+  Flags& TheFlags;
   SettingsStore& Store;
   Settings& Values;
   Directories& TheDirectories;
@@ -79,8 +79,10 @@ class PlaylistEditor {
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;
   MusicPlayer& Player;
+  Previews& ThePreviews;
   const StringTable& Strings;
   Notices& TheNotices;
+  unsigned PreviewUnloads = 0;  // of the window, when the last preview began in it
 };
 
 /// Name of a song: that of its file up to the first ".mp3" in any case.

@@ -3,7 +3,8 @@
 namespace marlex {
 MessagePlayback::MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain,
                                  FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
-                                 Fades& fades, MusicPlayer& music, MessageWavs& wavs)
+                                 Fades& fades, MusicPlayer& music, MessageWavs& wavs,
+                                 Previews& previews)
     : TheFlags(flags),
       Store(store),
       TheFrmMain(frmMain),
@@ -12,9 +13,11 @@ MessagePlayback::MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& fr
       Routing(routing),
       TheFades(fades),
       Music(music),
-      Wavs(wavs) {}
+      Wavs(wavs),
+      ThePreviews(previews) {}
 
 void MessagePlayback::PlayMessageSequence(const std::string& currentRouting) {
+  ThePreviews.End();
   TheFrmPlayers.HoldSchedule();
   TheFrmMain.EnableTransport(false);
   if (MusicIs(kPlaying) && !ClearMusic()) return;

@@ -8,6 +8,7 @@
 #include "music/music_player.h"
 #include "schedule/message_wavs.h"
 #include "state/flags.h"
+#include "state/previews.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -20,7 +21,7 @@ class MessagePlayback {
  public:
   MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
                   SoundLines& lines, ZoneRouting& routing, Fades& fades, MusicPlayer& music,
-                  MessageWavs& wavs);
+                  MessageWavs& wavs, Previews& previews);
 
   /// Plays `lstMsgSequence` into the zones of `currentRouting` and returns when all is back, or at
   /// once where a call or the amplifier has taken over, which then restore.
@@ -46,6 +47,7 @@ class MessagePlayback {
   Fades& TheFades;
   MusicPlayer& Music;
   MessageWavs& Wavs;
+  Previews& ThePreviews;
 };
 
 }  // namespace marlex

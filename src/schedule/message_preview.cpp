@@ -1,13 +1,14 @@
 #include "schedule/message_preview.h"
 
-#include "music/previews.h"
+#include <utility>
+
 #include "schedule/message_wavs.h"
 
 namespace marlex {
 
 MessagePreview::MessagePreview(Flags& flags, const Settings& settings, EventLoop& loop,
                                WavWindow& window, FrmPlayers& frmPlayers, SoundLines& lines,
-                               MusicPlayer& music, const StringTable& strings)
+                               MusicPlayer& music, Previews& previews, const StringTable& strings)
     : TheFlags(flags),
       TheSettings(settings),
       Loop(loop),
@@ -15,6 +16,7 @@ MessagePreview::MessagePreview(Flags& flags, const Settings& settings, EventLoop
       TheFrmPlayers(frmPlayers),
       Lines(lines),
       Music(music),
+      ThePreviews(previews),
       Strings(strings) {
   window.PrevKey.OnClick = [this] { PrevKey_Click(); };
 }
@@ -22,7 +24,7 @@ MessagePreview::MessagePreview(Flags& flags, const Settings& settings, EventLoop
 void MessagePreview::PrevKey_Click() {
   if (Window.PrevKey.Caption.Get() != Strings.LoadString(kStrPlay)) {
     RequestStop();
-  } else if (!Playing && !OutrunsPreviews(TheFlags)) {
+  } else if (!Playing && ThePreviews.MayBegin()) {
     Play();
   }
 }
@@ -32,23 +34,16 @@ void MessagePreview::PrevKey_Click() {
 /// that plays on top is none of the preview's.
 void MessagePreview::RequestStop() {
   PreviewStopRequested = true;
-  if (PlayerIsOthers()) return;
+  if (!ThePreviews.HoldWavPlayer) return;
   TheFrmPlayers.WavPlayer.Command(Strings.LoadString(kStrClose));
   TheFlags.WavFinished = true;
 }
 
-void MessagePreview::GiveWay() {
-  if (Playing) PreviewStopRequested = true;
-}
-
-void MessagePreview::Close() {
-  if (HasPlayed && !PlayerIsOthers()) TheFrmPlayers.WavPlayer.Command("Close");
-  HasPlayed = false;
+/// Its wait may lie below that of what ends it, and sees the request when that one is over.
+void MessagePreview::End() {
+  if (!std::exchange(ThePreviews.HoldWavPlayer, false)) return;
+  TheFrmPlayers.WavPlayer.Command("Close");
   PreviewStopRequested = Playing;
-}
-
-bool MessagePreview::PlayerIsOthers() const {
-  return TheFlags.CallActive || TheFlags.MessagePlaying;
 }
 
 void MessagePreview::Play() {
@@ -58,7 +53,7 @@ void MessagePreview::Play() {
   Window.RemAll_Key.Enabled = false;
   Lines.SetWave(TheSettings.MessageVolume);
   const unsigned unloads = Window.UnloadCount;
-  Playing = HasPlayed = true;
+  Playing = ThePreviews.HoldWavPlayer = true;
   PlayMessages();
   Playing = false;
   Lines.SetWave(TheSettings.MusicVolume);
@@ -71,14 +66,11 @@ void MessagePreview::Play() {
 }
 
 void MessagePreview::PlayMessages() {
-  const unsigned unloads = Window.UnloadCount;
   for (int entry = 0; entry < Window.SelectedWavs.ListCount(); ++entry) {
     PlayMessage(Window.SelectedWavs.List(entry));
-    if (PreviewStopRequested || unloads != Window.UnloadCount || OutrunsPreviews(TheFlags)) break;
+    if (PreviewStopRequested) break;
   }
   PreviewStopRequested = false;
-  // The amplifier's own word to the player is one of the chosen language.
-  if (TheFlags.PriorityPreempted && !PlayerIsOthers()) TheFrmPlayers.WavPlayer.Command("Close");
 }
 
 /// The microphone stays closed after it.
@@ -87,8 +79,7 @@ void MessagePreview::PlayMessage(const std::string& name) {
   Lines.OpenMaster();
   Lines.OpenWave();
   Lines.CloseMicrophone();
-  Loop.PumpUntil(
-      [this] { return TheFlags.WavFinished || PreviewStopRequested || OutrunsPreviews(TheFlags); });
+  Loop.PumpUntil([this] { return TheFlags.WavFinished || PreviewStopRequested; });
 }
 
 }  // namespace marlex

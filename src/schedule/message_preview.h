@@ -7,6 +7,7 @@
 #include "music/music_player.h"
 #include "platform/event_loop.h"
 #include "state/flags.h"
+#include "state/previews.h"
 #include "state/settings.h"
 #include "windows/frm_players.h"
 #include "windows/wav_window.h"
@@ -18,17 +19,11 @@ namespace marlex {
 class MessagePreview {
  public:
   MessagePreview(Flags& flags, const Settings& settings, EventLoop& loop, WavWindow& window,
-                 FrmPlayers& frmPlayers, SoundLines& lines, MusicPlayer& music,
+                 FrmPlayers& frmPlayers, SoundLines& lines, MusicPlayer& music, Previews& previews,
                  const StringTable& strings);
 
-  bool PreviewStopRequested = false;  // by PrevKey during a preview, by a call, or by the closing
-
-  /// A call or an announcement begins, which goes before a preview also when it is over before the
-  /// preview sees it.
-  void GiveWay();
-
-  /// The editor closes: what plays for it falls silent.
-  void Close();
+  /// What plays falls silent at once, also a message that a stop has left sounding.
+  void End();
 
  private:
   void PrevKey_Click();
@@ -36,7 +31,6 @@ class MessagePreview {
   void Play();
   void PlayMessages();
   void PlayMessage(const std::string& name);
-  bool PlayerIsOthers() const;
 
   Flags& TheFlags;
   const Settings& TheSettings;
@@ -45,9 +39,10 @@ class MessagePreview {
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;
   MusicPlayer& Music;
+  Previews& ThePreviews;
   const StringTable& Strings;
   bool Playing = false;
-  bool HasPlayed = false;  // since the opening; a stop may have left its message sounding
+  bool PreviewStopRequested = false;  // by PrevKey during a preview, or by its end
 };
 
 }  // namespace marlex

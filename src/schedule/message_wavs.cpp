@@ -39,7 +39,6 @@ void MessageWavs::BuildMessageList(const std::string& messageInfo) {
 }
 
 void MessageWavs::PlayMessageWavs() {
-  CutPreviewOff();
   TheFlags.MessagePlaying = true;
   TheFrmSettings.slMusicVolume.Enabled = false;  // the line does not carry music now
   OpenMessageLine();

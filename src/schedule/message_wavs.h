@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "mixer/sound_lines.h"
@@ -18,9 +17,6 @@ class MessageWavs {
  public:
   MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
               SoundLines& lines, FrmSettings& frmSettings);
-
-  /// A preview that plays ends; wired at composition.
-  std::function<void()> CutPreviewOff;
 
   /// Fills `lstMsgSequence` from message names separated by commas.
   void BuildMessageList(const std::string& messageInfo);

@@ -129,7 +129,7 @@ void SequenceEditor::ArrangeZones() {
 }
 
 bool SequenceEditor::Unload() {
-  Preview.Close();
+  Preview.End();
   Store.Values.AllDaysView = SavedAllDaysView;
   Table.RebuildScheduleTable();
   TheFrmPlayers.ResumeSchedule();

@@ -45,8 +45,8 @@ struct Flags {
 
   // The fade.
 
-  /// A fade is on. Set and cleared by the fades, cleared also by a takeover; read by their waits,
-  /// by the release of a call and by previews.
+  /// A fade is on. Set and cleared by the fades, cleared also by a takeover and with a preview that
+  /// is being faded; read by their waits, by the release of a call and by previews.
   bool FadeRunning = false;
 
   // The music's clock.

@@ -149,6 +149,8 @@ void ExpectAllCorners(Corners& corners) {
                              "both editors",
                              "a song that is heard in the editor",
                              "a takeover that ends the preview of a song",
+                             "a call that ends the preview of a song",
+                             "an announcement that ends the preview of a song",
                              "music that the editor stops",
                              "times that were but looked at",
                              "a saved list",

@@ -45,7 +45,7 @@ void WatchedDesk::Arm() {
   Before.Bytes = Pc.Serial.Sent().size();
   MasterHasSounded = ZonesLeftBehind = SongPressed = LevelChanged = false;
   TickOffByCall = CallStands = CallCutShort = KeysLeftDead = CallOverMessage = false;
-  EditorOverWaitingRow = ViewOwed = PreviewSounds = KeyHeld = false;
+  EditorOverWaitingRow = ViewOwed = PreviewSounds = PreviewInPlayer = KeyHeld = false;
   CallOverWaitingRow = WavOfCall = FadeOfCall = CallWasPressed = false;
   TickBegunInWaits.reset();
   WavReportedAtMs.reset();

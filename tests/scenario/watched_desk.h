@@ -90,6 +90,8 @@ class WatchedDesk : public Desk {
   void CheckSavedList();
   std::vector<std::string> SongsIn(const std::string& file);
   void CheckSongPreview(std::size_t firstLine);
+  void CheckSongInPlayer();
+  bool OutrunsPreviews();
   bool JournalHas(const std::string& word, std::size_t firstLine);
   void RememberCall();
   void NoteCorners();
@@ -191,6 +193,7 @@ class WatchedDesk : public Desk {
   bool EditorOverWaitingRow = false;  // which its closing leaves with the tick on
   bool ViewOwed = false;              // all days, as the view menus say or the editor found it
   bool PreviewSounds = false;         // the WAV is the editor's
+  bool PreviewInPlayer = false;       // the song is the playlist editor's
   std::optional<Choice> Chosen;       // in the event that is looked at
   bool PlaylistStep = false;          // the event is one of the operator at the playlist editor
   bool PlaylistTouched = false;       // something in its window has changed

@@ -53,8 +53,8 @@ void WatchedDesk::CheckView() {
     Require(Values().AllDaysView == ViewOwed, "The view is not what the menus have made it");
 }
 
-/// A preview gives way to a call, and ends with the editor. In a language whose word for closing is
-/// no command its stop leaves the message sounding.
+/// A preview ends with the editor and with what goes before it. In a language whose word for
+/// closing is no command its stop leaves the message sounding.
 void WatchedDesk::CheckPreview() {
   if (JournalHas(" wav play ", Before.Lines)) {
     const bool called = State().CallActive || Before.CallActive || TickOffByCall || CallStands;
@@ -63,7 +63,7 @@ void WatchedDesk::CheckPreview() {
   PreviewSounds = PreviewSounds && Pc.Wav.Mode() == kWavePlaying;
   if (!PreviewSounds) return;
   Require(EditorIsOpen(), "A preview sounds, and the editor is closed");
-  Require(!State().CallActive, "A preview sounds under a call");
+  Require(!OutrunsPreviews(), "A preview sounds under what goes before it");
 }
 
 /// What the operator has set, in the order of the file.

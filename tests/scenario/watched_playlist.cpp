@@ -60,21 +60,42 @@ void WatchedDesk::CheckSongPreview(std::size_t firstLine) {
   if (!JournalHas(" song play ", firstLine)) return;
   Require(!MuteCheck(0) && !MuteCheck(Sys->Mixer.WaveLine),
           "A song begins in the playlist editor, and is muted");
-  Require(!State().CallActive && !State().MessagePlaying && !State().PriorityPreempted,
+  Require(!OutrunsPreviews() && !State().FadeRunning && State().PriorityClear,
           "A song begins in the playlist editor under what goes before it");
   ++Corners["a song that is heard in the editor"];
 }
 
+/// What a preview, of a song as of messages, neither begins under nor goes on.
+bool WatchedDesk::OutrunsPreviews() {
+  constexpr int kHighPriority = 128;
+  return State().CallActive || State().MessagePlaying || State().PriorityPreempted ||
+         State().AmplifierStatus >= kHighPriority;
+}
+
+/// A preview is in the player until its song ends or another begins. Paused it could come back.
+void WatchedDesk::CheckSongInPlayer() {
+  if (JournalHas(" song play ", Before.Lines)) PreviewInPlayer = PlaylistStep;
+  PreviewInPlayer = PreviewInPlayer && Pc.Song.PlayState() != kStopped;
+  Require(!PreviewInPlayer || !OutrunsPreviews(), "The preview of a song outlives what ends it");
+}
+
 bool WatchedDesk::PlaylistIsOpen() { return Sys->TheWindows.frmPlaylist.Loaded(); }
 
-/// What the editor shows changes by a step at it, by a list that is opened in it, or by a takeover
-/// that ends its preview, and by nothing else. What is in force of a playlist changes by a list
-/// that is opened in either window, or by a save.
+/// What the editor shows changes by a step at it, by a list that is opened in it, or by what ends
+/// its preview, and by nothing else. What is in force of a playlist changes by a list that is
+/// opened in either window, or by a save.
 void WatchedDesk::CheckPlaylist() {
   const bool opensInEditor = Chosen && Chosen->ByEditor;
   const bool comesOrGoes = PlaylistIsOpen() != Before.PlaylistOpen;
-  const bool previewEnds = State().PriorityPreempted && JournalHas(" song stop", Before.Lines);
-  if (previewEnds && PlaylistTouched) ++Corners["a takeover that ends the preview of a song"];
+  // What ends it may be over in the same event.
+  const bool outrun = OutrunsPreviews() || TickOffByCall || JournalHas(" wav ", Before.Lines);
+  const bool previewEnds = PreviewInPlayer && outrun && JournalHas(" song stop", Before.Lines);
+  if (previewEnds && PlaylistTouched) {
+    if (State().PriorityPreempted) ++Corners["a takeover that ends the preview of a song"];
+    if (State().CallActive) ++Corners["a call that ends the preview of a song"];
+    if (State().MessagePlaying) ++Corners["an announcement that ends the preview of a song"];
+  }
+  CheckSongInPlayer();
   Require(!PlaylistTouched || PlaylistStep || opensInEditor || comesOrGoes || previewEnds,
           "The playlist editor changes by itself");
   if (!Before.MainLoaded) return;
