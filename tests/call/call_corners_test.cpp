@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "call/call_desk.h"
+#include "desk/deeds.h"
 
 namespace marlex {
 namespace {
@@ -131,7 +132,7 @@ TEST(KeptRelease, ACallOfTheAmplifierOverTheChimeOfACallThatItDropsMutesNothing)
   desk.ReleaseAt(5000);
   desk.AdvanceTo(10'000);
   ASSERT_TRUE(desk.State().CallEndedDuringChime);
-  desk.Values().PreChime = "chime";
+  PickPreChime(desk, "chime");
   desk.PressAt(10'000);
   desk.AdvanceTo(11'000);
   ASSERT_FALSE(desk.State().CallActive);

@@ -109,10 +109,11 @@ TEST(MinuteUnderACall, ThatIsOverWhenTheCallEndsIsLost) {
 }
 
 TEST(MinuteUnderACall, OfMidnightBeginsTheDayWhenTheCallEndsInIt) {
-  CallDesk desk({.Sequences = {{}}, .Now = {2024, 1, 1, 23, 59, 40}});
+  CallDesk desk({.Sequences = {{}, {.File = "also.sch"}}, .Now = {2024, 1, 1, 23, 59, 40}});
   desk.Click("cmdStop");
-  desk.Do([&desk] { desk.Main().grdSchedule.SetRowHeight(1, 0); });
   SpeakOverAClosedEditor(desk);
+  desk.DoubleClickCell(1, kTimeColumn);
+  ASSERT_EQ(desk.Main().grdSchedule.RowHeight(1), 0);
   desk.RunTo(0, 0, 20);
   EXPECT_TRUE(desk.State().MusicStoppedByUser);
   desk.Release("cmdCall");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "call/call_desk.h"
+#include "desk/deeds.h"
 
 namespace marlex {
 namespace {
@@ -149,7 +150,7 @@ TEST(CallSequence, AReleaseThatWasKeptIsTakenForThatOfTheNextPreChimeAndThenForg
   CallDesk desk({.PostChime = "gong"}, kSilent);
   desk.PressAt(0);
   desk.ReleaseAt(1000);
-  desk.Values().PreChime = "chime";
+  PickPreChime(desk, "chime");
   desk.MicrophoneOpened = false;
   desk.PressAt(2000);
   EXPECT_FALSE(desk.State().CallActive);

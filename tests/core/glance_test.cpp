@@ -165,9 +165,12 @@ TEST(Glance, PromisesNoRowOfAFileThatCouldNotBeRead) {
 }
 
 TEST(Glance, PassesOverARowThatTheOperatorTookOut) {
-  SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
-  desk.Do([&desk] { desk.Main().grdSchedule.SetRowHeight(1, 0); });
-  EXPECT_EQ(Next(desk), "12:02  |at02");
+  std::vector<Sequence> rows = At("12", {"01", "02"});
+  rows.insert(rows.begin() + 1, {"also01.sch", "also01", "12", "01"});
+  SpotDesk desk({.Sequences = rows}, kSilent);
+  ASSERT_EQ(Next(desk), "12:01  |at01");
+  desk.DoubleClickCell(1, kTimeColumn);
+  EXPECT_EQ(Next(desk), "12:01  |also01");
 }
 
 TEST(Glance, PassesOverAMinuteWhoseFirstRowDoesNotRunToday) {

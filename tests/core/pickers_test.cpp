@@ -289,7 +289,9 @@ TEST(ChimePicker, SuchAChimeIsNotFoundByACallWhichOpensWithoutIt) {
     return begin + "\n" + desk.Journal();
   };
   EXPECT_EQ(call(), "Speak, microphone at 15000\n0 wav refuse ding.wav\n");
-  desk.Values().PreChime = "ding.dong";
+  With("Chime selection", "PreChime", "ding.dong")(desk.Pc);
+  desk.Open();
+  desk.Click("cmdOK");
   EXPECT_EQ(call(),
             "Wait, wav ding.dong.wav at 10000\n"
             "0 wav play ding.dong.wav\n1000 wav end ding.dong.wav\n");

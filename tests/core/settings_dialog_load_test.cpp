@@ -83,8 +83,8 @@ TEST(SettingsDialogLoad, TheDirectoriesAreReadFreshFromTheFile) {
 }
 
 TEST(SettingsDialogLoad, AStoredChimeIsCheckedAndShown) {
-  SettingsDesk desk({}, With("Chime selection", "PostChime", "dong"));
-  desk.Values().PostChime = "older";
+  SettingsDesk desk({.PostChime = "older"});
+  With("Chime selection", "PostChime", "dong")(desk.Pc);
   desk.Open();
   EXPECT_EQ(desk.Values().PostChime, "dong");
   EXPECT_EQ(desk.Dialog().chkPostChime.Value, 1);

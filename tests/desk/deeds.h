@@ -26,4 +26,20 @@ inline void StopByPreview(Desk& desk) {
   desk.Click(editor.mnuExit);
 }
 
+/// Plays the list of the main window and stops it, so that a preview finds its song. Takes no time.
+inline void PlayAndStop(Desk& desk) {
+  desk.Click("cmdPlay");
+  desk.Click("cmdStop");
+}
+
+/// Picks the chime before calls, of which there was none, in the settings. Takes no time.
+inline void PickPreChime(Desk& desk, const std::string& chime) {
+  desk.Click("mnuSettings");
+  desk.Click("chkPreChime");
+  desk.Click("cmdPreSelect");
+  desk.Choose(desk.Sys->TheWindows.frmChimeSelect.lstChimeList, chime + ".wav");
+  desk.Click("cmdOK");
+  desk.Click("cmdOK");  // of the settings
+}
+
 }  // namespace marlex

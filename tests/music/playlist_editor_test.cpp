@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 
+#include "desk/deeds.h"
 #include "i18n/with_texts.h"
 #include "music/playlist_desk.h"
 
@@ -142,7 +143,8 @@ TEST(PlaylistEditor, NamesOfAnyAlphabetKeepTheirLetters) {
     read.push_back(desk.Editor().SelectedMP3s.List(song));
   EXPECT_EQ(read, songs);
   desk.Choose(desk.Editor().SelectedMP3s, "Подмосковные вечера");
-  desk.Do([&] { desk.Sys->Music.CurrentSongPath = "/music/a.mp3"; });
+  PlayAndStop(desk);
+  desk.TakeJournal();
   desk.Click("PrevKey");
   EXPECT_EQ(desk.TakeJournal(), "0 song play Подмосковные вечера.mp3\n");
 }

@@ -1,17 +1,19 @@
 #include <gtest/gtest.h>
 
+#include "desk/deeds.h"
 #include "music/playlist_desk.h"
 
 namespace marlex {
 namespace {
 
-/// The editor with the songs of the directory chosen and one of them selected.
+/// The editor with the songs of the directory chosen and one of them selected. The song a of the
+/// main window has been played and stopped.
 struct PreviewDesk : PlaylistDesk {
   explicit PreviewDesk(const std::string& song = "b", DeskOptions options = {})
       : PlaylistDesk(std::move(options)) {
+    PlayAndStop(*this);
     Click("cmdSelectAll");
     Choose(Editor().SelectedMP3s, song);
-    Do([this] { Sys->Music.CurrentSongPath = "/music/a.mp3"; });
     Pc.Journal.Clear();
   }
 };
@@ -30,11 +32,11 @@ TEST(PlaylistPreview, PlaysTheSelectedSongUntilTheSecondPress) {
 }
 
 TEST(PlaylistPreview, OpensTheMastersAndTheWaveLinesMute) {
-  PreviewDesk desk;
-  desk.Do([&] {
-    desk.Sys->TheFrmMxr.ChkMute[0].Value = FrmMxr::kMuted;
-    desk.WaveMute().Value = FrmMxr::kMuted;
-  });
+  PlaylistDesk desk;
+  desk.Add({"b"});
+  desk.Choose(desk.Editor().SelectedMP3s, "b");
+  ASSERT_TRUE(desk.MuteCheck(0));
+  ASSERT_EQ(desk.WaveMute().Value, FrmMxr::kMuted);
   desk.Click("PrevKey");
   EXPECT_FALSE(desk.MuteCheck(0));
   EXPECT_EQ(desk.WaveMute().Value, FrmMxr::kOpen);
@@ -66,11 +68,11 @@ TEST(PlaylistPreview, AtItsEndTheMainWindowsListGoesOnAndTheKeyStillSaysStop) {
 
 TEST(PlaylistPreview, LooksForTheMainWindowsSongAndNotForItsOwn) {
   PreviewDesk desk;
-  desk.Do([&] { desk.Sys->Music.CurrentSongPath = "/music/gone.mp3"; });
+  desk.Pc.Disk.Remove("/music/a.mp3");
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Heard(), "silence");
   EXPECT_EQ(desk.Text("PrevKey"), "Stop");
-  desk.Do([&] { desk.Sys->Music.CurrentSongPath = "/music/a.mp3"; });
+  desk.Pc.Disk.AddMp3("/music/a.mp3", 10'000);
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
 }
@@ -106,10 +108,7 @@ TEST(PlaylistPreview, GoesOnWhenTheEditorClosesAndTheNextOneSaysPlay) {
 TEST(PlaylistPreview, ADirectoryWithoutItsFinalSeparatorGetsOne) {
   PlaylistDesk desk;
   desk.Exit();
-  desk.Do([&] {
-    desk.Values().MusicDirectory = "/music";
-    desk.Sys->Music.CurrentSongPath = "/music/a.mp3";
-  });
+  desk.Do([&] { desk.Values().MusicDirectory = "/music"; });
   desk.Click("mnuPlaylist");
   desk.Add({"c"});
   desk.Choose(desk.Editor().SelectedMP3s, "c");
@@ -119,14 +118,14 @@ TEST(PlaylistPreview, ADirectoryWithoutItsFinalSeparatorGetsOne) {
 
 TEST(PlaylistPreview, NoneBeginsUnderACall) {
   PreviewDesk desk;
-  desk.Do([&] { desk.Sys->Call.StartCall(); });
+  desk.Press("cmdCall");
   desk.Advance(1000);
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Text("PrevKey"), "Play");
   EXPECT_EQ(desk.WaveMute().Value, FrmMxr::kMuted);
   EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
   EXPECT_EQ(desk.Journal().find("song play"), std::string::npos) << desk.Journal();
-  desk.Do([&] { desk.Sys->Call.EndCall(); });
+  desk.Release("cmdCall");
   desk.Advance(1000);
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");

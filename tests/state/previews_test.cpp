@@ -12,10 +12,7 @@ namespace {
 /// stopped, so that its song is there for a preview to find.
 struct PreviewsDesk : Desk {
   explicit PreviewsDesk(DeskOptions options = {}) : Desk(WithSongs(std::move(options))) {
-    if (Values().MusicStartTime.empty()) {
-      Click("cmdPlay");
-      Click("cmdStop");
-    }
+    if (Values().MusicStartTime.empty()) PlayAndStop(*this);
     OpenSongs();
     Advance(500);
     Pc.Journal.Only({"song", "wav", "send"});
