@@ -39,7 +39,7 @@ void Shuffle(FrmPlaylist& editor) {
   Texts after = Songs(editor);
   std::sort(before.begin(), before.end());
   std::sort(after.begin(), after.end());
-  WatchedDesk::Require(before == after, "A shuffle has left other songs");
+  Require(before == after, "A shuffle has left other songs");
 }
 
 /// Also without a selection, which a preview or a shuffle leaves the key on for.
@@ -49,8 +49,7 @@ void RemoveSelected(FrmPlaylist& editor) {
   const bool takes = editor.RemoveKey.Enabled && entry != ListBox::kNoSelection;
   if (takes) expected.erase(expected.begin() + entry);
   Desk::Operate(editor.RemoveKey);
-  WatchedDesk::Require(Songs(editor) == expected,
-                       "Other songs are gone than the one that was removed");
+  Require(Songs(editor) == expected, "Other songs are gone than the one that was removed");
 }
 
 /// Where no song is chosen yet, it chooses all there are; where none is selected, it selects one.

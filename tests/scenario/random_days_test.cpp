@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <map>
 #include <optional>
 #include <string>
 
@@ -43,9 +42,6 @@ struct Failure {
   std::string Story;  // what had been going on
 };
 
-/// How many days came to each corner.
-using Corners = std::map<std::string, int>;
-
 /// Lets everything happen, waits for the end of what lasts, and asks for the next announcement.
 void Live(WatchedDesk& desk, const RandomDay& day, const std::vector<Happening>& happenings) {
   for (const Happening& happening : happenings) {
@@ -59,7 +55,7 @@ void Live(WatchedDesk& desk, const RandomDay& day, const std::vector<Happening>&
 
 /// Tells the day, with these happenings alone, and gives what went wrong.
 std::optional<Failure> Tell(const RandomDay& day, const std::vector<Happening>& happenings,
-                            Corners& corners) {
+                            CornerCounts& corners) {
   WatchedDesk desk(day.Installation, day.Prepare);
   try {
     Live(desk, day, happenings);
@@ -75,7 +71,7 @@ std::string FirstLine(const std::string& text) { return text.substr(0, text.find
 
 bool StillBreaks(const RandomDay& day, const std::vector<Happening>& happenings,
                  const std::string& rule) {
-  Corners corners;
+  CornerCounts corners;
   const auto failure = Tell(day, happenings, corners);
   return failure && FirstLine(failure->Rule) == rule;
 }
@@ -106,7 +102,7 @@ std::string Tail(const std::string& text) {
 
 std::string Report(int seed, const RandomDay& day, const Failure& failure) {
   const std::vector<Happening> happenings = Shrink(day, FirstLine(failure.Rule));
-  Corners corners;
+  CornerCounts corners;
   const Failure shrunk = Tell(day, happenings, corners).value_or(failure);
   std::string text = "seed " + std::to_string(seed) + "\n" + day.Describe() + "happenings:\n";
   for (const Happening& happening : happenings)
@@ -115,7 +111,7 @@ std::string Report(int seed, const RandomDay& day, const Failure& failure) {
 }
 
 /// A campaign that no longer came to the corners that it is told for would pass for nothing.
-void ExpectAllCorners(Corners& corners) {
+void ExpectAllCorners(CornerCounts& corners) {
   for (const char* corner : {"a takeover in a fade",
                              "a takeover in a message",
                              "a takeover before a music break",
@@ -176,7 +172,7 @@ TEST(RandomDays, WhateverHappensTheDeskKeepsItsRulesAndAnnouncesTheNextRow) {
   const Seeds seeds = ChosenSeeds();
   constexpr int kMostReports = 3;
   int reports = 0;
-  Corners corners;
+  CornerCounts corners;
   for (int seed = seeds.First; seed <= seeds.Last && reports < kMostReports; ++seed) {
     const RandomDay day(static_cast<std::uint64_t>(seed));
     const auto failure = Tell(day, day.Happenings, corners);
@@ -192,7 +188,7 @@ TEST(RandomDays, AWeekInWhichLittleHappensKeepsTheRulesToo) {
   constexpr int kSeedsPerWeek = 4;
   const Seeds seeds = ChosenSeeds();
   const int last = seeds.First + std::max(seeds.Count() / kSeedsPerWeek, 1) - 1;
-  Corners corners;
+  CornerCounts corners;
   for (int seed = seeds.First; seed <= last; ++seed) {
     const RandomDay week(static_cast<std::uint64_t>(seed), RandomDay::Span::Week);
     const auto failure = Tell(week, week.Happenings, corners);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "scenario/inspectors/call.h"
 #include "scenario/random_day.h"
 #include "scenario/random_installation.h"
 #include "schedule/sequence_files.h"
@@ -43,7 +44,7 @@ void Recovery::Run() {
   TheDesk.Advance(kSettleMs);
   while (!Announce(AwaitRow())) {
   }
-  if (!TheDesk.CallWasPressed) return;
+  if (!TheDesk.CallWasPressed()) return;
   Call();
   RequireRestored();
 }
@@ -76,8 +77,8 @@ void Recovery::CloseWindows() {
   if (windows.frmChimeSelect.Visible) TheDesk.Click("cmdCancel");
   if (windows.TheWavWindow.Visible) TheDesk.Click("mnuExit");
   if (windows.frmPlaylist.Visible) TheDesk.Click(windows.frmPlaylist.mnuExit);
-  WatchedDesk::Require(!windows.TheWavWindow.Loaded() && !windows.frmPlaylist.Loaded(),
-                       "An editor does not close");
+  Require(!windows.TheWavWindow.Loaded() && !windows.frmPlaylist.Loaded(),
+          "An editor does not close");
 }
 
 /// The line is found a second after the plug.
@@ -92,7 +93,7 @@ void Recovery::RunProgram() {
   // Settings that could not be read have made a first run of it.
   if (TheDesk.Sys->TheWindows.frmSettings.Visible) TheDesk.Click("cmdCancel");
   if (TheDesk.Pc.Process.Ended()) TheDesk.Restart();
-  WatchedDesk::Require(TheDesk.Main().Visible, "The main window does not come up");
+  Require(TheDesk.Main().Visible, "The main window does not come up");
   TheDesk.PlugIn();
   TheDesk.Advance(1000);
 }
@@ -105,9 +106,8 @@ void Recovery::ChooseDirectories() {
   ChooseDirectory("cmdBgBrowse", "/music");
   ChooseDirectory("cmdMsgBrowse", "/messages");
   TheDesk.Click("cmdOK");
-  WatchedDesk::Require(
-      settings.MusicDirectory == "/music/" && settings.MessageDirectory == "/messages/",
-      "The directories cannot be chosen");
+  Require(settings.MusicDirectory == "/music/" && settings.MessageDirectory == "/messages/",
+          "The directories cannot be chosen");
   TheDesk.Advance(1000);
 }
 
@@ -122,13 +122,12 @@ void Recovery::ChooseDirectory(const std::string& browse, const std::string& dir
 void Recovery::EndWaits() {
   const bool ended =
       TheDesk.Pc.Loop.RunUntil([this] { return TheDesk.Pc.Loop.Waits() == 1; }, kLongestWaitMs);
-  WatchedDesk::Require(ended, "A wait does not end");
-  WatchedDesk::Require(TheDesk.Pc.Dialogs.OpenBoxCount() == 0, "A box does not close");
+  Require(ended, "A wait does not end");
+  Require(TheDesk.Pc.Dialogs.OpenBoxCount() == 0, "A box does not close");
 }
 
 void Recovery::LetGoOfTheKey() {
-  WatchedDesk::Require(!TheDesk.State().CallActive || TheDesk.KeyHeld,
-                       "A call has outlived its release");
+  Require(!TheDesk.State().CallActive || TheDesk.KeyIsHeld(), "A call has outlived its release");
   TheDesk.Do([this] { TheDesk.StrikeCallKey(1, false); });
   EndWaits();
 }
@@ -143,7 +142,7 @@ bool Recovery::TickStandsStill() {
 void Recovery::Call() {
   const bool isLost = TheDesk.State().CallEndedDuringChime && !TheDesk.Values().PreChime.empty();
   if (isLost) CallOnce();
-  WatchedDesk::Require(CallOnce(), "No call comes through");
+  Require(CallOnce(), "No call comes through");
 }
 
 /// Presses, speaks for a while, and releases. False when the press has come to nothing.
@@ -153,10 +152,10 @@ bool Recovery::CallOnce() {
   TheDesk.Do([this, key] { TheDesk.StrikeCallKey(key, true); });
   EndWaits();
   TheDesk.Advance(kSettleMs);
-  const bool speaks = TheDesk.State().CallActive && TheDesk.KeySays(kStrSpeak);
+  const bool speaks = TheDesk.State().CallActive && CallKeysSay(TheDesk, kStrSpeak);
   TheDesk.Do([this, key] { TheDesk.StrikeCallKey(key, false); });
   EndWaits();
-  WatchedDesk::Require(!TheDesk.State().CallActive, "A call outlives its release");
+  Require(!TheDesk.State().CallActive, "A call outlives its release");
   return speaks;
 }
 
@@ -165,7 +164,7 @@ void Recovery::StopAndPlay() {
   if (!TheDesk.Enabled("cmdPlay") && TheDesk.Main().lstPlaylist.ListCount() > 0) TheDesk.Select(0);
   TheDesk.Click("cmdPlay");
   if (TheDesk.Pc.Song.PlayState() != kPlaying) OpenGoodList();
-  WatchedDesk::Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music does not play");
+  Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music does not play");
 }
 
 void Recovery::OpenGoodList() {
@@ -196,10 +195,9 @@ Recovery::DueRow Recovery::AwaitRow() {
   constexpr int kReadySecond = 50;
   for (int tries = 0; tries < kTries; ++tries) {
     const auto tickIsOn = [this] {
-      return TheDesk.AtRest() && TheDesk.Sys->TheFrmPlayers.tmrMessage.Enabled;
+      return AtRest(TheDesk) && TheDesk.Sys->TheFrmPlayers.tmrMessage.Enabled;
     };
-    WatchedDesk::Require(TheDesk.Pc.Loop.RunUntil(tickIsOn, kLongestWaitMs),
-                         "The tick does not come back");
+    Require(TheDesk.Pc.Loop.RunUntil(tickIsOn, kLongestWaitMs), "The tick does not come back");
     // In the last seconds of a minute the next one can no longer be prepared for.
     const int second = TheDesk.Pc.Clock.Now().Second;
     TheDesk.Advance(second >= kReadySecond ? (60 - second) * 1000 : 0);
@@ -211,7 +209,7 @@ Recovery::DueRow Recovery::AwaitRow() {
       row = NextRow(MinuteText(TheDesk.Pc.Clock.Now()));
     }
     if (!row) row = NextRow("");  // tomorrow's first
-    WatchedDesk::Require(row.has_value(), "The good schedule has no row");
+    Require(row.has_value(), "The good schedule has no row");
     // A list of songs of a moment each would go round millions of times until the row comes.
     constexpr double kMomentSeconds = 1;
     const bool moments = TheDesk.Pc.Song.Duration() < kMomentSeconds;
@@ -258,14 +256,14 @@ Recovery::DueRow Recovery::RowAt(int row) {
 
 /// False when another row began before the last byte of this one had gone out.
 bool Recovery::Announce(const DueRow& row) {
-  WatchedDesk::Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music has stopped by itself");
+  Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music has stopped by itself");
   TheDesk.TakeJournal();
   const auto tickIsOn = [this] { return TheDesk.Sys->TheFrmPlayers.tmrMessage.Enabled.Get(); };
   const bool begun = TheDesk.Pc.Loop.RunUntil([&] { return !tickIsOn(); }, kMinuteMs);
-  WatchedDesk::Require(begun, "The next row does not fire");
+  Require(begun, "The next row does not fire");
   EndWaits();
-  WatchedDesk::Require(TheDesk.Pc.Loop.RunUntil(tickIsOn, kLongestWaitMs),
-                       "The tick does not come back after an announcement");
+  Require(TheDesk.Pc.Loop.RunUntil(tickIsOn, kLongestWaitMs),
+          "The tick does not come back after an announcement");
   RequireRestored();
   TheDesk.Advance(kRoutingDelayMs + kCloseMs);
   if (!tickIsOn()) return false;
@@ -295,11 +293,11 @@ void Recovery::RequireHeard(const DueRow& row) {
         sounds ? "wav play " + file + "\nwav end " + file + "\n" : "wav refuse " + file + "\n";
   }
   const std::string heard = Lines("wav");
-  WatchedDesk::Require(heard == expected, ByText("The messages are not as due", expected, heard));
+  Require(heard == expected, ByText("The messages are not as due", expected, heard));
   const std::string songs = Lines("song");
   const bool paused = songs.find("song pause\nsong resume") != std::string::npos;
-  WatchedDesk::Require(paused != row.AtMusicBreak,
-                       ByText("The music does not make way and come back", "", songs));
+  Require(paused != row.AtMusicBreak,
+          ByText("The music does not make way and come back", "", songs));
 }
 
 /// Zones less than the routing delay before the music's are taken back are never sent.
@@ -312,7 +310,7 @@ void Recovery::RequireSent(const DueRow& row) {
     expected += "send " + ByteFor(TheDesk.Values().MusicRouting, '1') + "\n";
   }
   const std::string sent = Lines("send lost");
-  WatchedDesk::Require(sent == expected, ByText("The bytes are not as due", expected, sent));
+  Require(sent == expected, ByText("The bytes are not as due", expected, sent));
 }
 
 int Recovery::MessagesMs(const DueRow& row) {
@@ -339,16 +337,14 @@ void Recovery::RequireRestored() {
   constexpr int kTouchesFullLevel = 4000;
   const int volume = TheDesk.Values().MusicVolume;
   const int slider = TheDesk.WaveSlider();
-  WatchedDesk::Require(
-      slider == volume || (slider == 0 && volume < kTouchesFullLevel),
-      "The music's level is " + std::to_string(slider) + ", not " + std::to_string(volume));
-  WatchedDesk::Require(TheDesk.Slider(0) == TheDesk.Values().MasterVolume,
-                       "The master's level is not back");
-  WatchedDesk::Require(!TheDesk.MuteCheck(0) && !TheDesk.MuteCheck(TheDesk.Sys->Mixer.WaveLine),
-                       "A mute stays behind");
-  WatchedDesk::Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music is not back");
+  Require(slider == volume || (slider == 0 && volume < kTouchesFullLevel),
+          "The music's level is " + std::to_string(slider) + ", not " + std::to_string(volume));
+  Require(TheDesk.Slider(0) == TheDesk.Values().MasterVolume, "The master's level is not back");
+  Require(!TheDesk.MuteCheck(0) && !TheDesk.MuteCheck(TheDesk.Sys->Mixer.WaveLine),
+          "A mute stays behind");
+  Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music is not back");
   for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"})
-    WatchedDesk::Require(TheDesk.Enabled(key), std::string("A key stays dead: ") + key);
+    Require(TheDesk.Enabled(key), std::string("A key stays dead: ") + key);
 }
 
 }  // namespace marlex

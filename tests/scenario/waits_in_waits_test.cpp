@@ -76,7 +76,7 @@ TEST(WaitsInWaits, WhateverHappensInThemTheRulesHoldAndTheNextRowIsAnnounced) {
         desk.Advance(afterMs);
         happens(desk);
         desk.Advance(30'000);
-        if (what == "nothing") WatchedDesk::Require(desk.Corners["waits in waits"] > 0, "No waits");
+        if (what == "nothing") Require(desk.Corners["waits in waits"] > 0, "No waits");
         Recovery(desk).Run();
       } catch (const BrokenRule& broken) {
         ADD_FAILURE() << what << " after " << afterMs << " ms: " << broken.what();

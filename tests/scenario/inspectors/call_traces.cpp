@@ -1,0 +1,37 @@
+#include "scenario/inspectors/call_traces.h"
+
+#include "scenario/inspectors/zones.h"
+
+namespace marlex {
+
+void CallTraces::Check() {
+  const Flags& flags = State();
+  if (AmplifierTookOver() && (Before.Flags.CallActive || TickOff)) CutShort = true;
+  if (CutShort) Zones = DeadKeys = true;
+  if (TickIsOn()) {
+    TickOff = false;
+    if (!flags.CallActive) CutShort = false;
+  }
+  const bool called = flags.CallActive || TickOff;
+  IsStanding = called || (IsStanding && TheDesk.Pc.Loop.Waits() > 1);
+  // Without a router the end of a call paints no zones, whoever has painted them before.
+  if (IsStanding && !Values().RouterPresent) Zones = true;
+  OverWaitingRow = flags.MessageAwaitingSongEnd && (OverWaitingRow || IsStanding);
+  OverMessage = flags.MessagePlaying && (OverMessage || IsStanding);
+  OwnWav = TheDesk.Pc.Wav.Mode() == kWavePlaying && (OwnWav || called || AmplifierTookOver());
+  OwnFade = flags.FadeRunning && (OwnFade || flags.CallEndedDuringFade);
+}
+
+void CallTraces::NotePress() {
+  TickOff = true;
+  CutShort |= State().CallEndedDuringChime && !Values().PreChime.empty();
+  OverWaitingRow |= State().MessageAwaitingSongEnd;
+}
+
+void CallTraces::Remember() {
+  if (!Main().Loaded() || CutShort) return;
+  if (Zones) Zones = !MusicZonesAreLit(TheDesk);
+  if (DeadKeys) DeadKeys = !Main().cmdPlay.Enabled;
+}
+
+}  // namespace marlex

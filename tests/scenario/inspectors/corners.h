@@ -1,0 +1,39 @@
+#pragma once
+
+#include "scenario/inspectors/bytes.h"
+#include "scenario/inspectors/inspector.h"
+#include "scenario/inspectors/playlist_editor.h"
+#include "scenario/inspectors/preview.h"
+#include "scenario/inspectors/sequence_editor.h"
+
+namespace marlex {
+
+/// Counts the events that find the desk in a corner of its life, so that a campaign that no longer
+/// comes there is noticed. Has no rules.
+class CornerCounter : public Inspector {
+ public:
+  CornerCounter(const Scene& scene, const SequenceEditorInspector& editor,
+                const PreviewInspector& preview, const PlaylistEditorInspector& playlists,
+                const BytesInspector& bytes)
+      : Inspector(scene), Editor(editor), Preview(preview), Playlists(playlists), Bytes(bytes) {}
+  void Check() override;
+  void Remember() override;
+
+ private:
+  void Count(bool here, const char* corner);
+  void CountAmplifier();
+  void CountMessages();
+  void CountCalls();
+  void CountEditor();
+  void CountPlaylists();
+  void CountSettings();
+
+  const SequenceEditorInspector& Editor;
+  const PreviewInspector& Preview;
+  const PlaylistEditorInspector& Playlists;
+  const BytesInspector& Bytes;
+  bool SettingsShown = false;  // before the event
+  bool Router = false;         // likewise
+};
+
+}  // namespace marlex

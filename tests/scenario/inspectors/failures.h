@@ -1,0 +1,11 @@
+#pragma once
+
+#include "desk/desk.h"
+
+namespace marlex {
+
+/// No event ends in a RuntimeFailure, unless the operator brought it about by what he chose, or
+/// typed into the message schedule editor. To be called for each run of the program.
+void WatchFailures(Desk& desk);
+
+}  // namespace marlex

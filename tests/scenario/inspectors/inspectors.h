@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+
+#include "scenario/inspectors/bytes.h"
+#include "scenario/inspectors/call.h"
+#include "scenario/inspectors/call_traces.h"
+#include "scenario/inspectors/corners.h"
+#include "scenario/inspectors/firing_row.h"
+#include "scenario/inspectors/inspector.h"
+#include "scenario/inspectors/master_mute.h"
+#include "scenario/inspectors/messages.h"
+#include "scenario/inspectors/microphone.h"
+#include "scenario/inspectors/mixer.h"
+#include "scenario/inspectors/music_clock.h"
+#include "scenario/inspectors/playlist_editor.h"
+#include "scenario/inspectors/preview.h"
+#include "scenario/inspectors/priority.h"
+#include "scenario/inspectors/rest.h"
+#include "scenario/inspectors/sequence_editor.h"
+#include "scenario/inspectors/sequence_save.h"
+#include "scenario/inspectors/table.h"
+#include "scenario/inspectors/tick.h"
+#include "scenario/inspectors/view.h"
+#include "scenario/inspectors/waits.h"
+#include "scenario/inspectors/zones.h"
+
+namespace marlex {
+
+/// All inspectors of one run of the program.
+class Inspectors {
+ public:
+  Inspectors(Desk& desk, CornerCounts& corners);
+
+  /// After an event: all check, then all remember.
+  void Check();
+
+  /// The operator is about to press a call key, which begins a call. The events in the waits of the
+  /// press are checked before the press itself is, so it must be known beforehand.
+  void NotePress();
+
+ private:
+  void Remember();
+
+  Desk& TheDesk;
+  DeskBefore Before;
+  Scene TheScene;
+
+ public:
+  CallTraces Traces;
+  CallInspector Call;
+  PlaylistEditorInspector Playlists;
+
+ private:
+  SequenceEditorInspector Editor;
+  ViewInspector View;
+  BytesInspector Bytes;
+  MasterMuteInspector MasterMute;
+  MessagesInspector Messages;
+  PriorityInspector Priority;
+  MixerInspector Mixer;
+  MicrophoneInspector Microphone;
+  PreviewInspector Preview;
+  SequenceSaveInspector Save;
+  TickInspector Tick;
+  TableInspector Table;
+  FiringRowInspector FiringRow;
+  MusicClockInspector MusicClock;
+  RestInspector Rest;
+  ZonesInspector Zones;
+  WaitsInspector Waits;
+  CornerCounter Corners;
+
+  /// Those that check while the main window is loaded, in the order in which they do: each comes
+  /// after the ones whose findings about the same event it asks for, but for the editor, which asks
+  /// how the call stood before the event.
+  std::array<Inspector*, 19> InOrder;
+};
+
+}  // namespace marlex

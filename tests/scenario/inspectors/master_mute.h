@@ -1,0 +1,22 @@
+#pragma once
+
+#include "scenario/inspectors/inspector.h"
+
+namespace marlex {
+
+/// A takeover mutes the master until status 0, and nothing else ever mutes it. During a takeover
+/// only what starts opens it again: the messages of a row that was waiting for the song's end, or
+/// of a row of the very tick that the takeover interrupted, and, once a lower status lets us start,
+/// whatever then starts.
+class MasterMuteInspector : public Inspector {
+ public:
+  using Inspector::Inspector;
+  void Check() override;
+  void Remember() override;
+
+ private:
+  bool WasMuted = true;
+  bool HasSounded = false;  // since the start of the program
+};
+
+}  // namespace marlex

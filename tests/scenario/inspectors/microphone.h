@@ -1,0 +1,20 @@
+#pragma once
+
+#include "scenario/inspectors/call.h"
+#include "scenario/inspectors/inspector.h"
+
+namespace marlex {
+
+/// The microphone is open only while a call speaks, with its key held and both keys saying so, and
+/// never under a takeover.
+class MicrophoneInspector : public Inspector {
+ public:
+  MicrophoneInspector(const Scene& scene, const CallInspector& call)
+      : Inspector(scene), Call(call) {}
+  void Check() override;
+
+ private:
+  const CallInspector& Call;
+};
+
+}  // namespace marlex

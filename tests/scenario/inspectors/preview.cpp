@@ -1,0 +1,17 @@
+#include "scenario/inspectors/preview.h"
+
+namespace marlex {
+
+void PreviewInspector::Check() {
+  if (Journaled(" wav play ")) {
+    const bool called =
+        State().CallActive || Before.Flags.CallActive || Call.HoldsTick() || Call.Stands();
+    Sounding = Editor.IsOpen() && !State().MessagePlaying && !called;
+  }
+  Sounding = Sounding && TheDesk.Pc.Wav.Mode() == kWavePlaying;
+  if (!Sounding) return;
+  Require(Editor.IsOpen(), "A preview sounds, and the editor is closed");
+  Require(!OutrunsPreviews(), "A preview sounds under what goes before it");
+}
+
+}  // namespace marlex

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "scenario/inspectors/call_traces.h"
+#include "scenario/inspectors/inspector.h"
+#include "scenario/inspectors/sequence_editor.h"
+
+namespace marlex {
+
+/// The preview of a message ends with its editor and with what goes before it. Deliberate: in a
+/// language whose word for closing is no command of the player, the operator's stop leaves it
+/// sounding.
+class PreviewInspector : public Inspector {
+ public:
+  PreviewInspector(const Scene& scene, const SequenceEditorInspector& editor,
+                   const CallTraces& call)
+      : Inspector(scene), Editor(editor), Call(call) {}
+  void Check() override;
+  void Remember() override { Sounded = Sounding; }
+
+  bool Sounds() const { return Sounding; }
+  bool SoundedBefore() const { return Sounded; }  // the event
+
+ private:
+  const SequenceEditorInspector& Editor;
+  const CallTraces& Call;
+  bool Sounding = false;
+  bool Sounded = false;
+};
+
+}  // namespace marlex

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "scenario/inspectors/inspector.h"
+
+namespace marlex {
+
+/// The amplifier's last status decides: whether we may start, how long a takeover lasts, the note
+/// above the transport keys and their height. Another level of our own counts from the next status
+/// on.
+class PriorityInspector : public Inspector {
+ public:
+  using Inspector::Inspector;
+  void Check() override;
+  void Remember() override { OwnLevel = Values().OwnPriorityLevel; }
+
+ private:
+  int OwnLevel = 0;
+  bool LevelChanged = false;  // since the last status that PriorityClear follows
+};
+
+}  // namespace marlex

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "scenario/inspectors/call_traces.h"
+#include "scenario/inspectors/inspector.h"
+
+namespace marlex {
+
+/// While the message schedule editor is open the schedule stands still, unless the end of a call,
+/// of an announcement, or of a song with a row that waits for it switches the tick on. The editor's
+/// closing switches the tick on whatever is going on, even over a row that waits for the song's
+/// end.
+class SequenceEditorInspector : public Inspector {
+ public:
+  SequenceEditorInspector(const Scene& scene, const CallTraces& call)
+      : Inspector(scene), Call(call) {}
+
+  /// Comes before the check of the call's traces, which forget a tick that was off once it is on:
+  /// the end of a call may be what switched it on.
+  void Check() override;
+  void Remember() override { Open = IsOpen(); }
+
+  bool IsOpen() const { return TheDesk.Sys->TheWindows.TheWavWindow.Loaded(); }
+  bool WasOpen() const { return Open; }                         // before this event
+  bool ComesOrGoes() const { return IsOpen() != Open; }         // in it
+  bool StandsOverWaitingRow() const { return OverWaitingRow; }  // and leaves it with the tick on
+
+ private:
+  const CallTraces& Call;
+  bool Open = false;
+  bool OverWaitingRow = false;
+};
+
+}  // namespace marlex

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "scenario/inspectors/inspector.h"
+#include "scenario/inspectors/sequence_editor.h"
+
+namespace marlex {
+
+/// When the pause after a save in the message schedule editor begins, all six values are in the
+/// file, as the fields had them before the event. A cancelled save begins the pause without a file.
+class SequenceSaveInspector : public Inspector {
+ public:
+  SequenceSaveInspector(const Scene& scene, const SequenceEditorInspector& editor)
+      : Inspector(scene), Editor(editor) {}
+  void Check() override;
+  void Remember() override;
+
+ private:
+  bool IsInPause() const { return TheDesk.Sys->TheWindows.TheWavWindow.tmrWriteDelay.Enabled; }
+  std::vector<std::string> ReadFields() const;
+
+  const SequenceEditorInspector& Editor;
+  std::vector<std::string> Fields;  // in the order of the file, but for the messages
+  bool WasInPause = false;
+};
+
+}  // namespace marlex

@@ -1,0 +1,13 @@
+#include "scenario/inspectors/view.h"
+
+namespace marlex {
+
+void ViewInspector::Check() {
+  const bool allDays = Main().mnuAllDays.Checked;
+  Require(allDays != Main().mnuCurrentDay.Checked, "Both views are ticked, or none");
+  if (!Editor.WasOpen() && (allDays != AllDaysTicked || !Before.MainShown)) AllDaysOwed = allDays;
+  if (!Editor.IsOpen())
+    Require(Values().AllDaysView == AllDaysOwed, "The view is not what the menus have made it");
+}
+
+}  // namespace marlex

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "scenario/inspectors/inspector.h"
+
+namespace marlex {
+
+/// Neither waits nor boxes pile up.
+class WaitsInspector : public Inspector {
+ public:
+  using Inspector::Inspector;
+  void Check() override;
+};
+
+}  // namespace marlex
