@@ -19,6 +19,15 @@ DeskOptions WithRow() {
   return options;
 }
 
+/// Presses the key for 50 ms. The journal begins at the press and ends when all is over.
+void CallQuickly(CallDesk& desk) {
+  desk.Pc.Journal.Clear();
+  desk.Press("cmdCall");
+  desk.Advance(50);
+  desk.Release("cmdCall");
+  desk.Advance(20'000);
+}
+
 void ExpectRest(CallDesk& desk) {
   EXPECT_FALSE(desk.MicrophoneOpened);
   EXPECT_EQ(desk.Station(), "Call, lamps off");
@@ -32,11 +41,7 @@ TEST(QuickCall, InsideAMessageItsPreChimePlaysToTheEndAndTheZonesAreFreed) {
   CallDesk desk(WithRow());
   desk.RunTo(12, 1, 3);
   ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
-  desk.Pc.Journal.Clear();
-  desk.Press("cmdCall");
-  desk.Advance(50);
-  desk.Release("cmdCall");
-  desk.Advance(20'000);
+  CallQuickly(desk);
   EXPECT_EQ(desk.Journal(),
             "0 wav stop welcome.wav\n"
             "0 wav play chime.wav\n"
@@ -53,11 +58,7 @@ TEST(QuickCall, InTheFadeOfAnAnnouncementItTakesTheMessagesWithIt) {
   CallDesk desk(WithRow());
   while (!desk.State().FadeRunning) desk.Advance(1);
   desk.Advance(100);
-  desk.Pc.Journal.Clear();
-  desk.Press("cmdCall");
-  desk.Advance(50);
-  desk.Release("cmdCall");
-  desk.Advance(20'000);
+  CallQuickly(desk);
   EXPECT_EQ(desk.Journal(),
             "222 song pause\n"
             "222 song resume march.mp3\n"

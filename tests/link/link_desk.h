@@ -25,6 +25,12 @@ class LinkDesk : public Desk {
     Pc.Journal.Clear();
   }
 
+  /// The same, and the adapter of the line is pulled out.
+  void PlayMusicAndUnplug() {
+    PlayMusic();
+    Pc.Serial.Unplug();
+  }
+
   /// The last status and the two priority flags: "128 held preempted".
   std::string Priority() {
     std::string text = std::to_string(State().AmplifierStatus);

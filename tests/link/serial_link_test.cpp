@@ -145,8 +145,7 @@ TEST(SerialLink, APortThatCannotBeOpenedIsToldOnceAndTheDeskGoesOn) {
 
 TEST(SerialLink, APortThatVanishesIsUsedAgainWhenItIsBackWithoutAWord) {
   LinkDesk desk;
-  desk.PlayMusic();
-  desk.Pc.Serial.Unplug();
+  desk.PlayMusicAndUnplug();
   desk.Click("cmdMusicZones_2");
   desk.Advance(1000);
   desk.Pc.Serial.Plug();
@@ -159,8 +158,7 @@ TEST(SerialLink, APortThatVanishesIsUsedAgainWhenItIsBackWithoutAWord) {
 
 TEST(SerialLink, TheAmplifierHearsOfManyLostBytesTheLastWhenThePortIsBack) {
   LinkDesk desk;
-  desk.PlayMusic();
-  desk.Pc.Serial.Unplug();
+  desk.PlayMusicAndUnplug();
   desk.Click("cmdMusicZones_2");
   desk.Advance(1000);
   desk.Click("cmdStop");
@@ -172,8 +170,7 @@ TEST(SerialLink, TheAmplifierHearsOfManyLostBytesTheLastWhenThePortIsBack) {
 
 TEST(SerialLink, APortThatComesBackHearsNothingThatNobodyAskedFor) {
   LinkDesk desk;
-  desk.PlayMusic();
-  desk.Pc.Serial.Unplug();
+  desk.PlayMusicAndUnplug();
   desk.Advance(5000);
   desk.Pc.Serial.Plug();
   desk.Advance(5000);
@@ -182,8 +179,7 @@ TEST(SerialLink, APortThatComesBackHearsNothingThatNobodyAskedFor) {
 
 TEST(SerialLink, WhatWasAskedOfAClosedPortIsForgotten) {
   LinkDesk desk;
-  desk.PlayMusic();
-  desk.Pc.Serial.Unplug();
+  desk.PlayMusicAndUnplug();
   desk.Click("cmdMusicZones_2");
   desk.Advance(1000);
   desk.Do([&] { desk.Pc.Serial.SetPortOpen(false); });
