@@ -188,8 +188,8 @@ void CallSequence::PlayPostChime(int call) {
   if (IsLast(call)) DarkenLamps();
 }
 
-/// False when the amplifier has taken over, to which the outputs then belong. Over music that the
-/// call has paused it is the release that goes out. This is meant.
+/// False when the amplifier has taken over and owns the outputs. Deliberate: where the call has
+/// paused the music, the release byte goes out and no zones.
 bool CallSequence::RestoreRouting() {
   if (!Store.Values.RouterPresent) return true;
   if (TheFlags.PriorityPreempted) {

@@ -39,8 +39,16 @@ class CallSequence {
                FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing, Fades& fades,
                MusicPlayer& music, Previews& previews, const StringTable& strings);
 
-  void StartCall();  // a call key is pressed
-  void EndCall();    // and released
+  /// A call key is pressed.
+  ///
+  /// Waits until the microphone is open, or the call has ended before that.
+  void StartCall();
+
+  /// A call key is released.
+  ///
+  /// Waits for what still sounds: a pre-chime that has begun, the post-chime, the fade of the
+  /// music.
+  void EndCall();
 
  private:
   /// The call that is on, or the last one. Each press that begins a call begins it afresh.

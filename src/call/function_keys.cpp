@@ -1,8 +1,8 @@
 #include "call/function_keys.h"
 
 #include "platform/directories.h"
-#include "platform/profile_text.h"
 #include "platform/runtime_failure.h"
+#include "text/profile_text.h"
 
 namespace marlex {
 namespace {
@@ -25,9 +25,9 @@ void FunctionKeys::mnuFKeys_Click() {
   Window.Show();
 }
 
-/// An entry that is empty leaves the messages and the zones of the key before on the screen, and
-/// they are saved with this one. This is meant. Zones that are too short are a RuntimeFailure, and
-/// the key before stays chosen.
+/// Deliberate: an empty entry leaves the messages and zones of the previous key on the screen, and
+/// they are saved with this one. Zones that are too short are a RuntimeFailure, and the previous key
+/// stays chosen.
 void FunctionKeys::mnuFKey_Click(int key) {
   const auto read = [&](const char* name) {
     return Store.ReadProfileValue(Section(key), name, File());

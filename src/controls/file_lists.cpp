@@ -84,7 +84,7 @@ std::string DirListBox::ShownText(int index) const {
   const std::string& path = List(index);
   if (IsRoot(path)) return path;
   const auto depth = static_cast<std::size_t>(std::count(path.begin(), path.end(), kSeparator));
-  return std::string(depth * kIndent, ' ') + path.substr(path.rfind(kSeparator) + 1);
+  return std::string(depth * kIndent, ' ') + FileNameOf(path);
 }
 
 void FileListBox::ResetToDesign() {

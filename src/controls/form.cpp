@@ -32,7 +32,7 @@ void Form::Unload() {
   if (!IsLoaded) return;
   if (OnUnload && !OnUnload()) return;
   IsLoaded = false;
-  ++UnloadCount;
+  Opening.Cut();
   for (Control* control : Controls) {
     control->ResetToDesign();
     control->Changed();

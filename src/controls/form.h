@@ -6,6 +6,7 @@
 
 #include "controls/color.h"
 #include "controls/control.h"
+#include "platform/lifeline.h"
 
 namespace marlex {
 
@@ -32,9 +33,13 @@ class Form {
   /// Times the form was shown; a view brings its window to the front at each.
   unsigned ShowCount = 0;
 
-  /// Times the form was unloaded; by it a wait that ends in another opening of the window knows
-  /// that it must leave that alone.
-  unsigned UnloadCount = 0;
+  /// Ties a late answer, or a wait, to this opening of the window: it must leave the next one
+  /// alone.
+  Lifeline::Tie ThisOpening() const { return Opening.Now(); }
+  template <class Answer>
+  auto WhileOpen(Answer answer) const {
+    return Opening.Guard(std::move(answer));
+  }
 
   const std::string Name;
   std::vector<Control*> Controls;  // in the order of their making
@@ -59,6 +64,7 @@ class Form {
     Property<int> Height{*this, 0};
   };
 
+  Lifeline Opening;  // cut by each unloading
   bool IsLoaded = false;
   bool DesignKept = false;
   Window Self;

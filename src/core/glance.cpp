@@ -1,7 +1,7 @@
 #include "core/glance.h"
 
-#include "state/file_names.h"
 #include "state/week_time.h"
+#include "text/paths.h"
 
 namespace marlex {
 namespace {

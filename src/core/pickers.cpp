@@ -1,7 +1,7 @@
 #include "core/pickers.h"
 
 #include "i18n/translate_controls.h"
-#include "state/file_names.h"
+#include "text/paths.h"
 
 namespace marlex {
 
@@ -57,8 +57,8 @@ void Pickers::ChangeDirectory() {
   TheFrmDirSel.lstFiles.SetPath(directory);
 }
 
-/// The test is made for either directory: a music directory without songs switches the chimes off
-/// too, which is meant.
+/// Deliberate: the test is made for either directory, so a music directory without songs switches
+/// the chimes off too.
 void Pickers::AcceptDirectory() {
   const bool hasFiles = TheFrmDirSel.lstFiles.ListCount() > 0;
   TheFrmSettings.chkPreChime.Enabled = hasFiles;

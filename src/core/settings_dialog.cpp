@@ -12,7 +12,7 @@ void CopyRange(const Slider& from, Slider& to) {
   to.Max = from.Max.Get();
 }
 
-/// Also a slider that stands at its level already tells that it was set.
+/// A slider that is at its level already reports that it was set, too.
 void Show(Slider& slider, int level) {
   const bool moves = slider.Value != level;
   slider.Value = level;

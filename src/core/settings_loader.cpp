@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "state/file_names.h"
-#include "state/numbers.h"
+#include "text/numbers.h"
+#include "text/paths.h"
 
 namespace marlex {
 

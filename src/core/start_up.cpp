@@ -75,7 +75,7 @@ void StartUp::UseLanguage(const Language& language) {
 }
 
 void StartUp::EndSecondInstance() {
-  TheFrmLogo.tmrView.Enabled = false;  // the start must not go on behind the box
+  TheFrmLogo.tmrView.Enabled = false;  // the start must not go on under the box
   ThePc.Boxes.MsgBox(Strings.Find(kEmptyText).value_or(""), BoxIcon::Information,
                      Strings.LoadString(kStrWarning));
   ThePc.TheProcess.End();

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/code_pages.h"
+#include "text/code_pages.h"
 
 namespace marlex {
 

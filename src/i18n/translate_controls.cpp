@@ -4,7 +4,7 @@
 #include <string>
 
 #include "controls/widgets.h"
-#include "state/numbers.h"
+#include "text/numbers.h"
 
 namespace marlex {
 namespace {

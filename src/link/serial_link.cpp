@@ -59,8 +59,8 @@ void SerialLink::ProcessPriority() {
   Lines.CloseMicrophone();
   TheFrmMain.cmdCall.Caption = Strings.LoadString(kStrCall);
   TheFrmPlayers.lstMsgSequence.Clear();
-  // In other languages than English this text is no command of the player, and the file runs on
-  // under the muted master line. This is meant.
+  // Deliberate: in languages other than English this text is no command of the player, and the file
+  // plays on, unheard, on the muted master line.
   TheFrmPlayers.WavPlayer.Command(Strings.LoadString(kStrClose));
   TheFlags.FadeRunning = false;
   TheFlags.CallActive = false;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "state/numbers.h"
+#include "text/numbers.h"
 
 namespace marlex {
 namespace {
@@ -100,7 +100,7 @@ void MixerAccess::ReadVolume(int index, const MixerLineInfo& line) {
   const auto values =
       Functions.GetControlDetails(MixerHandle, record.VolumeControlId, line.Channels);
   record.Level = kFullLevel - std::min(values.empty() ? 0 : values.front(), kFullLevel);
-  // The first setting is sent wherever the line stands, so that the card is known to have it.
+  // The first setting is sent whatever the level is, so that the card is known to have it.
   TheFrmMxr.SldrVol[index].Value.Forget();
   if (index == 0) return;
   if (line.ComponentType == kComponentMicrophone && MicLine == 0) MicLine = index;

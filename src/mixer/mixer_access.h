@@ -45,6 +45,8 @@ class MixerAccess {
 
   /// Opens the mixer, records its lines and loads the panel. Ends the process, after a box, when
   /// there is no mixer.
+  ///
+  /// Waits for the answer to that box alone.
   void InitMixer();
 
   /// Sends the position of `SldrVol(index)`, and on a stereo line the balance of `SldrPan(index)`.

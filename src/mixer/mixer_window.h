@@ -26,8 +26,9 @@ class MixerWindow {
   bool QuitRequested = false;                            // ends the meter loop
   std::vector<std::pair<std::uint32_t, int>> MeterList;  // meter control id, line index
 
-  /// Lays the panel out for the lines that the mixer has and runs the meters; with meters it
-  /// returns only when the panel is unloaded.
+  /// Lays the panel out for the lines that the mixer has and runs the meters.
+  ///
+  /// Waits, where there are meters, until the panel is unloaded.
   void ActivateMixerWindow(Screen screen);
 
  private:

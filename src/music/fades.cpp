@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "state/numbers.h"
+#include "text/numbers.h"
 
 namespace marlex {
 namespace {
@@ -64,8 +64,8 @@ void Fades::StepDown(int position) {
   }
 }
 
-/// The rise runs past its target, up to two steps louder, and falls back to it with the last event.
-/// This dip is meant.
+/// Deliberate: the rise overshoots its target by up to two steps and falls back to it with the last
+/// one.
 void Fades::StepUp(int position) {
   if (position == 0) {
     EndAt(0);

@@ -20,11 +20,16 @@ class Fades {
   int FadeTarget = 0;   // position at which a fade-up ends
   bool FadeIn = false;  // towards FadeTarget, else towards silence
 
-  /// Fades to silence; returns when that is over or a call was released in the middle of it.
+  /// Fades to silence.
+  ///
+  /// Waits until it is over, a call was released in the middle of it, or a takeover has ended it.
+  /// Then test `CallActive` and `PriorityPreempted`.
   void FadeDown();
 
   /// Fades from the slider's position to the target, at the speed, of the last fade-down, whatever
   /// has changed since.
+  ///
+  /// Waits until it is over or a takeover has ended it; a call may have begun and be over.
   void FadeUp();
 
  private:

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "state/numbers.h"
+#include "text/numbers.h"
 
 namespace marlex {
 std::string FormatSeconds(double seconds) {
@@ -67,8 +67,8 @@ void MusicPlayer::cmdPlay_Click() {
   Lines.OpenWave();
 }
 
-/// The test looks at the path alone, also for a caller that loaded the player with another file.
-/// This is meant.
+/// Deliberate: the test looks at the path alone, even for a caller that has given the player another
+/// file.
 void MusicPlayer::PlaySong() {
   if (!TheDirectories.Search(CurrentSongPath).empty()) TheFrmPlayers.MP3Player.Play();
 }
@@ -140,7 +140,7 @@ bool MusicPlayer::MoveToNextSong() {
 bool MusicPlayer::LoadSong(bool wrapped) {
   CurrentSongPath = SelectedSongPath();
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
-  // After the last song its length stays on show for the whole of the first one. This is meant.
+  // Deliberate: after a wrap the length of the last song is shown throughout the first one.
   LengthAwaited = false;
   if (!wrapped) ShowLength();
   ShowNumber();
@@ -214,8 +214,8 @@ void MusicPlayer::MoveDrag() {
 }
 
 /// Puts the selection back on the song that the position rests on, unless the playing song itself
-/// was moved. `CurrentSongIndex` is not corrected, so that repeated drags work from the old value.
-/// This is meant.
+/// was moved. Deliberate: `CurrentSongIndex` is not corrected, so repeated drags work from the old
+/// value.
 void MusicPlayer::EndDrag() {
   Drag.End();
   const bool playingSongMoved = TheFrmPlayers.MP3Player.PlayState() == kPlaying &&

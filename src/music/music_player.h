@@ -34,8 +34,9 @@ class MusicPlayer {
       0;          // list index when that song was loaded; used only to reselect after a drag
   ListDrag Drag;  // a mouse drag in lstPlaylist
 
-  /// Plays the messages that wait for a music break and returns when they are over; wired at
-  /// composition.
+  /// Plays the messages that wait for a music break; wired at composition.
+  ///
+  /// Waits until they are over or a call has begun. Then test `CallActive`.
   std::function<void()> PlayMessageWavs;
 
   void cmdPlay_Click();
@@ -48,7 +49,7 @@ class MusicPlayer {
   std::string SelectedSongPath() const;
 
  private:
-  void MP3Player_EndOfStream();
+  void MP3Player_EndOfStream();  // waits for what PlayMessageWavs waits for
   bool PlayWaitingMessages();
   bool MoveToNextSong();
   bool LoadSong(bool wrapped);

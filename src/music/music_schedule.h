@@ -18,7 +18,9 @@ class MusicSchedule {
                 FrmPlayers& frmPlayers, ZoneRouting& routing, MusicPlayer& player, Fades& fades);
 
   void CheckMusicStart();
-  void CheckMusicStop();  // waits for the fade
+
+  /// Waits for the fade. Then test `CallActive` and `PriorityClear`; the minute may be another.
+  void CheckMusicStop();
 
  private:
   bool TodayIsOn() const;

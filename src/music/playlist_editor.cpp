@@ -6,10 +6,10 @@
 #include "i18n/translate_controls.h"
 #include "music/playlist_files.h"
 #include "music/shuffle.h"
-#include "platform/text_case.h"
-#include "state/digit_mask.h"
-#include "state/numbers.h"
 #include "state/week_time.h"
+#include "text/digit_mask.h"
+#include "text/numbers.h"
+#include "text/text_case.h"
 
 namespace marlex {
 namespace {
@@ -128,8 +128,8 @@ void PlaylistEditor::AddClicked() {
   Editor.RemAll_Key.Enabled = true;
 }
 
-/// The keys stay as they are, here and wherever the list changes by other means than a click. This
-/// is meant.
+/// Deliberate: the buttons stay as they are, here and wherever the list changes by anything but a
+/// click.
 void PlaylistEditor::cmdSelectAll_Click() {
   Editor.SelectedMP3s.Clear();
   for (int file = 0; file < Editor.MP3List.ListCount(); ++file) {
@@ -166,8 +166,8 @@ void PlaylistEditor::cmdRandomize_Click() {
   left.Clear();
 }
 
-/// The test is on the player and not on the preview, so that the key also stops the background
-/// music. This is meant.
+/// Deliberate: the test is on the player and not on the preview, so the button stops the background
+/// music as well.
 void PlaylistEditor::PrevKey_Click() {
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     StopPreview();
@@ -181,7 +181,7 @@ void PlaylistEditor::PrevKey_Click() {
 void PlaylistEditor::EndPreview() {
   SongPlayer& player = TheFrmPlayers.MP3Player;
   if (!ThePreviews.HoldSongPlayer || player.PlayState() == kStopped) return;
-  PreviewUnloads == Editor.UnloadCount ? StopPreview() : player.Stop();
+  PreviewOpening.Holds() ? StopPreview() : player.Stop();
   TheFrmPlayers.tmrFadeTime.Enabled = false;
   TheFlags.FadeRunning = false;
 }
@@ -193,10 +193,10 @@ void PlaylistEditor::StartPreview() {
   Editor.RemAll_Key.Enabled = false;
   Editor.RemoveKey.Enabled = false;
   ThePreviews.HoldSongPlayer = true;
-  PreviewUnloads = Editor.UnloadCount;
+  PreviewOpening = Editor.ThisOpening();
   TheFrmPlayers.MP3Player.SetFileName(
       JoinPath(Editor.MP3List.Path(), Editor.SelectedMP3s.Text() + ".mp3"));
-  // It looks for the main window's song and not for this one. This is meant.
+  // Deliberate: it looks for the main window's song and not for this one.
   Player.PlaySong();
 }
 
@@ -216,13 +216,11 @@ void PlaylistEditor::optScheduled_Click(int index) {
 
 void PlaylistEditor::mnuOpen_Click() {
   TheDialogs.LeaveOpen(PlaylistDialog(Store),
-                       [this, unloads = Editor.UnloadCount](const std::string& file) {
-                         if (unloads == Editor.UnloadCount) Open(file);
-                       });
+                       Editor.WhileOpen([this](const std::string& file) { Open(file); }));
 }
 
-/// The times become the ones that the clock tests, whichever file was chosen, until a list is
-/// opened in the main window. This is meant, and a cancelled dialog is a file of nothing.
+/// Deliberate: whatever file was chosen, its times become the ones that the clock tests, until a
+/// list is opened in the main window. A cancelled dialog counts as an empty file.
 void PlaylistEditor::Open(const std::string& file) {
   Editor.SelectedMP3s.Clear();
   ShowName(file);
@@ -234,8 +232,8 @@ void PlaylistEditor::Open(const std::string& file) {
   ShowTimes();
 }
 
-/// The path without as many characters as the application's directory has, wherever the file lies.
-/// This is meant.
+/// Deliberate: the path loses as many characters as the application's directory has, wherever the
+/// file is.
 void PlaylistEditor::ShowName(const std::string& file) {
   const std::size_t cut = CountCharacters(JoinPath(Store.ApplicationDirectory(), ""));
   Editor.Caption = Strings.LoadString(kStrPlaylist) + " " +
@@ -250,8 +248,8 @@ void PlaylistEditor::ShowTimes() {
   SelectTime(Editor.cmbStartHours, Editor.cmbStartMinutes, Values.MusicStartTime);
   SelectTime(Editor.cmbStopHours, Editor.cmbStopMinutes, Values.MusicStopTime);
   // A mask of too few days has the missing ones off.
-  const std::vector<bool> on =
-      DigitsInPlace(Values.MusicWeekDays + std::string(kWeekdays, '0'), kWeekdays);
+  const std::string mask = Values.MusicWeekDays + std::string(kWeekdays, '0');
+  const std::vector<bool> on = DigitsInPlace(mask, kWeekdays).value();
   for (int day = 0; day < kWeekdays; ++day) {
     Editor.chkDays[day].Value = on[static_cast<std::size_t>(day)] ? kChecked : 0;
   }
@@ -261,10 +259,10 @@ void PlaylistEditor::mnuSave_Click() {
   if (RefuseEmptyList()) return;
   FileDialog dialog = PlaylistDialog(Store);
   dialog.Save = true;
-  TheDialogs.LeaveOpen(dialog, [this, unloads = Editor.UnloadCount](const std::string& file) {
+  TheDialogs.LeaveOpen(dialog, Editor.WhileOpen([this](const std::string& file) {
     // The list may have been emptied while the dialog stood open.
-    if (!file.empty() && unloads == Editor.UnloadCount && !RefuseEmptyList()) Save(file);
-  });
+    if (!file.empty() && !RefuseEmptyList()) Save(file);
+  }));
 }
 
 bool PlaylistEditor::RefuseEmptyList() {
@@ -273,8 +271,8 @@ bool PlaylistEditor::RefuseEmptyList() {
   return true;
 }
 
-/// The songs are on the disk before the times are checked: a time that is missing leaves a file
-/// without any. This is meant. Whatever the file becomes, it becomes in one step.
+/// Deliberate: the songs are saved even when a time is missing, in a file without times. Whatever
+/// the file becomes, it becomes in one step.
 void PlaylistEditor::Save(const std::string& file) {
   const bool timed = HasTimes();
   const int missing = timed ? MissingTime() : 0;

@@ -82,7 +82,7 @@ class PlaylistEditor {
   Previews& ThePreviews;
   const StringTable& Strings;
   Notices& TheNotices;
-  unsigned PreviewUnloads = 0;  // of the window, when the last preview began in it
+  Lifeline::Tie PreviewOpening;  // of the window, in which the last preview began
 };
 
 /// Name of a song: that of its file up to the first ".mp3" in any case.

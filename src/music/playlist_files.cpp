@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cctype>
 
-#include "platform/profile_text.h"
-#include "state/numbers.h"
 #include "state/week_time.h"
+#include "text/numbers.h"
+#include "text/profile_text.h"
 
 namespace marlex {
 namespace {
@@ -63,8 +63,8 @@ void PlaylistFiles::LoadPlaylist() {
   if (Store.Values.MusicAutostart) {
     AutostartMusic();
   } else if (InsideWindow()) {
-    // No weekday is tested and no entry is selected here, which is meant: the player refuses the
-    // empty name, and the skip that follows starts the first song.
+    // Deliberate: no weekday is tested and no entry is selected. The player refuses the empty name,
+    // and the skip that follows starts the first song.
     Player.cmdPlay_Click();
   } else if (TheFrmMain.lstPlaylist.ListCount() > 0) {
     TheFrmMain.lstPlaylist.SetListIndex(0);
@@ -88,8 +88,8 @@ void PlaylistFiles::ShowName() {
   TheFrmMain.frBGMusic.Caption = caption;
 }
 
-/// The position is that of the program's start also when another file has been opened since. This
-/// is meant.
+/// Deliberate: the position is that of the program's start, even when another file has been opened
+/// since.
 void PlaylistFiles::AutostartMusic() {
   TheFlags.CurrentMinute = MinuteText(Clock.Now());
   ListBox& list = TheFrmMain.lstPlaylist;

@@ -1,34 +1,13 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/code_pages.h"
+#include "text/code_pages.h"
+#include "text/paths.h"
 
 namespace marlex {
-
-/// Separator of directories on this platform.
-inline constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
-
-/// `directory`, one separator and `name`; a directory that ends in its separator, as a root does,
-/// gets no second one.
-inline std::string JoinPath(const std::string& directory, const std::string& name) {
-  if (!directory.empty() && directory.back() == kSeparator) return directory + name;
-  return directory + kSeparator + name;
-}
-
-/// The path without its final separators; a root keeps its own.
-inline std::string WithoutFinalSeparator(std::string path) {
-  while (path.size() > 1 && path.back() == kSeparator) path.pop_back();
-  return path;
-}
-
-/// Whether a name has a line end in it, which no line of a profile file can hold.
-inline bool HasLineEnd(std::string_view name) {
-  return name.find_first_of("\r\n") != std::string_view::npos;
-}
 
 /// Whether an entry of a directory counts. Hidden ones, whose name begins with a dot, do not: they
 /// are litter that other systems and half-finished writings leave on a disk. Nor do names with a

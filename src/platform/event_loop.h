@@ -33,6 +33,10 @@ class EventLoop {
 
   /// Delivers events, and sleeps while there are none, until `done` holds; it is tested before the
   /// first and after each event. Waits nest, and an inner wait ends before an outer one goes on.
+  ///
+  /// Whoever calls this, or a procedure that does, stands still while anything else happens: a
+  /// call, a takeover, the closing of his own window. Such procedures say "Waits" in their header,
+  /// and with what the caller must test again.
   virtual void PumpUntil(const std::function<bool()>& done) = 0;
 
   /// Runs one event of the system. Every adapter that calls into the system does it through here: a

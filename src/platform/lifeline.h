@@ -15,6 +15,7 @@ class Lifeline {
  public:
   class Tie {
    public:
+    Tie() = default;  // to nothing
     bool Holds() const { return !Line.expired(); }
 
    private:

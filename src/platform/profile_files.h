@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/profile_text.h"
+#include "text/profile_text.h"
 
 namespace marlex {
 

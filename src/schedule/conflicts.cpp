@@ -1,6 +1,6 @@
 #include "schedule/conflicts.h"
 
-#include "platform/text_case.h"
+#include "text/text_case.h"
 
 namespace marlex {
 
@@ -63,8 +63,8 @@ std::vector<Conflicts::DueRow> Conflicts::RowsInPlace() const {
   return rows;
 }
 
-/// The two sides are tested unlike: the later row must hold the right digit, the earlier one
-/// anything but "0". This is meant. Weekdays that end before a common day is found leave the pair
+/// Deliberate: the two sides are tested differently. The later row must hold the right digit, the
+/// earlier one anything but "0". Weekdays that end before a common day is found leave the pair
 /// undecided, and their schedule is named.
 bool Conflicts::ShareADay(const DueRow& earlier, const DueRow& later) {
   constexpr std::string_view kDigits = "1234567";

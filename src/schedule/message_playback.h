@@ -23,8 +23,9 @@ class MessagePlayback {
                   SoundLines& lines, ZoneRouting& routing, Fades& fades, MusicPlayer& music,
                   MessageWavs& wavs, Previews& previews);
 
-  /// Plays `lstMsgSequence` into the zones of `currentRouting` and returns when all is back, or at
-  /// once where a call or the amplifier has taken over, which then restore.
+  /// Plays `lstMsgSequence` into the zones of `currentRouting` and puts everything back.
+  ///
+  /// Waits until all is back, or until a call or the amplifier has taken over, which then restore.
   void PlayMessageSequence(const std::string& currentRouting);
 
  private:

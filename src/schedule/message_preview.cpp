@@ -29,9 +29,9 @@ void MessagePreview::PrevKey_Click() {
   }
 }
 
-/// The command is a word of the chosen language, which the player understands in English alone; in
-/// other languages the message sounds on to its end. This is meant. A chime or a message of others
-/// that plays on top is none of the preview's.
+/// Deliberate: the command is a word of the chosen language, of which the player knows the English
+/// one only; in other languages the message plays to its end. A chime or an announcement that now
+/// has the player is left alone.
 void MessagePreview::RequestStop() {
   PreviewStopRequested = true;
   if (!ThePreviews.HoldWavPlayer) return;
@@ -52,12 +52,12 @@ void MessagePreview::Play() {
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) TheFrmPlayers.MP3Player.Pause();
   Window.RemAll_Key.Enabled = false;
   Lines.SetWave(TheSettings.MessageVolume);
-  const unsigned unloads = Window.UnloadCount;
+  const Lifeline::Tie opening = Window.ThisOpening();
   Playing = ThePreviews.HoldWavPlayer = true;
   PlayMessages();
   Playing = false;
   Lines.SetWave(TheSettings.MusicVolume);
-  if (unloads == Window.UnloadCount) {
+  if (opening.Holds()) {
     Window.PrevKey.Caption = Strings.LoadString(kStrPlay);
     Window.RemAll_Key.Enabled = true;
   }

@@ -28,7 +28,7 @@ class MessagePreview {
  private:
   void PrevKey_Click();
   void RequestStop();
-  void Play();
+  void Play();  // waits until the preview is over; the editor may be closed, or open again, by then
   void PlayMessages();
   void PlayMessage(const std::string& name);
 

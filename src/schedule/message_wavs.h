@@ -21,7 +21,10 @@ class MessageWavs {
   /// Fills `lstMsgSequence` from message names separated by commas.
   void BuildMessageList(const std::string& messageInfo);
 
-  /// Returns when the last file has ended, or at once when a call takes over.
+  /// Plays the list.
+  ///
+  /// Waits until the last file has ended or a call has begun. Then test `CallActive` and
+  /// `PriorityPreempted`.
   void PlayMessageWavs();
 
  private:

@@ -1,8 +1,8 @@
 #include "schedule/schedule_table.h"
 
 #include "platform/runtime_failure.h"
-#include "state/file_names.h"
 #include "state/week_time.h"
+#include "text/paths.h"
 
 namespace marlex {
 

@@ -1,7 +1,7 @@
 #include "schedule/schedule_tick.h"
 
-#include "platform/text_case.h"
 #include "state/week_time.h"
+#include "text/text_case.h"
 
 namespace marlex {
 
@@ -20,8 +20,8 @@ ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, Frm
 }
 
 void ScheduleTick::Tick() {
-  // A minute under a call or an announcement is not seen, also when the closing of an editor has
-  // switched the timer on under it. What is due in it comes once that is over, if it still lasts.
+  // A minute under a call or an announcement is not seen, even when the closing of an editor has
+  // resumed the schedule under it. What is due then comes when that is over, if the minute lasts.
   if (TheFlags.CallActive || TheFlags.MessagePlaying) return;
   if (!AcceptMinute() || !TheFlags.PriorityClear) return;
   Music.CheckMusicStart();
@@ -59,9 +59,8 @@ bool ScheduleTick::FindDueRow() {
   return false;
 }
 
-/// The test reads the mask without its sixth character: on a Saturday it finds Sunday's, on a
-/// Sunday none, and fires. A fixed part of the design, like its answer for an empty cell, which is
-/// yes.
+/// Deliberate: the test reads the mask without its sixth character. On a Saturday it finds Sunday's
+/// digit, on a Sunday none, and the row fires. An empty cell fires on every day.
 bool ScheduleTick::RunsToday(int row) const {
   const std::string& mask = Table.TextMatrix(row, kDaysColumn);
   std::string tested(FirstCharacters(mask, 5));

@@ -28,6 +28,7 @@ class ScheduleTick {
   std::string CurrentRouting;      // its zones
   std::string WaitingTime;         // of the row that last waited for the music break
 
+  /// Waits for the fade of the music's stop, and for the announcement of a row.
   void Tick();
 
   /// Whether a row of the table has today's weekday on.

@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "schedule/sequence_files.h"
-#include "state/file_names.h"
-#include "state/numbers.h"
+#include "text/numbers.h"
+#include "text/paths.h"
 
 namespace marlex {
 

@@ -4,9 +4,9 @@
 
 #include "i18n/translate_controls.h"
 #include "platform/runtime_failure.h"
-#include "state/digit_mask.h"
-#include "state/file_names.h"
 #include "state/week_time.h"
+#include "text/digit_mask.h"
+#include "text/paths.h"
 
 namespace marlex {
 namespace {
@@ -19,8 +19,10 @@ std::vector<bool> TickedDays(WavWindow& window) {
   return days;
 }
 
-std::string FileNameOf(const std::string& path) {
-  return path.substr(path.find_last_of(kSeparator) + 1);
+std::vector<bool> DigitsOf(const std::string& mask, std::size_t length) {
+  if (const auto digits = DigitsInPlace(mask, length)) return *digits;
+  throw RuntimeFailure("\"" + mask + "\" is shorter than " + std::to_string(length) +
+                       " characters");
 }
 
 }  // namespace
@@ -32,7 +34,7 @@ std::string BuildZoneText(WavWindow& window) {
 }
 
 void ApplyZoneText(WavWindow& window, const std::string& zoneText) {
-  const std::vector<bool> zones = DigitsInPlace(zoneText, kZones);
+  const std::vector<bool> zones = DigitsOf(zoneText, kZones);
   for (int zone = 0; zone < kZones; ++zone)
     window.cmdZone[zone].Value = zones[static_cast<std::size_t>(zone)];
 }
@@ -140,9 +142,7 @@ void SequenceEditor::mnuOpen_Click() {
   TheDialogs.LeaveOpen({.Filter = "Sequence files (*.sch)|*.sch",
                         .DefaultExtension = "seq",
                         .InitialDirectory = Store.ApplicationDirectory()},
-                       [this, unloads = Window.UnloadCount](const std::string& file) {
-                         if (unloads == Window.UnloadCount) Open(file);
-                       });
+                       Window.WhileOpen([this](const std::string& file) { Open(file); }));
 }
 
 /// Nothing is validated here: a file made by hand can bring anything into the fields, and is judged
@@ -152,8 +152,8 @@ void SequenceEditor::Open(const std::string& file) {
   if (file.empty()) return;
   const auto read = [&](const char* key) { return Store.ReadProfileValue(kSection, key, file); };
   const std::string weekdays = read("Weekday(s)");
-  const std::vector<bool> days = AtPlace(FileNameOf(file) + ": Weekday(s)",
-                                         [&] { return DigitsInPlace(weekdays, kWeekdays); });
+  const std::vector<bool> days =
+      AtPlace(FileNameOf(file) + ": Weekday(s)", [&] { return DigitsOf(weekdays, kWeekdays); });
   AtPlace(FileNameOf(file) + ": Zone(s)", [&] { ApplyZoneText(Window, read("Zone(s)")); });
   ChosenFile = file;
   WeekdayText = weekdays;
@@ -177,18 +177,18 @@ void SequenceEditor::mnuSave_Click() {
   Times.TestValidity();
   if (!Times.HoursValid || !Times.MinutesValid) return;
   MessagesText = Messages.BuildMessagesText();
-  const bool asked = TheDialogs.LeaveOpen(
-      {.Filter = "Schedule files (*.sch)|*.sch",
-       .DefaultExtension = "seq",
-       .InitialDirectory = Store.ApplicationDirectory(),
-       .Save = true},
-      [this, save = SavesAsked + 1, unloads = Window.UnloadCount](const std::string& file) {
-        if (unloads == Window.UnloadCount) Save(file, save);
-      });
+  const bool asked =
+      TheDialogs.LeaveOpen({.Filter = "Schedule files (*.sch)|*.sch",
+                            .DefaultExtension = "seq",
+                            .InitialDirectory = Store.ApplicationDirectory(),
+                            .Save = true},
+                           Window.WhileOpen([this, save = SavesAsked + 1](const std::string& file) {
+                             Save(file, save);
+                           }));
   if (asked) ++SavesAsked;
 }
 
-/// The title is the English header of the weekdays in every language. This is meant.
+/// Deliberate: the title is the English header of the weekdays in every language.
 bool SequenceEditor::FieldsAreFilled() {
   const std::vector<bool> days = TickedDays(Window);
   const bool anyDay = std::find(days.begin(), days.end(), true) != days.end();
@@ -208,19 +208,19 @@ bool SequenceEditor::FieldsAreFilled() {
   return false;
 }
 
-/// A dialog that was cancelled writes to no file, and the rest happens all the same. This is meant.
+/// Deliberate: a cancelled dialog writes nothing, and everything else happens all the same.
 void SequenceEditor::Save(const std::string& file, int save) {
   if (!Write(file) && !file.empty()) {
     TellNotSaved(file);
     return;
   }
-  const unsigned unloads = Window.UnloadCount;
+  const Lifeline::Tie opening = Window.ThisOpening();
   WriteDone = false;
   Window.tmrWriteDelay.Enabled = true;
-  Loop.PumpUntil([&] { return WriteDone || unloads != Window.UnloadCount; });
-  // The conflict is that of the table at the editor's opening, not of the file just written. This
-  // is meant.
-  const bool last = save == SavesAsked && unloads == Window.UnloadCount;
+  Loop.PumpUntil([&] { return WriteDone || !opening.Holds(); });
+  // Deliberate: the conflict is that of the table when the editor opened, not of the file just
+  // written.
+  const bool last = save == SavesAsked && opening.Holds();
   if (last && !TheConflicts.ConflictFound) Window.Unload();
 }
 

@@ -55,7 +55,7 @@ class SequenceEditor {
 
   void mnuSave_Click();
   bool FieldsAreFilled();
-  void Save(const std::string& file, int save);
+  void Save(const std::string& file, int save);  // waits half a second, or until the editor closes
   bool Write(const std::string& file);
 
   SettingsStore& Store;

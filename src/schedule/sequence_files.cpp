@@ -1,9 +1,9 @@
 #include "schedule/sequence_files.h"
 
 #include "platform/directories.h"
-#include "platform/profile_text.h"
 #include "platform/runtime_failure.h"
-#include "platform/text_case.h"
+#include "text/profile_text.h"
+#include "text/text_case.h"
 
 namespace marlex {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstdlib>
 
 #include "platform/runtime_failure.h"
-#include "platform/text_case.h"
 #include "state/week_time.h"
+#include "text/text_case.h"
 
 namespace marlex {
 namespace {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/text_case.h"
+#include "text/text_case.h"
 
 namespace marlex {
 
@@ -30,8 +30,6 @@ std::string ParentOf(const std::string& path) {
 
 }  // namespace
 
-std::string NameOf(const std::string& path) { return path.substr(path.rfind(kSeparator) + 1); }
-
 std::string MemoryDisk::Search(const std::string& path) const {
   if (path.empty()) return "";
   if (path.back() == kSeparator) {
@@ -39,7 +37,7 @@ std::string MemoryDisk::Search(const std::string& path) const {
     const auto first = std::min_element(names.begin(), names.end(), NameComesBefore);
     return first == names.end() ? "" : *first;
   }
-  return Find(path) || HasDirectory(path) ? InUtf8(NameOf(Found(path)), NamesIn) : "";
+  return Find(path) || HasDirectory(path) ? InUtf8(FileNameOf(Found(path)), NamesIn) : "";
 }
 
 std::vector<std::string> MemoryDisk::List(const std::string& directory,

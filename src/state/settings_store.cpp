@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/code_pages.h"
 #include "platform/directories.h"
-#include "platform/text_case.h"
+#include "text/code_pages.h"
+#include "text/text_case.h"
 
 namespace marlex {
 namespace {

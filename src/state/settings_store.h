@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/code_pages.h"
 #include "platform/process.h"
 #include "platform/profile_files.h"
 #include "state/settings.h"
+#include "text/code_pages.h"
 
 namespace marlex {
 

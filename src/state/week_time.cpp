@@ -1,6 +1,6 @@
 #include "state/week_time.h"
 
-#include "platform/text_case.h"
+#include "text/text_case.h"
 
 namespace marlex {
 

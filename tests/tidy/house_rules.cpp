@@ -12,7 +12,7 @@ namespace {
 
 /// The floors of the house from the ground up. A folder may include those on lower floors; two on
 /// one floor do not know each other.
-const std::vector<std::vector<std::string>> kFloors = {{"amplifier"},
+const std::vector<std::vector<std::string>> kFloors = {{"amplifier", "text"},
                                                        {"platform"},
                                                        {"controls"},
                                                        {"state"},

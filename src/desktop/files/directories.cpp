@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "desktop/files/found_path.h"
-#include "platform/text_case.h"
+#include "text/text_case.h"
 
 namespace marlex {
 

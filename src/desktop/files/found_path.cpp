@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/code_pages.h"
 #include "platform/directories.h"
-#include "platform/text_case.h"
+#include "text/code_pages.h"
+#include "text/text_case.h"
 
 namespace marlex {
 

@@ -2,7 +2,7 @@
 
 #include "desktop/files/found_path.h"
 #include "desktop/files/whole_file.h"
-#include "platform/profile_text.h"
+#include "text/profile_text.h"
 
 namespace marlex {
 

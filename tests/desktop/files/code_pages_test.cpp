@@ -1,4 +1,4 @@
-#include "platform/code_pages.h"
+#include "text/code_pages.h"
 
 #include <gtest/gtest.h>
 #include <iconv.h>
@@ -6,7 +6,7 @@
 #include <QChar>
 #include <string>
 
-#include "platform/text_case.h"
+#include "text/text_case.h"
 
 namespace marlex::test {
 namespace {

@@ -13,7 +13,7 @@
 #include "desktop/files/forked_child.h"
 #include "desktop/files/temporary_directory.h"
 #include "places.h"
-#include "platform/profile_vectors.h"
+#include "text/profile_vectors.h"
 
 namespace marlex::test {
 namespace {
@@ -57,8 +57,7 @@ void Compare(const ProfileVector& vector) {
 }
 
 TEST(ProfileFiles, GiveTheObservedAnswersOfThePublishedFunctions) {
-  const auto vectors =
-      ReadProfileVectors(MARLEX_SOURCE_DIR "/tests/platform/profile-vectors.jsonl");
+  const auto vectors = ReadProfileVectors(MARLEX_SOURCE_DIR "/tests/text/profile-vectors.jsonl");
   ASSERT_EQ(vectors.size(), 202U);
   for (const ProfileVector& vector : vectors) Compare(vector);
 }

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "desktop/windows/desk.h"
-#include "screen/measure.h"
 #include "desktop/windows/texts.h"
+#include "screen/measure.h"
 
 namespace marlex {
 namespace {

@@ -1,4 +1,4 @@
-#include "state/file_names.h"
+#include "text/paths.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/profile_text.h"
+#include "text/profile_text.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/code_pages.h"
-#include "platform/text_case.h"
+#include "text/code_pages.h"
+#include "text/text_case.h"
 
 namespace marlex {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,7 +11,7 @@ namespace marlex {
 std::string DigitMask(const std::vector<bool>& on);
 
 /// Which of the first `length` characters of a mask hold the digit of their position; any other
-/// character means off. A shorter mask is a RuntimeFailure.
-std::vector<bool> DigitsInPlace(const std::string& mask, std::size_t length);
+/// character means off. Nothing for a shorter mask.
+std::optional<std::vector<bool>> DigitsInPlace(const std::string& mask, std::size_t length);
 
 }  // namespace marlex

@@ -1,11 +1,11 @@
-#include "platform/profile_text.h"
+#include "text/profile_text.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "places.h"
-#include "platform/profile_vectors.h"
+#include "text/profile_vectors.h"
 
 namespace marlex::test {
 namespace {
@@ -25,7 +25,7 @@ std::string Times(int count, std::string_view piece) {
 TEST(ProfileText, GivesTheObservedAnswersOfThePublishedFunctions) {
   int compared = 0;
   for (const ProfileVector& vector :
-       ReadProfileVectors(MARLEX_SOURCE_DIR "/tests/platform/profile-vectors.jsonl")) {
+       ReadProfileVectors(MARLEX_SOURCE_DIR "/tests/text/profile-vectors.jsonl")) {
     if (!vector.Where.empty()) continue;  // these need a file system
     SCOPED_TRACE(vector.Name);
     std::string text = vector.Before.value_or("");

@@ -1,9 +1,9 @@
-#include "platform/code_pages.h"
+#include "text/code_pages.h"
 
 #include <array>
 #include <cstddef>
 
-#include "platform/text_case.h"
+#include "text/text_case.h"
 
 namespace marlex {
 

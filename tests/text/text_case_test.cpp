@@ -1,4 +1,4 @@
-#include "platform/text_case.h"
+#include "text/text_case.h"
 
 #include <gtest/gtest.h>
 

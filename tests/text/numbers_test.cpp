@@ -1,4 +1,4 @@
-#include "state/numbers.h"
+#include "text/numbers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/code_pages.h"
+#include "text/code_pages.h"
 
 #include <gtest/gtest.h>
 

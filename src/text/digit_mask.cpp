@@ -1,7 +1,6 @@
-#include "state/digit_mask.h"
+#include "text/digit_mask.h"
 
-#include "platform/runtime_failure.h"
-#include "platform/text_case.h"
+#include "text/text_case.h"
 
 namespace marlex {
 
@@ -12,14 +11,11 @@ std::string DigitMask(const std::vector<bool>& on) {
   return mask;
 }
 
-std::vector<bool> DigitsInPlace(const std::string& mask, std::size_t length) {
+std::optional<std::vector<bool>> DigitsInPlace(const std::string& mask, std::size_t length) {
   std::vector<bool> on;
   for (std::size_t place = 1; place <= length; ++place) {
     const std::string_view character = CharactersFrom(mask, place, 1);
-    if (character.empty()) {
-      throw RuntimeFailure("\"" + mask + "\" is shorter than " + std::to_string(length) +
-                           " characters");
-    }
+    if (character.empty()) return std::nullopt;
     on.push_back(character == std::to_string(place));
   }
   return on;
