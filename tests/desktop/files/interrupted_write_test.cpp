@@ -295,6 +295,27 @@ TEST(InterruptedWrite, AFileThatIsMountedByItselfIsWritten) {
   EXPECT_EQ(directory.Entries(), 2);
 }
 
+/// Makes all of a directory unwritable for this process, but for what is mounted in it.
+bool Protect(const std::string& directory) {
+  const char* path = directory.c_str();
+  return ::unshare(CLONE_NEWNS) == 0 &&
+         ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+         ::mount(path, path, nullptr, MS_BIND, nullptr) == 0 &&
+         ::mount(nullptr, path, nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr) == 0;
+}
+
+TEST(InterruptedWrite, AMountedFileIsLeftAloneWhereNoCopyCanBeMade) {
+  const TemporaryDirectory directory;
+  const TemporaryDirectory elsewhere;
+  const std::string file = directory.Write("a.ini", "");
+  const std::string mounted = elsewhere.Write("a.ini", kOld);
+  const auto mount = [&] { return Protect(directory.Path()) && Mount(mounted, file); };
+  if (!TrueInAChild(mount)) GTEST_SKIP() << "may not mount";
+  EXPECT_TRUE(TrueInAChild([&] { return mount() && !Set(file) && Text(file) == kOld; }));
+  EXPECT_EQ(elsewhere.Read("a.ini"), kOld);
+  EXPECT_EQ(directory.Entries(), 1);
+}
+
 TEST(InterruptedWrite, AForeignFileInASharedDirectoryIsWritten) {
   if (::geteuid() != 0) GTEST_SKIP() << "only root can make a foreign file";
   const TemporaryDirectory directory;
