@@ -1,20 +1,13 @@
 #include "desktop/mixer/engine_mixer.h"
 
-#include <chrono>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "desktop/await.h"
 #include "desktop/mixer/private_sound_server.h"
-#include "desktop/process/qt_event_loop.h"
 
 namespace marlex {
 namespace {
-
-using namespace std::chrono_literals;
-using SteadyClock = std::chrono::steady_clock;
-
-constexpr auto kLimit = 30s;  // for what must happen, however busy the machine is
 
 /// The mixer of a desk as it is composed, on a sound server of the test's own.
 class EngineMixerTest : public testing::Test {
@@ -36,12 +29,7 @@ class EngineMixerTest : public testing::Test {
   }
 
   testing::AssertionResult Await(const std::function<bool()>& done) {
-    const auto deadline = SteadyClock::now() + kLimit;
-    const auto watchdog = Loop.StartTimer(20, [] {});
-    bool held = false;
-    Loop.PumpUntil([&] { return (held = done()) || SteadyClock::now() > deadline; });
-    Loop.StopTimer(watchdog);
-    return held ? testing::AssertionSuccess() : testing::AssertionFailure() << "waited in vain";
+    return marlex::Await(Loop, done);
   }
 
   PrivateSoundServer Server;

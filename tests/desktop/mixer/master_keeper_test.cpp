@@ -8,10 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/await.h"
 #include "desktop/mixer/alsa_master.h"
 #include "desktop/mixer/private_sound_server.h"
 #include "desktop/mixer/pulse_master.h"
-#include "desktop/process/qt_event_loop.h"
 
 namespace marlex {
 namespace {
@@ -19,7 +19,6 @@ namespace {
 using namespace std::chrono_literals;
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr auto kLimit = 20s;        // for what must happen, however busy the machine is
 constexpr int kServerFull = 65536;  // steps of the server's own scale
 
 double ProcessCpuMs() {
@@ -54,12 +53,7 @@ class MasterKeeperTest : public testing::TestWithParam<Door> {
   }
 
   testing::AssertionResult Await(const std::function<bool()>& done) {
-    const auto deadline = SteadyClock::now() + kLimit;
-    const auto watchdog = Loop.StartTimer(20, [] {});
-    bool held = false;
-    Loop.PumpUntil([&] { return (held = done()) || SteadyClock::now() > deadline; });
-    Loop.StopTimer(watchdog);
-    return held ? testing::AssertionSuccess() : testing::AssertionFailure() << "waited in vain";
+    return marlex::Await(Loop, done);
   }
 
   PrivateSoundServer Server;

@@ -13,23 +13,13 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/await.h"
+
 namespace marlex {
 namespace {
 
 using namespace std::chrono_literals;
 using SteadyClock = std::chrono::steady_clock;
-
-constexpr auto kLimit = 20s;  // for what must happen, however busy the machine is
-
-/// A wait that ends with a failure instead of never.
-testing::AssertionResult Await(QtEventLoop& loop, const std::function<bool()>& done) {
-  const auto deadline = SteadyClock::now() + kLimit;
-  const auto watchdog = loop.StartTimer(50, [] {});
-  bool held = false;
-  loop.PumpUntil([&] { return (held = done()) || SteadyClock::now() > deadline; });
-  loop.StopTimer(watchdog);
-  return held ? testing::AssertionSuccess() : testing::AssertionFailure() << "waited in vain";
-}
 
 double ThreadCpuMs() {
   timespec used{};

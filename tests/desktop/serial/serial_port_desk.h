@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "desktop/process/qt_event_loop.h"
+#include "desktop/await.h"
 #include "desktop/serial/pseudo_terminal.h"
 #include "desktop/serial/serial_port.h"
 
@@ -17,8 +17,6 @@ namespace marlex {
 using namespace std::chrono_literals;
 using SteadyClock = std::chrono::steady_clock;
 namespace fs = std::filesystem;
-
-constexpr auto kLimit = 20s;  // for what must happen, however busy the machine is
 
 inline double ThreadCpuMs() {
   timespec used{};
@@ -59,12 +57,7 @@ class SerialPortTest : public testing::Test {
   void Link(const std::string& name, const PseudoTerminal& line) { Link(name, line.Path()); }
 
   testing::AssertionResult Await(const std::function<bool()>& done) {
-    const auto deadline = SteadyClock::now() + kLimit;
-    const auto watchdog = Loop.StartTimer(20, [] {});
-    bool held = false;
-    Loop.PumpUntil([&] { return (held = done()) || SteadyClock::now() > deadline; });
-    Loop.StopTimer(watchdog);
-    return held ? testing::AssertionSuccess() : testing::AssertionFailure() << "waited in vain";
+    return marlex::Await(Loop, done);
   }
 
   void LetPass(std::chrono::milliseconds time) {
