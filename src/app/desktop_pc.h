@@ -30,7 +30,7 @@ struct DesktopPc {
   EngineWavePlayer WavControl{Sound, Loop};
   EngineSongPlayer MP3Player{Sound};
   std::unique_ptr<MixerFunctions> Mixer = MakeEngineMixer(Loop, Sound);
-  QtDialogs Boxes{Loop};
+  QtDialogs Boxes{Loop, Files};
 
   Pc Ports() {
     return {.Loop = Loop,

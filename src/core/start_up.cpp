@@ -72,6 +72,11 @@ void StartUp::UseLanguage(const Language& language) {
   Strings.LanguageBase = language.LanguageBase;
   Store.ValuesIn = language.OldPage;
   ThePc.Files.NamesIn = language.OldPage;
+  ThePc.Boxes.FileTexts = {.Caption = Strings.LoadString(kStrWarning),
+                           .NotFound = Strings.LoadString(kStrFileNotFound),
+                           .Exists = Strings.LoadString(kStrFileExists),
+                           .Replace = Strings.LoadString(kStrReplace),
+                           .Cancel = Strings.LoadString(kStrCancel)};
 }
 
 void StartUp::EndSecondInstance() {

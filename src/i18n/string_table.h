@@ -30,6 +30,7 @@ enum StringId : int {
   kStrDays = 24,
   kStrSchedule = 26,
   kStrMessageInfo = 28,
+  kStrCancel = 36,
   kStrSettings = 42,
   kStrChimeSelection = 44,
   kStrNoMusicDirectory = 46,
@@ -86,6 +87,9 @@ enum StringId : int {
   kStrTimeAndZoneSetting = 1360,
   kStrTimeConflict = 1370,
   kStrScheduleStopped = 1400,
+  kStrFileNotFound = 1410,
+  kStrFileExists = 1420,
+  kStrReplace = 1430,
 };
 
 }  // namespace marlex

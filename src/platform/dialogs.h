@@ -20,6 +20,15 @@ struct FileDialog {
   bool Save = false;
 };
 
+/// What a file dialog itself has to say or ask, in the operator's language.
+struct FileDialogTexts {
+  std::string Caption;
+  std::string NotFound;  // an open dialog of a name that no file has
+  std::string Exists;    // a save dialog of a name that a file has: whether to replace it
+  std::string Replace;   // the answers to it
+  std::string Cancel;
+};
+
 /// Modal boxes. `MsgBox` returns when the operator has answered; events are delivered meanwhile, so
 /// that timers and the serial line go on under an open box. The others are left standing: whoever
 /// waits further down the stack goes on, also when nobody ever answers. Both boxes of a text have
@@ -27,6 +36,8 @@ struct FileDialog {
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
+
+  FileDialogTexts FileTexts;
 
   void MsgBox(const std::string& body, BoxIcon icon, const std::string& caption) {
     const Box box{caption, body};

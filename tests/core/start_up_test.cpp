@@ -103,6 +103,16 @@ TEST(StartUp, EachKeyOfTheLanguageDialogStoresItsEnglishNameAndSetsItsBase) {
   }
 }
 
+TEST(StartUp, FileDialogsAskInTheLanguageOfTheProgram) {
+  Desk desk({.Language = "German"});
+  const FileDialogTexts& texts = desk.Pc.Dialogs.FileTexts;
+  EXPECT_EQ(texts.Caption, "Warnung");
+  EXPECT_EQ(texts.NotFound, "Datei nicht gefunden");
+  EXPECT_EQ(texts.Exists, "Die Datei ist bereits vorhanden. Ersetzen?");
+  EXPECT_EQ(texts.Replace, "Ersetzen");
+  EXPECT_EQ(texts.Cancel, "Abbrechen");
+}
+
 TEST(StartUp, TheLanguagesStandInTheirOrderWithTheirBases) {
   std::string table;
   for (const Language& language : kLanguageTable) {

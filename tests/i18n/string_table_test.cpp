@@ -17,9 +17,9 @@ constexpr int kFirstOwnText = 1400;  // beyond the agreed ones
 
 TEST(EnglishStrings, AreAllThereInAscendingOrder) {
   const auto& strings = StringsOf("English");
-  EXPECT_EQ(strings.size(), 159u);
+  EXPECT_EQ(strings.size(), 162u);
   EXPECT_EQ(strings.front().Id, 10);
-  EXPECT_EQ(strings.back().Id, kFirstOwnText);
+  EXPECT_EQ(strings.back().Id, kStrReplace);
   for (std::size_t i = 1; i < strings.size(); ++i) {
     EXPECT_LT(strings[i - 1].Id, strings[i].Id);
     EXPECT_FALSE(strings[i].Text.empty()) << strings[i].Id;
@@ -102,6 +102,7 @@ TEST(StringTable, CodeFindsTheTextsThatItAsksForByName) {
       {kStrDoubleClickToPlay, "Double-click to play song"},
       {kStrCall, "Call"},
       {kStrNearestContact, "to find your nearest contact address"},
+      {kStrCancel, "Cancel"},
       {kStrClose, "Close"},
       {kStrRouting, "Routing"},
       {kStrNoMusicDirectoryEntered, "Background music directory not entered"},
@@ -115,6 +116,9 @@ TEST(StringTable, CodeFindsTheTextsThatItAsksForByName) {
       {kStrLowerPriorityCall, "Lower priority call in progress"},
       {kStrTimeConflict,
        "Time conflict(s) in schedule, double-click a red time field to remove a sequence"},
+      {kStrFileNotFound, "File not found"},
+      {kStrFileExists, "The file already exists. Replace it?"},
+      {kStrReplace, "Replace"},
   };
   for (const auto& [id, text] : texts) EXPECT_EQ(strings.LoadString(id), text) << id;
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QtWidgets>
+
 #include "desktop/windows/qt_dialogs.h"
 #include "desktop/windows/shown_text.h"
 #include "desktop/windows/theme.h"
@@ -110,7 +112,8 @@ std::vector<Box> AllThatIsTold(const char* language) {
 TEST(Boxes, TellAllThatTheSystemHasToTellWholeInEveryLanguage) {
   const Theme theme(*qApp);
   VirtualLoop loop;
-  QtDialogs dialogs(loop);
+  const MemoryDisk disk;
+  QtDialogs dialogs(loop, disk);
   for (const Language& language : PaintedLanguages()) {
     Sheet sheet;
     const std::vector<Box> told = AllThatIsTold(language.Name);
@@ -127,6 +130,46 @@ TEST(Boxes, TellAllThatTheSystemHasToTellWholeInEveryLanguage) {
       shown->close();
     }
     sheet.Save(QString("boxes/") + language.Name);
+  }
+}
+
+/// Types the name into the file dialog that stands, and presses its key.
+void TypeName(const QString& name, QDialogButtonBox::StandardButton key) {
+  QApplication::processEvents();
+  auto* dialog = qobject_cast<QDialog*>(QApplication::activeWindow());
+  ASSERT_TRUE(dialog);
+  dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
+  dialog->findChild<QDialogButtonBox*>()->button(key)->click();
+  QApplication::processEvents();
+}
+
+TEST(Boxes, AskAboutFilesWholeInEveryLanguage) {
+  const Theme theme(*qApp);
+  VirtualLoop loop;
+  MemoryDisk disk;
+  disk.AddFile("/app/Day.sch");
+  QtDialogs dialogs(loop, disk);
+  for (const Language& language : PaintedLanguages()) {
+    SCOPED_TRACE(language.Name);
+    Sheet sheet;
+    DeskOptions shop = Shop();
+    shop.Language = language.Name;
+    dialogs.FileTexts = ShownDesk(shop).Pc.Dialogs.FileTexts;
+    for (const bool saves : {false, true}) {
+      dialogs.LeaveOpen({"Schedules (*.sch)|*.sch", "sch", "/", false, saves},
+                        [](const std::string&) {});
+      saves ? TypeName("/app/Day.sch", QDialogButtonBox::Save)
+            : TypeName("/app/Night.sch", QDialogButtonBox::Open);
+      auto* question = qobject_cast<QMessageBox*>(QApplication::activeWindow());
+      ASSERT_TRUE(question);
+      ExpectNothingClipped(*question);
+      sheet.Add(question->text(), question->grab());
+      QPointer<QWidget> dialog = question->parentWidget();
+      question->close();
+      dialog->close();
+      loop.Pump();
+    }
+    sheet.Save(QString("file_questions/") + language.Name);
   }
 }
 

@@ -60,7 +60,7 @@ class EditorDesk : public Desk {
     if (!Await("fileDialog", "visible", "yes")) return false;
     Type(name);
     Display->Key("Return");
-    return Click("QMessageBox.Yes") && Await("fileDialog", "visible", "no");
+    return Click("QMessageBox.Replace") && Await("fileDialog", "visible", "no");
   }
   bool Choose(const std::string& menu, const std::string& item) {
     return Click(menu) && Click(item);

@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "desktop/process/qt_event_loop.h"
+#include "desktop/windows/box_hand.h"
 #include "desktop/windows/desk.h"
-#include "desktop/windows/qt_dialogs.h"
 
 namespace marlex {
 namespace {
@@ -43,7 +42,7 @@ struct CallDesk : Desk {
 
   int Presses = 0;
   int Releases = 0;
-  QtDialogs Boxes{Loop};
+  EnglishBoxes Boxes{Loop};
 
  private:
   QPoint CallKey() {
@@ -129,23 +128,52 @@ TEST(BoxPlaces, TheQuestionOfAnEditorsSaveDialogBarsTheEditorAlone) {
       [](const std::string&) {});
   auto* const dialog = desk.Box<QFileDialog>();
   ASSERT_TRUE(dialog);
-  int questions = 0;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
-    QMessageBox* const question = desk.Box();
-    if (!question) return;
-    look.stop();
-    ++questions;
-    EXPECT_EQ(question->windowModality(), Qt::WindowModal);
-    desk.Press();
-    EXPECT_EQ(desk.Presses, 1);
-    desk.Release();
-    question->button(QMessageBox::No)->click();
-  });
-  look.start(1);
-  dialog->findChild<QLineEdit*>("fileNameEdit")->setText("day.lst");
-  dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
-  EXPECT_EQ(questions, 1);
+  Choose(*dialog, "day.lst");
+  QMessageBox* const question = desk.Box();
+  ASSERT_TRUE(question) << "and nobody was held up";
+  EXPECT_EQ(question->windowModality(), Qt::WindowModal);
+  desk.Press();
+  EXPECT_EQ(desk.Presses, 1);
+  desk.Release();
+  EXPECT_EQ(desk.Releases, 1);
+  desk.Tell("No paper");
+  EXPECT_EQ(Standing<QMessageBox>().size(), 2);
+  for (QMessageBox* box : Standing<QMessageBox>()) {
+    if (box == question) continue;
+    EXPECT_EQ(box->parentWidget(), &desk.Screen.Main()) << "where it can be answered";
+    box->close();
+  }
+  Answer(*question, "Cancel");
+  EXPECT_TRUE(dialog->isVisible());
+  dialog->close();
+}
+
+TEST(BoxPlaces, AFileThatIsNotFoundBarsNothingOfTheMainWindow) {
+  CallDesk desk;
+  bool closed = false;
+  desk.Forms.frmMain.OnUnload = [&] { return closed = true; };
+  QTemporaryDir place;
+  desk.Boxes.LeaveOpen({"Lists (*.lst)|*.lst", "lst", place.path().toStdString() + "/"},
+                       [](const std::string&) {});
+  auto* const dialog = desk.Box<QFileDialog>();
+  ASSERT_TRUE(dialog);
+  Choose(*dialog, "day.lst");
+  QMessageBox* const notice = desk.Box();
+  ASSERT_TRUE(notice) << "and nobody was held up";
+  EXPECT_EQ(notice->text(), "day.lst\nFile not found");
+  EXPECT_EQ(notice->windowModality(), Qt::NonModal);
+  desk.Press();
+  EXPECT_EQ(desk.Presses, 1);
+  desk.Release();
+  EXPECT_EQ(desk.Releases, 1);
+  EXPECT_TRUE(notice->isVisible());
+  Choose(*dialog, "night.lst");
+  ASSERT_EQ(Standing<QMessageBox>().size(), 1) << "the first one is over";
+  EXPECT_EQ(desk.Box()->text(), "night.lst\nFile not found");
+  QCloseEvent close;  // as the window manager's comes, which a box that bars the window refuses
+  QApplication::sendEvent(desk.Screen.Main().windowHandle(), &close);
+  desk.Settle();
+  EXPECT_TRUE(closed);
   dialog->close();
 }
 

@@ -2,51 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-#include <optional>
-
-#include "desktop/process/qt_event_loop.h"
-#include "desktop/windows/desk.h"
+#include "desktop/windows/box_hand.h"
+#include "desktop/windows/call_place.h"
 #include "desktop/windows/finger.h"
 #include "places.h"
 
 namespace marlex {
 namespace {
 
-/// The dialog that a hand meets: the one that blocks others, else the one in front.
-QWidget* DialogInFront() {
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  return qobject_cast<QDialog*>(QApplication::activeWindow());
-}
-
-/// The dialogs of type T that can be seen.
-template <class T>
-QList<T*> Standing() {
-  QList<T*> standing;
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    auto* dialog = qobject_cast<T*>(window);
-    if (dialog && dialog->isVisible()) standing.append(dialog);
-  }
-  return standing;
-}
-
-/// Does `action` with the next dialog of type T that opens.
-template <class T>
-void WhenOpen(std::function<void(T&)> action) {
-  auto* watch = new QTimer(qApp);
-  QObject::connect(watch, &QTimer::timeout, [watch, action] {
-    auto* box = qobject_cast<T*>(DialogInFront());
-    if (!box || !box->isVisible()) return;
-    watch->deleteLater();
-    watch->stop();
-    action(*box);
-  });
-  watch->start(1);
-}
-
 TEST(QtDialogs, AMessageBoxShowsItsTextsAndIcon) {
   QtEventLoop loop;
-  QtDialogs dialogs(loop);
+  EnglishBoxes dialogs(loop);
   QString seen;
   WhenOpen<QMessageBox>([&](QMessageBox& box) {
     EXPECT_EQ(box.icon(), QMessageBox::Critical);
@@ -61,7 +27,7 @@ TEST(QtDialogs, AMessageBoxShowsItsTextsAndIcon) {
 
 TEST(QtDialogs, TimersGoOnUnderABox) {
   QtEventLoop loop;
-  QtDialogs dialogs(loop);
+  EnglishBoxes dialogs(loop);
   int ticks = 0;
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [&] {
@@ -74,7 +40,7 @@ TEST(QtDialogs, TimersGoOnUnderABox) {
 
 TEST(QtDialogs, ABoxThatIsLeftStandsUntilItIsAnsweredAndHoldsNobodyUp) {
   QtEventLoop loop;
-  QtDialogs dialogs(loop);
+  EnglishBoxes dialogs(loop);
   dialogs.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
   ASSERT_EQ(Standing<QMessageBox>().size(), 1);
   QMessageBox& box = *Standing<QMessageBox>().front();
@@ -90,7 +56,7 @@ TEST(QtDialogs, ABoxThatIsLeftStandsUntilItIsAnsweredAndHoldsNobodyUp) {
 
 TEST(QtDialogs, AnotherBoxMayStandOnTheFirst) {
   QtEventLoop loop;
-  QtDialogs dialogs(loop);
+  EnglishBoxes dialogs(loop);
   std::string story;
   WhenOpen<QMessageBox>([&](QMessageBox& first) {
     WhenOpen<QMessageBox>([&](QMessageBox& second) {
@@ -107,56 +73,10 @@ TEST(QtDialogs, AnotherBoxMayStandOnTheFirst) {
   EXPECT_EQ(story + "one", "two, one");
 }
 
-struct Folder {
-  Folder() {
-    for (const char* name : {"a.sch", "b c.sch", "other.txt"}) {
-      QFile file(Place.filePath(name));
-      EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-  }
-  FileDialog Asked(bool many) const {
-    return {"Schedules (*.sch)|*.sch", "sch", Place.path().toStdString() + "/", many};
-  }
-  QTemporaryDir Place;
-};
-
-/// What comes of a file dialog that is answered by `WhenOpen`.
-std::string Chosen(QtEventLoop& loop, QtDialogs& dialogs, const FileDialog& dialog) {
-  std::optional<std::string> chosen;
-  dialogs.LeaveOpen(dialog, [&](const std::string& result) { chosen = result; });
-  EXPECT_FALSE(chosen);  // nobody was held up
-  loop.PumpUntil([&] { return chosen.has_value(); });
-  return *chosen;
-}
-
-TEST(QtDialogs, AFileDialogIsSetAsAsked) {
-  Folder folder;
-  QtEventLoop loop;
-  QtDialogs dialogs(loop);
-  WhenOpen<QFileDialog>([&](QFileDialog& box) {
-    EXPECT_EQ(box.nameFilters(), QStringList("Schedules (*.sch)"));
-    EXPECT_EQ(box.defaultSuffix(), "sch");
-    EXPECT_EQ(box.directory().path(), folder.Place.path());
-    EXPECT_TRUE(box.testOption(QFileDialog::DontUseNativeDialog));
-    EXPECT_TRUE(box.testOption(QFileDialog::ReadOnly));
-    box.reject();
-  });
-  EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(true)), "");
-}
-
-void Choose(QFileDialog& box, const QString& names) {
-  const bool saves = box.acceptMode() == QFileDialog::AcceptSave;
-  box.findChild<QLineEdit*>("fileNameEdit")->setText(names);
-  static_cast<QDialog&>(box)
-      .findChild<QDialogButtonBox*>()
-      ->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open)
-      ->click();
-}
-
 TEST(QtDialogs, OnlyOneFileDialogStandsAtATime) {
   Folder folder;
   QtEventLoop loop;
-  QtDialogs dialogs(loop);
+  EnglishBoxes dialogs(loop);
   std::string story;
   dialogs.LeaveOpen(folder.Asked(true), [&](const std::string&) { story += "first "; });
   const auto first = Standing<QFileDialog>();
@@ -172,185 +92,10 @@ TEST(QtDialogs, OnlyOneFileDialogStandsAtATime) {
   EXPECT_EQ(story, "first third");
 }
 
-TEST(QtDialogs, OneFileComesBackAsItsPath) {
-  Folder folder;
-  QtEventLoop loop;
-  QtDialogs dialogs(loop);
-  WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "b c.sch"); });
-  EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(false)),
-            folder.Place.filePath("b c.sch").toStdString());
-}
-
-TEST(QtDialogs, SeveralFilesComeBackAsDirectoryAndNames) {
-  Folder folder;
-  QtEventLoop loop;
-  QtDialogs dialogs(loop);
-  WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "\"a.sch\" \"b c.sch\""); });
-  EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(true)),
-            folder.Place.path().toStdString() + "/ a.sch b c.sch");
-}
-
-/// A folder with an operator who types names into its file dialogs.
-struct TypingFolder : Folder {
-  /// Name of the file that comes of a typed name; empty when the dialog was left without one.
-  std::string Typed(const QString& name, const FileDialog& dialog) {
-    WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, name); });
-    return QFileInfo(QString::fromStdString(Chosen(Loop, Dialogs, dialog)))
-        .fileName()
-        .toStdString();
-  }
-  FileDialog Save(const std::string& extension) const {
-    FileDialog dialog = Asked(false);
-    dialog.DefaultExtension = extension;
-    dialog.Save = true;
-    return dialog;
-  }
-
-  QtEventLoop Loop;
-  QtDialogs Dialogs{Loop};
-};
-
-TEST(QtDialogs, ANameThatIsSavedWithoutAnExtensionGetsTheDefaultOne) {
-  TypingFolder folder;
-  EXPECT_EQ(folder.Typed("day", folder.Save("seq")), "day.seq");
-  EXPECT_EQ(folder.Typed("day", folder.Save("lst")), "day.lst");
-  EXPECT_EQ(folder.Typed("late show", folder.Save("seq")), "late show.seq");
-  EXPECT_EQ(folder.Typed("Λίστα", folder.Save("lst")), "Λίστα.lst");
-  EXPECT_EQ(folder.Typed("day", folder.Save("")), "day");
-}
-
-TEST(QtDialogs, ANameThatIsSavedWithAnExtensionKeepsIt) {
-  TypingFolder folder;
-  for (const char* name : {"day.sch", "day.seq", "DAY.SCH", "Day.Seq", "day.two.sch"})
-    EXPECT_EQ(folder.Typed(name, folder.Save("seq")), name);
-}
-
-TEST(QtDialogs, APointInANameThatIsSavedIsNoExtension) {
-  TypingFolder folder;
-  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("lst")), "Vol. 2.lst");
-  EXPECT_EQ(folder.Typed("no.1", folder.Save("seq")), "no.1.seq");
-  EXPECT_EQ(folder.Typed("a.sch.old", folder.Save("seq")), "a.sch.old.seq");
-  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("")), "Vol. 2");
-  const QString whole = folder.Place.filePath("Vol. 3");
-  EXPECT_EQ(folder.Typed(whole, folder.Save("lst")), "Vol. 3.lst");
-}
-
-TEST(QtDialogs, AFileThatTheExtensionMakesOfANameIsTakenAfterAQuestion) {
-  TypingFolder folder;
-  QFile file(folder.Place.filePath("Vol. 2.sch"));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  int questions = 0;
-  WhenOpen<QMessageBox>([&](QMessageBox& box) {
-    ++questions;
-    box.button(QMessageBox::Yes)->click();
-  });
-  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("sch")), "Vol. 2.sch");
-  EXPECT_EQ(questions, 1);
-}
-
-TEST(QtDialogs, AFolderThatIsTypedIsEnteredAndNoName) {
-  TypingFolder folder;
-  ASSERT_TRUE(QDir(folder.Place.path()).mkdir("Vol. 2"));
-  std::optional<std::string> chosen;
-  folder.Dialogs.LeaveOpen(folder.Save("lst"), [&](const std::string& name) { chosen = name; });
-  ASSERT_EQ(Standing<QFileDialog>().size(), 1);
-  QFileDialog& box = *Standing<QFileDialog>().front();
-  Choose(box, "Vol. 2");
-  EXPECT_EQ(box.directory().dirName(), "Vol. 2");
-  Choose(box, "b");
-  folder.Loop.PumpUntil([&] { return chosen.has_value(); });
-  EXPECT_EQ(*chosen, folder.Place.filePath("Vol. 2/b.lst").toStdString());
-}
-
-TEST(QtDialogs, ANameThatIsOpenedWithoutAnExtensionIsSoughtWithTheDefaultOne) {
-  TypingFolder folder;
-  EXPECT_EQ(folder.Typed("a", folder.Asked(false)), "a.sch");
-}
-
-TEST(QtDialogs, TheNameOfAFileThatExistsIsTakenAfterAQuestion) {
-  TypingFolder folder;
-  int questions = 0;
-  const auto answer = [&](QMessageBox::StandardButton key) {
-    WhenOpen<QMessageBox>([&questions, key](QMessageBox& box) {
-      ++questions;
-      box.button(key)->click();
-    });
-  };
-  answer(QMessageBox::Yes);
-  EXPECT_EQ(folder.Typed("a", folder.Save("sch")), "a.sch");
-  answer(QMessageBox::No);
-  WhenOpen<QFileDialog>([&](QFileDialog& box) {
-    Choose(box, "a.sch");  // returns after the question
-    EXPECT_TRUE(box.isVisible());
-    box.reject();
-  });
-  EXPECT_EQ(Chosen(folder.Loop, folder.Dialogs, folder.Save("sch")), "");
-  EXPECT_EQ(questions, 2);
-}
-
-TEST(QtDialogs, ANameInAnotherCaseIsThatOfTheFileThatExists) {
-  TypingFolder folder;
-  int questions = 0;
-  WhenOpen<QMessageBox>([&](QMessageBox& box) {
-    ++questions;
-    box.button(QMessageBox::Yes)->click();
-  });
-  EXPECT_EQ(folder.Typed("A.SCH", folder.Save("sch")), "a.sch");
-  EXPECT_EQ(questions, 1);
-}
-
-TEST(QtDialogs, NamesWithALineEndAreNotOffered) {
-  TypingFolder folder;
-  QFile file(folder.Place.filePath("two\nlines.sch"));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  ASSERT_TRUE(QDir(folder.Place.path()).mkdir("zone"));
-  const QStringList offered{"zone", "a.sch", "b c.sch"};  // directories come first
-  QStringList names;
-  WhenOpen<QFileDialog>([&](QFileDialog& box) {
-    const auto* list = box.findChild<QListView*>("listView");
-    QElapsedTimer waited;
-    waited.start();
-    while (names != offered && waited.elapsed() < 30'000) {
-      QApplication::processEvents();
-      names.clear();
-      for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
-        names += list->model()->index(row, 0, list->rootIndex()).data().toString();
-    }
-    box.reject();
-  });
-  Chosen(folder.Loop, folder.Dialogs, folder.Asked(true));
-  EXPECT_EQ(names, offered);
-}
-
-TEST(QtDialogs, FileDialogsWriteNothingIntoTheOperatorsConfiguration) {
-  TypingFolder folder;
-  QPointer<QFileDialog> dialog;
-  WhenOpen<QFileDialog>([&](QFileDialog& box) {
-    dialog = &box;
-    Choose(box, "a.sch");
-  });
-  Chosen(folder.Loop, folder.Dialogs, folder.Asked(true));
-  folder.Loop.PumpUntil([&] { return dialog.isNull(); });  // it keeps its looks when it goes
-  const QDir configuration(qEnvironmentVariable("XDG_CONFIG_HOME"));
-  EXPECT_TRUE(configuration.exists());
-  EXPECT_EQ(configuration.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
-}
-
-TEST(QtDialogs, ASaveDialogThatIsLeftGivesNoName) {
-  TypingFolder folder;
-  WhenOpen<QFileDialog>([](QFileDialog& box) {
-    EXPECT_EQ(box.acceptMode(), QFileDialog::AcceptSave);
-    EXPECT_EQ(box.fileMode(), QFileDialog::AnyFile);
-    box.findChild<QLineEdit*>("fileNameEdit")->setText("day");
-    box.reject();
-  });
-  EXPECT_EQ(Chosen(folder.Loop, folder.Dialogs, folder.Save("seq")), "");
-}
-
 TEST(QtDialogs, BoxesShowTheirTextsWhole) {
   Desk desk;
   QtEventLoop loop;
-  QtDialogs dialogs(loop);
+  EnglishBoxes dialogs(loop);
   const auto keep = [](QWidget& box, const char* name) {
     QDir().mkpath(QString(MARLEX_BINARY_DIR) + "/screenshots");
     EXPECT_TRUE(box.grab().save(QString(MARLEX_BINARY_DIR) + "/screenshots/" + name + ".png"));
@@ -368,37 +113,6 @@ TEST(QtDialogs, BoxesShowTheirTextsWhole) {
   WhenOpen<QFileDialog>([&](QFileDialog& box) { keep(box, "file_dialog"); });
   Chosen(loop, dialogs, folder.Asked(true));
 }
-
-/// The main window with a call key that writes down what it hears, and boxes over it.
-struct CallPlace : Desk {
-  CallPlace() {
-    Forms.frmMain.cmdCall.OnMouseDown = [this](MouseButton) { Heard += "down "; };
-    Forms.frmMain.cmdCall.OnMouseUp = [this](MouseButton) { Heard += "up "; };
-    Forms.frmMain.frRouting.Visible = true;
-    Forms.frmMain.frCall.Visible = false;
-    ShowMain();
-  }
-  ~CallPlace() {
-    for (QDialog* dialog : Standing<QDialog>()) dialog->close();
-  }
-
-  QPoint KeyPlace() {
-    auto& key = Find<QPushButton>("cmdCall");
-    return key.mapTo(&Screen.Main(), key.rect().center());
-  }
-  void Press() {
-    QTest::mousePress(Screen.Main().windowHandle(), Qt::LeftButton, {}, KeyPlace());
-    Settle();
-  }
-  void Release() {
-    QTest::mouseRelease(Screen.Main().windowHandle(), Qt::LeftButton, {}, KeyPlace());
-    Settle();
-  }
-
-  QtEventLoop BoxLoop;
-  QtDialogs Boxes{BoxLoop};
-  std::string Heard;
-};
 
 TEST(QtDialogs, ANoticeThatStandsBarsNoCallKey) {
   CallPlace desk;
@@ -436,6 +150,52 @@ TEST(QtDialogs, ANoticeThatComesWhileTheKeyIsHeldWaitsUntilItIsLetGo) {
     desk.Settle();
     EXPECT_EQ(desk.Heard, "down up ");
   }
+}
+
+TEST(QtDialogs, ANoticeWaitsForTheFingerWhateverTheMouseDoes) {
+  CallPlace desk;
+  QWindow& window = *desk.Screen.Main().windowHandle();
+  const QPoint elsewhere = desk.Find<QLabel>("lblMusic").mapTo(&desk.Screen.Main(), QPoint(3, 3));
+  Finger finger(desk.Find<QPushButton>("cmdCall"));
+  finger.Press();
+  QTest::mouseMove(&window, elsewhere);
+  QTest::mouseClick(&window, Qt::LeftButton, {}, elsewhere);
+  desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+  QTest::qWait(200);
+  desk.Settle();
+  EXPECT_EQ(desk.Heard, "down ") << "the operator still speaks";
+  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+  finger.Release();
+  EXPECT_TRUE(QTest::qWaitFor([] { return Standing<QMessageBox>().size() == 1; }));
+  desk.Settle();
+  EXPECT_EQ(desk.Heard, "down up ");
+}
+
+TEST(QtDialogs, ANoticeWaitsForTheMouseAlsoWhenAFingerTaps) {
+  CallPlace desk;
+  desk.Press();
+  Finger(desk.Find<QLabel>("lblMusic")).Tap({3, 3});
+  desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+  QTest::qWait(200);
+  desk.Settle();
+  EXPECT_EQ(desk.Heard, "down ") << "the operator still speaks";
+  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+  desk.Release();
+  EXPECT_TRUE(QTest::qWaitFor([] { return Standing<QMessageBox>().size() == 1; }));
+  desk.Settle();
+  EXPECT_EQ(desk.Heard, "down up ");
+}
+
+TEST(QtDialogs, ATouchThatIsCancelledHoldsNoNoticeBack) {
+  CallPlace desk;
+  auto& key = desk.Find<QPushButton>("cmdCall");
+  Finger finger(key);
+  finger.Press();
+  Finger::Cancel(key);
+  QTest::mouseClick(desk.Screen.Main().windowHandle(), Qt::LeftButton, {}, QPoint(30, 30));
+  desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
+  EXPECT_TRUE(QTest::qWaitFor([] { return Standing<QMessageBox>().size() == 1; }));
+  finger.Release();
 }
 
 TEST(QtDialogs, TheFileDialogOfAnEditorBlocksItAloneAndANoticeOverItStays) {

@@ -1,0 +1,293 @@
+#include "desktop/windows/file_dialog_box.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QLayout>
+#include <QListView>
+#include <QPushButton>
+#include <QSortFilterProxyModel>
+#include <QStackedWidget>
+#include <QUrl>
+#include <algorithm>
+
+#include "desktop/windows/standing_box.h"
+
+namespace marlex {
+
+namespace {
+
+constexpr QSize kSize(840, 540);
+constexpr int kOlderNamesHeight = 120;
+
+/// "Text (*.ext)|*.ext" holds a description and its patterns, separated by ';'; Qt takes "Text
+/// (*.ext)".
+QStringList NameFilters(const std::string& filter) {
+  const QStringList parts = QString::fromStdString(filter).split('|');
+  QStringList filters;
+  for (qsizetype part = 0; part + 1 < parts.size(); part += 2) {
+    const QString description = parts[part].section('(', 0, 0).trimmed();
+    QString patterns = parts[part + 1];
+    filters.append(description + " (" + patterns.replace(';', ' ') + ")");
+  }
+  return filters;
+}
+
+QStringList PatternsOf(const std::string& filter) {
+  const QStringList parts = QString::fromStdString(filter).split('|');
+  QStringList patterns;
+  for (qsizetype part = 1; part < parts.size(); part += 2) patterns += parts[part].split(';');
+  return patterns;
+}
+
+/// The endings that the patterns of a filter ask for, as ".ext", and the default one.
+QStringList Endings(const FileDialog& dialog) {
+  QStringList endings = {'.' + QString::fromStdString(dialog.DefaultExtension)};
+  for (const QString& pattern : PatternsOf(dialog.Filter)) endings.append(pattern.mid(1));
+  return endings;
+}
+
+/// The text of the field that stands for these names.
+QString Typed(const QStringList& names) {
+  return names.size() == 1 ? names.front() : '"' + names.join("\" \"") + '"';
+}
+
+QFileDialog::FileMode ModeOf(const FileDialog& dialog) {
+  if (dialog.Save) return QFileDialog::AnyFile;
+  return dialog.AllowMultiselect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+}
+
+/// Leaves out names with a line end, which no settings file can hold.
+class OfferedNames : public QSortFilterProxyModel {
+ public:
+  using QSortFilterProxyModel::QSortFilterProxyModel;
+
+  /// The order of the model behind, which has directories first and sizes by number.
+  void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
+
+ protected:
+  bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
+    const QString name = sourceModel()->index(row, 0, parent).data().toString();
+    return !name.contains('\n') && !name.contains('\r');
+  }
+};
+
+template <class Part>
+Part& Find(QFileDialog& dialog, const char* name) {
+  return *dialog.findChild<Part*>(name);
+}
+
+}  // namespace
+
+FileDialogBox::FileDialogBox(QWidget* parent, const FileDialog& dialog,
+                             const FileDialogTexts& texts, const Directories& files,
+                             const PointersDown& pointers)
+    : QFileDialog(parent),
+      Texts(texts),
+      Files(files),
+      Pointers(pointers),
+      Patterns(PatternsOf(dialog.Filter)),
+      Known(Endings(dialog)),
+      OlderNames(*new QListWidget(this)) {
+  setObjectName("fileDialog");
+  setOption(DontUseNativeDialog);
+  setOption(ReadOnly);  // files are chosen here, never renamed or deleted
+  setProxyModel(new OfferedNames(this));
+  setAcceptMode(dialog.Save ? AcceptSave : AcceptOpen);
+  setFileMode(ModeOf(dialog));
+  setDefaultSuffix(QString::fromStdString(dialog.DefaultExtension));
+  setNameFilters(NameFilters(dialog.Filter));
+  setDirectory(QString::fromStdString(dialog.InitialDirectory));
+  resize(kSize);
+  LeaveOutWhatWaits();
+  KeepItsKeyWorking();
+  ListOlderNames();
+}
+
+/// The list outlives what it reports to, and reports once more as it goes.
+FileDialogBox::~FileDialogBox() { OlderNames.disconnect(this); }
+
+/// The menus of a right click hold nothing but what has no place here; the list of places asks
+/// about one that has gone.
+void FileDialogBox::LeaveOutWhatWaits() {
+  for (QAbstractItemView* list : findChildren<QAbstractItemView*>())
+    list->setContextMenuPolicy(Qt::PreventContextMenu);
+  auto& places = Find<QComboBox>(*this, "lookInCombo");
+  disconnect(&places, nullptr, this, nullptr);
+  connect(&places, &QComboBox::textActivated, this, [this, &places] {
+    constexpr int kUrlRole = Qt::UserRole + 1;  // as the toolkit keeps it
+    GoTo(places.currentData(kUrlRole).toUrl().toLocalFile());
+  });
+}
+
+void FileDialogBox::GoTo(const QString& folder) {
+  if (folder.isEmpty() || QFileInfo(folder).isDir()) return setDirectory(folder);
+  TellNotFound(folder);
+}
+
+/// The toolkit switches it off for a name that is not in its list as it is typed.
+void FileDialogBox::KeepItsKeyWorking() {
+  auto& keys = Find<QDialogButtonBox>(*this, "buttonBox");
+  QPushButton& key =
+      *keys.button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
+  connect(&Name(), &QLineEdit::textChanged, this,
+          [&key](const QString& name) { key.setEnabled(!name.isEmpty()); });
+}
+
+void FileDialogBox::ListOlderNames() {
+  OlderNames.setObjectName("olderNames");
+  OlderNames.setMaximumHeight(kOlderNamesHeight);
+  OlderNames.setSelectionMode(fileMode() == ExistingFiles ? QAbstractItemView::ExtendedSelection
+                                                          : QAbstractItemView::SingleSelection);
+  Find<QStackedWidget>(*this, "stackedWidget").parentWidget()->layout()->addWidget(&OlderNames);
+  connect(&OlderNames, &QListWidget::itemSelectionChanged, this, [this] { TakeOlderNames(); });
+  connect(&OlderNames, &QListWidget::itemActivated, this, [this] { accept(); });
+  connect(findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this,
+          [this] { ShowOlderNames(); });
+  ShowOlderNames();
+}
+
+void FileDialogBox::ShowOlderNames() {
+  const QDir folder = directory();
+  OlderNames.clear();
+  for (const QString& pattern : Patterns) {
+    for (const std::string& name : Files.List(folder.path().toStdString(), pattern.toStdString())) {
+      const QString shown = QString::fromStdString(name);
+      if (!folder.exists(shown)) OlderNames.addItem(shown);
+    }
+  }
+  OlderNames.setVisible(OlderNames.count() > 0);
+}
+
+void FileDialogBox::TakeOlderNames() {
+  QStringList names;
+  for (const QListWidgetItem* item : OlderNames.selectedItems()) names.append(item->text());
+  if (names.isEmpty()) return;
+  Find<QListView>(*this, "listView").clearSelection();
+  Name().setText(Typed(names));
+}
+
+void FileDialogBox::accept() {
+  delete Question;
+  const QStringList names = TypedNames();
+  const bool entered =
+      std::any_of(names.begin(), names.end(), [this](const QString& name) { return Enter(name); });
+  if (entered || names.isEmpty()) return;
+  if (acceptMode() == AcceptSave)
+    Save(names.front());
+  else
+    Open(names);
+}
+
+QLineEdit& FileDialogBox::Name() const { return *findChild<QLineEdit*>("fileNameEdit"); }
+
+/// One name, in quotes or without, or several to open, each in quotes.
+QStringList FileDialogBox::TypedNames() const {
+  const QString text = Name().text();
+  if (text.isEmpty()) return {};
+  if (!text.contains('"') || !FileToOpen(text).isEmpty()) return {text};
+  QStringList names;
+  if (acceptMode() == AcceptSave) {
+    const bool quoted = text.size() > 1 && text.startsWith('"') && text.endsWith('"');
+    names = {quoted ? text.mid(1, text.size() - 2) : text};
+  } else {
+    const QStringList parts = text.split('"');
+    for (qsizetype part = 1; part < parts.size(); part += 2) names.append(parts[part]);
+  }
+  names.removeAll("");
+  return names;
+}
+
+bool FileDialogBox::LacksExtension(const QString& name) const {
+  if (defaultSuffix().isEmpty()) return false;
+  return std::none_of(Known.begin(), Known.end(), [&name](const QString& ending) {
+    return name.endsWith(ending, Qt::CaseInsensitive);
+  });
+}
+
+QString FileDialogBox::PathOf(const QString& name) const {
+  const bool atHome = name == "~" || name.startsWith("~/");
+  const QString path = atHome ? QDir::homePath() + name.mid(1) : name;
+  return QDir::cleanPath(directory().absoluteFilePath(path));
+}
+
+/// The path of what the program would find under this one, as the disk spells it; empty where that
+/// is nothing.
+QString FileDialogBox::OnDisk(const QString& path) const {
+  if (QFileInfo::exists(path)) return path;
+  const QString name = QString::fromStdString(Files.Search(path.toStdString()));
+  if (name.isEmpty()) return "";
+  return QDir(OnDisk(QFileInfo(path).path())).filePath(name);
+}
+
+/// Goes to the folder of that name, where there is one.
+bool FileDialogBox::Enter(const QString& name) {
+  const QString folder = OnDisk(PathOf(name));
+  if (!QFileInfo(folder).isDir()) return false;
+  setDirectory(folder);
+  Name().clear();
+  return true;
+}
+
+void FileDialogBox::Save(const QString& name) {
+  const QString whole = LacksExtension(name) ? name + '.' + defaultSuffix() : name;
+  if (Enter(whole)) return;
+  const QString path = PathOf(whole);
+  const QString existing = OnDisk(path);
+  if (existing.isEmpty()) return Choose({path});
+  AskWhetherToReplace(existing);
+}
+
+void FileDialogBox::Open(const QStringList& names) {
+  QStringList paths;
+  for (const QString& name : names) {
+    paths.append(FileToOpen(name));
+    if (paths.back().isEmpty()) return TellNotFound(name);
+  }
+  Choose(paths);
+}
+
+/// Path of the file of that name, which may have the default extension besides; empty without one.
+QString FileDialogBox::FileToOpen(const QString& name) const {
+  QStringList names = {name};
+  if (LacksExtension(name)) names.prepend(name + '.' + defaultSuffix());
+  for (const QString& each : names) {
+    const QString path = OnDisk(PathOf(each));
+    if (!path.isEmpty() && !Files.HasDirectory(path.toStdString())) return path;
+  }
+  return "";
+}
+
+void FileDialogBox::Choose(const QStringList& paths) {
+  Chosen = paths;
+  QDialog::accept();
+}
+
+void FileDialogBox::TellNotFound(const QString& name) {
+  Ask(name, Texts.NotFound).addButton(QMessageBox::Ok);
+  LeaveStanding(Question, Pointers);
+}
+
+void FileDialogBox::AskWhetherToReplace(const QString& path) {
+  QMessageBox& question = Ask(QFileInfo(path).fileName(), Texts.Exists);
+  const QAbstractButton* replace =
+      question.addButton(QString::fromStdString(Texts.Replace), QMessageBox::AcceptRole);
+  QPushButton* cancel =
+      question.addButton(QString::fromStdString(Texts.Cancel), QMessageBox::RejectRole);
+  question.setDefaultButton(cancel);
+  question.setEscapeButton(cancel);
+  connect(&question, &QDialog::finished, this, [this, &question, replace, path] {
+    if (question.clickedButton() == replace) Choose({path});
+  });
+  LeaveStanding(&question, Pointers);
+}
+
+QMessageBox& FileDialogBox::Ask(const QString& name, const std::string& text) {
+  Question = MakeBox(QMessageBox::Warning, Texts.Caption, name.toStdString() + '\r' + text, this);
+  return *Question;
+}
+
+}  // namespace marlex

@@ -1,0 +1,52 @@
+#include "desktop/windows/standing_box.h"
+
+#include <QLayout>
+#include <QTimer>
+
+#include "desktop/windows/shown_text.h"
+
+namespace marlex {
+
+namespace {
+
+constexpr int kHeldStepMs = 20;
+constexpr QMargins kBoxMargins(20, 18, 20, 16);
+
+/// Whether one of the windows that the box would block stays free.
+bool WouldBlockAFreeOne(const QDialog& box) {
+  for (const QWidget* owner = box.parentWidget(); owner; owner = owner->parentWidget()) {
+    if (StaysFree(*owner)) return true;
+  }
+  return false;
+}
+
+void ShowWhenNothingIsHeld(QDialog* box, const QPointer<const PointersDown>& pointers) {
+  if (pointers && pointers->Any()) {
+    QTimer::singleShot(kHeldStepMs, box, [box, pointers] { ShowWhenNothingIsHeld(box, pointers); });
+    return;
+  }
+  box->show();
+  box->activateWindow();
+}
+
+}  // namespace
+
+bool StaysFree(const QWidget& window) { return window.property("staysFree").toBool(); }
+
+QMessageBox* MakeBox(QMessageBox::Icon icon, const std::string& caption, const std::string& body,
+                     QWidget* parent) {
+  auto* box = new QMessageBox(icon, ShownText(caption), ShownText(body), {}, parent);
+  box->setObjectName("messageBox");
+  box->setTextFormat(Qt::PlainText);
+  box->layout()->setContentsMargins(kBoxMargins);
+  return box;
+}
+
+void LeaveStanding(QDialog* box, const PointersDown& pointers) {
+  const bool blocks = box->parentWidget() && !WouldBlockAFreeOne(*box);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setWindowModality(blocks ? Qt::WindowModal : Qt::NonModal);
+  ShowWhenNothingIsHeld(box, &pointers);
+}
+
+}  // namespace marlex

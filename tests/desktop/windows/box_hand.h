@@ -1,0 +1,160 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <QtTest>
+#include <QtWidgets>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "desktop/files/directories.h"
+#include "desktop/process/qt_event_loop.h"
+#include "desktop/windows/qt_dialogs.h"
+
+namespace marlex {
+
+/// Boxes in English over the files of the disk.
+class EnglishBoxes : public QtDialogs {
+ public:
+  explicit EnglishBoxes(EventLoop& loop) : QtDialogs(loop, Disk) {
+    FileTexts = {.Caption = "Warning",
+                 .NotFound = "File not found",
+                 .Exists = "The file already exists. Replace it?",
+                 .Replace = "Replace",
+                 .Cancel = "Cancel"};
+  }
+
+  DiskDirectories Disk;
+};
+
+/// The dialog that a hand meets: the one that blocks others, else the one in front.
+inline QWidget* DialogInFront() {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  return qobject_cast<QDialog*>(QApplication::activeWindow());
+}
+
+/// The dialogs of type T that can be seen.
+template <class T>
+QList<T*> Standing() {
+  QList<T*> standing;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    auto* dialog = qobject_cast<T*>(window);
+    if (dialog && dialog->isVisible()) standing.append(dialog);
+  }
+  return standing;
+}
+
+/// Does `action` with the next dialog of type T that opens.
+template <class T>
+void WhenOpen(std::function<void(T&)> action) {
+  auto* watch = new QTimer(qApp);
+  QObject::connect(watch, &QTimer::timeout, [watch, action] {
+    auto* box = qobject_cast<T*>(DialogInFront());
+    if (!box || !box->isVisible()) return;
+    watch->deleteLater();
+    watch->stop();
+    action(*box);
+  });
+  watch->start(1);
+}
+
+struct Folder {
+  Folder() {
+    for (const char* name : {"a.sch", "b c.sch", "other.txt"}) Make(name);
+  }
+  /// The class that made the folder cannot remove a name that is no UTF-8.
+  ~Folder() { std::filesystem::remove_all(Place.path().toStdString()); }
+
+  void Make(const std::string& name) {
+    std::ofstream(Place.path().toStdString() + "/" + name) << "made";
+  }
+  FileDialog Asked(bool many) const {
+    return {"Schedules (*.sch)|*.sch", "sch", Place.path().toStdString() + "/", many};
+  }
+  QTemporaryDir Place;
+};
+
+/// What comes of a file dialog that is answered by `WhenOpen`.
+inline std::string Chosen(QtEventLoop& loop, QtDialogs& dialogs, const FileDialog& dialog) {
+  std::optional<std::string> chosen;
+  dialogs.LeaveOpen(dialog, [&](const std::string& result) { chosen = result; });
+  EXPECT_FALSE(chosen);  // nobody was held up
+  loop.PumpUntil([&] { return chosen.has_value(); });
+  return *chosen;
+}
+
+/// Types names into a file dialog and presses its key.
+inline void Choose(QFileDialog& box, const QString& names) {
+  const bool saves = box.acceptMode() == QFileDialog::AcceptSave;
+  auto& name = *box.findChild<QLineEdit*>("fileNameEdit");
+  box.activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+  name.setFocus();  // else the list would put its own choice in
+  name.setText(names);
+  static_cast<QDialog&>(box)
+      .findChild<QDialogButtonBox*>()
+      ->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open)
+      ->click();
+}
+
+/// Presses a key of a box by its caption.
+inline void Answer(QMessageBox& box, const QString& caption) {
+  for (QAbstractButton* key : box.buttons()) {
+    if (key->text().remove('&') == caption) return key->click();
+  }
+  ADD_FAILURE() << "no key " << caption.toStdString();
+}
+
+/// The one message box that stands.
+inline QMessageBox& StandingQuestion() {
+  const auto standing = Standing<QMessageBox>();
+  if (standing.size() != 1) throw std::runtime_error("There is not one question");
+  return *standing.front();
+}
+
+/// A folder with an operator who types names into its file dialogs.
+struct TypingFolder : Folder {
+  ~TypingFolder() {
+    for (QDialog* dialog : Standing<QDialog>()) dialog->close();
+  }
+
+  FileDialog Save(const std::string& extension) const {
+    FileDialog dialog = Asked(false);
+    dialog.DefaultExtension = extension;
+    dialog.Save = true;
+    return dialog;
+  }
+  FileDialog Open(bool many = false) const { return Asked(many); }
+
+  /// Opens a dialog and types a name.
+  QFileDialog& Type(const QString& name, const FileDialog& dialog) {
+    Result.reset();
+    Dialogs.LeaveOpen(dialog, [this](const std::string& result) { Result = result; });
+    const auto standing = Standing<QFileDialog>();
+    if (standing.size() != 1) throw std::runtime_error("There is not one file dialog");
+    Choose(*standing.front(), name);
+    return *standing.front();
+  }
+
+  /// Name of the file that comes of it; empty when the dialog was left without one.
+  std::string Chosen() {
+    Loop.PumpUntil([this] { return Result || !Standing<QMessageBox>().isEmpty(); });
+    if (!Result) return "? " + StandingQuestion().text().toStdString();
+    return QFileInfo(QString::fromStdString(*Result)).fileName().toStdString();
+  }
+  std::string Typed(const QString& name, const FileDialog& dialog) {
+    Type(name, dialog);
+    return Chosen();
+  }
+
+  QtEventLoop Loop;
+  EnglishBoxes Dialogs{Loop};
+  std::optional<std::string> Result;
+};
+
+}  // namespace marlex

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "desktop/windows/box_hand.h"
+#include "desktop/windows/desk.h"
+
+namespace marlex {
+
+/// The main window with a call key that writes down what it hears, and boxes over it.
+struct CallPlace : Desk {
+  CallPlace() {
+    Forms.frmMain.cmdCall.OnMouseDown = [this](MouseButton) { Heard += "down "; };
+    Forms.frmMain.cmdCall.OnMouseUp = [this](MouseButton) { Heard += "up "; };
+    Forms.frmMain.frRouting.Visible = true;
+    Forms.frmMain.frCall.Visible = false;
+    ShowMain();
+  }
+  ~CallPlace() {
+    for (QDialog* dialog : Standing<QDialog>()) dialog->close();
+  }
+
+  QPoint KeyPlace() {
+    auto& key = Find<QPushButton>("cmdCall");
+    return key.mapTo(&Screen.Main(), key.rect().center());
+  }
+  void Press() {
+    QTest::mousePress(Screen.Main().windowHandle(), Qt::LeftButton, {}, KeyPlace());
+    Settle();
+  }
+  void Release() {
+    QTest::mouseRelease(Screen.Main().windowHandle(), Qt::LeftButton, {}, KeyPlace());
+    Settle();
+  }
+
+  QtEventLoop BoxLoop;
+  EnglishBoxes Boxes{BoxLoop};
+  std::string Heard;
+};
+
+}  // namespace marlex

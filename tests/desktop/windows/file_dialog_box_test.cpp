@@ -1,0 +1,360 @@
+#include "desktop/windows/file_dialog_box.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "desktop/windows/box_hand.h"
+#include "desktop/windows/call_place.h"
+
+namespace marlex {
+namespace {
+
+TEST(FileDialogBox, AFileDialogIsSetAsAsked) {
+  Folder folder;
+  QtEventLoop loop;
+  EnglishBoxes dialogs(loop);
+  WhenOpen<QFileDialog>([&](QFileDialog& box) {
+    EXPECT_EQ(box.nameFilters(), QStringList("Schedules (*.sch)"));
+    EXPECT_EQ(box.defaultSuffix(), "sch");
+    EXPECT_EQ(box.directory().path(), folder.Place.path());
+    EXPECT_TRUE(box.testOption(QFileDialog::DontUseNativeDialog));
+    EXPECT_TRUE(box.testOption(QFileDialog::ReadOnly));
+    box.reject();
+  });
+  EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(true)), "");
+}
+
+TEST(FileDialogBox, OneFileComesBackAsItsPath) {
+  Folder folder;
+  QtEventLoop loop;
+  EnglishBoxes dialogs(loop);
+  WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "b c.sch"); });
+  EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(false)),
+            folder.Place.filePath("b c.sch").toStdString());
+}
+
+TEST(FileDialogBox, SeveralFilesComeBackAsDirectoryAndNames) {
+  Folder folder;
+  QtEventLoop loop;
+  EnglishBoxes dialogs(loop);
+  WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "\"a.sch\" \"b c.sch\""); });
+  EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(true)),
+            folder.Place.path().toStdString() + "/ a.sch b c.sch");
+}
+
+TEST(FileDialogBox, ANameThatIsSavedWithoutAnExtensionGetsTheDefaultOne) {
+  TypingFolder folder;
+  EXPECT_EQ(folder.Typed("day", folder.Save("seq")), "day.seq");
+  EXPECT_EQ(folder.Typed("day", folder.Save("lst")), "day.lst");
+  EXPECT_EQ(folder.Typed("late show", folder.Save("seq")), "late show.seq");
+  EXPECT_EQ(folder.Typed("Λίστα", folder.Save("lst")), "Λίστα.lst");
+  EXPECT_EQ(folder.Typed("day", folder.Save("")), "day");
+}
+
+TEST(FileDialogBox, ANameThatIsSavedWithAnExtensionKeepsIt) {
+  TypingFolder folder;
+  for (const char* name : {"day.sch", "day.seq", "DAY.SCH", "Day.Seq", "day.two.sch"})
+    EXPECT_EQ(folder.Typed(name, folder.Save("seq")), name);
+}
+
+TEST(FileDialogBox, APointInANameThatIsSavedIsNoExtension) {
+  TypingFolder folder;
+  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("lst")), "Vol. 2.lst");
+  EXPECT_EQ(folder.Typed("no.1", folder.Save("seq")), "no.1.seq");
+  EXPECT_EQ(folder.Typed("a.sch.old", folder.Save("seq")), "a.sch.old.seq");
+  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("")), "Vol. 2");
+  const QString whole = folder.Place.filePath("Vol. 3");
+  EXPECT_EQ(folder.Typed(whole, folder.Save("lst")), "Vol. 3.lst");
+}
+
+TEST(FileDialogBox, AFileThatTheExtensionMakesOfANameIsTakenAfterAQuestion) {
+  TypingFolder folder;
+  folder.Make("Vol. 2.sch");
+  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("sch")),
+            "? Vol. 2.sch\nThe file already exists. Replace it?");
+  Answer(StandingQuestion(), "Replace");
+  EXPECT_EQ(folder.Chosen(), "Vol. 2.sch");
+}
+
+TEST(FileDialogBox, QuotesAroundANameThatIsSavedComeOff) {
+  TypingFolder folder;
+  EXPECT_EQ(folder.Typed("\"Vol. 2\"", folder.Save("lst")), "Vol. 2.lst");
+  EXPECT_EQ(folder.Typed("\"day.sch\"", folder.Save("seq")), "day.sch");
+  EXPECT_EQ(folder.Typed("\"late show\"", folder.Save("")), "late show");
+  EXPECT_EQ(folder.Typed("\"A.SCH\"", folder.Save("sch")),
+            "? a.sch\nThe file already exists. Replace it?");
+}
+
+TEST(FileDialogBox, QuotesInsideANameAreOfTheName) {
+  TypingFolder folder;
+  EXPECT_EQ(folder.Typed("12\" mixes", folder.Save("lst")), "12\" mixes.lst");
+  EXPECT_EQ(folder.Typed("\"Best\" of \"Vol. 2\"", folder.Save("lst")), "Best\" of \"Vol. 2.lst");
+  folder.Make("12\" mixes.sch");
+  EXPECT_EQ(folder.Typed("12\" mixes.sch", folder.Open()), "12\" mixes.sch");
+}
+
+TEST(FileDialogBox, TwoQuotesAloneAreNoName) {
+  TypingFolder folder;
+  QFileDialog& box = folder.Type("\"\"", folder.Save("lst"));
+  EXPECT_TRUE(box.isVisible());
+  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+}
+
+TEST(FileDialogBox, AFolderThatIsTypedIsEnteredAndNoName) {
+  for (const char* typed : {"Vol. 2", "VOL. 2", "\"Vol. 2\"", "Vol. 2/"}) {
+    TypingFolder folder;
+    ASSERT_TRUE(QDir(folder.Place.path()).mkdir("Vol. 2"));
+    QFileDialog& box = folder.Type(typed, folder.Save("lst"));
+    EXPECT_EQ(box.directory().dirName(), "Vol. 2") << typed;
+    Choose(box, "b");
+    EXPECT_EQ(folder.Chosen(), "b.lst");
+    EXPECT_EQ(folder.Result, folder.Place.filePath("Vol. 2/b.lst").toStdString());
+  }
+}
+
+TEST(FileDialogBox, TwoPointsLeadToTheFolderAbove) {
+  TypingFolder folder;
+  QFileDialog& box = folder.Type("..", folder.Open());
+  EXPECT_EQ(box.directory().path(), QFileInfo(folder.Place.path()).path());
+}
+
+TEST(FileDialogBox, ANameThatIsOpenedWithoutAnExtensionIsSoughtWithTheDefaultOne) {
+  TypingFolder folder;
+  EXPECT_EQ(folder.Typed("a", folder.Asked(false)), "a.sch");
+}
+
+TEST(FileDialogBox, ANameThatIsOpenedIsFoundInAnyCase) {
+  TypingFolder folder;
+  for (const char* typed : {"A.SCH", "a.Sch", "A", "\"A.SCH\""})
+    EXPECT_EQ(folder.Typed(typed, folder.Open()), "a.sch") << typed;
+  folder.Type("\"A.SCH\" \"B C.sch\"", folder.Open(true));
+  folder.Chosen();
+  EXPECT_EQ(folder.Result, folder.Place.path().toStdString() + "/ a.sch b c.sch");
+  folder.Make("A.sch");
+  EXPECT_EQ(folder.Typed("A.sch", folder.Open()), "A.sch") << "the exact one wins";
+}
+
+TEST(FileDialogBox, APointInANameThatIsOpenedIsNoExtension) {
+  TypingFolder folder;
+  folder.Make("Vol. 2.sch");
+  EXPECT_EQ(folder.Typed("vol. 2", folder.Open()), "Vol. 2.sch");
+}
+
+TEST(FileDialogBox, AFileThatIsNotThereIsNotOpened) {
+  TypingFolder folder;
+  for (const char* typed : {"c.sch", "c", "no such folder/a.sch"}) {
+    QFileDialog& box = folder.Type(typed, folder.Open());
+    EXPECT_EQ(StandingQuestion().text(), QString(typed) + "\nFile not found");
+    EXPECT_EQ(StandingQuestion().windowTitle(), "Warning");
+    Answer(StandingQuestion(), "OK");
+    EXPECT_TRUE(box.isVisible());
+    Choose(box, "a.sch");
+    EXPECT_EQ(folder.Chosen(), "a.sch");
+  }
+  folder.Type("\"a.sch\" \"c.sch\"", folder.Open(true));
+  EXPECT_EQ(StandingQuestion().text(), "c.sch\nFile not found");
+}
+
+TEST(FileDialogBox, TheNameOfAFileThatExistsIsTakenAfterAQuestion) {
+  TypingFolder folder;
+  const std::string question = "? a.sch\nThe file already exists. Replace it?";
+  EXPECT_EQ(folder.Typed("a", folder.Save("sch")), question);
+  Answer(StandingQuestion(), "Replace");
+  EXPECT_EQ(folder.Chosen(), "a.sch");
+  QFileDialog& box = folder.Type("a.sch", folder.Save("sch"));
+  EXPECT_EQ(folder.Chosen(), question);
+  Answer(StandingQuestion(), "Cancel");
+  EXPECT_TRUE(box.isVisible());
+  EXPECT_FALSE(folder.Result);
+  Choose(box, "b.sch");
+  EXPECT_EQ(folder.Chosen(), "b.sch");
+}
+
+TEST(FileDialogBox, AQuestionThatIsLeftReplacesNothing) {
+  TypingFolder folder;
+  QFileDialog& box = folder.Type("a.sch", folder.Save("sch"));
+  EXPECT_EQ(StandingQuestion().defaultButton()->text(), "Cancel");
+  QTest::keyClick(&StandingQuestion(), Qt::Key_Escape);
+  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+  EXPECT_TRUE(box.isVisible());
+  EXPECT_FALSE(folder.Result);
+}
+
+TEST(FileDialogBox, ANameInAnotherCaseIsThatOfTheFileThatExists) {
+  TypingFolder folder;
+  EXPECT_EQ(folder.Typed("A.SCH", folder.Save("sch")),
+            "? a.sch\nThe file already exists. Replace it?");
+  Answer(StandingQuestion(), "Replace");
+  EXPECT_EQ(folder.Chosen(), "a.sch");
+}
+
+/// "München", as a desk of code page 1252 wrote it.
+constexpr const char* kOldName = "M\xFCnchen.sch";
+
+TEST(FileDialogBox, ANameInACodePageIsTakenAfterAQuestion) {
+  TypingFolder folder;
+  folder.Make(kOldName);
+  EXPECT_EQ(folder.Typed("münchen", folder.Save("sch")),
+            "? München.sch\nThe file already exists. Replace it?");
+  Answer(StandingQuestion(), "Replace");
+  EXPECT_EQ(folder.Chosen(), "München.sch");
+}
+
+TEST(FileDialogBox, ANameInACodePageIsOpenedAsItIsTyped) {
+  TypingFolder folder;
+  folder.Make(kOldName);
+  EXPECT_EQ(folder.Typed("münchen", folder.Open()), "München.sch");
+  ASSERT_EQ(::mkdir((folder.Place.path().toStdString() + "/M\xFCnchen").c_str(), 0700), 0);
+  EXPECT_EQ(folder.Typed("münchen/day.sch", folder.Open()), "? münchen/day.sch\nFile not found");
+  Answer(StandingQuestion(), "OK");
+  folder.Make("M\xFCnchen/Day.sch");
+  Choose(*Standing<QFileDialog>().front(), "münchen/day.sch");
+  EXPECT_EQ(folder.Chosen(), "Day.sch");
+  EXPECT_TRUE(folder.Dialogs.Disk.Search(*folder.Result) == "Day.sch") << *folder.Result;
+}
+
+QStringList NamesIn(const QListWidget& list) {
+  QStringList names;
+  for (int row = 0; row < list.count(); ++row) names += list.item(row)->text();
+  return names;
+}
+
+TEST(FileDialogBox, NamesInACodePageAreListedAndPicked) {
+  TypingFolder folder;
+  folder.Make(kOldName);
+  folder.Make("M\xFCnchen.txt");
+  QFileDialog& box = folder.Type("", folder.Open());
+  auto& list = *box.findChild<QListWidget*>("olderNames");
+  EXPECT_TRUE(list.isVisible());
+  ASSERT_EQ(NamesIn(list), QStringList("München.sch"));
+  const QPoint name = list.visualItemRect(list.item(0)).center();
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, name);
+  EXPECT_EQ(box.findChild<QLineEdit*>("fileNameEdit")->text(), "München.sch");
+  QTest::keyClick(&list, Qt::Key_Return);
+  EXPECT_EQ(folder.Chosen(), "München.sch");
+}
+
+TEST(FileDialogBox, SeveralNamesInACodePageArePickedTogether) {
+  TypingFolder folder;
+  folder.Make(kOldName);
+  folder.Make("\xC4rger.sch");
+  QFileDialog& box = folder.Type("", folder.Open(true));
+  auto& list = *box.findChild<QListWidget*>("olderNames");
+  list.selectAll();
+  static_cast<QDialog&>(box)
+      .findChild<QDialogButtonBox*>()
+      ->button(QDialogButtonBox::Open)
+      ->click();
+  folder.Chosen();
+  const QString place = folder.Place.path();
+  EXPECT_EQ(folder.Result, (place + "/ München.sch Ärger.sch").toStdString());
+}
+
+TEST(FileDialogBox, TheListOfNamesInACodePageIsThatOfTheFolder) {
+  TypingFolder folder;
+  ASSERT_TRUE(QDir(folder.Place.path()).mkdir("older"));
+  folder.Make("older/M\xFCnchen.sch");
+  QFileDialog& box = folder.Type("", folder.Open());
+  auto& list = *box.findChild<QListWidget*>("olderNames");
+  EXPECT_FALSE(list.isVisible());
+  Choose(box, "older");
+  EXPECT_TRUE(list.isVisible());
+  EXPECT_EQ(NamesIn(list), QStringList("München.sch"));
+  Choose(box, "..");
+  EXPECT_FALSE(list.isVisible());
+}
+
+TEST(FileDialogBox, APlaceThatHasGoneIsToldOf) {
+  TypingFolder folder;
+  ASSERT_TRUE(QDir(folder.Place.path()).mkdir("stick"));
+  QFileDialog& box = folder.Type("stick", folder.Open());
+  ASSERT_TRUE(QDir(folder.Place.path()).rmdir("stick"));
+  auto& places = *box.findChild<QComboBox*>("lookInCombo");
+  places.showPopup();
+  places.hidePopup();
+  emit places.textActivated(places.currentText());
+  EXPECT_EQ(StandingQuestion().text(), folder.Place.filePath("stick") + "\nFile not found");
+  EXPECT_EQ(StandingQuestion().windowModality(), Qt::WindowModal);
+}
+
+TEST(FileDialogBox, APlaceThatIsChosenIsEntered) {
+  TypingFolder folder;
+  ASSERT_TRUE(QDir(folder.Place.path()).mkdir("stick"));
+  QFileDialog& box = folder.Type("stick", folder.Open());
+  auto& places = *box.findChild<QComboBox*>("lookInCombo");
+  places.showPopup();
+  places.setCurrentIndex(1);  // the places run from the inside out
+  places.hidePopup();
+  emit places.textActivated(places.currentText());
+  EXPECT_EQ(box.directory().path(), folder.Place.path());
+}
+
+TEST(FileDialogBox, ARightClickOpensNoMenuInWhichTheProgramWaits) {
+  TypingFolder folder;
+  QFileDialog& box = folder.Type("", folder.Open());
+  int menus = 0;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&menus] {
+    if (QWidget* menu = QApplication::activePopupWidget()) {
+      ++menus;
+      menu->close();
+    }
+  });
+  look.start(1);
+  for (QAbstractScrollArea* part : box.findChildren<QAbstractScrollArea*>()) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, part->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(part->viewport(), &event);
+    QTest::qWait(5);
+  }
+  EXPECT_EQ(menus, 0);
+}
+
+TEST(FileDialogBox, NamesWithALineEndAreNotOffered) {
+  TypingFolder folder;
+  folder.Make("two\nlines.sch");
+  ASSERT_TRUE(QDir(folder.Place.path()).mkdir("zone"));
+  const QStringList offered{"zone", "a.sch", "b c.sch"};  // directories come first
+  QStringList names;
+  WhenOpen<QFileDialog>([&](QFileDialog& box) {
+    const auto* list = box.findChild<QListView*>("listView");
+    QElapsedTimer waited;
+    waited.start();
+    while (names != offered && waited.elapsed() < 30'000) {
+      QApplication::processEvents();
+      names.clear();
+      for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+        names += list->model()->index(row, 0, list->rootIndex()).data().toString();
+    }
+    box.reject();
+  });
+  Chosen(folder.Loop, folder.Dialogs, folder.Asked(true));
+  EXPECT_EQ(names, offered);
+}
+
+TEST(FileDialogBox, FileDialogsWriteNothingIntoTheOperatorsConfiguration) {
+  TypingFolder folder;
+  QPointer<QFileDialog> dialog;
+  WhenOpen<QFileDialog>([&](QFileDialog& box) {
+    dialog = &box;
+    Choose(box, "a.sch");
+  });
+  Chosen(folder.Loop, folder.Dialogs, folder.Asked(true));
+  folder.Loop.PumpUntil([&] { return dialog.isNull(); });  // it keeps its looks when it goes
+  const QDir configuration(qEnvironmentVariable("XDG_CONFIG_HOME"));
+  EXPECT_TRUE(configuration.exists());
+  EXPECT_EQ(configuration.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+}
+
+TEST(FileDialogBox, ASaveDialogThatIsLeftGivesNoName) {
+  TypingFolder folder;
+  WhenOpen<QFileDialog>([](QFileDialog& box) {
+    EXPECT_EQ(box.acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(box.fileMode(), QFileDialog::AnyFile);
+    box.findChild<QLineEdit*>("fileNameEdit")->setText("day");
+    box.reject();
+  });
+  EXPECT_EQ(Chosen(folder.Loop, folder.Dialogs, folder.Save("seq")), "");
+}
+
+}  // namespace
+}  // namespace marlex
