@@ -12,6 +12,11 @@ using testing::ElementsAre;
 
 constexpr int kMusicZones = 128 + 3;
 
+bool OpenNotice(Desk& desk) {
+  return desk.Click("mnuAbout") && desk.Click("mnuAdresses") &&
+         desk.Await("QMessageBox", "visible", "yes");
+}
+
 /// A desk whose windows are kept by a manager, which gives each new window the focus.
 class ManagedDesk : public Desk {
  public:
@@ -40,8 +45,12 @@ class ManagedDesk : public Desk {
     return testing::AssertionSuccess();
   }
 
-  bool OpenNotice() {
-    return Click("mnuAbout") && Click("mnuAdresses") && Await("QMessageBox", "visible", "yes");
+  bool AskForAFileThatIsNotThere() {
+    if (!Click("mnuFile") || !Click("mnuOpen")) return false;
+    if (!Await("fileDialog", "visible", "yes") || !Click("fileNameEdit")) return false;
+    for (const char* letter : {"n", "o", "n", "e"}) Display->Key(letter);
+    Display->Key("Return");
+    return Await("QMessageBox", "text", "none\nFile not found");
   }
 
  private:
@@ -59,7 +68,7 @@ TEST(WindowManager, ItsCloseOfTheMainWindowIsTheExit) {
 TEST(WindowManager, ItsCloseIsNotRefusedWhileANoticeStands) {
   ManagedDesk desk(TwoSongs(40));
   ASSERT_TRUE(desk.AwaitBytes(1));
-  ASSERT_TRUE(desk.OpenNotice());
+  ASSERT_TRUE(OpenNotice(desk));
   ASSERT_TRUE(desk.CloseMainWindow());
   EXPECT_TRUE(desk.HasLeft());
 }
@@ -74,10 +83,59 @@ TEST(WindowManager, ItsCloseIsNotRefusedWhileAFileDialogStands) {
   EXPECT_TRUE(desk.HasLeft());
 }
 
+TEST(WindowManager, ItsCloseIsNotRefusedWhileAQuestionAboutAFileStands) {
+  ManagedDesk desk(TwoSongs(40));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.AskForAFileThatIsNotThere());
+  ASSERT_TRUE(desk.CloseMainWindow());
+  EXPECT_TRUE(desk.HasLeft());
+}
+
+TEST(WindowManager, AQuestionAboutAFileDoesNotBarTheCallKey) {
+  ManagedDesk desk(TwoSongs(40));
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.AskForAFileThatIsNotThere());
+  ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
+  EXPECT_TRUE(desk.AwaitText("frmMain.cmdCall", "Speak"));
+  desk.Display->Release();
+  EXPECT_TRUE(desk.AwaitText("frmMain.cmdCall", "Call"));
+  EXPECT_EQ(desk.Window->Read("QMessageBox", "visible"), "yes");
+}
+
+/// The operator speaks, and another program takes the keyboard: the release might never come.
+void ExpectTheCallToEnd(Desk& desk, stage::ForeignWindow::Kind kind) {
+  ASSERT_TRUE(desk.AwaitBytes(1));
+  ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
+  ASSERT_TRUE(desk.AwaitText("frmMain.cmdCall", "Speak"));
+  const auto other = desk.Display->Open(kind);
+  ASSERT_TRUE(stage::WaitUntil([&] { return other->HasKeyboard(); }, 30));
+  EXPECT_TRUE(desk.AwaitText("frmMain.cmdCall", "Call"));
+  EXPECT_TRUE(desk.AwaitLastByte(kMusicZones));
+  desk.Display->Release();
+}
+
+TEST(WindowManager, AWindowOfAnotherProgramEndsACall) {
+  ManagedDesk desk(TwoSongs(40));
+  ExpectTheCallToEnd(desk, stage::ForeignWindow::Kind::Plain);
+}
+
+TEST(WindowManager, TheLockOfTheScreenEndsACall) {
+  ManagedDesk desk(TwoSongs(40));
+  ExpectTheCallToEnd(desk, stage::ForeignWindow::Kind::Lock);
+}
+
+/// Without a manager a click takes the keyboard from no window: it is the notice that loses it.
+TEST(WindowManager, TheLockEndsACallAlsoWhileANoticeHasTheKeyboard) {
+  Desk desk(TwoSongs(40), WithMicrophone());
+  desk.Start();
+  ASSERT_TRUE(OpenNotice(desk));
+  ExpectTheCallToEnd(desk, stage::ForeignWindow::Kind::Lock);
+}
+
 TEST(WindowManager, ANoticeDoesNotBarTheCallKey) {
   ManagedDesk desk(TwoSongs(40));
   ASSERT_TRUE(desk.AwaitBytes(1));
-  ASSERT_TRUE(desk.OpenNotice());
+  ASSERT_TRUE(OpenNotice(desk));
   ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
   EXPECT_TRUE(desk.AwaitText("frmMain.cmdCall", "Speak"));
   desk.Display->Release();

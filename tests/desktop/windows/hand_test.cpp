@@ -299,6 +299,15 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsReleaseIsLost) {
       "window hides", [this] { Window().hide(); }, [this] { Window().show(); });
 }
 
+/// Another window of the program may have the keyboard, a notice for one: then the window of the
+/// key hears nothing when the screen is locked.
+TEST_P(HandOnCallKey, AKeyIsReleasedWhenTheProgramIsLeft) {
+  for (const auto left : {Qt::ApplicationInactive, Qt::ApplicationHidden, Qt::ApplicationSuspended})
+    ExpectReleased(
+        "the program is left", [left] { emit qGuiApp->applicationStateChanged(left); },
+        [] { emit qGuiApp->applicationStateChanged(Qt::ApplicationActive); });
+}
+
 TEST_P(HandOnCallKey, AKeyStaysDownWhenTheKeyboardGoesToAZone) {
   Main.frRouting.Visible = true;
   Place.Settle();

@@ -6,8 +6,6 @@
 
 #include <stdexcept>
 
-#include "window_manager.h"
-
 namespace marlex::stage {
 namespace {
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "child_process.h"
+#include "window_manager.h"
 
 namespace marlex::stage {
 
@@ -34,6 +35,11 @@ class VirtualDisplay {
   /// Asks the window of a title to close, as a window manager does for the cross in its frame.
   /// False when there is no such window.
   bool CloseWindow(const std::string& title);
+
+  /// Opens a window of another program, which stands as long as the result.
+  std::unique_ptr<ForeignWindow> Open(ForeignWindow::Kind kind) {
+    return std::make_unique<ForeignWindow>(Name, kind);
+  }
 
   void Key(const std::string& name);  // as xdotool names keys: "Return", "Escape", "alt+F4"
 

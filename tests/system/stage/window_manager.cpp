@@ -71,4 +71,36 @@ bool CloseWindow(const std::string& display, const std::string& title) {
   return true;
 }
 
+ForeignWindow::ForeignWindow(const std::string& display, Kind kind)
+    : Server(xcb_connect(display.c_str(), nullptr)), Window(0), Locks(kind == Kind::Lock) {
+  if (xcb_connection_has_error(Server)) return;
+  constexpr uint16_t kSide = 300;
+  const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(Server)).data;
+  const uint16_t width = Locks ? screen.width_in_pixels : kSide;
+  const uint16_t height = Locks ? screen.height_in_pixels : kSide;
+  const uint32_t noManager = Locks ? 1 : 0;
+  Window = xcb_generate_id(Server);
+  xcb_create_window(Server, XCB_COPY_FROM_PARENT, Window, screen.root, 0, 0, width, height, 0,
+                    XCB_WINDOW_CLASS_INPUT_OUTPUT, screen.root_visual, XCB_CW_OVERRIDE_REDIRECT,
+                    &noManager);
+  xcb_map_window(Server, Window);
+  if (Locks) {
+    const auto reply =
+        Own(xcb_grab_keyboard_reply(Server,
+                                    xcb_grab_keyboard(Server, 0, Window, XCB_CURRENT_TIME,
+                                                      XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                                    nullptr));
+    Grabbed = reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+  }
+  xcb_flush(Server);
+}
+
+ForeignWindow::~ForeignWindow() { xcb_disconnect(Server); }
+
+bool ForeignWindow::HasKeyboard() const {
+  if (Locks) return Grabbed;
+  const auto reply = Own(xcb_get_input_focus_reply(Server, xcb_get_input_focus(Server), nullptr));
+  return reply && reply->focus == Window;
+}
+
 }  // namespace marlex::stage

@@ -1,11 +1,32 @@
 #pragma once
 
+#include <memory>
 #include <string>
+
+struct xcb_connection_t;
 
 namespace marlex::stage {
 
 /// Sends the window of a title on a display the message by which a window manager asks it to close.
 /// False when the display has no such window.
 bool CloseWindow(const std::string& display, const std::string& title);
+
+/// A window of another program, which takes the keyboard: for itself as any window does, or from
+/// the whole screen as a lock does, which asks no window manager. Its end gives the keyboard back.
+class ForeignWindow {
+ public:
+  enum class Kind { Plain, Lock };
+  ForeignWindow(const std::string& display, Kind kind);
+  ~ForeignWindow();
+
+  /// Whether it has the keyboard.
+  bool HasKeyboard() const;
+
+ private:
+  xcb_connection_t* Server;
+  unsigned Window;
+  bool Locks;
+  bool Grabbed = false;
+};
 
 }  // namespace marlex::stage
