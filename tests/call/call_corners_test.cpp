@@ -72,7 +72,7 @@ TEST(ReleaseThenTakeover, InTheWaitForThePreChimesEndNothingIsKept) {
 
 /// Where the word for closing is no command of the player, the chime goes on to its end, and the
 /// release with it. If the takeover is over by then, it restores as if nothing had been.
-TEST(ReleaseThenTakeover, InTheWaitForAChimeThatCannotBeClosedTheReleaseRestoresAfterAShortOne) {
+TEST(ReleaseThenTakeover, AChimeThatCannotBeClosedRestoresAfterAShortOne) {
   DeskOptions options = CallDesk::Chimes();
   options.Language = "Italian";
   CallDesk desk(options);
@@ -109,7 +109,7 @@ TEST(ReleaseThenTakeover, InThePostChimeTheMusicStaysPaused) {
   ExpectWholeCall(desk);
 }
 
-TEST(ReleaseThenTakeover, InTheFadeBackTheCallEndsAndTheMusicComesBackWithTheTakeoversEnd) {
+TEST(ReleaseThenTakeover, InTheFadeBackTheMusicReturnsWithTheTakeoversEnd) {
   CallDesk desk;
   desk.PressAt(0);
   desk.ReleaseAt(5000);
@@ -126,7 +126,7 @@ TEST(ReleaseThenTakeover, InTheFadeBackTheCallEndsAndTheMusicComesBackWithTheTak
 
 /// A call that is dropped in its chime leaves the chime sounding and the music paused: nothing of
 /// that counts as running, so that a call of the amplifier takes nothing over.
-TEST(KeptRelease, ACallOfTheAmplifierOverTheChimeOfACallThatItDropsMutesNothing) {
+TEST(KeptRelease, ACallOfTheAmplifierOverADroppedCallsChimeMutesNothing) {
   CallDesk desk(DeskOptions{});
   desk.PressAt(0);
   desk.ReleaseAt(5000);

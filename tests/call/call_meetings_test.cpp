@@ -22,7 +22,7 @@ DeskOptions WithRow(const std::string& timer = "Exact") {
 /// Lets the tick see the row, and a fade pass if there is music.
 void ReachRow(CallDesk& desk) { desk.RunTo(12, 1, 2); }
 
-TEST(CallMeetsMessage, ThatPlaysOverMusicItIsCutOffAndTheMusicComesBackWithTheCallsEnd) {
+TEST(CallMeetsMessage, OverMusicIsCutOffAndTheMusicReturnsWithTheCallsEnd) {
   CallDesk desk(WithRow());
   ReachRow(desk);
   ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
@@ -91,7 +91,7 @@ TEST(CallMeetsMessage, ARowThatFallsIntoACallIsLost) {
   EXPECT_EQ(desk.Alive(), kAllAlive);
 }
 
-TEST(CallMeetsMessage, AMessageThatWaitsForTheSongsEndIsDroppedAndTheBreakPlaysNothing) {
+TEST(CallMeetsMessage, AMessageThatWaitsForTheSongsEndIsDropped) {
   CallDesk desk(WithRow("Between"));
   ReachRow(desk);
   ASSERT_TRUE(desk.State().MessageAwaitingSongEnd);
@@ -206,7 +206,7 @@ TEST(CallMeetsTakeover, InTheInstantOfThePressItNeverOpensTheMicrophone) {
   }
 }
 
-TEST(CallMeetsMessage, AReleaseInTheInstantOfThePressOverItsFadeNeverOpensTheMicrophone) {
+TEST(CallMeetsMessage, AReleaseInTheInstantOfThePressOpensNoMicrophone) {
   CallDesk desk(WithRow());
   while (!desk.State().FadeRunning) desk.Advance(1);
   desk.Advance(100);
@@ -254,7 +254,7 @@ TEST(CallMeetsNothing, AChimeThatIsNotThereHoldsNobodyUp) {
   EXPECT_EQ(desk.Alive(), kAllAlive);
 }
 
-TEST(CallMeetsNothing, WithoutAFadeTimeTheMusicIsPausedAtOnceAndComesBackAtItsVolume) {
+TEST(CallMeetsNothing, WithoutAFadeTimeTheMusicPausesAndReturnsAtOnce) {
   CallDesk desk(DeskOptions{});
   desk.Values().FadeTime = 0;
   desk.PressAt(0);

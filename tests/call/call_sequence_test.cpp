@@ -90,7 +90,7 @@ TEST(CallSequence, TheLampsFlashTogetherWhileTheCallIsPrepared) {
   EXPECT_EQ(lamps, "-g-g-g-g-g-g");
 }
 
-TEST(CallSequence, AQuickClickWithAPreChimePlaysItToItsEndAndNeverOpensTheMicrophone) {
+TEST(CallSequence, AQuickClickPlaysThePreChimeAndOpensNoMicrophone) {
   CallDesk desk(CallDesk::Chimes(), kSilent);
   desk.PressAt(0);
   desk.ReleaseAt(100);
@@ -104,7 +104,7 @@ TEST(CallSequence, AQuickClickWithAPreChimePlaysItToItsEndAndNeverOpensTheMicrop
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
-TEST(CallSequence, AQuickClickWithMusicTurnsTheFadeRoundAndTellsTheAmplifierNothing) {
+TEST(CallSequence, AQuickClickWithMusicTurnsTheFadeAndSendsNothing) {
   CallDesk desk;
   desk.PressAt(0);
   desk.ReleaseAt(200);
@@ -134,7 +134,7 @@ TEST(CallSequence, AKeyThatIsHeldPastTheChimeWaitsAndThenSpeaks) {
   }
 }
 
-TEST(CallSequence, TheFirstOneWithoutAPreChimeAndAWavBeforeItLosesItsPostChimeAndSoDoTheNext) {
+TEST(CallSequence, TheFirstOneWithoutAPreChimeLosesItsPostChime) {
   CallDesk desk({.PostChime = "gong"}, kSilent);
   for (const int time : {0, 2000, 4000}) {
     desk.PressAt(time);
@@ -146,7 +146,7 @@ TEST(CallSequence, TheFirstOneWithoutAPreChimeAndAWavBeforeItLosesItsPostChimeAn
   EXPECT_TRUE(desk.State().CallEndedDuringChime);
 }
 
-TEST(CallSequence, AReleaseThatWasKeptIsTakenForThatOfTheNextPreChimeAndThenForgotten) {
+TEST(CallSequence, AKeptReleaseIsTakenForThatOfTheNextPreChime) {
   CallDesk desk({.PostChime = "gong"}, kSilent);
   desk.PressAt(0);
   desk.ReleaseAt(1000);
@@ -364,7 +364,7 @@ TEST(CallSequence, APressBelongsToItsOwnCall) {
   }
 }
 
-TEST(CallSequence, AReleaseInTheSameInstantSoundsNoPostChimeAndLeavesTheMusicAlone) {
+TEST(CallSequence, AReleaseInTheSameInstantSoundsNoPostChime) {
   CallDesk desk({.Sequences = {{}}, .PostChime = "gong"});
   desk.RunTo(12, 1, 30);  // a message has ended
   desk.Pc.Journal.Clear();

@@ -109,7 +109,7 @@ TEST(CallMeetsSettings, AChangeToTheOtherAmplifierInItsMidstLetsItEndWithoutAByt
 }
 
 /// As long as the amplifier held the outputs only it could give them back.
-TEST(CallMeetsSettings, AChangeToTheOtherAmplifierUnderATakeoverOfTheSpeechKeepsTheMicrophoneShut) {
+TEST(CallMeetsSettings, ChangingTheAmplifierUnderATakeoverKeepsTheMicrophoneShut) {
   CallDesk desk;
   desk.PressAt(0);
   desk.AdvanceTo(3000);

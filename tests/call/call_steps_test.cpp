@@ -108,7 +108,7 @@ TEST(CallSteps, AChimeOverMusicUnderAMessageIsNoMessageAnyMore) {
   EXPECT_EQ(desk.Heard(), "wav chime.wav at 20000");
 }
 
-TEST(CallSteps, WithoutAPreChimeTheLineOfMusicAndMessagesIsMutedTooInTheSpeech) {
+TEST(CallSteps, WithoutAPreChimeTheWaveLineIsMutedInTheSpeechToo) {
   for (const auto music : {CallDesk::Music::Plays, kSilent}) {
     CallDesk desk(DeskOptions{}, music);
     desk.Click("cmdPlay");  // opens the line

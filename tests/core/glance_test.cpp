@@ -102,7 +102,7 @@ TEST(Glance, TellsATakeoverOutOfACallAndOutOfAMessage) {
   EXPECT_EQ(Now(other), "amplifier: Higher priority call in progress");
 }
 
-TEST(Glance, TellsATakeoverUntilTheAmplifierEndsItWhateverLevelComesMeanwhile) {
+TEST(Glance, ShowsATakeoverUntilItsEndWhateverLevelComesMeanwhile) {
   SpotDesk desk({.Priority = "High"});
   desk.Status(128);
   desk.Status(64);
@@ -218,7 +218,7 @@ TEST(Glance, SaysThatTheScheduleStandsStillAfterACallThatWasTakenOver) {
   EXPECT_EQ(Next(desk), "|");  // none is left today
 }
 
-TEST(Glance, SaysThatTheScheduleStandsStillUnderARowWhoseWaitEndsWithNoSong) {
+TEST(Glance, SaysThatTheScheduleHaltsUnderARowThatWaitsForNoSong) {
   std::vector<Sequence> rows = At("12", {"01"});
   rows.front().Timer = "Between";
   rows.push_back({"later.sch", "later", "13", "01"});
@@ -250,7 +250,7 @@ TEST(Glance, PromisesARowInAFadeAndInAMessageThoughTheTickIsOff) {
   }
 }
 
-TEST(Glance, PromisesNoRowThatWaitsForTheBreakOnceACallHasDroppedItsMessages) {
+TEST(Glance, PromisesNoWaitingRowWhoseMessagesACallHasDropped) {
   std::vector<Sequence> rows = At("12", {"01", "02"});
   rows.front().Timer = "Between";
   SpotDesk desk({.Sequences = rows});

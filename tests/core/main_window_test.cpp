@@ -125,7 +125,7 @@ TEST(MainWindow, SkipAndStopAreOnOnlyWhenTheStartHasBroughtMusic) {
   EXPECT_TRUE(playing.Enabled("cmdStop"));
 }
 
-TEST(MainWindow, MusicThatStartsWithTheProgramFindsThePortOpenAndItsZonesPainted) {
+TEST(MainWindow, MusicThatStartsWithTheProgramFindsThePortOpen) {
   Desk desk({.Music = {{"march"}}, .Autostart = "True"});
   desk.Advance(1000);
   EXPECT_EQ(desk.Journal(),
@@ -247,7 +247,7 @@ TEST(MainWindow, WithAMicrophoneTheCallRowStands) {
   EXPECT_EQ(desk.Main().lblMusic.Top, 840);
 }
 
-TEST(MainWindow, WhatTheMissingMicrophoneTookDoesNotComeBackWhileTheProgramRuns) {
+TEST(MainWindow, WhatAMissingMicrophoneTookStaysAwayUntilTheNextStart) {
   Desk desk({.Microphone = false});
   desk.Sys->Mixer.MicLine = 2;
   desk.Do([&] { desk.Sys->TheMainWindow.ArrangeCallControls(); });
@@ -299,7 +299,7 @@ TEST(MainWindow, TheFrameOfTheScheduleShowsTheTime) {
   EXPECT_EQ(midnight.Text("frSchedule").substr(0, 8), "00:00:00");
 }
 
-TEST(MainWindow, TheFrameOfTheScheduleFollowsAChangeOfTheViewWithinHalfASecond) {
+TEST(MainWindow, TheScheduleFrameFollowsTheViewWithinHalfASecond) {
   Desk desk;
   const auto shown = [&] { return desk.Text("frSchedule").substr(8); };
   desk.Advance(500);

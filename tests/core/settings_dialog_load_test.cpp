@@ -21,7 +21,7 @@ TEST(SettingsDialogLoad, TheMenuOpensItWithTheTextsOfTheTable) {
   EXPECT_EQ(desk.Text("optCom_0") + desk.Text("optCom_1"), "Com 1Com 2");
 }
 
-TEST(SettingsDialogLoad, EachTextOfTheTableReachesItsControlAndTheOthersKeepTheDesigns) {
+TEST(SettingsDialogLoad, EachTextOfTheTableReachesItsControl) {
   SettingsDesk desk({.Language = "French"});
   desk.Open();
   std::string texts;
@@ -242,7 +242,7 @@ TEST(SettingsDialogLoad, TheLoudestLevelsAreWrittenLikeAllOthers) {
             "0 write Tolvo.ini [Volume] Message volume=0\n");
 }
 
-TEST(SettingsDialogLoad, AnAbsentFadeTimeIsFastAtTheStartAndSlowOnceTheDialogHasOpened) {
+TEST(SettingsDialogLoad, AnAbsentFadeTimeIsFastUntilTheDialogOpens) {
   SettingsDesk desk({.FadeTime = ""});
   EXPECT_EQ(desk.Values().FadeTime, 500);
   desk.Open();

@@ -129,7 +129,7 @@ TEST(SettingsDialog, NorWhenItOpensDuringOne) {
   EXPECT_TRUE(desk.Enabled("slMusicVolume"));
 }
 
-TEST(SettingsDialog, WithoutAMicrophoneItsLevelIsStillWrittenAndTheMasterIsLeftAlone) {
+TEST(SettingsDialog, WithoutAMicrophoneItsLevelIsStillWritten) {
   SettingsDesk desk({.Microphone = false});
   desk.Open();
   EXPECT_EQ(desk.Slider(0), 5000);
@@ -238,7 +238,7 @@ TEST(SettingsDialog, AnotherComPortCountsFromTheNextStartOn) {
   EXPECT_EQ(desk.Pc.Serial.CommPort(), 2);
 }
 
-TEST(SettingsDialog, SwitchingTheTypeClosesThePortAtOnceAndSwitchingBackOpensTheSameNumber) {
+TEST(SettingsDialog, SwitchingTheTypeToAndFroReopensTheSamePort) {
   SettingsDesk desk;
   desk.TakeJournal();
   desk.Pc.Journal.Only({"serial"});

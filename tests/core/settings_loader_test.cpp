@@ -134,7 +134,7 @@ TEST(SettingsLoader, AnEmptyMusicDirectoryIsAFirstRunOnWhichNoOtherKeyTakesEffec
   EXPECT_TRUE(desk->Sys->TheWindows.frmSettings.Visible);
 }
 
-TEST(SettingsLoader, TheProgramStartsWithMasterWaveAndMicrophoneMutedAtTheStoredLevels) {
+TEST(SettingsLoader, TheProgramStartsWithAllLinesMutedAtTheStoredLevels) {
   Desk desk;
   EXPECT_EQ(desk.Pc.Mixer.Level(kComponentSpeakers), 65535u - 5000u);
   EXPECT_EQ(desk.Pc.Mixer.Level(kComponentWaveOut), 65535u - 20000u);

@@ -65,7 +65,7 @@ TEST(StartUp, TheSplashHasAnotherCaptionThanTheMainWindow) {
   EXPECT_NE(desk.Sys->TheWindows.frmLogo.Caption.Get(), "Tolvo Marlex");
 }
 
-TEST(StartUp, WithoutALanguageTheDialogComesFirstThenTheSplashAndOnlyThenTheGuard) {
+TEST(StartUp, WithoutALanguageTheDialogComesBeforeSplashAndGuard) {
   Desk desk({}, Without("User language", "Language"), false);
   desk.Pc.Process.OtherWindows = {"Tolvo Marlex"};
   desk.Start();
@@ -155,7 +155,7 @@ TEST(StartUp, TheSplashCannotBeClosedByHand) {
   EXPECT_TRUE(desk.Main().Visible);
 }
 
-TEST(StartUp, ASecondInstanceShowsAnEmptyWarningAndEndsBeforeItTouchesAnything) {
+TEST(StartUp, ASecondInstanceWarnsAndEndsBeforeItTouchesAnything) {
   Desk desk({.Music = {{"march"}}, .Autostart = "True"},
             [](SimulatedPc& pc) { pc.Process.OtherWindows = {"Tolvo Marlex"}; });
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
@@ -218,7 +218,7 @@ TEST(StartUp, TheNameOfTheOperatingSystemFollowsThePublishedNumbers) {
   EXPECT_EQ(OperatingSystemName({3, 0, 0}), "Failed");
 }
 
-TEST(StartUp, AMissingSettingsFileLeadsToTheLanguageDialogAndThenToTheFirstRun) {
+TEST(StartUp, AMissingSettingsFileLeadsToTheLanguageDialog) {
   Desk desk({}, [](SimulatedPc& pc) { pc.Disk.Remove(Desk::kIni); });
   ASSERT_TRUE(desk.Sys->TheWindows.frmlangSel.Visible);
   desk.Click("cmdOK");

@@ -160,7 +160,7 @@ TEST(SendingSites, TheExitReleasesTheZonesAndThenClosesThePort) {
   EXPECT_EQ(desk.Journal(), "0 send 0\n0 serial close\n0 process ends\n");
 }
 
-TEST(SendingSites, AStartOfTheProgramSendsTheZonesOfAnAutostartOnceThePortIsOpen) {
+TEST(SendingSites, AnAutostartsZonesAreSentOnceThePortIsOpen) {
   Desk desk({.Music = {{"march"}}, .Autostart = "True"});
   desk.Advance(1000);
   EXPECT_EQ(desk.Journal(), "2500 song play march.mp3\n2500 serial open 1\n2700 send 67\n");

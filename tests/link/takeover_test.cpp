@@ -126,7 +126,7 @@ TEST(Takeover, SilencesADeskWithoutAMicrophoneToo) {
   EXPECT_TRUE(desk.MuteCheck(0));
 }
 
-TEST(Takeover, WhereTheWordForCloseIsNoCommandTheMessageRunsOnUnderTheMutedMaster) {
+TEST(Takeover, WhereCloseIsNoCommandTheMessagePlaysOnUnheard) {
   LinkDesk desk(WithMessages({.Language = "Dutch"}));
   desk.PlayMusic();
   StartMessage(desk);

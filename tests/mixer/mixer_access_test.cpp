@@ -153,7 +153,7 @@ TEST(MixerAccess, OnlyTheFirstTenSourcesAreSeen) {
   EXPECT_EQ(desk.Pc.Mixer.Level(kComponentSpeakers), 65535u - 20000u);
 }
 
-TEST(MixerAccess, ALineWithoutAVolumeHasADisabledSliderAndOneWithoutAMuteADisabledCheck) {
+TEST(MixerAccess, ALineWithoutAVolumeOrAMuteHasThatControlDisabled) {
   Desk desk({}, [](SimulatedPc& pc) {
     pc.Mixer.Line(kComponentSpeakers)->HasVolume = false;
     pc.Mixer.Line(kComponentWaveOut)->HasMute = false;

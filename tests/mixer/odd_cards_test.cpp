@@ -43,7 +43,7 @@ TEST(OddCards, ASourceThatCannotBeReadIsPassedOverWithoutAWord) {
   EXPECT_EQ(desk.Pc.Mixer.Level(kComponentSpeakers), 65535u - 20000u);
 }
 
-TEST(OddCards, ALevelThatCannotBeReadCountsAsSilenceAndTheLineIsUsedAllTheSame) {
+TEST(OddCards, ALevelThatCannotBeReadCountsAsSilence) {
   Desk desk({.Music = {{"march"}}}, [](SimulatedPc& pc) {
     pc.Mixer.UnreadableTypes = {kControlVolume, kControlMute};
     pc.Mixer.AddSource(kComponentLine, "Line").Mute = 1;

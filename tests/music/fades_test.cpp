@@ -174,7 +174,7 @@ TEST(Fades, AnyFadeTimeButFastTakesTheSmallSteps) {
   EXPECT_EQ(desk.Timer(), "11 on");
 }
 
-TEST(Fades, TheIntervalIsRoundedToTheNearestMillisecondAndTiesToTheEvenOne) {
+TEST(Fades, TheIntervalIsRoundedToTheNearestEvenMillisecond) {
   FadeDesk desk;
   desk.SetMusicVolume(kSilent - 40'000);
   desk.Do([&] { desk.Values().FadeTime = 500; });
@@ -240,7 +240,7 @@ TEST(Fades, AMusicLevelNextToSilenceFadesInOneStepDownAndUp) {
   }
 }
 
-TEST(Fades, AFadeUpWithATargetBelowOneStepHoldsAtTheLoudestEndAndEndsThere) {
+TEST(Fades, AFadeUpToATargetBelowOneStepEndsAtTheLoudest) {
   FadeDesk desk({.FadeTime = "Fast", .MusicVolume = 700});
   desk.FadeDown();
   desk.Advance(3000);
@@ -266,7 +266,7 @@ TEST(Fades, AFadeUpThatIsMovedToTheLoudestEndEndsThereAboveItsTarget) {
   EXPECT_EQ(desk.WaveSlider(), 0);
 }
 
-TEST(Fades, AFadeUpHasTheSpeedAndTheTargetOfTheLastFadeDownWhateverHasChangedSince) {
+TEST(Fades, AFadeUpHasTheSpeedAndTargetOfTheLastFadeDown) {
   FadeDesk desk({.FadeTime = "Fast"});
   desk.FadeDown();
   desk.Advance(3000);

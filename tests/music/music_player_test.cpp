@@ -254,7 +254,7 @@ std::vector<int> StepOfSelection(int songs, int from) {
   return selections;
 }
 
-TEST(MusicPlayer, InALongListTheSelectionRunsTenAheadAndNineBackSoThatTheListScrolls) {
+TEST(MusicPlayer, InALongListTheSelectionRunsAheadAndBackToScrollIt) {
   EXPECT_EQ(StepOfSelection(19, 8), (std::vector<int>{18, 9}));
   EXPECT_EQ(StepOfSelection(19, 9), (std::vector<int>{10}));
   EXPECT_EQ(StepOfSelection(19, 0), (std::vector<int>{10, 1}));
@@ -288,7 +288,7 @@ TEST(MusicPlayer, ASongEndWritesThePositionBeforeItLoadsTheNextSong) {
             "10000 song end\n" + written("0") + "10000 load a.mp3\n10000 song play a.mp3\n");
 }
 
-TEST(MusicPlayer, ThePlayKeyOnAnEmptyListStoresThatNoneIsSelectedAndWakesTheKeys) {
+TEST(MusicPlayer, PlayOnAnEmptyListStoresNoSelectionAndWakesTheKeys) {
   MusicDesk desk;
   desk.Do([&] { desk.List().Clear(); });
   desk.Click("cmdPlay");

@@ -83,7 +83,7 @@ TEST(MusicSchedule, MusicThatTheUserStoppedStaysOffUntilMidnight) {
   EXPECT_EQ(desk.PlayState(), kPlaying);
 }
 
-TEST(MusicSchedule, MusicThatTheUserStoppedAndStartedAgainStillStopsAtTheStopTime) {
+TEST(MusicSchedule, MusicThatTheUserRestartedStillStopsAtTheStopTime) {
   ClockDesk desk;
   desk.RunTo(12, 6, 0);
   desk.Click("cmdStop");
@@ -110,7 +110,7 @@ TEST(MusicSchedule, MusicThatTheClockStoppedStartsAgainOnTheNextDayOfTheMask) {
   EXPECT_EQ(desk.PlayState(), kPlaying);
 }
 
-TEST(MusicSchedule, MusicThatTheUserStartsAgainAfterTheStopOfTheClockIsNeverStoppedByItAgain) {
+TEST(MusicSchedule, MusicRestartedAfterTheClocksStopIsNeverStoppedByIt) {
   ClockDesk desk;
   desk.RunTo(12, 10, 3);
   desk.Click("cmdPlay");
@@ -280,7 +280,7 @@ TEST(MusicSchedule, ADayThatIsOffBarsTheStopToo) {
   EXPECT_EQ(desk.PlayState(), kPlaying);
 }
 
-TEST(MusicSchedule, AStopMinuteOnADayThatIsOffIsMadeUpOnTheNextDayThatIsOnPastTheStopTime) {
+TEST(MusicSchedule, AStopOnADayThatIsOffIsMadeUpOnTheNextDayThatIsOn) {
   ClockDesk desk({.WeekDays = "1030567"});
   desk.RunTo(12, 6);
   desk.Do([&] { desk.Values().MusicWeekDays = "0030567"; });

@@ -167,7 +167,7 @@ TEST(PlaylistEditor, WithoutTheMusicDirectoryTheOperatorIsLedToTheSettings) {
   EXPECT_FALSE(windows.frmPlaylist.Loaded());
 }
 
-TEST(PlaylistEditor, ADirectoryWithoutAFileCountsAsMissingAndOneWithoutSongsDoesNot) {
+TEST(PlaylistEditor, AnEmptyDirectoryCountsAsMissingAndOneWithoutSongsDoesNot) {
   MusicDesk empty({}, [](SimulatedPc& pc) {
     for (const char* song : {"a", "b", "c"}) pc.Disk.Remove(std::string("/music/") + song + ".mp3");
   });

@@ -128,7 +128,7 @@ TEST(PlaylistFiles, ALastSongThatTheListDoesNotHaveMeansTheFirstOne) {
   EXPECT_EQ(PlaylistPosition(0, 0), ListBox::kNoSelection);
 }
 
-TEST(PlaylistFiles, AtTheStartNoMinuteIsInsideTheWindowAndTheFirstTickStartsTheMusic) {
+TEST(PlaylistFiles, TheFirstTickOfTheProgramStartsTheMusic) {
   FileDesk desk(kThreeSongs + kWindow);
   EXPECT_EQ(desk.State().CurrentMinute, "");
   EXPECT_EQ(desk.Heard(), "silence");
@@ -137,7 +137,7 @@ TEST(PlaylistFiles, AtTheStartNoMinuteIsInsideTheWindowAndTheFirstTickStartsTheM
   EXPECT_EQ(desk.MusicFlags(), "Started");
 }
 
-TEST(PlaylistFiles, AListOpenedInsideItsWindowPlaysFromItsFirstSongWithoutAWeekdayTest) {
+TEST(PlaylistFiles, AListOpenedInsideItsWindowPlaysOnAnyWeekday) {
   FileDesk desk("[Last played]\r\nLast song=2\r\n" + kThreeSongs);
   desk.Advance(1000);
   desk.Pc.Disk.AddFile("/app/Night.lst", "[Last played]\r\nLast song=1\r\n" + kThreeSongs +

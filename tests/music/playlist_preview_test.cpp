@@ -174,7 +174,7 @@ TEST(PlaylistPreview, AnAmplifierThatTakesOverEndsOneOfTheMainWindowsSongToo) {
 }
 
 /// Under a call of the amplifier another list's autostart does not begin, and the song plays on.
-TEST(PlaylistPreview, AnAmplifierThatTakesOverLeavesASongThatAnotherListWasOpenedOver) {
+TEST(PlaylistPreview, ATakeoverLeavesASongThatAnotherListWasOpenedOver) {
   Desk desk({.Music = {{"a"}, {"b"}}});
   desk.Click("cmdPlay");
   desk.Status(64);

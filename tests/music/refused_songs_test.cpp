@@ -48,7 +48,7 @@ TEST(RefusedSongs, AListOfNothingElseStopsAfterOneRound) {
   EXPECT_EQ(desk.LastSong(), "1");
 }
 
-TEST(RefusedSongs, ALostDirectoryStopsTheMusicAfterOneRoundAndThePlayKeyStartsItAgain) {
+TEST(RefusedSongs, ALostDirectoryStopsTheMusicAfterOneRound) {
   MusicDesk desk;
   desk.Click("cmdPlay");
   desk.Pc.Disk.Vanish("/music");

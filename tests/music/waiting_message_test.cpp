@@ -71,7 +71,7 @@ TEST(WaitingMessage, ASkipSendsTheWaitingMessageOutNow) {
             "3000 wav end welcome.wav\n3000 song play b.mp3\n");
 }
 
-TEST(WaitingMessage, AfterTheStopKeyTheWholeScheduleStandsStillUntilAStartedSongEnds) {
+TEST(WaitingMessage, AfterTheStopKeyTheScheduleHaltsUntilAStartedSongEnds) {
   BreakDesk desk;
   desk.Click("cmdStop");
   EXPECT_EQ(desk.Waiting(), "waiting");

@@ -98,7 +98,7 @@ TEST(AnyMoment, OfAnAnnouncementMayBeThatOfAPowerCut) {
   }
 }
 
-TEST(AnyMoment, OfAnAnnouncementMayBeThatOfAPowerCutAndAnAutostartBringsTheMusicBack) {
+TEST(AnyMoment, WithAnAutostartMayBeThatOfAPowerCut) {
   DeskOptions options = TwoRows();
   options.Autostart = "True";
   options.LastSong = "1";
@@ -131,7 +131,7 @@ TEST(AnyMoment, OfAnAnnouncementMayBeThatOfTheExitAndTheZonesAreFree) {
   }
 }
 
-TEST(AnyMoment, OfAnAnnouncementMayBeThatOfATakeoverAndItsEndLeavesLevelsMutesAndZonesRight) {
+TEST(AnyMoment, OfAnAnnouncementMayBeThatOfATakeover) {
   const int events = Interrupted::CountEvents(TwoRows());
   for (int event = 1; event <= events; ++event) {
     Interrupted desk(TwoRows());

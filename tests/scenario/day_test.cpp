@@ -108,7 +108,7 @@ TEST(Day, OfAShopFromItsFirstSongToItsLastAnnouncement) {
             "12:05:05.500 send 0\n");
 }
 
-TEST(Day, AfterMidnightTheTableIsThatOfTheNewDayAndTheClockMayStartTheMusicAgain) {
+TEST(Day, MidnightBuildsTheNewDayAndLetsTheClockStartMusic) {
   Story shop(
       {.Music = {{"night", 3'600'000}},
        .Sequences = {{.File = "mon.sch", .Hours = "23", .Minutes = "58", .Weekdays = "1000000"},

@@ -186,7 +186,7 @@ TEST(BetweenRow, ASongChosenByHandWhileMessagesWaitEndsTheWaitWithItsOwnEnd) {
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
-TEST(BetweenRow, ATakeoverInTheMessagesOfTheBreakCutsThemOffAndTheNextSongRunsMuted) {
+TEST(BetweenRow, ATakeoverCutsTheMessagesOfTheBreakOff) {
   for (const int status : {128, 192}) {
     SpotDesk desk(AtBreak());
     desk.AdvanceTo(32'000);
@@ -205,7 +205,7 @@ TEST(BetweenRow, ATakeoverInTheMessagesOfTheBreakCutsThemOffAndTheNextSongRunsMu
   }
 }
 
-TEST(BetweenRow, StatusBytesThatTakeNothingOverLeaveTheMessagesOfTheBreakAlone) {
+TEST(BetweenRow, AStatusThatTakesNothingOverLeavesTheMessagesAlone) {
   for (const int status : {64, 0}) {
     SpotDesk desk(AtBreak());
     desk.AdvanceTo(32'000);
@@ -216,7 +216,7 @@ TEST(BetweenRow, StatusBytesThatTakeNothingOverLeaveTheMessagesOfTheBreakAlone) 
   }
 }
 
-TEST(BetweenRow, AZoneKeyPressedUnderTheMessagesLightsItsLabelAndAsksForNoByte) {
+TEST(BetweenRow, AZoneKeyUnderTheMessagesLightsItsLabelWithoutAByte) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(32'000);
   desk.Pc.Journal.Only({"send"});
@@ -238,7 +238,7 @@ TEST(BetweenRow, TheProgramCanBeLeftInTheWaitAndInTheMessagesOfTheBreak) {
   }
 }
 
-TEST(BetweenRow, TheViewChangedInTheWaitRebuildsTheTableAndTheMessagesPlayAllTheSame) {
+TEST(BetweenRow, AViewChangedInTheWaitLeavesTheMessagesToPlay) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(5000);
   desk.Click("mnuAllDays");

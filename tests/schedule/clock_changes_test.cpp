@@ -30,7 +30,7 @@ DeskOptions RowOfEachDay(bool allDays) {
           .AllDays = allDays};
 }
 
-TEST(ClockChanges, AClockSetBackByAMinuteInTheMiddleOfASequencePlaysItOnAndThenOnceMore) {
+TEST(ClockChanges, AClockSetBackInASequencePlaysItOnAndThenOnceMore) {
   SpotDesk desk({}, kSilent);
   desk.AdvanceTo(3000);
   desk.Pc.Clock.Jump(-60);
@@ -40,7 +40,7 @@ TEST(ClockChanges, AClockSetBackByAMinuteInTheMiddleOfASequencePlaysItOnAndThenO
   EXPECT_EQ(desk.Alive(), "tick cmdPlay");
 }
 
-TEST(ClockChanges, AClockSetForwardByAMinuteInTheMiddleOfASequenceLosesNoRowOfThatMinute) {
+TEST(ClockChanges, AClockSetForwardInASequenceLosesNoRowOfThatMinute) {
   SpotDesk desk({.Sequences = {{}, {.File = "b.sch", .Messages = "closing", .Minutes = "02"}}},
                 kSilent);
   desk.AdvanceTo(3000);
@@ -69,7 +69,7 @@ TEST(ClockChanges, AJumpOfADayHasTheViewOfAllDaysTestTheRowsOfTheNewDay) {
   EXPECT_EQ(TakePlays(desk), "welcome.wav\n");
 }
 
-TEST(ClockChanges, AJumpOverMidnightsForgivesNoStopOfTheMusicUntilAMidnightIsSeen) {
+TEST(ClockChanges, AJumpOverMidnightForgivesNoStopOfTheMusic) {
   SpotDesk desk({.StartTime = "11:00", .StopTime = "23:00", .WeekDays = "1234567"}, kSilent);
   ASSERT_EQ(desk.MusicState(), kPlaying);
   desk.Click("cmdStop");
@@ -86,7 +86,7 @@ TEST(ClockChanges, AJumpOverMidnightsForgivesNoStopOfTheMusicUntilAMidnightIsSee
 /// The minute of the tick is one variable. A tick in the fade of the stop accepts the later minute,
 /// fades, stops and plays that minute's row; the tick underneath then sends its own release and
 /// searches for the later minute too. The row of the minute of the stop is lost. This is meant.
-TEST(ClockChanges, AClockSetForwardInTheFadeOfTheClocksStopPlaysTheNextMinutesRowTwice) {
+TEST(ClockChanges, AClockSetForwardInTheStopsFadePlaysTheNextRowTwice) {
   SpotDesk desk({.Sequences = {{.File = "a.sch", .Messages = "welcome"},
                                {.File = "b.sch", .Messages = "closing", .Minutes = "02"}},
                  .FadeTime = "Slow",

@@ -201,7 +201,7 @@ TEST(Conflicts, AConflictThatAnotherViewDoesNotHaveGoesWithIt) {
 
 // Masks that end too early.
 
-TEST(Conflicts, WeekdaysThatEndBeforeACommonDayAreToldOnceWithTheNamesOfTheirSchedules) {
+TEST(Conflicts, WeekdaysThatEndBeforeACommonDayAreReportedOnce) {
   ConflictDesk desk({"00", "1234567", "00", "1234567"});
   EXPECT_EQ(Marks(desk), "wrwr");
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr auto kSilent = SpotDesk::Music::IsSilent;
 
-TEST(MessagePlayback, ARowAtSetTimeFadesTheMusicAnnouncesIntoItsZonesAndGivesTheMusicBack) {
+TEST(MessagePlayback, ARowAtSetTimeFadesTheMusicAnnouncesAndGivesItBack) {
   SpotDesk desk;
   desk.AdvanceTo(10'000);
   EXPECT_EQ(desk.Journal(),
@@ -46,7 +46,7 @@ TEST(MessagePlayback, EachPhaseIsHeardAtItsOwnLevel) {
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
-TEST(MessagePlayback, TheMusicLevelReturnsForAnInstantBeforeTheSongRisesFromSilence) {
+TEST(MessagePlayback, TheMusicLevelReturnsForAnInstantBeforeTheRise) {
   SpotDesk desk;
   desk.AdvanceTo(SpotDesk::kSecondMessageEnds - 1);
   std::vector<int> positions;
@@ -69,7 +69,7 @@ TEST(MessagePlayback, TheSongGoesOnWhereItWasPaused) {
   EXPECT_EQ(desk.MusicState(), kPlaying);
 }
 
-TEST(MessagePlayback, WithoutMusicTheZonesGoOutAndTheReleaseByteFollowsTheLastMessage) {
+TEST(MessagePlayback, WithoutMusicTheReleaseByteFollowsTheLastMessage) {
   SpotDesk desk({}, kSilent);
   desk.AdvanceTo(10'000);
   EXPECT_EQ(desk.Journal(),
@@ -174,7 +174,7 @@ TEST(MessagePlayback, ARowWithoutZonesReleasesTheZonesInsteadOfSendingAPriority)
             "4000 send 0\n");
 }
 
-TEST(MessagePlayback, AMessageOverBeforeTheDelayOfTheRoutingSendsOnlyTheMusicsZones) {
+TEST(MessagePlayback, AMessageShorterThanTheRoutingDelaySendsNoZones) {
   SpotDesk desk({.Messages = {{"welcome", 150}}, .Sequences = {{.Zones = "003000"}}});
   desk.AdvanceTo(3000);
   EXPECT_EQ(desk.Journal(),
@@ -244,7 +244,7 @@ TEST(MessagePlayback, MessagePlayingIsTrueOnlyWhileTheFilesAre) {
   EXPECT_FALSE(playingAt(SpotDesk::kSecondMessageEnds));
 }
 
-TEST(MessagePlayback, ASongThatEndsInTheFadeGivesWayToTheNextWhichIsPausedAndResumed) {
+TEST(MessagePlayback, ASongThatEndsInTheFadeGivesWayToTheNext) {
   SpotDesk desk({.Music = {{"march", 28'200}, {"waltz"}}});
   desk.AdvanceTo(10'000);
   EXPECT_EQ(desk.Journal(),

@@ -99,7 +99,7 @@ TEST(MessageTakeover, MusicThatATakeoverLeftPausedWaitsForTheOperator) {
             "5200 send 67\n");
 }
 
-TEST(MessageTakeover, ZonesHeldBackByATakeoverGoOutAsTheMusicsAtTheNextPollAfterItsEnd) {
+TEST(MessageTakeover, ZonesHeldBackByATakeoverGoOutAsTheMusicsAfterIt) {
   SpotDesk desk;
   desk.AdvanceTo(1600);
   desk.Status(128);
@@ -139,7 +139,7 @@ TEST(MessageTakeover, AStatusOfNoughtInTheFadeOrTheRiseAsksForTheMusicsZones) {
   EXPECT_EQ(inTheRise.Heard(), "song march.mp3 at 20000");
 }
 
-TEST(MessageTakeover, ATakeoverThatIsOverBeforeThePlayerReportsLeavesTheRestoringToTheSequence) {
+TEST(MessageTakeover, ATakeoverOverBeforeTheReportLeavesRestoringToTheSequence) {
   SpotDesk desk;
   desk.AdvanceTo(kInTheFirstMessage);
   desk.Pc.Journal.Clear();
@@ -195,7 +195,7 @@ TEST(MessageTakeover, ATakeoverWithoutMusicCutsTheMessageOffAndSendsNoRelease) {
   EXPECT_EQ(desk.Alive(), "tick cmdPlay");
 }
 
-TEST(MessageTakeover, WhereTheWordForCloseIsNoCommandTheFileRunsOnUnderTheMutedMaster) {
+TEST(MessageTakeover, WhereCloseIsNoCommandTheFilePlaysOnUnheard) {
   SpotDesk desk({.Language = "Italian"});
   ASSERT_EQ(desk.Sys->Strings.LoadString(kStrClose), "Chiudi");
   desk.AdvanceTo(kInTheFirstMessage);
@@ -303,7 +303,7 @@ TEST(MessageTakeover, AnotherViewChosenInTheFadeLeavesTheMessagesOfTheRow) {
   EXPECT_EQ(desk.Journal(), ThroughTheWholeSequence());
 }
 
-TEST(MessageTakeover, SchedulesClosedUnderAMessageLeaveItsSoundAndTheHeadingAsTheyAre) {
+TEST(MessageTakeover, ClosingSchedulesUnderAMessageLeavesItSounding) {
   SpotDesk desk;
   desk.AdvanceTo(kInTheFirstMessage);
   desk.Click("mnuClose");

@@ -132,7 +132,7 @@ TEST(MessageWavs, ASequenceOfOnlyMissingMessagesEndsAndTheScheduleGoesOn) {
             "64833 send 67\n");
 }
 
-TEST(MessageWavs, ADirectoryOfMessagesThatDropsOutEndsTheSequenceWithTheFileThatPlays) {
+TEST(MessageWavs, ALostMessageDirectoryEndsTheSequenceWithItsFile) {
   SpotDesk desk({}, kSilent);
   desk.AdvanceTo(2000);
   desk.Pc.Disk.Vanish("/messages");

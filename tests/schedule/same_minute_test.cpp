@@ -33,7 +33,7 @@ TEST(SameMinute, ARowAtTheBreakWaitsForTheSongThatTheClockStartsInItsMinute) {
   EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
 }
 
-TEST(SameMinute, ARowAtTheBreakPlaysAtOnceWhenTheClockStopsTheMusicInItsMinute) {
+TEST(SameMinute, ARowAtTheBreakPlaysAtOnceWhenTheClockStopsTheMusic) {
   SpotDesk desk(AtBreak("11:00", "12:01"), kSilent);
   ASSERT_EQ(desk.MusicState(), kPlaying);
   desk.AdvanceTo(20'000);
@@ -68,7 +68,7 @@ TEST(SameMinute, ARowAtMidnightPlaysBehindTheClocksStopOfTheMusic) {
             "64000 send 0\n");
 }
 
-TEST(SameMinute, ARowIntoNoZonesReleasesThemForItsLengthAndTheMusicComesBackToItsOwn) {
+TEST(SameMinute, ARowIntoNoZonesReleasesThemForItsLength) {
   SpotDesk desk({.Sequences = {{.Zones = "000000"}}});
   desk.AdvanceTo(20'000);
   EXPECT_EQ(desk.Journal(),

@@ -42,7 +42,7 @@ TEST(ScheduleTable, MinutesDoNotRollOverIntoTheHour) {
   EXPECT_THAT(Times(desk), ElementsAre("08:00  ", "08:15  ", "08:30  ", "08:45  "));
 }
 
-TEST(ScheduleTable, RowsOfAllFilesAreSortedByTimeWithTheSetTimeBeforeTheMusicBreak) {
+TEST(ScheduleTable, RowsAreSortedByTimeWithTheSetTimeBeforeTheBreak) {
   Desk desk({.Sequences = {{.File = "a.sch", .Hours = "9,7", .Timer = "Between"},
                            {.File = "b.sch", .Hours = "8,7"},
                            {.File = "c.sch", .Hours = "22-1"}}});
@@ -97,7 +97,7 @@ TEST(ScheduleTable, WithNoOpenFileOnlyTheHeadingIsThere) {
   EXPECT_FALSE(desk.Visible("lblConflict"));
 }
 
-TEST(ScheduleTable, TheRebuildOfAnEmptyListKeepsTheFlagOfTheConflictAndHeadsTheDaysAlone) {
+TEST(ScheduleTable, RebuildingAnEmptyListKeepsTheConflictFlag) {
   Desk desk;
   desk.Do([&] {
     desk.Sys->TheConflicts.ConflictFound = true;
@@ -153,7 +153,7 @@ TEST(ScheduleTable, TheViewOfTheDayHoldsTheSequencesOfTheDay) {
   }
 }
 
-TEST(ScheduleTable, InTheViewOfTheDayAMaskTooShortOrWithAnotherCharacterGivesItsRows) {
+TEST(ScheduleTable, InTheViewOfTheDayAShortOrOddMaskGivesItsRows) {
   const auto rowsOnSunday = [](const std::string& mask) {
     Desk desk({.Sequences = {{.Weekdays = mask}}, .Now = {2024, 1, 7, 9, 0, 0}});
     return Times(desk).size();

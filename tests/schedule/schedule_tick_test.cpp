@@ -241,7 +241,7 @@ TEST(ScheduleTick, AClockSetForwardIntoTheMinuteOfARowFiresIt) {
   EXPECT_EQ(TakePlays(desk), "welcome.wav\n");
 }
 
-TEST(ScheduleTick, TheHourThatComesTwiceInAutumnPlaysItsRowsTwiceAndTheSpringsNone) {
+TEST(ScheduleTick, TheAutumnHourPlaysItsRowsTwiceAndTheSpringHourNone) {
   SpotDesk autumn({.Sequences = {{.Hours = "2", .Minutes = "30"}}, .Now = {2024, 10, 27, 2, 29, 0}},
                   kSilent);
   autumn.RunTo(2, 59, 59);
@@ -466,7 +466,7 @@ TEST(ScheduleTick, TicksInTheFadeOfTheMusicsStopFindTheirMinuteUsedUp) {
             "2718 send 68\n");
 }
 
-TEST(ScheduleTick, AnErrorBoxThatNobodyAnswersDoesNotStopTheTicksAndIsNotOpenedTwice) {
+TEST(ScheduleTick, AnUnansweredErrorBoxStopsNoTickAndOpensOnce) {
   SpotDesk desk({.StartTime = "12:01", .StopTime = "13:00", .WeekDays = "1234567"}, kSilent);
   desk.Pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
   desk.Pc.Disk.Vanish("/music");

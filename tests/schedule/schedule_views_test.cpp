@@ -77,7 +77,7 @@ TEST(ScheduleViews, TheNamesComeAndGoWithTheirEntry) {
   EXPECT_THAT(desk.Rows(), ElementsAre("12:01  ||123456||welcome"));
 }
 
-TEST(ScheduleViews, TheColumnOfNamesFollowsItsEntryAlsoUnderAConflictAndWithNoFileOpen) {
+TEST(ScheduleViews, TheColumnOfNamesFollowsItsEntryUnderAConflictToo) {
   Desk desk({.Sequences = {{.File = "a.sch"}, {.File = "b.sch"}}});
   desk.Click("mnuScheduleName");
   EXPECT_EQ(desk.Main().grdSchedule.ColWidth(kNameColumn), 1800);

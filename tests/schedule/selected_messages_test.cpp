@@ -98,7 +98,7 @@ TEST(SelectedMessages, RemoveAllEmptiesSequenceAndTotal) {
 }
 
 /// The total of an opened sequence is the length of its last message. This is meant.
-TEST(SelectedMessages, AnOpenedSequenceShowsTheLengthOfItsLastMessageAndCanGoBelowNought) {
+TEST(SelectedMessages, AnOpenedSequenceShowsItsLastLengthAndCanFallBelowZero) {
   EditorDesk desk({.Sequences = {{.Messages = "welcome,closing,gong"}}});
   desk.Open("/app/spot.sch");
   EXPECT_EQ(desk.Sequence(), "welcome closing gong");

@@ -171,7 +171,7 @@ TEST(SequenceEditor, AWeekdayThatIsNotTheDigitOfItsPlaceIsOffHere) {
   EXPECT_EQ(desk.Days(), "11-1111");
 }
 
-TEST(SequenceEditor, AFileWithTooFewWeekdaysOrZonesCannotBeOpenedAndNothingOnTheScreenIsLost) {
+TEST(SequenceEditor, AFileWithTooFewWeekdaysOrZonesLeavesTheScreenAsItIs) {
   const Sequence shortDays{.Weekdays = "12345"};
   const Sequence shortZones{.Zones = "123"};
   for (const Sequence& sequence : {shortDays, shortZones}) {
@@ -288,7 +288,7 @@ TEST(SequenceEditor, AsksForHoursMinutesMessagesAndWeekdaysInThisOrder) {
 }
 
 /// The result of the save dialog is not tested. This is meant.
-TEST(SequenceEditor, ACancelledSaveDialogWritesNothingAndClosesTheEditorAllTheSame) {
+TEST(SequenceEditor, ACancelledSaveWritesNothingAndStillClosesTheEditor) {
   EditorDesk desk;
   desk.Compose();
   desk.Pc.Journal.Only({"write"});

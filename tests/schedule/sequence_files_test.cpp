@@ -68,7 +68,7 @@ TEST(SequenceFiles, OnlyTheLastOfSeveralNamesIsCutAtAHundredCharacters) {
   EXPECT_THAT(OpenFiles(desk), ElementsAre(longName, std::string(100, 'x')));
 }
 
-TEST(SequenceFiles, AListEmptiedByAnotherHandEmptiesTheOpenFilesAndLeavesTheTable) {
+TEST(SequenceFiles, AListEmptiedElsewhereClosesTheFilesAndLeavesTheTable) {
   Desk desk(TwoFiles());
   desk.Pc.Profiles.WriteString(kSection, "Sequence list", "", Desk::kIni);
   desk.Do([&] { desk.Sys->Sequences.LoadSequenceList(); });
@@ -78,7 +78,7 @@ TEST(SequenceFiles, AListEmptiedByAnotherHandEmptiesTheOpenFilesAndLeavesTheTabl
 
 // The operator's choice.
 
-TEST(SequenceFiles, TheDialogOffersSequenceFilesSeveralAtATimeFromTheProgramsDirectory) {
+TEST(SequenceFiles, TheDialogOffersSeveralFilesOfTheProgramsDirectory) {
   ClosedDesk desk;
   desk.Choose("");
   ASSERT_EQ(desk.Pc.Dialogs.FileDialogs.size(), 1U);
@@ -236,7 +236,7 @@ TEST(SequenceFiles, ClosingEmptiesTheKeyInItsPlaceAndDeletesNothing) {
   EXPECT_EQ(*desk.Pc.Disk.Read(Desk::kIni), expected);
 }
 
-TEST(SequenceFiles, ClosingBringsTheNormalHeightsBackAndKeepsTheFlagOfTheConflict) {
+TEST(SequenceFiles, ClosingRestoresTheHeightsAndKeepsTheConflictFlag) {
   DeskOptions options = TwoFiles();
   options.Sequences[0].Hours = "7";
   Desk desk(options);
@@ -322,7 +322,7 @@ TEST(SequenceFiles, TwoFilesThatCannotBeReadAreNamedInOneBox) {
   EXPECT_EQ(Times(desk).size(), 5U);
 }
 
-TEST(SequenceFiles, AFileThatBreaksALimitAddsNoRowIsNamedInOneBoxAndTheOthersAreBuilt) {
+TEST(SequenceFiles, AFileThatBreaksALimitIsNamedAndTheOthersAreBuilt) {
   for (const char* hours : {"5-5", "0-24", "-5", "0-23,8",
                             "1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1"}) {
     DeskOptions options = TwoFiles();

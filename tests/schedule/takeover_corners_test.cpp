@@ -20,7 +20,7 @@ DeskOptions StopsAtTheRow() {
   return {.StartTime = "11:00", .StopTime = "12:01", .WeekDays = "1234567"};
 }
 
-TEST(TakeoverCorners, ARowThatWaitsIsLostAndTheNextSongOpensTheMasterUnderTheTakeover) {
+TEST(TakeoverCorners, AWaitingRowIsLostAndTheNextSongOpensTheMaster) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(5000);
   desk.Status(128);
@@ -34,7 +34,7 @@ TEST(TakeoverCorners, ARowThatWaitsIsLostAndTheNextSongOpensTheMasterUnderTheTak
   EXPECT_EQ(desk.Journal(), "31000 song end\n31000 song play waltz.mp3\n");
 }
 
-TEST(TakeoverCorners, ARowThatWaitedUnderATakeoverIsLostAlsoWhenTheTakeoverEndsBeforeTheSong) {
+TEST(TakeoverCorners, AWaitingRowIsLostEvenWhenTheTakeoverEndsBeforeTheSong) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(5000);
   desk.Status(128);
@@ -69,7 +69,7 @@ TEST(TakeoverCorners, ACallOfTheAmplifierInTheFadeOfTheClocksStopLosesTheRowToo)
   EXPECT_EQ(desk.Journal(), "1529 song stop\n1529 send 0\n");
 }
 
-TEST(TakeoverCorners, UnderOurHighLevelALowerCallAfterATakeoverLetsARowFadeTheMusicOutForNothing) {
+TEST(TakeoverCorners, ALowerCallAfterATakeoverLetsARowFadeMusicForNothing) {
   SpotDesk desk({.Priority = "High"});
   desk.AdvanceTo(500);
   desk.Status(128);
@@ -117,7 +117,7 @@ class LowerCallAfterATakeover : public SpotDesk {
   }
 };
 
-TEST(TakeoverCorners, UnderOurHighLevelARowSoundsInATakeoverOnceALowerCallHasFollowed) {
+TEST(TakeoverCorners, ARowSoundsInATakeoverOnceALowerCallHasFollowed) {
   LowerCallAfterATakeover desk;
   ASSERT_EQ(desk.Muted(), "master microphone");
   ASSERT_EQ(desk.MusicState(), kPaused);

@@ -32,7 +32,7 @@ TEST(Weekdays, InTheViewOfTheDayARowPlaysOnExactlyTheDaysOfItsMask) {
   }
 }
 
-TEST(Weekdays, InTheViewOfTheDayACharacterThatIsMissingOrAnythingButNoughtIsADay) {
+TEST(Weekdays, InTheViewOfTheDayAnythingButZeroIsADay) {
   EXPECT_EQ(DaysOfPlaying("", false), "1234567");
   EXPECT_EQ(DaysOfPlaying("0", false), "0234567");
   EXPECT_EQ(DaysOfPlaying("00000", false), "0000067");
@@ -40,7 +40,7 @@ TEST(Weekdays, InTheViewOfTheDayACharacterThatIsMissingOrAnythingButNoughtIsADay
   EXPECT_EQ(DaysOfPlaying("ü00000", false), "1000007");
 }
 
-TEST(Weekdays, InTheViewOfAllDaysSaturdayIsReadFromSundaysPlaceAndEverySundayPlays) {
+TEST(Weekdays, InTheViewOfAllDaysSaturdayIsReadFromSundaysPlace) {
   EXPECT_EQ(DaysOfPlaying("1234567", true), "1234567");
   EXPECT_EQ(DaysOfPlaying("1234500", true), "1234507");
   EXPECT_EQ(DaysOfPlaying("1234560", true), "1234507");
@@ -58,7 +58,7 @@ TEST(Weekdays, InTheViewOfAllDaysWhatAMaskLacksIsADay) {
   EXPECT_EQ(DaysOfPlaying("üü00000", true), "1200007");
 }
 
-TEST(Weekdays, WhileAConflictIsPendingTheViewOfTheDayReadsSaturdayFromSundaysPlaceToo) {
+TEST(Weekdays, UnderAConflictTheViewOfTheDayReadsSundaysPlaceToo) {
   EXPECT_EQ(DaysOfPlaying("1234567", false, true), "1234567");
   EXPECT_EQ(DaysOfPlaying("1234560", false, true), "1234500");
   EXPECT_EQ(DaysOfPlaying("1234507", false, true), "1234507");
@@ -66,7 +66,7 @@ TEST(Weekdays, WhileAConflictIsPendingTheViewOfTheDayReadsSaturdayFromSundaysPla
   EXPECT_EQ(DaysOfPlaying("0000000", false, true), "0000000");
 }
 
-TEST(Weekdays, WithTheLastConflictGoneTheMasksOfTheDayAreEmptiedAndSaturdayPlaysAgain) {
+TEST(Weekdays, WithTheLastConflictGoneSaturdayPlaysAgain) {
   Desk desk(
       {.Sequences = {{.Weekdays = "0000060"}, {.File = "b.sch", .Hours = "18", .Minutes = "00,00"}},
        .Now = {2024, 1, 6, 12, 0, 50}});

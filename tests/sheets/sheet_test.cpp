@@ -70,7 +70,7 @@ TEST_P(EachScene, ShowsAllItsTextsWholeInEveryLanguageAndInTheDark) {
 INSTANTIATE_TEST_SUITE_P(Of, EachScene, ::testing::Range(std::size_t(0), Scenes().size()),
                          [](const auto& scene) { return Scenes()[scene.param].Name; });
 
-TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguageAndHasACallKeyForAThumb) {
+TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguage) {
   constexpr double kThumbMm = 15;  // twice what guidelines for touch screens ask of any key
   constexpr double kPixelsPerMm = 96 / 25.4;
   const Scene& scene = Scenes().front();

@@ -69,7 +69,7 @@ void ExpectFades(const Recording& heard, const std::vector<Span>& song, double f
   }
 }
 
-TEST(Call, OverMusicIsFadeChimeVoiceChimeAndFadeInThisOrderWithoutAGapOrALeak) {
+TEST(Call, OverMusicIsFadeChimeVoiceChimeAndFadeWithoutAGap) {
   const stage::InstallationFiles files = WithChimes();
   CallDesk desk(files);
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
@@ -150,7 +150,7 @@ TEST(Call, ATakeoverWhileSomebodySpeaksClosesTheMicrophoneAtOnce) {
   GTEST_LOG_(INFO) << "Silence after " << int((voice[0].To - taken) * 1000) << " ms";
 }
 
-TEST(Call, FollowsTheTypeOfTheAmplifierToTheOtherOneAndBackOnTheSameLine) {
+TEST(Call, FollowsTheTypeOfTheAmplifierThereAndBack) {
   stage::InstallationFiles files = WithChimes();
   files.Autostart = false;
   files.PostChime = "";

@@ -38,7 +38,7 @@ TEST(Start, ASecondProgramShowsAnEmptyWarningAndEndsAndTheFirstPlaysOn) {
   EXPECT_TRUE(desk.IsLoud(kFirstSong));
 }
 
-TEST(Start, WithoutAnySoundDeviceABoxTellsThatThereIsNoMixerAndTheProgramEnds) {
+TEST(Start, WithoutASoundDeviceABoxSaysSoAndTheProgramEnds) {
   stage::StageOptions options = DeskOptions();
   options.HasSound = false;
   Desk desk(TwoSongs(1), options);
@@ -246,7 +246,7 @@ TEST(Clock, ARowFiresAtItsMinuteWhenTheClockIsSetToIt) {
 /// it again later.
 class Killed : public testing::TestWithParam<double> {};
 
-TEST_P(Killed, AtAnyStepOfAnAnnouncementTheNextStartHasMusicLevelAndZonesRight) {
+TEST_P(Killed, AtAnyStepOfAnAnnouncementTheNextStartIsRight) {
   stage::InstallationFiles files = TwoSongs(90);
   files.FadeTime = "Slow";
   files.Sequences = {{"Opening", "Short", "09", "00", "003000"}};

@@ -80,7 +80,7 @@ class EmptyDesk : public Desk {
   }
 };
 
-TEST(FirstRun, GoesFromTheLanguageThroughTheSettingsToTheFirstSongAndTheFirstZone) {
+TEST(FirstRun, GoesFromTheLanguageToTheFirstSongAndZone) {
   EmptyDesk desk;
   ASSERT_TRUE(desk.ChooseLanguage());
   EXPECT_EQ(desk.Window->Read("frmMain", "visible"), "no");

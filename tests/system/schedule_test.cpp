@@ -46,7 +46,7 @@ TEST(Announcement, WithoutMusicItGoesIntoItsZonesAndReleasesThem) {
   EXPECT_EQ(desk.Window->Read("frmMain.cmdStop", "enabled"), "no");
 }
 
-TEST(Announcement, ATakeoverInItsMiddleEndsItAndStatus0LeavesTheDeskToTheOperator) {
+TEST(Announcement, ATakeoverInItsMiddleEndsItAndStatus0FreesTheDesk) {
   Desk desk(WithRow("Long,Long"));
   desk.Start("2031-05-05 08:59:54");
   ASSERT_TRUE(desk.AwaitTone(kMessage));

@@ -244,6 +244,17 @@ std::string Oversizes(const SourceTree& sources) {
   return complaints;
 }
 
+std::string LongTitles(const SourceTree& sources) {
+  static const std::regex longTitle(R"((\w{61,})\) \{)");
+  std::string complaints;
+  ForEachLine(sources, [&](const std::string& path, std::size_t number, const std::string& line) {
+    if (std::regex_search(line, longTitle))
+      complaints +=
+          Complaint(path, number, "the title has more than 60 characters; say it shorter");
+  });
+  return complaints;
+}
+
 std::string UnguardedHeaders(const SourceTree& sources) {
   std::string complaints;
   for (const auto& [path, lines] : sources) {

@@ -27,6 +27,9 @@ std::string ForeignWords(const SourceTree& sources);
 /// Lines of at most a hundred characters, files of at most five hundred lines.
 std::string Oversizes(const SourceTree& sources);
 
+/// Titles of tests of at most sixty characters.
+std::string LongTitles(const SourceTree& sources);
+
 /// Every header begins with its guard.
 std::string UnguardedHeaders(const SourceTree& sources);
 

@@ -33,6 +33,7 @@ TEST(House, ItsTestsAreTidyToo) {
   const SourceTree tests = ReadSources(MARLEX_SOURCE_DIR, "tests");
   EXPECT_EQ(UnguardedHeaders(tests), "");
   EXPECT_EQ(Oversizes(tests), "");
+  EXPECT_EQ(LongTitles(tests), "");
 }
 
 // The rules themselves, on small houses that break them.
@@ -127,6 +128,14 @@ TEST(HouseRules, EveryForeignWordIsAnsweredWithThePortToUse) {
 TEST(HouseRules, TheSimulatedPcMayHaveAThreadButNoClock) {
   EXPECT_EQ(ForeignWords(Tree({{"src/simulation/loop.h", "#include <thread>"}})), "");
   EXPECT_NE(ForeignWords(Tree({{"src/simulation/loop.h", "std::chrono::steady_clock"}})), "");
+}
+
+TEST(HouseRules, ATitleOfSixtyOneCharactersIsTooLong) {
+  const std::string sixty(60, 'x');
+  EXPECT_EQ(
+      LongTitles(Tree({{"tests/a_test.cpp", "TEST(Fades, " + sixty + ") {\n" +
+                                                "TEST_F(Fades,\n       " + sixty + "x) {\n"}})),
+      "tests/a_test.cpp:3: the title has more than 60 characters; say it shorter\n");
 }
 
 TEST(HouseRules, ALineOfAHundredAndOneCharactersIsTooLong) {

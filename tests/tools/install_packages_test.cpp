@@ -95,7 +95,7 @@ TEST_F(PackageMachine, WithoutSudoIsToldSo) {
 }
 
 /// The lists of the project itself.
-TEST_F(PackageMachine, RunsTheProgramWithoutASoundServerOfTheTestsOrADisplayOfTheirs) {
+TEST_F(PackageMachine, RunsWithoutASoundServerOrADisplayOfTheTests) {
   Take("packages.txt");
   EXPECT_EQ(Install(), 0) << Said;
   EXPECT_TRUE(IsThere("qt6-base-dev"));

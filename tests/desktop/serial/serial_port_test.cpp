@@ -26,7 +26,7 @@ TEST_F(SerialPortTest, EveryByteGoesThroughUnchangedBothWays) {
   EXPECT_TRUE(Faults.empty());
 }
 
-TEST_F(SerialPortTest, TheLineIsRaw19200EightNoneOneWithoutHandshakeAndKeepsItsControlLines) {
+TEST_F(SerialPortTest, TheLineIsRaw19200EightNoneOneWithoutHandshake) {
   PseudoTerminal line;
   Link("program/com1", line);
   Port->SetPortOpen(true);
@@ -143,7 +143,7 @@ TEST_F(SerialPortTest, AFileThatIsNoTerminalIsAFault) {
   EXPECT_TRUE(Faults[0].starts_with("COM1: ")) << Faults[0];
 }
 
-TEST_F(SerialPortTest, AFarEndThatTakesNothingBlocksNobodyAndGetsTheNewestBytesLater) {
+TEST_F(SerialPortTest, AFarEndThatTakesNothingGetsTheNewestBytesLater) {
   PseudoTerminal line;
   Link("program/com1", line);
   Port->SetPortOpen(true);

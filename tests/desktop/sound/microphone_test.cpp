@@ -89,7 +89,7 @@ TEST(Microphone, ADelayThatIsFarTooLongIsPutRightAtOnce) {
   EXPECT_EQ(path.Pass(sound.data(), 441, FramesIn(50)), 0);
 }
 
-TEST(Microphone, ADelayThatIsTooLongIsPutRightWithinHalfASecondInSmallBlocksToo) {
+TEST(Microphone, ADelayThatIsTooLongIsCorrectedWithinHalfASecond) {
   SoundLine line;
   SoundLine master;
   MicrophonePath path({line, master});

@@ -134,7 +134,7 @@ TEST(ListBinding, WhereAClickActsAHeldButtonDoesNotRunOverTheEntries) {
   EXPECT_EQ(songs.Heard, "click 1, ");
 }
 
-TEST(ListBinding, WhereAClickActsTheArrowsOnlyLeadToAnEntryAndEnterOrSpaceClicksIt) {
+TEST(ListBinding, WhereAClickActsTheArrowsOnlyLeadAndEnterOrSpaceClicks) {
   ActingList songs;
   Mouse(*songs.View.viewport()).Click(songs.At(1));
   songs.Place.Settle();
@@ -258,7 +258,7 @@ TEST(ListBinding, WhereAClickActsATouchThatIsCancelledClicksNothing) {
   EXPECT_EQ(songs.Heard, "click 3, ");
 }
 
-TEST(ListBinding, AnEntryToWhichTheArrowsHaveLedStaysWhereTheListGetsTheFocusAgain) {
+TEST(ListBinding, AnEntryFoundByTheArrowsIsKeptWhenTheFocusReturns) {
   ActingList songs(200);
   Mouse(songs.Area()).Click(songs.At(1));
   songs.Place.Settle();
@@ -334,7 +334,7 @@ TEST(ListBinding, EntriesFollowTheControlAndTheListKeepsItsPlace) {
   EXPECT_EQ(songs.View.model()->rowCount(), 0);
 }
 
-TEST(ListBinding, ASelectionFurtherDownForAnInstantBringsTheComingEntriesIntoView) {
+TEST(ListBinding, AnInstantsSelectionFurtherDownShowsTheComingEntries) {
   Playlist songs(60);
   songs.Place.Screen.Main().resize(1000, 700);
   songs.Place.Settle();
