@@ -62,6 +62,7 @@ void SoundServer::Start(const SoundCards& cards) {
   command.Variables["HOME"] = Folder;
   command.Variables.erase("PULSE_SERVER");
   command.LogFile = Folder + "/sound.log";
+  command.GoesFirst = true;
   Server = std::make_unique<ChildProcess>(command);
   bool isUp = WaitUntil([this] { return !Server->IsRunning() || IsUp(); }, kStartLimitSeconds);
   if (!isUp || !Server->IsRunning()) {
