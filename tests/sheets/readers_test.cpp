@@ -1,11 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <ostream>
 
 #include "i18n/languages.h"
 #include "sheets/scenes.h"
 
 namespace marlex {
+
+void PrintTo(const Language& language, std::ostream* out) { *out << language.Name; }
+
 namespace {
 
 /// Name by which a screen reader tells where the keyboard stands. That of a box that opens is its
@@ -51,7 +55,7 @@ TEST_P(Readers, TellEachPartOfAWindowFromAllOthers) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Readers, ::testing::ValuesIn(PaintedLanguages()),
-                         [](const auto& language) { return std::string(language.param.Name); });
+                         ::testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace marlex

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <memory>
+#include <ostream>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -35,6 +36,8 @@ struct Door {
   const char* Name;
   std::unique_ptr<MasterDevice> (*Open)();
 };
+
+void PrintTo(const Door& door, std::ostream* out) { *out << door.Name; }
 
 const Door kDoors[] = {
     {"Alsa", []() -> std::unique_ptr<MasterDevice> { return AlsaMaster::Open("pulse:card"); }},
@@ -195,7 +198,7 @@ TEST(AlsaMaster, ADeviceThatPassedToAnotherCardIsNotTouched) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Doors, MasterKeeperTest, testing::ValuesIn(kDoors),
-                         [](const auto& door) { return std::string(door.param.Name); });
+                         testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace marlex

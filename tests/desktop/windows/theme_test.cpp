@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <ostream>
 
 #include "desktop/windows/contrast.h"
 #include "desktop/windows/desk.h"
@@ -10,6 +11,11 @@
 #include "desktop/windows/theme_colors.h"
 
 namespace marlex {
+
+void PrintTo(Scheme scheme, std::ostream* out) {
+  *out << (scheme == Scheme::Light ? "Light" : "Dark");
+}
+
 namespace {
 
 class Theme : public ::testing::TestWithParam<Scheme> {
@@ -65,8 +71,8 @@ TEST_P(Theme, EachRuleThatNamesBothColoursKeepsThemApart) {
   EXPECT_GE(judged, 5);
 }
 
-INSTANTIATE_TEST_SUITE_P(Light, Theme, ::testing::Values(Scheme::Light));
-INSTANTIATE_TEST_SUITE_P(Dark, Theme, ::testing::Values(Scheme::Dark));
+INSTANTIATE_TEST_SUITE_P(Of, Theme, ::testing::Values(Scheme::Light, Scheme::Dark),
+                         ::testing::PrintToStringParamName());
 
 TEST(DarkTheme, ComesWithADarkDesktopAndStaysLightOtherwise) {
   EXPECT_EQ(SchemeOf(PaletteOf(Scheme::Light)), Scheme::Light);
