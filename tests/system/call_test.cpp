@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "system/desk.h"
+#include "system/real_desk.h"
 
 namespace marlex {
 namespace {
@@ -32,9 +32,9 @@ stage::InstallationFiles WithChimes() {
 }
 
 /// A desk with a microphone into which somebody speaks all the time.
-class CallDesk : public Desk {
+class CallDesk : public RealDesk {
  public:
-  explicit CallDesk(const stage::InstallationFiles& files) : Desk(files, WithMicrophone()) {
+  explicit CallDesk(const stage::InstallationFiles& files) : RealDesk(files, WithMicrophone()) {
     Start();
     Speak();
   }

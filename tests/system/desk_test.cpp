@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "system/desk.h"
+#include "system/real_desk.h"
 
 namespace marlex {
 namespace {
@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 TEST(Start, AnEmptyFolderAsksForTheLanguageFirstAndKeepsIt) {
-  Desk desk;
+  RealDesk desk;
   desk.Start();
   ASSERT_TRUE(desk.Await("frmlangSel", "visible", "yes"));
   EXPECT_TRUE(desk.Await("frmlangSel.optLanguage_0", "checked", "yes"));
@@ -25,7 +25,7 @@ TEST(Start, AnEmptyFolderAsksForTheLanguageFirstAndKeepsIt) {
 }
 
 TEST(Start, ASecondProgramShowsAnEmptyWarningAndEndsAndTheFirstPlaysOn) {
-  Desk desk(TwoSongs(40));
+  RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   auto link = desk.MakeSecondLink();
@@ -39,9 +39,9 @@ TEST(Start, ASecondProgramShowsAnEmptyWarningAndEndsAndTheFirstPlaysOn) {
 }
 
 TEST(Start, WithoutASoundDeviceABoxSaysSoAndTheProgramEnds) {
-  stage::StageOptions options = DeskOptions();
+  stage::StageOptions options = RealDeskOptions();
   options.HasSound = false;
-  Desk desk(TwoSongs(1), options);
+  RealDesk desk(TwoSongs(1), options);
   desk.Start();
   ASSERT_TRUE(desk.Await("QMessageBox", "visible", "yes"));
   EXPECT_THAT(desk.Window->Read("QMessageBox", "text"), HasSubstr("Unable to detect a mixer:"));
@@ -50,7 +50,7 @@ TEST(Start, WithoutASoundDeviceABoxSaysSoAndTheProgramEnds) {
 }
 
 TEST(Exit, SendsTheReleaseByteAndEndsAtOnce) {
-  Desk desk(TwoSongs(40));
+  RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
@@ -65,7 +65,7 @@ TEST(Exit, SendsTheReleaseByteAndEndsAtOnce) {
 TEST(Exit, EndsInTheMiddleOfAMessageWithTheReleaseByteOnTheLine) {
   stage::InstallationFiles files = TwoSongs(40);
   files.Sequences = {{"Opening", "Long,Long", "09", "00", "003000"}};
-  Desk desk(files);
+  RealDesk desk(files);
   desk.Start("2031-05-05 08:59:53");
   ASSERT_TRUE(desk.AwaitTone(kMessage));
   ASSERT_TRUE(desk.AwaitBytes(2));
@@ -78,7 +78,7 @@ TEST(Exit, EndsInTheMiddleOfAMessageWithTheReleaseByteOnTheLine) {
 }
 
 /// The window manager's close of the main window, and what must come of it.
-testing::AssertionResult ClosesWithItsReleaseByte(Desk& desk) {
+testing::AssertionResult ClosesWithItsReleaseByte(RealDesk& desk) {
   if (!desk.Display->CloseWindow("Tolvo Marlex"))
     return testing::AssertionFailure() << "there is no main window";
   if (!desk.Program->WaitForEnd(10)) return testing::AssertionFailure() << "it does not end";
@@ -88,7 +88,7 @@ testing::AssertionResult ClosesWithItsReleaseByte(Desk& desk) {
 }
 
 TEST(Exit, TheWindowManagersCloseIsObeyedOverAnOpenFileDialog) {
-  Desk desk(TwoSongs(40));
+  RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
@@ -99,7 +99,7 @@ TEST(Exit, TheWindowManagersCloseIsObeyedOverAnOpenFileDialog) {
 }
 
 TEST(Exit, TheWindowManagersCloseIsObeyedOverANotice) {
-  Desk desk(TwoSongs(40));
+  RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
@@ -110,7 +110,7 @@ TEST(Exit, TheWindowManagersCloseIsObeyedOverANotice) {
 }
 
 TEST(Songs, FollowEachOtherAndThePlaylistFileKeepsThePlace) {
-  Desk desk(TwoSongs(4));
+  RealDesk desk(TwoSongs(4));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   EXPECT_TRUE(desk.AwaitText("frmMain.lblMP3Number", "1/2"));
@@ -134,7 +134,7 @@ TEST(Songs, FilesOfEveryRateSoundAtTheirOwnPitchAndLength) {
   files.Messages = {{"Low", stage::Tone(3100, 1, kTonePeak, 8000)},
                     {"High", stage::Tone(3500, 1, kTonePeak, 96'000)}};
   files.Sequences = {{"Opening", "Low,High", "09", "00"}};
-  Desk desk(files);
+  RealDesk desk(files);
   desk.Start("2031-05-05 08:59:43");
   ASSERT_TRUE(desk.AwaitTone(3500, 60));
   ASSERT_TRUE(desk.Await("frmMain.cmdPlay", "enabled", "yes"));
@@ -153,7 +153,7 @@ TEST(Songs, FilesOfEveryRateSoundAtTheirOwnPitchAndLength) {
 }
 
 TEST(Songs, TheStopKeySilencesTheMusicAndReleasesTheZones) {
-  Desk desk(TwoSongs(40));
+  RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
@@ -168,7 +168,7 @@ TEST(Songs, TheStopKeySilencesTheMusicAndReleasesTheZones) {
 TEST(Between, AMessageOfABreakFollowsTheSongOnItsZonesWithoutAFade) {
   stage::InstallationFiles files = TwoSongs(12);
   files.Sequences = {{"Break", "Short", "09", "00", "003000", "Between"}};
-  Desk desk(files);
+  RealDesk desk(files);
   desk.Start("2031-05-05 08:59:53");
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitTone(kMessage, 60));
@@ -187,7 +187,7 @@ TEST(Between, AMessageOfABreakFollowsTheSongOnItsZonesWithoutAFade) {
 }
 
 TEST(Takeover, AStatusByteSilencesTheMusicAndStatus0GivesItBackOnItsZones) {
-  Desk desk(TwoSongs(60));
+  RealDesk desk(TwoSongs(60));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
@@ -210,9 +210,9 @@ TEST(Takeover, AStatusByteSilencesTheMusicAndStatus0GivesItBackOnItsZones) {
 }
 
 TEST(SoundServer, WhenItDiesInMidSongTheMusicGoesOnAtItsReturnOnTheSameCard) {
-  stage::StageOptions options = DeskOptions();
+  stage::StageOptions options = RealDeskOptions();
   options.Cards.Outputs = {"card", "other"};
-  Desk desk(TwoSongs(90), options);
+  RealDesk desk(TwoSongs(90), options);
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   desk.Server->Kill();
@@ -234,7 +234,7 @@ TEST(SoundServer, WhenItDiesInMidSongTheMusicGoesOnAtItsReturnOnTheSameCard) {
 TEST(Clock, ARowFiresAtItsMinuteWhenTheClockIsSetToIt) {
   stage::InstallationFiles files = TwoSongs(60);
   files.Sequences = {{"Noon", "Short", "12", "00", "100000"}};
-  Desk desk(files);
+  RealDesk desk(files);
   desk.Start("2031-05-05 08:30:00");
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.Await("frmMain.grdSchedule", "cell 1 0", "12:00  "));
@@ -250,7 +250,7 @@ TEST_P(Killed, AtAnyStepOfAnAnnouncementTheNextStartIsRight) {
   stage::InstallationFiles files = TwoSongs(90);
   files.FadeTime = "Slow";
   files.Sequences = {{"Opening", "Short", "09", "00", "003000"}};
-  Desk desk(files);
+  RealDesk desk(files);
   desk.Start("2031-05-05 08:59:54");
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitTime("frmMain.grdSchedule", "cell 1 0 colour", kNavy));

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "system/desk.h"
+#include "system/real_desk.h"
 
 namespace marlex {
 namespace {
@@ -35,9 +35,9 @@ std::vector<std::string> KeysFor(const std::string& text) {
   return keys;
 }
 
-class EditorDesk : public Desk {
+class EditorDesk : public RealDesk {
  public:
-  explicit EditorDesk(stage::InstallationFiles files) : Desk(Quiet(std::move(files))) {}
+  explicit EditorDesk(stage::InstallationFiles files) : RealDesk(Quiet(std::move(files))) {}
 
   void Type(const std::string& text) {
     for (const std::string& key : KeysFor(text)) Display->Key(key);

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "system/desk.h"
+#include "system/real_desk.h"
 
 namespace marlex {
 namespace {
@@ -22,9 +22,9 @@ constexpr int kThirdZone = 64 + 4;
 constexpr int kFirstZone = 64 + 1;
 
 /// An empty installation. The media lie in the operator's home, and a playlist beside the program.
-class EmptyDesk : public Desk {
+class EmptyDesk : public RealDesk {
  public:
-  explicit EmptyDesk(const stage::StageOptions& options = DeskOptions()) : Desk(options) {
+  explicit EmptyDesk(const stage::StageOptions& options = RealDeskOptions()) : RealDesk(options) {
     fs::create_directories(Folder + "/Songs");
     fs::create_directories(Folder + "/Spots");
     stage::WriteMp3File(Folder + "/Songs/First.mp3", stage::Tone(kFirstSong, 60, kTonePeak));
@@ -133,7 +133,7 @@ TEST(FirstRun, RefusesAMissingDirectoryAndACancelEndsTheProgram) {
 }
 
 TEST(Settings, AreOpenedOverPlayingMusicAndAVolumeIsHeardAtOnce) {
-  Desk desk(TwoSongs(60));
+  RealDesk desk(TwoSongs(60));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.Click("mnuEdit"));

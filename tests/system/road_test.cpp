@@ -6,7 +6,7 @@
 #include <cmath>
 #include <optional>
 
-#include "system/desk.h"
+#include "system/real_desk.h"
 
 namespace marlex {
 namespace {
@@ -102,7 +102,7 @@ class Road : public testing::Test {
     return text;
   }
 
-  static inline std::optional<Desk> Place;
+  static inline std::optional<RealDesk> Place;
   static inline Recording Heard;
   static inline double Due = 0;
   static inline double RowFired = 0;

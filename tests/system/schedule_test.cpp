@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "system/desk.h"
+#include "system/real_desk.h"
 
 namespace marlex {
 namespace {
@@ -32,7 +32,7 @@ double Sounding(const Recording& heard, double frequency) {
 TEST(Announcement, WithoutMusicItGoesIntoItsZonesAndReleasesThem) {
   stage::InstallationFiles files = WithRow("Short,Short");
   files.Autostart = false;
-  Desk desk(files);
+  RealDesk desk(files);
   desk.Start("2031-05-05 08:59:54");
   ASSERT_TRUE(desk.AwaitTone(kMessage));
   ASSERT_TRUE(desk.AwaitBytes(2));
@@ -47,7 +47,7 @@ TEST(Announcement, WithoutMusicItGoesIntoItsZonesAndReleasesThem) {
 }
 
 TEST(Announcement, ATakeoverInItsMiddleEndsItAndStatus0FreesTheDesk) {
-  Desk desk(WithRow("Long,Long"));
+  RealDesk desk(WithRow("Long,Long"));
   desk.Start("2031-05-05 08:59:54");
   ASSERT_TRUE(desk.AwaitTone(kMessage));
   ASSERT_TRUE(desk.AwaitBytes(2));
@@ -72,7 +72,7 @@ TEST(MusicsClock, StartsTheMusicAtItsMinuteAndFadesItOutAtItsStop) {
   files.Autostart = false;
   files.MusicStart = "09:00";
   files.MusicStop = "17:30";
-  Desk desk(files);
+  RealDesk desk(files);
   desk.Start("2031-05-05 08:59:54");
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
@@ -89,7 +89,7 @@ TEST(Conflict, IsSeenAndTheRowThatTheOperatorTakesOutIsNotHeard) {
   stage::InstallationFiles files = TwoSongs(90);
   files.Sequences = {{"A", "Short", "09", "00", "003000"}, {"B", "Other", "09", "00", "000400"}};
   files.Messages.push_back({"Other", stage::Tone(2500, 1, kTonePeak)});
-  Desk desk(files);
+  RealDesk desk(files);
   desk.Start("2031-05-05 08:59:40");
   ASSERT_TRUE(desk.Await("frmMain.lblConflict", "visible", "yes"));
   const auto cell = [&](int row, int column) {
@@ -109,7 +109,7 @@ TEST(Conflict, IsSeenAndTheRowThatTheOperatorTakesOutIsNotHeard) {
 }
 
 TEST(Line, PulledOutAndPluggedInAgainItCarriesWhatWasAskedMeanwhile) {
-  Desk desk(TwoSongs(90));
+  RealDesk desk(TwoSongs(90));
   desk.Start();
   ASSERT_TRUE(desk.AwaitBytes(1));
   desk.Line->PullOut();
@@ -129,7 +129,7 @@ TEST(Line, PulledOutAndPluggedInAgainItCarriesWhatWasAskedMeanwhile) {
 }
 
 TEST(SoundServer, WhenItDiesInMidMessageTheSequenceEndsAndTheMusicComesBack) {
-  Desk desk(WithRow("Long,Short"));
+  RealDesk desk(WithRow("Long,Short"));
   desk.Start("2031-05-05 08:59:54");
   ASSERT_TRUE(desk.AwaitTone(kMessage));
   ASSERT_TRUE(desk.AwaitBytes(2));

@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "system/desk.h"
+#include "system/real_desk.h"
 #include "system/session_manager.h"
 
 namespace marlex {
@@ -18,7 +18,7 @@ constexpr int kMusicZones = 128 + 3;
 constexpr int kRowZones = 128 + 4;
 
 /// That the program ends by itself with the release byte as its last word.
-testing::AssertionResult Leaves(Desk& desk) {
+testing::AssertionResult Leaves(RealDesk& desk) {
   if (!desk.Program->WaitForEnd(10)) return testing::AssertionFailure() << "it runs on";
   const int code = desk.Program->ExitCode().value_or(-1);
   if (code != 0) return testing::AssertionFailure() << "it ended with " << code;
@@ -29,7 +29,7 @@ testing::AssertionResult Leaves(Desk& desk) {
 class EndSignal : public testing::TestWithParam<int> {};
 
 TEST_P(EndSignal, OverMusicIsTheExit) {
-  Desk desk(TwoSongs(40));
+  RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
@@ -46,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, EndSignal, testing::Values(SIGTERM, SIGINT, SIGH
 TEST(SessionEnd, ASignalInAMessageUnderTwoBoxesIsTheExit) {
   stage::InstallationFiles files = TwoSongs(40);
   files.Sequences = {{"Opening", "Long,Long", "09", "00", "003000"}};
-  Desk desk(files);
+  RealDesk desk(files);
   desk.Start("2031-05-05 08:59:50");
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.Click("mnuAbout"));
@@ -60,7 +60,7 @@ TEST(SessionEnd, ASignalInAMessageUnderTwoBoxesIsTheExit) {
 }
 
 TEST(SessionEnd, ManySignalsAreOneExit) {
-  Desk desk(TwoSongs(40));
+  RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.AwaitBytes(1));
   for (int i = 0; i < 20; ++i) {
@@ -71,7 +71,7 @@ TEST(SessionEnd, ManySignalsAreOneExit) {
 }
 
 TEST(SessionEnd, ASignalInTheSplashEndsTheProgramBeforeItHasSpoken) {
-  Desk desk(TwoSongs(40));
+  RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.Await("frmLogo", "visible", "yes"));
   desk.Program->Signal(SIGTERM);
@@ -81,7 +81,7 @@ TEST(SessionEnd, ASignalInTheSplashEndsTheProgramBeforeItHasSpoken) {
 }
 
 TEST(SessionEnd, TheLossOfTheDisplayIsTheExit) {
-  Desk desk(TwoSongs(40));
+  RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
@@ -90,14 +90,14 @@ TEST(SessionEnd, TheLossOfTheDisplayIsTheExit) {
 }
 
 stage::StageOptions In(const stage::SessionManager& session) {
-  stage::StageOptions options = DeskOptions();
+  stage::StageOptions options = RealDeskOptions();
   options.Variables = session.Variables();
   return options;
 }
 
 TEST(SessionEnd, TheSessionManagersWordIsTheExitWhateverWindowIsOpen) {
   stage::SessionManager session;
-  Desk desk(TwoSongs(40), In(session));
+  RealDesk desk(TwoSongs(40), In(session));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
@@ -118,7 +118,7 @@ TEST(SessionEnd, TheSessionManagersWordIsTheExitWhateverWindowIsOpen) {
 
 TEST(SessionEnd, ASessionThatOnlyAsksWhetherItMayEndLosesNothing) {
   stage::SessionManager session;
-  Desk desk(TwoSongs(40), In(session));
+  RealDesk desk(TwoSongs(40), In(session));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));

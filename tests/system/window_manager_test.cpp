@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "system/desk.h"
+#include "system/real_desk.h"
 
 namespace marlex {
 namespace {
@@ -12,15 +12,15 @@ using testing::ElementsAre;
 
 constexpr int kMusicZones = 128 + 3;
 
-bool OpenNotice(Desk& desk) {
+bool OpenNotice(RealDesk& desk) {
   return desk.Click("mnuAbout") && desk.Click("mnuAdresses") &&
          desk.Await("QMessageBox", "visible", "yes");
 }
 
 /// A desk whose windows are kept by a manager, which gives each new window the focus.
-class ManagedDesk : public Desk {
+class ManagedDesk : public RealDesk {
  public:
-  explicit ManagedDesk(const stage::InstallationFiles& files) : Desk(files, WithMicrophone()) {
+  explicit ManagedDesk(const stage::InstallationFiles& files) : RealDesk(files, WithMicrophone()) {
     stage::Command command;
     command.Arguments = {"evilwm", "-fn", "fixed"};
     command.Variables = Display->Variables();
@@ -103,7 +103,7 @@ TEST(WindowManager, AQuestionAboutAFileDoesNotBarTheCallKey) {
 }
 
 /// The operator speaks, and another program takes the keyboard: the release might never come.
-void ExpectTheCallToEnd(Desk& desk, stage::ForeignWindow::Kind kind) {
+void ExpectTheCallToEnd(RealDesk& desk, stage::ForeignWindow::Kind kind) {
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
   ASSERT_TRUE(desk.AwaitText("frmMain.cmdCall", "Speak"));
@@ -126,7 +126,7 @@ TEST(WindowManager, TheLockOfTheScreenEndsACall) {
 
 /// Without a manager a click takes the keyboard from no window: it is the notice that loses it.
 TEST(WindowManager, TheLockEndsACallAlsoWhileANoticeHasTheKeyboard) {
-  Desk desk(TwoSongs(40), WithMicrophone());
+  RealDesk desk(TwoSongs(40), WithMicrophone());
   desk.Start();
   ASSERT_TRUE(OpenNotice(desk));
   ExpectTheCallToEnd(desk, stage::ForeignWindow::Kind::Lock);

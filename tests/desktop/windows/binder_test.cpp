@@ -4,8 +4,8 @@
 
 #include <set>
 
-#include "desktop/windows/desk.h"
 #include "desktop/windows/mouse.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/theme.h"
 
 namespace marlex {
@@ -46,16 +46,16 @@ void ExpectSameNames(const Form& form, const QWidget& window) {
 }
 
 TEST(Binder, EveryControlHasAWidgetAndEveryWidgetAControl) {
-  Desk desk;
-  ExpectSameNames(desk.Forms.frmMain, desk.Screen.Main());
-  ExpectSameNames(desk.Forms.frmLogo, desk.Screen.Logo());
-  ExpectSameNames(desk.Forms.frmlangSel, desk.Screen.LangSel());
-  ExpectSameNames(desk.Forms.frmAbout, desk.Screen.About());
-  ExpectSameNames(desk.Forms.frmSettings, desk.Screen.Settings());
-  ExpectSameNames(desk.Forms.frmDirSel, desk.Screen.DirSel());
-  ExpectSameNames(desk.Forms.frmChimeSelect, desk.Screen.ChimeSelect());
-  ExpectSameNames(desk.Forms.TheWavWindow, desk.Screen.ScheduleEditor());
-  ExpectSameNames(desk.Forms.frmPlaylist, desk.Screen.Playlist());
+  PaintedWindows windows;
+  ExpectSameNames(windows.Forms.frmMain, windows.Screen.Main());
+  ExpectSameNames(windows.Forms.frmLogo, windows.Screen.Logo());
+  ExpectSameNames(windows.Forms.frmlangSel, windows.Screen.LangSel());
+  ExpectSameNames(windows.Forms.frmAbout, windows.Screen.About());
+  ExpectSameNames(windows.Forms.frmSettings, windows.Screen.Settings());
+  ExpectSameNames(windows.Forms.frmDirSel, windows.Screen.DirSel());
+  ExpectSameNames(windows.Forms.frmChimeSelect, windows.Screen.ChimeSelect());
+  ExpectSameNames(windows.Forms.TheWavWindow, windows.Screen.ScheduleEditor());
+  ExpectSameNames(windows.Forms.frmPlaylist, windows.Screen.Playlist());
 }
 
 TEST(Binder, AControlWithoutAWidgetIsRefusedByName) {
@@ -87,98 +87,98 @@ TEST(Binder, AControlOfAKindThatNoWidgetShowsIsRefusedByName) {
 }
 
 TEST(Binder, WindowsComeAndGoWithTheirForms) {
-  Desk desk;
-  desk.Settle();
-  EXPECT_FALSE(desk.Screen.Main().isVisible());
-  desk.ShowMain();
-  EXPECT_TRUE(desk.Screen.Main().isVisible());
-  EXPECT_EQ(desk.Screen.Main().windowTitle(), "Tolvo Marlex");
-  desk.Forms.frmMain.Unload();
-  desk.Settle();
-  EXPECT_FALSE(desk.Screen.Main().isVisible());
+  PaintedWindows windows;
+  windows.Settle();
+  EXPECT_FALSE(windows.Screen.Main().isVisible());
+  windows.ShowMain();
+  EXPECT_TRUE(windows.Screen.Main().isVisible());
+  EXPECT_EQ(windows.Screen.Main().windowTitle(), "Tolvo Marlex");
+  windows.Forms.frmMain.Unload();
+  windows.Settle();
+  EXPECT_FALSE(windows.Screen.Main().isVisible());
 }
 
 TEST(Binder, ClosingAWindowAsksItsFormAndNothingElse) {
-  Desk desk;
+  PaintedWindows windows;
   int closed = 0;
-  desk.Forms.frmMain.OnClose = [&] { ++closed; };
-  desk.ShowMain();
-  EXPECT_FALSE(desk.Screen.Main().close());
-  desk.Settle();
+  windows.Forms.frmMain.OnClose = [&] { ++closed; };
+  windows.ShowMain();
+  EXPECT_FALSE(windows.Screen.Main().close());
+  windows.Settle();
   EXPECT_EQ(closed, 1);
-  EXPECT_TRUE(desk.Screen.Main().isVisible()) << "the form has not unloaded itself";
+  EXPECT_TRUE(windows.Screen.Main().isVisible()) << "the form has not unloaded itself";
 }
 
 TEST(Binder, EscapeClosesTheAboutBoxAsItsCloseDoes) {
-  Desk desk;
+  PaintedWindows windows;
   for (const bool byEscape : {true, false}) {
-    desk.Forms.frmAbout.Show();
-    desk.Settle();
-    ASSERT_TRUE(desk.Screen.About().isVisible());
-    if (byEscape) QTest::keyClick(&desk.Screen.About(), Qt::Key_Escape);
-    if (!byEscape) desk.Screen.About().close();
-    EXPECT_TRUE(desk.Screen.About().isVisible()) << "until the form says so";
-    desk.Settle();
-    EXPECT_FALSE(desk.Forms.frmAbout.Loaded());
-    EXPECT_FALSE(desk.Screen.About().isVisible());
+    windows.Forms.frmAbout.Show();
+    windows.Settle();
+    ASSERT_TRUE(windows.Screen.About().isVisible());
+    if (byEscape) QTest::keyClick(&windows.Screen.About(), Qt::Key_Escape);
+    if (!byEscape) windows.Screen.About().close();
+    EXPECT_TRUE(windows.Screen.About().isVisible()) << "until the form says so";
+    windows.Settle();
+    EXPECT_FALSE(windows.Forms.frmAbout.Loaded());
+    EXPECT_FALSE(windows.Screen.About().isVisible());
   }
 }
 
 /// Its close ends the program, for which one stray key is too little.
 TEST(Binder, EscapeInTheLanguageDialogNeitherChoosesNorCloses) {
-  Desk desk;
+  PaintedWindows windows;
   std::string heard;
-  desk.Forms.frmlangSel.OnClose = [&] { heard += "close "; };
-  desk.Forms.frmlangSel.cmdOK.OnClick = [&] { heard += "ok "; };
-  desk.Forms.frmlangSel.Show();
-  desk.Settle();
-  QTest::keyClick(&desk.Screen.LangSel(), Qt::Key_Escape);
-  desk.Settle();
+  windows.Forms.frmlangSel.OnClose = [&] { heard += "close "; };
+  windows.Forms.frmlangSel.cmdOK.OnClick = [&] { heard += "ok "; };
+  windows.Forms.frmlangSel.Show();
+  windows.Settle();
+  QTest::keyClick(&windows.Screen.LangSel(), Qt::Key_Escape);
+  windows.Settle();
   EXPECT_EQ(heard, "");
-  EXPECT_TRUE(desk.Screen.LangSel().isVisible());
+  EXPECT_TRUE(windows.Screen.LangSel().isVisible());
 }
 
 TEST(Binder, EscapeLeavesADialogOpenWhoseCloseWouldChoose) {
-  Desk desk;
-  desk.Forms.frmSettings.Show();
-  desk.Forms.frmDirSel.Show();
-  desk.Settle();
+  PaintedWindows windows;
+  windows.Forms.frmSettings.Show();
+  windows.Forms.frmDirSel.Show();
+  windows.Settle();
   int closed = 0;
-  desk.Forms.frmDirSel.OnClose = [&] { ++closed; };
-  QTest::keyClick(&desk.Screen.DirSel(), Qt::Key_Escape);
-  desk.Settle();
-  EXPECT_TRUE(desk.Screen.DirSel().isVisible());
+  windows.Forms.frmDirSel.OnClose = [&] { ++closed; };
+  QTest::keyClick(&windows.Screen.DirSel(), Qt::Key_Escape);
+  windows.Settle();
+  EXPECT_TRUE(windows.Screen.DirSel().isVisible());
   EXPECT_EQ(closed, 0);
 }
 
 TEST(Binder, ManyChangesArePaintedOnce) {
-  Desk desk;
-  desk.ShowMain();
-  Grid& grid = desk.Forms.frmMain.grdSchedule;
+  PaintedWindows windows;
+  windows.ShowMain();
+  Grid& grid = windows.Forms.frmMain.grdSchedule;
   grid.SetRows(100);
-  desk.Settle();
-  QSignalSpy painted(desk.Find<QTableView>("grdSchedule").model(),
+  windows.Settle();
+  QSignalSpy painted(windows.Find<QTableView>("grdSchedule").model(),
                      &QAbstractItemModel::dataChanged);
   for (int row = 1; row < 100; ++row) grid.SetTextMatrix(row, 4, "gong");
   EXPECT_EQ(painted.count(), 0);
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(painted.count(), 1);
 }
 
 TEST(Binder, CaptionsShowAmpersandsAndNewLinesAsTheyAre) {
-  Desk desk;
-  FrmMain& main = desk.Forms.frmMain;
-  desk.ShowMain();
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
+  windows.ShowMain();
   main.cmdPlay.Caption = "Rock & roll\rnow";
   main.frRouting.Caption = "Hall & yard";
   main.mnuFile.Caption = "Lists & more";
   main.lblConflict.Caption = "<b>one</b> & two\r\nthree";
-  desk.Settle();
-  EXPECT_EQ(desk.Find<QPushButton>("cmdPlay").text(), "Rock && roll\nnow");
-  EXPECT_EQ(desk.Find<QGroupBox>("frRouting").title(), "Hall && yard");
-  EXPECT_EQ(desk.Find<QMenu>("mnuFile").title(), "Lists && more");
-  EXPECT_EQ(desk.Find<QLabel>("lblConflict").text(), "<b>one</b> & two\nthree");
-  EXPECT_EQ(desk.Find<QLabel>("lblConflict").textFormat(), Qt::PlainText);
+  windows.Settle();
+  EXPECT_EQ(windows.Find<QPushButton>("cmdPlay").text(), "Rock && roll\nnow");
+  EXPECT_EQ(windows.Find<QGroupBox>("frRouting").title(), "Hall && yard");
+  EXPECT_EQ(windows.Find<QMenu>("mnuFile").title(), "Lists && more");
+  EXPECT_EQ(windows.Find<QLabel>("lblConflict").text(), "<b>one</b> & two\nthree");
+  EXPECT_EQ(windows.Find<QLabel>("lblConflict").textFormat(), Qt::PlainText);
 }
 
 QColor MiddleOf(QWidget& widget) {
@@ -187,59 +187,59 @@ QColor MiddleOf(QWidget& widget) {
 }
 
 TEST(Binder, LampsShowTheColoursOfTheSystem) {
-  Desk desk;
-  FrmMain& main = desk.Forms.frmMain;
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
   main.lblConflict.Visible = true;
-  desk.ShowMain();
-  auto& lamp = desk.Find<QLabel>("lblCurrentZone_2");
+  windows.ShowMain();
+  auto& lamp = windows.Find<QLabel>("lblCurrentZone_2");
   const QColor dark = MiddleOf(lamp);
   main.lblCurrentZone[2].BackColor = kGreen;
   main.lblConflict.BackColor = kRed;
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(MiddleOf(lamp), ShownColor(kGreen));
   main.lblCurrentZone[2].BackColor = kDarkGreen;
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(MiddleOf(lamp), ShownColor(kDarkGreen));
   main.lblCurrentZone[2].BackColor = kButtonFace;
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(MiddleOf(lamp), dark);
 }
 
 TEST(Binder, KeysShrinkAndGrowInTheRelationOfTheirHeights) {
-  Desk desk;
-  FrmMain& main = desk.Forms.frmMain;
-  desk.ShowMain();
-  auto& play = desk.Find<QPushButton>("cmdPlay");
-  auto& zone = desk.Find<QPushButton>("cmdMusicZones_0");
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
+  windows.ShowMain();
+  auto& play = windows.Find<QPushButton>("cmdPlay");
+  auto& zone = windows.Find<QPushButton>("cmdMusicZones_0");
   const int tall = play.height();
   const int low = zone.height();
   main.cmdPlay.Height = FrmMain::kShrunkenKeyHeight;
   main.cmdMusicZones[0].Height = FrmMain::kTallZoneKeyHeight;
-  desk.Settle();
+  windows.Settle();
   EXPECT_NEAR(play.height(), tall * 255 / 615, 4);
   EXPECT_GE(play.height(), play.minimumSizeHint().height());
   EXPECT_NEAR(zone.height(), low * 616 / 255, 2);
   main.cmdPlay.Height = FrmMain::kTransportKeyHeight;
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(play.height(), tall);
 }
 
 TEST(Binder, TheTableTakesTheRoomOfAHiddenFrame) {
-  Desk desk;
-  FrmMain& main = desk.Forms.frmMain;
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
   main.frRouting.Visible = false;
-  desk.ShowMain();
-  auto& table = desk.Find<QTableView>("grdSchedule");
+  windows.ShowMain();
+  auto& table = windows.Find<QTableView>("grdSchedule");
   const int low = table.height();
   main.frCall.Visible = false;
-  desk.Settle();
+  windows.Settle();
   const int high = table.height();
   EXPECT_GT(high, low + 80);
   main.lblConflict.Caption = "Time conflict(s)";
   main.lblConflict.Visible = true;
-  desk.Settle();
+  windows.Settle();
   EXPECT_LT(table.height(), high);
-  EXPECT_GT(desk.Find<QLabel>("lblConflict").y(), table.y() + table.height() - 1);
+  EXPECT_GT(windows.Find<QLabel>("lblConflict").y(), table.y() + table.height() - 1);
 }
 
 }  // namespace

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "desktop/windows/box_hand.h"
-#include "desktop/windows/desk.h"
+#include "desktop/windows/painted_windows.h"
 
 namespace marlex {
 namespace {
 
 /// The main window with a call key that counts.
-struct CallDesk : Desk {
+struct CallDesk : PaintedWindows {
   CallDesk() {
     Forms.frmMain.Load();
     Forms.frmMain.frRouting.Visible = true;

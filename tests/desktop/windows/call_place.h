@@ -3,12 +3,12 @@
 #include <string>
 
 #include "desktop/windows/box_hand.h"
-#include "desktop/windows/desk.h"
+#include "desktop/windows/painted_windows.h"
 
 namespace marlex {
 
 /// The main window with a call key that writes down what it hears, and boxes over it.
-struct CallPlace : Desk {
+struct CallPlace : PaintedWindows {
   CallPlace() {
     Forms.frmMain.cmdCall.OnMouseDown = [this](MouseButton) { Heard += "down "; };
     Forms.frmMain.cmdCall.OnMouseUp = [this](MouseButton) { Heard += "up "; };

@@ -5,7 +5,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "desktop/windows/desk.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/shown_text.h"
 #include "desktop/windows/texts.h"
 
@@ -24,18 +24,18 @@ QString ToolTipOver(QWidget& widget) {
 }
 
 TEST(Elided, APathThatIsTooLongLosesItsMiddleAndIsWholeInTheToolTip) {
-  Desk desk;
-  desk.Forms.frmSettings.Load();
-  Texts().Fill(desk.Forms);
-  desk.Forms.frmSettings.Show();
-  desk.Settle();
-  const QSize before = desk.Screen.Settings().size();
-  auto& label = *desk.Screen.Settings().findChild<ElidedLabel*>("lblBGDir_Name");
+  PaintedWindows windows;
+  windows.Forms.frmSettings.Load();
+  Texts().Fill(windows.Forms);
+  windows.Forms.frmSettings.Show();
+  windows.Settle();
+  const QSize before = windows.Screen.Settings().size();
+  auto& label = *windows.Screen.Settings().findChild<ElidedLabel*>("lblBGDir_Name");
   EXPECT_EQ(ToolTipOver(label), "");
   const std::string path = std::string(kLongPath) + kLongPath;
-  desk.Forms.frmSettings.lblBGDir_Name.Caption = path;
-  desk.Settle();
-  EXPECT_EQ(desk.Screen.Settings().size(), before);
+  windows.Forms.frmSettings.lblBGDir_Name.Caption = path;
+  windows.Settle();
+  EXPECT_EQ(windows.Screen.Settings().size(), before);
   EXPECT_EQ(label.text().toStdString(), path);
   EXPECT_NE(label.ShownLine(), label.text());
   EXPECT_TRUE(label.ShownLine().startsWith("/home/operator/"));
@@ -44,54 +44,54 @@ TEST(Elided, APathThatIsTooLongLosesItsMiddleAndIsWholeInTheToolTip) {
 }
 
 TEST(Elided, AZonesLongNameMakesNoWindowWider) {
-  Desk desk;
-  desk.Forms.frmMain.Load();
-  Texts().Fill(desk.Forms);
-  desk.ShowMain();
-  QWidget& window = desk.Screen.Main();
+  PaintedWindows windows;
+  windows.Forms.frmMain.Load();
+  Texts().Fill(windows.Forms);
+  windows.ShowMain();
+  QWidget& window = windows.Screen.Main();
   const QSize least = window.minimumSizeHint();
   const std::string name = "Departures, platforms <one> to seven & the bus station";
-  for (const auto& label : desk.Forms.frmMain.lblZoneName) label->Caption = name;
-  desk.Settle();
+  for (const auto& label : windows.Forms.frmMain.lblZoneName) label->Caption = name;
+  windows.Settle();
   EXPECT_EQ(window.minimumSizeHint(), least);
-  auto& label = desk.Find<ElidedLabel>("lblZoneName_3");
+  auto& label = windows.Find<ElidedLabel>("lblZoneName_3");
   EXPECT_NE(label.ShownLine(), label.text());
   EXPECT_EQ(ToolTipOver(label), QString::fromStdString(name));
 }
 
 TEST(Elided, AKeyWithALongNameKeepsItsPlaceInTheEditor) {
-  Desk desk;
-  WavWindow& editor = desk.Forms.TheWavWindow;
+  PaintedWindows windows;
+  WavWindow& editor = windows.Forms.TheWavWindow;
   editor.Load();
   editor.Show();
-  desk.Settle();
-  QWidget& window = desk.Screen.ScheduleEditor();
+  windows.Settle();
+  QWidget& window = windows.Screen.ScheduleEditor();
   auto& key = *window.findChild<ElidedKey*>("cmdZone_1");
   editor.cmdZone[1].Caption = "Hall";
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(key.ShownLine(), "Hall");
   EXPECT_EQ(ToolTipOver(key), "");
   const int width = window.minimumSizeHint().width();
   editor.cmdZone[1].Caption = "Departures and arrivals of the upper floor";
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(window.minimumSizeHint().width(), width);
   EXPECT_NE(key.ShownLine(), key.text());
   EXPECT_EQ(ToolTipOver(key), key.text());
   editor.cmdZone[1].Caption = "Departures & arrivals of the upper \"B\" floor";
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(ToolTipOver(key), "Departures & arrivals of the upper \"B\" floor");
 }
 
 TEST(Elided, AFileOfOneLongWordInATitleMakesNoWindowWider) {
-  Desk desk;
-  FrmMain& main = desk.Forms.frmMain;
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
   main.Load();
-  Texts().Fill(desk.Forms);
-  desk.ShowMain();
-  const int least = desk.Screen.Main().minimumSizeHint().width();
+  Texts().Fill(windows.Forms);
+  windows.ShowMain();
+  const int least = windows.Screen.Main().minimumSizeHint().width();
   main.frBGMusic.Caption = "Music: Weihnachtsmusik_Erdgeschoss_und_Restaurant_2026_Nachmittag.lst";
-  desk.Settle();
-  EXPECT_EQ(desk.Screen.Main().minimumSizeHint().width(), least);
+  windows.Settle();
+  EXPECT_EQ(windows.Screen.Main().minimumSizeHint().width(), least);
 }
 
 QString ToolTipOf(QAbstractItemView& view, const QModelIndex& entry) {
@@ -106,16 +106,16 @@ QString ToolTipOf(QAbstractItemView& view, const QModelIndex& entry) {
 }
 
 TEST(Elided, ALongSongIsShortenedInItsListAndWholeInItsToolTip) {
-  Desk desk;
-  FrmMain& main = desk.Forms.frmMain;
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
   main.Load();
-  Texts().Fill(desk.Forms);
+  Texts().Fill(windows.Forms);
   const std::string song =
       "A very long title of a song <live> & its two composers, remastered for the hall";
   main.lstPlaylist.AddItem("Short");
   main.lstPlaylist.AddItem(song);
-  desk.ShowMain();
-  auto& list = desk.Find<QListView>("lstPlaylist");
+  windows.ShowMain();
+  auto& list = windows.Find<QListView>("lstPlaylist");
   EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
   const int last = list.model()->rowCount() - 1;
   EXPECT_EQ(ToolTipOf(list, list.model()->index(last, 0)), QString::fromStdString(song));
@@ -123,16 +123,16 @@ TEST(Elided, ALongSongIsShortenedInItsListAndWholeInItsToolTip) {
 }
 
 TEST(Elided, ALongCellOfTheTableIsWholeInItsToolTipAndOneThatFitsHasNone) {
-  Desk desk;
-  FrmMain& main = desk.Forms.frmMain;
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
   main.Load();
-  Texts().Fill(desk.Forms);
+  Texts().Fill(windows.Forms);
   FillSchedule(main.grdSchedule, 2);
   std::string messages = "gong";
   for (int message = 0; message < 40; ++message) messages += ",<b>wait</b>";
   main.grdSchedule.SetTextMatrix(2, kMessagesColumn, messages);
-  desk.ShowMain();
-  auto& table = desk.Find<QTableView>("grdSchedule");
+  windows.ShowMain();
+  auto& table = windows.Find<QTableView>("grdSchedule");
   const auto toolTipOf = [&](int row, int column) {
     return ToolTipOf(table, table.model()->index(row - 1, column)).toStdString();
   };

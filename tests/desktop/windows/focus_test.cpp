@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/windows/contrast.h"
-#include "desktop/windows/desk.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/texts.h"
 
 namespace marlex {
@@ -44,8 +44,8 @@ std::string Silent(QWidget& window) {
 }
 
 TEST(Focus, EveryPartThatTheTabKeyReachesShowsThatItHasIt) {
-  Desk desk;
-  Windows& forms = desk.Forms;
+  PaintedWindows windows;
+  Windows& forms = windows.Forms;
   for (Form* form : std::initializer_list<Form*>{&forms.frmMain, &forms.frmSettings,
                                                  &forms.frmPlaylist, &forms.TheWavWindow})
     form->Load();
@@ -57,11 +57,12 @@ TEST(Focus, EveryPartThatTheTabKeyReachesShowsThatItHasIt) {
            &forms.frmMain, &forms.frmSettings, &forms.frmPlaylist, &forms.TheWavWindow,
            &forms.frmlangSel, &forms.frmDirSel, &forms.frmChimeSelect, &forms.frmAbout}) {
     form->Show();
-    desk.Settle();
+    windows.Settle();
   }
-  for (QWidget* window : {&desk.Screen.Main(), &desk.Screen.Settings(), &desk.Screen.Playlist(),
-                          &desk.Screen.ScheduleEditor(), &desk.Screen.LangSel(),
-                          &desk.Screen.DirSel(), &desk.Screen.ChimeSelect(), &desk.Screen.About()})
+  for (QWidget* window :
+       {&windows.Screen.Main(), &windows.Screen.Settings(), &windows.Screen.Playlist(),
+        &windows.Screen.ScheduleEditor(), &windows.Screen.LangSel(), &windows.Screen.DirSel(),
+        &windows.Screen.ChimeSelect(), &windows.Screen.About()})
     EXPECT_EQ(Silent(*window), "") << window->objectName().toStdString();
 }
 

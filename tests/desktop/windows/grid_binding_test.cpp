@@ -4,8 +4,8 @@
 
 #include <map>
 
-#include "desktop/windows/desk.h"
 #include "desktop/windows/mouse.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/texts.h"
 #include "desktop/windows/theme.h"
 
@@ -16,25 +16,25 @@ constexpr int kMarginOfCell = 10;
 
 struct Table {
   explicit Table(int rows) {
-    Place.Forms.frmMain.Load();
-    Texts().Fill(Place.Forms);
+    Shown.Forms.frmMain.Load();
+    Texts().Fill(Shown.Forms);
     FillSchedule(Cells, rows);
-    Place.ShowMain();
+    Shown.ShowMain();
   }
   QPoint At(int row, int column) {
     return View.visualRect(View.model()->index(row - 1, column)).center();
   }
   int FirstRow() { return View.rowAt(0) + 1; }
 
-  Desk Place;
-  Grid& Cells = Place.Forms.frmMain.grdSchedule;
-  QTableView& View = Place.Find<QTableView>("grdSchedule");
+  PaintedWindows Shown;
+  Grid& Cells = Shown.Forms.frmMain.grdSchedule;
+  QTableView& View = Shown.Find<QTableView>("grdSchedule");
 };
 
 TEST(GridBinding, TextsHeadingAndColoursAreThoseOfTheGrid) {
   Table table(4);
   PaintRow(table.Cells, 2, kNavy, kWhite);
-  table.Place.Settle();
+  table.Shown.Settle();
   const QModelIndex cell = table.View.model()->index(1, kTimeColumn);
   EXPECT_EQ(cell.data().toString().toStdString(), table.Cells.TextMatrix(2, kTimeColumn));
   EXPECT_EQ(table.View.model()->headerData(4, Qt::Horizontal).toString(), "Message info");
@@ -50,7 +50,7 @@ TEST(GridBinding, AReaderHearsTheMarkOfARowBeforeItsTime) {
   table.Cells.SetRow(3);
   table.Cells.SetCol(kTimeColumn);
   table.Cells.SetCellColors(kRed, kWhite);
-  table.Place.Settle();
+  table.Shown.Settle();
   QAccessibleTableInterface& spoken =
       *QAccessible::queryAccessibleInterface(&table.View)->tableInterface();
   for (const auto& [row, mark] : std::map<int, QString>{{1, ""}, {2, "\u25B8 "}, {3, "! "}}) {
@@ -65,11 +65,11 @@ TEST(GridBinding, ColumnsOfNoWidthAndRowsOfNoHeightAreNotSeen) {
   EXPECT_FALSE(table.View.isColumnHidden(kRoutingColumn));
   table.Cells.SetColWidth(kDaysColumn, 800);
   table.Cells.SetRowHeight(3, 0);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_FALSE(table.View.isColumnHidden(kDaysColumn));
   EXPECT_TRUE(table.View.isRowHidden(2));
   table.Cells.SetRowHeight(3, Grid::kDefaultRowHeight);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_FALSE(table.View.isRowHidden(2));
 }
 
@@ -80,7 +80,7 @@ TEST(GridBinding, ADoubleClickChoosesItsCellFirst) {
     heard = std::to_string(table.Cells.Row()) + " " + std::to_string(table.Cells.Col());
   };
   Mouse(*table.View.viewport()).DoubleClick(table.At(4, kNameColumn));
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(heard, "4 3");
 }
 
@@ -91,7 +91,7 @@ TEST(GridBinding, ADoubleClickOnARowThatHasGoneMeanwhileDoesNothing) {
   const QPoint place = table.At(5, kTimeColumn);
   table.Cells.SetRows(2);  // not yet painted
   Mouse(*table.View.viewport()).DoubleClick(place);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(heard, 0);
   EXPECT_EQ(table.View.model()->rowCount(), 1);
 }
@@ -99,20 +99,20 @@ TEST(GridBinding, ADoubleClickOnARowThatHasGoneMeanwhileDoesNothing) {
 TEST(GridBinding, TheTableBeginsWithTheRowThatTheSystemWants) {
   Table table(200);
   table.Cells.SetTopRow(120);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(table.FirstRow(), 120);
   table.Cells.SetTopRow(200);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(table.View.verticalScrollBar()->value(), table.View.verticalScrollBar()->maximum());
 }
 
 TEST(GridBinding, NoRowIsCutThroughWhereverTheTableBeginsAndHoweverHighItIs) {
   Table table(200);
   for (int height = 620; height < 760; height += 7) {
-    table.Place.Screen.Main().resize(1024, height);
+    table.Shown.Screen.Main().resize(1024, height);
     for (const int top : {1, 57, 200}) {
       table.Cells.SetTopRow(top);
-      table.Place.Settle();
+      table.Shown.Settle();
       const QRect room = table.View.viewport()->rect();
       const QModelIndex first = table.View.indexAt(room.topLeft());
       const QModelIndex last = table.View.indexAt(room.bottomLeft());
@@ -127,10 +127,10 @@ TEST(GridBinding, RowsThatHaveGoneAreLeftOutOfTheWayToTheFirstRow) {
   Table table(200);
   for (int row = 20; row < 60; ++row) table.Cells.SetRowHeight(row, 0);
   table.Cells.SetTopRow(120);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(table.FirstRow(), 120);
   table.Cells.SetTopRow(30);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(table.FirstRow(), 60);
 }
 
@@ -139,7 +139,7 @@ TEST(GridBinding, ShortNamesLeaveTheirRoomToTheMessages) {
   const auto widthWith = [&table](const char* name) {
     table.Cells.SetColWidth(kNameColumn, 1800);
     table.Cells.SetTextMatrix(2, kNameColumn, name);
-    table.Place.Settle();
+    table.Shown.Settle();
     return table.View.columnWidth(kNameColumn);
   };
   const int shortest = widthWith("Day");
@@ -155,34 +155,34 @@ TEST(GridBinding, ShortNamesLeaveTheirRoomToTheMessages) {
 }
 
 TEST(GridBinding, ARowChosenBeforeTheWindowIsShownIsReachedWhenItIs) {
-  Desk desk;
-  desk.Forms.frmMain.Load();
-  FillSchedule(desk.Forms.frmMain.grdSchedule, 200);
-  desk.Forms.frmMain.grdSchedule.SetTopRow(90);
-  desk.ShowMain();
-  desk.Settle();
-  EXPECT_EQ(desk.Find<QTableView>("grdSchedule").rowAt(0) + 1, 90);
+  PaintedWindows windows;
+  windows.Forms.frmMain.Load();
+  FillSchedule(windows.Forms.frmMain.grdSchedule, 200);
+  windows.Forms.frmMain.grdSchedule.SetTopRow(90);
+  windows.ShowMain();
+  windows.Settle();
+  EXPECT_EQ(windows.Find<QTableView>("grdSchedule").rowAt(0) + 1, 90);
 }
 
 TEST(GridBinding, TheOperatorMayScrollAwayAndTheSystemBack) {
   Table table(200);
   table.Cells.SetTopRow(120);
-  table.Place.Settle();
+  table.Shown.Settle();
   table.View.verticalScrollBar()->setValue(0);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(table.Cells.TopRow(), 1);
   table.Cells.SetTextMatrix(1, 4, "gong");
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(table.FirstRow(), 1) << "painting leaves the operator's place alone";
   table.Cells.SetTopRow(120);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(table.FirstRow(), 120);
 }
 
 TEST(GridBinding, PassesOverTheCurrentCellDoNotScroll) {
   Table table(200);
   for (int row = 1; row <= 200; ++row) table.Cells.SetRow(row);
-  table.Place.Settle();
+  table.Shown.Settle();
   EXPECT_EQ(table.FirstRow(), 1);
   EXPECT_EQ(table.Cells.Row(), 200);
 }
@@ -192,11 +192,11 @@ TEST(GridBinding, ATableOf32767RowsIsShownAtOnce) {
   FillSchedule(table.Cells, 32767);
   QElapsedTimer clock;
   clock.start();
-  table.Place.Settle();
+  table.Shown.Settle();
   const qint64 firstMs = clock.restart();
   table.Cells.SetRowHeight(20000, 0);
   PaintRow(table.Cells, 30000, kNavy, kWhite);
-  table.Place.Settle();
+  table.Shown.Settle();
   const qint64 againMs = clock.elapsed();
   RecordProperty("first_ms", static_cast<int>(firstMs));
   RecordProperty("again_ms", static_cast<int>(againMs));

@@ -2,26 +2,26 @@
 
 #include <gtest/gtest.h>
 
-#include "desktop/windows/desk.h"
 #include "desktop/windows/finger.h"
 #include "desktop/windows/mouse.h"
+#include "desktop/windows/painted_windows.h"
 
 namespace marlex {
 namespace {
 
 TEST(Hand, AClickReachesItsControlOnce) {
-  Desk desk;
+  PaintedWindows windows;
   int clicks = 0;
-  desk.Forms.frmMain.cmdPlay.OnClick = [&] { ++clicks; };
-  desk.ShowMain();
-  Mouse(desk.Find<QPushButton>("cmdPlay")).Click();
-  desk.Settle();
+  windows.Forms.frmMain.cmdPlay.OnClick = [&] { ++clicks; };
+  windows.ShowMain();
+  Mouse(windows.Find<QPushButton>("cmdPlay")).Click();
+  windows.Settle();
   EXPECT_EQ(clicks, 1);
 }
 
 TEST(Hand, ADisabledControlForwardsNothing) {
-  Desk desk;
-  FrmMain& main = desk.Forms.frmMain;
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
   int events = 0;
   main.cmdCall.OnClick = [&] { ++events; };
   main.cmdCall.OnMouseDown = [&](MouseButton) { ++events; };
@@ -29,102 +29,102 @@ TEST(Hand, ADisabledControlForwardsNothing) {
   main.lstPlaylist.OnMouseDown = [&](MouseButton) { ++events; };
   main.cmdCall.Enabled = false;
   main.lstPlaylist.Enabled = false;
-  desk.ShowMain();
-  Mouse(desk.Find<QPushButton>("cmdCall")).Click();
-  Mouse(*desk.Find<QListView>("lstPlaylist").viewport()).Click({20, 15});
-  desk.Settle();
+  windows.ShowMain();
+  Mouse(windows.Find<QPushButton>("cmdCall")).Click();
+  Mouse(*windows.Find<QListView>("lstPlaylist").viewport()).Click({20, 15});
+  windows.Settle();
   EXPECT_EQ(events, 0);
 }
 
 TEST(Hand, AClickIsDroppedWhenTheControlWasDisabledJustBefore) {
-  Desk desk;
+  PaintedWindows windows;
   int clicks = 0;
-  desk.Forms.frmMain.cmdPlay.OnClick = [&] { ++clicks; };
-  desk.ShowMain();
-  desk.Forms.frmMain.cmdPlay.Enabled = false;  // not yet painted
-  Mouse(desk.Find<QPushButton>("cmdPlay")).Click();
-  desk.Settle();
+  windows.Forms.frmMain.cmdPlay.OnClick = [&] { ++clicks; };
+  windows.ShowMain();
+  windows.Forms.frmMain.cmdPlay.Enabled = false;  // not yet painted
+  Mouse(windows.Find<QPushButton>("cmdPlay")).Click();
+  windows.Settle();
   EXPECT_EQ(clicks, 0);
 }
 
 TEST(Hand, TheSecondClickOnAKeyThatClosedItsWindowIsDropped) {
-  Desk desk;
+  PaintedWindows windows;
   int clicks = 0;
-  FrmAbout& about = desk.Forms.frmAbout;
+  FrmAbout& about = windows.Forms.frmAbout;
   about.cmdOK.OnClick = [&] {
     ++clicks;
     about.Unload();
   };
   about.Show();
-  desk.Settle();
-  auto* key = desk.Screen.About().findChild<QPushButton*>("cmdOK");
+  windows.Settle();
+  auto* key = windows.Screen.About().findChild<QPushButton*>("cmdOK");
   Mouse(*key).Click();
   Mouse(*key).Click();
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(clicks, 1);
 }
 
 TEST(Hand, AToggleSetsItsValueAndTheSystemHasTheLastWord) {
-  Desk desk;
-  ToggleButton& zone = desk.Forms.frmMain.cmdMusicZones[1];
-  desk.ShowMain();
-  auto& key = desk.Find<QPushButton>("cmdMusicZones_1");
+  PaintedWindows windows;
+  ToggleButton& zone = windows.Forms.frmMain.cmdMusicZones[1];
+  windows.ShowMain();
+  auto& key = windows.Find<QPushButton>("cmdMusicZones_1");
   Mouse(key).Click();
-  desk.Settle();
+  windows.Settle();
   EXPECT_TRUE(zone.Value);
   zone.OnChange = [&] { zone.Value = true; };
   Mouse(key).Click();
-  desk.Settle();
+  windows.Settle();
   EXPECT_TRUE(zone.Value);
   EXPECT_TRUE(key.isChecked());
 }
 
 TEST(Hand, WhatTheSystemSetsIsShownAndNotEchoed) {
-  Desk desk;
-  FrmMain& main = desk.Forms.frmMain;
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
   int changes = 0;
   main.cmdMusicZones[3].OnChange = [&] { ++changes; };
   main.lstPlaylist.OnClick = [&] { ++changes; };
   main.mnuAllDays.OnClick = [&] { ++changes; };
-  desk.ShowMain();
+  windows.ShowMain();
   main.cmdMusicZones[3].Value = true;
   main.mnuAllDays.Checked = true;
   main.lstPlaylist.AddItem("march");
   main.lstPlaylist.AddItem("waltz");
   main.lstPlaylist.SetListIndex(1);
-  desk.Settle();
-  EXPECT_TRUE(desk.Find<QPushButton>("cmdMusicZones_3").isChecked());
-  EXPECT_TRUE(desk.Find<QAction>("mnuAllDays").isChecked());
-  EXPECT_EQ(desk.Find<QListView>("lstPlaylist").currentIndex().row(), 1);
+  windows.Settle();
+  EXPECT_TRUE(windows.Find<QPushButton>("cmdMusicZones_3").isChecked());
+  EXPECT_TRUE(windows.Find<QAction>("mnuAllDays").isChecked());
+  EXPECT_EQ(windows.Find<QListView>("lstPlaylist").currentIndex().row(), 1);
   EXPECT_EQ(changes, 2) << "one for the toggle and one for the list, both from the code itself";
 }
 
 TEST(Hand, AMenuItemReachesItsControlAndShowsTheTickOfTheSystem) {
-  Desk desk;
+  PaintedWindows windows;
   int clicks = 0;
-  desk.Forms.frmMain.mnuAllDays.OnClick = [&] { ++clicks; };
-  desk.ShowMain();
-  auto& item = desk.Find<QAction>("mnuAllDays");
+  windows.Forms.frmMain.mnuAllDays.OnClick = [&] { ++clicks; };
+  windows.ShowMain();
+  auto& item = windows.Find<QAction>("mnuAllDays");
   item.trigger();
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(clicks, 1);
   EXPECT_FALSE(item.isChecked());
-  EXPECT_TRUE(desk.Find<QAction>("mnuFKeys").isVisible());
-  EXPECT_FALSE(desk.Find<QAction>("mnuFKeys").isEnabled());
+  EXPECT_TRUE(windows.Find<QAction>("mnuFKeys").isVisible());
+  EXPECT_FALSE(windows.Find<QAction>("mnuFKeys").isEnabled());
 }
 
 TEST(Hand, TheSameKeyWorksAgainWhileItsFirstClickStillWaits) {
-  Desk desk;
-  desk.ShowMain();
-  auto& key = desk.Find<QPushButton>("cmdPlay");
+  PaintedWindows windows;
+  windows.ShowMain();
+  auto& key = windows.Find<QPushButton>("cmdPlay");
   std::string story;
   int depth = 0;
   bool let_go = false;
-  desk.Forms.frmMain.cmdPlay.OnClick = [&] {
+  windows.Forms.frmMain.cmdPlay.OnClick = [&] {
     story += "in " + std::to_string(++depth) + ", ";
     if (depth == 1) {
       Mouse(key).Click();
-      desk.Loop.PumpUntil([&] { return let_go; });
+      windows.Loop.PumpUntil([&] { return let_go; });
     } else {
       EXPECT_FALSE(key.isDown());
       let_go = true;
@@ -132,25 +132,25 @@ TEST(Hand, TheSameKeyWorksAgainWhileItsFirstClickStillWaits) {
     story += "out " + std::to_string(depth--) + ", ";
   };
   Mouse(key).Click();
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(story, "in 1, in 2, out 2, out 1, ");
   EXPECT_FALSE(key.isDown());
 }
 
 TEST(Hand, AFailureInAnEventGoesToTheLoopAndTheWidgetShowsWhatHolds) {
-  Desk desk;
-  desk.ShowMain();
+  PaintedWindows windows;
+  windows.ShowMain();
   std::string told;
-  desk.Loop.OnFailure = [&](const RuntimeFailure& failure) { told = failure.what(); };
-  ToggleButton& zone = desk.Forms.frmMain.cmdMusicZones[0];
+  windows.Loop.OnFailure = [&](const RuntimeFailure& failure) { told = failure.what(); };
+  ToggleButton& zone = windows.Forms.frmMain.cmdMusicZones[0];
   zone.OnChange = [&] {
     if (!zone.Value) return;
     zone.Value = false;
     throw RuntimeFailure("no such zone");
   };
-  auto& key = desk.Find<QPushButton>("cmdMusicZones_0");
+  auto& key = windows.Find<QPushButton>("cmdMusicZones_0");
   Mouse(key).Click();
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(told, "no such zone");
   EXPECT_FALSE(key.isChecked());
 }
@@ -167,14 +167,14 @@ class HandOnCallKey : public testing::TestWithParam<const char*> {
     };
     Main.frRouting.Visible = IsOfRouter();
     Main.frCall.Visible = !IsOfRouter();
-    Place.ShowMain();
+    Shown.ShowMain();
   }
 
   bool IsOfRouter() const { return GetParam() == std::string("cmdCall"); }
   CommandButton& Call() { return IsOfRouter() ? Main.cmdCall : Main.cmdCall2; }
   Frame& Around() { return IsOfRouter() ? Main.frRouting : Main.frCall; }
-  QPushButton& Key() { return Place.Find<QPushButton>(GetParam()); }
-  QWidget& Window() { return Place.Screen.Main(); }
+  QPushButton& Key() { return Shown.Find<QPushButton>(GetParam()); }
+  QWidget& Window() { return Shown.Screen.Main(); }
 
   /// Presses with the mouse and with a finger, loses each press in that way, and lets go. Each must
   /// have been released once, when it was lost.
@@ -185,8 +185,8 @@ class HandOnCallKey : public testing::TestWithParam<const char*> {
     ExpectReleasedBy<Finger>(name + " under the finger", lose, mend);
   }
 
-  Desk Place;
-  FrmMain& Main = Place.Forms.frmMain;
+  PaintedWindows Shown;
+  FrmMain& Main = Shown.Forms.frmMain;
   std::string Heard;
 
  private:
@@ -196,15 +196,15 @@ class HandOnCallKey : public testing::TestWithParam<const char*> {
     Heard.clear();
     Pointer pointer(Key());
     pointer.Press();
-    Place.Settle();
+    Shown.Settle();
     EXPECT_EQ(Heard, "down ") << name;
     lose();
-    Place.Settle();
+    Shown.Settle();
     EXPECT_EQ(Heard, "down up ") << name;
     mend();
-    Place.Settle();
+    Shown.Settle();
     pointer.Release();
-    Place.Settle();
+    Shown.Settle();
     EXPECT_EQ(Heard, "down up ") << name << ", let go";
   }
 };
@@ -215,20 +215,20 @@ INSTANTIATE_TEST_SUITE_P(BothKeys, HandOnCallKey, testing::Values("cmdCall", "cm
 TEST_P(HandOnCallKey, APressAndItsReleaseAreTold) {
   Mouse mouse(Key());
   mouse.Press();
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down ");
   mouse.Release();
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
 TEST_P(HandOnCallKey, AFingerHoldsItUntilItIsLifted) {
   Finger finger(Key());
   finger.Press();
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down ");
   finger.Release();
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
@@ -236,10 +236,10 @@ TEST_P(HandOnCallKey, AReleaseOutsideTheKeyIsToldToo) {
   Mouse mouse(Key());
   mouse.Press();
   mouse.Move({-50, -50});
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
   mouse.Release({-50, -50});
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
@@ -247,10 +247,10 @@ TEST_P(HandOnCallKey, AFingerThatIsLiftedOutsideTheKeyIsToldToo) {
   Finger finger(Key());
   finger.Press();
   finger.Move({-50, -50});
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
   finger.Release({-50, -50});
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
@@ -269,15 +269,15 @@ TEST_P(HandOnCallKey, AKeyThatIsDisabledWhileHeldIsReleasedWhenItIsLetGo) {
     for (const bool byFinger : {false, true}) {
       Heard.clear();
       byFinger ? finger.Press() : QTest::mousePress(&window, Qt::LeftButton, {}, there);
-      Place.Settle();
+      Shown.Settle();
       *way = false;
-      Place.Settle();
+      Shown.Settle();
       EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
       byFinger ? finger.Release() : QTest::mouseRelease(&window, Qt::LeftButton, {}, there);
-      Place.Settle();
+      Shown.Settle();
       EXPECT_EQ(Heard, "down up ");
       *way = true;
-      Place.Settle();
+      Shown.Settle();
     }
   }
 }
@@ -310,35 +310,35 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenTheProgramIsLeft) {
 
 TEST_P(HandOnCallKey, AKeyStaysDownWhenTheKeyboardGoesToAZone) {
   Main.frRouting.Visible = true;
-  Place.Settle();
-  auto& zone = Place.Find<QPushButton>("cmdCallZone_2");
+  Shown.Settle();
+  auto& zone = Shown.Find<QPushButton>("cmdCallZone_2");
   QWindow& window = *Window().windowHandle();
   const QPoint there = Key().mapTo(&Window(), Key().rect().center());
   QTest::mousePress(&window, Qt::LeftButton, {}, there);
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down ");
   zone.setFocus();
   QTest::keyClick(&zone, Qt::Key_Space);
-  Place.Settle();
+  Shown.Settle();
   EXPECT_TRUE(Main.cmdCallZone[2].Value);
   EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
   QTest::mouseRelease(&window, Qt::LeftButton, {}, there);
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
 TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsWindowCloses) {
   Mouse mouse(Key());
   mouse.Press();
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down ");
   Window().close();
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
 TEST_P(HandOnCallKey, AKeyIsReleasedWhereverACancelledTouchIsTold) {
-  QObject& other = Place.Find<QPushButton>("cmdPlay");
+  QObject& other = Shown.Find<QPushButton>("cmdPlay");
   for (QObject* receiver :
        std::initializer_list<QObject*>{&Key(), &Window(), &other, qApp, Window().windowHandle()}) {
     ExpectReleased(receiver->metaObject()->className(), [receiver] { Finger::Cancel(*receiver); });
@@ -347,13 +347,13 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhereverACancelledTouchIsTold) {
 
 TEST_P(HandOnCallKey, AKeyIsReleasedWhenThePointerIsSeenWithNoKeyDown) {
   for (QWidget* seen :
-       std::initializer_list<QWidget*>{&Key(), &Place.Find<QPushButton>("cmdPlay"), &Window()}) {
+       std::initializer_list<QWidget*>{&Key(), &Shown.Find<QPushButton>("cmdPlay"), &Window()}) {
     Heard.clear();
     Mouse(Key()).Press();
-    Place.Settle();
+    Shown.Settle();
     EXPECT_EQ(Heard, "down ");
     Mouse(*seen).Move({5, 5});
-    Place.Settle();
+    Shown.Settle();
     EXPECT_EQ(Heard, "down up ");
   }
 }
@@ -363,10 +363,10 @@ TEST_P(HandOnCallKey, AMouseThatIsPushedAboutLeavesTheFingerItsKey) {
   finger.Press();
   Mouse(Key()).Move({5, 5});
   Mouse(Window()).Move({5, 5});
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down ");
   finger.Release();
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
@@ -387,11 +387,11 @@ TEST_P(HandOnCallKey, AReleaseDuringTheWaitOfItsOwnPressIsToldInsideThatWait) {
   Call().OnMouseDown = [&](MouseButton) {
     Heard += "down ";
     mouse.Release();
-    Place.Loop.PumpUntil([&] { return up; });
+    Shown.Loop.PumpUntil([&] { return up; });
     Heard += "waited ";
   };
   mouse.Press();
-  Place.Settle();
+  Shown.Settle();
   EXPECT_EQ(Heard, "down up waited ");
 }
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "desktop/windows/desk.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/texts.h"
 #include "screen/measure.h"
 
@@ -8,8 +8,8 @@ namespace marlex {
 namespace {
 
 /// Every way in which the main window can stand.
-void ExpectMainWhole(Desk& desk) {
-  FrmMain& main = desk.Forms.frmMain;
+void ExpectMainWhole(PaintedWindows& windows) {
+  FrmMain& main = windows.Forms.frmMain;
   main.lblConflict.Caption =
       "Time conflict(s) in schedule, double-click a red time field to remove a sequence";
   main.lblHiPrio.Caption =
@@ -24,10 +24,10 @@ void ExpectMainWhole(Desk& desk) {
     for (const bool router : {false, true}) {
       main.frRouting.Visible = router;
       main.frCall.Visible = !router;
-      desk.ShowMain();
-      desk.Screen.Main().resize(desk.Screen.Main().minimumSizeHint());
-      desk.Settle();
-      ExpectNothingClipped(desk.Screen.Main());
+      windows.ShowMain();
+      windows.Screen.Main().resize(windows.Screen.Main().minimumSizeHint());
+      windows.Settle();
+      ExpectNothingClipped(windows.Screen.Main());
     }
   }
 }
@@ -35,78 +35,78 @@ void ExpectMainWhole(Desk& desk) {
 class WholeLayout : public ::testing::TestWithParam<bool> {};
 
 TEST_P(WholeLayout, NothingIsClippedInTheSmallestMainWindow) {
-  Desk desk;
-  desk.Forms.frmMain.Load();
-  Texts(GetParam()).Fill(desk.Forms);
-  FillSchedule(desk.Forms.frmMain.grdSchedule, 40);
-  ExpectMainWhole(desk);
+  PaintedWindows windows;
+  windows.Forms.frmMain.Load();
+  Texts(GetParam()).Fill(windows.Forms);
+  FillSchedule(windows.Forms.frmMain.grdSchedule, 40);
+  ExpectMainWhole(windows);
 }
 
 TEST_P(WholeLayout, NothingIsClippedInTheSmallWindows) {
-  Desk desk;
-  Texts(GetParam()).Fill(desk.Forms);
+  PaintedWindows windows;
+  Texts(GetParam()).Fill(windows.Forms);
   for (Form* form :
-       {static_cast<Form*>(&desk.Forms.frmLogo), static_cast<Form*>(&desk.Forms.frmAbout),
-        static_cast<Form*>(&desk.Forms.frmlangSel)}) {
+       {static_cast<Form*>(&windows.Forms.frmLogo), static_cast<Form*>(&windows.Forms.frmAbout),
+        static_cast<Form*>(&windows.Forms.frmlangSel)}) {
     form->Show();
   }
-  desk.Settle();
-  ExpectNothingClipped(desk.Screen.Logo());
-  ExpectNothingClipped(desk.Screen.About());
-  ExpectNothingClipped(desk.Screen.LangSel());
+  windows.Settle();
+  ExpectNothingClipped(windows.Screen.Logo());
+  ExpectNothingClipped(windows.Screen.About());
+  ExpectNothingClipped(windows.Screen.LangSel());
 }
 
 TEST_P(WholeLayout, NothingIsClippedInTheSettingsAndTheirPickers) {
-  Desk desk;
-  desk.Forms.frmSettings.Load();
-  Texts(GetParam()).Fill(desk.Forms);
+  PaintedWindows windows;
+  windows.Forms.frmSettings.Load();
+  Texts(GetParam()).Fill(windows.Forms);
   for (const bool router : {true, false}) {
-    FrmSettings& settings = desk.Forms.frmSettings;
+    FrmSettings& settings = windows.Forms.frmSettings;
     for (Frame* frame : {&settings.frNames, &settings.frPort, &settings.frPriority})
       frame->Visible = router;
     settings.frChimes.Visible = router;
     settings.frSound.Visible = !router;
-    for (Form* form : {static_cast<Form*>(&settings), static_cast<Form*>(&desk.Forms.frmDirSel),
-                       static_cast<Form*>(&desk.Forms.frmChimeSelect)}) {
+    for (Form* form : {static_cast<Form*>(&settings), static_cast<Form*>(&windows.Forms.frmDirSel),
+                       static_cast<Form*>(&windows.Forms.frmChimeSelect)}) {
       form->Show();
     }
-    desk.Settle();
-    ExpectNothingClipped(desk.Screen.Settings());
-    ExpectNothingClipped(desk.Screen.DirSel());
-    ExpectNothingClipped(desk.Screen.ChimeSelect());
+    windows.Settle();
+    ExpectNothingClipped(windows.Screen.Settings());
+    ExpectNothingClipped(windows.Screen.DirSel());
+    ExpectNothingClipped(windows.Screen.ChimeSelect());
   }
 }
 
 TEST_P(WholeLayout, NothingIsClippedInTheSmallestPlaylistEditor) {
-  Desk desk;
-  FrmPlaylist& playlist = desk.Forms.frmPlaylist;
+  PaintedWindows windows;
+  FrmPlaylist& playlist = windows.Forms.frmPlaylist;
   playlist.Load();
-  Texts(GetParam()).Fill(desk.Forms);
+  Texts(GetParam()).Fill(windows.Forms);
   for (const bool scheduled : {true, false}) {
     playlist.frMusicTime.Visible = scheduled;
     playlist.Show();
-    desk.Settle();
-    desk.Screen.Playlist().resize(desk.Screen.Playlist().minimumSizeHint());
-    desk.Settle();
-    ExpectNothingClipped(desk.Screen.Playlist());
+    windows.Settle();
+    windows.Screen.Playlist().resize(windows.Screen.Playlist().minimumSizeHint());
+    windows.Settle();
+    ExpectNothingClipped(windows.Screen.Playlist());
   }
 }
 
 TEST_P(WholeLayout, NothingIsClippedInTheSmallestScheduleEditor) {
-  Desk desk;
-  WavWindow& editor = desk.Forms.TheWavWindow;
+  PaintedWindows windows;
+  WavWindow& editor = windows.Forms.TheWavWindow;
   editor.Load();
-  Texts(GetParam()).Fill(desk.Forms);
+  Texts(GetParam()).Fill(windows.Forms);
   for (const bool interval : {false, true}) {
     editor.frMinutes.Visible = !interval;
     editor.frInterval.Visible = interval;
     for (const bool router : {true, false}) {
       editor.frZones.Visible = router;
       editor.Show();
-      desk.Settle();
-      desk.Screen.ScheduleEditor().resize(desk.Screen.ScheduleEditor().minimumSizeHint());
-      desk.Settle();
-      ExpectNothingClipped(desk.Screen.ScheduleEditor());
+      windows.Settle();
+      windows.Screen.ScheduleEditor().resize(windows.Screen.ScheduleEditor().minimumSizeHint());
+      windows.Settle();
+      ExpectNothingClipped(windows.Screen.ScheduleEditor());
     }
   }
 }
@@ -114,27 +114,27 @@ TEST_P(WholeLayout, NothingIsClippedInTheSmallestScheduleEditor) {
 INSTANTIATE_TEST_SUITE_P(LongerTexts, WholeLayout, ::testing::Bool());
 
 TEST(Layout, TheMainWindowFitsASmallScreen) {
-  Desk desk;
-  desk.Forms.frmMain.Load();
-  Texts().Fill(desk.Forms);
-  desk.ShowMain();
-  const QSize smallest = desk.Screen.Main().minimumSizeHint();
+  PaintedWindows windows;
+  windows.Forms.frmMain.Load();
+  Texts().Fill(windows.Forms);
+  windows.ShowMain();
+  const QSize smallest = windows.Screen.Main().minimumSizeHint();
   EXPECT_LE(smallest.width(), 1024);
   EXPECT_LE(smallest.height(), 700);
 }
 
 TEST(Layout, TheEditorsFitASmallScreen) {
   for (const bool longer : {false, true}) {
-    Desk desk;
-    desk.Forms.frmPlaylist.Load();
-    desk.Forms.TheWavWindow.Load();
-    Texts(longer).Fill(desk.Forms);
-    desk.Forms.TheWavWindow.frMinutes.Visible = false;
-    desk.Forms.TheWavWindow.frInterval.Visible = true;
-    desk.Forms.frmPlaylist.Show();
-    desk.Forms.TheWavWindow.Show();
-    desk.Settle();
-    for (const QWidget* editor : {&desk.Screen.Playlist(), &desk.Screen.ScheduleEditor()}) {
+    PaintedWindows windows;
+    windows.Forms.frmPlaylist.Load();
+    windows.Forms.TheWavWindow.Load();
+    Texts(longer).Fill(windows.Forms);
+    windows.Forms.TheWavWindow.frMinutes.Visible = false;
+    windows.Forms.TheWavWindow.frInterval.Visible = true;
+    windows.Forms.frmPlaylist.Show();
+    windows.Forms.TheWavWindow.Show();
+    windows.Settle();
+    for (const QWidget* editor : {&windows.Screen.Playlist(), &windows.Screen.ScheduleEditor()}) {
       EXPECT_LE(editor->minimumSizeHint().width(), 1024) << editor->objectName().toStdString();
       EXPECT_LE(editor->minimumSizeHint().height(), 700) << editor->objectName().toStdString();
     }
@@ -142,13 +142,13 @@ TEST(Layout, TheEditorsFitASmallScreen) {
 }
 
 TEST(Layout, TheSettingsDialogFitsASmallScreen) {
-  Desk desk;
-  desk.Forms.frmSettings.Load();
-  Texts().Fill(desk.Forms);
-  desk.Forms.frmSettings.Show();
-  desk.Settle();
-  EXPECT_LE(desk.Screen.Settings().width(), 1024);
-  EXPECT_LE(desk.Screen.Settings().height(), 700);
+  PaintedWindows windows;
+  windows.Forms.frmSettings.Load();
+  Texts().Fill(windows.Forms);
+  windows.Forms.frmSettings.Show();
+  windows.Settle();
+  EXPECT_LE(windows.Screen.Settings().width(), 1024);
+  EXPECT_LE(windows.Screen.Settings().height(), 700);
 }
 
 }  // namespace

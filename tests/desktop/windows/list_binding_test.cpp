@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "desktop/windows/desk.h"
 #include "desktop/windows/finger.h"
 #include "desktop/windows/mouse.h"
+#include "desktop/windows/painted_windows.h"
 
 namespace marlex {
 namespace {
@@ -17,7 +17,7 @@ struct Playlist {
     List.OnMouseMove = [this] { Tell("move"); };
     List.OnMouseUp = [this] { Tell("up"); };
     List.OnDblClick = [this] { Tell("double"); };
-    Place.ShowMain();
+    Shown.ShowMain();
   }
 
   void Tell(const std::string& what) {
@@ -26,16 +26,16 @@ struct Playlist {
   QPoint At(int row) { return View.visualRect(View.model()->index(row, 0)).center(); }
   bool Sees(int row) { return View.viewport()->rect().contains(At(row)); }
 
-  Desk Place;
-  ListBox& List = Place.Forms.frmMain.lstPlaylist;
-  QListView& View = Place.Find<QListView>("lstPlaylist");
+  PaintedWindows Shown;
+  ListBox& List = Shown.Forms.frmMain.lstPlaylist;
+  QListView& View = Shown.Find<QListView>("lstPlaylist");
   std::string Heard;
 };
 
 TEST(ListBinding, APressSelectsItsEntryFirst) {
   Playlist songs(5);
   Mouse(*songs.View.viewport()).Click(songs.At(2));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "down 2, up 2, ");
   EXPECT_EQ(songs.View.currentIndex().row(), 2);
 }
@@ -45,14 +45,14 @@ TEST(ListBinding, AClickOnTheSelectedEntryIsAClickToo) {
   songs.List.OnClick = [&] { songs.Tell("click"); };
   Mouse(*songs.View.viewport()).Click(songs.At(2));
   Mouse(*songs.View.viewport()).Click(songs.At(2));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 2, down 2, up 2, click 2, down 2, up 2, ");
 }
 
 TEST(ListBinding, ADoubleClickComesAfterItsFirstClick) {
   Playlist songs(5);
   Mouse(*songs.View.viewport()).DoubleClick(songs.At(3));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "down 3, up 3, double 3, ");
 }
 
@@ -63,7 +63,7 @@ TEST(ListBinding, TheSelectionFollowsAFastPointerEntryByEntry) {
   mouse.Move(songs.At(4));
   mouse.Move(songs.At(3));
   mouse.Release(songs.At(3));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "down 1, move 2, move 3, move 4, move 3, up 3, ");
 }
 
@@ -74,7 +74,7 @@ TEST(ListBinding, APointerOutsideTheListGoesOnToItsEnds) {
   mouse.Move({10, songs.View.height() + 500});
   mouse.Move({10, -500});
   mouse.Release({10, -500});
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "down 1, move 2, move 3, move 2, move 1, move 0, up 0, ");
 }
 
@@ -84,7 +84,7 @@ TEST(ListBinding, AHeldPointerBelowTheListScrollsIt) {
   mouse.Press(songs.At(5));
   mouse.Move({10, songs.View.height() + 20});
   EXPECT_TRUE(QTest::qWaitFor([&] {
-    songs.Place.Settle();
+    songs.Shown.Settle();
     return songs.Sees(30);
   }));
   mouse.Release({10, songs.View.height() + 20});
@@ -97,7 +97,7 @@ TEST(ListBinding, MovingWithoutAKeyOrWithTheRightOneSelectsNothing) {
   mouse.Press(songs.At(3), Qt::RightButton);
   mouse.Move(songs.At(4));
   mouse.Release(songs.At(4), Qt::RightButton);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "down -1, up -1, ");
 }
 
@@ -130,22 +130,22 @@ TEST(ListBinding, WhereAClickActsAHeldButtonDoesNotRunOverTheEntries) {
   mouse.Press(songs.At(1));
   mouse.Move(songs.At(4));
   mouse.Release(songs.At(4));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 1, ");
 }
 
 TEST(ListBinding, WhereAClickActsTheArrowsOnlyLeadAndEnterOrSpaceClicks) {
   ActingList songs;
   Mouse(*songs.View.viewport()).Click(songs.At(1));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   QTest::keyClick(&songs.View, Qt::Key_Down);
   QTest::keyClick(&songs.View, Qt::Key_Down);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 1, ");
   QTest::keyClick(&songs.View, Qt::Key_Return);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   QTest::keyClick(&songs.View, Qt::Key_Space);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 1, click 3, click 3, ");
 }
 
@@ -156,7 +156,7 @@ TEST(ListBinding, WhereAClickActsAKeyThatIsHeldClicksOnce) {
     QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "", repeated);
     QApplication::sendEvent(&songs.View, &key);
   }
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 2, ");
 }
 
@@ -165,10 +165,10 @@ TEST(ListBinding, WhereAClickActsTwoQuickClicksActTwiceAndThreeThrice) {
   QWindow& window = *songs.View.window()->windowHandle();
   const QPoint there = songs.View.viewport()->mapTo(songs.View.window(), songs.At(2));
   QTest::mouseDClick(&window, Qt::LeftButton, {}, there);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 2, click 2, ");
   for (int click = 0; click < 3; ++click) Mouse(songs.Area()).DoubleClick(songs.At(4));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard.substr(18), "click 4, click 4, click 4, click 4, click 4, click 4, ");
 }
 
@@ -176,11 +176,11 @@ TEST(ListBinding, WhereAClickActsAFingerClicksAsItIsLifted) {
   ActingList songs;
   Finger finger(songs.Area());
   finger.Press(songs.At(2));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "");
   finger.Move(songs.At(2) + QPoint(3, -3));
   finger.Release(songs.At(2) + QPoint(3, -3));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 2, ");
 }
 
@@ -189,7 +189,7 @@ TEST(ListBinding, WhereAClickActsTwoQuickTapsActTwice) {
   Finger finger(songs.Area());
   finger.Tap(songs.At(3));
   finger.Tap(songs.At(3));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 3, click 3, ");
 }
 
@@ -204,7 +204,7 @@ TEST(ListBinding, WhereAClickActsASwipeScrollsWithTheFingerAndClicksNothing) {
   songs.Drag(finger, low - QPoint(0, 120), low - QPoint(0, 40));
   EXPECT_TRUE(QTest::qWaitFor([&] { return songs.View.indexAt(low - QPoint(0, 40)).row() == 5; }));
   finger.Release(low - QPoint(0, 40));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "");
 }
 
@@ -218,7 +218,7 @@ TEST(ListBinding, WhereAClickActsASwipeOfAListThatIsAllInViewClicksNothing) {
   songs.Drag(finger, songs.At(1), songs.At(1) + QPoint(60, 0));
   songs.Drag(finger, songs.At(1) + QPoint(60, 0), songs.At(1));
   finger.Release(songs.At(1));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "");
 }
 
@@ -236,10 +236,10 @@ TEST(ListBinding, AFlickedListRunsOnAndATouchOnlyStopsIt) {
   QTest::qWait(100);
   EXPECT_EQ(songs.Scrolled(), stopped);
   finger.Release(low);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "");
   finger.Tap(low);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   const int under = songs.View.indexAt(low).row();
   EXPECT_GT(under, 8);
   EXPECT_EQ(songs.Heard, "click " + std::to_string(under) + ", ");
@@ -251,29 +251,29 @@ TEST(ListBinding, WhereAClickActsATouchThatIsCancelledClicksNothing) {
   finger.Press(songs.At(2));
   Finger::Cancel(*songs.View.window());
   finger.Release(songs.At(2));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "");
   finger.Tap(songs.At(3));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 3, ");
 }
 
 TEST(ListBinding, AnEntryFoundByTheArrowsIsKeptWhenTheFocusReturns) {
   ActingList songs(200);
   Mouse(songs.Area()).Click(songs.At(1));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   for (int step = 0; step < 40; ++step) QTest::keyClick(&songs.View, Qt::Key_Down);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   const int scrolled = songs.Scrolled();
   EXPECT_GT(scrolled, 0);
   songs.View.clearFocus();
   songs.View.setFocus();
   songs.List.ToolTipText = "another";
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.View.currentIndex().row(), 41);
   EXPECT_EQ(songs.Scrolled(), scrolled);
   QTest::keyClick(&songs.View, Qt::Key_Return);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 1, click 41, ");
 }
 
@@ -281,11 +281,11 @@ TEST(ListBinding, AClickOnTheOldEntryLeadsBackToIt) {
   ActingList songs;
   Mouse(songs.Area()).Click(songs.At(1));
   QTest::keyClick(&songs.View, Qt::Key_Down);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   QTest::keyClick(&songs.View, Qt::Key_Down);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   Mouse(songs.Area()).Click(songs.At(1));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.View.currentIndex().row(), 1);
   EXPECT_EQ(songs.Heard, "click 1, click 1, ");
 }
@@ -293,14 +293,14 @@ TEST(ListBinding, AClickOnTheOldEntryLeadsBackToIt) {
 TEST(ListBinding, TheSystemLeadsOnFromWhereTheArrowsHaveLed) {
   ActingList songs;
   songs.List.SetListIndex(1);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   QTest::keyClick(&songs.View, Qt::Key_Down);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   songs.List.SetListIndex(4);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.View.currentIndex().row(), 4);
   songs.List.SetListIndex(ListBox::kNoSelection);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_FALSE(songs.View.currentIndex().isValid());
 }
 
@@ -309,10 +309,10 @@ TEST(ListBinding, DeleteIsToldAndArrowsMoveTheSelection) {
   int code = 0;
   songs.List.OnKeyDown = [&](int key) { code = key; };
   songs.List.SetListIndex(1);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   QTest::keyClick(&songs.View, Qt::Key_Delete);
   QTest::keyClick(&songs.View, Qt::Key_Down);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(code, kKeyDelete);
   EXPECT_EQ(songs.List.ListIndex(), 2);
 }
@@ -320,28 +320,28 @@ TEST(ListBinding, DeleteIsToldAndArrowsMoveTheSelection) {
 TEST(ListBinding, EntriesFollowTheControlAndTheListKeepsItsPlace) {
   Playlist songs(60);
   songs.List.SetListIndex(50);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   const int place = songs.View.verticalScrollBar()->value();
   songs.List.SetList(48, "another");
   songs.List.RemoveItem(59);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.View.model()->rowCount(), 59);
   EXPECT_EQ(songs.View.model()->index(48, 0).data().toString(), "another");
   EXPECT_FALSE(songs.View.selectionModel()->hasSelection());
   EXPECT_EQ(songs.View.verticalScrollBar()->value(), place);
   songs.List.Clear();
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.View.model()->rowCount(), 0);
 }
 
 TEST(ListBinding, AnInstantsSelectionFurtherDownShowsTheComingEntries) {
   Playlist songs(60);
-  songs.Place.Screen.Main().resize(1000, 700);
-  songs.Place.Settle();
+  songs.Shown.Screen.Main().resize(1000, 700);
+  songs.Shown.Settle();
   for (int song = 0; song < 30; ++song) {
     songs.List.SetListIndex(song + 10);
     songs.List.SetListIndex(song + 1);
-    songs.Place.Settle();
+    songs.Shown.Settle();
     ASSERT_TRUE(songs.Sees(song + 10)) << "while song " << song + 1 << " plays";
   }
 }
@@ -349,10 +349,10 @@ TEST(ListBinding, AnInstantsSelectionFurtherDownShowsTheComingEntries) {
 TEST(ListBinding, TellsThatItGotTheFocus) {
   Playlist songs(3);
   songs.View.clearFocus();
-  songs.Place.Settle();
+  songs.Shown.Settle();
   songs.List.OnGotFocus = [&] { songs.Tell("focus"); };
   songs.View.setFocus();
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "focus -1, ");
 }
 
@@ -361,25 +361,25 @@ TEST(ListBinding, ABlankInATypedSearchBelongsToTheSearchAndClicksNothing) {
   songs.List.AddItem("fire");
   songs.List.AddItem("fire alarm");
   songs.List.AddItem("fire drill");
-  songs.Place.Settle();
+  songs.Shown.Settle();
   songs.View.setFocus();
   QTest::keyClicks(&songs.View, "fire d");
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "");
   EXPECT_EQ(songs.View.currentIndex().row(), 7);
   QTest::qWait(2 * QApplication::keyboardInputInterval());
   QTest::keyClick(&songs.View, Qt::Key_Space);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "click 7, ") << "the search is over";
 }
 
 TEST(ListBinding, ASelectionThatHoldsCannotBeHidden) {
   Playlist songs(5);
   Mouse(*songs.View.viewport()).Click(songs.At(2));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   songs.View.setFocus();
   QTest::keyClick(&songs.View, Qt::Key_Space, Qt::ControlModifier);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.List.ListIndex(), 2);
   EXPECT_TRUE(songs.View.selectionModel()->isSelected(songs.View.model()->index(2, 0)));
 }
@@ -389,18 +389,18 @@ TEST(ListBinding, TheArrowsGoOnFromWhereAnEntryWasRemoved) {
     Playlist songs(count);
     const int place = count * 3 / 4;
     songs.List.SetListIndex(place);
-    songs.Place.Settle();
+    songs.Shown.Settle();
     songs.View.setFocus();
     songs.List.RemoveItem(place);
-    songs.Place.Settle();
+    songs.Shown.Settle();
     EXPECT_EQ(songs.View.currentIndex().row(), place);
     EXPECT_TRUE(songs.Sees(place));
     EXPECT_FALSE(songs.View.selectionModel()->hasSelection());
     songs.List.ToolTipText = "painted again";
-    songs.Place.Settle();
+    songs.Shown.Settle();
     EXPECT_EQ(songs.View.currentIndex().row(), place);
     QTest::keyClick(&songs.View, Qt::Key_Up);
-    songs.Place.Settle();
+    songs.Shown.Settle();
     EXPECT_EQ(songs.List.ListIndex(), place - 1);
   }
 }
@@ -408,25 +408,25 @@ TEST(ListBinding, TheArrowsGoOnFromWhereAnEntryWasRemoved) {
 TEST(ListBinding, WhereTheLastEntryIsRemovedTheArrowsGoOnFromTheOneBeforeIt) {
   Playlist songs(3);
   songs.List.SetListIndex(2);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   songs.View.setFocus();
   songs.List.RemoveItem(2);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.View.currentIndex().row(), 1);
   QTest::keyClick(&songs.View, Qt::Key_Space);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.List.ListIndex(), 1);
 }
 
 TEST(ListBinding, AListThatIsFilledAnewBeginsAtItsTop) {
   Playlist songs(60);
   songs.List.SetListIndex(40);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   songs.List.RemoveItem(40);
-  songs.Place.Settle();
+  songs.Shown.Settle();
   songs.List.Clear();
   for (int song = 0; song < 60; ++song) songs.List.AddItem("t" + std::to_string(song));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_FALSE(songs.View.currentIndex().isValid());
 }
 
@@ -434,11 +434,11 @@ TEST(ListBinding, TwoQuickTapsAreADoubleClickWhereAClickOnlySelects) {
   Playlist songs(60);
   Finger finger(*songs.View.viewport());
   finger.Tap(songs.At(8));  // so that no tap before, of any test, makes the next one a second
-  songs.Place.Settle();
+  songs.Shown.Settle();
   songs.Heard.clear();
   finger.Tap(songs.At(3));
   finger.Tap(songs.At(3));
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "down 3, up 3, double 3, ");
 }
 
@@ -454,7 +454,7 @@ TEST(ListBinding, TwoQuickSwipesScrollAndPlayNothing) {
     }
     finger.Release(low - QPoint(0, 80));
   }
-  songs.Place.Settle();
+  songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "");
   EXPECT_GT(songs.View.verticalScrollBar()->value(), 0);
 }

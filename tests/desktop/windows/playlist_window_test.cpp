@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
-#include "desktop/windows/desk.h"
 #include "desktop/windows/mouse.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/texts.h"
 
 namespace marlex {
 namespace {
 
 /// The playlist editor, open, with three songs to choose from.
-struct PlaylistPlace : Desk {
+struct PlaylistPlace : PaintedWindows {
   PlaylistPlace() {
     Editor.Load();
     for (const char* song : {"march", "waltz", "polka"}) Editor.AvailMP3s.AddItem(song);
@@ -41,106 +41,106 @@ struct PlaylistPlace : Desk {
 };
 
 TEST(PlaylistWindow, OneClickOnASongTakesItAndAnotherTakesItAgain) {
-  PlaylistPlace desk;
-  desk.ClickSong("AvailMP3s", 1);
-  desk.ClickSong("AvailMP3s", 0);
-  desk.ClickSong("AvailMP3s", 0);
-  EXPECT_EQ(desk.Shown("SelectedMP3s"), (QStringList{"waltz", "march", "march"}));
+  PlaylistPlace windows;
+  windows.ClickSong("AvailMP3s", 1);
+  windows.ClickSong("AvailMP3s", 0);
+  windows.ClickSong("AvailMP3s", 0);
+  EXPECT_EQ(windows.Shown("SelectedMP3s"), (QStringList{"waltz", "march", "march"}));
 }
 
 TEST(PlaylistWindow, TheNewestSongOfALongListIsInView) {
-  PlaylistPlace desk;
-  for (int song = 0; song < 60; ++song) desk.Editor.SelectedMP3s.AddItem(std::to_string(song));
-  desk.Settle();
-  desk.ClickSong("AvailMP3s", 2);
-  auto& list = desk.Part<QListView>("SelectedMP3s");
+  PlaylistPlace windows;
+  for (int song = 0; song < 60; ++song) windows.Editor.SelectedMP3s.AddItem(std::to_string(song));
+  windows.Settle();
+  windows.ClickSong("AvailMP3s", 2);
+  auto& list = windows.Part<QListView>("SelectedMP3s");
   const QRect newest = list.visualRect(list.model()->index(60, 0));
   EXPECT_TRUE(list.viewport()->rect().contains(newest.center()));
 }
 
 TEST(PlaylistWindow, KeysChoicesDaysAndMenusReachTheirControls) {
-  PlaylistPlace desk;
+  PlaylistPlace windows;
   std::string clicked;
-  desk.Editor.cmdRandomize.OnClick = [&] { clicked += "randomize "; };
-  desk.Editor.mnuSave.OnClick = [&] { clicked += "save "; };
+  windows.Editor.cmdRandomize.OnClick = [&] { clicked += "randomize "; };
+  windows.Editor.mnuSave.OnClick = [&] { clicked += "save "; };
   for (const char* name : {"cmdRandomize", "optScheduled_1", "chkDays_6"}) {
-    Mouse(desk.Part<QAbstractButton>(name)).Click();
-    desk.Settle();
+    Mouse(windows.Part<QAbstractButton>(name)).Click();
+    windows.Settle();
   }
-  desk.Part<QAction>("mnuSave").trigger();
-  desk.Settle();
+  windows.Part<QAction>("mnuSave").trigger();
+  windows.Settle();
   EXPECT_EQ(clicked, "randomize save ");
-  EXPECT_TRUE(desk.Editor.optScheduled[FrmPlaylist::kManual].Value());
-  EXPECT_FALSE(desk.Editor.optScheduled[FrmPlaylist::kAutostart].Value());
-  EXPECT_EQ(desk.Editor.chkDays[6].Value, 1);
+  EXPECT_TRUE(windows.Editor.optScheduled[FrmPlaylist::kManual].Value());
+  EXPECT_FALSE(windows.Editor.optScheduled[FrmPlaylist::kAutostart].Value());
+  EXPECT_EQ(windows.Editor.chkDays[6].Value, 1);
 }
 
 TEST(PlaylistWindow, EachDaysBoxStandsUnderItsLetter) {
-  PlaylistPlace desk;
-  desk.Screen.Playlist().resize(1100, 760);
-  desk.Settle();
-  auto& header = desk.Part<QLabel>("Label5");
-  QWidget& window = desk.Screen.Playlist();
+  PlaylistPlace windows;
+  windows.Screen.Playlist().resize(1100, 760);
+  windows.Settle();
+  auto& header = windows.Part<QLabel>("Label5");
+  QWidget& window = windows.Screen.Playlist();
   for (int day = 0; day < kWeekdays; ++day) {
-    const auto& box = desk.Part<QCheckBox>(("chkDays_" + std::to_string(day)).c_str());
+    const auto& box = windows.Part<QCheckBox>(("chkDays_" + std::to_string(day)).c_str());
     const int letter = header.mapTo(&window, QPoint(header.width() * (2 * day + 1) / 14, 0)).x();
     EXPECT_NEAR(box.mapTo(&window, box.rect().center()).x(), letter, 3) << day;
   }
 }
 
 TEST(PlaylistWindow, TheListsTakeTheRoomOfAnEnlargedWindow) {
-  PlaylistPlace desk;
-  QWidget& window = desk.Screen.Playlist();
+  PlaylistPlace windows;
+  QWidget& window = windows.Screen.Playlist();
   const QSize small = window.size();
-  const QSize list = desk.Part<QListView>("SelectedMP3s").size();
-  const int frame = desk.Part<QWidget>("frMusicTime").height();
+  const QSize list = windows.Part<QListView>("SelectedMP3s").size();
+  const int frame = windows.Part<QWidget>("frMusicTime").height();
   window.resize(small + QSize(200, 150));
-  desk.Settle();
-  EXPECT_EQ(desk.Part<QListView>("SelectedMP3s").height(), list.height() + 150);
-  EXPECT_GT(desk.Part<QListView>("SelectedMP3s").width(), list.width() + 50);
-  EXPECT_EQ(desk.Part<QWidget>("frMusicTime").height(), frame);
+  windows.Settle();
+  EXPECT_EQ(windows.Part<QListView>("SelectedMP3s").height(), list.height() + 150);
+  EXPECT_GT(windows.Part<QListView>("SelectedMP3s").width(), list.width() + 50);
+  EXPECT_EQ(windows.Part<QWidget>("frMusicTime").height(), frame);
 }
 
 TEST(PlaylistWindow, NothingMovesWhenTheTimesComeAndGo) {
-  PlaylistPlace desk;
-  const QRect list = desk.Part<QListView>("SelectedMP3s").geometry();
-  const QRect start = desk.Part<QWidget>("Frame1").geometry();
-  const QSize size = desk.Screen.Playlist().size();
-  desk.Editor.frMusicTime.Visible = false;
-  desk.Settle();
-  EXPECT_EQ(desk.Part<QListView>("SelectedMP3s").geometry(), list);
-  EXPECT_EQ(desk.Part<QWidget>("Frame1").geometry(), start);
-  EXPECT_EQ(desk.Screen.Playlist().size(), size);
+  PlaylistPlace windows;
+  const QRect list = windows.Part<QListView>("SelectedMP3s").geometry();
+  const QRect start = windows.Part<QWidget>("Frame1").geometry();
+  const QSize size = windows.Screen.Playlist().size();
+  windows.Editor.frMusicTime.Visible = false;
+  windows.Settle();
+  EXPECT_EQ(windows.Part<QListView>("SelectedMP3s").geometry(), list);
+  EXPECT_EQ(windows.Part<QWidget>("Frame1").geometry(), start);
+  EXPECT_EQ(windows.Screen.Playlist().size(), size);
 }
 
 TEST(PlaylistWindow, ItStandsBesideTheMainWindowAndBlocksNothing) {
-  PlaylistPlace desk;
-  desk.ShowMain();
-  EXPECT_EQ(desk.Screen.Playlist().windowModality(), Qt::NonModal);
+  PlaylistPlace windows;
+  windows.ShowMain();
+  EXPECT_EQ(windows.Screen.Playlist().windowModality(), Qt::NonModal);
   int clicks = 0;
-  desk.Forms.frmMain.cmdPlay.OnClick = [&] { ++clicks; };
-  Mouse(desk.Find<QPushButton>("cmdPlay")).Click();
-  desk.Settle();
+  windows.Forms.frmMain.cmdPlay.OnClick = [&] { ++clicks; };
+  Mouse(windows.Find<QPushButton>("cmdPlay")).Click();
+  windows.Settle();
   EXPECT_EQ(clicks, 1);
-  desk.Screen.Playlist().close();
-  desk.Settle();
-  EXPECT_FALSE(desk.Editor.Loaded());
-  EXPECT_FALSE(desk.Screen.Playlist().isVisible());
-  EXPECT_TRUE(desk.Screen.Main().isVisible());
+  windows.Screen.Playlist().close();
+  windows.Settle();
+  EXPECT_FALSE(windows.Editor.Loaded());
+  EXPECT_FALSE(windows.Screen.Playlist().isVisible());
+  EXPECT_TRUE(windows.Screen.Main().isVisible());
 }
 
 TEST(PlaylistWindow, TheTabGoesFromTheSongsToTheDays) {
-  PlaylistPlace desk;
+  PlaylistPlace windows;
   const QStringList songs{"AvailMP3s",  "cmdSelectAll", "SelectedMP3s", "RemoveKey",
                           "RemAll_Key", "cmdRandomize", "PrevKey"};
   const QStringList times{"cmbStartHours", "cmbStartMinutes", "cmbStopHours", "cmbStopMinutes"};
-  EXPECT_EQ(TabOrder(desk.Part<QWidget>("AvailMP3s")),
+  EXPECT_EQ(TabOrder(windows.Part<QWidget>("AvailMP3s")),
             songs + Numbered("optScheduled", 3) + times + Numbered("chkDays", kWeekdays));
 }
 
 TEST(PlaylistWindow, TwentyThousandSongsComeUpAndScrollWithinASecond) {
-  Desk desk;
-  FrmPlaylist& editor = desk.Forms.frmPlaylist;
+  PaintedWindows windows;
+  FrmPlaylist& editor = windows.Forms.frmPlaylist;
   editor.Load();
   for (int song = 0; song < 20'000; ++song) {
     editor.AvailMP3s.AddItem("Song number " + std::to_string(song));
@@ -149,10 +149,10 @@ TEST(PlaylistWindow, TwentyThousandSongsComeUpAndScrollWithinASecond) {
   QElapsedTimer clock;
   clock.start();
   editor.Show();
-  desk.Settle();
-  desk.Screen.Playlist().grab();
+  windows.Settle();
+  windows.Screen.Playlist().grab();
   EXPECT_LT(clock.restart(), 1000);
-  auto& list = *desk.Screen.Playlist().findChild<QListView*>("AvailMP3s");
+  auto& list = *windows.Screen.Playlist().findChild<QListView*>("AvailMP3s");
   for (int step = 0; step <= 20; ++step) {
     list.verticalScrollBar()->setValue(list.verticalScrollBar()->maximum() * step / 20);
     list.viewport()->grab();

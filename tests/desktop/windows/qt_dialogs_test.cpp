@@ -93,7 +93,7 @@ TEST(QtDialogs, OnlyOneFileDialogStandsAtATime) {
 }
 
 TEST(QtDialogs, BoxesShowTheirTextsWhole) {
-  Desk desk;
+  PaintedWindows desk;
   QtEventLoop loop;
   EnglishBoxes dialogs(loop);
   const auto keep = [](QWidget& box, const char* name) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "desktop/windows/desk.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/texts.h"
 
 namespace marlex {
@@ -15,51 +15,51 @@ std::string NameOf(QWidget& window, const char* widget) {
 }
 
 TEST(ReaderNames, AKeyOfAZoneIsToldByItsRowAndItsZone) {
-  Desk desk;
-  desk.Forms.frmMain.Load();
-  Texts().Fill(desk.Forms);
-  desk.ShowMain();
-  EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdMusicZones_1"), "Music Hall A");
-  EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdCallZone_5"), "Call Car park");
-  desk.Forms.frmMain.lblZoneName[5].Caption = "Roof";
-  desk.Settle();
-  EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdCallZone_5"), "Call Roof");
-  EXPECT_EQ(NameOf(desk.Screen.Main(), "cmdSkip"), "Skip");
-  EXPECT_EQ(desk.Find<QWidget>("grdSchedule").accessibleName(), "Message time schedule today");
+  PaintedWindows windows;
+  windows.Forms.frmMain.Load();
+  Texts().Fill(windows.Forms);
+  windows.ShowMain();
+  EXPECT_EQ(NameOf(windows.Screen.Main(), "cmdMusicZones_1"), "Music Hall A");
+  EXPECT_EQ(NameOf(windows.Screen.Main(), "cmdCallZone_5"), "Call Car park");
+  windows.Forms.frmMain.lblZoneName[5].Caption = "Roof";
+  windows.Settle();
+  EXPECT_EQ(NameOf(windows.Screen.Main(), "cmdCallZone_5"), "Call Roof");
+  EXPECT_EQ(NameOf(windows.Screen.Main(), "cmdSkip"), "Skip");
+  EXPECT_EQ(windows.Find<QWidget>("grdSchedule").accessibleName(), "Message time schedule today");
 }
 
 TEST(ReaderNames, FieldsListsSlidersAndDaysAreToldByTheirLabelsOrFrames) {
-  Desk desk;
-  desk.Forms.TheWavWindow.Load();
-  desk.Forms.frmPlaylist.Load();
-  Texts().Fill(desk.Forms);
-  for (Form* form :
-       {static_cast<Form*>(&desk.Forms.TheWavWindow), static_cast<Form*>(&desk.Forms.frmPlaylist),
-        static_cast<Form*>(&desk.Forms.frmSettings)}) {
+  PaintedWindows windows;
+  windows.Forms.TheWavWindow.Load();
+  windows.Forms.frmPlaylist.Load();
+  Texts().Fill(windows.Forms);
+  for (Form* form : {static_cast<Form*>(&windows.Forms.TheWavWindow),
+                     static_cast<Form*>(&windows.Forms.frmPlaylist),
+                     static_cast<Form*>(&windows.Forms.frmSettings)}) {
     form->Show();
   }
-  desk.Settle();
-  QWidget& editor = desk.Screen.ScheduleEditor();
+  windows.Settle();
+  QWidget& editor = windows.Screen.ScheduleEditor();
   EXPECT_EQ(NameOf(editor, "txtHours"), "Hours");
   EXPECT_EQ(NameOf(editor, "txtMinutes"), "Minutes");
   EXPECT_EQ(NameOf(editor, "SelectedWavs"), "Selected sequence");
   EXPECT_EQ(NameOf(editor, "WkDays_2"), "W 3/7");
-  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "AvailMP3s"), "Available music");
-  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "chkDays_0"), "M 1/7");
-  EXPECT_EQ(NameOf(desk.Screen.Playlist(), "chkDays_3"), "T 4/7");
-  EXPECT_EQ(NameOf(desk.Screen.Settings(), "slMusicVolume"), "Music");
+  EXPECT_EQ(NameOf(windows.Screen.Playlist(), "AvailMP3s"), "Available music");
+  EXPECT_EQ(NameOf(windows.Screen.Playlist(), "chkDays_0"), "M 1/7");
+  EXPECT_EQ(NameOf(windows.Screen.Playlist(), "chkDays_3"), "T 4/7");
+  EXPECT_EQ(NameOf(windows.Screen.Settings(), "slMusicVolume"), "Music");
 }
 
 TEST(ReaderNames, ABoxThatOpensIsToldByItsEntryAndDescribedByItsLabel) {
-  Desk desk;
-  desk.Forms.frmPlaylist.Load();
-  Texts().Fill(desk.Forms);
-  desk.Forms.frmPlaylist.cmbStopMinutes.AddItem("45");
-  desk.Forms.frmPlaylist.cmbStopMinutes.SetListIndex(
-      desk.Forms.frmPlaylist.cmbStopMinutes.ListCount() - 1);
-  desk.Forms.frmPlaylist.Show();
-  desk.Settle();
-  QWidget& editor = desk.Screen.Playlist();
+  PaintedWindows windows;
+  windows.Forms.frmPlaylist.Load();
+  Texts().Fill(windows.Forms);
+  windows.Forms.frmPlaylist.cmbStopMinutes.AddItem("45");
+  windows.Forms.frmPlaylist.cmbStopMinutes.SetListIndex(
+      windows.Forms.frmPlaylist.cmbStopMinutes.ListCount() - 1);
+  windows.Forms.frmPlaylist.Show();
+  windows.Settle();
+  QWidget& editor = windows.Screen.Playlist();
   auto& box = *editor.findChild<QComboBox*>("cmbStopMinutes");
   EXPECT_EQ(NameOf(editor, "cmbStopMinutes"), "45");
   QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(&box);
@@ -67,12 +67,12 @@ TEST(ReaderNames, ABoxThatOpensIsToldByItsEntryAndDescribedByItsLabel) {
 }
 
 TEST(ReaderNames, WhatSharesItsWordsIsToldByWhatStandsAroundItOrByItsPlace) {
-  Desk desk;
-  desk.Forms.frmSettings.Load();
-  Texts().Fill(desk.Forms);
-  desk.Forms.frmSettings.Show();
-  desk.Settle();
-  QWidget& settings = desk.Screen.Settings();
+  PaintedWindows windows;
+  windows.Forms.frmSettings.Load();
+  Texts().Fill(windows.Forms);
+  windows.Forms.frmSettings.Show();
+  windows.Settle();
+  QWidget& settings = windows.Screen.Settings();
   EXPECT_EQ(NameOf(settings, "cmdMsgBrowse"),
             "Directory where the wav message file are stored Browse");
   EXPECT_EQ(NameOf(settings, "cmdPostSelect"), "Chime succeeds call Select");
@@ -81,24 +81,25 @@ TEST(ReaderNames, WhatSharesItsWordsIsToldByWhatStandsAroundItOrByItsPlace) {
 }
 
 TEST(ReaderNames, NothingThatTakesTheFocusIsNameless) {
-  Desk desk;
-  desk.Forms.frmMain.Load();
-  desk.Forms.TheWavWindow.Load();
-  desk.Forms.frmPlaylist.Load();
-  desk.Forms.frmSettings.Load();
-  Texts().Fill(desk.Forms);
+  PaintedWindows windows;
+  windows.Forms.frmMain.Load();
+  windows.Forms.TheWavWindow.Load();
+  windows.Forms.frmPlaylist.Load();
+  windows.Forms.frmSettings.Load();
+  Texts().Fill(windows.Forms);
   for (Form* form :
-       {static_cast<Form*>(&desk.Forms.frmMain), static_cast<Form*>(&desk.Forms.TheWavWindow),
-        static_cast<Form*>(&desk.Forms.frmPlaylist), static_cast<Form*>(&desk.Forms.frmSettings),
-        static_cast<Form*>(&desk.Forms.frmChimeSelect),
-        static_cast<Form*>(&desk.Forms.frmDirSel)}) {
+       {static_cast<Form*>(&windows.Forms.frmMain), static_cast<Form*>(&windows.Forms.TheWavWindow),
+        static_cast<Form*>(&windows.Forms.frmPlaylist),
+        static_cast<Form*>(&windows.Forms.frmSettings),
+        static_cast<Form*>(&windows.Forms.frmChimeSelect),
+        static_cast<Form*>(&windows.Forms.frmDirSel)}) {
     form->Show();
   }
-  desk.Settle();
+  windows.Settle();
   int judged = 0;
   for (QWidget* window :
-       {&desk.Screen.Main(), &desk.Screen.ScheduleEditor(), &desk.Screen.Playlist(),
-        &desk.Screen.Settings(), &desk.Screen.ChimeSelect(), &desk.Screen.DirSel()}) {
+       {&windows.Screen.Main(), &windows.Screen.ScheduleEditor(), &windows.Screen.Playlist(),
+        &windows.Screen.Settings(), &windows.Screen.ChimeSelect(), &windows.Screen.DirSel()}) {
     for (const QWidget* widget : window->findChildren<QWidget*>()) {
       const bool isOwn = !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_");
       if (!isOwn || widget->focusPolicy() == Qt::NoFocus || !widget->isVisible()) continue;

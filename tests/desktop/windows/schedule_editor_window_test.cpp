@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
-#include "desktop/windows/desk.h"
 #include "desktop/windows/mouse.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/weekday_header.h"
 
 namespace marlex {
 namespace {
 
 /// The message schedule editor, open.
-struct EditorPlace : Desk {
+struct EditorPlace : PaintedWindows {
   EditorPlace() { Open(); }
 
   void Open() {
@@ -33,87 +33,87 @@ struct EditorPlace : Desk {
 };
 
 TEST(ScheduleEditorWindow, WhatIsTypedAndClickedReachesItsControls) {
-  EditorPlace desk;
-  QTest::keyClicks(&desk.Part<QLineEdit>("txtHours"), "8-10");
-  for (const char* key : {"WkDays_6", "cmdZone_2", "optBetween"}) desk.Click(key);
-  EXPECT_EQ(desk.Editor.txtHours.Text.Get(), "8-10");
-  EXPECT_EQ(desk.Editor.WkDays[6].Value, 1);
-  EXPECT_TRUE(desk.Editor.cmdZone[2].Value);
-  EXPECT_TRUE(desk.Editor.optBetween.Value());
-  EXPECT_FALSE(desk.Editor.optExact.Value());
+  EditorPlace windows;
+  QTest::keyClicks(&windows.Part<QLineEdit>("txtHours"), "8-10");
+  for (const char* key : {"WkDays_6", "cmdZone_2", "optBetween"}) windows.Click(key);
+  EXPECT_EQ(windows.Editor.txtHours.Text.Get(), "8-10");
+  EXPECT_EQ(windows.Editor.WkDays[6].Value, 1);
+  EXPECT_TRUE(windows.Editor.cmdZone[2].Value);
+  EXPECT_TRUE(windows.Editor.optBetween.Value());
+  EXPECT_FALSE(windows.Editor.optExact.Value());
 }
 
 TEST(ScheduleEditorWindow, ThePanelsChangePlacesAndTheSequencesModeStays) {
-  EditorPlace desk;
-  desk.Editor.frMinutes.Visible = false;
-  desk.Editor.frInterval.Visible = true;
-  desk.Settle();
-  const int top = desk.Part<QWidget>("frInterval").y();
-  desk.Click("optInterval_15");
-  desk.Click("optInterval_30");
-  EXPECT_FALSE(desk.Editor.optInterval[15].Value());
-  EXPECT_TRUE(desk.Editor.optInterval[30].Value());
-  EXPECT_TRUE(desk.Editor.optExact.Value());
-  desk.Editor.frInterval.Visible = false;
-  desk.Editor.frMinutes.Visible = true;
-  desk.Settle();
-  EXPECT_EQ(desk.Part<QWidget>("frMinutes").y(), top);
+  EditorPlace windows;
+  windows.Editor.frMinutes.Visible = false;
+  windows.Editor.frInterval.Visible = true;
+  windows.Settle();
+  const int top = windows.Part<QWidget>("frInterval").y();
+  windows.Click("optInterval_15");
+  windows.Click("optInterval_30");
+  EXPECT_FALSE(windows.Editor.optInterval[15].Value());
+  EXPECT_TRUE(windows.Editor.optInterval[30].Value());
+  EXPECT_TRUE(windows.Editor.optExact.Value());
+  windows.Editor.frInterval.Visible = false;
+  windows.Editor.frMinutes.Visible = true;
+  windows.Settle();
+  EXPECT_EQ(windows.Part<QWidget>("frMinutes").y(), top);
 }
 
 TEST(ScheduleEditorWindow, AGivenPlaceAndSizeAreKeptUntilTheNextOpening) {
-  EditorPlace desk;
-  QWidget& window = desk.Screen.ScheduleEditor();
+  EditorPlace windows;
+  QWidget& window = windows.Screen.ScheduleEditor();
   window.setGeometry(60, 50, 1000, 700);
-  desk.Settle();
-  desk.Editor.Unload();
-  desk.Settle();
+  windows.Settle();
+  windows.Editor.Unload();
+  windows.Settle();
   EXPECT_FALSE(window.isVisible());
-  desk.Open();
+  windows.Open();
   EXPECT_EQ(window.size(), QSize(1000, 700));
 }
 
 TEST(ScheduleEditorWindow, ItsListsTakeTheRoomOfALargerWindow) {
-  EditorPlace desk;
-  auto& list = desk.Part<QListView>("SelectedWavs");
-  desk.Screen.ScheduleEditor().resize(900, 720);
-  desk.Settle();
+  EditorPlace windows;
+  auto& list = windows.Part<QListView>("SelectedWavs");
+  windows.Screen.ScheduleEditor().resize(900, 720);
+  windows.Settle();
   const QSize before = list.size();
-  desk.Screen.ScheduleEditor().resize(1200, 900);
-  desk.Settle();
+  windows.Screen.ScheduleEditor().resize(1200, 900);
+  windows.Settle();
   EXPECT_GT(list.width(), before.width() + 100);
   EXPECT_GT(list.height(), before.height() + 100);
 }
 
 TEST(ScheduleEditorWindow, FitsASmallScreen) {
-  EditorPlace desk;
-  const QSize need = desk.Screen.ScheduleEditor().minimumSizeHint();
+  EditorPlace windows;
+  const QSize need = windows.Screen.ScheduleEditor().minimumSizeHint();
   EXPECT_LE(need.width(), 1024);
   EXPECT_LE(need.height(), 728);
 }
 
 TEST(ScheduleEditorWindow, EachWeekdayStandsOverItsBox) {
-  EditorPlace desk;
-  auto& header = desk.Part<WeekdayHeader>("lblWeekdays");
+  EditorPlace windows;
+  auto& header = windows.Part<WeekdayHeader>("lblWeekdays");
   for (int day = 0; day < kWeekdays; ++day) {
-    auto& box = desk.Part<QCheckBox>(("WkDays_" + std::to_string(day)).c_str());
-    const QPoint middle = box.mapTo(&desk.Screen.ScheduleEditor(), box.rect().center());
-    const int left = header.mapTo(&desk.Screen.ScheduleEditor(), QPoint()).x();
+    auto& box = windows.Part<QCheckBox>(("WkDays_" + std::to_string(day)).c_str());
+    const QPoint middle = box.mapTo(&windows.Screen.ScheduleEditor(), box.rect().center());
+    const int left = header.mapTo(&windows.Screen.ScheduleEditor(), QPoint()).x();
     EXPECT_NEAR(middle.x(), left + header.width() * (2 * day + 1) / 14, 3) << day;
   }
 }
 
 TEST(ScheduleEditorWindow, TheTabGoesFromTheMessagesToTheMode) {
-  EditorPlace desk;
+  EditorPlace windows;
   const QStringList sequence{"AvailWavs",  "SelectedWavs", "RemoveKey",
                              "RemAll_Key", "PrevKey",      "txtHours"};
   const QStringList rest = Numbered("WkDays", kWeekdays) + Numbered("cmdZone", kZones) +
                            QStringList{"optExact", "optBetween"};
-  auto& first = desk.Part<QWidget>("AvailWavs");
+  auto& first = windows.Part<QWidget>("AvailWavs");
   const QStringList minutes{"txtMinutes", "cmdInterval"};
   EXPECT_EQ(TabOrder(first), sequence + minutes + rest);
-  desk.Editor.frMinutes.Visible = false;
-  desk.Editor.frInterval.Visible = true;
-  desk.Settle();
+  windows.Editor.frMinutes.Visible = false;
+  windows.Editor.frInterval.Visible = true;
+  windows.Settle();
   const QStringList panel{"optInterval_2",  "optInterval_5",  "optInterval_10",
                           "optInterval_15", "optInterval_20", "optInterval_30",
                           "cmbStart",       "cmdOK",          "cmdCancel"};
@@ -121,17 +121,17 @@ TEST(ScheduleEditorWindow, TheTabGoesFromTheMessagesToTheMode) {
 }
 
 TEST(ScheduleEditorWindow, ANewEntryOfTheSequenceIsInView) {
-  EditorPlace desk;
+  EditorPlace windows;
   for (int entry = 0; entry < 100; ++entry)
-    desk.Editor.SelectedWavs.AddItem("m" + std::to_string(entry));
-  desk.Settle();
-  auto& view = desk.Part<QListView>("SelectedWavs");
+    windows.Editor.SelectedWavs.AddItem("m" + std::to_string(entry));
+  windows.Settle();
+  auto& view = windows.Part<QListView>("SelectedWavs");
   const auto sees = [&](int entry) {
     return view.viewport()->rect().intersects(view.visualRect(view.model()->index(entry, 0)));
   };
   EXPECT_TRUE(sees(0));
-  desk.Editor.SelectedWavs.AddItem("newest");
-  desk.Settle();
+  windows.Editor.SelectedWavs.AddItem("newest");
+  windows.Settle();
   EXPECT_TRUE(sees(100));
 }
 

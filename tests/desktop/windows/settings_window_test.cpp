@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "desktop/windows/desk.h"
 #include "desktop/windows/mouse.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/texts.h"
 
 namespace marlex {
@@ -15,7 +15,7 @@ T& In(QWidget& window, const char* name) {
 }
 
 /// The settings dialog, open.
-struct SettingsPlace : Desk {
+struct SettingsPlace : PaintedWindows {
   SettingsPlace() {
     Settings.Show();
     Settle();
@@ -34,17 +34,17 @@ struct SettingsPlace : Desk {
 };
 
 TEST(SettingsWindow, TheTopOfAVolumeSliderIsItsLoudestEnd) {
-  SettingsPlace desk;
-  desk.Settings.slMasterVolume.Value = 30000;
-  desk.Settle();
-  auto& slider = desk.Part<QSlider>("slMasterVolume");
+  SettingsPlace windows;
+  windows.Settings.slMasterVolume.Value = 30000;
+  windows.Settle();
+  auto& slider = windows.Part<QSlider>("slMasterVolume");
   QTest::keyClick(&slider, Qt::Key_Up);
-  desk.Settle();
-  EXPECT_LT(desk.Settings.slMasterVolume.Value, 30000);
+  windows.Settle();
+  EXPECT_LT(windows.Settings.slMasterVolume.Value, 30000);
   QTest::keyClick(&slider, Qt::Key_Home);
-  desk.Settle();
+  windows.Settle();
   const QPixmap top = slider.grab();
-  EXPECT_EQ(desk.Settings.slMasterVolume.Value, 0);
+  EXPECT_EQ(windows.Settings.slMasterVolume.Value, 0);
   QStyleOptionSlider option;
   option.initFrom(&slider);
   option.orientation = Qt::Vertical;
@@ -57,111 +57,111 @@ TEST(SettingsWindow, TheTopOfAVolumeSliderIsItsLoudestEnd) {
 }
 
 TEST(SettingsWindow, OfTheStepsThatASliderMakesAtOnceOnlyTheLastCounts) {
-  SettingsPlace desk;
+  SettingsPlace windows;
   std::string steps;
-  Slider& slider = desk.Settings.slMusicVolume;
+  Slider& slider = windows.Settings.slMusicVolume;
   slider.OnChange = [&] { steps += std::to_string(slider.Value) + " "; };
   for (const int position : {100, 200, 300}) {
-    desk.Part<QSlider>("slMusicVolume").setValue(position);
+    windows.Part<QSlider>("slMusicVolume").setValue(position);
   }
-  desk.Settle();
-  desk.Part<QSlider>("slMusicVolume").setValue(400);
-  desk.Settle();
+  windows.Settle();
+  windows.Part<QSlider>("slMusicVolume").setValue(400);
+  windows.Settle();
   EXPECT_EQ(steps, "300 400 ");
 }
 
 TEST(SettingsWindow, AKnobThatIsHeldStaysUnderThePointer) {
-  SettingsPlace desk;
-  auto& widget = desk.Part<QSlider>("slMusicVolume");
+  SettingsPlace windows;
+  auto& widget = windows.Part<QSlider>("slMusicVolume");
   widget.setSliderDown(true);
   widget.setValue(500);
-  desk.Settle();
-  desk.Settings.slMusicVolume.Value = 900;
-  desk.Settle();
+  windows.Settle();
+  windows.Settings.slMusicVolume.Value = 900;
+  windows.Settle();
   EXPECT_EQ(widget.value(), 500);
   widget.setSliderDown(false);
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(widget.value(), 900);
 }
 
 TEST(SettingsWindow, EachGroupOfChoicesKeepsItsOwn) {
-  SettingsPlace desk;
+  SettingsPlace windows;
   for (const char* name : {"optTolvo_0", "optFast", "optCom_1", "optPriority_1", "optSlow"})
-    desk.Click(name);
-  EXPECT_TRUE(desk.Settings.optTolvo[0].Value());
-  EXPECT_FALSE(desk.Settings.optFast.Value());
-  EXPECT_TRUE(desk.Settings.optSlow.Value());
-  EXPECT_TRUE(desk.Settings.optCom[1].Value());
-  EXPECT_TRUE(desk.Settings.optPriority[1].Value());
-  EXPECT_TRUE(desk.Part<QRadioButton>("optTolvo_0").isChecked());
-  EXPECT_FALSE(desk.Part<QRadioButton>("optFast").isChecked());
-  EXPECT_TRUE(desk.Part<QRadioButton>("optSlow").isChecked());
+    windows.Click(name);
+  EXPECT_TRUE(windows.Settings.optTolvo[0].Value());
+  EXPECT_FALSE(windows.Settings.optFast.Value());
+  EXPECT_TRUE(windows.Settings.optSlow.Value());
+  EXPECT_TRUE(windows.Settings.optCom[1].Value());
+  EXPECT_TRUE(windows.Settings.optPriority[1].Value());
+  EXPECT_TRUE(windows.Part<QRadioButton>("optTolvo_0").isChecked());
+  EXPECT_FALSE(windows.Part<QRadioButton>("optFast").isChecked());
+  EXPECT_TRUE(windows.Part<QRadioButton>("optSlow").isChecked());
 }
 
 TEST(SettingsWindow, TheChimesAndTheWordAboutTheMicrophoneStandOnOnePlace) {
-  SettingsPlace desk;
-  desk.Settings.frSound.Visible = false;
-  desk.Settle();
-  const QPoint place = desk.Part<QWidget>("frChimes").pos();
-  desk.Settings.frChimes.Visible = false;
-  desk.Settings.frSound.Visible = true;
-  desk.Settle();
-  EXPECT_NEAR(desk.Part<QWidget>("frSound").x(), place.x(), 10);
-  EXPECT_NEAR(desk.Part<QWidget>("frSound").y(), place.y(), 30);
+  SettingsPlace windows;
+  windows.Settings.frSound.Visible = false;
+  windows.Settle();
+  const QPoint place = windows.Part<QWidget>("frChimes").pos();
+  windows.Settings.frChimes.Visible = false;
+  windows.Settings.frSound.Visible = true;
+  windows.Settle();
+  EXPECT_NEAR(windows.Part<QWidget>("frSound").x(), place.x(), 10);
+  EXPECT_NEAR(windows.Part<QWidget>("frSound").y(), place.y(), 30);
 }
 
 TEST(SettingsWindow, ItShrinksByTheFramesOfTheRouterAndGrowsBack) {
-  SettingsPlace desk;
-  const QSize whole = desk.Screen.Settings().size();
+  SettingsPlace windows;
+  const QSize whole = windows.Screen.Settings().size();
   const auto show = [&](bool shown) {
     for (Frame* frame :
-         {&desk.Settings.frNames, &desk.Settings.frPort, &desk.Settings.frPriority}) {
+         {&windows.Settings.frNames, &windows.Settings.frPort, &windows.Settings.frPriority}) {
       frame->Visible = shown;
     }
-    desk.Settle();
+    windows.Settle();
   };
   show(false);
-  EXPECT_LT(desk.Screen.Settings().height(), whole.height() - 100);
-  EXPECT_EQ(desk.Screen.Settings().width(), whole.width());
+  EXPECT_LT(windows.Screen.Settings().height(), whole.height() - 100);
+  EXPECT_EQ(windows.Screen.Settings().width(), whole.width());
   show(true);
-  EXPECT_EQ(desk.Screen.Settings().size(), whole);
+  EXPECT_EQ(windows.Screen.Settings().size(), whole);
 }
 
 TEST(SettingsWindow, ALineOfADisabledFrameCannotBeMoved) {
-  SettingsPlace desk;
-  desk.Settings.frMicroVolume.Enabled = false;
-  desk.Settle();
-  EXPECT_FALSE(desk.Part<QSlider>("slMicroVolume").isEnabled());
-  EXPECT_TRUE(desk.Part<QSlider>("slMusicVolume").isEnabled());
+  SettingsPlace windows;
+  windows.Settings.frMicroVolume.Enabled = false;
+  windows.Settle();
+  EXPECT_FALSE(windows.Part<QSlider>("slMicroVolume").isEnabled());
+  EXPECT_TRUE(windows.Part<QSlider>("slMusicVolume").isEnabled());
 }
 
 TEST(SettingsWindow, EnterIsItsOkAndEscapeItsCancel) {
-  SettingsPlace desk;
+  SettingsPlace windows;
   std::string keys;
-  desk.Settings.cmdOK.OnClick = [&] { keys += "ok "; };
-  desk.Settings.cmdCancel.OnClick = [&] { keys += "cancel "; };
-  QTest::keyClick(&desk.Part<QLineEdit>("txtZoneName_0"), Qt::Key_Return);
-  desk.Settle();
+  windows.Settings.cmdOK.OnClick = [&] { keys += "ok "; };
+  windows.Settings.cmdCancel.OnClick = [&] { keys += "cancel "; };
+  QTest::keyClick(&windows.Part<QLineEdit>("txtZoneName_0"), Qt::Key_Return);
+  windows.Settle();
   EXPECT_EQ(keys, "ok ");
-  QTest::keyClick(&desk.Part<QLineEdit>("txtZoneName_0"), Qt::Key_Escape);
-  desk.Settle();
+  QTest::keyClick(&windows.Part<QLineEdit>("txtZoneName_0"), Qt::Key_Escape);
+  windows.Settle();
   EXPECT_EQ(keys, "ok cancel ");
-  EXPECT_TRUE(desk.Screen.Settings().isVisible());
+  EXPECT_TRUE(windows.Screen.Settings().isVisible());
 }
 
 TEST(SettingsWindow, WhatIsTypedReachesTheZonesName) {
-  SettingsPlace desk;
-  auto& name = desk.Part<QLineEdit>("txtZoneName_4");
+  SettingsPlace windows;
+  auto& name = windows.Part<QLineEdit>("txtZoneName_4");
   EXPECT_EQ(name.text(), "Zone 5");
   name.selectAll();
   QTest::keyClicks(&name, "Gate");
-  desk.Settle();
-  EXPECT_EQ(desk.Settings.txtZoneName[4].Text.Get(), "Gate");
+  windows.Settle();
+  EXPECT_EQ(windows.Settings.txtZoneName[4].Text.Get(), "Gate");
 }
 
 TEST(SettingsWindow, TheTabGoesFromTheDirectoriesToTheKeys) {
-  SettingsPlace desk;
-  const QStringList order = TabOrder(desk.Part<QWidget>("cmdBgBrowse"));
+  SettingsPlace windows;
+  const QStringList order = TabOrder(windows.Part<QWidget>("cmdBgBrowse"));
   EXPECT_EQ(order.first(), "cmdBgBrowse");
   EXPECT_LT(order.indexOf("cmdMsgBrowse"), order.indexOf("slMasterVolume"));
   EXPECT_LT(order.indexOf("slMicroVolume"), order.indexOf("optTolvo_0"));
@@ -171,18 +171,18 @@ TEST(SettingsWindow, TheTabGoesFromTheDirectoriesToTheKeys) {
 }
 
 TEST(SettingsWindow, AnotherShowingBringsItBeforeTheMainWindow) {
-  SettingsPlace desk;
-  desk.ShowMain();
-  desk.Screen.Main().activateWindow();
-  desk.Settle();
-  ASSERT_EQ(QApplication::activeWindow(), &desk.Screen.Main());
-  desk.Settings.Show();
-  desk.Settle();
-  EXPECT_EQ(QApplication::activeWindow(), &desk.Screen.Settings());
+  SettingsPlace windows;
+  windows.ShowMain();
+  windows.Screen.Main().activateWindow();
+  windows.Settle();
+  ASSERT_EQ(QApplication::activeWindow(), &windows.Screen.Main());
+  windows.Settings.Show();
+  windows.Settle();
+  EXPECT_EQ(QApplication::activeWindow(), &windows.Screen.Settings());
 }
 
 /// The directory picker on a small disk.
-struct PickerPlace : Desk {
+struct PickerPlace : PaintedWindows {
   PickerPlace() {
     FillMedia(Disk);
     Disk.AddDrive("/media/stick");
@@ -200,113 +200,113 @@ struct PickerPlace : Desk {
 };
 
 TEST(PickerWindow, TheTreeShowsTheWayToTheOpenDirectoryIndented) {
-  PickerPlace desk;
+  PickerPlace windows;
   QStringList shown;
-  for (int row = 0; row < desk.Tree().model()->rowCount(); ++row)
-    shown << desk.Tree().model()->index(row, 0).data().toString();
+  for (int row = 0; row < windows.Tree().model()->rowCount(); ++row)
+    shown << windows.Tree().model()->index(row, 0).data().toString();
   EXPECT_EQ(shown, (QStringList{"/", "    home", "        operator", "            Messages",
                                 "            Music"}));
-  EXPECT_EQ(desk.Tree().currentIndex().row(), 2);
+  EXPECT_EQ(windows.Tree().currentIndex().row(), 2);
 }
 
 TEST(PickerWindow, AClickSelectsADirectoryAndADoubleClickOpensIt) {
-  PickerPlace desk;
+  PickerPlace windows;
   int clicks = 0;
   int changes = 0;
-  desk.Picker.Dir1.OnClick = [&] { ++clicks; };
-  desk.Picker.Dir1.OnChange = [&] { ++changes; };
-  Mouse(*desk.Tree().viewport()).Click(desk.At(4));
-  desk.Settle();
-  EXPECT_EQ(desk.Picker.Dir1.Text(), "/home/operator/Music");
+  windows.Picker.Dir1.OnClick = [&] { ++clicks; };
+  windows.Picker.Dir1.OnChange = [&] { ++changes; };
+  Mouse(*windows.Tree().viewport()).Click(windows.At(4));
+  windows.Settle();
+  EXPECT_EQ(windows.Picker.Dir1.Text(), "/home/operator/Music");
   EXPECT_EQ(clicks, 1);
   EXPECT_EQ(changes, 0);
-  Mouse(*desk.Tree().viewport()).DoubleClick(desk.At(4));
-  desk.Settle();
-  EXPECT_EQ(desk.Picker.Dir1.Path(), "/home/operator/Music");
+  Mouse(*windows.Tree().viewport()).DoubleClick(windows.At(4));
+  windows.Settle();
+  EXPECT_EQ(windows.Picker.Dir1.Path(), "/home/operator/Music");
   EXPECT_EQ(changes, 1);
-  EXPECT_EQ(desk.Tree().model()->rowCount(), 7);
+  EXPECT_EQ(windows.Tree().model()->rowCount(), 7);
 }
 
 TEST(PickerWindow, TheArrowsOpenADirectoryAndTheOneAbove) {
-  PickerPlace desk;
-  QTest::keyClick(&desk.Tree(), Qt::Key_Down);
-  desk.Settle();
-  QTest::keyClick(&desk.Tree(), Qt::Key_Right);
-  desk.Settle();
-  EXPECT_EQ(desk.Picker.Dir1.Path(), "/home/operator/Messages");
-  QTest::keyClick(&desk.Tree(), Qt::Key_Left);
-  desk.Settle();
-  EXPECT_EQ(desk.Picker.Dir1.Path(), "/home/operator");
+  PickerPlace windows;
+  QTest::keyClick(&windows.Tree(), Qt::Key_Down);
+  windows.Settle();
+  QTest::keyClick(&windows.Tree(), Qt::Key_Right);
+  windows.Settle();
+  EXPECT_EQ(windows.Picker.Dir1.Path(), "/home/operator/Messages");
+  QTest::keyClick(&windows.Tree(), Qt::Key_Left);
+  windows.Settle();
+  EXPECT_EQ(windows.Picker.Dir1.Path(), "/home/operator");
 }
 
 TEST(PickerWindow, EnterInTheTreeIsTheOkAndOpensNothing) {
-  PickerPlace desk;
+  PickerPlace windows;
   int accepted = 0;
-  desk.Picker.cmdOK.OnClick = [&] { ++accepted; };
-  QTest::keyClick(&desk.Tree(), Qt::Key_Down);
-  QTest::keyClick(&desk.Tree(), Qt::Key_Return);
-  desk.Settle();
+  windows.Picker.cmdOK.OnClick = [&] { ++accepted; };
+  QTest::keyClick(&windows.Tree(), Qt::Key_Down);
+  QTest::keyClick(&windows.Tree(), Qt::Key_Return);
+  windows.Settle();
   EXPECT_EQ(accepted, 1);
-  EXPECT_EQ(desk.Picker.Dir1.Path(), "/home/operator");
+  EXPECT_EQ(windows.Picker.Dir1.Path(), "/home/operator");
 }
 
 TEST(PickerWindow, TheBoxOfDrivesShowsThemAndTakesAChoice) {
-  PickerPlace desk;
+  PickerPlace windows;
   int changes = 0;
-  desk.Picker.Drive1.OnClick = [&] { ++changes; };
-  auto& box = In<QComboBox>(desk.Screen.DirSel(), "Drive1");
+  windows.Picker.Drive1.OnClick = [&] { ++changes; };
+  auto& box = In<QComboBox>(windows.Screen.DirSel(), "Drive1");
   EXPECT_EQ(box.count(), 3);
   EXPECT_EQ(box.currentText(), "/home/operator");
   QTest::keyClick(&box, Qt::Key_Down);
-  desk.Settle();
-  EXPECT_EQ(desk.Picker.Drive1.Drive(), "/");
+  windows.Settle();
+  EXPECT_EQ(windows.Picker.Drive1.Drive(), "/");
   EXPECT_EQ(changes, 1);
-  desk.Picker.Drive1.ShowDriveOf("/media/stick/x");
-  desk.Settle();
+  windows.Picker.Drive1.ShowDriveOf("/media/stick/x");
+  windows.Settle();
   EXPECT_EQ(box.currentText(), "/media/stick");
   EXPECT_EQ(changes, 1);
 }
 
 TEST(PickerWindow, APickerStandsBeforeTheSettingsAndLeavesTheMainWindowFree) {
-  PickerPlace desk;
-  desk.ShowMain();
-  EXPECT_EQ(desk.Screen.DirSel().windowModality(), Qt::WindowModal);
-  EXPECT_EQ(desk.Screen.DirSel().windowHandle()->transientParent(),
-            desk.Screen.Settings().windowHandle());
+  PickerPlace windows;
+  windows.ShowMain();
+  EXPECT_EQ(windows.Screen.DirSel().windowModality(), Qt::WindowModal);
+  EXPECT_EQ(windows.Screen.DirSel().windowHandle()->transientParent(),
+            windows.Screen.Settings().windowHandle());
   int clicks = 0;
-  desk.Forms.frmMain.cmdPlay.OnClick = [&] { ++clicks; };
-  desk.Forms.frmSettings.cmdCancel.OnClick = [&] { clicks += 10; };
+  windows.Forms.frmMain.cmdPlay.OnClick = [&] { ++clicks; };
+  windows.Forms.frmSettings.cmdCancel.OnClick = [&] { clicks += 10; };
   const auto click = [&](QWidget& window, const char* name) {
     auto& key = In<QPushButton>(window, name);
     const QPoint at = key.mapTo(&window, key.rect().center());
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, at);
-    desk.Settle();
+    windows.Settle();
   };
-  click(desk.Screen.Settings(), "cmdCancel");
+  click(windows.Screen.Settings(), "cmdCancel");
   EXPECT_EQ(clicks, 0);
-  click(desk.Screen.Main(), "cmdPlay");
+  click(windows.Screen.Main(), "cmdPlay");
   EXPECT_EQ(clicks, 1);
 }
 
 TEST(PickerWindow, EnterInTheListOfChimesIsTheOkOnceAChimeIsChosen) {
-  Desk desk;
-  FillMedia(desk.Disk);
-  FrmChimeSelect& picker = desk.Forms.frmChimeSelect;
+  PaintedWindows windows;
+  FillMedia(windows.Disk);
+  FrmChimeSelect& picker = windows.Forms.frmChimeSelect;
   picker.Load();
   picker.lstChimeList.SetPath("/home/operator/Messages");
   picker.cmdOK.Enabled = false;
   picker.Show();
-  desk.Settle();
+  windows.Settle();
   int accepted = 0;
   picker.cmdOK.OnClick = [&] { ++accepted; };
-  auto& list = In<QListView>(desk.Screen.ChimeSelect(), "lstChimeList");
+  auto& list = In<QListView>(windows.Screen.ChimeSelect(), "lstChimeList");
   QTest::keyClick(&list, Qt::Key_Return);
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(accepted, 0);
   picker.cmdOK.Enabled = true;
-  desk.Settle();
+  windows.Settle();
   QTest::keyClick(&list, Qt::Key_Return);
-  desk.Settle();
+  windows.Settle();
   EXPECT_EQ(accepted, 1);
 }
 

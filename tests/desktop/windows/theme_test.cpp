@@ -5,7 +5,7 @@
 #include <ostream>
 
 #include "desktop/windows/contrast.h"
-#include "desktop/windows/desk.h"
+#include "desktop/windows/painted_windows.h"
 #include "desktop/windows/texts.h"
 #include "desktop/windows/theme.h"
 #include "desktop/windows/theme_colors.h"
@@ -79,14 +79,14 @@ TEST(DarkTheme, ComesWithADarkDesktopAndStaysLightOtherwise) {
   EXPECT_EQ(SchemeOf(PaletteOf(Scheme::Dark)), Scheme::Dark);
   QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
   {
-    Desk desk;
-    desk.ShowMain();
+    PaintedWindows windows;
+    windows.ShowMain();
     EXPECT_EQ(ShownColor(kButtonFace), NamedColor("face", Scheme::Dark));
-    const QImage picture = desk.Screen.Main().grab().toImage();
+    const QImage picture = windows.Screen.Main().grab().toImage();
     EXPECT_LT(picture.pixelColor(picture.width() / 2, 3).lightness(), 80);
   }
   QApplication::setPalette(PaletteOf(Scheme::Light));
-  Desk desk;
+  PaintedWindows windows;
   EXPECT_EQ(ShownColor(kButtonFace), NamedColor("face", Scheme::Light));
 }
 
@@ -104,8 +104,8 @@ class ColourNews : public QObject {
 };
 
 /// The main window with a conflict, on a desktop whose colours change.
-struct ChangingDesk : Desk {
-  ChangingDesk() {
+struct ChangingWindows : PaintedWindows {
+  ChangingWindows() {
     Forms.frmMain.Load();
     Texts().Fill(Forms);
     FillSchedule(Forms.frmMain.grdSchedule, 2);
@@ -114,7 +114,7 @@ struct ChangingDesk : Desk {
     ShowMain();
     Screen.Main().installEventFilter(&News);
   }
-  ~ChangingDesk() { QApplication::setPalette(PaletteOf(Scheme::Light)); }
+  ~ChangingWindows() { QApplication::setPalette(PaletteOf(Scheme::Light)); }
 
   void Change(Scheme scheme) {
     QApplication::setPalette(QPalette(scheme == Scheme::Dark ? QColor("#303030") : Qt::lightGray));
@@ -141,39 +141,39 @@ struct ChangingDesk : Desk {
 };
 
 TEST(DarkTheme, ComesAndGoesWithTheDesktopWhileTheProgramRuns) {
-  ChangingDesk desk;
-  desk.ExpectColoursOf(Scheme::Light);
+  ChangingWindows windows;
+  windows.ExpectColoursOf(Scheme::Light);
   qsizetype objects = 0;
   for (int day = 0; day < 5; ++day) {
     for (const Scheme scheme : {Scheme::Dark, Scheme::Light}) {
-      desk.Change(scheme);
-      desk.ExpectColoursOf(scheme);
+      windows.Change(scheme);
+      windows.ExpectColoursOf(scheme);
     }
-    const qsizetype now = desk.Screen.Main().findChildren<QObject*>().size();
+    const qsizetype now = windows.Screen.Main().findChildren<QObject*>().size();
     EXPECT_EQ(now, day > 0 ? objects : now) << "nothing gathers from day to day";
     objects = now;
   }
 }
 
 TEST(DarkTheme, ComesOnceAndThenThereIsPeace) {
-  ChangingDesk desk;
-  desk.Change(Scheme::Dark);
-  EXPECT_GT(desk.News.Count, 0);
-  EXPECT_LE(desk.News.Count, 4);
-  desk.News.Count = 0;
+  ChangingWindows windows;
+  windows.Change(Scheme::Dark);
+  EXPECT_GT(windows.News.Count, 0);
+  EXPECT_LE(windows.News.Count, 4);
+  windows.News.Count = 0;
   QTest::qWait(100);
-  EXPECT_EQ(desk.News.Count, 0);
+  EXPECT_EQ(windows.News.Count, 0);
 }
 
 TEST(DarkTheme, GoesWhenTheDesktopItselfIsLightAgain) {
-  ChangingDesk desk;
-  desk.Change(Scheme::Dark);
+  ChangingWindows windows;
+  windows.Change(Scheme::Dark);
   QEvent change(QEvent::ThemeChange);
-  QApplication::sendEvent(&desk.Screen.Main(), &change);
-  desk.Settle();
-  desk.ExpectColoursOf(Scheme::Light);
-  desk.Change(Scheme::Dark);
-  desk.ExpectColoursOf(Scheme::Dark);
+  QApplication::sendEvent(&windows.Screen.Main(), &change);
+  windows.Settle();
+  windows.ExpectColoursOf(Scheme::Light);
+  windows.Change(Scheme::Dark);
+  windows.ExpectColoursOf(Scheme::Dark);
 }
 
 TEST(ThemeColors, ANameThatTheThemeHasNotIsRefused) {

@@ -47,7 +47,7 @@ inline stage::InstallationFiles TwoSongs(double firstSeconds) {
   return files;
 }
 
-inline stage::StageOptions DeskOptions() {
+inline stage::StageOptions RealDeskOptions() {
   stage::StageOptions options;
   options.Program = MARLEX_BINARY_DIR "/marlex";
   options.Helpers = MARLEX_BINARY_DIR "/helpers";
@@ -55,22 +55,22 @@ inline stage::StageOptions DeskOptions() {
 }
 
 inline stage::StageOptions WithMicrophone() {
-  stage::StageOptions options = DeskOptions();
+  stage::StageOptions options = RealDeskOptions();
   options.Cards.Microphone = true;
   return options;
 }
 
 /// The real program on the operator's desk. What it wrote to its outputs is shown when a test
 /// fails.
-class Desk : public stage::Stage {
+class RealDesk : public stage::Stage {
  public:
-  explicit Desk(const stage::StageOptions& options = DeskOptions()) : Stage(options) {}
-  explicit Desk(const stage::InstallationFiles& files,
-                const stage::StageOptions& options = DeskOptions())
+  explicit RealDesk(const stage::StageOptions& options = RealDeskOptions()) : Stage(options) {}
+  explicit RealDesk(const stage::InstallationFiles& files,
+                    const stage::StageOptions& options = RealDeskOptions())
       : Stage(options) {
     stage::LayOut(Installation, files);
   }
-  ~Desk() {
+  ~RealDesk() {
     if (!testing::UnitTest::GetInstance()->Failed()) return;
     const char* recording = MARLEX_BINARY_DIR "/failed.wav";
     if (Card && Card->Take().Write(recording)) GTEST_LOG_(INFO) << "The card played: " << recording;

@@ -12,7 +12,7 @@
 namespace marlex {
 
 /// All windows of the system, painted off screen, with a loop whose time stands still.
-struct Desk {
+struct PaintedWindows {
   VirtualLoop Loop;
   MemoryDisk Disk;
   Windows Forms{Loop, Disk};
