@@ -48,9 +48,12 @@ QWidget* FrontWindowOfNotices() {
   return window && IsOwnerOf(*window, modal) ? AnyWindow(StaysFree) : window;
 }
 
-std::string Result(const QStringList& files) {
+/// Where several files may be chosen, one whose name begins with a blank would read as a directory
+/// and names: it comes as such a list of one.
+std::string Result(const QStringList& files, bool mayBeSeveral) {
   if (files.isEmpty()) return "";
-  if (files.size() == 1) return files.first().toStdString();
+  const bool readsAsList = mayBeSeveral && QFileInfo(files.first()).fileName().startsWith(' ');
+  if (files.size() == 1 && !readsAsList) return files.first().toStdString();
   QString directory = QFileInfo(files.first()).path();
   if (!directory.endsWith('/')) directory += '/';
   for (const QString& file : files) directory += ' ' + QFileInfo(file).fileName();
@@ -75,10 +78,13 @@ QtDialogs::QtDialogs(EventLoop& loop, const Directories& files) : Loop(loop), Fi
 
 void QtDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
   auto* box = new FileDialogBox(FrontWindow(), dialog, FileTexts, Files, Pointers);
-  QObject::connect(box, &QDialog::finished, [this, box, onChosen = std::move(onChosen)](int code) {
-    const std::string result = code == QDialog::Accepted ? Result(box->Chosen) : "";
-    Loop.Post([onChosen, result] { onChosen(result); });
-  });
+  QObject::connect(box, &QDialog::finished,
+                   [this, box, mayBeSeveral = dialog.AllowMultiselect,
+                    onChosen = std::move(onChosen)](int code) {
+                     const std::string result =
+                         code == QDialog::Accepted ? Result(box->Chosen, mayBeSeveral) : "";
+                     Loop.Post([onChosen, result] { onChosen(result); });
+                   });
   LeaveStanding(box, Pointers);
 }
 

@@ -5,6 +5,7 @@
 
 #include "desktop/windows/box_hand.h"
 #include "desktop/windows/call_place.h"
+#include "schedule/sequence_files.h"
 
 namespace marlex {
 namespace {
@@ -40,6 +41,18 @@ TEST(FileDialogBox, SeveralFilesComeBackAsDirectoryAndNames) {
   WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "\"a.sch\" \"b c.sch\""); });
   EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(true)),
             folder.Place.path().toStdString() + "/ a.sch b c.sch");
+}
+
+TEST(FileDialogBox, OneOfSeveralThatBeginsWithABlankComesBackAsAList) {
+  Folder folder;
+  QtEventLoop loop;
+  EnglishBoxes dialogs(loop);
+  QFile(folder.Place.filePath(" a.sch")).open(QIODevice::WriteOnly);
+  WhenOpen<QFileDialog>([&](QFileDialog& box) { Choose(box, "\" a.sch\""); });
+  const std::string result = Chosen(loop, dialogs, folder.Asked(true));
+  EXPECT_EQ(result, folder.Place.path().toStdString() + "/  a.sch");
+  const SequenceSelection selection = ParseSequenceSelection(result);
+  EXPECT_EQ(selection.List, " a.sch");
 }
 
 TEST(FileDialogBox, ANameThatIsSavedWithoutAnExtensionGetsTheDefaultOne) {
