@@ -124,8 +124,8 @@ TEST(WindowManager, TheLockOfTheScreenEndsACall) {
   ExpectTheCallToEnd(desk, stage::ForeignWindow::Kind::Lock);
 }
 
-/// Without a manager a click takes the keyboard from no window: it is the notice that loses it.
-TEST(WindowManager, TheLockEndsACallAlsoWhileANoticeHasTheKeyboard) {
+/// Nor does it take a window manager, or an empty screen.
+TEST(WindowManager, TheLockEndsACallAlsoWithoutAManagerAndUnderANotice) {
   RealDesk desk(TwoSongs(40), WithMicrophone());
   desk.Start();
   ASSERT_TRUE(OpenNotice(desk));
