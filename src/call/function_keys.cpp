@@ -26,8 +26,8 @@ void FunctionKeys::mnuFKeys_Click() {
 }
 
 /// Deliberate: an empty entry leaves the messages and zones of the previous key on the screen, and
-/// they are saved with this one. Zones that are too short are a RuntimeFailure, and the previous key
-/// stays chosen.
+/// they are saved with this one. Zones that are too short are a RuntimeFailure, and the previous
+/// key stays chosen.
 void FunctionKeys::mnuFKey_Click(int key) {
   const auto read = [&](const char* name) {
     return Store.ReadProfileValue(Section(key), name, File());

@@ -67,8 +67,8 @@ void MusicPlayer::cmdPlay_Click() {
   Lines.OpenWave();
 }
 
-/// Deliberate: the test looks at the path alone, even for a caller that has given the player another
-/// file.
+/// Deliberate: the test looks at the path alone, even for a caller that has given the player
+/// another file.
 void MusicPlayer::PlaySong() {
   if (!TheDirectories.Search(CurrentSongPath).empty()) TheFrmPlayers.MP3Player.Play();
 }

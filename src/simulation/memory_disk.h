@@ -86,7 +86,4 @@ class MemoryDisk : public Directories {
   std::set<std::string> Unreadable;
 };
 
-/// Name of a file without its directory.
-std::string NameOf(const std::string& path);
-
 }  // namespace marlex

@@ -39,14 +39,14 @@ std::optional<ProfileFileText> MemoryProfiles::TextOf(const std::string& file) c
 
 bool MemoryProfiles::Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) {
   if (!Disk.Write(file, NewProfileText(entries))) return false;
-  Log.Write("rebuild", NameOf(file));
+  Log.Write("rebuild", FileNameOf(file));
   Note(entries, file);
   return true;
 }
 
 void MemoryProfiles::Note(const std::vector<ProfileEntry>& entries, const std::string& file) {
   for (const auto& [section, key, value] : entries)
-    Log.Write("write", NameOf(file) + " [" + section + "] " + key + "=" + value);
+    Log.Write("write", FileNameOf(file) + " [" + section + "] " + key + "=" + value);
 }
 
 }  // namespace marlex

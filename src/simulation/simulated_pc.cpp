@@ -57,10 +57,10 @@ std::string SimulatedPc::Heard() const {
   const bool master = !Mixer.Muted(kComponentSpeakers) && Mixer.Level(kComponentSpeakers) > 0;
   if (Loop.Ended() || !master) return "silence";
   if (Song.PlayState() == kPlaying) {
-    AddSound(heard, Mixer, kComponentWaveOut, "song " + NameOf(Song.FileName()));
+    AddSound(heard, Mixer, kComponentWaveOut, "song " + FileNameOf(Song.FileName()));
   }
   if (Wav.Mode() == kWavePlaying)
-    AddSound(heard, Mixer, kComponentWaveOut, "wav " + NameOf(Wav.OpenFile()));
+    AddSound(heard, Mixer, kComponentWaveOut, "wav " + FileNameOf(Wav.OpenFile()));
   if (Mixer.Line(kComponentMicrophone)) AddSound(heard, Mixer, kComponentMicrophone, "microphone");
   return heard.empty() ? "silence" : heard;
 }

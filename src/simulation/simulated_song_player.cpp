@@ -17,8 +17,8 @@ void SimulatedSongPlayer::SetFileName(const std::string& path) {
   Path = lengthMs ? path : "";
   LengthMs = lengthMs.value_or(0);
   LoadedMs = Loop.NowMs();
-  Log.Write("load", NameOf(path));
-  if (!lengthMs && !path.empty()) Log.Write("song", "refuse " + NameOf(path));
+  Log.Write("load", FileNameOf(path));
+  if (!lengthMs && !path.empty()) Log.Write("song", "refuse " + FileNameOf(path));
 }
 
 double SimulatedSongPlayer::Duration() const {
@@ -31,7 +31,7 @@ double SimulatedSongPlayer::CurrentPosition() const {
 
 void SimulatedSongPlayer::Play() {
   if (Path.empty() || State == kPlaying) return;
-  Log.Write("song", (State == kPaused ? "resume " : "play ") + NameOf(Path));
+  Log.Write("song", (State == kPaused ? "resume " : "play ") + FileNameOf(Path));
   State = kPlaying;
   StartedMs = Loop.NowMs();
   Loop.Schedule(std::max<std::int64_t>(LengthMs - PlayedMs, 1), [this, start = ++Started] {

@@ -56,7 +56,7 @@ void SimulatedWavePlayer::Open() {
   LengthMs = lengthMs.value_or(0);
   PresentMode = lengthMs ? kWaveStopped : kWaveNotOpen;
   if (lengthMs) return;
-  Note("refuse " + NameOf(FileName));
+  Note("refuse " + FileNameOf(FileName));
   QueueReport(false);
 }
 

@@ -45,7 +45,7 @@ class SimulatedWavePlayer : public WavePlayer {
   void QueueReport(bool done);
   void DeliverReport(bool done);
   void Note(const std::string& what) { Log.Write(Name, what); }
-  std::string ShortName() const { return NameOf(Path); }
+  std::string ShortName() const { return FileNameOf(Path); }
 
   VirtualLoop& Loop;
   const MemoryDisk& Disk;
