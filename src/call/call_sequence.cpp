@@ -1,4 +1,5 @@
 #include "call/call_sequence.h"
+#include "state/media_names.h"
 
 #include <utility>
 
@@ -221,7 +222,7 @@ void CallSequence::RestoreMusic() {
 /// has ended the call.
 void CallSequence::PlayChime(int call, const std::string& chime) {
   WavePlayer& player = TheFrmPlayers.WavPlayer;
-  player.FileName = Store.Values.MessageDirectory + chime + ".wav";
+  player.FileName = MessagePath(Store.Values, chime);
   player.Command("Close");
   player.Command("Open");
   TheFlags.WavFinished = false;

@@ -29,36 +29,36 @@ void FunctionKeys::mnuFKeys_Click() {
 /// they are saved with this one. Zones that are too short are a RuntimeFailure, and the previous
 /// key stays chosen.
 void FunctionKeys::mnuFKey_Click(int key) {
-  const auto read = [&](const char* name) {
-    return Store.ReadProfileValue(Section(key), name, File());
+  const std::string section = keys::FunctionKey(key);
+  const auto read = [&](std::string_view name) {
+    return Store.ReadProfileValue({section, name}, File());
   };
-  const std::string messages = read("Schedule");
-  const std::string zones = read("Routing");
+  const std::string messages = read(keys::kKeyMessages);
+  const std::string zones = read(keys::kKeyRouting);
   if (!zones.empty())
-    AtPlace(kFile + (": " + Section(key)) + ": Routing", [&] { ApplyZoneText(Window, zones); });
+    AtPlace(kFile + (": " + section) + ": " + std::string(keys::kKeyRouting),
+            [&] { ApplyZoneText(Window, zones); });
   CurrentFunctionKey = key;
   Window.mnuSave.Enabled = true;
   Window.Caption = "Function key programming: F" + std::to_string(key);
   Editor.MessagesText = messages;
   if (!messages.empty()) Messages.LoadSelectedMessages(messages);
-  Window.txtDescription.Text = read("Description");
+  Window.txtDescription.Text = read(keys::kKeyDescription);
 }
 
 /// Nothing is checked, and the editor stays open. A key without messages has no zones either.
 void FunctionKeys::Save() {
   Editor.MessagesText = Messages.BuildMessagesText();
   const std::string zones = Editor.MessagesText.empty() ? "" : BuildZoneText(Window);
-  const std::string section = Section(CurrentFunctionKey);
+  const std::string section = keys::FunctionKey(CurrentFunctionKey);
   const bool written = Store.WriteProfileValues(
-      {{section, "Schedule", QuotedName(Editor.MessagesText)},
-       {section, "Routing", zones},
-       {section, "Description", QuotedName(Window.txtDescription.Text.Get())}},
+      {EntryOf({section, keys::kKeyMessages}, QuotedName(Editor.MessagesText)),
+       EntryOf({section, keys::kKeyRouting}, zones),
+       EntryOf({section, keys::kKeyDescription}, QuotedName(Window.txtDescription.Text.Get()))},
       File());
   if (!written) Editor.TellNotSaved(File());
 }
 
 std::string FunctionKeys::File() const { return JoinPath(Store.ApplicationDirectory(), kFile); }
-
-std::string FunctionKeys::Section(int key) { return "Function key " + std::to_string(key); }
 
 }  // namespace marlex

@@ -24,7 +24,6 @@ class FunctionKeys {
   void mnuFKey_Click(int key);
   void Save();
   std::string File() const;
-  static std::string Section(int key);
 
   SettingsStore& Store;
   WavWindow& Window;

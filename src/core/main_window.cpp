@@ -125,8 +125,8 @@ void MainWindow::ShowZoneNames() {
 }
 
 void MainWindow::LoadRouting() {
-  Store.Values.MusicRouting = Store.Read("Routing", "Music Routing");
-  Store.Values.CallRouting = Store.Read("Routing", "Call Routing");
+  Store.Values.MusicRouting = Store.Read(keys::kMusicRouting);
+  Store.Values.CallRouting = Store.Read(keys::kCallRouting);
   Routing.ApplyMusicRouting();
   Routing.ApplyCallRouting();
 }

@@ -1,6 +1,7 @@
 #include "core/pickers.h"
 
 #include "i18n/translate_controls.h"
+#include "state/media_names.h"
 #include "text/paths.h"
 
 namespace marlex {
@@ -11,8 +12,8 @@ Pickers::Pickers(SettingsStore& store, Windows& windows, const StringTable& stri
       TheFrmDirSel(windows.frmDirSel),
       TheFrmChimeSelect(windows.frmChimeSelect),
       Strings(strings) {
-  TheFrmSettings.cmdBgBrowse.OnClick = [this] { BrowseDirectory(true, "*.mp3"); };
-  TheFrmSettings.cmdMsgBrowse.OnClick = [this] { BrowseDirectory(false, "*.wav"); };
+  TheFrmSettings.cmdBgBrowse.OnClick = [this] { BrowseDirectory(true, kSongPattern); };
+  TheFrmSettings.cmdMsgBrowse.OnClick = [this] { BrowseDirectory(false, kMessagePattern); };
   TheFrmSettings.cmdPreSelect.OnClick = [this] { SelectChime(true); };
   TheFrmSettings.cmdPostSelect.OnClick = [this] { SelectChime(false); };
   TheFrmDirSel.OnLoad = [this] { LoadDirSel(); };
@@ -73,7 +74,7 @@ void Pickers::SelectChime(bool preChime) {
 
 void Pickers::LoadChimeSelect() {
   TranslateControls(TheFrmChimeSelect, Strings);
-  TheFrmChimeSelect.lstChimeList.SetPattern("*.wav");
+  TheFrmChimeSelect.lstChimeList.SetPattern(kMessagePattern);
   TheFrmChimeSelect.lstChimeList.SetPath(Values.MessageDirectory);
   TheFrmChimeSelect.cmdOK.Enabled = false;
   TheFrmChimeSelect.Caption = Strings.LoadString(kStrChimeSelection);

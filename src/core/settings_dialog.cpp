@@ -86,8 +86,8 @@ void SettingsDialog::ShowMicrophone() {
 
 /// The file's, not the ones in memory: a picker may have changed those without an OK.
 void SettingsDialog::ReadDirectories() {
-  Dialog.lblBGDir_Name.Caption = Store.Read("Selected paths", "Music directory");
-  Dialog.lblMsgDir_Name.Caption = Store.Read("Selected paths", "Message directory");
+  Dialog.lblBGDir_Name.Caption = Store.Read(keys::kMusicDirectory);
+  Dialog.lblMsgDir_Name.Caption = Store.Read(keys::kMessageDirectory);
 }
 
 void SettingsDialog::ReadChimes() {
@@ -98,9 +98,9 @@ void SettingsDialog::ReadChimes() {
     select.Enabled = !chime.empty();
     label.Visible = !chime.empty();
   };
-  Values.PreChime = Store.Read("Chime selection", "PreChime");
+  Values.PreChime = Store.Read(keys::kPreChime);
   show(Values.PreChime, Dialog.chkPreChime, Dialog.cmdPreSelect, Dialog.lblPreChime);
-  Values.PostChime = Store.Read("Chime selection", "PostChime");
+  Values.PostChime = Store.Read(keys::kPostChime);
   show(Values.PostChime, Dialog.chkPostChime, Dialog.cmdPostSelect, Dialog.lblPostChime);
   // Without the directory there is no chime to pick.
   const bool hasDirectory = !Dialog.lblMsgDir_Name.Caption.Get().empty();
@@ -109,19 +109,19 @@ void SettingsDialog::ReadChimes() {
 }
 
 void SettingsDialog::ReadAmplifier() {
-  const bool router = Store.ReadFlag("Selected type", "QRT4410/20");
+  const bool router = Store.ReadFlag(keys::kRouter);
   ShowRouterFrames(router, router ? FrmSettings::kRouterKeyTop : FrmSettings::kPlainKeyTop);
   Dialog.optTolvo[router ? 0 : 1].SetValue(true);
   // An absent key shows port 2, though port 1 is the one that is used; it stays so.
-  Dialog.optCom[Store.Read("Used com port", "Com port") == "1" ? 0 : 1].SetValue(true);
+  Dialog.optCom[Store.Read(keys::kComPort) == "1" ? 0 : 1].SetValue(true);
   ReadZoneNames();
-  Dialog.optPriority[Store.Read("Priority level", "Priority") == "High" ? 1 : 0].SetValue(true);
+  Dialog.optPriority[Store.Read(keys::kPriority) == "High" ? 1 : 0].SetValue(true);
 }
 
 /// A name that is empty in the file leaves the design's in its place.
 void SettingsDialog::ReadZoneNames() {
   for (int zone = 0; zone < kZones; ++zone) {
-    const std::string name = Store.Read("Zone names", "Zone:" + std::to_string(zone + 1));
+    const std::string name = Store.Read({keys::kZoneNames, keys::ZoneName(zone)});
     if (!name.empty()) Dialog.txtZoneName[zone].Text = name;
   }
 }
@@ -143,7 +143,7 @@ void SettingsDialog::ReadVolumes() {
 /// The test is for "Fast" here and for "Slow" at the start of the program: with an absent key the
 /// mere opening of the dialog makes fades slow. It stays so.
 void SettingsDialog::ReadFadeTime() {
-  const bool fast = Store.Read("Volume", "Fade time") == "Fast";
+  const bool fast = Store.Read(keys::kFadeTime) == "Fast";
   Values.FadeTime = fast ? kFastFadeTimeMs : kSlowFadeTimeMs;
   (fast ? Dialog.optFast : Dialog.optSlow).SetValue(true);
 }
@@ -171,18 +171,18 @@ void SettingsDialog::CheckChime(const CheckBox& check, CommandButton& select, La
 
 void SettingsDialog::ChangeMasterVolume() {
   Lines.SetMaster(Dialog.slMasterVolume.Value);
-  ChangeVolume(Dialog.slMasterVolume, Values.MasterVolume, "Master volume");
+  ChangeVolume(Dialog.slMasterVolume, Values.MasterVolume, keys::kMasterVolume);
 }
 
 void SettingsDialog::ChangeMusicVolume() {
   Lines.SetWave(Dialog.slMusicVolume.Value);
-  ChangeVolume(Dialog.slMusicVolume, Values.MusicVolume, "Music volume");
+  ChangeVolume(Dialog.slMusicVolume, Values.MusicVolume, keys::kMusicVolume);
 }
 
 /// Line 0 is no microphone but the master, which has a slider of its own.
 void SettingsDialog::ChangeMicroVolume() {
   Lines.SetMicrophone(Dialog.slMicroVolume.Value);
-  ChangeVolume(Dialog.slMicroVolume, Values.MicroVolume, "Micro volume");
+  ChangeVolume(Dialog.slMicroVolume, Values.MicroVolume, keys::kMicroVolume);
 }
 
 /// Music and messages share a line, so that it is left alone until a message plays on it.
@@ -190,12 +190,12 @@ void SettingsDialog::ChangeMessageVolume() {
   if (TheFlags.MessagePlaying) {
     Lines.SetWave(Dialog.slMessageVolume.Value);
   }
-  ChangeVolume(Dialog.slMessageVolume, Values.MessageVolume, "Message volume");
+  ChangeVolume(Dialog.slMessageVolume, Values.MessageVolume, keys::kMessageVolume);
 }
 
-void SettingsDialog::ChangeVolume(const Slider& slider, int& value, const std::string& key) {
+void SettingsDialog::ChangeVolume(const Slider& slider, int& value, const ProfileKey& key) {
   value = slider.Value;
-  Store.Write("Volume", key, std::to_string(value));
+  Store.Write(key, std::to_string(value));
 }
 
 void SettingsDialog::cmdOK_Click() {
@@ -207,7 +207,7 @@ void SettingsDialog::cmdOK_Click() {
   WritePriority();
   WriteFadeTime();
   // The port itself stays: another number counts from the next start of the program on.
-  Store.Write("Used com port", "Com port", Dialog.optCom[0].Value() ? "1" : "2");
+  Store.Write(keys::kComPort, Dialog.optCom[0].Value() ? "1" : "2");
   WriteChimes();
   ChangeMasterVolume();
   ChangeMessageVolume();
@@ -228,14 +228,14 @@ bool SettingsDialog::Refuse(const Label& directory, int messageId) {
 void SettingsDialog::WriteDirectories() {
   Values.MusicDirectory = Dialog.lblBGDir_Name.Caption;
   Values.MessageDirectory = Dialog.lblMsgDir_Name.Caption;
-  Store.Write("Selected paths", "Music directory", Values.MusicDirectory);
-  Store.Write("Selected paths", "Message directory", Values.MessageDirectory);
+  Store.Write(keys::kMusicDirectory, Values.MusicDirectory);
+  Store.Write(keys::kMessageDirectory, Values.MessageDirectory);
 }
 
 void SettingsDialog::WriteZoneNames() {
   for (int zone = 0; zone < kZones; ++zone) {
     const std::string& name = Dialog.txtZoneName[zone].Text;
-    Store.Write("Zone names", "Zone:" + std::to_string(zone + 1), QuotedName(name));
+    Store.Write({keys::kZoneNames, keys::ZoneName(zone)}, QuotedName(name));
     Values.ZoneNames[static_cast<std::size_t>(zone)] = name;
   }
 }
@@ -243,7 +243,7 @@ void SettingsDialog::WriteZoneNames() {
 void SettingsDialog::WriteAmplifier() {
   const bool router = Dialog.optTolvo[0].Value();
   router ? UseRouter() : UseNoRouter();
-  Store.WriteFlag("Selected type", "QRT4410/20", router);
+  Store.WriteFlag(keys::kRouter, router);
 }
 
 void SettingsDialog::UseRouter() {
@@ -265,14 +265,14 @@ void SettingsDialog::UseNoRouter() {
 
 void SettingsDialog::WritePriority() {
   Values.PriorityLevelText = Dialog.optPriority[0].Value() ? "Low" : "High";
-  Store.Write("Priority level", "Priority", Values.PriorityLevelText);
+  Store.Write(keys::kPriority, Values.PriorityLevelText);
   Values.OwnPriorityLevel = PriorityLevelOf(Values.PriorityLevelText);
 }
 
 void SettingsDialog::WriteFadeTime() {
   const bool slow = Dialog.optSlow.Value();
   Values.FadeTime = slow ? kSlowFadeTimeMs : kFastFadeTimeMs;
-  Store.Write("Volume", "Fade time", slow ? "Slow" : "Fast");
+  Store.Write(keys::kFadeTime, slow ? "Slow" : "Fast");
 }
 
 /// The file gets what the labels show; a check that is set with nothing picked writes an empty
@@ -280,8 +280,8 @@ void SettingsDialog::WriteFadeTime() {
 void SettingsDialog::WriteChimes() {
   if (Dialog.chkPreChime.Value != kChecked) Values.PreChime.clear();
   if (Dialog.chkPostChime.Value != kChecked) Values.PostChime.clear();
-  Store.Write("Chime selection", "PreChime", QuotedName(Dialog.lblPreChime.Caption.Get()));
-  Store.Write("Chime selection", "PostChime", QuotedName(Dialog.lblPostChime.Caption.Get()));
+  Store.Write(keys::kPreChime, QuotedName(Dialog.lblPreChime.Caption.Get()));
+  Store.Write(keys::kPostChime, QuotedName(Dialog.lblPostChime.Caption.Get()));
 }
 
 void SettingsDialog::RefreshMainWindow() {

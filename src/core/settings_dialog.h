@@ -48,7 +48,7 @@ class SettingsDialog {
   void ChangeMusicVolume();
   void ChangeMicroVolume();
   void ChangeMessageVolume();
-  void ChangeVolume(const Slider& slider, int& value, const std::string& key);
+  void ChangeVolume(const Slider& slider, int& value, const ProfileKey& key);
 
   void cmdOK_Click();
   bool Refuse(const Label& directory, int messageId);

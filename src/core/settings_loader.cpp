@@ -26,7 +26,7 @@ void SettingsLoader::LoadSettings() {
   TheFlags.PriorityClear = true;
   Mixer.InitMixer();
   LoadVolumeSettings();
-  if (Store.Read("Selected paths", "Music directory").empty()) {
+  if (Store.Read(keys::kMusicDirectory).empty()) {
     TheFrmPlayers.HoldSchedule();
     TheFrmSettings.Show();
     return;
@@ -41,7 +41,7 @@ void SettingsLoader::LoadSettings() {
 void SettingsLoader::LoadVolumeSettings() {
   ReadVolumes();
   // The test is for "Slow" here: an absent key is a fast fade.
-  Values.FadeTime = Store.Read("Volume", "Fade time") == "Slow" ? kSlowFadeTimeMs : kFastFadeTimeMs;
+  Values.FadeTime = Store.Read(keys::kFadeTime) == "Slow" ? kSlowFadeTimeMs : kFastFadeTimeMs;
   Lines.SetMaster(Values.MasterVolume);
   Lines.MuteMaster();
   Lines.SetWave(Values.MusicVolume);
@@ -52,42 +52,41 @@ void SettingsLoader::LoadVolumeSettings() {
 
 void SettingsLoader::ReadVolumes() {
   std::string faults;
-  Values.MusicVolume = ReadVolume("Music volume", faults);
-  Values.MessageVolume = ReadVolume("Message volume", faults);
-  Values.MasterVolume = ReadVolume("Master volume", faults);
-  Values.MicroVolume = ReadVolume("Micro volume", faults);
-  Values.CdVolume = ReadVolume("CD volume", faults);
+  Values.MusicVolume = ReadVolume(keys::kMusicVolume, faults);
+  Values.MessageVolume = ReadVolume(keys::kMessageVolume, faults);
+  Values.MasterVolume = ReadVolume(keys::kMasterVolume, faults);
+  Values.MicroVolume = ReadVolume(keys::kMicroVolume, faults);
+  Values.CdVolume = ReadVolume(keys::kCdVolume, faults);
   if (faults.empty()) return;
   TheNotices.Error("These volumes are no numbers and count as absent:" + faults);
 }
 
 /// A position outside the slider's range is held at its nearer end.
-int SettingsLoader::ReadVolume(const std::string& key, std::string& faults) const {
-  const std::string text = Store.Read("Volume", key);
+int SettingsLoader::ReadVolume(const ProfileKey& key, std::string& faults) const {
+  const std::string text = Store.Read(key);
   const auto number = ToNumber(text);
-  if (!number) faults += "\r\n" + key + "=" + text;
+  if (!number) faults += "\r\n" + std::string(key.Key) + "=" + text;
   return std::clamp(number.value_or(0), 0, FrmMxr::kSilent);
 }
 
 void SettingsLoader::ReadGeneralSettings() {
-  Values.MusicDirectory = Store.Read("Selected paths", "Music directory");
-  Values.MessageDirectory = Store.Read("Selected paths", "Message directory");
-  Values.AllDaysView = Store.ReadFlag("Schedule", "All days");
+  Values.MusicDirectory = Store.Read(keys::kMusicDirectory);
+  Values.MessageDirectory = Store.Read(keys::kMessageDirectory);
+  Values.AllDaysView = Store.ReadFlag(keys::kAllDaysView);
   for (std::size_t zone = 0; zone < Values.ZoneNames.size(); ++zone) {
-    Values.ZoneNames[zone] = Store.Read("Zone names", "Zone:" + std::to_string(zone + 1));
+    Values.ZoneNames[zone] = Store.Read({keys::kZoneNames, keys::ZoneName(static_cast<int>(zone))});
   }
-  Values.PreChime = Store.Read("Chime selection", "PreChime");
-  Values.PostChime = Store.Read("Chime selection", "PostChime");
+  Values.PreChime = Store.Read(keys::kPreChime);
+  Values.PostChime = Store.Read(keys::kPostChime);
 }
 
 void SettingsLoader::ReadPlaylistSettings() {
-  Values.CurrentPlaylistFile = Store.Read("Playlist", "Current list");
+  Values.CurrentPlaylistFile = Store.Read(keys::kCurrentPlaylist);
   const std::string& file = Values.CurrentPlaylistFile;
-  Values.MusicStartTime = Store.ReadProfileValue("Background music", "Start time", file);
-  Values.MusicStopTime = Store.ReadProfileValue("Background music", "Stop time", file);
-  Values.MusicWeekDays = Store.ReadProfileValue("Background music", "WeekDays", file);
-  Values.LastSongIndex =
-      ToNumber(Store.ReadProfileValue("Last played", "Last song", file)).value_or(0);
+  Values.MusicStartTime = Store.ReadProfileValue(keys::kStartTime, file);
+  Values.MusicStopTime = Store.ReadProfileValue(keys::kStopTime, file);
+  Values.MusicWeekDays = Store.ReadProfileValue(keys::kMusicWeekdays, file);
+  Values.LastSongIndex = ToNumber(Store.ReadProfileValue(keys::kLastSong, file)).value_or(0);
   // A point in a directory's name cuts the text short, which is wanted.
   std::string name;
   if (!file.empty()) name = UpToFirstPoint(file) + " ";
@@ -99,13 +98,13 @@ void SettingsLoader::ReadPlaylistSettings() {
 }
 
 void SettingsLoader::ReadLinkSettings() {
-  Values.ComPortSetting = Store.Read("Used com port", "Com port");
-  Values.RouterPresent = Store.ReadFlag("Selected type", "QRT4410/20");
+  Values.ComPortSetting = Store.Read(keys::kComPort);
+  Values.RouterPresent = Store.ReadFlag(keys::kRouter);
   if (Values.RouterPresent) {
     TheFrmPlayers.TolvoPort.SetCommPort(ToNumber(Values.ComPortSetting).value_or(0));
   }
-  Values.ScheduleNameView = Store.ReadFlag("Schedule", "View");
-  Values.PriorityLevelText = Store.Read("Priority level", "Priority");
+  Values.ScheduleNameView = Store.ReadFlag(keys::kScheduleNameView);
+  Values.PriorityLevelText = Store.Read(keys::kPriority);
   Values.OwnPriorityLevel = PriorityLevelOf(Values.PriorityLevelText);
 }
 

@@ -26,7 +26,7 @@ class SettingsLoader {
 
  private:
   void ReadVolumes();
-  int ReadVolume(const std::string& key, std::string& faults) const;
+  int ReadVolume(const ProfileKey& key, std::string& faults) const;
   void ReadGeneralSettings();
   void ReadPlaylistSettings();
   void ReadLinkSettings();

@@ -55,7 +55,7 @@ StartUp::StartUp(Pc& pc, SettingsStore& store, Windows& windows, StringTable& st
 }
 
 void StartUp::LoadLogo() {
-  const std::string language = Store.Read("User language", "Language");
+  const std::string language = Store.Read(keys::kLanguage);
   if (language.empty()) {
     TheFrmLangSel.Show();
     TheFrmLogo.Unload();
@@ -107,8 +107,7 @@ void StartUp::ChooseLanguage() {
     const Language& language = kLanguageTable[static_cast<std::size_t>(index)];
     UseLanguage(language);
     // Reported at each try: the splash reads the language from the file, so the dialog comes back.
-    if (!Store.WriteProfileValue("User language", "Language", language.Name, Store.TolvoIni()))
-      TellNotSaved();
+    if (!Store.WriteProfileValue(keys::kLanguage, language.Name, Store.TolvoIni())) TellNotSaved();
   }
   TheFrmLangSel.Unload();
   TheFrmLogo.Show();

@@ -44,12 +44,12 @@ void ZoneRouting::ApplyCallRouting() {
 
 void ZoneRouting::SaveMusicRouting() {
   Store.Values.MusicRouting = RoutingOf(KeysOf(TheFrmMain.cmdMusicZones));
-  Store.Write("Routing", "Music routing", Store.Values.MusicRouting);
+  Store.Write(keys::kMusicRouting, Store.Values.MusicRouting);
 }
 
 void ZoneRouting::SaveCallRouting() {
   Store.Values.CallRouting = RoutingOf(KeysOf(TheFrmMain.cmdCallZone));
-  Store.Write("Routing", "Call routing", Store.Values.CallRouting);
+  Store.Write(keys::kCallRouting, Store.Values.CallRouting);
   // Deliberate: whatever else had switched the call key off is ignored here.
   TheFrmMain.cmdCall.Enabled = Store.Values.CallRouting != kNoZones;
 }

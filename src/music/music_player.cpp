@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "state/media_names.h"
 #include "text/numbers.h"
 
 namespace marlex {
@@ -161,7 +162,7 @@ void MusicPlayer::NewListPosition() {
 }
 
 std::string MusicPlayer::SelectedSongPath() const {
-  return Store.Values.MusicDirectory + TheFrmMain.lstPlaylist.Text() + ".mp3";
+  return SongPath(Store.Values, TheFrmMain.lstPlaylist.Text());
 }
 
 void MusicPlayer::ShowNumber() {
@@ -184,8 +185,7 @@ void MusicPlayer::ShowPosition() {
 }
 
 void MusicPlayer::WriteLastSong(int index) {
-  Store.WriteProfileValue("Last played", "Last song", std::to_string(index),
-                          Store.Values.CurrentPlaylistFile);
+  Store.WriteProfileValue(keys::kLastSong, std::to_string(index), Store.Values.CurrentPlaylistFile);
 }
 
 void MusicPlayer::WireList() {

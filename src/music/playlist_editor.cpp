@@ -6,6 +6,7 @@
 #include "i18n/translate_controls.h"
 #include "music/playlist_files.h"
 #include "music/shuffle.h"
+#include "state/media_names.h"
 #include "state/week_time.h"
 #include "text/digit_mask.h"
 #include "text/numbers.h"
@@ -34,7 +35,7 @@ void SelectTime(ComboBox& hours, ComboBox& minutes, const std::string& time) {
 }  // namespace
 
 std::string SongName(const std::string& fileName) {
-  constexpr std::string_view kExtension = ".mp3";
+  constexpr std::string_view kExtension = kSongExtension;
   std::size_t end = 0;
   while (end < fileName.size() &&
          !SameButForCase(std::string_view(fileName).substr(end, kExtension.size()), kExtension)) {
@@ -101,7 +102,7 @@ void PlaylistEditor::Load() {
   WriteMenuIds(Editor);
   TranslateControls(Editor, Strings);
   Editor.Caption = Strings.LoadString(kStrPlaylistEditor);
-  Editor.MP3List.SetPattern("*.mp3");
+  Editor.MP3List.SetPattern(kSongPattern);
   Editor.MP3List.SetPath(Values.MusicDirectory);
   for (int file = 0; file < Editor.MP3List.ListCount(); ++file) {
     Editor.AvailMP3s.AddItem(SongName(Editor.MP3List.List(file)));
@@ -195,7 +196,7 @@ void PlaylistEditor::StartPreview() {
   ThePreviews.HoldSongPlayer = true;
   PreviewOpening = Editor.ThisOpening();
   TheFrmPlayers.MP3Player.SetFileName(
-      JoinPath(Editor.MP3List.Path(), Editor.SelectedMP3s.Text() + ".mp3"));
+      JoinPath(Editor.MP3List.Path(), Editor.SelectedMP3s.Text() + kSongExtension));
   // Deliberate: it looks for the main window's song and not for this one.
   Player.PlaySong();
 }
@@ -224,7 +225,7 @@ void PlaylistEditor::mnuOpen_Click() {
 void PlaylistEditor::Open(const std::string& file) {
   Editor.SelectedMP3s.Clear();
   ShowName(file);
-  for (const std::string& song : Store.ReadNumberedValues("Playlist", "Song:", file)) {
+  for (const std::string& song : Store.ReadNumberedValues(keys::kSongs, file)) {
     Editor.SelectedMP3s.AddItem(song);
   }
   ReadPlaylistTimes(Store, file);
@@ -292,24 +293,25 @@ void PlaylistEditor::Save(const std::string& file) {
 }
 
 std::vector<ProfileEntry> PlaylistEditor::SongEntries() const {
-  std::vector<ProfileEntry> entries = {{"Last played", "Last song", "0"}};
+  std::vector<ProfileEntry> entries = {EntryOf(keys::kLastSong, "0")};
   for (int song = 0; song < Editor.SelectedMP3s.ListCount(); ++song) {
-    entries.push_back({"Playlist", "Song:" + std::to_string(song + 1),
-                       QuotedName(Editor.SelectedMP3s.List(song))});
+    const std::string key = std::string(keys::kSongs.Key) + std::to_string(song + 1);
+    entries.push_back(
+        EntryOf({keys::kSongs.Section, key}, QuotedName(Editor.SelectedMP3s.List(song))));
   }
   return entries;
 }
 
 /// A file with times says nothing of an autostart.
 void PlaylistEditor::AddStart(std::vector<ProfileEntry>& entries, bool timed) const {
-  const auto add = [&entries](const char* key, const std::string& value) {
-    entries.push_back({"Background music", key, value});
+  const auto add = [&entries](const ProfileKey& key, const std::string& value) {
+    entries.push_back(EntryOf(key, value));
   };
-  add("Start time", timed ? StartTime() : "");
-  add("Stop time", timed ? StopTime() : "");
-  add("Weekdays", timed ? DayMask() : std::string(kWeekdays, '0'));
+  add(keys::kStartTime, timed ? StartTime() : "");
+  add(keys::kStopTime, timed ? StopTime() : "");
+  add(keys::kMusicWeekdays, timed ? DayMask() : std::string(kWeekdays, '0'));
   if (timed) return;
-  add("Autostart", Editor.optScheduled[FrmPlaylist::kAutostart].Value() ? "True" : "False");
+  add(keys::kAutostart, Editor.optScheduled[FrmPlaylist::kAutostart].Value() ? "True" : "False");
 }
 
 bool PlaylistEditor::HasTimes() const {

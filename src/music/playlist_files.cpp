@@ -27,13 +27,10 @@ FileDialog PlaylistDialog(const SettingsStore& store) {
 
 void ReadPlaylistTimes(SettingsStore& store, const std::string& file) {
   Settings& settings = store.Values;
-  const auto read = [&](const char* key) {
-    return store.ReadProfileValue("Background music", key, file);
-  };
-  settings.MusicStartTime = read("Start time");
-  settings.MusicStopTime = read("Stop time");
-  settings.MusicWeekDays = read("Weekdays");
-  settings.MusicAutostart = ToFlag(read("Autostart"));
+  settings.MusicStartTime = store.ReadProfileValue(keys::kStartTime, file);
+  settings.MusicStopTime = store.ReadProfileValue(keys::kStopTime, file);
+  settings.MusicWeekDays = store.ReadProfileValue(keys::kMusicWeekdays, file);
+  settings.MusicAutostart = ToFlag(store.ReadProfileValue(keys::kAutostart, file));
 }
 
 int PlaylistPosition(int lastSongIndex, int songCount) {
@@ -73,7 +70,7 @@ void PlaylistFiles::LoadPlaylist() {
 
 void PlaylistFiles::ReadSongs() {
   for (const std::string& song :
-       Store.ReadNumberedValues("Playlist", "Song:", Store.Values.CurrentPlaylistFile)) {
+       Store.ReadNumberedValues(keys::kSongs, Store.Values.CurrentPlaylistFile)) {
     TheFrmMain.lstPlaylist.AddItem(song);
   }
 }
@@ -111,7 +108,7 @@ void PlaylistFiles::mnuOpen_Click() {
 
 void PlaylistFiles::Open(const std::string& file) {
   Store.Values.CurrentPlaylistFile = file;
-  Store.Write("Playlist", "Current List", QuotedName(Store.Values.CurrentPlaylistFile));
+  Store.Write(keys::kCurrentPlaylist, QuotedName(Store.Values.CurrentPlaylistFile));
   LoadPlaylist();
   TheFlags.MusicStoppedByUser = false;
 }

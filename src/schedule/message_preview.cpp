@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "schedule/message_wavs.h"
+#include "state/media_names.h"
 
 namespace marlex {
 
@@ -75,7 +76,7 @@ void MessagePreview::PlayMessages() {
 
 /// The microphone stays closed after it.
 void MessagePreview::PlayMessage(const std::string& name) {
-  StartWav(TheFrmPlayers.WavPlayer, TheSettings.MessageDirectory + name + ".wav", TheFlags);
+  StartWav(TheFrmPlayers.WavPlayer, MessagePath(TheSettings, name), TheFlags);
   Lines.OpenMaster();
   Lines.OpenWave();
   Lines.CloseMicrophone();

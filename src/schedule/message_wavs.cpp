@@ -1,6 +1,7 @@
 #include "schedule/message_wavs.h"
 
 #include "schedule/sequence_files.h"
+#include "state/media_names.h"
 
 namespace marlex {
 
@@ -34,7 +35,7 @@ MessageWavs::MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop
 void MessageWavs::BuildMessageList(const std::string& messageInfo) {
   TheFrmPlayers.lstMsgSequence.Clear();
   for (const std::string& name : SplitCuttingLast(messageInfo, ',')) {
-    TheFrmPlayers.lstMsgSequence.AddItem(name + ".wav");
+    TheFrmPlayers.lstMsgSequence.AddItem(name + kMessageExtension);
   }
 }
 

@@ -54,17 +54,17 @@ void ScheduleTable::TellBadFiles(const std::vector<std::string>& badFiles) {
 
 void ScheduleTable::AddSequenceRows() {
   const std::string path = Store.Values.SequencePath + CurrentSequenceFile;
-  const auto read = [&](const char* key) { return Store.ReadProfileValue("Schedule", key, path); };
-  Times.HourExpression = read("Hour(s)");
-  Times.MinuteExpression = read("Minute(s)");
-  const std::string zones = read("Zone(s)");
-  const std::string weekdays = read("Weekday(s)");
-  const std::string messages = read("Message(s)");
-  TimerModeExact = read("Timer") == "Exact";
+  const auto read = [&](const ProfileKey& key) { return Store.ReadProfileValue(key, path); };
+  Times.HourExpression = read(keys::kHours);
+  Times.MinuteExpression = read(keys::kMinutes);
+  const std::string zones = read(keys::kRowZones);
+  const std::string weekdays = read(keys::kSequenceWeekdays);
+  const std::string messages = read(keys::kMessages);
+  TimerModeExact = read(keys::kTimer) == "Exact";
   if (!Store.Values.AllDaysView && !DayIsOn(weekdays, Clock.Now().Weekday)) return;
 
-  AtPlace("Hour(s)", [this] { Times.ParseHours(); });
-  AtPlace("Minute(s)", [this] { Times.ParseMinutes(); });
+  AtPlace(std::string(keys::kHours.Key), [this] { Times.ParseHours(); });
+  AtPlace(std::string(keys::kMinutes.Key), [this] { Times.ParseMinutes(); });
   if (NextTableRow - 1 + Times.HourCount * Times.MinuteCount > kMostRows) {
     throw RuntimeFailure("The schedule has more than 32767 rows");
   }

@@ -15,7 +15,7 @@ void ScheduleViews::SetAllDaysView(bool allDays) {
   TheFrmMain.mnuAllDays.Checked = allDays;
   TheFrmMain.mnuCurrentDay.Checked = !allDays;
   Store.Values.AllDaysView = allDays;
-  Store.WriteFlag("Schedule", "All days", allDays);
+  Store.WriteFlag(keys::kAllDaysView, allDays);
   Table.RebuildScheduleTable();
 }
 
@@ -23,7 +23,7 @@ void ScheduleViews::mnuScheduleName_Click() {
   const bool show = !TheFrmMain.mnuScheduleName.Checked;
   TheFrmMain.mnuScheduleName.Checked = show;
   Store.Values.ScheduleNameView = show;
-  Store.WriteFlag("Schedule", "View", show);
+  Store.WriteFlag(keys::kScheduleNameView, show);
   TheFrmMain.grdSchedule.SetColWidth(kNameColumn, show ? ScheduleColumns::kNameWidth : 0);
   Table.RebuildScheduleTable();
 }

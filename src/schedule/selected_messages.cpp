@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "schedule/sequence_files.h"
+#include "state/media_names.h"
 #include "text/numbers.h"
 #include "text/paths.h"
 
@@ -44,7 +45,7 @@ void SelectedMessages::WireList() {
 }
 
 void SelectedMessages::ListAvailable() {
-  Window.WavList.SetPattern("*.wav");
+  Window.WavList.SetPattern(kMessagePattern);
   Window.WavList.SetPath(TheSettings.MessageDirectory);
   for (int file = 0; file < Window.WavList.ListCount(); ++file) {
     Window.AvailableFiles.AddItem(Window.WavList.List(file));
@@ -67,7 +68,7 @@ void SelectedMessages::Add() {
 void SelectedMessages::RemoveOne() {
   const int entry = Window.SelectedWavs.ListIndex();
   if (entry == ListBox::kNoSelection) return;
-  AddToTotal(-LengthMs(Window.SelectedWavs.List(entry) + ".wav"));
+  AddToTotal(-LengthMs(Window.SelectedWavs.List(entry) + kMessageExtension));
   Window.SelectedWavs.RemoveItem(entry);
   Window.SelectedFiles.RemoveItem(entry);
   Window.RemoveKey.Enabled = false;
@@ -94,7 +95,7 @@ void SelectedMessages::LoadSelectedMessages(const std::string& messagesText) {
   for (const std::string& name : SplitCuttingLast(messagesText, ',')) {
     Window.SelectedFiles.AddItem(name);
     Window.SelectedWavs.AddItem(name);
-    Window.lblTotalTime.Caption = SecondsText(LengthMs(name + ".wav"));
+    Window.lblTotalTime.Caption = SecondsText(LengthMs(name + kMessageExtension));
   }
   Window.PrevKey.Enabled = true;
   Window.RemAll_Key.Enabled = true;

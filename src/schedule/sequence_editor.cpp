@@ -11,8 +11,6 @@
 namespace marlex {
 namespace {
 
-constexpr const char* kSection = "Schedule";
-
 std::vector<bool> TickedDays(WavWindow& window) {
   std::vector<bool> days;
   for (const auto& day : window.WkDays) days.push_back(day->Value != 0);
@@ -150,22 +148,22 @@ void SequenceEditor::mnuOpen_Click() {
 /// shows what it showed before.
 void SequenceEditor::Open(const std::string& file) {
   if (file.empty()) return;
-  const auto read = [&](const char* key) { return Store.ReadProfileValue(kSection, key, file); };
-  const std::string weekdays = read("Weekday(s)");
+  const auto read = [&](const ProfileKey& key) { return Store.ReadProfileValue(key, file); };
+  const std::string weekdays = read(keys::kSequenceWeekdays);
   const std::vector<bool> days =
       AtPlace(FileNameOf(file) + ": Weekday(s)", [&] { return DigitsOf(weekdays, kWeekdays); });
-  AtPlace(FileNameOf(file) + ": Zone(s)", [&] { ApplyZoneText(Window, read("Zone(s)")); });
+  AtPlace(FileNameOf(file) + ": Zone(s)", [&] { ApplyZoneText(Window, read(keys::kRowZones)); });
   ChosenFile = file;
   WeekdayText = weekdays;
   Window.Caption = Strings.LoadString(kStrMessageSchedule) + " " + FileNameOf(file);
-  MessagesText = read("Message(s)");
+  MessagesText = read(keys::kMessages);
   Messages.LoadSelectedMessages(MessagesText);
-  Window.txtHours.Text = read("Hour(s)");
-  Window.txtMinutes.Text = read("Minute(s)");
+  Window.txtHours.Text = read(keys::kHours);
+  Window.txtMinutes.Text = read(keys::kMinutes);
   for (int day = 0; day < kWeekdays; ++day)
     Window.WkDays[day].Value = days[static_cast<std::size_t>(day)] ? 1 : 0;
   Window.txtDescription.Text = UpToFirstPoint(FileNameOf(file));
-  (read("Timer") == "Exact" ? Window.optExact : Window.optBetween).SetValue(true);
+  (read(keys::kTimer) == "Exact" ? Window.optExact : Window.optBetween).SetValue(true);
 }
 
 void SequenceEditor::mnuSave_Click() {
@@ -227,12 +225,11 @@ void SequenceEditor::Save(const std::string& file, int save) {
 bool SequenceEditor::Write(const std::string& file) {
   WeekdayText = DigitMask(TickedDays(Window));
   return Store.WriteProfileValues(
-      {{kSection, "Message(s)", QuotedName(MessagesText)},
-       {kSection, "Hour(s)", Window.txtHours.Text},
-       {kSection, "Minute(s)", Window.txtMinutes.Text},
-       {kSection, "Weekday(s)", WeekdayText},
-       {kSection, "Zone(s)", BuildZoneText(Window)},
-       {kSection, "Timer", Window.optExact.Value() ? "Exact" : "Between"}},
+      {EntryOf(keys::kMessages, QuotedName(MessagesText)),
+       EntryOf(keys::kHours, Window.txtHours.Text), EntryOf(keys::kMinutes, Window.txtMinutes.Text),
+       EntryOf(keys::kSequenceWeekdays, WeekdayText),
+       EntryOf(keys::kRowZones, BuildZoneText(Window)),
+       EntryOf(keys::kTimer, Window.optExact.Value() ? "Exact" : "Between")},
       file);
 }
 

@@ -6,11 +6,7 @@
 #include "text/text_case.h"
 
 namespace marlex {
-namespace {
-
-constexpr const char* kSection = "Current sequence list";
-
-}  // namespace
+namespace {}  // namespace
 
 std::vector<std::string> SplitCuttingLast(const std::string& text, char separator) {
   constexpr std::size_t kLongestLast = 100;
@@ -62,8 +58,8 @@ SequenceFiles::SequenceFiles(SettingsStore& store, Dialogs& dialogs, FrmMain& fr
 
 void SequenceFiles::LoadSequenceList() {
   SeqFileList.Clear();
-  const std::string list = Store.Read(kSection, "Sequence list");
-  Store.Values.SequencePath = Store.Read(kSection, "Sequence path");
+  const std::string list = Store.Read(keys::kSequenceList);
+  Store.Values.SequencePath = Store.Read(keys::kSequencePath);
   if (list.empty()) return;
   for (const std::string& file : SplitCuttingLast(list, '|')) SeqFileList.AddItem(file);
   Table.RebuildScheduleTable();
@@ -80,14 +76,14 @@ void SequenceFiles::mnuSequence_Click() {
 void SequenceFiles::Open(const std::string& result) {
   if (result.find(".sch") == std::string::npos) return;
   const SequenceSelection selection = ParseSequenceSelection(result);
-  Store.Write(kSection, "Sequence list", QuotedName(selection.List));
-  Store.Write(kSection, "Sequence path", selection.Path);
+  Store.Write(keys::kSequenceList, QuotedName(selection.List));
+  Store.Write(keys::kSequencePath, selection.Path);
   LoadSequenceList();
 }
 
 /// The directory stays in the settings, and ConflictFound keeps its value.
 void SequenceFiles::mnuClose_Click() {
-  Store.Write(kSection, "Sequence list", "");
+  Store.Write(keys::kSequenceList, "");
   TheFrmMain.grdSchedule.SetRows(1);
   TheConflicts.SetNormalHeights();
   TheFrmMain.lblConflict.Visible = false;

@@ -23,32 +23,32 @@ std::string AsText(std::string value, CodePage page) {
 
 }  // namespace
 
-std::string SettingsStore::ReadProfileValue(const std::string& section, const std::string& key,
-                                            const std::string& file) const {
-  return AsText(Profiles.GetString(section, key, file, kLongestValue), ValuesIn);
+std::string SettingsStore::ReadProfileValue(const ProfileKey& key, const std::string& file) const {
+  return AsText(
+      Profiles.GetString(std::string(key.Section), std::string(key.Key), file, kLongestValue),
+      ValuesIn);
 }
 
-std::vector<std::string> SettingsStore::ReadNumberedValues(const std::string& section,
-                                                           const std::string& keyPrefix,
+std::vector<std::string> SettingsStore::ReadNumberedValues(const ProfileKey& key,
                                                            const std::string& file) const {
-  std::vector<std::string> values = Profiles.GetNumbered(section, keyPrefix, file, kLongestValue);
+  std::vector<std::string> values =
+      Profiles.GetNumbered(std::string(key.Section), std::string(key.Key), file, kLongestValue);
   if (values.size() > kMostValues) values.resize(kMostValues);
   for (std::string& value : values) value = AsText(std::move(value), ValuesIn);
   return values;
 }
 
-bool SettingsStore::WriteProfileValue(const std::string& section, const std::string& key,
-                                      const std::string& value, const std::string& file) {
-  return Put({{section, key, value}}, file) != Writing::Failed;
+bool SettingsStore::WriteProfileValue(const ProfileKey& key, const std::string& value,
+                                      const std::string& file) {
+  return Put({EntryOf(key, value)}, file) != Writing::Failed;
 }
 
 bool SettingsStore::WriteProfileValues(std::vector<ProfileEntry> entries, const std::string& file) {
   return Put(std::move(entries), file) != Writing::Failed;
 }
 
-bool SettingsStore::Write(const std::string& section, const std::string& key,
-                          const std::string& value) {
-  const Writing writing = Put({{section, key, value}}, TolvoIni());
+bool SettingsStore::Write(const ProfileKey& key, const std::string& value) {
+  const Writing writing = Put({EntryOf(key, value)}, TolvoIni());
   const bool saved = writing != Writing::Failed;
   if (!saved && Saved && OnNotSaved) OnNotSaved();
   if (writing != Writing::Unchanged) Saved = saved;

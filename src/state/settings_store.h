@@ -6,6 +6,7 @@
 
 #include "platform/process.h"
 #include "platform/profile_files.h"
+#include "state/profile_keys.h"
 #include "state/settings.h"
 #include "text/code_pages.h"
 
@@ -24,20 +25,16 @@ class SettingsStore {
 
   /// Value of a key, at most 1499 characters; the rest is lost, which is accepted. Empty when
   /// absent or unreadable.
-  std::string ReadProfileValue(const std::string& section, const std::string& key,
-                               const std::string& file) const;
+  std::string ReadProfileValue(const ProfileKey& key, const std::string& file) const;
 
-  /// Values of the keys `keyPrefix` with 1, 2 and so on behind it, up to the first that is absent
-  /// or empty, and at most 32767 of them; each as `ReadProfileValue` gives it.
-  std::vector<std::string> ReadNumberedValues(const std::string& section,
-                                              const std::string& keyPrefix,
-                                              const std::string& file) const;
+  /// Values of the key with 1, 2 and so on after it, up to the first that is absent or empty, and
+  /// at most 32767 of them; each as `ReadProfileValue` gives it.
+  std::vector<std::string> ReadNumberedValues(const ProfileKey& key, const std::string& file) const;
 
   /// Writes a value through; an empty one is written as such and deletes nothing. One that stands
   /// there in a code page stays as it is. False when that failed, which the system notices for the
   /// settings file alone.
-  bool WriteProfileValue(const std::string& section, const std::string& key,
-                         const std::string& value, const std::string& file);
+  bool WriteProfileValue(const ProfileKey& key, const std::string& value, const std::string& file);
 
   /// Called when the settings file cannot be written, once until the file is written again. A write
   /// that has nothing to change proves nothing.
@@ -56,18 +53,12 @@ class SettingsStore {
   std::string ApplicationDirectory() const { return TheProcess.ApplicationDirectory(); }
 
   /// The same two for the settings file.
-  std::string Read(const std::string& section, const std::string& key) const {
-    return ReadProfileValue(section, key, TolvoIni());
-  }
-  bool Write(const std::string& section, const std::string& key, const std::string& value);
+  std::string Read(const ProfileKey& key) const { return ReadProfileValue(key, TolvoIni()); }
+  bool Write(const ProfileKey& key, const std::string& value);
 
   /// True only for the exact text "Yes"; key look-up is blind to case, values are not.
-  bool ReadFlag(const std::string& section, const std::string& key) const {
-    return Read(section, key) == "Yes";
-  }
-  void WriteFlag(const std::string& section, const std::string& key, bool value) {
-    Write(section, key, value ? "Yes" : "No");
-  }
+  bool ReadFlag(const ProfileKey& key) const { return Read(key) == "Yes"; }
+  void WriteFlag(const ProfileKey& key, bool value) { Write(key, value ? "Yes" : "No"); }
 
   Settings Values;
 

@@ -253,8 +253,8 @@ TEST(SettingsLoader, AWriteWithNothingToChangeProvesNothing) {
   desk.Pc.Disk.FailWrites("/app");
   desk.Click("mnuAllDays");
   desk.Do([&] {
-    desk.Sys->Store.Write("Selected type", "QRT4410/20", "Yes");
-    desk.Sys->Store.Write("Zone names", "Zone:1", "Küche");
+    desk.Sys->Store.Write(keys::kRouter, "Yes");
+    desk.Sys->Store.Write({keys::kZoneNames, keys::ZoneName(0)}, "Küche");
   });
   desk.Click("mnuCurrentDay");
   desk.Click("mnuAllDays");

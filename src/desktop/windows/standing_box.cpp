@@ -1,5 +1,7 @@
 #include "desktop/windows/standing_box.h"
 
+#include <QAbstractButton>
+#include <QDialogButtonBox>
 #include <QLayout>
 #include <QTimer>
 
@@ -20,11 +22,22 @@ bool WouldBlockAFreeOne(const QDialog& box) {
   return false;
 }
 
+/// The style sheet's least width of a button would let a narrow box cut its word.
+void WidenButtons(const QDialog& box) {
+  const auto* keys = box.findChild<QDialogButtonBox*>();
+  if (!keys) return;
+  for (QAbstractButton* button : keys->buttons()) {
+    button->ensurePolished();
+    button->setMinimumWidth(button->sizeHint().width());
+  }
+}
+
 void ShowWhenNothingIsHeld(QDialog* box, const QPointer<const PointersDown>& pointers) {
   if (pointers && pointers->Any()) {
     QTimer::singleShot(kHeldStepMs, box, [box, pointers] { ShowWhenNothingIsHeld(box, pointers); });
     return;
   }
+  WidenButtons(*box);
   box->show();
   box->activateWindow();
 }
