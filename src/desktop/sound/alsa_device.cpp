@@ -15,10 +15,10 @@
 namespace marlex {
 namespace {
 
-constexpr float kFullWhole = 32767;  // a full amplitude of 16 bits
+constexpr float kFullWhole = 32767;  // full scale in 16 bits
 constexpr unsigned kUsPerMs = 1000;
-constexpr int kMostSigns = 16;                       // descriptors of one device
-constexpr auto kNap = std::chrono::milliseconds(1);  // behind a sign that meant nothing
+constexpr int kMostSigns = 16;                       // poll descriptors of one device
+constexpr auto kNap = std::chrono::milliseconds(1);  // after a false wake-up
 
 }  // namespace
 
@@ -66,7 +66,7 @@ void AlsaDevice::SetReady(int frames) {
   snd_pcm_sw_params(Handle, software);
 }
 
-/// Below 0 for a device that is no card.
+/// Negative for a device without a card.
 int AlsaDevice::CardNumber() const {
   snd_pcm_info_t* info = nullptr;
   snd_pcm_info_alloca(&info);
@@ -88,8 +88,8 @@ CardAddress AlsaDevice::Address() const {
   return {"", "hw:" + std::to_string(card), CardName()};
 }
 
-/// The library's own wait never ends when a device wakes it for nothing, as one does that is there
-/// but dead.
+/// `snd_pcm_wait` would never return for a device that keeps waking it for nothing, as one does
+/// that is present but dead.
 int AlsaDevice::Await(int limitMs) {
   const std::int64_t dueUs = SteadyUs() + std::int64_t(limitMs) * kUsPerMs;
   for (std::int64_t nowUs = 0; (nowUs = SteadyUs()) < dueUs;) {
@@ -103,7 +103,7 @@ int AlsaDevice::Await(int limitMs) {
   return 0;
 }
 
-/// True when the device gave a sign that may not mean anything.
+/// True when the device woke up without having room or samples, which may mean nothing.
 bool AlsaDevice::AwaitSign(int limitMs) {
   std::array<pollfd, kMostSigns> signs;
   const int count = snd_pcm_poll_descriptors(Handle, signs.data(), unsigned(signs.size()));
@@ -152,7 +152,7 @@ bool AlsaDevice::Read(float* stereo, int frames) {
 bool AlsaDevice::Start() {
   if (snd_pcm_state(Handle) == SND_PCM_STATE_RUNNING) return true;
   if (snd_pcm_state(Handle) != SND_PCM_STATE_PREPARED && snd_pcm_prepare(Handle) != 0) return false;
-  // Playback begins with its first samples, capture has nothing to wait for.
+  // Playback starts by itself with its first samples; capture must be started.
   return snd_pcm_stream(Handle) == SND_PCM_STREAM_PLAYBACK || snd_pcm_start(Handle) == 0;
 }
 

@@ -10,12 +10,13 @@
 
 namespace marlex {
 
-/// One direction of an ALSA device: stereo, 44100 frames a second, floating point or 16 bits,
-/// whichever it takes. Of one thread.
+/// One direction of an ALSA device: stereo, 44100 frames per second, in floating point or in 16-bit
+/// integers, whichever the device takes. Not thread-safe: use from one thread only.
 class AlsaDevice {
  public:
-  /// Opens the device without waiting for it; null when it is not there, or busy. `pieceMs` is how
-  /// often it works, `bufferMs` how much it holds.
+  /// Opens the device without waiting for it; null when it is missing or busy. `pieceMs` is the
+  /// period at which it transfers samples, `bufferMs` the length of its buffer, both in
+  /// milliseconds; the device may choose values nearby.
   static std::unique_ptr<AlsaDevice> Open(const std::string& name, snd_pcm_stream_t direction,
                                           int pieceMs, int bufferMs);
 
@@ -24,33 +25,36 @@ class AlsaDevice {
   AlsaDevice(const AlsaDevice&) = delete;
   AlsaDevice& operator=(const AlsaDevice&) = delete;
 
-  /// Name of the card behind the device, for the operator and to know it again; that of the device
-  /// when it has none.
+  /// Name of the device's card, shown to the operator and used to recognise the card later; the
+  /// name of the device when it has no card.
   std::string CardName() const;
 
-  /// Where the mixer of the card behind the device is found; of a device without a card, by the
-  /// same name.
+  /// Address of the mixer of the device's card; for a device without a card, the device name
+  /// itself.
   CardAddress Address() const;
 
-  /// Frames in which the device works, and that it holds, as it was opened.
+  /// Frames per transfer, and frames that the buffer holds, as negotiated when the device was
+  /// opened.
   int PieceFrames() const { return Piece; }
   int BufferFrames() const { return Buffer; }
 
-  /// Lets `Await` return as soon as so many frames can be written or read.
+  /// Sets how many frames must be writable or readable before `Await` returns.
   void SetReady(int frames);
 
-  /// Waits up to `limitMs` until as much can be written or read as was set, or else a piece, and
-  /// returns how many frames can be; -1 when the device is gone. One that ran dry is started again.
+  /// Waits up to `limitMs` milliseconds until the frames set by `SetReady` (by default one piece)
+  /// can be written or read, and returns how many can be; 0 at the limit, -1 when the device is
+  /// gone. A device that ran dry is restarted, which returns 0.
   int Await(int limitMs);
 
-  /// Frames between what is written next and its sound.
+  /// Frames between the next one written and the moment it is heard.
   int Delay() const;
 
-  /// Writes or reads that many frames, which `Await` has promised; false when the device is gone.
+  /// Writes or reads `frames` frames, no more than `Await` has returned; false when the device is
+  /// gone.
   bool Write(const float* stereo, int frames);
   bool Read(float* stereo, int frames);
 
-  /// Forgets what it holds; the next `Start` begins anew.
+  /// Discards what the buffer holds; the next `Start` begins with an empty one.
   void Drop() { snd_pcm_drop(Handle); }
   bool Start();
 
@@ -64,8 +68,8 @@ class AlsaDevice {
   bool Floating = true;
   int Piece = 0;
   int Buffer = 0;
-  int Ready = 0;             // frames that end a wait, 0 for the device's own choice
-  std::vector<short> Whole;  // samples on their way, of a device that takes 16 bits
+  int Ready = 0;             // frames that end a wait; 0 for one piece
+  std::vector<short> Whole;  // scratch buffer of a device that takes 16 bits
 };
 
 }  // namespace marlex

@@ -13,9 +13,9 @@ namespace {
 constexpr int kBufferMs = 40;
 constexpr int kAwaitMs = 100;
 constexpr int kBlockFrames = 1024;
-constexpr std::int64_t kDeadUs = 2000000;  // without a piece: the microphone is opened again
-constexpr std::int64_t kRetryUs =
-    1000000;  // between two attempts to open a microphone that is gone
+constexpr std::int64_t kDeadUs = 2000000;  // without a piece: reopen the microphone
+// Between two attempts to open a missing microphone.
+constexpr std::int64_t kRetryUs = 1000000;
 
 }  // namespace
 
@@ -42,7 +42,7 @@ void AlsaMicrophone::Run() {
   }
 }
 
-/// Captures until the line is closed and has faded out, or the device is gone or dead.
+/// Captures until the line is closed and has faded out, or until the device is gone or dead.
 void AlsaMicrophone::Capture() {
   const auto device = AlsaDevice::Open(Name, SND_PCM_STREAM_CAPTURE, kPieceMs, kBufferMs);
   if (!device || !device->Start()) return;

@@ -13,8 +13,8 @@ namespace marlex {
 class AlsaDevice;
 
 /// Captures from an ALSA device while the microphone line is open, and hands the sound to the
-/// output's thread. The device is opened and closed with the line, so that no old capture is ever
-/// heard.
+/// output's thread. The device is opened and closed with the line, so that stale captured sound is
+/// never heard.
 class AlsaMicrophone {
  public:
   AlsaMicrophone(const std::string& name, const MicrophoneLines& lines);
@@ -22,18 +22,18 @@ class AlsaMicrophone {
   AlsaMicrophone(const AlsaMicrophone&) = delete;
   AlsaMicrophone& operator=(const AlsaMicrophone&) = delete;
 
-  /// The line was opened or closed. Returns at once.
+  /// Call when the line has been opened or closed. Returns at once.
   void Follow();
 
-  // For the output's thread; nothing here locks.
+  // For the output's thread; nothing below locks.
 
-  /// Sound comes from the microphone.
+  /// Whether sound is arriving from the microphone, or some of it is left to play.
   bool Speaks() const { return Queue.Speaks(); }
 
-  /// Adds what was captured. True while the line is open.
+  /// Adds the captured sound to `stereo`. Returns whether the line is open.
   bool MixInto(float* stereo, int frames);
 
-  static constexpr int kPieceMs = 3;  // captured at a time
+  static constexpr int kPieceMs = 3;  // captured per transfer
 
  private:
   void Run();

@@ -9,8 +9,8 @@ namespace marlex {
 namespace {
 
 constexpr int kMusicMs = 40;   // from sample to sound, unless the card needs more
-constexpr int kBlockMs = 40;   // rendered at most in one go
-constexpr int kAwaitMs = 100;  // a card that gives no sign is asked again
+constexpr int kBlockMs = 40;   // the most rendered in one go
+constexpr int kAwaitMs = 100;  // then a silent card is checked again
 constexpr std::int64_t kUsPerMs = 1000;
 constexpr std::int64_t kUsPerSecond = 1000000;
 
@@ -56,9 +56,9 @@ void AlsaOutput::Run() {
   Source->OutputChanged();
 }
 
-/// A card that should be less full gets nothing until it is, so that a change leaves the sound
-/// whole. One that takes nothing of the little that waits while somebody speaks works in larger
-/// pieces than it says, and gets as much as of music until the speech is over.
+/// A card that holds more than it should gets nothing until it has drained, so that the change
+/// leaves no gap in the sound. A card that takes nothing from the short queue of speech works in
+/// larger pieces than it claims; until the speech is over, it is filled as for music.
 bool AlsaOutput::Step() {
   const int buffer = Device->BufferFrames();
   const bool speaks = Microphone.Speaks();
@@ -75,7 +75,7 @@ bool AlsaOutput::Step() {
 bool AlsaOutput::Fill(int frames) {
   frames = std::min(frames, FramesIn(kBlockMs));
   if (frames == 0) return true;
-  while (sem_trywait(&Waker) == 0) {  // the block below shows what these were for
+  while (sem_trywait(&Waker) == 0) {  // the block below covers what these asked for
   }
   const std::int64_t delayUs = Device->Delay() * kUsPerSecond / kSampleRate;
   const bool sounds = Source->RenderBlock(Block.data(), frames, delayUs);
@@ -85,7 +85,7 @@ bool AlsaOutput::Fill(int frames) {
   return true;
 }
 
-/// A `Wake` that came since the last block was taken has posted already, so that none is missed.
+/// A `Wake` since the last block was taken has posted the semaphore already, so none is missed.
 void AlsaOutput::Sleep() {
   Device->Drop();
   Sleeping = true;

@@ -11,18 +11,18 @@
 
 namespace marlex {
 
-/// How full a card is kept, in frames: when no more than `Least` are left, it is filled up to
-/// `Most`.
+/// How full a card's buffer is kept, in frames: as soon as no more than `Least` are left, it is
+/// refilled up to `Most`.
 struct CardFill {
   int Least = 0;
   int Most = 0;
 };
 
-/// For a card that works in pieces of `piece` frames and holds `buffer`. Music takes few wake-ups;
-/// while somebody speaks, two pieces are all that waits.
+/// Fill levels for a card that transfers `piece` frames at a time and buffers `buffer`. Music is
+/// buffered generously, to save wake-ups; while somebody speaks, at most two pieces wait.
 CardFill FillOfCard(int piece, int buffer, bool speaks);
 
-/// A sound card without a server. The device stops while nothing plays.
+/// Plays on a sound card without a sound server. The device stops while nothing plays.
 class AlsaOutput : public SoundOutput {
  public:
   AlsaOutput(std::unique_ptr<AlsaDevice> device, const std::string& name,
@@ -46,7 +46,7 @@ class AlsaOutput : public SoundOutput {
   AlsaMicrophone Microphone;
   OutputSource* Source = nullptr;
   SleepTimer Silence;
-  bool Coarse = false;  // the card takes nothing of the little that waits in speech
+  bool Coarse = false;  // in speech the card takes nothing from a short queue
   std::vector<float> Block;
   std::atomic<bool> Quit{false};
   std::atomic<bool> Living{true};

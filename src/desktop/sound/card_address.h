@@ -4,11 +4,11 @@
 
 namespace marlex {
 
-/// Where the mixer of the card that an engine plays on is found.
+/// Where to find the mixer of the card that an engine plays on.
 struct CardAddress {
-  std::string Sink;     // the sound server's name for the output; empty without a server
-  std::string Control;  // the ALSA control device; empty with one
-  std::string Card;     // the name that this card must have; empty for a device that is no card
+  std::string Sink;     // the sound server's name of the output; empty without a server
+  std::string Control;  // the ALSA control device; empty with a server
+  std::string Card;     // name that the card must have; empty for a device without a card
 };
 
 }  // namespace marlex

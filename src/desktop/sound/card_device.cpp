@@ -4,10 +4,10 @@
 namespace marlex {
 namespace {
 
-constexpr int kPieceMs = 5;  // so fine can the card be filled
+constexpr int kPieceMs = 5;  // granularity at which the card is refilled
 constexpr int kBufferMs = 40;
 
-/// The library would print a device that is missing, which is a normal state here.
+/// Silences the library, which would print an error for a missing device. Here that is normal.
 void SayNothing(const char*, int, const char*, int, const char*, ...) {}
 
 std::unique_ptr<AlsaDevice> OpenCard(const std::string& name, snd_pcm_stream_t direction) {
@@ -27,7 +27,7 @@ SoundDevice FindCardDevice(const std::string& name, const MicrophoneLines& lines
   found.Output = std::make_unique<AlsaOutput>(std::move(device), name, lines);
   found.Reopen = [name, lines, card = found.CardName]() -> std::unique_ptr<SoundOutput> {
     auto again = OpenCard(name, SND_PCM_STREAM_PLAYBACK);
-    // The same name may have passed to another card, which is not ours to play into.
+    // The name may now belong to another card, which the engine must not play on.
     if (!again || again->CardName() != card) return nullptr;
     return std::make_unique<AlsaOutput>(std::move(again), name, lines);
   };

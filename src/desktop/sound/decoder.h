@@ -5,19 +5,20 @@
 
 namespace marlex {
 
-/// A sound file that is read from its beginning to its end, on one thread. Whatever is wrong with
-/// the file behind its beginning (cut off, unreadable, gone) is its end.
+/// A sound file, decoded from its beginning to its end on one thread. Whatever goes wrong after a
+/// good beginning (the file is cut off, unreadable or gone) counts as the end of the file.
 class Decoder {
  public:
   virtual ~Decoder() = default;
 
-  /// Frames a second of what the last `Read` gave; before the first one, of the file's beginning.
+  /// Frames per second of what the last `Read` returned; before the first `Read`, of the beginning
+  /// of the file.
   virtual int Rate() const = 0;
 
   /// Length of the sound in seconds.
   virtual double Seconds() const = 0;
 
-  /// Reads at most `frames` stereo frames of one rate and returns their number; 0 is the end.
+  /// Reads at most `frames` stereo frames, all of one rate, and returns how many; 0 at the end.
   virtual int Read(float* stereo, int frames) = 0;
 };
 

@@ -48,7 +48,7 @@ void EndReports::Collect(std::vector<End>& waiting) {
   Popped.store(at, std::memory_order_release);
 }
 
-/// Sleeps until the next end is due, or something is pushed.
+/// Sleeps until the next end is due or another one is pushed.
 void EndReports::Wait(const std::vector<End>& waiting) {
   std::int64_t due = kForeverUs;
   for (const End& end : waiting) due = std::min(due, end.DueUs);

@@ -11,17 +11,19 @@
 
 namespace marlex {
 
-/// Carries the ends of streams from the rendering thread, which may not lock, to a thread that may.
+/// Carries the ends of streams from the rendering thread, which must not lock, to a thread that
+/// may.
 class EndReports {
  public:
-  /// `report` is called with a stream's number, on a thread of its own, when its time has come.
+  /// `report` receives the number of a stream when its end is due, on a thread that this object
+  /// owns.
   explicit EndReports(std::function<void(std::uint64_t)> report);
   ~EndReports();
   EndReports(const EndReports&) = delete;
   EndReports& operator=(const EndReports&) = delete;
 
-  /// For the one rendering thread: tells the end of `stream` in `delayUs` microseconds. False when
-  /// the queue is full.
+  /// Schedules the report of the end of `stream` in `delayUs` microseconds. Call from the rendering
+  /// thread only; never locks. False when the queue is full.
   bool Push(std::uint64_t stream, std::int64_t delayUs);
 
  private:

@@ -14,7 +14,7 @@ void EngineSongPlayer::SetFileName(const std::string& path) {
   Length = 0;
 }
 
-/// A file on a slow drive tells its length late.
+/// 0 at first for a file on a slow drive: its length is known once it is open.
 double EngineSongPlayer::Duration() const { return Stream ? Stream->Seconds() : Length; }
 
 double EngineSongPlayer::CurrentPosition() const {
@@ -41,7 +41,7 @@ void EngineSongPlayer::Stop() {
   if (State != kStopped) Unload();
 }
 
-/// Lets go of the stream. One that is played after that starts from the file again.
+/// Releases the stream. A later `Play` starts the file from its beginning.
 void EngineSongPlayer::Unload() {
   State = kStopped;
   if (!Stream) return;
@@ -50,8 +50,8 @@ void EngineSongPlayer::Unload() {
   Stream = nullptr;
 }
 
-/// The end of a song that was paused in the meantime waits: when the song goes on, the stream ends
-/// once more.
+/// An end that arrives after the song was paused is ignored: when the song is resumed, the stream
+/// ends once more.
 void EngineSongPlayer::SongEnded() {
   if (State == kPaused) return;
   Unload();

@@ -31,9 +31,9 @@ class EngineSongPlayer : public SongPlayer {
 
   SoundEngine& Engine;
   std::string Path;  // empty without a song
-  std::shared_ptr<SoundStream>
-      Stream;           // null without a song, and after a stop until it is played again
-  double Length = 0;    // seconds, as far as it is known
+  // Null without a song, and from a stop until the song is played again.
+  std::shared_ptr<SoundStream> Stream;
+  double Length = 0;    // seconds, as far as known
   double PausedAt = 0;  // seconds
   int State = kStopped;
 };

@@ -74,19 +74,19 @@ void EngineWavePlayer::Unload() {
   Stream = nullptr;
 }
 
-/// Reports mode 525 by an event of its own, never inside a command.
+/// Reports mode 525 as a separate event, never from inside a command.
 void EngineWavePlayer::ReportStopped() {
   Loop.Post(Opening.Guard([this] { DeliverStopped(false); }));
 }
 
-/// The mode that is reported can be read while the report is delivered. A listener that opens the
+/// While the report is being delivered, `Mode` returns the reported mode. A listener that opens the
 /// next file ends the report of this one.
 void EngineWavePlayer::DeliverStopped(bool played) {
   const Lifeline::Tie opening = Opening.Now();
   if (played && OnDone) OnDone();
   if (!opening.Holds() || !OnStatusUpdate) return;
-  const auto report =
-      std::make_shared<char>();  // goes with this call, also when the listener throws
+  // Destroyed with this call, even if the listener throws.
+  const auto report = std::make_shared<char>();
   Reported = report;
   OnStatusUpdate();
 }

@@ -34,13 +34,13 @@ class EngineWavePlayer : public WavePlayer {
 
   SoundEngine& Engine;
   EventLoop& Loop;
-  std::string OpenPath;  // the open file's
-  std::shared_ptr<SoundStream>
-      Stream;          // null when none is open, and after a play until the next one
+  std::string OpenPath;  // path of the open file
+  // Null without an open file, and from the end of a playback until the next one.
+  std::shared_ptr<SoundStream> Stream;
   double Seconds = 0;  // length of the open file
   int Present = kWaveNotOpen;
   std::weak_ptr<char> Reported;  // lives while mode 525 is being delivered
-  Lifeline Opening;              // each opening cuts the reports of the file before
+  Lifeline Opening;              // cut by each opening: the previous file reports no more
 };
 
 }  // namespace marlex

@@ -10,11 +10,11 @@
 
 namespace marlex {
 
-/// Queue of stereo frames between one writing and one reading thread, without locks. Both counters
-/// only grow, so that their difference is the fill.
+/// Lock-free queue of stereo frames between one writing and one reading thread. Both counters only
+/// grow; their difference is the fill level.
 class FrameRing {
  public:
-  /// `capacity` is in frames and a power of two.
+  /// `capacity` is in frames and must be a power of two.
   explicit FrameRing(int capacity)
       : Capacity(capacity), Samples(std::size_t(capacity) * kChannels) {}
 
@@ -23,7 +23,7 @@ class FrameRing {
   }
   int Filled() const { return int(Written.load(std::memory_order_acquire) - Taken.load()); }
 
-  /// Writer: appends as many of `frames` as there is room for and returns their number.
+  /// For the writer: appends as many of the `frames` frames as fit, and returns how many did.
   int Write(const float* stereo, int frames) {
     const int count = std::min(frames, Free());
     const std::uint64_t at = Written.load(std::memory_order_relaxed);
@@ -34,7 +34,8 @@ class FrameRing {
     return count;
   }
 
-  /// Reader: the frames that can be read in one piece, at most `limit`; `Take` then removes them.
+  /// For the reader: points `stereo` at the next contiguous frames, at most `limit`, and returns
+  /// how many there are. `Take` then removes them.
   int Peek(const float*& stereo, int limit) const {
     const std::uint64_t at = Taken.load(std::memory_order_relaxed);
     stereo = Samples.data() + std::size_t(Index(at)) * kChannels;

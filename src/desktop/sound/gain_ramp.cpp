@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kRampFrames = FramesIn(5);
 
-/// Frames that are worked on side by side, which the compiler turns into vector instructions.
+/// Frames processed side by side, which lets the compiler use vector instructions.
 constexpr int kAbreast = 4;
 constexpr int kLanes = kAbreast * kChannels;
 

@@ -4,7 +4,7 @@
 
 namespace marlex {
 
-/// Loudest amplitude of each channel in a block.
+/// Peak amplitude of each channel in a block.
 struct StereoPeak {
   float Left = 0;
   float Right = 0;
@@ -12,32 +12,33 @@ struct StereoPeak {
 
 StereoPeak PeakOf(const float* stereo, int frames);
 
-/// Applies the level and mute of a line to what passes, on the rendering thread. A change takes a
-/// few milliseconds, as one straight ramp, so that nothing clicks.
+/// Applies the level and mute of a line to the blocks that pass it. A change is spread over five
+/// milliseconds as one linear ramp, so that nothing clicks. Not thread-safe: use from one thread
+/// only.
 class GainRamp {
  public:
   /// `line` outlives the ramp.
   explicit GainRamp(SoundLine& line) : Line(line) { Jump(); }
 
-  /// Applies the gain to a block and reports its peak to the line's meter. `peak` is that of the
-  /// block, and becomes that of the result, or somewhat more during a ramp. Returns how many frames
-  /// the ramp covers.
+  /// Applies the gain to a block in place and reports its peak to the line's meter. `peak` goes in
+  /// as the peak of the block and comes out as that of the result, or a little higher during a
+  /// ramp. Returns how many frames the ramp covers.
   int Apply(float* stereo, int frames, StereoPeak& peak);
 
-  /// Takes over the line's level at once. For the first block behind silence, which needs no ramp.
+  /// Takes the line's level at once, without a ramp: for the first block after silence.
   void Jump();
 
-  /// What comes next rises from silence to the line's level.
+  /// Makes the next block rise from silence to the line's level.
   void Silence();
 
  private:
   bool TakeTarget();
 
   SoundLine& Line;
-  float Left = 0, Right = 0;              // present amplitudes
-  float TargetLeft = 0, TargetRight = 0;  // where the ramp ends
-  float StepLeft = 0, StepRight = 0;      // change of a frame
-  int Rest = 0;                           // frames until the ramp ends
+  float Left = 0, Right = 0;              // current amplitudes
+  float TargetLeft = 0, TargetRight = 0;  // amplitudes at the end of the ramp
+  float StepLeft = 0, StepRight = 0;      // change per frame
+  int Rest = 0;                           // frames left of the ramp
 };
 
 }  // namespace marlex

@@ -7,13 +7,13 @@ namespace marlex {
 namespace {
 
 constexpr int kRound = kSampleRate;           // frames after which the delay is judged
-constexpr int kFirstRound = kSampleRate / 8;  // the first time, then twice as many each time
-constexpr int kTooFew = FramesIn(2);          // left at the lowest: the output is about to run dry
-constexpr int kTooMany = FramesIn(5);         // the delay is longer than it needs to be
-constexpr int kWanted = FramesIn(3);
-constexpr int kFar = FramesIn(30);  // so late that it is put right at once
+constexpr int kFirstRound = kSampleRate / 8;  // the first round; each later one is twice as long
+constexpr int kTooFew = FramesIn(2);   // left at the lowest point: the output is about to run dry
+constexpr int kTooMany = FramesIn(5);  // left at the lowest point: the delay is needlessly long
+constexpr int kWanted = FramesIn(3);   // left at the lowest point after a correction
+constexpr int kFar = FramesIn(30);     // so late that it is corrected at once
 
-/// Blends `count` frames from `from` into `to`.
+/// Crossfades `count` frames of `from` into those of `to`.
 void Crossfade(const float* from, const float* to, float* result, int count) {
   for (int i = 0; i < count; ++i) {
     const float share = float(i + 1) / float(count + 1);
@@ -40,8 +40,8 @@ int Shorten(float* stereo, int frames, int count) {
 int Lengthen(float* stereo, int frames, int count) {
   count = std::clamp(count, 0, frames / 2);
   float* const last = stereo + std::size_t(frames - count) * kChannels;
-  // The last frames come once more; the seam leads from what followed their first end back to their
-  // beginning.
+  // Append a copy of the last frames. Then smooth the seam: the original ones fade into what
+  // precedes them, and so lead up to the beginning of the copy.
   std::memcpy(stereo + std::size_t(frames) * kChannels, last,
               std::size_t(count) * kChannels * sizeof(float));
   Crossfade(last, last - std::size_t(count) * kChannels, last, count);
@@ -70,10 +70,10 @@ int MicrophonePath::Pass(float* stereo, int frames, int queued) {
   return frames;
 }
 
-/// Frames to take out, or below 0 to add. What the output has left when a block comes goes up and
-/// down with the pieces in which both devices work; its lowest point in a second tells how much of
-/// the delay is of no use. More than half a block is never taken out of it, so that it may take
-/// several.
+/// Frames to remove, or, if negative, to add. How much the output has left when a block arrives
+/// goes up and down with the transfer sizes of both devices; its lowest point within a round is
+/// delay that serves no purpose. At most half of a block is removed at once, so a correction may
+/// span several.
 int MicrophonePath::Correction(int frames, int queued) {
   Lowest = Observed == 0 ? queued : std::min(Lowest, queued);
   Observed += frames;

@@ -5,21 +5,23 @@
 
 namespace marlex {
 
-/// The way of the microphone's sound: microphone line, master line. Of the thread that captures.
+/// The levels that the microphone's sound passes: the microphone line, then the master line. Not
+/// thread-safe: use from the capturing thread only.
 class MicrophonePath {
  public:
   explicit MicrophonePath(const MicrophoneLines& lines);
 
-  /// The microphone was opened: the sound fades in from silence, and nothing is known of its delay.
+  /// Call when the microphone has been opened: the sound fades in from silence, and measuring the
+  /// delay starts over.
   void Begin();
 
-  /// Sets the levels of a captured block, in place. `queued` is how many frames the output still
-  /// had when the block came. To hold the delay, since capture and output run on two clocks, the
-  /// block may become shorter, or longer by at most `kMostAdded` frames, for which there is room;
-  /// returns its new length.
+  /// Applies the levels to a captured block, in place. `queued` is how many frames the output still
+  /// had when the block arrived. Capture and output run on two clocks; to hold the delay, the block
+  /// may be shortened, or lengthened by at most `kMostAdded` frames, for which the buffer must have
+  /// room. Returns the new length.
   int Pass(float* stereo, int frames, int queued);
 
-  /// The line is muted and the last block ended in silence.
+  /// The line is muted and the last block has faded to silence.
   bool Silent() const { return Quiet; }
 
   static constexpr int kMostAdded = FramesIn(3);
@@ -32,17 +34,18 @@ class MicrophonePath {
   GainRamp Microphone;
   GainRamp Master;
   bool Quiet = false;
-  int Lowest = 0;    // fewest frames that the output had left in this round
-  int Observed = 0;  // frames of this round
-  int Round = 0;     // frames that make a round
-  int Excess = 0;    // frames that are still to be taken out
+  int Lowest = 0;    // fewest frames left in the output in this round
+  int Observed = 0;  // frames seen in this round
+  int Round = 0;     // length of the round in frames
+  int Excess = 0;    // frames still to be removed
 };
 
-/// Takes `count` frames out of a block, crossfading where they were. Returns the new length.
+/// Removes `count` frames from the beginning of a block, crossfading over the seam. Returns the new
+/// length.
 int Shorten(float* stereo, int frames, int count);
 
-/// Repeats `count` frames at the end of a block, crossfaded; there is room for them. Returns the
-/// new length.
+/// Repeats the last `count` frames of a block (at most half of it), crossfading over the seam; the
+/// buffer must have room for them. Returns the new length.
 int Lengthen(float* stereo, int frames, int count);
 
 }  // namespace marlex

@@ -6,7 +6,7 @@ namespace marlex {
 namespace {
 
 constexpr int kRingFrames = 16384;
-constexpr int kReserve = FramesIn(3);  // that waits when the sound begins, against late pieces
+constexpr int kReserve = FramesIn(3);  // held when the sound begins, against late pieces
 constexpr int kRise = FramesIn(5);
 
 }  // namespace
@@ -26,7 +26,7 @@ void MicrophoneQueue::MixInto(float* stereo, int frames) {
   Flowing = Speaks();
 }
 
-/// False while there is nothing to begin with. The rest of a capture that is over is dropped.
+/// False while there is too little to begin with. What is left of a finished capture is dropped.
 bool MicrophoneQueue::Prepare(int frames) {
   const bool captured = Captured;
   const int filled = Ring.Filled();

@@ -6,26 +6,26 @@
 
 namespace marlex {
 
-/// The microphone's sound between the thread that captures and the one that fills the card. What
-/// waits here is part of the delay from mouth to loudspeaker, so it is kept short.
+/// Queue between the thread that captures the microphone and the one that fills the card. What
+/// waits here adds to the delay from mouth to loudspeaker, so the queue is kept short.
 class MicrophoneQueue {
  public:
   MicrophoneQueue();
 
-  // For the thread that captures.
+  // For the capturing thread.
 
   void Begin() { Captured = true; }
   void Write(const float* stereo, int frames) { Ring.Write(stereo, frames); }
   int Filled() const { return Ring.Filled(); }
   void End() { Captured = false; }
 
-  // For the output's thread; nothing here locks.
+  // For the output's thread; nothing below locks.
 
-  /// Sound comes, or some of it is left.
+  /// Whether sound is arriving, or some of it is left to play.
   bool Speaks() const { return Captured || Ring.Filled() > 0; }
 
-  /// Adds the next frames. A queue that was empty first waits until a little has come, drops what
-  /// is more, and fades in.
+  /// Adds the next frames to `stereo`. After running empty, the queue waits until it holds a small
+  /// reserve, drops whatever exceeds it, and fades in.
   void MixInto(float* stereo, int frames);
 
  private:
@@ -34,8 +34,8 @@ class MicrophoneQueue {
 
   FrameRing Ring;
   std::atomic<bool> Captured{false};
-  bool Flowing = false;  // of the output's thread, like the next one
-  int Risen = 0;         // frames of the fade in that are over
+  bool Flowing = false;  // used by the output's thread, as is `Risen`
+  int Risen = 0;         // frames of the fade-in so far
 };
 
 }  // namespace marlex

@@ -13,12 +13,12 @@
 namespace marlex {
 namespace {
 
-constexpr double kSlowestMp3 = 8000 / 8;          // bytes a second at the lowest bitrate
-constexpr double kFastestMp3 = 320000 / 8 * 1.1;  // and at the highest, with some room
-constexpr std::int64_t kScanLimit =
-    64 * 1024 * 1024;  // bytes that are read through within some tens of milliseconds
-constexpr std::int64_t kTagRoom = 4096;  // bytes of tags behind the sound that a claim leaves out
-constexpr int kProof = 4;                // frames that a new rate must last to be no junk
+constexpr double kSlowestMp3 = 8000 / 8;          // bytes per second at the lowest bitrate
+constexpr double kFastestMp3 = 320000 / 8 * 1.1;  // and at the highest, with some margin
+// Bytes that can be scanned within some tens of milliseconds.
+constexpr std::int64_t kScanLimit = 64 * 1024 * 1024;
+constexpr std::int64_t kTagRoom = 4096;  // bytes of trailing tags that a claim leaves out
+constexpr int kProof = 4;                // frames for which a new rate must last to be real
 constexpr int kFruitlessReads = 100;  // calls without a sample after which a stream counts as over
 
 class Mp3Decoder : public Decoder {
@@ -33,7 +33,7 @@ class Mp3Decoder : public Decoder {
  private:
   struct Run {
     long Rate = 0;
-    int Frames = 0;  // of the stream, in a row
+    int Frames = 0;  // consecutive frames of this rate
     double Seconds = 0;
   };
 
@@ -49,9 +49,9 @@ class Mp3Decoder : public Decoder {
   SoundFile File;
   mpg123_handle* Handle = nullptr;
   int FrameRate = kSampleRate;
-  bool FormatChanges = false;  // behind the last samples that were read
-  std::vector<float> Held;     // first samples of a format that has proved to be one
-  std::size_t HeldTaken = 0;   // of which these are given away
+  bool FormatChanges = false;  // after the samples read last
+  std::vector<float> Held;     // first samples of a new format that proved real
+  std::size_t HeldTaken = 0;   // samples of `Held` that were already delivered
   double Length = 0;
 };
 
@@ -70,7 +70,7 @@ bool Mp3Decoder::Open(const std::string& path) {
   return Begin() && Measure(start);
 }
 
-/// Puts a decoder in front of the first frame.
+/// Positions a new decoder at the first frame.
 bool Mp3Decoder::Begin() {
   mpg123_delete(Handle);
   File.Seek(0, SEEK_SET);
@@ -95,7 +95,7 @@ bool Mp3Decoder::Prepare() {
   return mpg123_replace_reader_handle(Handle, ReadFile, SeekFile, nullptr) == MPG123_OK;
 }
 
-/// Learns the rate of the frames that come next.
+/// Reads the rate of the frames that come next.
 bool Mp3Decoder::TakeFormat() {
   long rate = 0;
   int channels = 0;
@@ -106,16 +106,17 @@ bool Mp3Decoder::TakeFormat() {
   return rate > 0 && channels == kChannels && encoding == MPG123_ENC_FLOAT_32;
 }
 
-/// Takes the length from the Xing or Info header if there is one that can be true; otherwise the
-/// file is read through, since a length by the first bitrate is wrong for every variable one.
+/// Takes the length from a Xing or Info header with a plausible claim; otherwise reads the whole
+/// file (up to `kScanLimit`), since a length estimated from the first bitrate is wrong for every
+/// variable one.
 bool Mp3Decoder::Measure(const Mp3Start& start) {
   Length = double(std::max<off_t>(0, mpg123_length(Handle))) / FrameRate;
   if (IsClaimCredible(start) || File.Size() > kScanLimit) return true;
   return CountSeconds();
 }
 
-/// Whether the header that claims the length was written for the whole file: others may have been
-/// appended, or its end may be missing. One that counts no bytes cannot show it.
+/// Whether the header's claim was made for the whole file: other files may have been appended
+/// since, or the end may be missing. A header without a byte count cannot prove it.
 bool Mp3Decoder::IsClaimCredible(const Mp3Start& start) const {
   const std::int64_t bytes = File.Size() - start.FirstFrame;
   if (start.ClaimedBytes == 0 || std::abs(bytes - start.ClaimedBytes) > kTagRoom) return false;
@@ -123,8 +124,8 @@ bool Mp3Decoder::IsClaimCredible(const Mp3Start& start) const {
          Length >= double(bytes) / kFastestMp3;
 }
 
-/// Adds up all frames, each of which may have a rate of its own, and begins again. Deliberate: a
-/// rate that lasts for a few frames only does not count, since `AwaitProof` drops it.
+/// Adds up all frames, each of which may have a different rate, and rewinds. Deliberate: a rate
+/// that lasts for a few frames only does not count, since `AwaitProof` drops it.
 bool Mp3Decoder::CountSeconds() {
   Length = 0;
   Run run;
@@ -155,7 +156,7 @@ int Mp3Decoder::Read(float* stereo, int frames) {
   return int(count / kChannels);
 }
 
-/// Reads samples of one format, up to a change, which comes with its last ones or with none.
+/// Reads samples of one format. A change of format is reported with the last of them, or alone.
 int Mp3Decoder::ReadFormat(float* stereo, int frames) {
   constexpr size_t kFrameBytes = kChannels * sizeof(float);
   for (int fruitless = 0; fruitless < kFruitlessReads; ++fruitless) {
@@ -167,8 +168,8 @@ int Mp3Decoder::ReadFormat(float* stereo, int frames) {
   return 0;
 }
 
-/// Holds the first frames of a new format, and drops them if it changes again before they are
-/// complete: that was junk which looks like a frame.
+/// Holds the first frames of a new format, and drops them if the format changes again before
+/// `kProof` of them have come: that was junk that looks like a frame.
 void Mp3Decoder::AwaitProof() {
   int held = 0;
   int wanted = 1;

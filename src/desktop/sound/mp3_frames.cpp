@@ -11,15 +11,15 @@ namespace marlex {
 namespace {
 
 constexpr int kHeaderBytes = 4;
-constexpr int kChain = 4;  // frames in a row that make a stream
-constexpr std::int64_t kSearch =
-    1024 * 1024;  // bytes of junk that may stand before the first frame
-constexpr std::int64_t kChainRoom = 16 * 1024;  // more than the longest chain takes
+constexpr int kChain = 4;  // consecutive frames that prove a stream
+// Bytes of junk tolerated before the first frame.
+constexpr std::int64_t kSearch = 1024 * 1024;
+constexpr std::int64_t kChainRoom = 16 * 1024;  // longer than any chain
 constexpr int kTagHeader = 10;                  // bytes of an ID3v2 header
-constexpr int kLongestFree = 3456;              // bytes of a frame of the free format
+constexpr int kLongestFree = 3456;              // bytes of the longest free-format frame accepted
 
-/// Kilobits a second of layer III by the header's bitrate index; 0 is the free format, whose frames
-/// do not tell their length.
+/// Kilobits per second of layer III by the header's bitrate index (ISO/IEC 11172-3 and 13818-3); 0
+/// is the free format, whose frames do not state their length.
 constexpr std::array<int, 15> kBitrates1 = {0,   32,  40,  48,  56,  64,  80, 96,
                                             112, 128, 160, 192, 224, 256, 320};
 constexpr std::array<int, 15> kBitrates2 = {0,  8,  16, 24,  32,  40,  48, 56,
@@ -32,11 +32,11 @@ struct Frame {
   std::uint8_t Kind = 0;  // version, layer and protection bits
   std::uint8_t RateIndex = 0;
   bool Free = false;
-  int Length = 0;    // bytes; in the free format its padding alone
-  int SideInfo = 0;  // bytes between header and a Xing header
+  int Length = 0;    // bytes; in the free format only the padding
+  int SideInfo = 0;  // bytes between the frame header and a Xing header
 };
 
-/// Reads a frame header; empty when the bytes are none.
+/// Parses a frame header; empty when the bytes are not one.
 std::optional<Frame> ReadHeader(const std::uint8_t* b) {
   const int version = b[1] >> 3 & 3;  // 3 is MPEG 1, 2 is MPEG 2, 0 is MPEG 2.5
   const int layer = b[1] >> 1 & 3;    // 1 is layer III
@@ -64,7 +64,7 @@ Bytes ReadAt(SoundFile& file, std::int64_t offset, std::int64_t count) {
   return bytes;
 }
 
-/// Offset behind the ID3v2 tags at the beginning; their sizes have seven bits a byte.
+/// Offset past the ID3v2 tags at the beginning of the file. Their sizes use seven bits per byte.
 std::int64_t BehindTags(SoundFile& file) {
   std::int64_t offset = 0;
   for (;;) {
@@ -72,15 +72,16 @@ std::int64_t BehindTags(SoundFile& file) {
     if (tag.size() < kTagHeader || std::memcmp(tag.data(), "ID3", 3) != 0) return offset;
     const std::int64_t size =
         (tag[6] & 0x7F) << 21 | (tag[7] & 0x7F) << 14 | (tag[8] & 0x7F) << 7 | (tag[9] & 0x7F);
-    // A tag that claims to reach behind the end is a lie; the frames are then looked for behind its
-    // header.
+    // A tag that claims to end at or past the end of the file is wrong; look for frames right after
+    // its header instead.
     offset += offset + kTagHeader + size < file.Size() ? kTagHeader + size : kTagHeader;
   }
 }
 
-/// Whether frames of one kind stand in a chain from `at` on, those of the free format `freeLength`
-/// bytes from each other. A file that ends within the chain passes if it ends with a frame, with a
-/// tag, or within the second or a later frame; where the length is a guess, behind the second.
+/// Whether a chain of frames of one kind starts at `at`; frames of the free format are `freeLength`
+/// bytes apart, plus padding. A file that ends within the chain passes if it ends after a complete
+/// frame, at a tag, or within the second or a later frame; where the length is a guess, only after
+/// the second frame.
 bool IsChain(const Bytes& bytes, std::size_t at, int freeLength) {
   const auto first = ReadHeader(&bytes[at]);
   if (!first) return false;
@@ -99,8 +100,8 @@ bool IsChain(const Bytes& bytes, std::size_t at, int freeLength) {
   return true;
 }
 
-/// Whether a stream begins at `at`. In the free format all frames have one length, which the second
-/// one shows.
+/// Whether a stream begins at `at`. In the free format all frames have the same length, which is
+/// found by trying where the second one starts.
 bool IsStream(const Bytes& bytes, std::size_t at) {
   const auto first = ReadHeader(&bytes[at]);
   if (!first) return false;
@@ -118,8 +119,8 @@ std::int64_t NumberAt(const Bytes& bytes, std::size_t at) {
   return number;
 }
 
-/// Reads what the Xing or Info header in the frame at `at` claims, if there is one: its name and
-/// its flags are followed by the frame count and the byte count, each present if its flag is set.
+/// Reads the claims of a Xing or Info header in the frame at `at`, if there is one: after its name
+/// and its flags come the frame count and the byte count, each present only if its flag is set.
 void TakeClaims(const Bytes& bytes, std::size_t at, Mp3Start& start) {
   const std::size_t tag = at + kHeaderBytes + std::size_t(ReadHeader(&bytes[at])->SideInfo);
   if (tag + 8 > bytes.size()) return;
@@ -130,7 +131,7 @@ void TakeClaims(const Bytes& bytes, std::size_t at, Mp3Start& start) {
   if (flags & 2) start.ClaimedBytes = NumberAt(bytes, tag + (flags & 1 ? 12 : 8));
 }
 
-/// Whether the file begins like one of another kind that may hold MPEG frames somewhere.
+/// Whether the file begins like a different kind that may contain MPEG frames somewhere.
 bool IsForeign(SoundFile& file) {
   const Bytes bytes = ReadAt(file, 0, 12);
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());

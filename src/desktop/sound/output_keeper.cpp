@@ -6,9 +6,9 @@
 namespace marlex {
 namespace {
 
-constexpr std::int64_t kLookUs = 500000;    // between two looks at a device that plays
+constexpr std::int64_t kLookUs = 500000;    // between two checks of a playing device
 constexpr std::int64_t kStallUs = 2000000;  // without a block: the device is dead
-constexpr std::int64_t kRetryUs = 1000000;  // between two attempts to open it
+constexpr std::int64_t kRetryUs = 1000000;  // between two attempts to open the device
 
 }  // namespace
 
@@ -80,7 +80,7 @@ void OutputKeeper::AwaitDevice() {
   if (auto device = Open()) Use(std::move(device), true);
 }
 
-/// Stops the present output before the next one starts, so that no frame is taken twice.
+/// Stops the current output before the next one starts, so that no frame is taken twice.
 void OutputKeeper::Use(std::unique_ptr<SoundOutput> output, bool device) {
   std::unique_ptr<SoundOutput> former;
   {

@@ -13,14 +13,14 @@
 namespace marlex {
 namespace {
 
-constexpr std::int64_t kLimitUs = 1500000;               // that a server may take for one answer
-constexpr std::int64_t kStartUs = 10000000;              // that it may take when the session starts
+constexpr std::int64_t kLimitUs = 1500000;   // for one answer of the server
+constexpr std::int64_t kStartUs = 10000000;  // for the server to come while the session starts
 constexpr auto kPause = std::chrono::milliseconds(200);  // between two attempts meanwhile
-constexpr std::int64_t kCardUs = 5000000;    // that the session may take to find its first card
-constexpr std::int64_t kOthersUs = 1000000;  // that the rest of its cards may take from then on
-constexpr char kDummySink[] = "auto_null";   // of PulseAudio and PipeWire alike
+constexpr std::int64_t kCardUs = 5000000;                // for the session to find its first card
+constexpr std::int64_t kOthersUs = 1000000;  // for it to find the rest of its cards after that
+constexpr char kDummySink[] = "auto_null";   // in PulseAudio and PipeWire alike
 
-/// The answer of the server to a question for a source.
+/// A search for a source, and what the server answered.
 struct SourceSearch {
   std::string Asked;
   std::string Name;
@@ -33,7 +33,7 @@ void TakeServer(pa_context*, const pa_server_info* info, void* card) {
   if (info->default_source_name) names.Source = info->default_source_name;
 }
 
-/// The name that was asked for may have meant the default card, whichever that is.
+/// Stores the sink's real name: the name asked for may have been an alias of the default card.
 void TakeSink(pa_context*, const pa_sink_info* info, int, void* card) {
   if (!info) return;
   auto& sink = *static_cast<PulseCard*>(card);
@@ -43,7 +43,8 @@ void TakeSink(pa_context*, const pa_sink_info* info, int, void* card) {
   sink.FlatVolume = (info->flags & PA_SINK_FLAT_VOLUME) != 0;
 }
 
-/// Takes the source that is asked for if it is no monitor of an output, else the first such one.
+/// Takes the source asked for unless it is the monitor of an output; otherwise the first source
+/// that is not.
 void TakeSource(pa_context*, const pa_source_info* info, int, void* search) {
   if (!info || info->monitor_of_sink != PA_INVALID_INDEX) return;
   auto& source = *static_cast<SourceSearch*>(search);
@@ -55,7 +56,7 @@ std::string Surrounding(const char* name) {
   return value ? value : "";
 }
 
-/// Whether a server has left its socket, or its process id while it starts.
+/// Whether a server has created its socket, or, while it starts, the file with its process id.
 bool ServerMayCome() {
   std::error_code ignored;
   const std::string address = Surrounding("PULSE_SERVER");
@@ -155,7 +156,7 @@ bool PulseConnection::Complete(const std::function<pa_operation*()>& start) {
   const bool done =
       Await([&] { return pa_operation_get_state(operation) != PA_OPERATION_RUNNING; }, LimitUs);
   Locked([&] {
-    // A late answer must not reach a caller that has gone.
+    // A late answer must not reach a caller that is gone.
     if (!done) pa_operation_cancel(operation);
     pa_operation_unref(operation);
   });
@@ -181,7 +182,7 @@ bool FindCard(PulseConnection& connection, PulseCard& card) {
   return true;
 }
 
-/// The cards of a session come one after the other, and the default one may change with each.
+/// The cards of a session appear one after the other, and the default may change with each.
 bool FindCardAtStart(PulseConnection& connection, PulseCard& card) {
   bool found = FindCard(connection, card);
   bool settling = false;

@@ -10,16 +10,16 @@
 
 namespace marlex {
 
-/// A connection to the sound server with its thread. Server objects are used under `Locked`, or
-/// inside the server library's callbacks, which hold the lock already.
+/// A connection to the sound server, with the thread that serves it. Use server objects under
+/// `Locked` only, or inside callbacks of the server library, which already hold the lock.
 class PulseConnection {
  public:
-  /// Connects to the session's server within the time limit; null without one. A server is never
-  /// started for it.
+  /// Connects to the session's sound server; null when there is none, or it does not answer within
+  /// 1.5 seconds. Never starts a server.
   static std::unique_ptr<PulseConnection> Connect();
 
-  /// The same at the program's start, when the session may just be starting as well: a server that
-  /// is there or seems to come is waited for, up to ten seconds.
+  /// Like `Connect`, but for the start of the program, when the session may still be starting too:
+  /// waits up to ten seconds for a server that is there or seems to be on its way.
   static std::unique_ptr<PulseConnection> ConnectAtStart();
 
   PulseConnection();
@@ -33,22 +33,23 @@ class PulseConnection {
   /// Runs `action` under the lock.
   void Locked(const std::function<void()>& action) const;
 
-  /// Waits until `done`, which is asked under the lock after each `Signal`; false when the time
-  /// limit comes first.
+  /// Waits until `done` returns true; it is called under the lock, at first and after each
+  /// `Signal`. False after `limitUs` microseconds.
   bool Await(const std::function<bool()>& done, std::int64_t limitUs);
 
-  /// Time that the server may take for one answer.
+  /// Microseconds that the server may take for one answer.
   std::int64_t AnswerLimitUs() const { return LimitUs; }
 
-  /// Starts an operation under the lock and waits for its end. False at the time limit.
+  /// Starts an operation under the lock and waits for it to finish. False when it cannot be started
+  /// or takes longer than `AnswerLimitUs`.
   bool Complete(const std::function<pa_operation*()>& start);
 
-  /// For callbacks: something has changed for which `Await` may wait.
+  /// For callbacks: reports a change that `Await` may be waiting for.
   void Signal() { sem_post(&Changed); }
 
   bool Good() const;
 
-  /// Called inside the server library's thread when the connection is lost.
+  /// Called on the server library's thread when the connection is lost.
   std::function<void()> OnLost;
 
  private:
@@ -62,20 +63,20 @@ class PulseConnection {
   sem_t Changed;
 };
 
-/// The card that the streams are pinned to, by the server's names.
+/// The card that the streams are pinned to, by the names that the server gives it.
 struct PulseCard {
   std::string Sink;
-  std::string Source;       // microphone; empty when there is none
-  std::string Description;  // of the sink, for the operator
-  bool Dummy = false;       // the server has no card and pretends one
-  bool FlatVolume = false;  // a stream's volume at the server moves the card's
+  std::string Source;       // the microphone; empty when there is none
+  std::string Description;  // name of the sink, for the operator
+  bool Dummy = false;       // the server has no card and pretends to have one
+  bool FlatVolume = false;  // setting a stream's volume also moves the card's volume
 };
 
-/// The server's default card. False when it has none.
+/// Finds the server's default card. False when there is none, or the server does not answer.
 bool FindCard(PulseConnection& connection, PulseCard& card);
 
-/// The same at the program's start, when the session may just be starting as well: a server that
-/// has no card yet gets five seconds for its first one, and one more for the others.
+/// Like `FindCard`, but for the start of the program, when the session may still be starting too: a
+/// server without a card gets five seconds to find its first one, and one more for the others.
 bool FindCardAtStart(PulseConnection& connection, PulseCard& card);
 
 }  // namespace marlex

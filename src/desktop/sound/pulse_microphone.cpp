@@ -9,14 +9,14 @@
 namespace marlex {
 namespace {
 
-constexpr int kFragmentMs = 5;  // captured at a time
-constexpr int kLatencyMs = 16;  // of the playback, the card's pieces included
-constexpr int kStartMs = 8;     // it begins when this much has come
+constexpr int kFragmentMs = 5;  // captured per transfer
+constexpr int kLatencyMs = 16;  // of the playback, including the card's own pieces
+constexpr int kStartMs = 8;     // playback starts with this much
 constexpr int kRequestMs = 2;
 constexpr int kBlockFrames = 1024;
-constexpr std::int64_t kMuteUs = 100000;   // without a block: nothing will fade out any more
-constexpr std::int64_t kDeadUs = 2000000;  // without a block: the microphone is opened again
-constexpr std::int64_t kLookUs = 1000000;  // between two looks at it, and two attempts to open it
+constexpr std::int64_t kMuteUs = 100000;   // without a block: nothing is left to fade out
+constexpr std::int64_t kDeadUs = 2000000;  // without a block: reopen the microphone
+constexpr std::int64_t kLookUs = 1000000;  // between two checks, and two attempts to open it
 constexpr std::int64_t kFrameBytes = kChannels * sizeof(float);
 constexpr std::uint32_t kServersChoice = std::uint32_t(-1);
 
@@ -34,8 +34,8 @@ void EndWhenMade(pa_stream* stream, void*) {
   pa_stream_unref(stream);
 }
 
-/// A stream that the server is still making cannot be taken back, and would stay there for ever; so
-/// it ends as soon as it is made.
+/// Ends a stream. One that the server is still creating cannot be withdrawn, and would stay there
+/// for ever, so it is ended as soon as it exists.
 void Disconnect(pa_stream*& stream) {
   if (!stream) return;
   pa_stream_set_state_callback(stream, EndWhenMade, nullptr);
@@ -59,8 +59,8 @@ PulseMicrophone::~PulseMicrophone() {
   SetWatch(false);
 }
 
-/// An open microphone that is muted closes itself when its sound has faded out; one that is unmuted
-/// before that stays open.
+/// An open microphone that is muted closes itself when its sound has faded out; if it is unmuted
+/// before that, it stays open.
 void PulseMicrophone::Follow() {
   const bool wanted = !Line.Muted();
   if (wanted && !Capture) Open();
@@ -86,7 +86,7 @@ void PulseMicrophone::Lost() {
   if (!Line.Muted()) SetWatch(true);
 }
 
-/// Opens a microphone that is gone, or there but dead, once more.
+/// Reopens a microphone that is gone, or that is there but dead.
 void PulseMicrophone::Look() {
   SetWatch(!Line.Muted());
   if (Capture && SteadyUs() - LastBlockUs >= kDeadUs) Close();
@@ -138,7 +138,8 @@ bool PulseMicrophone::OpenPlayback() {
   return ConnectAtFullVolume(Playback, Card, buffer, pa_stream_flags_t(kFlags));
 }
 
-/// Takes all that was captured. It is dropped until the playback is ready, since it would be late.
+/// Takes everything that was captured. Until the playback is ready it is dropped, since it would be
+/// late.
 void PulseMicrophone::Pass() {
   while (Capture && pa_stream_readable_size(Capture) > 0) {
     const void* data = nullptr;

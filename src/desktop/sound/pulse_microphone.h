@@ -8,18 +8,18 @@
 namespace marlex {
 
 /// Passes the microphone to the output through two streams of its own, which work in much smaller
-/// pieces than music needs. They exist while the microphone line is open only, so that no old
-/// capture is ever heard. All calls are under the connection's lock.
+/// pieces than music needs. They exist only while the microphone line is open, so that stale
+/// captured sound is never heard. Call everything under the connection's lock.
 class PulseMicrophone {
  public:
-  /// The connection outlives the microphone.
+  /// `connection` must outlive the microphone.
   PulseMicrophone(PulseConnection& connection, const PulseCard& card, const MicrophoneLines& lines);
   ~PulseMicrophone();
   PulseMicrophone(const PulseMicrophone&) = delete;
   PulseMicrophone& operator=(const PulseMicrophone&) = delete;
 
-  /// Opens or closes as the line wants it. A microphone that is gone is tried again once a second
-  /// meanwhile, and one that gives nothing for two seconds is opened anew.
+  /// Opens or closes the streams as the line demands. While the line is open, a missing microphone
+  /// is retried once a second, and one that delivers nothing for two seconds is reopened.
   void Follow();
 
  private:
@@ -41,8 +41,8 @@ class PulseMicrophone {
   pa_stream* Capture = nullptr;
   pa_stream* Playback = nullptr;
   pa_time_event* Watch = nullptr;  // while the line is open
-  bool Flowing = false;            // blocks have come since the opening
-  std::int64_t LastBlockUs = 0;    // when the last one came, or else the opening
+  bool Flowing = false;            // blocks have arrived since the opening
+  std::int64_t LastBlockUs = 0;    // when the last block arrived; the opening before that
   std::vector<float> Block;
 };
 

@@ -9,18 +9,18 @@
 namespace marlex {
 namespace {
 
-// The server halves the time between the card, which takes samples in pieces of that length, and a
-// queue that can be written anew while the card plays: so a mute is late by one piece and each
-// piece costs one wake-up.
+// The server splits the latency in two halves: the card, which takes samples in pieces of that
+// length, and a queue that can be rewritten while the card plays. So a mute takes effect at most
+// one piece late, and each piece costs one wake-up.
 constexpr int kPieceMs = 40;
-constexpr int kRequestMs = 2;  // the least that is asked for
-constexpr int kLatencyMs =
-    2 * kPieceMs + 2 * kRequestMs;       // from a sample that is written to its sound
-constexpr int kLeftMs = 8;               // of the queue that is never rewritten
-constexpr std::int64_t kGuardUs = 6000;  // before the card's next piece, when nothing is rewritten
+constexpr int kRequestMs = 2;  // smallest request
+// From writing a sample to hearing it.
+constexpr int kLatencyMs = 2 * kPieceMs + 2 * kRequestMs;
+constexpr int kLeftMs = 8;               // of the queue that are never rewritten
+constexpr std::int64_t kGuardUs = 6000;  // before the card's next piece: too late to rewrite
 constexpr int kWorthMs = 10;             // a shorter rewrite is not worth its message
-constexpr int kStartMs = 10;             // the sound begins when this much has come
-constexpr std::int64_t kProofLimitUs = 2500000;  // that a card may take for its first samples
+constexpr int kStartMs = 10;             // playback starts with this much
+constexpr std::int64_t kProofLimitUs = 2500000;  // for a card to take its first samples
 constexpr std::int64_t kFrameBytes = kChannels * sizeof(float);
 constexpr std::int64_t kUsPerMs = 1000;
 constexpr std::int64_t kUsPerSecond = 1000000;
@@ -102,8 +102,8 @@ bool PulseOutput::Connect() {
   return ConnectAtFullVolume(Stream, Card, buffer, flags);
 }
 
-/// Time until what is written next is heard. The server is asked only while that matters, and a
-/// first answer is on its way for one piece; until then the least delay counts.
+/// Time until the next sample written is heard. The server is asked only while that matters, and
+/// its first answer takes about one piece to arrive; until then the shortest delay is assumed.
 std::int64_t PulseOutput::DelayUs() {
   if (!Source || !Source->NeedsDelay()) return kPieceMs * kUsPerMs;
   Release(pa_stream_update_timing_info(Stream, nullptr, nullptr));
@@ -132,16 +132,16 @@ void PulseOutput::Wake() {
   });
 }
 
-/// Replaces what the server has not passed to the card yet, so that a change is heard now. Just
-/// before the card takes its next piece it would come too late, and the sound would jump; then it
-/// waits for that piece.
+/// Replaces what the server has not yet passed to the card, so that a change is heard now. Just
+/// before the card takes its next piece a rewrite would come too late and the sound would jump, so
+/// it is postponed until after that piece.
 void PulseOutput::Rewrite() {
   if (!Living || !Source) return;
   RewriteDue = SteadyUs() > NextPieceUs - kGuardUs;
   if (!RewriteDue) WriteFrom(Rewindable(), 0);
 }
 
-/// Frames that are in the server's queue for certain.
+/// Frames that are certain to be still in the server's queue.
 int PulseOutput::Rewindable() const {
   const pa_buffer_attr* const buffer = pa_stream_get_buffer_attr(Stream);
   const size_t room = pa_stream_writable_size(Stream);
@@ -150,14 +150,14 @@ int PulseOutput::Rewindable() const {
   return std::max(0, int(queued / kFrameBytes) - FramesIn(kLeftMs));
 }
 
-/// Writes `bytes` new ones behind up to `frames` that are rendered again.
+/// Rewrites up to `frames` frames that can be rendered again, and appends `bytes` new bytes.
 void PulseOutput::WriteFrom(int frames, size_t bytes) {
   RewriteDue = false;
   const std::int64_t back = Source ? Source->Rewind(FramesIn(kWorthMs), frames) * kFrameBytes : 0;
   Write(size_t(back) + bytes, -back);
 }
 
-/// A stream that wakes is filled first, so that the sound begins with its first sample.
+/// A stream is filled before it is uncorked, so that the sound begins with its first sample.
 void PulseOutput::SetCorked(bool corked) {
   if (!Living || pa_stream_get_state(Stream) != PA_STREAM_READY) return;
   Corked = corked;
@@ -168,8 +168,8 @@ void PulseOutput::SetCorked(bool corked) {
   if (corked && Source) Source->OutputChanged();
 }
 
-/// Gives the server all that it asks for, which is what the card has just taken; as much later it
-/// takes as much again.
+/// Gives the server all that it requests, which is what the card has just taken. It will take the
+/// same amount again after that amount has played.
 void PulseOutput::Fill() {
   if (Corked || !Living) return;
   const size_t bytes = pa_stream_writable_size(Stream);
@@ -178,7 +178,7 @@ void PulseOutput::Fill() {
   WriteFrom(RewriteDue ? Rewindable() : 0, bytes);
 }
 
-/// Writes that many bytes from `offset` on, counted from the end of what was written.
+/// Writes `bytes` bytes starting at `offset`, which counts from the end of what was written.
 void PulseOutput::Write(size_t bytes, std::int64_t offset) {
   bool sleepy = false;
   std::int64_t delayUs = DelayUs() + offset / kFrameBytes * kUsPerSecond / kSampleRate;

@@ -6,12 +6,12 @@
 
 namespace marlex {
 
-/// A stream of the sound server, pinned to one sink: the server closes it rather than move it to
-/// another card. It is corked while nothing plays.
+/// Plays through a stream of the sound server, pinned to one sink: the server closes the stream
+/// rather than move it to another card. The stream is corked while nothing plays.
 class PulseOutput : public SoundOutput {
  public:
-  /// Opens a stream on the card's sink; null when the sink is not there. With `prove` the sink must
-  /// also take samples (silence) before the output counts as open.
+  /// Opens a stream on the card's sink; null when the sink is missing. With `prove`, the sink must
+  /// also take samples (of silence) before the output counts as open.
   static std::unique_ptr<PulseOutput> Open(std::unique_ptr<PulseConnection> connection,
                                            const PulseCard& card, const MicrophoneLines& lines,
                                            bool prove);
@@ -41,10 +41,10 @@ class PulseOutput : public SoundOutput {
   const PulseCard Card;
   std::unique_ptr<PulseMicrophone> Microphone;  // null when the card has none
   pa_stream* Stream = nullptr;
-  OutputSource* Source = nullptr;  // null until the start: silence
+  OutputSource* Source = nullptr;  // null before `Start`: silence
   SleepTimer Silence;
   std::int64_t NextPieceUs = 0;  // when the card is expected to take more, on the steady clock
-  bool RewriteDue = false;       // a change waits for that
+  bool RewriteDue = false;       // a change is heard only from that piece on
   bool Started = false;          // the sink has begun to take samples
   std::atomic<bool> Corked{true};
   std::atomic<bool> Living{true};

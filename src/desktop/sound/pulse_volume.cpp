@@ -41,8 +41,7 @@ bool ConnectAtFullVolume(pa_stream* stream, const PulseCard& card, const pa_buff
   return pa_stream_connect_playback(stream, card.Sink.c_str(), &buffer, all, &full, nullptr) == 0;
 }
 
-/// Where the volume of a stream moves that of the card, the stream follows the card and only its
-/// mute is looked at.
+/// With flat volumes, the stream's volume follows the card's, so only its mute is reset.
 pa_operation* CheckPlaybackVolume(pa_context* server, pa_stream* stream, const PulseCard& card) {
   const auto restore = card.FlatVolume ? RestoreMute : RestorePlayback;
   return pa_context_get_sink_input_info(server, pa_stream_get_index(stream), restore, nullptr);

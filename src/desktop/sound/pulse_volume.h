@@ -4,21 +4,22 @@
 
 namespace marlex {
 
-// A server remembers the volume and the mute of earlier streams. Here all levels are the engine's,
-// so every stream has a volume of 100 % at the server, and is put back to it should the server know
-// better.
+// A server remembers the volume and the mute of earlier streams. Here the engine alone sets levels,
+// so every stream runs unmuted at 100 % on the server, and is reset to that if the server starts it
+// otherwise.
 
-/// Connects a stream to the card's sink; false when that cannot be asked for.
+/// Connects a stream to the card's sink, unmuted and at full volume; false when the request fails.
 bool ConnectAtFullVolume(pa_stream* stream, const PulseCard& card, const pa_buffer_attr& buffer,
                          pa_stream_flags_t flags);
 
-/// Looks at a playback stream that is ready. The operation is the caller's, and may be null.
+/// Checks a playback stream that is ready, and resets its volume and mute. The caller must
+/// `Release` the returned operation, which may be null.
 pa_operation* CheckPlaybackVolume(pa_context* server, pa_stream* stream, const PulseCard& card);
 
-/// The same for a stream that captures.
+/// The same for a capturing stream.
 pa_operation* CheckCaptureVolume(pa_context* server, pa_stream* stream);
 
-/// Lets an operation go on by itself; null is none.
+/// Drops the reference to an operation, which then finishes by itself. Does nothing for null.
 void Release(pa_operation* operation);
 
 }  // namespace marlex

@@ -9,7 +9,7 @@
 namespace marlex {
 namespace {
 
-constexpr int kSpare = 1024;  // frames that the converter may give beyond the ratio of the rates
+constexpr int kSpare = 1024;  // frames that the converter may return beyond the ratio of the rates
 
 }  // namespace
 
@@ -29,8 +29,8 @@ int RateConverter::Read(float* stereo, int frames) {
   return int(count / kChannels);
 }
 
-/// Makes the next frames ready from one block of the source, or, at its end, what the converter
-/// still holds back.
+/// Makes the next frames ready, from one block of the source or, at its end, from what the
+/// converter still holds back.
 void RateConverter::Convert(const float* stereo, int frames) {
   Ready.clear();
   ReadyTaken = 0;
@@ -39,7 +39,7 @@ void RateConverter::Convert(const float* stereo, int frames) {
   Push(SourceOver ? nullptr : stereo, frames);
 }
 
-/// Starts a converter for the new rate, behind the last frames of the former one.
+/// Drains the previous converter and starts one for the new rate.
 void RateConverter::SetSourceRate(int rate) {
   Push(nullptr, 0);
   soxr_delete(Handle);
@@ -50,7 +50,8 @@ void RateConverter::SetSourceRate(int rate) {
   Handle = soxr_create(rate, kSampleRate, kChannels, nullptr, nullptr, &quality, nullptr);
 }
 
-/// Adds `frames` source frames to what is ready; null ends the present converter's input.
+/// Converts `frames` source frames and appends the result to `Ready`; null drains the current
+/// converter.
 void RateConverter::Push(const float* stereo, int frames) {
   if (!Handle) {
     if (stereo) Ready.insert(Ready.end(), stereo, stereo + std::size_t(frames) * kChannels);

@@ -8,8 +8,8 @@ struct soxr;
 
 namespace marlex {
 
-/// A decoder whose frames come at the engine's rate. A file that changes its rate in mid course is
-/// followed.
+/// A decoder whose frames come at the engine's rate, whatever the rate of its source. The source
+/// may change its rate in mid-file.
 class RateConverter : public Decoder {
  public:
   explicit RateConverter(std::unique_ptr<Decoder> source) : Source(std::move(source)) {}
@@ -31,7 +31,7 @@ class RateConverter : public Decoder {
   bool SourceOver = false;
   soxr* Handle = nullptr;      // null while the source has the engine's rate
   std::vector<float> Ready;    // converted samples
-  std::size_t ReadyTaken = 0;  // of which these are given away
+  std::size_t ReadyTaken = 0;  // samples of `Ready` that were already delivered
 };
 
 }  // namespace marlex

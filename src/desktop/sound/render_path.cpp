@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-/// Cuts what is louder than full, and what is no number.
+/// Clamps samples beyond full scale, and replaces those that are not a number.
 void Clip(float* samples, int count) {
   for (int i = 0; i < count; ++i) {
     const float top = samples[i] < 1.0f ? samples[i] : 1.0f;
@@ -46,7 +46,7 @@ bool RenderPath::RenderNew(float* stereo, int frames) {
     Silent = std::min(Silent + frames, kKept);
     return false;
   }
-  if (!sounded) {  // behind silence there is nothing that a level could jump in
+  if (!sounded) {  // after silence there is nothing that could click
     Wave.Jump();
     Master.Jump();
     Steady = Silent = 0;
@@ -82,8 +82,8 @@ void RenderPath::ApplyLines(float* stereo, int frames) {
   const int moving = Wave.Apply(stereo, frames, peak);
   const int moved = std::max(moving, Master.Apply(stereo, frames, peak));
   Steady = moved > 0 ? frames - moved : std::min(Steady + frames, kKept);
-  // Only what is louder than full needs a look at every sample; so does what is no number, which
-  // compares as false.
+  // Only a block beyond full scale needs a look at every sample. So does one with a NaN, which
+  // fails every comparison.
   if (!(peak.Left <= 1 && peak.Right <= 1)) Clip(stereo, frames * kChannels);
 }
 

@@ -7,20 +7,20 @@
 
 namespace marlex {
 
-/// The way of the sound on the rendering thread: streams, wave line, master line. It keeps what it
-/// has mixed for a moment, before its levels, so that an output that has buffered it can have it
-/// anew when a level changes: a mute is then heard at once and not behind the buffer.
+/// The path of the sound on the rendering thread: streams, wave line, master line. It keeps the
+/// latest mix, as it was before the levels, so that an output can replace what it has buffered when
+/// a level changes: a mute is then heard at once, not after the buffer has played out.
 class RenderPath {
  public:
-  /// All outlive the path.
+  /// All arguments must outlive the path.
   RenderPath(StreamMixer& mixer, SoundLine& wave, SoundLine& master);
 
-  /// Fills `stereo`; false when it is silence because nothing plays.
+  /// Fills `stereo`; false when nothing plays and it holds silence.
   bool Render(float* stereo, int frames);
 
-  /// Takes back the last frames, from `least` to `most`, and returns their number: the next ones to
-  /// be rendered are the same with the present levels. Frames from before the end of a ramp stay as
-  /// they are; 0 when there are not enough.
+  /// Takes back the most recent frames, from `least` to `most` of them, and returns how many: the
+  /// next frames rendered are the same ones at the current levels. Never goes back into a ramp; 0
+  /// when fewer than `least` frames are available.
   int Rewind(int least, int most);
 
  private:
@@ -34,11 +34,11 @@ class RenderPath {
   StreamMixer& Mixer;
   GainRamp Wave;
   GainRamp Master;
-  bool Sounds = false;  // in the newest block
-  int Steady = 0;       // frames since the levels were last in motion, or the sound began
-  int Silent = 0;       // frames since nothing plays
-  int Again = 0;        // frames at the end of what is kept that were taken back
-  unsigned Kept = 0;    // frames ever kept; the newest is before this place
+  bool Sounds = false;  // something sounded in the newest block
+  int Steady = 0;       // frames since the last ramp ended or the sound began
+  int Silent = 0;       // frames since nothing plays any more
+  int Again = 0;        // frames taken back, at the end of the kept mix
+  unsigned Kept = 0;    // frames kept in total; the newest is just before this index
   std::array<float, std::size_t(kKept)* kChannels> Mix = {};
 };
 

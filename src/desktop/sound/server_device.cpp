@@ -7,7 +7,7 @@ namespace marlex {
 
 namespace {
 
-/// The card that was found, which the thread that opens it and the one of the mixer share.
+/// The card that was found, shared by the thread that opens it and the mixer's thread.
 class FoundCard {
  public:
   explicit FoundCard(const PulseCard& card) : Card(card) {}
@@ -26,8 +26,8 @@ class FoundCard {
   PulseCard Card;
 };
 
-/// A server without a card pretends one until the first real card comes, which is then the one to
-/// stay with.
+/// A server without a card pretends to have one until the first real card comes; from then on the
+/// engine stays with that card.
 std::unique_ptr<SoundOutput> OpenAgain(FoundCard& found, const MicrophoneLines& lines) {
   auto server = PulseConnection::Connect();
   if (!server) return nullptr;

@@ -10,7 +10,7 @@
 
 namespace marlex {
 
-/// The lines that a microphone passes.
+/// The lines that the microphone's sound passes.
 struct MicrophoneLines {
   SoundLine& Microphone;
   SoundLine& Master;
@@ -21,15 +21,15 @@ struct SoundDevice {
   std::string CardName;  // for the operator, in UTF-8
   bool HasMicrophone = false;
   std::unique_ptr<SoundOutput> Output;  // open; null when there is none
-  std::function<std::unique_ptr<SoundOutput>()>
-      Reopen;                            // the same card and no other; null while it is gone
-  std::function<CardAddress()> Address;  // for any thread
+  // The same card and no other; null while it is gone.
+  std::function<std::unique_ptr<SoundOutput>()> Reopen;
+  std::function<CardAddress()> Address;  // may be called on any thread
 };
 
-/// The default card of the session's sound server.
+/// Finds the default card of the session's sound server.
 SoundDevice FindServerDevice(const MicrophoneLines& lines);
 
-/// The ALSA device of that name.
+/// Finds the ALSA device of that name.
 SoundDevice FindCardDevice(const std::string& name, const MicrophoneLines& lines);
 
 }  // namespace marlex

@@ -15,7 +15,7 @@
 namespace marlex {
 namespace {
 
-constexpr std::int64_t kFarewellUs = 1000000;  // that the destructor waits for decoding threads
+constexpr std::int64_t kFarewellUs = 1000000;  // the destructor waits for decoding threads
 constexpr std::int64_t kUsPerSecond = 1000000;
 
 }  // namespace
@@ -50,7 +50,7 @@ class SoundEngine::Body : public OutputSource {
   SoundLine Microphone{true};
   const std::shared_ptr<StreamFamily> Family;
   StreamMixer Mixer;
-  std::map<std::uint64_t, std::function<void()>> Listeners;  // of the streams that play, by number
+  std::map<std::uint64_t, std::function<void()>> Listeners;  // of the playing streams, by number
   bool HasOutput = false;
   bool HasMicrophone = false;
   std::string CardName;
@@ -65,7 +65,7 @@ class SoundEngine::Body : public OutputSource {
 
   RenderPath Path;
   std::weak_ptr<Body> Self;
-  std::int64_t HeardAllUs = 0;  // from now to the end of the block that is rendered
+  std::int64_t HeardAllUs = 0;  // from now to the end of the block being rendered
 };
 
 SoundDevice SoundEngine::Body::FindDevice(const SoundOptions& options) {
@@ -90,7 +90,7 @@ void SoundEngine::Body::Open(const SoundOptions& options, const std::shared_ptr<
   for (SoundLine* line : {&Master, &Wave, &Microphone}) line->OnChange = [this] { Wake(); };
 }
 
-/// Everything that renders or reports ends here; a thread that hangs in a drive is left behind.
+/// Ends everything that renders or reports; a thread that is stuck in a drive is left to itself.
 void SoundEngine::Body::Close() {
   for (SoundLine* line : {&Master, &Wave, &Microphone}) line->OnChange = nullptr;
   if (Keeper) Keeper->Stop();
@@ -108,8 +108,8 @@ bool SoundEngine::Body::RenderBlock(float* stereo, int frames, std::int64_t dela
   return Path.Render(stereo, frames);
 }
 
-/// On the rendering thread. The stream's last frame is heard that much before the block's end as
-/// the block is empty behind it.
+/// Called on the rendering thread. The stream's last frame is heard before the end of the block, by
+/// as much as the stream left the block empty.
 bool SoundEngine::Body::TellEnd(const SoundStream& stream) {
   if (!Reports) {  // offline: this is the system's thread
     PostEnd(stream.Id());
@@ -126,7 +126,8 @@ void SoundEngine::Body::PostEnd(std::uint64_t stream) {
   });
 }
 
-/// An event of the loop. A stream that was released in the meantime has no listener any more.
+/// Runs as an event of the loop. A stream that was released in the meantime has no listener any
+/// more.
 void SoundEngine::Body::Ended(std::uint64_t stream) {
   const auto found = Listeners.find(stream);
   if (found == Listeners.end()) return;

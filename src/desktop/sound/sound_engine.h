@@ -11,19 +11,19 @@
 
 namespace marlex {
 
-/// How an engine gets its clock. The default takes the sound server, else the sound card, else a
-/// timer.
+/// Where an engine gets its clock from. By default it tries the sound server, then the sound card,
+/// then falls back to a timer.
 struct SoundOptions {
   bool Offline = false;                // no device, no clock: the owner calls `SoundEngine::Render`
-  bool UseServer = true;               // PulseAudio or PipeWire, by its PulseAudio interface
-  bool UseCard = true;                 // ALSA, where no server runs
+  bool UseServer = true;               // PulseAudio, or PipeWire through its PulseAudio interface
+  bool UseCard = true;                 // ALSA, when no server runs
   std::string CardDevice = "default";  // name of the ALSA device
 };
 
-/// Owns the sound device: mixes what the players decode, sets the levels and meters. Constructor,
-/// lines and players are on the system's thread. Only one device is ever used: the one that was
-/// found at start. When it goes away, time goes on by a timer and the device is tried again once a
-/// second.
+/// Owns the sound device: mixes what the players decode, and applies levels and meters. Use the
+/// constructor, the lines and the players from the system's thread only. The engine uses one device
+/// ever, the one found at start; while that is gone, a timer keeps time, and the engine tries to
+/// reopen it once a second.
 class SoundEngine {
  public:
   explicit SoundEngine(EventLoop& loop, const SoundOptions& options = {});
@@ -31,32 +31,32 @@ class SoundEngine {
   SoundEngine(const SoundEngine&) = delete;
   SoundEngine& operator=(const SoundEngine&) = delete;
 
-  /// All that is heard, the microphone included.
+  /// Everything that is heard, including the microphone.
   SoundLine& Master();
   /// Songs and messages.
   SoundLine& Wave();
-  /// The microphone, muted at start. While it is muted, the device is not captured from.
+  /// The microphone, muted at start. Nothing is captured while it is muted.
   SoundLine& Microphone();
 
-  /// A sound server or card was found at start. Does not change afterwards.
+  /// Whether a sound server or card was found at start. Does not change afterwards.
   bool HasOutput() const;
-  /// A microphone was found at start. Does not change afterwards.
+  /// Whether a microphone was found at start. Does not change afterwards.
   bool HasMicrophone() const;
-  /// Name of the card for the operator, in UTF-8; empty without an output.
+  /// Name of the card for the operator, in UTF-8; empty without a device.
   std::string CardName() const;
 
-  /// Tells where the mixer of the card is found; null without an output. It may be called on any
-  /// thread, also after the engine. Its answer changes once at most: when a server that had no card
-  /// has got its first one.
+  /// Returns a function that says where to find the mixer of the card; null without a device. The
+  /// function may be called on any thread, even after the engine is gone. Its answer changes at
+  /// most once: when a server that had no card gets its first one.
   std::function<CardAddress()> Address() const;
 
-  /// The device is there now and takes samples; false while time goes by the timer.
+  /// The device is there and takes samples; false while a timer keeps time.
   bool OutputAlive() const;
 
-  /// Mixes the next `frames` frames (at most 4096) into `stereo` (left, right, left, ...),
-  /// amplitude 1.0 is full. For the owner of an offline engine, whose time passes with it: it waits
-  /// for the decoders. Any other engine is rendered by its output, which never waits, locks or
-  /// allocates.
+  /// Mixes the next `frames` frames (at most 4096) into `stereo` (left, right, left, ...), where an
+  /// amplitude of 1.0 is full scale. Only for the owner of an offline engine, whose time advances
+  /// with this call: it waits for the decoders. Any other engine is rendered by its output, which
+  /// never waits, locks or allocates.
   void Render(float* stereo, int frames);
 
   // For the players.
@@ -64,11 +64,11 @@ class SoundEngine {
   /// Opens a file; null when it cannot be played.
   std::shared_ptr<SoundStream> Load(const std::string& path, OpenDecoder open, EndReport report);
 
-  /// Lets a stream sound, from its beginning or where it was paused. `onEnded` is called once, by
-  /// an event of the loop, when it ends by itself; never after `Release`.
+  /// Plays a stream from its beginning, or from where it was paused. `onEnded` is called once, as
+  /// an event of the loop, when the stream ends by itself; never after `Release`.
   void Play(const std::shared_ptr<SoundStream>& stream, std::function<void()> onEnded);
 
-  /// Ends a stream, whether it plays or not.
+  /// Ends a stream, whether it is playing or not.
   void Release(const std::shared_ptr<SoundStream>& stream);
 
  private:

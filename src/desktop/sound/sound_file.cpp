@@ -13,7 +13,7 @@
 namespace marlex {
 namespace {
 
-constexpr std::size_t kPiece = 64 * 1024;  // bytes of one system call
+constexpr std::size_t kPiece = 64 * 1024;  // bytes per system call
 
 }  // namespace
 

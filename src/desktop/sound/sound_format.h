@@ -2,9 +2,9 @@
 
 namespace marlex {
 
-/// The engine mixes at the rate of nearly all music, so that songs pass through it untouched; what
-/// the card wants is the sound server's or the card driver's business.
-inline constexpr int kSampleRate = 44100;  // frames a second
+/// The engine mixes at the rate of nearly all music, so that songs pass through it unconverted. If
+/// the card wants another rate, the sound server or the card's driver converts.
+inline constexpr int kSampleRate = 44100;  // frames per second
 inline constexpr int kChannels = 2;        // a frame is a left and a right sample
 
 /// Whole frames in `milliseconds` of sound.

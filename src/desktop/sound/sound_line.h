@@ -16,37 +16,36 @@ struct StereoLevel {
   bool operator==(const StereoLevel&) const = default;
 };
 
-/// One line of the engine: level, balance (as two levels), mute and peak meter. All calls are on
-/// the system's thread and return at once; what they set is heard from the next samples on, ramped
-/// over a few milliseconds so that nothing clicks. The amplitude of a channel is its level divided
-/// by 65535: half the level is 6 dB less.
+/// One line of the engine: level, balance (as two levels), mute and peak meter. Call from the
+/// system's thread; all calls return at once. Changes take effect with the next samples, ramped
+/// over a few milliseconds so that nothing clicks. The amplitude factor of a channel is its level
+/// divided by 65535: half the level is 6 dB less.
 class SoundLine {
  public:
   explicit SoundLine(bool muted = false) : Mute(muted) {}
   SoundLine(const SoundLine&) = delete;
   SoundLine& operator=(const SoundLine&) = delete;
 
-  /// Sets both channels; values outside 0 to 65535 are cut to that range.
+  /// Sets both channels; values outside 0 to 65535 are clamped.
   void SetLevel(int left, int right);
   StereoLevel Level() const;
 
   void SetMute(bool muted);
   bool Muted() const { return Mute.load(std::memory_order_acquire); }
 
-  /// Loudest sample that has left the line, behind its level and mute, since the last call: 0 to
-  /// 32767.
+  /// Peak of what has left the line, after its level and mute, since the last call: 0 to 32767.
   int Peak();
 
-  /// Called on the system's thread after a change; the engine opens and closes the microphone with
-  /// it.
+  /// Called on the system's thread after each change; the engine uses it to open and close the
+  /// microphone.
   std::function<void()> OnChange;
 
-  // For the thread that renders; nothing here locks.
+  // For the rendering thread; nothing below locks.
 
-  /// Amplitude to ramp to: 0 when muted.
+  /// Amplitude to ramp to, from 0 to 1; 0 when muted.
   float TargetGain(int channel) const;
 
-  /// Reports the loudest amplitude of a block to the meter.
+  /// Reports the peak amplitude of a block to the meter.
   void Meter(float amplitude);
 
  private:

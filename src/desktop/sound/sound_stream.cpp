@@ -15,15 +15,15 @@ using namespace std::chrono_literals;
 
 constexpr int kRingFrames = 65536;        // 1.5 seconds decoded ahead
 constexpr int kDecodeBlock = 4096;        // frames decoded in one go
-constexpr auto kOpenLimit = 250ms;        // that the system's thread waits for a file
-constexpr int kMostThreads = 16;          // more of them hang in drives: nothing new is opened
+constexpr auto kOpenLimit = 250ms;        // for which the system's thread waits for a file
+constexpr int kMostThreads = 16;          // more are stuck in drives: open nothing new
 constexpr auto kShortestNap = 50ms;       // of a decoder whose ring nobody empties
-constexpr int kFadeFrames = FramesIn(5);  // of a pause, a resumption and a stop
-constexpr int kStarvingLimit =
-    10 * kSampleRate;  // frames without a sample after which a file is given up
+constexpr int kFadeFrames = FramesIn(5);  // for a pause, a resumption and a stop
+// Frames without a sample after which a file is given up.
+constexpr int kStarvingLimit = 10 * kSampleRate;
 
-constexpr int kLanes =
-    8;  // samples side by side, which the compiler turns into vector instructions
+// Samples side by side, which the compiler turns into vector instructions.
+constexpr int kLanes = 8;
 
 void Add(float* stereo, const float* source, int frames, float gain) {
   const int count = frames * kChannels;
@@ -51,7 +51,7 @@ std::shared_ptr<SoundStream> SoundStream::Open(const std::string& path, OpenDeco
       stream.reset();
       --family->Threads;
     }).detach();
-  } catch (const std::system_error&) {  // the machine has no thread left
+  } catch (const std::system_error&) {  // the machine is out of threads
     --family->Threads;
     return nullptr;
   }
@@ -73,7 +73,7 @@ void SoundStream::Want(Wanted wanted) {
   Changed.notify_all();
 }
 
-/// The first frames are there before the file counts as open, so that it sounds as soon as it is
+/// Decodes the first frames before the file counts as open, so that it sounds as soon as it is
 /// played.
 void SoundStream::Run(const std::string& path, OpenDecoder open) {
   std::unique_ptr<Decoder> decoder = open(path);
@@ -94,7 +94,7 @@ void SoundStream::Settle(Opening outcome, double seconds) {
   Changed.notify_all();
 }
 
-/// Decodes the next block into the ring, which has room for it; false at the end of the file.
+/// Decodes the next block into the ring, which must have room for it; false at the end of the file.
 bool SoundStream::DecodeBlock(Decoder& decoder) {
   std::array<float, std::size_t(kDecodeBlock) * kChannels> block;
   const int frames = decoder.Read(block.data(), kDecodeBlock);
@@ -102,9 +102,9 @@ bool SoundStream::DecodeBlock(Decoder& decoder) {
   return frames > 0;
 }
 
-/// Once the ring is full, sleeps until half of it is played, so that decoding wakes the processor
-/// about once a second; a stream that does not play is not looked after at all. False when the
-/// stream was stopped.
+/// Once the ring is full, sleeps until half of it has been played, so that decoding wakes the
+/// processor about once a second. For a paused stream it sleeps until that is played or stopped.
+/// False when the stream was stopped.
 bool SoundStream::WaitForRoom() {
   if (Stopped() || Ring.Free() >= kDecodeBlock) return !Stopped();
   std::unique_lock lock(Guard);
@@ -163,7 +163,7 @@ int SoundStream::MixFrames(float* stereo, int frames, bool play) {
   return mixed;
 }
 
-/// Whether the decoder has owed frames for so long that the file counts as over.
+/// Whether the decoder has delivered nothing for so long that the file counts as over.
 bool SoundStream::Starves(int missing) {
   Starving = missing > 0 ? Starving + missing : 0;
   return Starving >= kStarvingLimit;

@@ -9,10 +9,10 @@ namespace marlex {
 
 inline constexpr std::int64_t kForeverUs = std::numeric_limits<std::int64_t>::max();
 
-/// Microseconds of a clock that nobody sets.
+/// Microseconds on the monotonic clock, which nobody can set.
 std::int64_t SteadyUs();
 
-/// Waits until the semaphore is posted, true, or the steady clock shows `dueUs`, false.
+/// Waits until the semaphore is posted (true), or until the steady clock reaches `dueUs` (false).
 bool WaitUntil(sem_t& semaphore, std::int64_t dueUs);
 
 }  // namespace marlex

@@ -32,8 +32,8 @@ void StreamMixer::StopAll() {
   }
 }
 
-/// A free place, or that of a stream that fades out while nothing is rendered. There are many more
-/// places than players, so that one of both exists.
+/// A free place; failing that, the place of a stream that should be fading out while nothing is
+/// rendered. There are many more places than players, so one of the two exists.
 StreamMixer::Place& StreamMixer::FreePlace() {
   const auto free = std::find_if(Places.begin(), Places.end(), [](Place& p) { return !p.Owner; });
   if (free != Places.end()) return *free;
@@ -44,8 +44,8 @@ StreamMixer::Place& StreamMixer::FreePlace() {
   return place;
 }
 
-/// Takes the stream out of its place. A block that is being mixed right now may still use it, so it
-/// is kept until that block is over.
+/// Takes the stream out of its place. A block that is being mixed at this moment may still use the
+/// stream, so it is kept until that block is finished.
 void StreamMixer::Empty(Place& place) {
   place.Sounding = nullptr;
   Discards.push_back({std::move(place.Owner), Rounds.load()});

@@ -11,38 +11,38 @@
 
 namespace marlex {
 
-/// The streams that sound, summed. Streams are added and removed on the system's thread and mixed
-/// on the rendering one, and neither waits for the other.
+/// Sums the streams that sound. Streams are added and removed on the system's thread and mixed on
+/// the rendering thread; neither waits for the other.
 class StreamMixer {
  public:
-  /// Called on the rendering thread, once for each stream that ends by itself; it must not lock.
-  /// False puts it off to the next block.
+  /// Called on the rendering thread, once for each stream that ends by itself; must not lock.
+  /// Returning false postpones the call to the next block.
   using Ended = bool (*)(void* context, const SoundStream& stream);
   StreamMixer(Ended onEnded, void* context) : OnEnded(onEnded), Context(context) {}
 
   // For the system's thread.
 
-  /// Lets a stream sound from now on.
+  /// Mixes in a stream from now on.
   void Add(const std::shared_ptr<SoundStream>& stream);
 
-  /// Stops a stream: it fades out within milliseconds, if it sounds. One that was never added just
-  /// ends.
+  /// Stops a stream; if it sounds, it fades out within milliseconds. Also valid for a stream that
+  /// was never added.
   void Remove(const std::shared_ptr<SoundStream>& stream);
 
   /// Waits until the next `frames` frames of all streams are decoded. For a clock that does not run
   /// in real time.
   void AwaitDecoding(int frames);
 
-  /// Ends the decoding of all streams; for the end of an engine that is no longer rendered.
+  /// Ends the decoding of all streams. For the end of an engine that is no longer rendered.
   void StopAll();
 
-  // For the thread that renders.
+  // For the rendering thread.
 
-  /// Adds the next frames of all streams. False when none of them sounds, and `stereo` is as it
-  /// was.
+  /// Adds the next frames of all streams to `stereo`. False when no stream sounds; `stereo` is then
+  /// unchanged.
   bool MixInto(float* stereo, int frames);
 
-  /// Whether the last block held a stream whose end is told when it was heard.
+  /// Whether the last block held a stream whose end is reported when it has been heard.
   bool HeardMatters() const { return Matters; }
 
  private:
@@ -50,15 +50,15 @@ class StreamMixer {
 
   struct Place {
     std::atomic<SoundStream*> Sounding{nullptr};
-    std::atomic<std::uint64_t> Over{
-        0};  // number of the stream that has ended and was told, or is gone
-    std::shared_ptr<SoundStream> Owner;  // of the system's thread
-    bool Leaving = false;                // likewise: removed, may still fade out
+    // Number of the stream that is gone, or has ended and was reported.
+    std::atomic<std::uint64_t> Over{0};
+    std::shared_ptr<SoundStream> Owner;  // used by the system's thread only
+    bool Leaving = false;                // likewise: removed, but may still be fading out
   };
 
   struct Discarded {
     std::shared_ptr<SoundStream> Stream;
-    std::uint64_t Round;  // number of rounds when its place was emptied
+    std::uint64_t Round;  // value of `Rounds` when its place was emptied
   };
 
   Place& FreePlace();
@@ -70,8 +70,8 @@ class StreamMixer {
   void* const Context;
   std::array<Place, kPlaces> Places;
   std::vector<Discarded> Discards;
-  bool Matters = false;                  // of the rendering thread
-  std::atomic<std::uint64_t> Rounds{0};  // odd while a block is mixed
+  bool Matters = false;                  // used by the rendering thread only
+  std::atomic<std::uint64_t> Rounds{0};  // odd while a block is being mixed
 };
 
 }  // namespace marlex

@@ -2,9 +2,8 @@
 
 namespace marlex {
 
-/// Asks that the calling thread, which feeds a sound device, goes before those that may wait: in
-/// real time where the machine allows it, else with a better share of the processor, else nothing
-/// changes.
+/// Raises the priority of the calling thread, which feeds a sound device: real-time scheduling
+/// where the machine permits it, else a lower nice value, else no change.
 void PreferThisThread();
 
 }  // namespace marlex

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kBlockMs = 20;
 constexpr std::int64_t kBlockUs = kBlockMs * 1000;
-constexpr std::int64_t kLateUs = 500000;  // a machine that slept this long does not make up for it
+constexpr std::int64_t kLateUs = 500000;  // a longer gap, after the machine slept, is not made up
 
 }  // namespace
 
@@ -44,7 +44,7 @@ void TimerOutput::Run(OutputSource& source) {
   }
 }
 
-/// A `Wake` that came since the last block was taken has posted already, so that none is missed.
+/// A `Wake` since the last block was taken has posted the semaphore already, so none is missed.
 void TimerOutput::Sleep(OutputSource& source) {
   Sleeping = true;
   source.OutputChanged();

@@ -8,8 +8,8 @@
 
 namespace marlex {
 
-/// Time without a device: takes the samples in real time and drops them, so that songs and messages
-/// end.
+/// Keeps time without a device: takes samples in real time and discards them, so that songs and
+/// messages still end.
 class TimerOutput : public SoundOutput {
  public:
   TimerOutput();

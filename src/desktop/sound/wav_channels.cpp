@@ -39,7 +39,7 @@ ChannelShare ShareOf(int place) {
   }
 }
 
-/// The places of a file that does not say them.
+/// Positions of the channels in a file that does not name them.
 std::vector<int> UsualPlaces(int channels) {
   std::vector<int> places = {SF_CHANNEL_MAP_LEFT, SF_CHANNEL_MAP_RIGHT};
   if (channels != 4) places.push_back(SF_CHANNEL_MAP_CENTER);

@@ -13,10 +13,10 @@
 namespace marlex {
 namespace {
 
-constexpr int kLowestRate = 1000;  // frames a second; beyond these no card and no converter goes
+constexpr int kLowestRate = 1000;  // frames per second; no card or converter goes beyond these
 constexpr int kHighestRate = 768000;
 constexpr int kMostChannels = 64;
-constexpr float kLoudest = 16;  // amplitude, 24 dB over full: more is no sound but a damaged file
+constexpr float kLoudest = 16;  // amplitude, 24 dB over full scale; more is damage, not sound
 
 class WavDecoder : public Decoder {
  public:
@@ -63,7 +63,7 @@ bool WavDecoder::Open(const std::string& path) {
   return true;
 }
 
-/// A number of a floating-point file as a sample: damaged ones are silence.
+/// A sample of a floating-point file, with damaged values made silent.
 float Clean(float sample) {
   return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0;
 }

@@ -7,12 +7,12 @@
 namespace marlex {
 namespace {
 
-constexpr std::int64_t kFirstChunk = 12;  // behind "RIFF", the size and "WAVE"
+constexpr std::int64_t kFirstChunk = 12;  // past "RIFF", the size and "WAVE"
 constexpr std::int64_t kChunkHeader = 8;  // name and size
 constexpr std::size_t kName = 4;
-constexpr int kMostChunks = 1000;  // that are looked at
+constexpr int kMostChunks = 1000;  // the most that are scanned
 
-/// A chunk begins at an even place.
+/// Chunks begin at even offsets.
 std::int64_t Even(std::int64_t offset) { return offset + offset % 2; }
 
 }  // namespace
@@ -55,7 +55,7 @@ std::int64_t WavFile::FindData() {
   return -1;
 }
 
-/// Whether nothing but whole chunks stands from `at` to the end of the file.
+/// Whether there is nothing but whole chunks from `at` to the end of the file.
 bool WavFile::IsChunks(std::int64_t at) {
   char name[kName];
   for (int count = 0; count < kMostChunks && at < Size(); ++count) {
@@ -69,7 +69,7 @@ bool WavFile::IsChunks(std::int64_t at) {
   return at >= Size();
 }
 
-/// Lets the size at `offset` read as that of all that follows it.
+/// Makes the size at `offset` read as the size of all that follows it.
 void WavFile::SetDataSize(std::int64_t offset) {
   const std::int64_t most = std::numeric_limits<std::uint32_t>::max() - 1;
   const std::int64_t size = std::min(Size() - offset - std::int64_t(kSizeBytes), most);

@@ -6,17 +6,17 @@
 
 namespace marlex {
 
-/// The bytes of a WAV file as a reader of such files expects them. A recorder writes the size of
-/// its sound last: where that never happened, the size reads as what is there, and not as 0.
+/// The bytes of a WAV file as a parser expects them. A recorder writes the size of its sound last;
+/// where that never happened, the size reads as what is there instead of 0.
 class WavFile {
  public:
-  /// False for what is no readable regular file that begins as a WAV, so that no other reader of a
-  /// library ever sees it. The reading position is then the beginning.
+  /// False for anything but a readable regular file that starts as a WAV, so that no other parser
+  /// of the sound library ever sees it. Leaves the reading position at the beginning.
   bool Open(const std::string& path);
 
   std::int64_t Size() const { return File.Size(); }
 
-  /// As those of `SoundFile`.
+  /// Like those of `SoundFile`.
   ssize_t Read(void* buffer, std::size_t bytes);
   off_t Seek(off_t offset, int whence) { return File.Seek(offset, whence); }
 
@@ -31,7 +31,7 @@ class WavFile {
 
   SoundFile File;
   bool BigEndian = false;
-  std::int64_t DataSizeAt = -1;  // place of the size that is replaced; -1 for none
+  std::int64_t DataSizeAt = -1;  // offset of the size to replace; -1 for none
   std::array<char, kSizeBytes> DataSize = {};
 };
 
