@@ -4,7 +4,7 @@
 
 namespace marlex {
 
-/// The dark field behind the product's name: sound that spreads from the right.
+/// The dark background of the product's name: sound waves that spread from the right.
 class Backdrop : public QFrame {
  public:
   using QFrame::QFrame;

@@ -5,7 +5,7 @@
 
 namespace marlex {
 
-/// The narrowest part, in the middle, in which the text takes no more lines than in the whole.
+/// The narrowest centred area in which the text takes no more lines than at full width.
 QRect BalancedLabel::TextArea() const {
   const QRect room = contentsRect();
   const auto needed = [this](int width) {

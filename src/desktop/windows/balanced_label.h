@@ -4,7 +4,7 @@
 
 namespace marlex {
 
-/// A text that wraps into lines of about one length, so that none ends on a lone word.
+/// A text that wraps into lines of similar length, so that no line is left with a single word.
 class BalancedLabel : public QLabel {
  public:
   using QLabel::QLabel;

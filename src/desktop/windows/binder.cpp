@@ -80,7 +80,7 @@ void Binder::CloseForm() {
   });
 }
 
-/// The window never closes by itself: what its closing means is the form's to say.
+/// The window never closes by itself: the form decides what closing means.
 bool Binder::eventFilter(QObject* object, QEvent* event) {
   if (object != &Window) return false;
   if (event->type() == QEvent::Close) {
@@ -90,7 +90,7 @@ bool Binder::eventFilter(QObject* object, QEvent* event) {
   }
   const bool isEscape =
       event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
-  // A dialog's own answer to Escape would hide the window behind the form's back.
+  // Qt's own handling of Escape would hide the dialog without the form's knowledge.
   if (!isEscape) return false;
   if (auto* cancel = Window.findChild<QPushButton*>("cmdCancel")) cancel->click();
   if (EscapeCloses) CloseForm();

@@ -11,25 +11,26 @@
 
 namespace marlex {
 
-/// Connects a form to its window: each control to the widget of the same object name, the form's
-/// caption and visibility to the window itself. However often a control changes within one event of
-/// the system, it is painted once, after it. The window must outlive the binder, and the form both.
+/// Connects a form to its window: each control to the widget of the same object name, and the
+/// form's caption and visibility to the window itself. However often a control changes within one
+/// event of the system, it is painted once, after that event. The window and the form must outlive
+/// the binder, and the form must outlive the window.
 class Binder : public QObject {
  public:
   Binder(Form& form, QWidget& window, EventLoop& loop);
   ~Binder() override;
 
-  /// Paints everything again: the colours have changed.
+  /// Repaints everything; call when the colours have changed.
   void PaintAnew();
 
-  /// Called before the window comes up, to give it its place.
+  /// Called before the window is shown, to set its position and size.
   std::function<void(QWidget&)> OnShow;
 
-  /// Called whenever something of the window has been painted.
+  /// Called after each pass in which controls may have been painted.
   std::function<void()> OnPaint;
 
-  /// Escape closes the window, as where closing it does nothing else. Where it has a key to cancel,
-  /// Escape is that key; elsewhere it does nothing.
+  /// Whether Escape closes the window; set it where closing has no other effect. In a window with a
+  /// cancel button, Escape presses that button as well; in any other it does nothing.
   bool EscapeCloses = false;
 
  protected:
@@ -54,7 +55,7 @@ class Binder : public QObject {
   std::vector<std::unique_ptr<Bound>> Controls;
   bool WindowDirty = true;
   bool PaintQueued = false;
-  unsigned BroughtToFront = 0;  // the form's ShowCount when the window was last raised
+  unsigned BroughtToFront = 0;  // the form's `ShowCount` when the window was last raised
 };
 
 }  // namespace marlex

@@ -24,8 +24,8 @@ void WidgetBinding::Paint() {
   PaintHeight();
 }
 
-/// The toolkit would hand the keyboard of a key that switches itself off to the one beside it,
-/// which the next press of the space bar would then work.
+/// When a focused button is disabled, Qt would move the focus to its neighbour, and the next press
+/// of the space bar would press that one.
 void WidgetBinding::PaintEnabled() {
   if (!Source.Enabled && Widget.window()->focusWidget() == &Widget) LeaveFocus();
   Widget.setEnabled(Source.Enabled);
@@ -37,8 +37,8 @@ void WidgetBinding::LeaveFocus() {
   next ? next->setFocus() : Widget.clearFocus();
 }
 
-/// The two palette colours leave the look to the style sheet. Another ground is a signal: it shows
-/// by its heavier text and line also to those who see no colours.
+/// The two palette colours leave the look to the style sheet. Any other background is a signal:
+/// bold text and a thick border make it visible to the colour-blind, too.
 void WidgetBinding::PaintColors() {
   const Scheme scheme = ShownScheme();
   const bool isSame = Source.BackColor == PaintedBack && Source.ForeColor == PaintedText;

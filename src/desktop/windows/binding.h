@@ -11,7 +11,7 @@
 
 namespace marlex {
 
-/// One control and what shows it.
+/// Connects one control to the widget or action that shows it.
 class Binding {
  public:
   Binding() = default;
@@ -19,28 +19,29 @@ class Binding {
   Binding(const Binding&) = delete;
   Binding& operator=(const Binding&) = delete;
 
-  /// Called at once at each change of the control, for what would be lost until it is painted.
+  /// Called immediately at each change of the control, for what would be lost by the time it is
+  /// painted.
   virtual void Note() {}
 
-  /// Shows the control as it is now. Painting never looks to the system like the operator's hand.
+  /// Shows the control's current state. The system never mistakes painting for operator input.
   virtual void Paint() = 0;
 };
 
-/// Binds `control` to the widget or action of its object name below `window`; null for a control
-/// that is never seen, as a list that the design hides. A control that can be seen and has no
-/// widget of its kind there is a RuntimeFailure.
+/// Binds `control` to the widget or action of its object name in `window`. Null for a control that
+/// is never seen, such as a list that the design hides. Throws `RuntimeFailure` for a control that
+/// can be seen but has no widget of its kind in the window.
 std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand);
 
-/// Binds a control to a widget: what all widgets show alike. A widget with the property "keepsRoom"
-/// keeps its room while it is hidden, so that nothing moves when it comes and goes. A key that is
-/// switched off under the keyboard leaves it to the widget that its property "leavesFocusTo" names,
-/// else to none.
+/// Binds a control to a widget: the part that all kinds of widgets share. A widget with the
+/// property `keepsRoom` keeps its space in the layout while it is hidden, so that nothing moves
+/// when it comes and goes. A widget that is disabled while it has the keyboard focus passes the
+/// focus to the widget named by its property `leavesFocusTo`, or to none.
 class WidgetBinding : public Binding {
  public:
   WidgetBinding(VisualControl& control, QWidget& widget);
 
-  /// Shows visibility, state, tool tip and colours. A widget whose layout fixes its height keeps
-  /// that height's relation to the control's, but never becomes lower than its content.
+  /// Shows visibility, enabled state, tool tip and colours. A widget whose layout fixes its height
+  /// is scaled with the control's height, but never below its minimum size.
   void Paint() override;
 
  private:
@@ -58,7 +59,8 @@ class WidgetBinding : public Binding {
   int DesignHeightPixels;
 };
 
-/// Throws away what a widget's signal reports while it is painted by code.
+/// Marks that code is painting a widget, so that the signals this causes are not taken for operator
+/// input.
 class PaintGuard {
  public:
   explicit PaintGuard(bool& painting) : Painting(painting) { Painting = true; }
@@ -72,7 +74,7 @@ class PaintGuard {
 
 MouseButton MouseButtonOf(Qt::MouseButton button);
 
-/// Whether it is the enter key, of the letters or of the digits.
+/// Whether the key is Enter, on the main keyboard or the number pad.
 bool IsEnter(const QKeyEvent& event);
 
 }  // namespace marlex

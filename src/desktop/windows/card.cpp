@@ -14,11 +14,10 @@ constexpr int kTitleGap = 10;
 constexpr int kTileTitleGap = 2;
 constexpr int kPanelTitleGap = 6;
 
-/// A word longer than this may be broken anywhere, so that the name of a file makes no window
-/// wider.
+/// A longer word may be broken anywhere, so that a file name never widens a window.
 constexpr qsizetype kLongWord = 20;
 
-/// The title with places to break in its long words.
+/// The title with break opportunities in its long words.
 QString Breakable(const QString& title) {
   QStringList words = title.split(' ');
   for (QString& word : words) {
@@ -34,8 +33,8 @@ bool HasFace(const QWidget& card, const char* face) {
   return card.property("face").toString() == face;
 }
 
-/// Cells of a row that stretch alike are equally wide, whatever the texts in them need: this is the
-/// width of the whole row then. 0 for any other layout.
+/// Width of a row whose cells have equal stretch: they are all as wide as the widest needs to be. 0
+/// for any other layout.
 int EvenWidth(const QLayout* layout) {
   const auto* row = qobject_cast<const QHBoxLayout*>(layout);
   if (!row) return 0;
@@ -51,7 +50,8 @@ int EvenWidth(const QLayout* layout) {
 
 void Card::ShowTitle(const QString& shown) {
   if (shown == title()) return;
-  // A clock runs in a title: only its own lines are painted again, not all that the frame holds.
+  // A title may contain a running clock: repaint only the lines of the title, not the whole content
+  // of the frame.
   setAttribute(Qt::WA_UpdatesDisabled, true);
   const QRect before = TitleArea();
   setTitle(shown);
@@ -60,8 +60,9 @@ void Card::ShowTitle(const QString& shown) {
   MakeRoom();
 }
 
-/// At least as wide as the longest word of the title and as its even row of cells, and as high as
-/// wrapped lines need at the present width; a layout alone counts a line that wraps as one.
+/// At least as wide as the longest word of the title and the even row of cells, and as high as
+/// wrapped lines need to be at the current width; the layout alone would count a wrapping line as
+/// one.
 QSize Card::minimumSizeHint() const {
   const QMargins margins = contentsMargins();
   const int word =
@@ -87,7 +88,7 @@ void Card::resizeEvent(QResizeEvent* event) {
   if (event->oldSize().width() != width()) updateGeometry();
 }
 
-/// A title is taken for one line until a layout has given the frame its width.
+/// Until a layout has set the frame's width, the title is assumed to fit one line.
 QRect Card::TitleArea() const {
   if (title().isEmpty()) return {};
   const QRect room = contentsRect();

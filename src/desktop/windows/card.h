@@ -4,9 +4,9 @@
 
 namespace marlex {
 
-/// A frame that shows its title whole: a title too long for one line is wrapped, and the content
-/// moves down. A row of cells that stretch alike fills it evenly. Its face "tile" centres the
-/// title.
+/// A frame that always shows its whole title: a title too long for one line is wrapped, and the
+/// content moves down. A row of cells with equal stretch fills the frame evenly. The face "tile"
+/// centres the title.
 class Card : public QGroupBox {
  public:
   using QGroupBox::QGroupBox;

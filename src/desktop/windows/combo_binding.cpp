@@ -12,16 +12,16 @@ ComboBinding::ComboBinding(ListBox& list, QComboBox& widget, Hand& hand)
   widget.installEventFilter(this);
 }
 
-/// A wheel that is turned to scroll the window, with the pointer on the box by chance, must not
-/// choose another entry. What stands open has a wheel of its own.
+/// Scrolling the window with the wheel must not select another entry when the pointer happens to be
+/// over the box. The open drop-down list handles the wheel itself.
 bool ComboBinding::eventFilter(QObject*, QEvent* event) {
   if (event->type() != QEvent::Wheel) return false;
   event->ignore();
   return true;
 }
 
-/// Only the hand's own choice is a signal of the box, so that nothing here looks like one. A box
-/// that stands open keeps its place while its entries are the same.
+/// The box emits `activated` only for the operator's choice, so nothing done here is mistaken for
+/// one. An open drop-down list keeps its position as long as the entries stay the same.
 void ComboBinding::Paint() {
   WidgetBinding::Paint();
   QStringList shown;

@@ -7,7 +7,7 @@
 
 namespace marlex {
 
-/// A list as a box that opens; without a selection it is empty.
+/// Shows a list box as a drop-down box, which is empty while nothing is selected.
 class ComboBinding : public QObject, public WidgetBinding {
  public:
   ComboBinding(ListBox& list, QComboBox& widget, Hand& hand);

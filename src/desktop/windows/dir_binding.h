@@ -5,8 +5,9 @@
 
 namespace marlex {
 
-/// A tree of directories. The arrow to the right opens the selected one as a double-click does, the
-/// arrow to the left the one above the open one. The enter key stays the OK of the window.
+/// Shows a tree of directories. Right arrow opens the selected directory, as a double-click does;
+/// left arrow opens the parent of the open one. Enter is not handled, so that it presses the OK
+/// button of the window.
 class DirBinding : public ListBinding {
  public:
   DirBinding(DirListBox& tree, QListView& view, Hand& hand);

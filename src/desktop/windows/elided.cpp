@@ -10,8 +10,8 @@ namespace marlex {
 
 namespace {
 
-constexpr int kFewestLetters = 6;  // that a line always has room for
-constexpr int kUsualLetters = 12;  // that it asks room for
+constexpr int kFewestLetters = 6;  // minimum width of a line
+constexpr int kUsualLetters = 12;  // preferred width of a line
 
 int Letters(const QWidget& widget, int count) {
   return count * widget.fontMetrics().averageCharWidth();
@@ -53,7 +53,7 @@ QString ElidedKey::ShownLine() const {
   return fontMetrics().elidedText(text(), Qt::ElideRight, room, Qt::TextShowMnemonic);
 }
 
-/// A name of few letters asks as much room as one of many, so that keys side by side are alike.
+/// A short name asks for as much room as a long one, so that buttons side by side look alike.
 QSize ElidedKey::RoomFor(int letters) const {
   const int more =
       Letters(*this, letters) - fontMetrics().size(Qt::TextShowMnemonic, text()).width();

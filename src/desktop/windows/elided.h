@@ -5,13 +5,13 @@
 
 namespace marlex {
 
-/// A line with a name that the operator chose, as long as it may be: what the room does not hold is
-/// left out at the end, or in the middle of a path, and the whole name is the tool tip then.
+/// One line with a name that the operator chose, of any length. What does not fit is replaced by an
+/// ellipsis, at the end or, in a path, in the middle; the tool tip then shows the whole name.
 class ElidedLabel : public QLabel {
  public:
   using QLabel::QLabel;
 
-  /// The line as it is painted in the present room.
+  /// The line as it is painted at the current width.
   QString ShownLine() const;
   QSize minimumSizeHint() const override;
   QSize sizeHint() const override;
@@ -24,7 +24,7 @@ class ElidedLabel : public QLabel {
   QSize RoomFor(int letters) const;
 };
 
-/// A key with such a name.
+/// A button with such a name.
 class ElidedKey : public QPushButton {
  public:
   explicit ElidedKey(QWidget* parent = nullptr) : QPushButton(parent) {

@@ -4,8 +4,8 @@
 
 namespace marlex {
 
-/// Paints the entries of a list in the width of the list: a name that is too long is shortened, and
-/// is whole in its tool tip.
+/// Paints the entries of a list within the width of the list: a name that is too long is shortened,
+/// and its tool tip shows it whole.
 class EntryPainter : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

@@ -23,8 +23,8 @@ namespace {
 constexpr QSize kSize(840, 540);
 constexpr int kOlderNamesHeight = 120;
 
-/// "Text (*.ext)|*.ext" holds a description and its patterns, separated by ';'; Qt takes "Text
-/// (*.ext)".
+/// Converts "Text (*.ext)|*.ext", a description and its patterns separated by ';', to the form that
+/// Qt takes: "Text (*.ext)".
 QStringList NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split('|');
   QStringList filters;
@@ -43,14 +43,14 @@ QStringList PatternsOf(const std::string& filter) {
   return patterns;
 }
 
-/// The endings that the patterns of a filter ask for, as ".ext", and the default one.
+/// The endings in the patterns of the filter, as ".ext", and the default one.
 QStringList Endings(const FileDialog& dialog) {
   QStringList endings = {'.' + QString::fromStdString(dialog.DefaultExtension)};
   for (const QString& pattern : PatternsOf(dialog.Filter)) endings.append(pattern.mid(1));
   return endings;
 }
 
-/// The text of the field that stands for these names.
+/// The text of the name field for these names.
 QString Typed(const QStringList& names) {
   return names.size() == 1 ? names.front() : '"' + names.join("\" \"") + '"';
 }
@@ -60,12 +60,12 @@ QFileDialog::FileMode ModeOf(const FileDialog& dialog) {
   return dialog.AllowMultiselect ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
 }
 
-/// Leaves out names with a line end, which no settings file can hold.
+/// Leaves out names that contain a line break, which no settings file can hold.
 class OfferedNames : public QSortFilterProxyModel {
  public:
   using QSortFilterProxyModel::QSortFilterProxyModel;
 
-  /// The order of the model behind, which has directories first and sizes by number.
+  /// Sorts as the source model does: directories first, sizes by number.
   void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
 
  protected:
@@ -107,18 +107,18 @@ FileDialogBox::FileDialogBox(QWidget* parent, const FileDialog& dialog,
   ListOlderNames();
 }
 
-/// The list outlives what it reports to, and reports once more as it goes.
+/// The list is destroyed after this object, and would signal to it once more.
 FileDialogBox::~FileDialogBox() { OlderNames.disconnect(this); }
 
-/// The menus of a right click hold nothing but what has no place here; the list of places asks
-/// about one that has gone.
+/// Removes what would wait for an answer: the context menus, which offer nothing useful here, and
+/// the question that the list of places asks about a place that is gone.
 void FileDialogBox::LeaveOutWhatWaits() {
   for (QAbstractItemView* list : findChildren<QAbstractItemView*>())
     list->setContextMenuPolicy(Qt::PreventContextMenu);
   auto& places = Find<QComboBox>(*this, "lookInCombo");
   disconnect(&places, nullptr, this, nullptr);
   connect(&places, &QComboBox::textActivated, this, [this, &places] {
-    constexpr int kUrlRole = Qt::UserRole + 1;  // as the toolkit keeps it
+    constexpr int kUrlRole = Qt::UserRole + 1;  // the role that Qt uses
     GoTo(places.currentData(kUrlRole).toUrl().toLocalFile());
   });
 }
@@ -128,7 +128,8 @@ void FileDialogBox::GoTo(const QString& folder) {
   TellNotFound(folder);
 }
 
-/// The toolkit switches it off for a name that is not in its list as it is typed.
+/// Enables the Open or Save button for any name. Qt would disable it for a name that is not listed
+/// exactly as typed.
 void FileDialogBox::KeepItsKeyWorking() {
   auto& keys = Find<QDialogButtonBox>(*this, "buttonBox");
   QPushButton& key =
@@ -184,7 +185,7 @@ void FileDialogBox::accept() {
 
 QLineEdit& FileDialogBox::Name() const { return *findChild<QLineEdit*>("fileNameEdit"); }
 
-/// One name, in quotes or without, or several to open, each in quotes.
+/// One name, with or without quotes, or several to open, each in quotes.
 QStringList FileDialogBox::TypedNames() const {
   const QString text = Name().text();
   if (text.isEmpty()) return {};
@@ -214,8 +215,8 @@ QString FileDialogBox::PathOf(const QString& name) const {
   return QDir::cleanPath(directory().absoluteFilePath(path));
 }
 
-/// The path of what the program would find under this one, as the disk spells it; empty where that
-/// is nothing.
+/// The path, spelled as on the disk, of what the program would find under `path`; empty if there is
+/// nothing.
 QString FileDialogBox::OnDisk(const QString& path) const {
   if (QFileInfo::exists(path)) return path;
   const QString name = QString::fromStdString(Files.Search(path.toStdString()));
@@ -223,7 +224,7 @@ QString FileDialogBox::OnDisk(const QString& path) const {
   return QDir(OnDisk(QFileInfo(path).path())).filePath(name);
 }
 
-/// Goes to the folder of that name, where there is one.
+/// Changes to the folder of that name; false if there is none.
 bool FileDialogBox::Enter(const QString& name) {
   const QString folder = OnDisk(PathOf(name));
   if (!QFileInfo(folder).isDir()) return false;
@@ -250,7 +251,7 @@ void FileDialogBox::Open(const QStringList& names) {
   Choose(paths);
 }
 
-/// Path of the file of that name, which may have the default extension besides; empty without one.
+/// Path of the file of that name, with or without the default extension; empty if there is none.
 QString FileDialogBox::FileToOpen(const QString& name) const {
   QStringList names = {name};
   if (LacksExtension(name)) names.prepend(name + '.' + defaultSuffix());

@@ -14,24 +14,24 @@
 
 namespace marlex {
 
-/// The toolkit's file dialog with rules, questions and an answer of its own.
+/// Qt's file dialog with other rules for names, and with questions and results of its own.
 ///
-/// A name that is saved gets the default extension unless it ends in that or in one of the
-/// filter's: a point in a name makes no extension. Quotes around a name come off, before a save as
-/// before the opening of several. A name leads to the file that the program itself would find:
-/// without regard to case, and in the code page of older desks too. The dialog asks before it takes
-/// the name of such a file, and opens none that is not there.
+/// When saving, a name gets the default extension unless it ends in that extension or in one of the
+/// filter: a dot alone does not make an extension. Quotes around a name are removed, both when
+/// saving and when opening several files. A name leads to the file that the program itself would
+/// find: regardless of case, and also among names in the code page of older PCs. The dialog asks
+/// before it saves over such a file, and opens only files that exist.
 ///
-/// The toolkit lists no name that is not UTF-8: those stand in a list of their own below, where the
-/// folder has any. Its own questions, and its menus, wait inside a loop of their own and bar all
-/// windows: an announcement under one would stand still. Here nothing waits.
+/// Qt does not list names that are not UTF-8; the dialog shows them in a separate list below, in
+/// folders that contain any. Qt's own questions and menus run nested event loops and block all
+/// windows, so that an announcement would be held up. Nothing here waits.
 class FileDialogBox : public QFileDialog {
  public:
   FileDialogBox(QWidget* parent, const FileDialog& dialog, const FileDialogTexts& texts,
                 const Directories& files, const PointersDown& pointers);
   ~FileDialogBox() override;
 
-  QStringList Chosen;  // paths, once it is accepted
+  QStringList Chosen;  // paths, once the dialog is accepted
 
  protected:
   void accept() override;
@@ -62,7 +62,7 @@ class FileDialogBox : public QFileDialog {
   const Directories& Files;
   const PointersDown& Pointers;
   const QStringList Patterns;  // of the filter, as "*.ext"
-  const QStringList Known;     // endings, as ".ext"
+  const QStringList Known;     // accepted endings, as ".ext"
   QListWidget& OlderNames;
   QPointer<QMessageBox> Question;
 };

@@ -9,7 +9,7 @@ namespace marlex {
 
 namespace {
 
-constexpr int kPartOfPixel = 1;  // that is lost when the width of a text is rounded
+constexpr int kPartOfPixel = 1;  // lost when a text width is rounded
 
 template <class T>
 T& Part(QWidget& window, const char* name) {
@@ -18,7 +18,7 @@ T& Part(QWidget& window, const char* name) {
   return *part;
 }
 
-/// The name of the face that the style sheet gives to what is on the air.
+/// The style sheet's name for the look of what is on the air.
 const char* FaceOf(OnAir what) {
   switch (what) {
     case OnAir::Music:
@@ -60,7 +60,7 @@ void GlanceBand::Paint(const Glance& glance) {
 
 void GlanceBand::PaintOnAir(const Glance& glance) {
   OnAirName.setText(ShownText(glance.Name));
-  // The name of a sound may be shortened, a word of the system's own not.
+  // The name of a sound may be shortened, a word of the system may not.
   const bool isOwnWord = glance.What == OnAir::Amplifier || glance.What == OnAir::Call;
   OnAirName.ensurePolished();
   const int whole = OnAirName.fontMetrics().horizontalAdvance(OnAirName.text());

@@ -6,11 +6,11 @@
 
 namespace marlex {
 
-/// The band at the top of the main window, in letters for those who pass by: what has the
-/// loudspeakers, told by sign, ground and name, and beside it the message that comes next.
+/// The band at the top of the main window, in letters large enough for passers-by: what is on the
+/// loudspeakers, shown by sign, background and name, and beside it the next message.
 class GlanceBand {
  public:
-  /// `window` has the parts of the band among its widgets.
+  /// `window` must contain the widgets of the band.
   explicit GlanceBand(QWidget& window);
 
   void Paint(const Glance& glance);

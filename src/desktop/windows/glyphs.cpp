@@ -94,7 +94,7 @@ QPainterPath Loudspeaker() {
   return path;
 }
 
-/// A triangle that warns.
+/// A warning triangle.
 QPainterPath Warning() {
   QPainterPath path;
   path.setFillRule(Qt::OddEvenFill);
@@ -136,10 +136,10 @@ QPainterPath PathOf(const QString& name) {
   return Microphone();
 }
 
-/// Paints the picture at whatever size is asked for, in the colour of the key's state.
+/// Paints the picture at any size, in the colour of the button's state.
 class GlyphEngine : public QIconEngine {
  public:
-  /// Takes the name of the colour in which the key is at rest.
+  /// `atRest` names the colour of the button in its normal state.
   GlyphEngine(QPainterPath path, const char* atRest) : Path(std::move(path)), AtRest(atRest) {}
 
   void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {

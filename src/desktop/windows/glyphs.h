@@ -5,13 +5,13 @@
 
 namespace marlex {
 
-/// Puts the pictures on the keys of a window: each key whose property `glyph` is set in the layout
-/// gets the picture of that name ("play", "skip", "stop", "note", "microphone"), in white on keys
-/// of a strong colour.
+/// Puts pictures on the buttons of a window: each button whose property `glyph` is set in the
+/// layout gets the picture of that name ("play", "skip", "stop", "note", "microphone"), in white on
+/// buttons of a strong colour.
 void PutGlyphs(QWidget& window);
 
-/// A picture that stands for itself, in the colour of a text in its place: that of its property
-/// `glyph` ("music", "message", "call", "amplifier", "silence", "clock").
+/// A picture by itself, in the colour that a text in its place would have. Its property `glyph`
+/// names it ("music", "message", "call", "amplifier", "silence", "clock").
 class GlyphSign : public QLabel {
  public:
   using QLabel::QLabel;

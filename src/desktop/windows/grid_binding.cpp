@@ -20,9 +20,9 @@ constexpr int kCellMargin = 10;
 constexpr int kLineWidth = 1;  // between two columns
 constexpr int kMarkWidth = 16;
 constexpr int kMarkRole = Qt::UserRole;
-constexpr int kRowAir = 5;  // above and below the text of a row together, at least
-// Column widths are meant for digits of this many pixels, at 15 twips a pixel. Faces of one height
-// differ in width, and a time that is cut short tells nothing.
+constexpr int kRowAir = 5;  // least space above and below the text of a row, in total
+// Column widths are designed for digits of this many pixels, at 15 twips per pixel. Fonts of the
+// same height differ in width, and a time that is cut short is useless.
 constexpr double kDesignDigitWidth = 6;
 constexpr double kTwipsPerPixel = 15;
 
@@ -50,7 +50,7 @@ void GridModel::Refresh() {
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   const int row = index.row() + 1;
-  // The grid may have lost rows since the view was told of them.
+  // The grid may have lost rows since the view was last notified.
   if (row >= Cells.Rows()) return {};
   const int column = index.column();
   switch (role) {
@@ -62,7 +62,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return QBrush(TextColorOf(row, column));
     case kMarkRole:
       return MarkOf(row, column);
-    case Qt::AccessibleTextRole:  // the mark is painted, and a reader would not come to know of it
+    case Qt::AccessibleTextRole:  // screen readers cannot see the painted mark
       return (MarkOf(row, column) + " " + ShownText(Cells.TextMatrix(row, column))).trimmed();
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(AlignmentOf(Cells.ColAlignment(column)));
@@ -83,8 +83,8 @@ QColor GridModel::TextColorOf(int row, int column) const {
   return IsPlain(row, column) ? ThemeColorNow("text") : ShownColor(Cells.ForeColorAt(row, column));
 }
 
-/// What the colour of a row tells, as a sign at its beginning: that it plays or fired last, or is
-/// in conflict.
+/// A mark in the time column for what the colour of a row means: "!" for a conflict, an arrow for
+/// a row that is playing or fired last.
 QString GridModel::MarkOf(int row, int column) const {
   if (column != kTimeColumn || IsPlain(row, column)) return {};
   return Cells.BackColorAt(row, column) == kRed ? "!" : "\u25B8";
@@ -130,7 +130,7 @@ GridBinding::GridBinding(Grid& grid, QTableView& view, Hand& hand)
   view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   view.setWordWrap(false);
   view.setTabKeyNavigation(false);
-  view.setAutoScroll(false);  // the current cell may be anywhere, and the table stays where it is
+  view.setAutoScroll(false);  // the current cell may be anywhere; the table does not scroll to it
   SetUpHeaders();
   ForwardCells();
   ForwardScroll();
@@ -155,7 +155,7 @@ void GridBinding::ForwardCells() {
                      [this, row = cell.row() + 1, column = cell.column()] { Choose(row, column); });
   };
   connect(&View, &QTableView::pressed, this, choose);
-  // Told at once, while it can still be seen whether the table is being painted.
+  // A direct connection, since only now is it known whether the table is being painted.
   connect(
       View.selectionModel(), &QItemSelectionModel::currentChanged, this,
       [this, choose](const QModelIndex& cell) {
@@ -184,7 +184,7 @@ void GridBinding::ForwardScroll() {
   connect(View.verticalScrollBar(), &QScrollBar::valueChanged, this, tell, Qt::DirectConnection);
 }
 
-/// Makes a cell the current one; false when the table has lost it meanwhile.
+/// Makes a cell the current one; false if the table has lost it in the meantime.
 bool GridBinding::Choose(int row, int column) {
   if (row >= Cells.Rows()) return false;
   Cells.SetRow(row);
@@ -220,14 +220,14 @@ int GridBinding::HeadingWidth(int column) const {
   return View.horizontalHeader()->sectionSizeHint(column);
 }
 
-/// Names that are shorter than their column leave the rest to the messages.
+/// A name column wider than its names leaves the rest to the messages.
 int GridBinding::WantedWidth(int column) const {
   const int design = DesignWidth(column);
   return column == kNameColumn ? std::min(design, TextWidth(column)) : design;
 }
 
-/// Of the longest text below the heading. Rows of one sequence have one name, which is measured
-/// once.
+/// Width of the longest text below the heading. The rows of a sequence share one name, which is
+/// measured once.
 int GridBinding::TextWidth(int column) const {
   std::unordered_set<std::string_view> measured;
   int widest = 0;
@@ -250,13 +250,13 @@ void GridBinding::PaintRows() {
     const bool hidden = Cells.RowHeight(row + 1) == 0;
     if (View.isRowHidden(row) == hidden) continue;
     View.setRowHidden(row, hidden);
-    // The height of the others may have changed while the row was out.
+    // The common height may have changed while the row was hidden.
     if (!hidden) View.setRowHeight(row, View.verticalHeader()->defaultSectionSize());
   }
 }
 
-/// No row is cut through: as many as fit share the height, and the heading takes the few pixels
-/// left.
+/// Cuts no row off: as many rows as fit share the height, and the heading takes the few pixels that
+/// are left over.
 void GridBinding::ShareHeight() {
   QHeaderView& heading = *View.horizontalHeader();
   const int plain = heading.sizeHint().height();
@@ -272,7 +272,7 @@ void GridBinding::ShareHeight() {
   emit heading.geometriesChanged();
 }
 
-/// Brings the current cell and the first visible row where the grid has them.
+/// Restores the current cell and the first visible row of the grid.
 void GridBinding::PaintPlace() {
   const QModelIndex current = Model.index(Cells.Row() - 1, Cells.Col());
   if (current != View.currentIndex())
@@ -283,8 +283,8 @@ void GridBinding::PaintPlace() {
   View.verticalScrollBar()->setValue(rows.sectionPosition(top) / rows.defaultSectionSize());
 }
 
-/// The enter key is a double-click on the first cell of its row, in whichever column it stands:
-/// once however long it is held, since the current row may be another one then.
+/// Enter is a double-click on the first cell of the current row, from any column. It counts only
+/// once, however long it is held, since the current row may have changed by then.
 bool GridBinding::FilterKey(const QKeyEvent& event) {
   const QModelIndex current = View.currentIndex();
   if (!IsEnter(event) || !current.isValid()) return false;
@@ -295,8 +295,8 @@ bool GridBinding::FilterKey(const QKeyEvent& event) {
 bool GridBinding::eventFilter(QObject* object, QEvent* event) {
   if (object == &View)
     return event->type() == QEvent::KeyPress && FilterKey(static_cast<QKeyEvent&>(*event));
-  // A table that becomes higher, or is shown for the first time, can come nearer to the row it
-  // should begin with.
+  // A table that grows, or is shown for the first time, can scroll closer to the row that it should
+  // begin with.
   const bool isResized = event->type() == QEvent::Resize || event->type() == QEvent::Show;
   if (isResized && !Painting) {
     const PaintGuard guard(Painting);

@@ -9,13 +9,13 @@
 
 namespace marlex {
 
-/// The cells of a grid as a view reads them, straight from the control: row r of the view is row r
-/// + 1 of the grid, and the grid's row 0 is the heading.
+/// Gives a view the cells of a grid, straight from the control: row r of the view is row r + 1 of
+/// the grid, and row 0 of the grid is the heading.
 class GridModel : public QAbstractTableModel {
  public:
   explicit GridModel(const Grid& grid) : Cells(grid) {}
 
-  /// Tells the views what has changed since the last call.
+  /// Notifies the views of what has changed since the last call.
   void Refresh();
 
   int rowCount(const QModelIndex& parent = {}) const override {
@@ -37,8 +37,8 @@ class GridModel : public QAbstractTableModel {
   int KnownRows = 0;
 };
 
-/// Paints a cell in its own two colours and with its mark, whatever is selected. A text that is too
-/// long is shortened, and is whole in its tool tip.
+/// Paints a cell in its two colours and with its mark, regardless of any selection. A text that is
+/// too long is shortened, and its tool tip shows it whole.
 class CellPainter : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

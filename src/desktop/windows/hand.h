@@ -8,24 +8,25 @@
 
 namespace marlex {
 
-/// Carries what the operator's hand does to the system, each as an event of the loop. So no
-/// widget's own code stands on the stack while the system answers, and an answer that waits for
-/// minutes leaves every widget free, the same key included.
+/// Passes the operator's actions to the system, each as an event of the loop. So no widget code is
+/// on the stack while the system responds, and a response that waits for minutes leaves every
+/// widget usable, including the button that caused it.
 class Hand {
  public:
   explicit Hand(EventLoop& loop) : Loop(loop) {}
 
-  /// Queues `event`. It is dropped when the control can no longer be worked by then: disabled,
-  /// hidden, or its window closed. Either way the control is painted again, since its widget may
-  /// show what the hand did and not what holds.
+  /// Queues `event`. It is dropped if by then the control can no longer be used: disabled, hidden,
+  /// or its window closed. Either way the control is repainted, since its widget may show what the
+  /// operator did instead of what is true.
   void Forward(VisualControl& control, std::function<void()> event);
 
-  /// Queues an event that nothing may refuse: the release of a key, the close of a window.
+  /// Queues an event that is never dropped, such as the release of a button or the closing of a
+  /// window.
   void ForwardAlways(std::function<void()> event);
 
  private:
   EventLoop& Loop;
-  const Lifeline Life;  // events may outlive the view
+  const Lifeline Life;  // queued events may outlive this object; then they are dropped
 };
 
 }  // namespace marlex

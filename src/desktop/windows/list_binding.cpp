@@ -19,8 +19,8 @@ constexpr std::size_t kMostSelections = 16;
 
 void ListModel::Refresh() {
   const int rows = List.ListCount();
-  // Rows come and go at the end, so that the view keeps its place; what they show is read anew in
-  // any case.
+  // Rows are added and removed at the end, so that the view keeps its position; what they show is
+  // read again in any case.
   if (rows > KnownRows) {
     beginInsertRows({}, KnownRows, rows - 1);
     KnownRows = rows;
@@ -34,7 +34,7 @@ void ListModel::Refresh() {
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
-  // The control may have lost entries since the view was told of them.
+  // The control may have lost entries since the view was last notified.
   if (role != Qt::DisplayRole || index.row() >= List.ListCount()) return {};
   return QString::fromStdString(List.ShownText(index.row()));
 }
@@ -48,7 +48,7 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
       Watch(*view.viewport()),
       Finger(view),
       KnownEntries(list.ListCount()) {
-  view.ensurePolished();  // a height measured before would be kept for all entries
+  view.ensurePolished();  // otherwise the view would keep an entry height measured too early
   view.setModel(&Model);
   view.setItemDelegate(&Painter);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -57,8 +57,8 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
   view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view.installEventFilter(this);
   view.viewport()->installEventFilter(this);
-  view.viewport()->installEventFilter(
-      &Watch);  // goes before the filter above, which lets nothing through
+  // Filters before the one installed above, which lets no pointer event through.
+  view.viewport()->installEventFilter(&Watch);
   Watch.OnPress = [this](const QMouseEvent& event) { Press(event); };
   Watch.OnLift = [this] { Lift(); };
   Watch.OnRelease = [this](Qt::MouseButton) { Release(); };
@@ -66,12 +66,12 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
   connect(&HoldTimer, &QTimer::timeout, this, [this] { TakeHold(); });
   OutsideTimer.setInterval(kOutsideStepMs);
   connect(&OutsideTimer, &QTimer::timeout, this, [this] { FollowPointer(); });
-  // A list that only gets the focus makes an entry current; it selects none.
+  // A list that merely gets the focus makes an entry current, but selects none.
   connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this](const QItemSelection& selected) {
             if (Painting) return;
             if (selected.isEmpty()) {
-              if (List.Watcher) List.Watcher();  // what the system has selected stays to be seen
+              if (List.Watcher) List.Watcher();  // keep showing what the system selected
             } else if (List.ClickActs) {
               LedFrom = List.ListIndex();
             } else {
@@ -88,7 +88,7 @@ void ListBinding::Note() {
   Selections.push_back(selected);
 }
 
-/// An entry that is removed takes the selection with it; the arrows go on from its place.
+/// An entry that is removed takes the selection with it; the arrow keys continue from its place.
 void ListBinding::NoteRemoval() {
   const int entries = List.ListCount();
   if (entries == 0) {
@@ -108,11 +108,11 @@ void ListBinding::Paint() {
   ScrollAsSelected();
 }
 
-/// A list scrolls to each entry that is selected, even for an instant: the system selects one
-/// further down first when it wants the coming entries in view.
+/// Scrolls to each entry that was selected, even briefly: the system first selects an entry further
+/// down when it wants the next ones in view.
 void ListBinding::ScrollAsSelected() {
   const std::vector<int> selections = std::exchange(Selections, {});
-  // The system knows nothing of an entry to which the arrows have led until it is clicked.
+  // The system does not know an entry that the arrow keys reached until it is clicked.
   if (LedFrom == List.ListIndex()) {
     if (!List.ClickActs) View.selectionModel()->clearSelection();
     return;
@@ -139,8 +139,9 @@ bool ListBinding::eventFilter(QObject* object, QEvent* event) {
   return event->type() == QEvent::KeyPress && FilterKey(static_cast<QKeyEvent&>(*event));
 }
 
-/// Where a click acts, the arrows only lead to an entry, and the enter key or the space bar clicks
-/// it; where a double-click acts, the enter key is one. Each once, however long the key is held.
+/// Where a click acts, the arrow keys only move to an entry, and Enter or the space bar clicks it.
+/// Where a double-click acts, Enter is a double-click. Each acts once, however long the key is
+/// held.
 bool ListBinding::FilterKey(const QKeyEvent& event) {
   const int row = View.currentIndex().row();
   if (ContinuesSearch(event)) return true;
@@ -159,7 +160,7 @@ bool ListBinding::FilterKey(const QKeyEvent& event) {
   return true;
 }
 
-/// A blank within the time that the view gives to the letters of a search is one of them.
+/// A blank that follows within the time limit of the view's keyboard search is part of the search.
 bool ListBinding::ContinuesSearch(const QKeyEvent& event) {
   const bool isLetter = !event.text().isEmpty() && event.text().front().isPrint() &&
                         !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
@@ -173,7 +174,7 @@ bool ListBinding::ContinuesSearch(const QKeyEvent& event) {
   return isBlank;
 }
 
-/// The view's own handling of the pointer is left out: what is selected is the system's to say.
+/// Blocks the view's own handling of the pointer: the system decides what is selected.
 bool ListBinding::FilterPointer(QEvent& event) {
   switch (event.type()) {
     case QEvent::MouseMove:
@@ -191,7 +192,7 @@ bool ListBinding::FilterPointer(QEvent& event) {
 }
 
 void ListBinding::Press(const QMouseEvent& event) {
-  // Two quick clicks are a double-click only where a click alone does nothing yet.
+  // Two quick clicks are a double-click only where a single click does nothing yet.
   const bool isDouble = event.type() == QEvent::MouseButtonDblClick && !List.ClickActs;
   if (Swipe::IsOfFinger(event)) {
     TapIsDouble = isDouble;
@@ -212,7 +213,7 @@ void ListBinding::PressAt(QPoint position, MouseButton button) {
   ForwardPress(row, button);
 }
 
-/// The finger has rested: from now on it is a mouse whose key is down.
+/// The finger has rested: from now on it acts like a mouse with its button down.
 void ListBinding::TakeHold() {
   if (!Finger.IsTap()) return;
   Finger.End();
@@ -233,7 +234,7 @@ void ListBinding::ForwardPress(int row, MouseButton button) {
   });
 }
 
-/// A click on the selected entry is a click as any other.
+/// Selects an entry as a click does. Clicking the selected entry is still a click.
 void ListBinding::Select(int row) {
   if (!Has(row)) return;
   LedFrom.reset();

@@ -16,12 +16,12 @@
 
 namespace marlex {
 
-/// The entries of a list box as a view reads them, straight from the control.
+/// Gives a view the entries of a list box, straight from the control.
 class ListModel : public QAbstractListModel {
  public:
   explicit ListModel(const ListBox& list) : List(list) {}
 
-  /// Tells the views what has changed since the last call.
+  /// Notifies the views of what has changed since the last call.
   void Refresh();
 
   int rowCount(const QModelIndex& parent = {}) const override {
@@ -34,10 +34,11 @@ class ListModel : public QAbstractListModel {
   int KnownRows = 0;
 };
 
-/// A list box. The selection follows a mouse while its left key is held, one entry after the other
-/// however fast the pointer moves, since the system moves the dragged entry one place at each step.
-/// A finger that moves scrolls, and clicks as it is lifted where it did not; one that rests on an
-/// entry takes hold of it, and then drags as the mouse does, except where a click acts.
+/// Shows a list box. While the left mouse button is held, the selection follows the mouse one entry
+/// at a time, however fast the pointer moves, since the system moves the dragged entry by one place
+/// at each step. A finger that moves scrolls the list; one that is lifted without moving clicks;
+/// one that rests on an entry grabs it and then drags like the mouse, except in lists where a click
+/// acts.
 class ListBinding : public QObject, public WidgetBinding {
  public:
   ListBinding(ListBox& list, QListView& view, Hand& hand);
@@ -77,17 +78,18 @@ class ListBinding : public QObject, public WidgetBinding {
   EntryPainter Painter;
   PressWatch Watch;
   Swipe Finger;
-  QTimer HoldTimer;  // runs out when a finger has rested long enough to take hold
+  QTimer HoldTimer;  // expires when a finger has rested long enough to grab
   QElapsedTimer LastSearchKey;
-  bool TapIsDouble = false;  // the finger came down a second time
-  QTimer OutsideTimer;       // goes on scrolling while the pointer is held above or below the list
-  QPoint Pointer;            // its last place in the view
-  bool Dragging = false;     // the left key went down on an entry and is held
-  bool DownForwarded = false;  // the system has been told of a press and not of its release
+  bool TapIsDouble = false;    // the finger touched down a second time
+  QTimer OutsideTimer;         // keeps scrolling while the pointer is held above or below the list
+  QPoint Pointer;              // its last position in the view
+  bool Dragging = false;       // the left button was pressed on an entry and is held
+  bool DownForwarded = false;  // the system got a press, but not yet its release
   bool Painting = false;
   int KnownEntries;
-  std::vector<int> Selections;  // since the last painting, in order
-  std::optional<int> LedFrom;  // the selection from which the arrows have led on without the system
+  std::vector<int> Selections;  // since the list was last painted, in order
+  /// The selection from which the arrow keys have moved on, unknown to the system.
+  std::optional<int> LedFrom;
 };
 
 }  // namespace marlex

@@ -20,7 +20,7 @@ struct Bar {
   qreal Bottom;
 };
 
-// Their tops fall and rise again, which makes the letter; the outer two are its stems.
+// The tops fall and rise again, which forms the letter; the two outer bars are its stems.
 constexpr std::array<Bar, 5> kBars{{{22, 78}, {36, 64}, {50, 78}, {36, 64}, {22, 78}}};
 
 }  // namespace

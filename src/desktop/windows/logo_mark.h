@@ -5,8 +5,8 @@
 
 namespace marlex {
 
-/// The product's mark, painted as vectors: five bars of a level meter that stand as an M on a
-/// rounded field.
+/// The product's mark, painted as vectors: five bars of a level meter that form an M on a rounded
+/// field.
 class LogoMark : public QWidget {
  public:
   explicit LogoMark(QWidget* parent = nullptr) : QWidget(parent) {}
@@ -14,7 +14,7 @@ class LogoMark : public QWidget {
   /// Paints the mark into a square of `size` pixels at the origin.
   static void Paint(QPainter& painter, qreal size);
 
-  /// The mark as the icon of a window.
+  /// The mark as a window icon.
   static QIcon Icon();
 
  protected:

@@ -16,7 +16,7 @@ bool PointersDown::Any() const {
   return QGuiApplication::mouseButtons() != Qt::NoButton || Stands(Clicked) || Stands(Touched);
 }
 
-/// Each event comes to the window before its widgets; the end of a touch may come to any object.
+/// Every event reaches the window before its widgets; the end of a touch may go to any object.
 bool PointersDown::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::TouchCancel) Touched = nullptr;
   if (!object->isWindowType()) return false;
@@ -34,7 +34,7 @@ bool PointersDown::eventFilter(QObject* object, QEvent* event) {
     case QEvent::MouseMove:
       FollowMouse(window, static_cast<const QMouseEvent&>(*event));
       break;
-    case QEvent::WindowBlocked:  // it hears of no release from now on
+    case QEvent::WindowBlocked:  // a blocked window is not told of the release
       Forget(window);
       break;
     default:
@@ -44,7 +44,7 @@ bool PointersDown::eventFilter(QObject* object, QEvent* event) {
 }
 
 void PointersDown::FollowMouse(QWindow& window, const QMouseEvent& event) {
-  if (event.source() != Qt::MouseEventNotSynthesized) return;  // a finger's
+  if (event.source() != Qt::MouseEventNotSynthesized) return;  // made from a touch
   Clicked = event.buttons() == Qt::NoButton ? nullptr : &window;
 }
 

@@ -7,9 +7,9 @@
 
 namespace marlex {
 
-/// Knows whether a key of the mouse or a finger is down in a window of the program. The toolkit
-/// keeps one state for all pointers: a mouse that moves makes it forget a finger, and a finger that
-/// lifts makes it forget a key.
+/// Tracks whether a mouse button or a finger is down in any window of the program. Qt keeps one
+/// state for all pointers: a moving mouse makes it forget a finger, and a lifted finger makes it
+/// forget a mouse button.
 class PointersDown : public QObject {
  public:
   PointersDown();
@@ -23,7 +23,7 @@ class PointersDown : public QObject {
   void FollowMouse(QWindow& window, const QMouseEvent& event);
   void Forget(const QObject& window);
 
-  // The window in which each is down, where it is: what a window does not outlive is over.
+  // The window in which each is down, null for none. A press ends with its window.
   QPointer<QWindow> Clicked;
   QPointer<QWindow> Touched;
 };

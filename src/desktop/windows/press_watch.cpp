@@ -49,8 +49,8 @@ bool PressWatch::Everywhere::eventFilter(QObject* object, QEvent* event) {
   return false;
 }
 
-/// A touch is cancelled at its window, at the widgets that took it or at the program as a whole,
-/// and the widget itself may hear nothing of it.
+/// A touch may be cancelled at its window, at a widget that accepted it, or for the whole program,
+/// without this widget receiving any event.
 void PressWatch::FilterOther(QEvent& event) {
   switch (event.type()) {
     case QEvent::TouchCancel:
@@ -92,11 +92,11 @@ void PressWatch::ReleaseAllBut(Qt::MouseButtons stillHeld) {
   }
 }
 
-/// An event of the pointer tells which keys are really down: the release of the others went
-/// somewhere else. A mouse knows nothing of a finger that presses, nor the finger of the mouse.
+/// A pointer event says which buttons are really down: the release of the others went elsewhere. A
+/// mouse knows nothing of a finger that is down, nor a finger of the mouse.
 void PressWatch::ReleaseWhatIsUp(const QMouseEvent& event) {
   if (event.source() != Presser) return;
-  // The window hears of a release before its widget does.
+  // The window receives a release before its widget does.
   if (event.type() == QEvent::MouseButtonRelease) Lift(event.button());
   ReleaseAllBut(event.buttons());
 }

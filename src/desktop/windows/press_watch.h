@@ -7,27 +7,28 @@
 
 namespace marlex {
 
-/// Watches the mouse keys on a widget and reports exactly one release for each press, however the
-/// press ends: on the widget, outside it, or lost because the widget or its window is hidden, the
-/// window is blocked by a box or left, or the touch is cancelled. A widget that loses the keyboard
-/// or is disabled keeps its press until the key is let go: a call goes on while its zones are
-/// chosen for the next one. A finger counts as the left key. A press that would never end could
-/// leave a microphone open.
+/// Watches the mouse buttons on a widget and reports exactly one release for each press, however
+/// the press ends: on the widget, outside it, or lost because the widget or its window is hidden,
+/// because the window is blocked by a box or deactivated, or because the touch is cancelled. A
+/// widget that loses the keyboard focus or is disabled keeps its press until the button is
+/// released: a call goes on while its zones are chosen for the next one. A finger counts as the
+/// left button. A press that never ended could leave a microphone open.
 class PressWatch : public QObject {
  public:
   explicit PressWatch(QWidget& widget);
 
-  std::function<void(const QMouseEvent&)> OnPress;  // the second press of a double-click too
+  std::function<void(const QMouseEvent&)> OnPress;  // also for the second press of a double-click
   std::function<void(Qt::MouseButton)> OnRelease;
 
-  /// Comes before `OnRelease` where the key was let go and the press was not lost.
+  /// Called before `OnRelease` if the button was really released, not if the press was lost.
   std::function<void()> OnLift;
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
-  /// Sees the events of all objects while a key is held: what ends the press may come to any.
+  /// Sees the events of all objects while a button is held: the one that ends the press may go to
+  /// any of them.
   class Everywhere : public QObject {
    public:
     explicit Everywhere(PressWatch& watch) : Watch(watch) {}
@@ -49,7 +50,7 @@ class PressWatch : public QObject {
 
   QWidget& Widget;
   Qt::MouseButtons Held;
-  Qt::MouseEventSource Presser = Qt::MouseEventNotSynthesized;  // a mouse, or a finger
+  Qt::MouseEventSource Presser = Qt::MouseEventNotSynthesized;  // a mouse or a finger
   Everywhere Others{*this};
 };
 

@@ -22,8 +22,8 @@ QWidget* AnyWindow(const std::function<bool(const QWidget&)>& isIt) {
   return nullptr;
 }
 
-/// The window that a box belongs to: the one in front, else any that can be seen. A box that is
-/// deleted when it is answered does not count: its own boxes would go with it.
+/// The window that a dialog belongs to: the one in front, or else any visible one. Skips boxes that
+/// delete themselves when answered, since they would delete their own dialogs.
 QWidget* FrontWindow() {
   QWidget* window = QApplication::activeWindow();
   if (!window) window = QApplication::activeModalWidget();
@@ -40,8 +40,8 @@ bool IsOwnerOf(const QWidget& window, const QWidget* box) {
   return box != nullptr;
 }
 
-/// The same for a box that comes by itself: it could not be answered on a window that its own file
-/// dialog blocks, or a question of that.
+/// The same for a box that appears by itself. It could not be answered on a window that is blocked
+/// by its file dialog or by a question of that dialog.
 QWidget* FrontWindowOfNotices() {
   QWidget* window = FrontWindow();
   const QWidget* modal = QApplication::activeModalWidget();
@@ -70,8 +70,8 @@ QMessageBox* MakeNotice(const std::string& body, BoxIcon icon, const std::string
 
 }  // namespace
 
-/// The toolkit's file dialog keeps its looks in a file of its own among the operator's settings,
-/// and the program leaves no file there: under this path none can be made.
+/// Qt's file dialog stores its state in a file among the operator's settings, where the program
+/// must leave no file; under this path none can be created.
 QtDialogs::QtDialogs(EventLoop& loop, const Directories& files) : Loop(loop), Files(files) {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }

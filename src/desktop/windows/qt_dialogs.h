@@ -10,9 +10,9 @@
 
 namespace marlex {
 
-/// Message boxes and file dialogs of Qt, over the window that is in front. What is left standing
-/// blocks the editor or dialog that it belongs to, and never the main window. While a key of
-/// the mouse or a finger is down nothing comes up. Names are looked up in `files`.
+/// Message boxes and file dialogs of Qt, on top of the front window. A dialog that stays open
+/// blocks the editor or dialog that it belongs to, never the main window. Nothing that stays open
+/// appears while a mouse button or a finger is down. Names are looked up in `files`.
 class QtDialogs : public Dialogs {
  public:
   QtDialogs(EventLoop& loop, const Directories& files);

@@ -29,13 +29,13 @@ bool IsWordless(const QWidget& widget) {
          qobject_cast<const QAbstractSlider*>(&widget);
 }
 
-/// The words that a key shows.
+/// The text that a button shows.
 QString WordsOf(const QWidget& widget) {
   auto* key = qobject_cast<const QAbstractButton*>(&widget);
   return key ? key->text().replace("&&", "&") : QString();
 }
 
-/// Grid that a widget stands in, below `layout`.
+/// The grid below `layout` that contains the widget.
 QGridLayout* GridOf(QLayout* layout, QWidget& widget) {
   for (int item = 0; layout && item < layout->count(); ++item) {
     if (layout->itemAt(item)->widget() == &widget) return qobject_cast<QGridLayout*>(layout);
@@ -44,7 +44,7 @@ QGridLayout* GridOf(QLayout* layout, QWidget& widget) {
   return nullptr;
 }
 
-/// Words of a label, or of a box that is ticked, which stand for what is beside or below them.
+/// Text of a label, or of a check box, that describes what is beside or below it.
 QString HeadingAt(const QGridLayout& grid, int row, int column) {
   QLayoutItem* item = grid.itemAtPosition(row, column);
   QWidget* widget = item ? item->widget() : nullptr;
@@ -52,7 +52,7 @@ QString HeadingAt(const QGridLayout& grid, int row, int column) {
   return qobject_cast<QCheckBox*>(widget) ? WordsOf(*widget) : QString();
 }
 
-/// The label that leads to the widget.
+/// Text of the label whose buddy is the widget.
 QString NameByLabel(const QWidget& widget, const QWidget& window) {
   for (const QLabel* label : window.findChildren<QLabel*>()) {
     if (label->buddy() == &widget) return label->text();
@@ -60,7 +60,7 @@ QString NameByLabel(const QWidget& widget, const QWidget& window) {
   return {};
 }
 
-/// Heading at the beginning of the widget's row and the one over its column.
+/// The heading at the start of the widget's row, then the one above its column.
 QString NameInGrid(QWidget& widget) {
   QGridLayout* grid = GridOf(widget.parentWidget()->layout(), widget);
   if (!grid) return {};
@@ -78,7 +78,8 @@ QString Placed(const QString& name, qsizetype place, qsizetype count) {
   return name + " " + QString::number(place) + "/" + QString::number(count);
 }
 
-/// A box of a weekday, by its place under the line of the week. Two days may have one letter.
+/// Name of a weekday box, by its position below the weekday header. Two days may have the same
+/// letter.
 QString NameOfDay(const QWidget& widget) {
   if (widget.property("face").toString() != "day") return {};
   const int day = widget.objectName().section('_', -1).toInt();
@@ -89,7 +90,7 @@ QString NameOfDay(const QWidget& widget) {
   return {};
 }
 
-/// A title in which a clock runs would be a new name each second.
+/// Removes a running clock, which would make a title a new name each second.
 QString WithoutClock(QString title) {
   static const QRegularExpression clock("^\\d+:\\d\\d:\\d\\d\\s*");
   return title.remove(clock);
@@ -111,7 +112,7 @@ QString NameOf(QWidget& widget, const QWidget& window) {
   return {};
 }
 
-/// What takes the keyboard in a window, by what tells it.
+/// The focusable widgets of a window, by the text that identifies them.
 using Named = std::map<QString, std::vector<QWidget*>>;
 
 Named ByWords(const QWidget& window) {
@@ -124,7 +125,8 @@ Named ByWords(const QWidget& window) {
   return found;
 }
 
-/// A key whose words no other shows is told by them alone; all else by what stands around it.
+/// A button whose text no other shares is identified by that alone; everything else also by what
+/// surrounds it.
 Named ByName(const QWidget& window) {
   Named found;
   for (const auto& [words, widgets] : ByWords(window)) {
@@ -137,7 +139,7 @@ Named ByName(const QWidget& window) {
   return found;
 }
 
-/// A reader tells a box that opens by its entry, and what it is about by its description.
+/// A screen reader announces a combo box by its entry; the description says what it is for.
 void Tell(QWidget& widget, const QString& name) {
   if (name.isEmpty() || name == widget.accessibleName()) return;
   widget.setAccessibleName(name);

@@ -6,11 +6,12 @@ namespace marlex {
 
 namespace {
 
-constexpr int kMoreRoom = 16;  // of what the style sheet leaves at the right of every item
+constexpr int kMoreRoom = 16;  // taken from the right margin that the style sheet gives each item
 
 }  // namespace
 
-/// The style begins a shortcut as far from the right as it is told that the longest one needs.
+/// The style places the shortcuts by the width reserved for the longest one; reserving less moves
+/// them to the right.
 void ShortcutMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
   QMenu::initStyleOption(option, action);
   if (option->reservedShortcutWidth > 0) option->reservedShortcutWidth -= kMoreRoom;

@@ -4,7 +4,7 @@
 
 namespace marlex {
 
-/// A menu with more room between its items and their shortcuts than the style leaves.
+/// A menu with more space between its items and their shortcuts than the style leaves.
 class ShortcutMenu : public QMenu {
  public:
   using QMenu::QMenu;

@@ -25,8 +25,8 @@ class LabelBinding : public WidgetBinding {
   LabelBinding(Label& label, QLabel& widget)
       : WidgetBinding(label, widget), Shown(label), Widget(widget) {
     widget.setTextFormat(Qt::PlainText);
-    // The windows run from left to right in every language, those included that are written the
-    // other way.
+    // The windows are laid out from left to right in every language, including those that are
+    // written from right to left.
     widget.setAlignment(widget.alignment() | Qt::AlignAbsolute);
   }
 
@@ -55,7 +55,7 @@ class FrameBinding : public WidgetBinding {
   Card& Widget;
 };
 
-/// What all keys show alike: a caption.
+/// What all buttons have in common: a caption.
 class ButtonBinding : public WidgetBinding {
  public:
   ButtonBinding(VisualControl& control, QAbstractButton& widget)
@@ -102,7 +102,7 @@ class CommandBinding : public ButtonBinding {
   }
 
   PressWatch Watch;
-  Qt::MouseButtons Forwarded;  // presses that the system has been told of and not of their release
+  Qt::MouseButtons Forwarded;  // pressed for the system, and not yet released
 };
 
 class ToggleBinding : public ButtonBinding {
@@ -153,15 +153,16 @@ class OptionBinding : public ButtonBinding {
 
   void Paint() override {
     ButtonBinding::Paint();
-    // A group of its own would refuse to be all off, or to be switched in the order in which the
-    // system does it.
+    // An exclusive group would refuse to have all its buttons off, or to switch them in the
+    // system's order.
     Widget.setAutoExclusive(false);
     Widget.setChecked(Option.Value());
     Widget.setAutoExclusive(true);
   }
 
  private:
-  /// The widgets have switched each other off by themselves, whatever the system made of the click.
+  /// Repaints the group: its widgets have switched each other off, whatever the system made of the
+  /// click.
   static void PaintGroupOf(OptionButton& option) {
     for (Control* control : option.Owner.Controls) {
       auto* other = dynamic_cast<OptionButton*>(control);
@@ -183,8 +184,8 @@ class TextBinding : public WidgetBinding {
     });
   }
 
-  /// What the hand has typed on since is not painted over; its own edit comes to the system, and is
-  /// painted then.
+  /// Does not paint over text that the operator has typed in the meantime. That edit will reach the
+  /// system too, and the box is painted then.
   void Paint() override {
     WidgetBinding::Paint();
     const QString text = QString::fromStdString(Box.Text);
@@ -194,11 +195,11 @@ class TextBinding : public WidgetBinding {
  private:
   TextBox& Box;
   QLineEdit& Widget;
-  int EditsUnderWay = 0;  // typed, and not yet with the system
+  int EditsUnderWay = 0;  // typed, but not yet known to the system
 };
 
-/// A slider writes a file at each of its steps. So of the steps that a fast hand makes before the
-/// system comes to them, only the last one counts.
+/// Each step of a slider writes a file. So of the steps that a fast hand makes before the system
+/// handles them, only the last one counts.
 class SliderBinding : public WidgetBinding {
  public:
   SliderBinding(Slider& slider, QSlider& widget, Hand& hand)
@@ -211,7 +212,7 @@ class SliderBinding : public WidgetBinding {
     QObject::connect(&widget, &QSlider::sliderReleased, [this] { Paint(); });
   }
 
-  /// A knob that is held stays under the pointer, whatever the system has come to by then.
+  /// A knob that is held stays under the pointer, whatever value the system has reached.
   void Paint() override {
     WidgetBinding::Paint();
     if (Widget.isSliderDown()) return;
@@ -227,7 +228,7 @@ class SliderBinding : public WidgetBinding {
   int LastOfHand = 0;
 };
 
-/// An item of a menu, or the title of a menu that opens.
+/// A menu item, or the title of a submenu.
 class MenuBinding : public Binding {
  public:
   MenuBinding(Menu& menu, QAction& action, Hand& hand) : Shown(menu), Action(action) {
@@ -252,7 +253,7 @@ class MenuBinding : public Binding {
 
 template <class T>
 T& Find(QWidget& window, const Control& control) {
-  // The search goes by QObject, since not every class of ours has a description of its own for Qt.
+  // Search by `QObject`, since not every class here has Qt's meta-object information.
   for (QObject* found :
        window.findChildren<QObject*>(QString::fromStdString(control.ObjectName()))) {
     if (T* widget = dynamic_cast<T*>(found)) return *widget;
@@ -268,7 +269,7 @@ std::unique_ptr<Binding> BindMenu(Menu& menu, QWidget& window, Hand& hand) {
   return std::make_unique<MenuBinding>(menu, action, hand);
 }
 
-/// A list that the design hides is a work space of the system's own, which no window has.
+/// A list that the design hides is a workspace of the system, for which no window has a widget.
 std::unique_ptr<Binding> BindList(ListBox& list, QWidget& window, Hand& hand) {
   if (!list.Visible) return nullptr;
   if (dynamic_cast<ComboBox*>(&list) || dynamic_cast<DriveListBox*>(&list)) {

@@ -14,7 +14,7 @@ namespace {
 constexpr int kHeldStepMs = 20;
 constexpr QMargins kBoxMargins(20, 18, 20, 16);
 
-/// Whether one of the windows that the box would block stays free.
+/// Whether the box would block a window that must stay free.
 bool WouldBlockAFreeOne(const QDialog& box) {
   for (const QWidget* owner = box.parentWidget(); owner; owner = owner->parentWidget()) {
     if (StaysFree(*owner)) return true;

@@ -8,17 +8,19 @@
 
 namespace marlex {
 
-/// The main window: nothing bars its call key or refuses its close, so no box may block it.
+/// Whether no box may block this window. True for the main window, whose call button must work and
+/// which must close at any time.
 bool StaysFree(const QWidget& window);
 
-/// A message box in plain text, without keys.
+/// Makes a message box in plain text, without buttons. The caller owns it.
 QMessageBox* MakeBox(QMessageBox::Icon icon, const std::string& caption, const std::string& body,
                      QWidget* parent);
 
-/// Opens a box and waits for nothing; it is deleted when it closes. It blocks the editor or dialog
-/// that it belongs to, but neither the main window nor a dialog of that one, since who blocks a
-/// dialog blocks its owner too. It takes the keyboard from the window in front, and with it the
-/// call of an operator who speaks: so it comes up once no key of the mouse and no finger is down.
+/// Opens a box without waiting for it; it deletes itself when it closes. It blocks the editor or
+/// dialog that it belongs to, but neither the main window nor a dialog of the main window, since
+/// blocking a dialog also blocks its owner. A box that appears takes the keyboard focus from the
+/// front window, which would cut off the call of an operator who is speaking; so it appears only
+/// when no mouse button and no finger is down.
 void LeaveStanding(QDialog* box, const PointersDown& pointers);
 
 }  // namespace marlex

@@ -9,12 +9,12 @@ Swipe::Swipe(QAbstractItemView& view) : Scroller(*QScroller::scroller(&view)) {
   for (const auto policy : {QScrollerProperties::HorizontalOvershootPolicy,
                             QScrollerProperties::VerticalOvershootPolicy})
     properties.setScrollMetric(policy, QScrollerProperties::OvershootAlwaysOff);
-  properties.setScrollMetric(QScrollerProperties::DragStartDistance,
-                             0);  // what is none is told here
+  // `Move` itself ignores movements that are too short for a drag.
+  properties.setScrollMetric(QScrollerProperties::DragStartDistance, 0);
   Scroller.setScrollerProperties(properties);
 }
 
-/// A touch on entries that still run past would hit one by chance.
+/// A touch on a list that is still scrolling would hit an entry by chance, so it is no tap.
 void Swipe::Begin(const QMouseEvent& event) {
   On = true;
   Tap = Scroller.state() != QScroller::Scrolling;

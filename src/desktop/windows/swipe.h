@@ -6,20 +6,21 @@
 
 namespace marlex {
 
-/// A finger on a view that it scrolls: what it is shown follows it, and runs on after a flick. A
-/// touch that neither moves nor stops what runs is a tap. Points are those of the viewport.
+/// A finger on a view that it scrolls: the content follows it, and keeps scrolling after a flick. A
+/// touch that neither moves nor stops a scrolling view is a tap. Positions are those of the
+/// viewport.
 class Swipe {
  public:
   explicit Swipe(QAbstractItemView& view);
 
-  /// Whether an event of the pointer comes from a finger and not from a mouse.
+  /// Whether a pointer event comes from a finger, not from a mouse.
   static bool IsOfFinger(const QMouseEvent& event) {
     return event.source() != Qt::MouseEventNotSynthesized;
   }
 
   void Begin(const QMouseEvent& event);
   void Move(const QMouseEvent& event);
-  void End();  // however the touch ends
+  void End();  // in whichever way the touch ends
 
   bool IsOn() const { return On; }
   bool IsTap() const { return Tap; }

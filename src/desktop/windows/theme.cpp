@@ -8,8 +8,8 @@
 
 #include "desktop/windows/logo_mark.h"
 
-// At namespace scope, as the macro demands; without it the linker leaves the resources of a static
-// library out.
+// At namespace scope, as the macro requires. Without it the linker drops the resources of a static
+// library.
 static void LoadResources() { Q_INIT_RESOURCE(windows); }
 
 namespace marlex {
@@ -23,8 +23,7 @@ constexpr qreal kFontPoints = 10.5;
 Theme::Theme(QApplication& application) : Application(application) {
   LoadResources();
   QApplication::setStyle(QStyleFactory::create("Fusion"));
-  // The digits of these faces are all of one width, so that a running clock does not make its line
-  // tremble.
+  // The digits of these fonts all have the same width, so that a running clock does not jitter.
   QFont font;
   font.setFamilies({"Roboto", "Noto Sans", "Open Sans", "DejaVu Sans"});
   font.setPointSizeF(kFontPoints);
@@ -35,8 +34,8 @@ Theme::Theme(QApplication& application) : Application(application) {
   Apply(ShownScheme());
 }
 
-/// Every window hears of one and the same change, and the palette changes in several steps: the
-/// theme follows once, when all is over.
+/// Each window receives the same change, and the palette changes in several steps; the theme
+/// follows once, after the last.
 bool Theme::eventFilter(QObject*, QEvent* event) {
   const bool ofDesktop = event->type() == QEvent::ThemeChange;
   if (Applying || (!ofDesktop && event->type() != QEvent::ApplicationPaletteChange)) return false;
@@ -64,7 +63,7 @@ void Theme::Apply(Scheme scheme) {
   Application.setStyleSheet(Coloured(Sheet, scheme));
 }
 
-/// That of the desktop, as long as nothing else has been set.
+/// The desktop's scheme, as long as no other palette is set.
 Scheme ShownScheme() { return SchemeOf(QGuiApplication::palette()); }
 
 QColor ThemeColorNow(const char* name) { return NamedColor(name, ShownScheme()); }
@@ -90,7 +89,7 @@ QColor ShownColor(Color color) {
 }
 
 QColor TextOn(QColor ground) {
-  // Weights of the parts as Rec. 709 has them for how light a colour looks.
+  // Luma weights of ITU-R BT.709: how bright each primary looks.
   const double light = 0.2126 * ground.redF() + 0.7152 * ground.greenF() + 0.0722 * ground.blueF();
   return light > 0.5 ? ThemeColorNow("on-signal") : ThemeColorNow("on-accent");
 }

@@ -9,14 +9,14 @@
 
 namespace marlex {
 
-/// Gives the application its one look: fonts, palette and the style sheet of theme.qss, light or
-/// dark as the desktop is, and follows the desktop when that changes. Its windows tell it of the
-/// change by their events.
+/// Gives the application its look: fonts, palette and the style sheet `theme.qss`, light or dark
+/// like the desktop, and follows the desktop when that changes. Install it as an event filter on
+/// each window, so that it sees the change.
 class Theme : public QObject {
  public:
   explicit Theme(QApplication& application);
 
-  /// The colours are those of the other scheme now.
+  /// Called after a change to the other scheme's colours.
   std::function<void()> OnChange;
 
  protected:
@@ -27,24 +27,24 @@ class Theme : public QObject {
   void Apply(Scheme scheme);
 
   QApplication& Application;
-  QString Sheet;  // with the names of its colours
+  QString Sheet;  // with the names of the colours
   Scheme Applied = Scheme::Light;
-  bool Applying = false;  // the palette's changes are the theme's own
+  bool Applying = false;  // ignore palette changes: the theme makes them itself
   bool FollowQueued = false;
-  bool DesktopChanged = false;  // and not only the palette that was set for the program
+  bool DesktopChanged = false;  // not only the palette set for the program
 };
 
-/// The scheme that is on.
+/// The current scheme.
 Scheme ShownScheme();
 
-/// Colour of the theme by its name, in the scheme that is on.
+/// Colour of the theme by its name, in the current scheme.
 QColor ThemeColorNow(const char* name);
 
-/// A colour of the system as the screen shows it: the two of the system's palette are the theme's
-/// own, and the signals are shades on which their texts can be read.
+/// A colour of the system as the screen shows it: its two palette colours become those of the
+/// theme, and its signal colours become shades on which their texts are readable.
 QColor ShownColor(Color color);
 
-/// Colour of a text on a ground that the theme did not choose its texts for.
+/// Text colour that is readable on an arbitrary background.
 QColor TextOn(QColor ground);
 
 }  // namespace marlex

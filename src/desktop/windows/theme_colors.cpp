@@ -15,7 +15,7 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"off-text", "#75818e", "#8a97a5"},
       {"on-accent", "#ffffff", "#ffffff"},
       {"on-signal", "#101820", "#101820"},
-      // Grounds
+      // Backgrounds
       {"face", "#eef1f5", "#141a21"},
       {"card", "#ffffff", "#1f2730"},
       {"tile", "#f4f7fa", "#262f3a"},
@@ -29,7 +29,7 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"key-line", "#b7c3cf", "#4a5765"},
       {"key-line-lit", "#8fa9c6", "#6f8fb3"},
       {"mark-line", "#77879a", "#8494a4"},
-      // Keys and choices
+      // Buttons and choices
       {"key", "#ffffff", "#2a343f"},
       {"key-lit", "#eaf1f9", "#33404e"},
       {"key-down", "#dce8f5", "#3d4d5e"},
@@ -46,7 +46,7 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"handle-lit", "#96a4b3", "#65748a"},
       {"groove", "#dfe5ec", "#37424e"},
       {"groove-lit", "#8fb4de", "#3f6ea8"},
-      // Signals of the system: what is live, what is ready, what fired last, what stands in the way
+      // Signals of the system: live, ready, in conflict, fired last
       {"live", "#3ddc6c", "#3ddc6c"},
       {"ready", "#1b7a3c", "#1b7a3c"},
       {"alarm", "#c62828", "#cf3535"},

@@ -7,10 +7,10 @@
 
 namespace marlex {
 
-/// The two looks. A desktop that shows light text on dark windows gets the dark one.
+/// The two schemes. A desktop with light text on dark windows gets the dark one.
 enum class Scheme { Light, Dark };
 
-/// A colour of the look by the name that the style sheet calls it, with '@' before it.
+/// A colour in both schemes, with the name that the style sheet uses for it after an '@'.
 struct ThemeColor {
   QString Name;
   QColor Light;
@@ -19,16 +19,16 @@ struct ThemeColor {
 
 const std::vector<ThemeColor>& ThemeColors();
 
-/// Colour of that name; an unknown name is a RuntimeFailure.
+/// Colour of that name. Throws `RuntimeFailure` for an unknown name.
 QColor NamedColor(const QString& name, Scheme scheme);
 
-/// Scheme that a palette has been made for, by the lightness of its windows and texts.
+/// The scheme that a palette fits, judged by whether its text is lighter than its windows.
 Scheme SchemeOf(const QPalette& palette);
 
 /// Palette of a scheme.
 QPalette PaletteOf(Scheme scheme);
 
-/// The style sheet with the colours of the scheme in the place of their names.
+/// The style sheet with each colour name replaced by the colour of the scheme.
 QString Coloured(QString sheet, Scheme scheme);
 
 }  // namespace marlex

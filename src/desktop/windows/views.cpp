@@ -21,7 +21,7 @@ namespace marlex {
 namespace {
 
 constexpr Qt::WindowFlags kDialog = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-constexpr QSize kMainSize(1160, 760);  // at first; the window can be enlarged
+constexpr QSize kMainSize(1160, 760);  // initial size; the window can be enlarged
 
 template <class Window, class Layout>
 std::unique_ptr<QWidget> Make(Layout layout, Qt::WindowFlags flags = Qt::Window) {
@@ -32,7 +32,7 @@ std::unique_ptr<QWidget> Make(Layout layout, Qt::WindowFlags flags = Qt::Window)
   return window;
 }
 
-/// As large as its content wants it, lines that wrap included.
+/// The size that the content wants, counting wrapped lines.
 QSize FittingSize(QWidget& window) {
   QSize size = window.sizeHint().expandedTo(window.minimumSizeHint());
   size = size.expandedTo(window.minimumSize());
@@ -51,8 +51,8 @@ void Centre(QWidget& window) {
   window.move(ScreenRoom().center() - window.rect().center());
 }
 
-/// An editor keeps the place and the size that the operator has given it; its lists can be smaller
-/// than they would be.
+/// An editor keeps the position and size that the operator gave it. It may be smaller than its
+/// content wants, down to its minimum size.
 void PlaceEditor(QWidget& window) {
   if (window.testAttribute(Qt::WA_Moved)) return;
   const QSize size = FittingSize(window).boundedTo(ScreenRoom().size());
@@ -80,11 +80,11 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
   PlaylistWindow = Make<QMainWindow>(Ui::frmPlaylist());
   Band = std::make_unique<GlanceBand>(*MainWindow);
   Binder& main = Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
-  // The clock in the window is painted each second, and the band with it.
+  // The clock in the window is painted every second, and the band with it.
   if (look) main.OnPaint = [this, look] { Band->Paint(look()); };
   Connect(windows.frmLogo, *LogoWindow, loop, Centre);
-  // The close of the language dialog ends the program, and that of the directory picker takes the
-  // directory: too much for a key that is pressed by mistake.
+  // Closing the language dialog ends the program, and closing the directory picker accepts the
+  // directory: too much to happen on an accidental Escape.
   Connect(windows.frmlangSel, *LangSelWindow, loop, Centre);
   Connect(windows.frmAbout, *AboutWindow, loop, Centre).EscapeCloses = true;
   Connect(windows.frmSettings, *SettingsWindow, loop, Centre);
@@ -99,13 +99,13 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
 
 Views::~Views() = default;
 
-/// A picker stands before the settings dialog alone: the main window stays free, so that a call can
-/// be made at any moment.
+/// A picker blocks only the settings dialog: the main window stays free, so that a call can be made
+/// at any moment.
 void Views::ConnectPicker(Form& form, QWidget& window, EventLoop& loop) {
   window.setWindowModality(Qt::WindowModal);
   Connect(form, window, loop, [this](QWidget& picker) {
     Centre(picker);
-    SettingsWindow->winId();  // makes the handle where it is missing
+    SettingsWindow->winId();  // creates the native handle if there is none
     picker.winId();
     picker.windowHandle()->setTransientParent(SettingsWindow->windowHandle());
   });

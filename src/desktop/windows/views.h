@@ -12,12 +12,12 @@
 
 namespace marlex {
 
-/// The windows on the screen. Each is there from the start, hidden, and comes and goes with its
-/// form. Needs a running QApplication, which it gives its look. The forms, the loop and what
-/// `look` looks at must outlive it.
+/// The windows on the screen. All exist from the start, hidden, and come and go with their forms.
+/// Needs a running `QApplication`, to which it applies the theme. The forms, the loop and
+/// everything that `look` uses must outlive it.
 class Views {
  public:
-  /// `look` tells what the band of the main window shows, where there is one who knows.
+  /// `look` returns what the band of the main window shows; without it the band is never updated.
   Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look = nullptr);
   ~Views();
 
@@ -36,7 +36,7 @@ class Views {
   Binder& Connect(Form& form, QWidget& window, EventLoop& loop,
                   std::function<void(QWidget&)> place);
 
-  Theme Look{*qApp};  // is there before the windows
+  Theme Look{*qApp};  // constructed before the windows
   std::unique_ptr<QWidget> MainWindow;
   std::unique_ptr<QWidget> LogoWindow;
   std::unique_ptr<QWidget> LangSelWindow;
@@ -47,7 +47,7 @@ class Views {
   std::unique_ptr<QWidget> ChimeSelectWindow;
   std::unique_ptr<QWidget> PlaylistWindow;
   std::unique_ptr<GlanceBand> Band;
-  std::vector<std::unique_ptr<Binder>> Binders;  // go before the windows
+  std::vector<std::unique_ptr<Binder>> Binders;  // destroyed before the windows
 };
 
 }  // namespace marlex

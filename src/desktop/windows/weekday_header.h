@@ -4,8 +4,8 @@
 
 namespace marlex {
 
-/// The line over seven boxes of weekdays. Its text is one for all seven, with blanks between; each
-/// of its words is shown over the middle of its seventh of the width.
+/// The line above seven weekday boxes. Its text contains all seven words, separated by blanks; each
+/// word is centred over its seventh of the width.
 class WeekdayHeader : public QLabel {
  public:
   using QLabel::QLabel;
