@@ -21,7 +21,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Places of the system itself, where nobody keeps music; removable drives come under one of them.
+/// Directories of the system, where nobody keeps music. Removable drives are mounted under one of
+/// them.
 constexpr std::array kSystemPlaces = {"/boot", "/dev", "/etc", "/proc", "/run",
                                       "/snap", "/sys", "/tmp", "/usr",  "/var"};
 constexpr const char* kRemovableDrives = "/run/media/";
@@ -33,7 +34,7 @@ bool IsDrive(const std::string& place) {
   });
 }
 
-/// Places of the file systems in the table, in its order.
+/// Mount points in the table, in its order.
 std::vector<std::string> MountedPlaces(const std::string& mountTable) {
   std::vector<std::string> places;
   const std::unique_ptr<FILE, int (*)(FILE*)> table(::setmntent(mountTable.c_str(), "re"),
@@ -48,13 +49,12 @@ std::string_view NameOf(const fs::directory_entry& entry) {
   return path.substr(path.rfind(kSeparator) + 1);
 }
 
-/// Calls `visit` with each entry of a directory that counts, and its name.
+/// Calls `visit` for each entry of a directory that may be offered, with its name.
 template <class Visit>
 void ForEachEntry(const std::string& path, Visit visit) {
   const std::string directory = FoundPath(path);
   std::error_code fault;
-  // A fault in the middle, as of a drive that drops out, ends the walk: increment() then gives the
-  // end.
+  // An error midway, as when a drive is unplugged, ends the loop: increment() then yields the end.
   for (fs::directory_iterator entry(directory, fault), end; !fault && entry != end;
        entry.increment(fault)) {
     const std::string_view name = NameOf(*entry);
@@ -67,8 +67,8 @@ bool IsRegular(const fs::directory_entry& entry) {
   return entry.is_regular_file(fault);
 }
 
-/// Name of the first regular file of a directory, found without a list of them all, since a folder
-/// can hold thousands and is searched again and again.
+/// Name of the first regular file in a directory, in sorting order. Does not build a list of all: a
+/// folder can hold thousands of files and is searched over and over.
 std::string FirstFile(const std::string& directory) {
   std::string first;
   ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view name) {

@@ -8,12 +8,12 @@
 
 namespace marlex {
 
-/// Directories on the disk. Files are looked at, never opened, so that a pipe or a device among
-/// them stops nothing. A symbolic link counts as what it leads to.
+/// Directories on the disk. Files are examined, never opened, so that a pipe or a device among them
+/// cannot block. A symbolic link counts as what it leads to.
 class DiskDirectories : public Directories {
  public:
-  /// `mountTable` is a file in the format of fstab(5): device, place, type and options of each
-  /// mounted file system, with a blank inside a field written as \040.
+  /// `mountTable` is a file in the format of fstab(5): device, mount point, type and options of
+  /// each mounted file system, with a blank inside a field written as \040.
   explicit DiskDirectories(std::string mountTable = "/proc/self/mounts")
       : MountTable(std::move(mountTable)) {}
 

@@ -7,7 +7,7 @@
 
 namespace marlex {
 
-/// Owner of an open file descriptor.
+/// Owns an open file descriptor.
 class FileDescriptor {
  public:
   explicit FileDescriptor(int number) : Number(number) {}
@@ -18,8 +18,8 @@ class FileDescriptor {
   bool IsOpen() const { return Number >= 0; }
   int Get() const { return Number; }
 
-  /// False when the system reports a late fault of what was written before. The descriptor is gone
-  /// in any case; a signal that interrupts the closing is no fault.
+  /// False when the system reports a late error of an earlier write. The descriptor is released in
+  /// any case; being interrupted by a signal does not count as an error.
   bool Close() { return Number < 0 || ::close(std::exchange(Number, -1)) == 0 || errno == EINTR; }
 
  private:

@@ -14,8 +14,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// First name, in the order of a reader, of the entries that are the same as `name` but for case;
-/// `name` itself without one.
+/// The first entry, in sorting order, whose name equals `name` except for case; `name` itself if
+/// there is none.
 std::string FoundName(const std::string& directory, const std::string& name) {
   std::string found;
   std::error_code fault;

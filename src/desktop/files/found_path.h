@@ -4,9 +4,9 @@
 
 namespace marlex {
 
-/// Resolves a path without regard to case, as the systems did on which older files were made. In
-/// each part of the path an exact name wins, else the first entry that differs in case alone.
-/// Returns the path unchanged when nothing matches.
+/// Resolves a path regardless of case, as the systems did that older files come from. In each
+/// component of the path an exact match wins, else the first entry, in sorting order, that differs
+/// only in case. Returns the path unchanged when nothing matches.
 std::string FoundPath(const std::string& path);
 
 }  // namespace marlex

@@ -8,9 +8,9 @@
 
 namespace marlex {
 
-/// Profile files on the disk. Each call reads the file anew, so that a change made by hand counts
-/// at once. A value that stands there already is not written again. A file that is there but cannot
-/// be read is never written.
+/// Profile files on the disk. Each call reads the file again, so that changes made by hand take
+/// effect at once. A write that would change nothing is skipped. A file that exists but cannot be
+/// read is never written.
 class DiskProfileFiles : public ProfileFiles {
  public:
   std::string GetString(const std::string& section, const std::string& key, const std::string& file,

@@ -17,18 +17,18 @@ namespace marlex {
 namespace {
 
 constexpr off_t kLargestFile = off_t{64} << 20;
-constexpr int kMostLinks = 40;  // as many as the system itself follows
-constexpr std::size_t kNameBytes =
-    200;  // leaves room for the additions below in a name's 255 bytes
+constexpr int kMostLinks = 40;  // as many as the system follows
+// Leaves room for the additions below in the 255 bytes of a file name.
+constexpr std::size_t kNameBytes = 200;
 constexpr mode_t kPermissions = 07777;
 constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
-constexpr mode_t kNewFile = 0666;  // less the mask of the process
+constexpr mode_t kNewFile = 0666;  // before the process's umask
 
-/// First byte of a file while it is written in place: no text begins with it, and one byte reaches
-/// the disk wholly or not at all.
+/// First byte of a file that is being overwritten in place. No text begins with it, and a single
+/// byte is written either completely or not at all.
 constexpr std::string_view kUnfinished("\0", 1);
 
-/// Result of a system call, made again as often as a signal interrupts it.
+/// Result of a system call, which is repeated while signals interrupt it.
 template <class Call>
 auto Uninterrupted(Call call) {
   auto result = call();
@@ -41,7 +41,7 @@ FileDescriptor Opened(const std::filesystem::path& path, int flags, mode_t mode 
       Uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
-/// Reads up to the end of the file. False on a fault of the medium.
+/// Reads to the end of the file. False on a read error, or when the file grows above the limit.
 bool ReadAll(int file, std::string& text) {
   char piece[1 << 16];
   for (;;) {
@@ -88,7 +88,8 @@ bool Removed(const std::filesystem::path& file) {
   return Uninterrupted([&] { return ::unlink(file.c_str()); }) == 0;
 }
 
-/// The file that a path leads to, also when the link dangles. Empty when links run in a circle.
+/// The file that a path leads to, even if it does not exist. Empty when the links form a loop or
+/// cannot be read.
 std::optional<std::filesystem::path> BehindLinks(std::filesystem::path path) {
   for (int links = 0; links < kMostLinks; ++links) {
     std::error_code fault;
@@ -108,20 +109,21 @@ std::filesystem::path HiddenBeside(const std::filesystem::path& file, const char
   return DirectoryOf(file) / ("." + file.filename().string().substr(0, kNameBytes) + addition);
 }
 
-/// A new text on its way to the disk.
+/// Hidden file to which a new text is written first.
 std::filesystem::path DraftBeside(const std::filesystem::path& file) {
   return HiddenBeside(file, ".new");
 }
 
-/// A new text, whole and on the disk, while the file itself is written. It counts in the place of a
-/// file that is unfinished, and of no other: one that somebody has put right since is newer.
+/// Hidden file with the new text, complete on the disk, while the file itself is being overwritten.
+/// It counts only as long as that file is unfinished: a finished one has been repaired since and is
+/// newer.
 std::filesystem::path CopyBeside(const std::filesystem::path& file) {
   return HiddenBeside(file, ".whole");
 }
 
-/// Fails on file systems that know no owners or modes, and without the right to give a file away.
-/// The settings are then worth more than their owner. The owner comes first, since changing it
-/// clears bits of the mode.
+/// Copies owner and mode. This fails on file systems that have neither, and without the right to
+/// give files away; deliberate: the settings are then worth more than their owner. The owner is set
+/// first, since changing it clears bits of the mode.
 void TakeOver(int file, const struct stat& old) {
   if (::fchown(file, old.st_uid, old.st_gid) != 0 &&
       ::fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0) {
@@ -130,7 +132,7 @@ void TakeOver(int file, const struct stat& old) {
   if (::fchmod(file, old.st_mode & kPermissions) != 0) errno = 0;
 }
 
-/// Writes the text to a new file, down to the medium.
+/// Writes the text to a new file and flushes it to the medium.
 bool WriteNew(const std::filesystem::path& path, std::string_view text,
               const std::optional<struct stat>& old) {
   const mode_t mode = old ? mode_t{S_IRUSR | S_IWUSR} : kNewFile;
@@ -140,19 +142,20 @@ bool WriteNew(const std::filesystem::path& path, std::string_view text,
   return Sync(file) && file.Close();
 }
 
-/// Makes the names in the file's directory last through a power cut. Not every file system can.
+/// Makes renames and removals in the file's directory survive a power cut. False where the file
+/// system cannot.
 bool SyncNames(const std::filesystem::path& file) {
   const FileDescriptor directory = Opened(DirectoryOf(file), O_RDONLY | O_DIRECTORY);
   return directory.IsOpen() && Sync(directory);
 }
 
-/// Takes the copy away. The file must be whole on the disk by now, its name included.
+/// Removes the hidden copy. The file must be complete on the disk by now, and so must its name.
 void RemoveCopy(const std::filesystem::path& file) {
   if (Removed(CopyBeside(file))) SyncNames(file);
 }
 
-/// Writes the text over that of a file, down to the medium. The first byte marks the file as
-/// unfinished until all others are the new ones.
+/// Overwrites a file and flushes it to the medium. Its first byte marks it as unfinished until all
+/// the others are new.
 bool Overwrite(const std::filesystem::path& path, std::string_view text) {
   FileDescriptor file = Opened(path, O_WRONLY);
   const std::string_view first = text.substr(0, kUnfinished.size());
@@ -166,14 +169,14 @@ bool MayBeReplaced(const std::filesystem::path& file, const struct stat& status)
          Uninterrupted([&] { return ::access(file.c_str(), W_OK); }) == 0;
 }
 
-/// Whether a renaming failed since the name belongs to somebody else: a file that is mounted by
-/// itself, or one of another owner in a directory that all share.
+/// Whether a rename failed because the name cannot be replaced: the file is itself a mount point,
+/// or belongs to another owner in a shared directory.
 bool NameIsTaken(int error) {
   return error == EBUSY || error == EXDEV || error == EPERM || error == EACCES;
 }
 
 WholeFile ReadFile(const std::filesystem::path& path) {
-  // A pipe without a writer would make an ordinary open wait.
+  // Without `O_NONBLOCK`, opening a pipe that has no writer would wait.
   const FileDescriptor file = Opened(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
   if (!file.IsOpen())
     return {errno == ENOENT || errno == ENOTDIR ? FileState::Absent : FileState::Unreadable, {}};
@@ -189,14 +192,14 @@ WholeFile ReadFile(const std::filesystem::path& path) {
 
 bool IsUnfinished(const WholeFile& file) { return file.Text.starts_with(kUnfinished); }
 
-/// Completes a file whose writing in place was interrupted, so that it needs its old copy no more.
+/// Completes a file whose overwriting was interrupted, so that it no longer needs its old copy.
 bool Finished(const std::filesystem::path& file, std::string_view text) {
   return !IsUnfinished(ReadFile(file)) || Overwrite(file, text);
 }
 
-/// Writes the text of a draft over that of the file, a copy of it at hand all the time. Where that
-/// fails, the old text is put back; where the disk refuses even that, the copy stays, and counts if
-/// the file is unfinished.
+/// Overwrites the file with the text of the draft, which serves as a copy meanwhile. On failure,
+/// puts the old text back; if even that fails, the copy stays, and counts while the file is
+/// unfinished.
 bool WriteInPlace(const std::filesystem::path& file, const std::filesystem::path& draft,
                   std::string_view text) {
   const WholeFile old = ReadWholeFile(file);
@@ -234,7 +237,8 @@ bool ReplaceFile(const std::string& path, std::string_view text) {
   Removed(draft);
   bool written = WriteNew(draft, text, old);
   if (written && Renamed(draft, *file)) {
-    // Without a lasting name the file is whole all the same, and the old copy may still count.
+    // Even if the rename does not survive a power cut, the file is complete; but an old copy may
+    // then still be needed.
     if (SyncNames(*file)) RemoveCopy(*file);
     return true;
   }
