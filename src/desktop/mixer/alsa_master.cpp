@@ -28,8 +28,8 @@ std::string CardOf(snd_mixer_t* mixer, const std::string& device) {
   return snd_ctl_card_info(snd_hctl_ctl(door), info) < 0 ? "" : snd_ctl_card_info_get_name(info);
 }
 
-/// A server that is away would fill the log with one line for each try. The library has one place
-/// for this in the whole program.
+/// Silences the library: while a server is gone, it would log one line for each attempt. The
+/// handler is global to the program.
 void SayNothing(const char*, int, const char*, int, const char*, ...) {}
 
 }  // namespace
@@ -68,7 +68,7 @@ CardState AlsaMaster::Read() const {
   return {{FromCard(left), FromCard(right)}, sounds == 0};
 }
 
-/// A master with one volume for all channels gets the louder one, and the balance is lost.
+/// A master with a single volume gets the louder channel's, and the balance is lost.
 bool AlsaMaster::SetLevel(StereoLevel level) {
   const long left = ToCard(level.Left);
   const long right = ToCard(level.Right);

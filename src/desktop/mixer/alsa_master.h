@@ -8,13 +8,14 @@
 
 namespace marlex {
 
-/// The simple control "Master" of an ALSA mixer device. A device may be a sound server, and one
-/// that hangs keeps its callers waiting until it goes on (measured: a set took 2.96 s of a server
-/// that was stopped for 3 s).
+/// The simple control "Master" of an ALSA mixer device. The device may be a sound server, and one
+/// that hangs blocks its callers until it recovers (measured: a call took 2.96 s when the server
+/// was stopped for 3 s).
 class AlsaMaster : public MasterDevice {
  public:
-  /// Null when the device does not answer or has no master with a volume, and when it is not that
-  /// of `card`, unless that is empty: a number may have passed to another card.
+  /// Null when the device does not answer or has no master with a volume. Also null when `card` is
+  /// given and the device belongs to another card, since a card number may have passed to another
+  /// card.
   static std::unique_ptr<AlsaMaster> Open(const std::string& device, const std::string& card = "");
 
   CardState Read() const override;
@@ -35,7 +36,7 @@ class AlsaMaster : public MasterDevice {
 
   Handle Mixer;
   snd_mixer_elem_t* Master;
-  long Lowest = 0;  // the card's own scale
+  long Lowest = 0;  // in the card's units
   long Highest = 0;
 };
 

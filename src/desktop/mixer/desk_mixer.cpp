@@ -16,15 +16,15 @@ constexpr std::uint32_t kInvalidControl = 1025;  // MIXERR_INVALCONTROL
 constexpr std::uint32_t kChannels = 2;
 constexpr std::uint32_t kFull = kFullLevel;
 
-// Lines: their places, and their ids, a destination's and a source's as the published interface
-// makes them up.
+// Lines: the index of each, and its id as the published interface forms it for a destination and
+// for a source.
 enum Line : std::uint32_t { kSpeakers = 0, kWave = 1, kMicrophone = 2 };
 constexpr std::uint32_t kLineIds[] = {0xFFFF0000, 0x00000000, 0x00010000};
 constexpr std::uint32_t kComponents[] = {kComponentSpeakers, kComponentWaveOut,
                                          kComponentMicrophone};
 constexpr const char* kNames[] = {"Speakers", "Wave", "Microphone"};
 
-// Controls: id = line times 16 plus one of these, so that none is 0.
+// Controls: the id is the line times 16 plus one of these, so that no id is 0.
 enum Control : std::uint32_t { kVolume = 1, kMute = 2, kPeak = 3 };
 constexpr std::uint32_t kIdsPerLine = 16;
 
@@ -137,7 +137,7 @@ MixerLineInfo DeskMixer::Describe(std::uint32_t line) const {
           kNames[line]};
 }
 
-/// The line of a control that exists; null for any other number.
+/// The line of an existing control; null for any other number.
 MixerLine* DeskMixer::LineOf(std::uint32_t controlId) const {
   const std::uint32_t kind = controlId % kIdsPerLine;
   if (kind < kVolume || kind > kPeak) return nullptr;

@@ -9,17 +9,17 @@
 
 namespace marlex {
 
-/// What the desk's mixer is made of.
+/// What a `DeskMixer` is made of.
 struct DeskMixerParts {
-  bool HasOutput = true;  // without one there is no mixer
-  std::string CardName;   // for the operator, UTF-8
+  bool HasOutput = true;  // without one there is no mixer device
+  std::string CardName;   // for the operator, in UTF-8
   std::unique_ptr<MixerLine> Speakers;
   std::unique_ptr<MixerLine> Wave;
   std::unique_ptr<MixerLine> Microphone;  // null when the PC has none
 };
 
-/// The mixer of the desk, with the numbers of the published mixer interface. Device 0 is the sound
-/// card; its one destination is the speakers; their sources are the wave output and, where there is
+/// The mixer of a real PC, with the numbers of the published mixer interface. Device 0 is the sound
+/// card. Its only destination is the speakers, whose sources are the wave output and, if there is
 /// one, the microphone. Every line has two channels, a volume, a mute and a peak meter.
 class DeskMixer : public MixerFunctions {
  public:
@@ -41,8 +41,7 @@ class DeskMixer : public MixerFunctions {
   std::uint32_t SetControlDetails(std::uint32_t handle, std::uint32_t controlId,
                                   const std::vector<std::uint32_t>& values) override;
 
-  /// Whatever was set before has reached the card when the handle is closed, for the program may
-  /// end right after.
+  /// Waits briefly until the card has what was set before, since the program may end right after.
   void Close(std::uint32_t handle) override;
 
  private:

@@ -12,8 +12,8 @@ namespace marlex {
 
 namespace {
 
-/// Deliberate: not the default output or card. The operator may have switched that to another card,
-/// whose master we leave alone.
+/// Deliberate: not the default output or card. The operator may have switched the default to
+/// another card, whose master must be left alone.
 OpenMaster MasterAt(std::function<CardAddress()> address) {
   return [address = std::move(address)]() -> std::unique_ptr<MasterDevice> {
     const CardAddress card = address();

@@ -10,26 +10,25 @@
 
 namespace marlex {
 
-/// An open master: a sound card's own, or that of a sound server's output. Every call may block,
-/// since a server may hang, so it is used on a thread of its own.
+/// An open master: that of a sound card, or that of an output of a sound server. Every call may
+/// block, since a server may hang, so use it from a dedicated thread.
 class MasterDevice {
  public:
   virtual ~MasterDevice() = default;
 
   virtual CardState Read() const = 0;
 
-  /// Sets what is wished, the mute first when it closes and last when it opens. False when the
-  /// device is lost.
+  /// Applies what is wished, muting first but unmuting last. False when the device is lost.
   bool Apply(const CardWish& wish) {
     if (wish.Muted == true && !SetMute(true)) return false;
     if (wish.Level && !SetLevel(*wish.Level)) return false;
     return wish.Muted != false || SetMute(false);
   }
 
-  /// Adds what becomes readable when something has happened at the device.
+  /// Adds the descriptors that become readable when the device has events.
   virtual void AppendDescriptors(std::vector<pollfd>& descriptors) const = 0;
 
-  /// Takes what has happened. False when the device is lost.
+  /// Handles pending events. False when the device is lost.
   virtual bool HandleEvents() = 0;
 
  protected:
@@ -37,8 +36,8 @@ class MasterDevice {
   virtual bool SetMute(bool muted) = 0;
 };
 
-/// Opens the master of the card that the program plays on, never another's; null while it is away.
-/// Called on a thread that may outlive whoever handed it in.
+/// Opens the master of the card that the program plays on, never that of another card; null while
+/// it is gone. Called on a thread that may outlive the object that the function was passed to.
 using OpenMaster = std::function<std::unique_ptr<MasterDevice>()>;
 
 }  // namespace marlex

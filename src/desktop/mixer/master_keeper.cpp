@@ -25,8 +25,8 @@ constexpr auto kFarewellLimit = 500ms;
 constexpr milliseconds kFirstRetry = 1s;
 constexpr milliseconds kLongestRetry = 60s;
 constexpr milliseconds kForever(-1);
-constexpr milliseconds kBetweenEvents =
-    20ms;  // a device that reports without end keeps nobody busy
+// Keeps a device that reports events without end from using up the processor.
+constexpr milliseconds kBetweenEvents = 20ms;
 
 }  // namespace
 
@@ -52,7 +52,7 @@ class MasterKeeper::Worker {
     if (wish == Wished) return;
     Wished = wish;
     Settled = false;
-    if (Found) Wake();  // while it is away, wishes must not hurry the search
+    if (Found) Wake();  // while the master is gone, wishes must not speed up the search
   }
 
   void SetWanted(bool wanted) {
@@ -71,7 +71,7 @@ class MasterKeeper::Worker {
     Changed.wait_for(lock, kSettleLimit, [this] { return Settled || !Found; });
   }
 
-  /// Asks the thread to end. Whether it has ended within the limit.
+  /// Asks the thread to end; false if it has not ended within the limit.
   bool Finish() {
     std::unique_lock<std::mutex> lock(Guard);
     Report = nullptr;
@@ -81,7 +81,7 @@ class MasterKeeper::Worker {
     return Changed.wait_for(lock, kFarewellLimit, [this] { return Ended; });
   }
 
-  // For the thread.
+  // For the worker's thread.
 
   void Run() {
     milliseconds retry = kFirstRetry;
@@ -102,8 +102,8 @@ class MasterKeeper::Worker {
   }
 
  private:
-  /// Opens the device and serves it until it is lost or another order has come. False when there is
-  /// no master.
+  /// Opens the device and serves it until it is lost or `Orders` changes. False when there is no
+  /// master.
   bool FollowMaster(std::uint64_t order) {
     const std::unique_ptr<MasterDevice> master = Open();
     if (!master) {
@@ -133,8 +133,7 @@ class MasterKeeper::Worker {
     return true;
   }
 
-  /// Sleeps until somebody wishes something or something happens at the card. False when it is
-  /// lost.
+  /// Sleeps until a wish is made or the device has an event. False when the device is lost.
   bool AwaitEvents(MasterDevice& master) {
     std::vector<pollfd> descriptors = {{Waker, POLLIN, 0}};
     master.AppendDescriptors(descriptors);
@@ -177,15 +176,15 @@ class MasterKeeper::Worker {
 
   std::atomic<bool> Wanted{true};
   std::atomic<bool> Quit{false};
-  std::atomic<std::uint64_t> Orders{0};  // counts the changes of these two
+  std::atomic<std::uint64_t> Orders{0};  // counts the changes of `Wanted` and `Quit`
 
-  std::mutex Guard;  // guards what stands below it; never held during a call of the device
+  std::mutex Guard;  // guards the members below; never held during a call of the device
   std::condition_variable Changed;
   std::function<void()> Report;  // null when nobody listens any more
   CardWish Wished;
-  std::optional<CardState> Found;  // as it was before our wish
-  bool Settled = true;             // the card has the last wish
-  bool Looked = false;             // the first look for the card is over
+  std::optional<CardState> Found;  // as it was before the wish was applied
+  bool Settled = true;             // the card has the latest wish
+  bool Looked = false;             // the first search for the card is over
   bool Ended = false;
 };
 

@@ -9,16 +9,16 @@
 
 namespace marlex {
 
-/// Keeps a card's master as it is wished. A thread of its own does the calls, which may block as
-/// long as a server hangs. It follows wishes, notices when the device is lost, looks for it again,
-/// at first after a second and then ever less often, and sets the last wish again when it is back.
-/// While all is well it sleeps.
+/// Keeps a card's master in the desired state. A thread of its own makes the calls, which may block
+/// while a server hangs. It applies wishes and notices when the device is lost; it then looks for
+/// the device again, first after one second, then after intervals that double up to one minute, and
+/// applies the latest wish when it is back. While nothing changes it sleeps.
 class MasterKeeper : public CardMaster {
  public:
-  /// Waits for the card's answer, a second at most.
+  /// Waits at most a second for the card's answer.
   MasterKeeper(EventLoop& loop, OpenMaster open);
 
-  /// Waits for the thread, half a second at most; one that hangs in a call is left behind.
+  /// Waits at most half a second for the thread to end. A thread that hangs in a call is abandoned.
   ~MasterKeeper() override;
 
   MasterKeeper(const MasterKeeper&) = delete;

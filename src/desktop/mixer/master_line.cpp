@@ -6,7 +6,7 @@ namespace marlex {
 
 namespace {
 
-constexpr int kWatchIntervalMs = 500;  // an output that is lost stays away for a second at least
+constexpr int kWatchIntervalMs = 500;  // a lost output stays away for at least a second
 
 }  // namespace
 
@@ -51,7 +51,8 @@ void MasterLine::LevelTheEngine() {
   Engine.SetLevel(level.Left, level.Right);
 }
 
-/// A card that comes back, or a server that starts again, has a level of its own until ours is set.
+/// Looks for the master only while the card is there. A card that comes back, or a server that
+/// restarts, has a level of its own until the wish is applied again.
 void MasterLine::FollowOutput() {
   const bool alive = OutputAlive();
   if (alive != std::exchange(WasAlive, alive)) Card->SetWanted(alive);

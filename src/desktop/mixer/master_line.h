@@ -9,19 +9,20 @@
 
 namespace marlex {
 
-/// The speakers: the card's own master where there is one, the engine's otherwise. The level is set
-/// at one of the two only, or it would count twice. The mute is set at both: the engine's silences
-/// at once, without a click, whatever state the card is in.
+/// The speakers: the card's hardware master if there is one, else the engine's master line. The
+/// level is set at only one of the two, or it would count twice. The mute is set at both: the
+/// engine mutes at once and without a click, whatever state the card is in.
 class MasterLine : public MixerLine {
  public:
-  /// `outputAlive` tells whether the card that the program plays on is there.
+  /// `outputAlive` returns whether the card that the program plays on is there.
   MasterLine(EventLoop& loop, SoundLine& engine, std::unique_ptr<CardMaster> card,
              std::function<bool()> outputAlive);
   ~MasterLine() override;
   MasterLine(const MasterLine&) = delete;
   MasterLine& operator=(const MasterLine&) = delete;
 
-  /// What was set last, however the card rounds it; before that, what was found.
+  /// The level that was set last, however the card rounded it; before that, the level that was
+  /// found.
   StereoLevel Level() const override;
   void SetLevel(StereoLevel level) override;
   bool Muted() const override;

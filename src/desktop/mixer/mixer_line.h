@@ -4,8 +4,8 @@
 
 namespace marlex {
 
-/// One line of the desk's mixer: two channels, a mute, a meter. Calls are on the system's thread
-/// and return at once.
+/// One line of the mixer: two channels, a mute and a meter. Call from the system's thread; calls
+/// return at once unless they say otherwise.
 class MixerLine {
  public:
   virtual ~MixerLine() = default;
@@ -14,14 +14,14 @@ class MixerLine {
   virtual void SetLevel(StereoLevel level) = 0;
   virtual bool Muted() const = 0;
   virtual void SetMute(bool muted) = 0;
-  virtual int Peak() = 0;  // 0 to 32767, loudest sample since the last call
+  virtual int Peak() = 0;  // 0 to 32767, peak since the last call
 
-  /// What was set last has reached the device, or cannot now; may wait for a moment.
+  /// Waits briefly until what was set last has reached the device, or cannot reach it now.
   virtual void Settle() {}
 };
 
-/// A line that is the engine's own: gain in software. A sound server's volume of a stream is never
-/// used, because servers remember those and set them again behind the program's back.
+/// A line inside the engine: a gain applied in software. The volume that a sound server keeps for a
+/// stream is never used, because servers remember such volumes and restore them without asking.
 class EngineLine : public MixerLine {
  public:
   explicit EngineLine(SoundLine& line) : Line(line) {}

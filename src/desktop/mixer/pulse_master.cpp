@@ -33,7 +33,7 @@ StereoLevel LevelOf(pa_cvolume volume, const pa_channel_map& channels) {
   return {FromServer(volume.values[0]), FromServer(volume.values[1])};
 }
 
-/// An output without sides gets the louder one, and the balance is lost.
+/// An output without left and right gets the louder channel's volume, and the balance is lost.
 pa_cvolume VolumeOf(StereoLevel level, const pa_channel_map& channels) {
   const pa_channel_map stereo = StereoMap();
   pa_cvolume volume;
@@ -52,7 +52,7 @@ std::unique_ptr<PulseMaster> PulseMaster::Open(const std::string& sink) {
   if (!connection) return nullptr;
   auto master =
       std::make_unique<PulseMaster>(std::move(connection), eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC));
-  // It is watched first, so that no loss falls between the two.
+  // Subscribe before looking the sink up, so that a loss in between is not missed.
   return master->Watch() && master->Find(sink) ? std::move(master) : nullptr;
 }
 
@@ -83,7 +83,7 @@ void PulseMaster::Take(pa_context*, const pa_sink_info* info, int, void* self) {
   master.State = {LevelOf(info->volume, info->channel_map), info->mute != 0};
 }
 
-/// Asks the server to report what becomes of its outputs.
+/// Asks the server to report changes of its outputs.
 bool PulseMaster::Watch() {
   const auto changed = [](pa_context*, pa_subscription_event_type_t type, std::uint32_t index,
                           void* self) {

@@ -8,7 +8,7 @@
 
 namespace marlex {
 
-/// The volume and mute of one output of the sound server, whichever is the default one.
+/// The volume and mute of one output of the sound server, even if it is not the default one.
 class PulseMaster : public MasterDevice {
  public:
   /// Null when the server does not answer or has no such output.
@@ -36,7 +36,7 @@ class PulseMaster : public MasterDevice {
   std::atomic<bool> Lost{false};
   std::atomic<std::uint32_t> Index{PA_INVALID_INDEX};  // of the output
   pa_channel_map Channels = {};
-  CardState State;  // as it was found
+  CardState State;  // as found when opened
 };
 
 }  // namespace marlex
