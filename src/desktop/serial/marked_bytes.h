@@ -5,12 +5,13 @@
 
 namespace marlex {
 
-/// Reads what a terminal device delivers under PARMRK. A byte that came with a framing or parity
-/// error is FF 00 and the byte, a break of the line is FF 00 00, and a good FF is doubled; nothing
-/// else begins with FF.
+/// Decodes what a terminal device delivers with PARMRK set (termios(3)): a byte received with a
+/// framing or parity error is FF 00 followed by the byte, a break is FF 00 00, and a good FF is
+/// doubled. Nothing else begins with FF.
 class MarkedBytes {
  public:
-  /// The good bytes among those that were read next. A mark may be cut anywhere between two reads.
+  /// Returns the good bytes among the next ones read. A mark may be split anywhere between two
+  /// reads.
   std::string Take(std::string_view read);
 
  private:

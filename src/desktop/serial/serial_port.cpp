@@ -16,7 +16,8 @@ constexpr std::size_t kInBufferSize = 1024;
 constexpr std::size_t kOutBufferSize = 512;
 constexpr int kRetryIntervalMs = 1000;
 
-/// A file that could be the port; `Decides`: it is the port if it exists, whatever is behind it.
+/// A file that could be the port. If `Decides` is set, it is the port if it exists, wherever it
+/// leads.
 struct Candidate {
   std::string Path;
   bool Decides;
@@ -33,7 +34,7 @@ std::vector<Candidate> Candidates(const SerialPlaces& places, int number) {
 
 bool IsAbsent(int error) { return error == ENODEV || error == ENOENT; }
 
-/// Whether a name stands in its directory, also as a link that points nowhere.
+/// Whether a name exists in its directory, even as a dangling link.
 bool IsNamed(const std::string& path) {
   std::error_code ignored;
   return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
@@ -43,7 +44,7 @@ bool IsNamed(const std::string& path) {
 
 void TtySerialPort::DeleteLater::operator()(QSocketNotifier* notifier) const {
   notifier->setEnabled(false);
-  notifier->deleteLater();  // it may be the one whose event is running
+  notifier->deleteLater();  // it may be the one whose event is being handled
 }
 
 TtySerialPort::TtySerialPort(EventLoop& loop, SerialPlaces places)
@@ -68,7 +69,7 @@ void TtySerialPort::SetPortOpen(bool open) {
   }
 }
 
-/// Opens the device of the port's number: 0, or the error of the file that decided.
+/// Opens the device of port `Number`. Returns 0, or the error of the file that decided.
 int TtySerialPort::TryOpen() {
   int error = ENODEV;
   for (const Candidate& candidate : Candidates(Places, Number)) {
@@ -115,8 +116,8 @@ void TtySerialPort::LoseLine() {
   Retry();
 }
 
-/// The report comes out of the loop, not out of the opening: a box that nobody answers does not
-/// hold back the start of the program.
+/// Reports as an event of the loop, not from within the opening: an unanswered box must not hold up
+/// the start of the program.
 void TtySerialPort::ReportFault(int error) {
   const std::string text =
       "COM" + std::to_string(Number) + ": " + std::generic_category().message(error);
@@ -153,8 +154,8 @@ void TtySerialPort::SendOwed() {
   Flush();
 }
 
-/// What does not fit goes out when the line takes it; of too much, the newest bytes are kept,
-/// because the last one says what the amplifier is to do now.
+/// Sends what the line takes; the rest follows when the line takes more. If there is too much, the
+/// newest bytes are kept, since the last one says what the amplifier must do now.
 void TtySerialPort::Flush() {
   const int count = Line->Write(Unsent);
   if (count < 0) return LoseLine();

@@ -14,7 +14,7 @@ class QSocketNotifier;
 
 namespace marlex {
 
-/// Directories in which a port number is looked for.
+/// Directories in which a port is looked up.
 struct SerialPlaces {
   std::string ProgramDirectory;
   std::string DeviceDirectory = "/dev";
@@ -22,15 +22,15 @@ struct SerialPlaces {
 
 /// The serial line on a terminal device. Port number n is the first of these that exists:
 ///
-///  1. `com<n>` beside the program: a link to the device of this desk, set by whoever installs it.
-///     It decides even while it points nowhere, since it names an adapter that is unplugged.
+///  1. `com<n>` beside the program: a link to the device on this PC, made by the installer. It
+///     decides even if it is dangling, since it then names an adapter that is unplugged.
 ///  2. `/dev/com<n>`, a link likewise.
-///  3. `/dev/ttyS<n-1>`, a port of the board, where there is hardware behind it.
+///  3. `/dev/ttyS<n-1>`, a port of the board, if its hardware exists.
 ///  4. `/dev/ttyUSB<n-1>`, an adapter.
 ///
-/// A device that answers an error or hangs up is closed at once, for a dead one would report
-/// without end. The look-up then begins again each second, so an adapter is found under its new
-/// name, and hears the newest byte that found it away.
+/// A device that reports an error or hangs up is closed at once, since a dead one would signal
+/// events without end. The look-up is then repeated every second, so that an adapter is found under
+/// its new name. It is then sent the newest byte that was output while it was gone.
 class TtySerialPort : public SerialPort {
  public:
   TtySerialPort(EventLoop& loop, SerialPlaces places);
@@ -66,15 +66,15 @@ class TtySerialPort : public SerialPort {
   EventLoop& Loop;
   const SerialPlaces Places;
   int NextNumber = 1;  // the port that the next opening takes
-  int Number = 1;      // the port that is meant to be open
+  int Number = 1;      // the port that should be open
   bool Wanted = false;
 
   std::optional<TtyLine> Line;  // empty while there is no device
   Notifier Reader;
   Notifier Writer;       // enabled only while `Unsent` holds bytes
   std::string Received;  // at most 1024 bytes
-  std::string Unsent;    // what the kernel did not take yet, at most 512 bytes
-  std::string Owed;      // the newest byte that found no device; empty when none did
+  std::string Unsent;    // what the kernel has not taken yet, at most 512 bytes
+  std::string Owed;      // the newest byte output without a device; empty if none
   EventLoop::TimerId RetryTimer = 0;
   const Lifeline Life;
 };

@@ -56,8 +56,8 @@ TtyLine::~TtyLine() {
   if (Device >= 0) close(Device);
 }
 
-/// The board's own ports have a device file each, whether there is a chip behind it or not.
-/// Adapters are there when their file is, and their drivers fill in no type.
+/// Each of the board's own ports has a device file, whether or not there is a chip. An adapter is
+/// there whenever its file is; its driver reports no type.
 bool TtyLine::HasHardware() const {
   struct stat file {};
   const bool isBoardPort = fstat(Device, &file) == 0 && S_ISCHR(file.st_mode) &&
@@ -76,7 +76,7 @@ bool TtyLine::Configure() {
   mode.c_iflag |= INPCK | PARMRK;
   mode.c_cflag &= ~static_cast<tcflag_t>(CSTOPB | CRTSCTS | HUPCL);
   mode.c_cflag |= CS8 | CREAD | CLOCAL;
-  mode.c_cc[VMIN] = 1;  // so that "no byte now" and "hung up" are two answers
+  mode.c_cc[VMIN] = 1;  // distinguishes "no byte now" from "hung up"
   mode.c_cc[VTIME] = 0;
   cfsetispeed(&mode, kSpeed);
   cfsetospeed(&mode, kSpeed);

@@ -8,18 +8,17 @@
 
 namespace marlex {
 
-/// One open terminal device, set to the amplifier's line: 19200 baud, 8 data bits, no parity, 1
-/// stop bit, no handshake, nothing translated. It is opened without becoming the controlling
-/// terminal, for this process alone, and leaves the control lines as they are when it is closed, so
-/// that no relay clicks.
+/// One open terminal device, set up for the amplifier: 19200 baud, 8 data bits, no parity, 1 stop
+/// bit, no handshake, no translation. It is opened exclusively and does not become the controlling
+/// terminal. Closing it leaves the control lines as they are, so that no relay clicks.
 ///
-/// A break of the line and a byte with a framing error are no bytes: read as such they would look
-/// like status 0 or any other. The device is asked to mark them (INPCK and PARMRK), for drivers
-/// that are to drop them themselves (IGNPAR) do so in part only, and what is marked is left out.
+/// A break and a byte with a framing error are not data: read as bytes, they would look like status
+/// 0 or any other. The device is asked to mark them (INPCK and PARMRK), and what is marked is left
+/// out; asked to drop them itself (IGNPAR), it might pass some on, as some drivers do.
 class TtyLine {
  public:
-  /// Empty when the device cannot be opened or is no terminal; `error` is the number then (errno).
-  /// A serial port of the board whose hardware is absent answers ENODEV.
+  /// Empty when the device cannot be opened or is not a terminal; `error` is then the `errno`
+  /// value. ENODEV stands for a serial port of the board whose hardware is missing.
   static std::optional<TtyLine> Open(const std::string& path, int& error);
 
   TtyLine(TtyLine&& other) noexcept;
@@ -28,10 +27,12 @@ class TtyLine {
 
   int Descriptor() const { return Device; }
 
-  /// Takes bytes that wait, those with an error left out; empty optional when the device is gone.
+  /// Returns the bytes that are waiting, without those received with an error; empty optional when
+  /// the device is gone. Does not wait.
   std::optional<std::string> Read();
 
-  /// Hands bytes to the kernel without waiting: how many it took, -1 when the device is gone.
+  /// Passes bytes to the kernel without waiting, and returns how many it took; -1 when the device
+  /// is gone.
   int Write(std::string_view bytes);
 
  private:
