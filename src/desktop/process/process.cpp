@@ -17,8 +17,8 @@ namespace marlex {
 
 namespace {
 
-/// Name in the kernel's abstract space, which begins with a NUL. A caption may be longer than such
-/// a name, so its hash (FNV-1a, 64 bits) stands for it.
+/// A name in the kernel's abstract namespace, which begins with a NUL. It contains a hash of the
+/// caption (FNV-1a, 64 bits), since a caption may be too long for such a name.
 class WindowAddress {
  public:
   explicit WindowAddress(const std::string& caption) {
@@ -45,8 +45,8 @@ class WindowAddress {
   socklen_t Length;
 };
 
-/// Datagram sockets: whether the name is taken is answered by connecting, without a queue at the
-/// other end that could fill up.
+/// Datagram sockets: connecting is enough to learn whether the name is taken, and the other end has
+/// no queue of connections that could fill up.
 int MakeSocket() { return socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0); }
 
 }  // namespace
@@ -74,7 +74,7 @@ bool PosixProcess::FindWindow(const std::string& caption) const {
 bool PosixProcess::ClaimWindow(const std::string& caption) {
   if (Claims.contains(caption)) return true;
   const int socket = MakeSocket();
-  if (socket < 0) return true;  // a desk that cannot ask is better than none
+  if (socket < 0) return true;  // better a program that cannot ask than none
   if (WindowAddress(caption).Bind(socket)) {
     Claims.emplace(caption, socket);
     return true;

@@ -7,9 +7,9 @@
 
 namespace marlex {
 
-/// The process on Linux. A main window is known to the whole machine by an abstract socket whose
-/// name follows from the caption: the kernel gives it to one process only and takes it back when
-/// that process ends, also by a crash or a kill, and it needs no file that could be left behind.
+/// The process on Linux. A main window is announced to the whole machine by an abstract socket
+/// whose name is derived from the caption (unix(7)): the kernel gives it to one process only and
+/// frees it when that process ends, even by a crash or a kill. It leaves no file behind.
 class PosixProcess : public Process {
  public:
   PosixProcess() = default;
@@ -19,16 +19,17 @@ class PosixProcess : public Process {
 
   std::string ApplicationDirectory() const override;
 
-  /// A window that this object has claimed itself is not found.
+  /// Does not find a window that this object itself has claimed.
   bool FindWindow(const std::string& caption) const override;
 
-  /// Does nothing when another process holds the caption.
+  /// Claims the caption; false, without effect, when another process holds it.
   bool ClaimWindow(const std::string& caption) override;
 
-  /// Version of the kernel; the family is none of the published ones.
+  /// Version of the kernel. The platform is none of those in the published interface.
   SystemVersion GetVersion() const override;
 
-  /// Ends with exit code 0 and runs no destructors: there are waits below that never return.
+  /// Exits with code 0 without running destructors: there are waits further down the stack that
+  /// never return.
   [[noreturn]] void End() override;
 
  private:

@@ -26,27 +26,27 @@ bool Holds(const std::function<bool()>& condition) {
   try {
     return condition();
   } catch (...) {
-    return true;  // nothing may fly through Qt; the wait tests the condition again and lets it out
-                  // there
+    // No exception may pass through Qt; the wait tests the condition again and throws there.
+    return true;
   }
 }
 
 }  // namespace
 
-/// The queue under a timer of Qt, which is set to the next event. It starts again, under a new id,
-/// before each delivery, because Qt does not fire a timer while its own event is still being
+/// The queue, driven by a Qt timer that is set to the next event. The timer is restarted, under a
+/// new id, before each delivery, because Qt does not fire a timer whose own event is still being
 /// handled further down the stack.
 class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Core> {
  public:
   explicit Core(EventLoop& owner) : Owner(&owner) {
     auto* dispatcher = QAbstractEventDispatcher::instance();
     connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this, dispatcher] {
-      if (WaitIsOver())
-        dispatcher->wakeUp();  // events of Qt's own have ended the wait: no sleep now
+      // Do not go to sleep if Qt's own events have ended the wait.
+      if (WaitIsOver()) dispatcher->wakeUp();
     });
   }
 
-  /// The loop is gone: calls that still run deliver nothing more and return.
+  /// Call when the loop is gone: calls that are still running deliver nothing more and return.
   void Abandon() {
     Owner = nullptr;
     Arm();
@@ -93,7 +93,7 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
   }
 
  protected:
-  /// Another thread has posted something.
+  /// Handles the notice that another thread has posted something.
   bool event(QEvent* event) override {
     if (event->type() != QEvent::User) return QObject::event(event);
     EmptyInbox();
@@ -113,11 +113,11 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
     std::function<void()> Event;
   };
   struct Wait {
-    const std::function<bool()>* Done;  // null: a pump, which waits for nothing
-    int LoopLevel;                      // Qt's loops that ran when the wait began
+    const std::function<bool()>* Done;  // null for a pump, which waits for nothing
+    int LoopLevel;                      // nesting depth of Qt's loops when the wait began
   };
 
-  /// Keeps the stack of waits right, however a wait ends, and lets the next outer one go on.
+  /// Keeps the stack of waits correct however a wait ends, and lets the next outer one continue.
   class WaitScope {
    public:
     WaitScope(Core& core, const std::function<bool()>* done) : Held(core) {
@@ -134,17 +134,17 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
     Core& Held;
   };
 
-  /// Whether the innermost wait has got its condition and only has to return. A dialog that was
-  /// opened on top of that wait runs a loop of Qt's own; its events go on, or an unanswered box
-  /// would stop every timer.
+  /// Whether the condition of the innermost wait is met, so that it only has to return. A dialog
+  /// opened on top of that wait runs a Qt loop of its own; events continue to be delivered there,
+  /// or an unanswered box would stop every timer.
   bool WaitIsOver() const {
     if (Waits.empty() || !Waits.back().Done) return false;
     return Waits.back().LoopLevel == QThread::currentThread()->loopLevel() &&
            Holds(*Waits.back().Done);
   }
 
-  /// Delivers what is due now, but nothing that is queued meanwhile, so that events which feed each
-  /// other leave the windows their turn.
+  /// Delivers what is due now, but nothing queued meanwhile, so that events that trigger each other
+  /// still let the windows have their turn.
   void Serve() {
     EmptyInbox();
     const EventQueue::Time begun = Now();
@@ -159,7 +159,7 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
     Arm();
   }
 
-  /// Queues what was posted, each event at the time at which it was.
+  /// Queues what was posted, each event with the time at which it was posted.
   void EmptyInbox() {
     std::vector<Posted> posted;
     {
@@ -189,11 +189,11 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
 
   EventLoop* Owner;
   EventQueue Queue;
-  std::vector<Wait> Waits;  // the innermost last
-  int QtTimer = 0;          // id of the running timer of Qt; 0 when none runs
+  std::vector<Wait> Waits;  // the innermost comes last
+  int QtTimer = 0;          // id of the running Qt timer; 0 for none
   std::optional<EventQueue::Time> ArmedFor;
 
-  std::mutex InboxLock;  // guards the inbox
+  std::mutex InboxLock;  // guards `Inbox`
   std::vector<Posted> Inbox;
 };
 

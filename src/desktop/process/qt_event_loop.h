@@ -7,14 +7,15 @@
 
 namespace marlex {
 
-/// The system's loop on Qt's. It is made on the thread that owns the `QCoreApplication`, which must
-/// exist by then, and serves its timers and posted events under whatever loop of Qt runs: the
-/// application's, a dialog's, or a wait of its own. They come in the order of their due time, and
-/// among equals in the order in which they were queued.
+/// The system's loop on top of Qt's. Create it on the thread that owns the `QCoreApplication`,
+/// which must exist already. It serves its timers and posted events under whatever Qt loop is
+/// running: that of the application, of a dialog, or of one of its own waits. Events come in the
+/// order of their due times, and those with the same due time in the order in which they were
+/// queued.
 ///
-/// Between two of them the condition of the innermost wait is tested, so that nothing of the loop's
-/// own slips in between the event that ends a wait and its end. Events that Qt itself collects (the
-/// operator's hand, sockets) come in bursts, and the condition is tested after each burst.
+/// The condition of the innermost wait is tested between any two of these events, so that none of
+/// them slips in between the event that ends a wait and the wait's return. Events that Qt collects
+/// itself (input, sockets) come in bursts, and the condition is tested after each burst.
 class QtEventLoop : public EventLoop {
  public:
   QtEventLoop();
@@ -30,8 +31,8 @@ class QtEventLoop : public EventLoop {
 
  private:
   class Core;
-  std::shared_ptr<Core>
-      Inner;  // shared with its own running calls, which may outlive the loop by a moment
+  // Shared with its own running calls, which may briefly outlive the loop.
+  std::shared_ptr<Core> Inner;
 };
 
 }  // namespace marlex

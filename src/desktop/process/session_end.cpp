@@ -19,11 +19,12 @@ namespace {
 
 constexpr std::array kEndSignals = {SIGTERM, SIGINT, SIGHUP};
 
-/// Where the handler writes; it may touch nothing else.
+/// Descriptor that the signal handler writes to; it may touch nothing else.
 std::atomic<int> SignalEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
-/// A pipe that is full has its reader awake already.
+/// Signal handler. A failed write does no harm: if the pipe is full, its reader is already being
+/// woken.
 void NoteSignal(int) {
   const int error = errno;
   const char byte = 0;
@@ -33,7 +34,7 @@ void NoteSignal(int) {
 
 }  // namespace
 
-/// Catches the signals as long as it lives, each as a byte on a pipe.
+/// Catches the signals during its lifetime, and turns each into a byte on a pipe.
 class SessionEnd::Signals {
  public:
   Signals() {
@@ -53,7 +54,7 @@ class SessionEnd::Signals {
   Signals(const Signals&) = delete;
   Signals& operator=(const Signals&) = delete;
 
-  /// -1 when the system had no pipe: the signals then do what they always do.
+  /// Descriptor to read from; -1 when there is no pipe, and the signals have their default effect.
   int Descriptor() const { return Ends[0]; }
 
   void Clear() {
@@ -105,7 +106,7 @@ void SessionEnd::EndAtExit() {
   if (Current) Current->End();
 }
 
-/// At once, not as a posted event: after the display there is no loop any more.
+/// Delivers at once, not as a posted event: when the display is gone, no loop runs any more.
 void SessionEnd::End() { Loop.Deliver(OnEnd); }
 
 }  // namespace marlex

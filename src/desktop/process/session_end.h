@@ -10,17 +10,17 @@ class QSocketNotifier;
 
 namespace marlex {
 
-/// The end of the operator's session, which must end the program in its own way: SIGTERM, SIGINT
-/// and SIGHUP, the session manager's word (Qt's quit event, which a window that stays open would
-/// refuse otherwise), and `std::exit`, with which Qt leaves when the display is gone. The session
-/// manager's query whether the session may end is not its end: the session may continue.
+/// The end of the operator's session, on which the program must shut down properly: SIGTERM, SIGINT
+/// and SIGHUP, the session manager's request (Qt's quit event, which an open window would otherwise
+/// refuse), and `std::exit`, which Qt calls when the display is gone. When the session manager
+/// merely asks whether the session may end, nothing happens: the session may continue.
 ///
-/// A signal that whoever started us had ignored, as `nohup` does with SIGHUP, stays ignored. Needs
-/// a running QCoreApplication; there is one object of this class at a time.
+/// A signal that the parent process has set to be ignored, as `nohup` does with SIGHUP, stays
+/// ignored. Needs a running `QCoreApplication`. Only one object of this class may exist at a time.
 class SessionEnd : public QObject {
  public:
-  /// `onEnd` is to end the process. It is called on the loop's thread, under whatever loop of Qt
-  /// runs and at any depth of nested waits, and again for each further sign of the end.
+  /// `onEnd` should end the process. It is called on the loop's thread, under whatever Qt loop is
+  /// running and at any depth of nested waits, and again for each further sign of the end.
   SessionEnd(EventLoop& loop, std::function<void()> onEnd);
   ~SessionEnd() override;
 
@@ -37,7 +37,7 @@ class SessionEnd : public QObject {
   std::unique_ptr<Signals> Caught;
   std::unique_ptr<QSocketNotifier> Listener;
 
-  static SessionEnd* Current;  // for what the C library calls without an argument
+  static SessionEnd* Current;  // for `std::atexit`, whose callbacks take no argument
 };
 
 }  // namespace marlex

@@ -6,8 +6,8 @@ namespace marlex {
 
 namespace {
 
-constexpr int kFirstYear = 1900;  // year 0 of std::tm
-constexpr int kSunday = 7;        // day 0 of std::tm's week
+constexpr int kFirstYear = 1900;  // year 0 of `std::tm`
+constexpr int kSunday = 7;        // day 0 of the week in `std::tm`
 constexpr int kLastSecond = 59;   // a leap second counts as the second before it
 
 }  // namespace
@@ -15,9 +15,9 @@ constexpr int kLastSecond = 59;   // a leap second counts as the second before i
 LocalTime SystemClock::Now() const { return LocalTimeAt(std::time(nullptr)); }
 
 LocalTime LocalTimeAt(std::time_t moment) {
-  ::tzset();  // localtime_r alone goes on with the zone of its first call
+  ::tzset();  // `localtime_r` alone keeps using the zone of its first call
   std::tm civil{};
-  if (!::localtime_r(&moment, &civil)) return {};  // only for years beyond an int
+  if (!::localtime_r(&moment, &civil)) return {};  // only for years that do not fit an int
   return {.Year = civil.tm_year + kFirstYear,
           .Month = civil.tm_mon + 1,
           .Day = civil.tm_mday,

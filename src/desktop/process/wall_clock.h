@@ -6,14 +6,15 @@
 
 namespace marlex {
 
-/// The system's clock in the system's time zone. A zone that is changed while the program runs
-/// counts from the next call on.
+/// The system's clock in the system's time zone. A change of the time zone takes effect with the
+/// next call.
 class SystemClock : public WallClock {
  public:
   LocalTime Now() const override;
 };
 
-/// Local time of a moment, in seconds since 1 January 1970 UTC, in the time zone of now.
+/// Local time in the current time zone, `moment` seconds after 1 January 1970 UTC. A leap second
+/// counts as the second before it.
 LocalTime LocalTimeAt(std::time_t moment);
 
 }  // namespace marlex
