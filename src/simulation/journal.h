@@ -11,22 +11,22 @@
 
 namespace marlex {
 
-/// What the system did to its PC, one line an effect: "<milliseconds since the last Clear>
-/// <category> <what>".
+/// Records what the system does to its PC, one line per effect: "<milliseconds since the last
+/// Clear> <category> <what>".
 ///
-/// Categories: send, lost, serial (the line), wav, control (the two wave players), song, box, open
-/// (dialogs), process, failure (broken rules nobody handles), delete, and, off unless asked for,
-/// write (profile files), mixer and load (of a song).
+/// Categories: send, lost and serial (the line); wav and control (the two wave players); song; box,
+/// open and save (dialogs); process; failure (broken rules that nobody handles); rebuild (whole
+/// profile files). Off by default: write (values in profile files), mixer, and load (of a song).
 class Journal {
  public:
   explicit Journal(const VirtualLoop& loop) : Loop(loop) {}
 
-  /// Records these categories from now on and no others.
+  /// Records only these categories from now on.
   void Only(std::initializer_list<std::string> categories) {
     Chosen = std::set<std::string>(categories);
   }
 
-  /// Stops or starts the recording of one category.
+  /// Stops or resumes recording one category.
   void Mute(const std::string& category) { Muted.insert(category); }
   void Unmute(const std::string& category) { Muted.erase(category); }
 
@@ -40,7 +40,7 @@ class Journal {
                       (what.empty() ? "" : " " + what));
   }
 
-  /// Forgets all lines and counts the milliseconds from this moment.
+  /// Forgets all lines and restarts the count of milliseconds.
   void Clear() {
     Entries.clear();
     StartMs = Loop.NowMs();
@@ -48,14 +48,14 @@ class Journal {
 
   const std::vector<std::string>& Lines() const { return Entries; }
 
-  /// All lines, each with its line feed.
+  /// All lines, each with a line feed.
   std::string Text() const {
     std::string text;
     for (const std::string& line : Entries) text += line + "\n";
     return text;
   }
 
-  /// The text of all lines, which are then cleared.
+  /// Returns the text of all lines, then clears them.
   std::string Take() {
     std::string text = Text();
     Clear();

@@ -12,7 +12,7 @@ namespace {
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-/// Whether `name` matches `*` and `?`, without regard to the case of plain letters.
+/// Whether `name` matches a pattern with `*` and `?`, ignoring the case of ASCII letters.
 bool Matches(std::string_view name, std::string_view pattern) {
   if (pattern.empty()) return name.empty();
   if (pattern.front() == '*') {
@@ -109,7 +109,7 @@ std::optional<int> MemoryDisk::MediaLengthMs(const std::string& path, MediaKind 
   return file->LengthMs;
 }
 
-/// Whether the path or a directory above it is among the faults.
+/// Whether the path or a directory above it is in `faults`.
 bool MemoryDisk::Covers(const std::set<std::string>& faults, const std::string& path) {
   if (faults.empty()) return false;
   for (std::string part = WithoutFinalSeparator(path); !part.empty(); part = ParentOf(part)) {
@@ -128,10 +128,11 @@ const MemoryDisk::File* MemoryDisk::Find(const std::string& path) const {
   return found == Files.end() || Covers(Vanished, found->first) ? nullptr : &found->second;
 }
 
-/// The path of a file that is there under this name, or else under one that is the same but for
-/// case; the path itself without one.
+/// Path of an existing file of this name, or else of one whose name differs only in case. If there
+/// is none, the same for a directory; failing that, the path itself.
 std::string MemoryDisk::Found(const std::string& path) const {
-  // Most files are there as they are named; a simulated week asks for millions of them.
+  // The common case, for speed: most files have exactly the name asked for, and a simulated week
+  // asks for millions of them.
   if (Files.contains(path) && !Covers(Vanished, path)) return path;
   for (const auto& [name, file] : Files) {
     if (NamesTheSame(name, path) && !Covers(Vanished, name)) return name;
@@ -139,7 +140,7 @@ std::string MemoryDisk::Found(const std::string& path) const {
   return FoundDirectory(path);
 }
 
-/// The same for a directory, which is given without a final separator.
+/// The same for a directory. The result has no final separator.
 std::string MemoryDisk::FoundDirectory(const std::string& path) const {
   const std::string plain = WithoutFinalSeparator(path);
   if (DirectoriesMade.contains(plain)) return plain;
@@ -155,8 +156,7 @@ bool MemoryDisk::HasDirectory(const std::string& path) const {
   return (root || DirectoriesMade.contains(found)) && !Covers(Vanished, found);
 }
 
-/// Names of the files of one directory, in the order of their bytes; those of the directories below
-/// it are left out.
+/// Names of the files directly in one directory, in the order of their bytes.
 std::vector<std::string> MemoryDisk::FilesOf(const std::string& directory) const {
   std::vector<std::string> names;
   const std::string prefix = JoinPath(FoundDirectory(directory), "");

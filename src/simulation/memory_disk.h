@@ -12,8 +12,8 @@ namespace marlex {
 
 enum class MediaKind { None, Wav, Mp3 };
 
-/// One tree of files in memory, shared by everything on the simulated PC that reads or writes
-/// files. Directories come into being with the files in them. Paths are absolute.
+/// One file tree in memory, shared by everything on the simulated PC that reads or writes files.
+/// Adding a file creates the directories above it. Paths are absolute.
 class MemoryDisk : public Directories {
  public:
   MemoryDisk() { AddDirectory(kHome); }
@@ -28,7 +28,7 @@ class MemoryDisk : public Directories {
   /// The operator's home directory.
   static constexpr const char* kHome = "/home/operator";
 
-  /// Mounts a file system at a directory, which is made where needed.
+  /// Mounts a file system at a directory, which is created if necessary.
   void AddDrive(const std::string& root);
 
   void AddDirectory(const std::string& path);
@@ -36,17 +36,18 @@ class MemoryDisk : public Directories {
   void AddWav(const std::string& path, int lengthMs);
   void AddMp3(const std::string& path, int lengthMs);
 
-  /// A file that is there, whatever its name, but that no player can play.
+  /// Adds a file that exists, whatever its name, but that no player can play.
   void AddBroken(const std::string& path) { AddFile(path); }
 
   void Remove(const std::string& path) { Files.erase(path); }
 
-  /// Takes a file, or a directory with all below it, away without losing it, like a drive that
-  /// drops out; and back.
+  /// Makes a file, or a directory with everything in it, disappear without losing it, like a drive
+  /// that is unplugged; `Return` brings it back.
   void Vanish(const std::string& path) { Vanished.insert(WithoutFinalSeparator(path)); }
   void Return(const std::string& path) { Vanished.erase(WithoutFinalSeparator(path)); }
 
-  /// Makes writes below this path, or to this file, fail, as on a full or protected disk; or reads.
+  /// Make writes or reads fail for this file, or for everything below this directory, as on a full,
+  /// protected or faulty disk. `Heal` undoes both.
   void FailWrites(const std::string& path) { Unwritable.insert(WithoutFinalSeparator(path)); }
   void FailReads(const std::string& path) { Unreadable.insert(WithoutFinalSeparator(path)); }
   void Heal(const std::string& path);
@@ -54,15 +55,15 @@ class MemoryDisk : public Directories {
   /// Path under which the file or directory of this name is found.
   std::string Found(const std::string& path) const;
 
-  /// Whole text of a file. Empty when it is not there or cannot be read.
+  /// Whole text of a file; empty optional when it is missing or cannot be read.
   std::optional<std::string> Read(const std::string& path) const;
 
-  /// Creates or replaces a text file. False when its directory is not there or the write fails; the
-  /// file is then intact.
+  /// Creates or replaces a text file. False when its directory is missing or the write fails; an
+  /// existing file is then unchanged.
   bool Write(const std::string& path, const std::string& text);
 
-  /// Length of a file of this kind in milliseconds. Empty when it is not there, is of another kind
-  /// or cannot be read.
+  /// Length of a file of this kind in milliseconds; empty when the file is missing, is of another
+  /// kind or cannot be read.
   std::optional<int> MediaLengthMs(const std::string& path, MediaKind kind) const;
 
  private:

@@ -31,7 +31,7 @@ Writing MemoryProfiles::WriteStrings(const std::vector<ProfileEntry>& entries,
   return unchanged ? Writing::Unchanged : Writing::Done;
 }
 
-/// Text of a file; nothing when the file is missing, unreadable or not text.
+/// Text of a file; empty optional when the file is missing, unreadable or not text.
 std::optional<ProfileFileText> MemoryProfiles::TextOf(const std::string& file) const {
   auto bytes = Disk.Read(file);
   return bytes ? ProfileFileText::Of(*std::move(bytes)) : std::nullopt;

@@ -8,7 +8,7 @@ namespace marlex {
 
 namespace {
 
-/// The text in one line: each line break becomes a bar.
+/// The text on one line, with a bar for each line break.
 std::string InOneLine(const std::string& text) {
   std::string line;
   for (const char c : text) {
@@ -50,7 +50,7 @@ void SimulatedDialogs::Answer() {
 
 void SimulatedDialogs::Answer(Box& box) {
   box.Answered = true;
-  Loop.Post([] {});  // A wait tests its condition after an event.
+  Loop.Post([] {});  // A wait tests its condition only after an event.
   if (!box.OnAnswer) return;
   box.OnAnswer();
   Close(box);

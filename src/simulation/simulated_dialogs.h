@@ -12,7 +12,8 @@
 
 namespace marlex {
 
-/// Boxes with a scripted operator. At first he answers each at once, with no time between.
+/// Dialogs with a scripted operator, who by default answers each one at once, without any time
+/// passing.
 class SimulatedDialogs : public Dialogs {
  public:
   SimulatedDialogs(VirtualLoop& loop, Journal& journal) : Loop(loop), Log(journal) {}
@@ -25,34 +26,34 @@ class SimulatedDialogs : public Dialogs {
 
   static constexpr int kNever = -1;
 
-  /// Milliseconds until the operator answers the boxes that open from now on; 0 is at once, kNever
-  /// waits for `Answer`.
+  /// Milliseconds until the operator answers a box, for boxes that open from now on; 0 for at once,
+  /// `kNever` to wait for `Answer`.
   int AnswerAfterMs = 0;
 
-  /// Answers the box on top, to be called between two calls of the loop or from a scheduled event.
-  /// A message box gets its OK, a file dialog the next of `OpenResults`.
+  /// Answers the topmost box. Call between two calls of the loop or from a scheduled event. A
+  /// message box gets its OK, a file dialog the next of `OpenResults`.
   void Answer();
 
-  /// Number of boxes that are open now.
+  /// Number of boxes that are open.
   int OpenBoxCount() const { return static_cast<int>(Open.size()); }
 
-  /// Whether one of them is a file dialog.
+  /// Whether one of the open boxes is a file dialog.
   bool FileDialogIsOpen() const { return FileDialogStands; }
 
   /// Closes all boxes, as the end of the process does.
   void Reset();
 
-  /// Answers of the file dialogs to come, the first one first; an empty text cancels, and so does
-  /// an empty list.
+  /// Answers to the next file dialogs, in order. An empty text cancels a dialog, and so does an
+  /// empty queue.
   std::deque<std::string> OpenResults;
 
-  /// Called in the event that tells a dialog's asker what was chosen, just before he is told.
+  /// Called just before a file dialog's `onChosen`, in the same event.
   std::function<void(const FileDialog& dialog, const std::string& result)> BeforeChosen;
 
-  /// Path that the last save dialog that was answered has given.
+  /// Result of the save dialog that was answered last.
   std::string LastSavePath;
 
-  /// All boxes and file dialogs that were shown, the last one last.
+  /// All message boxes and file dialogs ever shown, in order.
   std::vector<MessageBox> Boxes;
   std::vector<FileDialog> FileDialogs;
 
@@ -65,7 +66,7 @@ class SimulatedDialogs : public Dialogs {
  private:
   struct Box {
     bool Answered = false;
-    std::function<void()> OnAnswer;  // empty where a wait stands in the box
+    std::function<void()> OnAnswer;  // empty for a box that a wait is blocked on
   };
 
   void Record(const std::string& body, BoxIcon icon, const std::string& caption);
@@ -77,7 +78,7 @@ class SimulatedDialogs : public Dialogs {
 
   VirtualLoop& Loop;
   Journal& Log;
-  std::list<Box> Open;  // the top one last
+  std::list<Box> Open;  // the topmost comes last
   bool FileDialogStands = false;
 };
 

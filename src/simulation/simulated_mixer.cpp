@@ -7,15 +7,15 @@ namespace marlex {
 
 namespace {
 
-// Errors of the published multimedia interface.
+// Error numbers of the published multimedia interface.
 constexpr std::uint32_t kBadDevice = 2;
 constexpr std::uint32_t kNotSupported = 8;
 constexpr std::uint32_t kInvalidParameter = 11;
 
-constexpr std::uint32_t kLinesOfDestination =
-    256;  // of the numbering: the destination itself and its sources
-constexpr std::uint32_t kControlsOfLine =
-    4;  // of the numbering: a control's number within its line is 1 to 3
+// Size of the id range of a destination: the destination itself and its sources.
+constexpr std::uint32_t kLinesOfDestination = 256;
+// Size of the id range of a line: its controls are numbered 1 to 3.
+constexpr std::uint32_t kControlsOfLine = 4;
 constexpr std::uint32_t kFullLevel = 65535;
 
 constexpr std::array kControlTypes = {kControlVolume, kControlMute, kControlPeakMeter};

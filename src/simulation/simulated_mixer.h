@@ -13,7 +13,7 @@
 
 namespace marlex {
 
-/// One line of the simulated mixer with its present values, 0 (silence) to 65535 (full).
+/// One line of the simulated mixer with its current values, 0 (silence) to 65535 (full).
 struct SimulatedLine {
   std::uint32_t ComponentType = 0;
   std::string Name;
@@ -23,7 +23,7 @@ struct SimulatedLine {
   bool HasMeter = true;
   std::array<std::uint32_t, 2> Volume{65535, 65535};  // left and right; a mono line uses the first
   std::uint32_t Mute = 0;                             // 0 or 1
-  std::array<std::uint32_t, 2> Peak{0, 0};            // what the meter reads, set by the test
+  std::array<std::uint32_t, 2> Peak{0, 0};            // meter reading, set by the test
 };
 
 struct SimulatedDestination {
@@ -36,10 +36,11 @@ struct SimulatedMixerDevice {
   std::vector<SimulatedDestination> Destinations;
 };
 
-/// Mixer devices in memory, open to every change by the test. At first there is one, with stereo
-/// speakers, a stereo wave output and a mono microphone that is muted, each with volume, mute and
-/// meter, all at full level. The values stay when a process ends, as those of a sound card do. Ids
-/// are worked out from the places of lines, so do not reorder them while a system runs.
+/// Mixer devices in memory, which the test may change freely. Initially there is one, with stereo
+/// speakers, a stereo wave output and a mono microphone that is muted; each has a volume, a mute
+/// and a meter, and all volumes are full. The values survive the end of a process, as on a sound
+/// card. Ids are computed from the positions of the lines, so do not reorder those while a system
+/// runs.
 class SimulatedMixer : public MixerFunctions {
  public:
   explicit SimulatedMixer(Journal& journal);
@@ -61,34 +62,35 @@ class SimulatedMixer : public MixerFunctions {
                                   const std::vector<std::uint32_t>& values) override;
   void Close(std::uint32_t handle) override;
 
-  /// All mixers there are. Clear it for a PC without a sound card.
+  /// All mixers of the PC. Clear it for a PC without a sound card.
   std::vector<SimulatedMixerDevice> Devices;
 
-  std::uint32_t OpenResult = kMixerNoError;  // what Open answers
-  std::uint32_t CapsResult = kMixerNoError;  // what GetDevCaps answers
+  std::uint32_t OpenResult = kMixerNoError;  // what `Open` returns
+  std::uint32_t CapsResult = kMixerNoError;  // what `GetDevCaps` returns
 
-  std::set<std::uint32_t> HiddenTypes;      // component types for which GetLineOfType fails
-  std::set<std::uint32_t> LostSources;      // numbers of sources for which GetSource fails
-  std::set<std::uint32_t> UnreadableTypes;  // control types for which GetControlDetails fails
-  bool RefusesSettings = false;             // SetControlDetails fails and changes nothing
+  std::set<std::uint32_t> HiddenTypes;      // component types for which `GetLineOfType` fails
+  std::set<std::uint32_t> LostSources;      // numbers of sources for which `GetSource` fails
+  std::set<std::uint32_t> UnreadableTypes;  // control types for which `GetControlDetails` fails
+  bool RefusesSettings = false;             // `SetControlDetails` fails and changes nothing
 
-  /// Whether the last setting of a control of this type, on the first line of this component type,
-  /// was refused.
+  /// Whether the latest attempt to set a control of this type, on the first line of this component
+  /// type, was refused.
   bool HasMissed(std::uint32_t componentType, std::uint32_t controlType) const {
     return MissedSettings.contains({Line(componentType), controlType});
   }
 
-  /// The first line of this component type on the first device. Null when there is none.
+  /// The first line of this component type on the first device; null when there is none.
   SimulatedLine* Line(std::uint32_t componentType);
   const SimulatedLine* Line(std::uint32_t componentType) const;
 
-  /// Level of that line's louder channel, 0 to 65535; 0 when there is no such line.
+  /// Level of the louder channel of that line, 0 to 65535; 0 when there is no such line.
   std::uint32_t Level(std::uint32_t componentType) const;
 
   /// Whether that line is muted; true when there is no such line.
   bool Muted(std::uint32_t componentType) const;
 
-  /// Adds a source behind those of the speakers; the reference holds until the next one is added.
+  /// Adds another source to the speakers, after the existing ones. The reference is valid until the
+  /// next source is added.
   SimulatedLine& AddSource(std::uint32_t componentType, const std::string& name,
                            std::uint32_t channels = 2);
 

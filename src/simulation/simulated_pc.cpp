@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::uint32_t kFullLevel = 65535;
 
-/// One sound as heard through the line of its kind; a mixer without that line leaves the sound to
-/// the master.
+/// Adds one sound as it is heard through the line of its kind. On a mixer without that line, only
+/// the master affects it.
 void AddSound(std::string& heard, const SimulatedMixer& mixer, std::uint32_t lineType,
               const std::string& sound) {
   const std::uint32_t ownType = mixer.Line(lineType) ? lineType : kComponentSpeakers;
@@ -65,8 +65,7 @@ std::string SimulatedPc::Heard() const {
   return heard.empty() ? "silence" : heard;
 }
 
-/// Until a system takes its failures over, they are lines of the journal, so that none passes
-/// unseen.
+/// Records failures in the journal until a system handles them itself, so that none goes unnoticed.
 void SimulatedPc::ReportFailures() {
   Loop.OnFailure = [this](const RuntimeFailure& failure) {
     Journal.Write("failure", failure.what());

@@ -19,32 +19,32 @@ namespace marlex {
 
 /// A PC in memory: every port of the system, on a virtual clock.
 ///
-/// A system that has run on it must be stopped with `Kill` before it is destroyed, since its stack
-/// may stand in a wait.
+/// Before a system that has run on it is destroyed, stop it with `Kill`, since its stack may be
+/// inside a wait.
 struct SimulatedPc {
   SimulatedPc();
-  ~SimulatedPc() { Kill(); }  // while all parts are still there
+  ~SimulatedPc() { Kill(); }  // while all members still exist
   SimulatedPc(const SimulatedPc&) = delete;
   SimulatedPc& operator=(const SimulatedPc&) = delete;
 
-  /// Ends the system's process wherever it stands, as a power cut does; does nothing when it has
-  /// ended by itself.
+  /// Ends the system's process wherever it is, as a power cut does. Does nothing when it has
+  /// already ended.
   void Kill() { Loop.Kill(); }
 
-  /// Kills what still runs and makes ready for another system: files, levels, clock, plugs and the
-  /// journal stay.
+  /// Kills what is still running and prepares for another system. Files, levels, the clock, plugs
+  /// and the journal are kept.
   void Restart();
 
-  /// What is heard from the speakers at this moment, as "song march.mp3 at 20000", "wav door.wav at
-  /// 0", "microphone at 0", several of them joined by " + ", or "silence". The figure is the slider
-  /// position of the sound's own line, 0 (full) to 65534: 65535 is silence, like a muted line or a
-  /// silent or muted master.
+  /// What the speakers play at this moment, as "song march.mp3 at 20000", "wav door.wav at 0",
+  /// "microphone at 0", several of them joined by " + ", or "silence". The figure is the slider
+  /// position of the sound's line, 0 (full) to 65534; 65535 counts as silence, as does a muted
+  /// line, or a silent or muted master.
   std::string Heard() const;
 
-  /// What a system is given of it.
+  /// The ports to hand to a system.
   marlex::Pc Ports() { return Ports(Profiles, Disk); }
 
-  /// The same over other files.
+  /// The same with other files.
   marlex::Pc Ports(ProfileFiles& profiles, Directories& files);
 
   VirtualLoop Loop;
@@ -53,7 +53,7 @@ struct SimulatedPc {
   MemoryDisk Disk;
   MemoryProfiles Profiles{Disk, Journal};
   SimulatedSerial Serial{Loop, Journal};
-  SimulatedWavePlayer Wav{Loop, Disk, Journal, "wav"};             // sounds
+  SimulatedWavePlayer Wav{Loop, Disk, Journal, "wav"};             // plays sounds
   SimulatedWavePlayer WavControl{Loop, Disk, Journal, "control"};  // measures lengths
   SimulatedSongPlayer Song{Loop, Disk, Journal};
   SimulatedMixer Mixer{Journal};

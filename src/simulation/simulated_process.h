@@ -10,8 +10,8 @@
 
 namespace marlex {
 
-/// The process of the simulated PC. Its end unwinds the system's stack; nothing of the system runs
-/// afterwards.
+/// The process of the simulated PC. Its end unwinds the system's stack, after which nothing of the
+/// system runs.
 class SimulatedProcess : public Process {
  public:
   SimulatedProcess(VirtualLoop& loop, Journal& journal) : Loop(loop), Log(journal) {}
@@ -33,16 +33,16 @@ class SimulatedProcess : public Process {
     Loop.End();
   }
 
-  /// Whether the process has ended, by itself or by a fault.
+  /// Whether the process has ended, by itself or by a failure.
   bool Ended() const { return Loop.Ended(); }
 
-  /// Forgets its window, as the end of the process does.
+  /// Gives up its window, as the end of the process does.
   void Reset() { ClaimedWindow.clear(); }
 
   std::string Directory = "/app";
   SystemVersion Version{2, 5, 0};
-  std::set<std::string> OtherWindows;  // captions of the main windows of other processes
-  std::string ClaimedWindow;  // caption by which this process is known; empty when it is not
+  std::set<std::string> OtherWindows;  // captions of other processes' main windows
+  std::string ClaimedWindow;           // caption claimed by this process; empty for none
 
  private:
   VirtualLoop& Loop;

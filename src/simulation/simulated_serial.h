@@ -14,7 +14,7 @@
 
 namespace marlex {
 
-/// A serial port with a scripted amplifier at its far end.
+/// A serial port with a scripted amplifier at the other end.
 class SimulatedSerial : public SerialPort {
  public:
   SimulatedSerial(VirtualLoop& loop, Journal& journal) : Loop(loop), Log(journal) {}
@@ -32,27 +32,29 @@ class SimulatedSerial : public SerialPort {
     int Value;          // 0 to 255
   };
 
-  /// Every byte that has reached the amplifier.
+  /// All bytes that have reached the amplifier.
   const std::vector<SentByte>& Sent() const { return SentBytes; }
 
-  /// Bytes from the amplifier arrive now; the system hears of them with the next event.
+  /// Receives bytes from the amplifier now; the system is notified by the next event.
   void Receive(std::initializer_list<int> bytes) { Receive(std::vector<int>(bytes)); }
   void Receive(const std::vector<int>& bytes);
 
-  /// Bytes from the amplifier arrive `delayMs` from now.
+  /// Receives bytes from the amplifier `delayMs` milliseconds from now.
   void ReceiveIn(std::int64_t delayMs, std::initializer_list<int> bytes);
 
-  /// Pulls the device out: an open port goes dead, a closed one cannot be opened.
+  /// Unplugs the device: an open port goes dead, and a closed one cannot be opened.
   void Unplug();
 
-  /// Puts it back: a port that is meant to be open finds it a second later, and sends the newest
-  /// byte that found no device. Each such byte was journalled as "lost" when it was output.
+  /// Plugs the device in again: a port that should be open finds it a second later, and sends the
+  /// newest byte that was output without a device. Each such byte was journalled as "lost" at the
+  /// time.
   void Plug();
 
-  /// Whether bytes pass.
+  /// Whether bytes get through.
   bool Connected() const { return Alive; }
 
-  /// Forgets its state and its handlers, as the end of the process does; the plug stays as it is.
+  /// Forgets its state and its handlers, as the end of the process does; the device stays plugged
+  /// or unplugged.
   void Reset();
 
   /// Number of the port that exists on this PC.
@@ -72,7 +74,7 @@ class SimulatedSerial : public SerialPort {
   bool Open = false;
   bool Alive = false;
   std::string Buffer;
-  std::optional<int> Owed;  // the newest byte that found no device
+  std::optional<int> Owed;  // the newest byte output without a device
   std::vector<SentByte> SentBytes;
 };
 

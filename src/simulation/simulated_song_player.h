@@ -10,7 +10,7 @@
 
 namespace marlex {
 
-/// A song player whose files take their lengths in virtual time. A song of no length still takes a
+/// A song player whose files take their lengths in virtual time. A song of length 0 still takes one
 /// millisecond.
 class SimulatedSongPlayer : public SongPlayer {
  public:
@@ -26,7 +26,7 @@ class SimulatedSongPlayer : public SongPlayer {
   void Pause() override;
   void Stop() override;
 
-  /// A slow drive: the length of a song is known so much later than the song is loaded.
+  /// Simulates a slow drive: how long after loading a song its length becomes known.
   int LengthDelayMs = 0;
 
   /// Forgets its song and its handler, as the end of the process does.
@@ -45,9 +45,9 @@ class SimulatedSongPlayer : public SongPlayer {
   int LengthMs = 0;
   std::int64_t LoadedMs = 0;  // virtual time
   PlayStates State = kStopped;
-  std::int64_t PlayedMs = 0;   // before the present start
-  std::int64_t StartedMs = 0;  // virtual time of the present start
-  std::uint64_t Started = 0;   // counts starts and halts: ends of an earlier start are void
+  std::int64_t PlayedMs = 0;   // before the current start
+  std::int64_t StartedMs = 0;  // virtual time of the current start
+  std::uint64_t Started = 0;   // counts starts and halts; an end from before is void
 };
 
 }  // namespace marlex

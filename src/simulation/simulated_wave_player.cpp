@@ -108,7 +108,7 @@ void SimulatedWavePlayer::QueueReport(bool done) {
   });
 }
 
-/// A handler may open another file: what is left of the report is void then.
+/// A handler may open another file; the rest of the report is then void.
 void SimulatedWavePlayer::DeliverReport(bool done) {
   const std::uint64_t opening = Opened;
   ReportingStop = true;

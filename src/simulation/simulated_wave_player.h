@@ -11,11 +11,11 @@
 
 namespace marlex {
 
-/// A wave player whose files take their lengths in virtual time. A play of no length still takes a
+/// A wave player whose files take their lengths in virtual time. A file of length 0 still takes one
 /// millisecond.
 class SimulatedWavePlayer : public WavePlayer {
  public:
-  /// `name` is the category of its lines in the journal.
+  /// `name` is its category in the journal.
   SimulatedWavePlayer(VirtualLoop& loop, const MemoryDisk& disk, Journal& journal,
                       std::string name);
 
@@ -23,10 +23,10 @@ class SimulatedWavePlayer : public WavePlayer {
   int Mode() const override;
   long Length() const override;
 
-  /// Path of the file that is open; empty when none is.
+  /// Path of the open file; empty when none is open.
   const std::string& OpenFile() const { return Path; }
 
-  /// Milliseconds of the file that have been played.
+  /// Playing position in the file, in milliseconds.
   std::int64_t PositionMs() const;
 
   /// Forgets its file, its properties and its handlers, as the end of the process does.
@@ -55,10 +55,10 @@ class SimulatedWavePlayer : public WavePlayer {
   std::string Path;
   int PresentMode = kWaveNotOpen;
   int LengthMs = 0;
-  std::int64_t PlayedMs = 0;   // before the present start
-  std::int64_t StartedMs = 0;  // virtual time of the present start
-  std::uint64_t Opened = 0;    // counts openings: reports of an earlier one are void
-  std::uint64_t Started = 0;   // counts starts and halts: ends of an earlier start are void
+  std::int64_t PlayedMs = 0;   // before the current start
+  std::int64_t StartedMs = 0;  // virtual time of the current start
+  std::uint64_t Opened = 0;    // counts openings; reports of an earlier one are void
+  std::uint64_t Started = 0;   // counts starts and halts; an end from before is void
   bool ReportingStop = false;
 };
 

@@ -8,13 +8,13 @@
 
 namespace marlex {
 
-/// The wall clock of the simulated PC: a civil date and time that goes on with the loop's virtual
-/// milliseconds. It starts on Monday, 1 January 2024, 12:00:00.
+/// The wall clock of the simulated PC: a date and time that advance with the virtual milliseconds
+/// of the loop. It starts on Monday, 1 January 2024, 12:00:00.
 class VirtualClock : public WallClock {
  public:
   explicit VirtualClock(const VirtualLoop& loop) : Loop(loop) { Set(2024, 1, 1, 12, 0, 0); }
 
-  /// Makes this the date and time of this moment.
+  /// Sets the current date and time.
   void Set(int year, int month, int day, int hour, int minute, int second) {
     using namespace std::chrono;
     const year_month_day date{std::chrono::year(year),
@@ -25,8 +25,8 @@ class VirtualClock : public WallClock {
     BaseMs = since.count() - Loop.NowMs();
   }
 
-  /// Puts the clock forward, or back when negative: an operator's hand, network time, summer time
-  /// (3600).
+  /// Sets the clock forward, or back if negative, as the operator, network time or summer time
+  /// (3600) would.
   void Jump(std::int64_t seconds) { BaseMs += seconds * 1000; }
 
   LocalTime Now() const override {
@@ -46,7 +46,7 @@ class VirtualClock : public WallClock {
 
  private:
   const VirtualLoop& Loop;
-  std::int64_t BaseMs = 0;  // civil time at virtual time 0, in milliseconds since 1 January 1970
+  std::int64_t BaseMs = 0;  // date and time at virtual time 0, in milliseconds since 1 January 1970
 };
 
 }  // namespace marlex

@@ -8,10 +8,11 @@ namespace marlex {
 
 namespace {
 
-/// So many events without a millisecond between them are a ring of events that feed each other.
+/// So many events within one millisecond must be an endless cycle of events that trigger each
+/// other.
 constexpr std::uint64_t kMostEventsOfAnInstant = 1'000'000;
 
-/// Counts one more for as long as it lives, also when the stack is unwound.
+/// Keeps a count one higher during its lifetime, even when the stack is unwound.
 class Counted {
  public:
   explicit Counted(int& count) : Count(count) { ++Count; }
@@ -135,8 +136,8 @@ EventQueue::Next VirtualLoop::WaitForEvent() {
   }
 }
 
-/// Destructors that run while the stack is unwound, or after it, may still pump: nothing happens
-/// then.
+/// Called instead of waiting when the process is ending. Destructors that run while the stack is
+/// unwound, or after it, may still pump; for them this does nothing.
 void VirtualLoop::RefuseToRunOn() {
   if (OnSystemThread() && std::uncaught_exceptions() == 0) throw LoopGone{};
 }
@@ -163,7 +164,7 @@ void VirtualLoop::Park() {
   if (Ending) throw LoopGone{};
 }
 
-/// Life of the system's thread, from the first hand-over to the end of the process.
+/// Body of the system's thread, from the first hand-over to the end of the process.
 void VirtualLoop::Live() {
   {
     std::unique_lock<std::mutex> lock(Hand);

@@ -13,23 +13,24 @@
 
 namespace marlex {
 
-/// Unwinds the system's stack when its process ends, from any depth of nested waits. It is
-/// deliberately no std::exception, so that nothing between takes it for a fault.
+/// Thrown to unwind the system's stack when its process ends, from any depth of nested waits.
+/// Deliberate: not a `std::exception`, so that no handler on the way takes it for an error.
 struct LoopGone {};
 
-/// The event loop on a virtual clock. Events come in the order of their due time, and among equals
-/// in the order in which they were queued; the clock jumps from one to the next, so a run is as
-/// fast as its handlers and repeats exactly.
+/// The event loop on a virtual clock. Events come in the order of their due times, and those with
+/// the same due time in the order in which they were queued. The clock jumps from one event to the
+/// next, so a run is as fast as its handlers and repeats exactly.
 ///
-/// The system has a stack of its own, on a second thread that runs only while the test stands in
-/// `RunFor`, `RunUntil` or `Do`. Those return at their deadline however deep the system waits then,
-/// and the next one lets it go on from there. While the test has the turn, it may read the whole
-/// state of the system freely.
+/// The system has its own stack, on a second thread that runs only while the test is inside
+/// `RunFor`, `RunUntil` or `Do`. These return at their deadline, however deeply the system is
+/// waiting, and the next call lets it continue from there. While the system is stopped, the test
+/// may read its whole state.
 ///
-/// Nothing here is locked beyond that hand-over: `Post` is for these two threads alone.
+/// Only the hand-over between the two threads is synchronised, so `Post` may be called from these
+/// two threads only.
 ///
-/// `Pump` and `PumpUntil` may also be called by the test itself, without a deadline: the events
-/// then run on its stack.
+/// The test itself may also call `Pump` and `PumpUntil`, without a deadline: the events then run on
+/// its own stack.
 class VirtualLoop : public EventLoop {
  public:
   VirtualLoop() = default;
@@ -43,48 +44,47 @@ class VirtualLoop : public EventLoop {
   void Pump() override;
   void PumpUntil(const std::function<bool()>& done) override;
 
-  /// Virtual milliseconds since the loop was made. It never goes back, not even by `Restart`.
+  /// Virtual milliseconds since the loop was created. Never goes back, not even by `Restart`.
   std::int64_t NowMs() const { return Ms; }
 
-  /// Queues one event `delayMs` from now (at least 0), or at a virtual time that is not past:
-  /// clicks, bytes, faults.
+  /// Queue one event, such as a click, a byte or a fault, `delayMs` milliseconds from now (at least
+  /// 0), or at virtual time `dueMs`. A time in the past counts as now.
   void Schedule(std::int64_t delayMs, std::function<void()> event);
   void ScheduleAt(std::int64_t dueMs, std::function<void()> event);
 
-  /// Delivers everything that is due within `ms` milliseconds and sets the clock to their end. An
-  /// exception other than `RuntimeFailure` that an event lets out ends the process and comes out
-  /// here.
+  /// Delivers everything that is due within `ms` milliseconds, and sets the clock to the end of
+  /// that period. An exception other than `RuntimeFailure` that escapes from an event ends the
+  /// process and is rethrown here.
   void RunFor(std::int64_t ms);
 
-  /// Like `RunFor`, but returns as soon as `condition` holds and the system waits; it is tested
-  /// before the first and after each event. False when the limit passed first.
+  /// Like `RunFor`, but returns as soon as `condition` holds and the system waits. The condition is
+  /// tested before the first event and after each one. False when the limit of `limitMs`
+  /// milliseconds passes first.
   bool RunUntil(const std::function<bool()>& condition, std::int64_t limitMs);
 
-  /// Delivers `action` as an event of this moment, on top of whatever waits. Returns when it is
-  /// through, or waits, and nothing more is due at this moment.
+  /// Delivers `action` as an event now, on top of whatever is waiting. Returns when it has
+  /// finished, or waits, and nothing more is due at this moment.
   void Do(std::function<void()> action);
 
-  /// Lets the time pass without delivering anything, as a blocked machine or one asleep does.
+  /// Lets time pass without delivering anything, like a machine that is blocked or asleep.
   void Block(std::int64_t ms) { Ms += ms; }
 
-  /// Ends the process from inside the system: unwinds its stack, and nothing of it runs any more.
+  /// Ends the process from inside the system: unwinds its stack, after which nothing of it runs.
   [[noreturn]] void End();
 
-  /// Ends the process from outside at whatever point it has reached, as a power cut does. The queue
-  /// is empty then.
+  /// Ends the process from outside, wherever it is, as a power cut does, and empties the queue.
   void Kill();
 
   bool Ended() const { return Gone; }
 
-  /// Number of pumping waits that stand on the system's stack, the process's own included: 1 while
-  /// it is at rest, 0 once it has ended.
+  /// Number of waits on the system's stack, including the main loop of the process: 1 while it is
+  /// idle, 0 once it has ended.
   int Waits() const { return WaitCount; }
 
-  /// Kills what still runs, and makes the loop ready for another process.
+  /// Kills what is still running, and prepares the loop for another process.
   void Restart();
 
-  /// Called on the system's thread after every event, nested ones included: for what must hold
-  /// always.
+  /// Called on the system's thread after every event, including nested ones: for invariants.
   std::function<void()> AfterEvent;
 
  private:
@@ -103,17 +103,17 @@ class VirtualLoop : public EventLoop {
   void Live();
 
   EventQueue Queue;
-  std::int64_t Ms = 0;          // virtual now
-  std::int64_t DeadlineMs = 0;  // of the test's present call
+  std::int64_t Ms = 0;          // current virtual time
+  std::int64_t DeadlineMs = 0;  // end of the test's current call
   int WaitCount = 0;
-  std::uint64_t EventsThisInstant = 0;  // a guard against a clock that stands still for ever
+  std::uint64_t EventsThisInstant = 0;  // guards against a clock that never advances
   const std::function<bool()>* StopWhen = nullptr;
 
   std::thread System;
-  std::mutex Hand;  // guards Turn, and with it orders everything that the two sides do
+  std::mutex Hand;  // guards `Turn`, and so orders everything that the two sides do
   std::condition_variable TurnChanged;
   Side Turn = Side::Test;
-  bool Ending = false;  // the system's stack is to be unwound
+  bool Ending = false;  // the system's stack must be unwound
   bool Gone = false;    // the process has ended
   std::exception_ptr Failure;
 };
