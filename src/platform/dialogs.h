@@ -10,29 +10,31 @@ namespace marlex {
 
 enum class BoxIcon { Critical, Information };
 
-/// What a file dialog is given. The read-only box is hidden. For an open dialog the file must
-/// exist; a save dialog takes a new name, and asks before it takes that of a file that exists.
+/// What a file dialog should ask for. It has no read-only box. In an open dialog only existing
+/// files can be chosen; a save dialog takes a new name, and asks before it takes that of an
+/// existing file.
 struct FileDialog {
   std::string Filter;            // "Text (*.ext)|*.ext"
-  std::string DefaultExtension;  // without the point
+  std::string DefaultExtension;  // without the dot
   std::string InitialDirectory;
   bool AllowMultiselect = false;
   bool Save = false;
 };
 
-/// What a file dialog itself has to say or ask, in the operator's language.
+/// What a file dialog itself says or asks, in the operator's language.
 struct FileDialogTexts {
   std::string Caption;
-  std::string NotFound;  // an open dialog of a name that no file has
-  std::string Exists;    // a save dialog of a name that a file has: whether to replace it
-  std::string Replace;   // the answers to it
+  std::string NotFound;  // in an open dialog: no file has that name
+  std::string Exists;    // in a save dialog: a file has that name; replace it?
+  std::string Replace;   // the two answers to that
   std::string Cancel;
 };
 
-/// Modal boxes. `MsgBox` returns when the operator has answered; events are delivered meanwhile, so
-/// that timers and the serial line go on under an open box. The others are left standing: whoever
-/// waits further down the stack goes on, also when nobody ever answers. Both boxes of a text have
-/// one OK key, and one that is open already, with the same caption and body, is not opened again.
+/// Message boxes and file dialogs. `MsgBox` returns when the operator has answered; events are
+/// delivered meanwhile, so that timers and the serial line keep working. `LeaveMsgBox` and
+/// `LeaveOpen` return at once and leave the box open, so that nobody further up the stack is held
+/// up, even if nobody ever answers. A message box has one button, OK. One that is already open,
+/// with the same caption and body, is not opened a second time: the call then returns at once.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -52,7 +54,7 @@ class Dialogs {
     Forget(box);
   }
 
-  /// `onAnswer`, where it is set, is called when the box has closed.
+  /// `onAnswer`, if set, is called when the box has closed.
   void LeaveMsgBox(const std::string& body, BoxIcon icon, const std::string& caption,
                    std::function<void()> onAnswer = nullptr) {
     const Box box{caption, body};
@@ -64,13 +66,13 @@ class Dialogs {
     });
   }
 
-  /// What the operator chose. Path of one file; with `AllowMultiselect` and several files, their
-  /// directory with its final separator, a blank, and their names separated by blanks. Empty when
-  /// it was cancelled.
+  /// Receives what the operator chose: the path of one file or, with `AllowMultiselect` and several
+  /// files, their directory with a final separator, a blank, and their names separated by blanks.
+  /// Empty when the dialog was cancelled.
   using OnChosen = std::function<void(const std::string& result)>;
 
-  /// Leaves a file dialog standing; `onChosen` is an event of its own. False, and nothing happens,
-  /// while another file dialog is open.
+  /// Opens a file dialog and leaves it open; `onChosen` is called as a separate event. False,
+  /// without effect, while another file dialog is open.
   bool LeaveOpen(const FileDialog& dialog, OnChosen onChosen) {
     if (FileDialogOpen) return false;
     FileDialogOpen = true;
@@ -84,14 +86,14 @@ class Dialogs {
  protected:
   virtual void ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) = 0;
 
-  /// Does not wait; `onAnswer` is called once, when the box has closed.
+  /// Must not wait; calls `onAnswer` once, when the box has closed.
   virtual void OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
                        std::function<void()> onAnswer) = 0;
 
-  /// Does not wait; `onChosen` is called once, as an event, when the dialog has closed.
+  /// Must not wait; calls `onChosen` once, as an event, when the dialog has closed.
   virtual void OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) = 0;
 
-  /// For a new program on the same PC, with which all that was open has closed.
+  /// For a new program on the same PC: everything that was open closed with the old one.
   void ForgetAll() {
     OpenBoxes.clear();
     FileDialogOpen = false;

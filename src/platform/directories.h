@@ -9,41 +9,41 @@
 
 namespace marlex {
 
-/// Whether an entry of a directory counts. Hidden ones, whose name begins with a dot, do not: they
-/// are litter that other systems and half-finished writings leave on a disk. Nor do names with a
-/// line end.
+/// Whether an entry of a directory is offered. Hidden entries, whose names begin with a dot, are
+/// not: they are litter of other systems and of interrupted writes. Nor are names that contain a
+/// line break.
 inline bool IsOffered(std::string_view name) { return !name.starts_with('.') && !HasLineEnd(name); }
 
-/// Look-ups in the file system. A path that cannot be read counts as absent. Where no entry has the
-/// exact name, one that `NamesTheSame` is found in its place, in every part of a path.
+/// Look-ups in the file system. A path that cannot be read counts as missing. In every component of
+/// a path, where no entry has the exact name, one that is the same according to `NamesTheSame` is
+/// found instead.
 class Directories {
  public:
   virtual ~Directories() = default;
 
-  /// By which names that are no UTF-8 are read; the names that come from here are all UTF-8.
+  /// Code page for reading names that are not UTF-8. All names returned from here are UTF-8.
   CodePage NamesIn = CodePage::WestEuropean;
 
-  /// Directory search: for a path that ends in a separator the name of the first regular file in
-  /// that directory, for any other path the last name in it, as the disk spells it. Empty when
-  /// nothing is there, and for the empty path.
+  /// Searches for one entry: for a path that ends in a separator, returns the name of the first
+  /// regular file in that directory, sorted as by `NameComesBefore`; for any other path, its last
+  /// component as spelled on the disk. Empty when there is nothing, and for the empty path.
   virtual std::string Search(const std::string& path) const = 0;
 
-  /// Names of the regular files in `directory` that match `pattern` (`*` and `?`, without regard to
-  /// case), sorted as NameComesBefore orders them.
+  /// Names of the regular files in `directory` that match `pattern` (`*` and `?`, ignoring case),
+  /// sorted as by `NameComesBefore`.
   virtual std::vector<std::string> List(const std::string& directory,
                                         const std::string& pattern) const = 0;
 
-  /// Where a search for a directory can begin: the operator's home directory, which comes first,
-  /// and the roots of the mounted file systems, sorted, the root of all of them included. Each
-  /// without a final separator, the root apart, and none with a line end. No drive is touched for
-  /// it, so that a dead one stops nothing.
+  /// Starting points for browsing: first the operator's home directory, then the mount points of
+  /// file systems, sorted and including the root. All are without a final separator, except the
+  /// root, and without line breaks. Does not access the drives, so that a dead one cannot block.
   virtual std::vector<std::string> Drives() const = 0;
 
-  /// Whether `path`, with or without a final separator, is a directory that can be found.
+  /// Whether `path`, with or without a final separator, leads to a directory.
   virtual bool HasDirectory(const std::string& path) const = 0;
 
-  /// Names of the directories in `directory`, sorted as NameComesBefore orders them; empty when it
-  /// cannot be read.
+  /// Names of the directories in `directory`, sorted as by `NameComesBefore`; empty when it cannot
+  /// be read.
   virtual std::vector<std::string> Subdirectories(const std::string& directory) const = 0;
 };
 

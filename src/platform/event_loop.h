@@ -7,7 +7,7 @@
 
 namespace marlex {
 
-/// The one loop on which the system lives. All calls and all callbacks are on the system's thread,
+/// The one event loop that runs the system. All calls and all callbacks are on the system's thread,
 /// except `Post`, which any thread may call.
 class EventLoop {
  public:
@@ -17,30 +17,31 @@ class EventLoop {
 
   /// Calls `onTimeout` every `intervalMs` milliseconds (at least 1) of a steady clock until the
   /// timer is stopped. The next period is armed before the callback runs, so a timer fires again
-  /// while its own callback waits in a nested pump. Periods that a blocked loop missed are dropped,
-  /// not made up.
+  /// while its own callback waits in a nested pump. Periods missed while the loop was blocked are
+  /// dropped, not made up.
   virtual TimerId StartTimer(int intervalMs, std::function<void()> onTimeout) = 0;
 
-  /// Stops a timer; an id that does not run is ignored. No callback of it comes afterwards.
+  /// Stops a timer; ignores the id of one that is not running. Its callback is not called
+  /// afterwards.
   virtual void StopTimer(TimerId timer) = 0;
 
-  /// Queues `event` to be delivered on the system's thread, after the events that are queued
-  /// already.
+  /// Queues `event` for delivery on the system's thread, after the events that are already due.
   virtual void Post(std::function<void()> event) = 0;
 
-  /// Delivers the events that are waiting now and returns without sleeping.
+  /// Delivers the events that are due now and returns without sleeping.
   virtual void Pump() = 0;
 
   /// Delivers events, and sleeps while there are none, until `done` holds; it is tested before the
-  /// first and after each event. Waits nest, and an inner wait ends before an outer one goes on.
+  /// first event and after each one. Waits nest, and an inner wait ends before an outer one
+  /// continues.
   ///
-  /// Whoever calls this, or a procedure that does, stands still while anything else happens: a
-  /// call, a takeover, the closing of his own window. Such procedures say "Waits" in their header,
-  /// and with what the caller must test again.
+  /// While a caller waits here, directly or in a procedure that calls this, anything may happen: a
+  /// call, a takeover, the closing of its own window. Such procedures say "Waits" in their header,
+  /// and what the caller must test again afterwards.
   virtual void PumpUntil(const std::function<bool()>& done) = 0;
 
-  /// Runs one event of the system. Every adapter that calls into the system does it through here: a
-  /// `RuntimeFailure` that the event lets out ends with the event and goes to `OnFailure`.
+  /// Runs one event of the system. Every adapter that calls into the system does so through this: a
+  /// `RuntimeFailure` that escapes from the event ends it and goes to `OnFailure`.
   void Deliver(const std::function<void()>& event) {
     try {
       event();

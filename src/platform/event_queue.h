@@ -12,41 +12,40 @@
 
 namespace marlex {
 
-/// What an event loop has still to deliver: events that come once and timers that come again, in
-/// the order of their due time, and among equals in the order in which they were queued. Every
-/// nested wait of the system rests on that order, so the loop of the desktop and the virtual one
-/// deliver from this one queue.
+/// What an event loop has yet to deliver: single events and repeating timers, in the order of their
+/// due times, and those with the same due time in the order in which they were queued. Every nested
+/// wait of the system depends on that order, so the real loop and the virtual one share this queue.
 ///
-/// The clock is the loop's: times are those since an epoch of its choice. Not thread-safe.
+/// The loop owns the clock: times count from an epoch of its choice. Not thread-safe.
 class EventQueue {
  public:
   using Time = std::chrono::nanoseconds;
   using TimerId = EventLoop::TimerId;
-  using Event = std::shared_ptr<const std::function<void()>>;  // a timer's outlives its stop
+  using Event = std::shared_ptr<const std::function<void()>>;  // a timer's event outlives its stop
 
-  /// Starts a timer that is due first at `now` + `interval`, which is positive.
+  /// Starts a timer that is first due at `now` + `interval`; `interval` must be positive.
   TimerId StartTimer(Time now, Time interval, std::function<void()> onTimeout);
 
-  /// Stops a timer; an id that does not run is ignored.
+  /// Stops a timer; ignores the id of one that is not running.
   void StopTimer(TimerId timer);
 
-  /// Queues an event that comes once.
+  /// Queues a single event.
   void Add(Time due, std::function<void()> event);
 
   /// The event that comes next.
   struct Next {
     Time Due;
-    std::uint64_t Order;  // number of the call that queued it; a timer is queued again by each Take
-    std::size_t Timer;    // its index, or kOnce
+    std::uint64_t Order;  // position in the sequence of queuings; each `Take` queues a timer again
+    std::size_t Timer;    // index of the timer, or `kOnce`
   };
   std::optional<Next> FindNext() const;
 
-  /// Takes the event that `FindNext` has found, with no call of the queue in between. A timer is
-  /// armed again before: the next due time counts from the last one, and periods that are past at
-  /// `now` are dropped.
+  /// Takes the event found by `FindNext`; the queue must not change in between. A timer is armed
+  /// again first: its next due time counts from the last one, and periods that have passed by `now`
+  /// are dropped.
   Event Take(const Next& next, Time now);
 
-  /// A mark: what is queued from now on has this order or a higher one.
+  /// Whatever is queued from now on has at least this `Order`.
   std::uint64_t Newcomers() const { return NextOrder; }
 
   void Clear();
@@ -71,9 +70,9 @@ class EventQueue {
   Event TakeTimer(Timer& timer, Time now);
   Event TakeOnce();
 
-  std::vector<Timer> Timers;    // few: a search through all of them is the fastest queue
-  std::vector<Queued> Once;     // a heap, the next one first
-  std::uint64_t NextOrder = 1;  // serves as id of timers also
+  std::vector<Timer> Timers;    // few, so searching them all is fastest
+  std::vector<Queued> Once;     // a heap, with the next event first
+  std::uint64_t NextOrder = 1;  // also used as timer id
 };
 
 }  // namespace marlex

@@ -5,17 +5,17 @@
 
 namespace marlex {
 
-/// Keeps late answers from an owner who has gone or moved on. Whoever asks for something that an
-/// event of the loop will bring ties the answer to his lifeline; once that is cut, or has gone with
-/// its owner, the answer does nothing.
+/// Keeps late answers from an owner that is gone or has moved on. An owner that asks for something
+/// that a later event will bring ties the answer to its lifeline; once that is cut, or destroyed
+/// with its owner, the answer does nothing.
 ///
-/// Tie and cut on the system's thread, where the answers come as well. A tie may be copied and
-/// destroyed on any thread.
+/// Tie and cut on the system's thread, on which the answers must arrive as well. A tie may be
+/// copied and destroyed on any thread.
 class Lifeline {
  public:
   class Tie {
    public:
-    Tie() = default;  // to nothing
+    Tie() = default;  // tied to nothing
     bool Holds() const { return !Line.expired(); }
 
    private:
@@ -28,10 +28,11 @@ class Lifeline {
   Lifeline(const Lifeline&) = delete;
   Lifeline& operator=(const Lifeline&) = delete;
 
-  /// Holds until the next cut.
+  /// A tie that holds until the next cut.
   Tie Now() const { return Tie(Line); }
 
-  /// `answer`, which is called with whatever it takes, for as long as the tie holds.
+  /// Wraps `answer` in a function that takes the same arguments, and calls it only while the tie
+  /// holds.
   template <class Answer>
   auto Guard(Answer answer) const {
     return [tie = Now(), answer = std::move(answer)](auto&&... values) {
@@ -39,7 +40,7 @@ class Lifeline {
     };
   }
 
-  /// From here on nothing that was tied before is answered.
+  /// Voids all answers tied so far.
   void Cut() { Line = std::make_shared<char>(); }
 
  private:

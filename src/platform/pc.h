@@ -13,7 +13,7 @@
 
 namespace marlex {
 
-/// The PC that a system runs on, real or simulated. It outlives the system.
+/// The PC that a system runs on, real or simulated. Must outlive the system.
 struct Pc {
   EventLoop& Loop;
   WallClock& Clock;

@@ -4,9 +4,9 @@
 
 namespace marlex {
 
-/// Version of the operating system, after the published structure OSVERSIONINFO.
+/// Version of the operating system, as in the published structure OSVERSIONINFO.
 struct SystemVersion {
-  int PlatformId = 0;  // 1 and 2 are the two published families; 0 is any other system
+  int PlatformId = 0;  // 1 and 2 are published values; 0 is any other system
   int MajorVersion = 0;
   int MinorVersion = 0;
 };
@@ -19,11 +19,11 @@ class Process {
   /// Directory of the executable, without a final separator unless it is a root.
   virtual std::string ApplicationDirectory() const = 0;
 
-  /// Whether another process of this machine shows a main window with exactly this caption.
+  /// Whether another process on this machine shows a main window with exactly this caption.
   virtual bool FindWindow(const std::string& caption) const = 0;
 
-  /// Makes this process known by its main window until it ends, however it ends. False when another
-  /// process has such a window.
+  /// Makes this process known by its main window until it ends, in whichever way. False when
+  /// another process has such a window.
   virtual bool ClaimWindow(const std::string& caption) = 0;
 
   virtual SystemVersion GetVersion() const = 0;

@@ -7,43 +7,43 @@
 namespace marlex {
 
 /// Byte pipe to the amplifier: 19200 baud, 8 data bits, no parity, 1 stop bit, no handshake. Calls
-/// and callbacks are on the system's thread; nothing blocks. A port that cannot be opened reports
-/// once through `OnFault`; while there is no device it is looked for once a second and opened again
-/// without a word.
+/// and callbacks are on the system's thread; nothing blocks. A port that cannot be opened is
+/// reported once through `OnFault`; a missing device is then looked for once a second and opened
+/// silently.
 ///
-/// Each byte that goes out says what the amplifier is to do from now on, so of those that found no
-/// device the newest goes out when there is one again, and the others never do. What was output
-/// before the port was closed is forgotten with the closing.
+/// Each outgoing byte says what the amplifier must do from now on. So, of the bytes output while
+/// there is no device, only the newest is sent when there is one again. Closing the port discards
+/// it.
 ///
-/// Bytes that the line has spoilt (a framing error) and breaks of the line are no input: nothing is
-/// reported and nothing waits.
+/// Bytes received with a framing error and breaks on the line are not input: they are dropped
+/// without a report.
 class SerialPort {
  public:
   virtual ~SerialPort() = default;
 
-  /// Number of the port that the next opening takes, from 1. The design value is 1.
+  /// Number of the port that the next opening takes, from 1; initially 1.
   virtual void SetCommPort(int number) = 0;
   virtual int CommPort() const = 0;
 
-  /// Whether the port is meant to be open. Opening an open port and closing a closed one do
-  /// nothing.
+  /// Whether the port should be open. Opening an open port and closing a closed one have no effect.
   virtual void SetPortOpen(bool open) = 0;
   virtual bool PortOpen() const = 0;
 
-  /// Bytes that wait in the input buffer, at most 1024; what comes beyond that is lost.
+  /// Bytes waiting in the input buffer, at most 1024; what exceeds that is lost.
   virtual int InBufferCount() const = 0;
 
-  /// Takes the whole input buffer; each char is one byte off the wire, 0 to 255.
+  /// Takes the whole input buffer; each char is one byte from the wire, 0 to 255.
   virtual std::string Input() = 0;
 
-  /// Sends bytes; each char is one byte on the wire, 0 to 255. Where there is a device, they have
-  /// left the program when the call returns. A closed port swallows them.
+  /// Sends bytes; each char is one byte on the wire, 0 to 255. Does not wait: what the device does
+  /// not take at once is sent as it takes more, and of a long backlog the oldest bytes are dropped.
+  /// A closed port discards them.
   virtual void Output(std::string_view bytes) = 0;
 
-  /// At least one byte waits in the input buffer.
+  /// Called when at least one byte waits in the input buffer.
   std::function<void()> OnComm;
 
-  /// The port could not be opened; the text is for the operator.
+  /// Called when the port could not be opened; the text is for the operator.
   std::function<void(const std::string&)> OnFault;
 };
 

@@ -7,28 +7,32 @@ namespace marlex {
 
 enum PlayStates : int { kStopped = 0, kPaused = 1, kPlaying = 2 };
 
-/// Plays one MP3 file at a time. Calls and callbacks are on the system's thread, callbacks never
-/// inside a call.
+/// Plays one MP3 file at a time. Calls and callbacks are on the system's thread; callbacks never
+/// run inside a call.
 class SongPlayer {
  public:
   virtual ~SongPlayer() = default;
 
-  /// Stops what plays and loads a file, at its beginning and stopped. A file that cannot be played
-  /// is refused: `FileName` then reads back empty.
+  /// Stops the current song and loads a file, stopped at its beginning. A file that cannot be
+  /// played is refused: `FileName` then returns an empty string.
   virtual void SetFileName(const std::string& path) = 0;
   virtual std::string FileName() const = 0;
 
-  virtual double Duration() const = 0;  // seconds; 0 when no file is loaded
-  virtual double CurrentPosition()
-      const = 0;  // seconds played; kept to the sample in a pause, 0 after a stop
-  virtual int PlayState() const = 0;  // one of PlayStates
+  /// Length in seconds; 0 when no file is loaded, and until the length of a file on a slow drive is
+  /// known.
+  virtual double Duration() const = 0;
 
-  virtual void Play() = 0;   // starts, or resumes a pause; nothing without a file
-  virtual void Pause() = 0;  // nothing unless playing
-  virtual void Stop() = 0;   // back to the beginning; no end is reported
+  /// Seconds played; kept to the sample during a pause, 0 after a stop.
+  virtual double CurrentPosition() const = 0;
 
-  /// The loaded song ran to its end; the state is stopped. Never reported for a song that was
-  /// stopped or replaced.
+  virtual int PlayState() const = 0;  // one of `PlayStates`
+
+  virtual void Play() = 0;   // starts, or resumes after a pause; no effect without a file
+  virtual void Pause() = 0;  // no effect unless playing
+  virtual void Stop() = 0;   // back to the beginning; reports no end
+
+  /// Called when the song has played to its end; the state is then `kStopped`. Never called for a
+  /// song that was stopped or replaced.
   std::function<void()> OnEndOfStream;
 };
 

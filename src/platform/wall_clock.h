@@ -2,7 +2,7 @@
 
 namespace marlex {
 
-/// Local date and time of day, as an operator reads them off the wall.
+/// Local date and time of day, as shown by a clock on the wall.
 struct LocalTime {
   int Year = 2000;
   int Month = 1;    // 1 to 12
@@ -13,7 +13,7 @@ struct LocalTime {
   int Weekday = 1;  // 1 is Monday, 7 is Sunday
 };
 
-/// The wall clock. It may jump either way at any moment; durations are never taken from it.
+/// The wall clock. It may jump forward or back at any moment, so never measure durations with it.
 class WallClock {
  public:
   virtual ~WallClock() = default;
