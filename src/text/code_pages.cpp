@@ -9,9 +9,10 @@ namespace marlex {
 
 namespace {
 
-constexpr char32_t kNone = U'\uFFFD';  // the sign for a character that nobody knows
+constexpr char32_t kNone = U'\uFFFD';  // the replacement character
 
-/// Characters of the bytes 0x80 to 0xFF, sixteen a line; the lower half is ASCII in every page.
+/// Characters of the bytes 0x80 to 0xFF, sixteen per line, after the Unicode mapping tables of the
+/// code pages; U+FFFD for an undefined byte. The lower half is ASCII in every page.
 using UpperHalf = std::u16string_view;
 
 // clang-format off
@@ -91,7 +92,7 @@ static_assert(AllWhole());
 
 bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
-/// Two bytes as one unit of UTF-16.
+/// Two bytes as one UTF-16 code unit.
 char16_t UnitAt(std::string_view bytes, bool bigEndian) {
   const auto first = static_cast<unsigned char>(bytes[0]);
   const auto second = static_cast<unsigned char>(bytes[1]);

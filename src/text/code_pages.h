@@ -6,22 +6,22 @@
 
 namespace marlex {
 
-/// The code pages 1250 to 1255, in their order: one byte a character, as desks wrote that knew no
+/// The code pages 1250 to 1255, in this order: one byte per character, as written by PCs without
 /// Unicode.
 enum class CodePage { CentralEuropean, Cyrillic, WestEuropean, Greek, Turkish, Hebrew };
 
-/// The text itself when it is UTF-8; else each of its bytes read by the page, U+FFFD for one that
-/// the page leaves empty.
+/// Returns `text` if it is UTF-8; otherwise each of its bytes read in the code page, with U+FFFD
+/// for an undefined one.
 std::string InUtf8(std::string_view text, CodePage page);
 
-/// Whether a name on a disk, in UTF-8 or any of the code pages, is the wanted one but for case.
+/// Whether a name on a disk, in UTF-8 or any of the code pages, equals `wanted` except for case.
 bool NamesTheSame(std::string_view onDisk, std::string_view wanted);
 
-/// Text of UTF-16 without its byte order mark, in UTF-8. Nothing when it breaks off inside a
-/// character or holds half of one.
+/// Converts UTF-16 without its byte order mark to UTF-8. Empty optional when it ends inside a
+/// character or contains an unpaired surrogate.
 std::optional<std::string> Utf8FromUtf16(std::string_view bytes, bool bigEndian);
 
-/// The other way round; a byte that is no UTF-8 becomes U+FFFD.
+/// Converts UTF-8 to UTF-16 without a byte order mark. A byte that is not UTF-8 becomes U+FFFD.
 std::string Utf16FromUtf8(std::string_view text, bool bigEndian);
 
 }  // namespace marlex

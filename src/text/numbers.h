@@ -5,12 +5,12 @@
 
 namespace marlex {
 
-/// Number that the text holds, blanks around it ignored, rounded as `RoundHalfEven` does; the empty
-/// text is 0. The decimal sign is a point. Nothing for any other text and for a number outside 32
-/// bits.
+/// Number in the text, ignoring surrounding blanks and tabs, rounded as by `RoundHalfEven`; 0 for
+/// an empty text. The decimal separator is a dot. Empty optional for any other text and for a
+/// number that does not fit 32 bits.
 std::optional<int> ToNumber(const std::string& text);
 
-/// `value` rounded to the nearest whole number, ties to the even one.
+/// `value` rounded to the nearest integer, and to the even one in a tie.
 long RoundHalfEven(double value);
 
 }  // namespace marlex

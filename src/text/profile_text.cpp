@@ -31,14 +31,14 @@ std::string_view WithoutQuotes(std::string_view value) {
   return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
-/// One line of the text; positions count from the beginning of the text.
+/// One line of the text, as positions from the beginning of the text.
 struct Line {
   std::size_t Begin = 0;
-  std::size_t End = 0;   // behind the last character that is not a line end
-  std::size_t Next = 0;  // behind the line end
+  std::size_t End = 0;   // past the last character before the line end
+  std::size_t Next = 0;  // past the line end
 };
 
-/// Walks the lines of a text from top to bottom.
+/// Iterates over the lines of a text from top to bottom.
 class LineReader {
  public:
   explicit LineReader(std::string_view text) : Text(text) {
@@ -55,7 +55,7 @@ class LineReader {
   }
 
  private:
-  /// CR LF is one line end, however many CR some editor left in front of the LF.
+  /// CR LF is one line end, even if an editor left several CRs before the LF.
   std::size_t BehindLineEnd(std::size_t end) {
     if (end >= RunEnd) RunEnd = std::min(Text.find_first_not_of('\r', end), Text.size());
     if (RunEnd < Text.size() && Text[RunEnd] == '\n') return RunEnd + 1;
@@ -64,7 +64,7 @@ class LineReader {
 
   std::string_view Text;
   std::size_t Place = 0;
-  std::size_t RunEnd = 0;  // behind the CRs last looked at: a long run of them is walked once
+  std::size_t RunEnd = 0;  // past the latest run of CRs, so that a long run is scanned only once
 };
 
 std::string_view Content(std::string_view text, const Line& line) {
@@ -73,7 +73,8 @@ std::string_view Content(std::string_view text, const Line& line) {
 
 bool IsSection(std::string_view content) { return content.starts_with('['); }
 
-/// Name between the outermost brackets. A forgotten closing bracket does not hide the section.
+/// Name between the outermost brackets. If the closing bracket is missing, the section is still
+/// recognised.
 std::string_view SectionName(std::string_view content) {
   const std::size_t close = content.rfind(']');
   return WithoutBlanks(content.substr(1, close == std::string_view::npos ? close : close - 1));
@@ -86,11 +87,11 @@ bool HasKey(std::string_view content, std::string_view key) {
          SameButForCase(WithoutBlanks(content.substr(0, equals)), key);
 }
 
-/// Where a key stands, or where it would go.
+/// Where a key is, or where it would be inserted.
 struct KeyPlace {
   std::optional<Line> KeyLine;
-  std::optional<Line>
-      LastLine;  // the last line of the section that is not blank; empty without a section
+  // The last non-blank line of the section; empty without a section.
+  std::optional<Line> LastLine;
 };
 
 KeyPlace Find(std::string_view text, std::string_view section, std::string_view key) {
@@ -116,7 +117,7 @@ std::string ValueIn(std::string_view content, std::size_t maxCharacters) {
   return ReadBack(content.substr(content.find('=') + 1), maxCharacters);
 }
 
-/// Number at the end of a line's key when what stands before it is the prefix; else empty.
+/// The digits at the end of a line's key, if what precedes them is the prefix; else empty.
 std::string_view NumberOfKey(std::string_view content, std::string_view keyPrefix) {
   if (content.starts_with(';') || content.find('=') == std::string_view::npos) return {};
   const std::string_view key = WithoutBlanks(content.substr(0, content.find('=')));
@@ -124,7 +125,7 @@ std::string_view NumberOfKey(std::string_view content, std::string_view keyPrefi
   return SameButForCase(key.substr(0, number), keyPrefix) ? key.substr(number) : "";
 }
 
-/// Line end in use at this line: its own, or for a last line without one that of the first line.
+/// Line end used by this line; for a last line without one, that of the first line.
 std::string_view LineEndAt(std::string_view text, const Line& line) {
   if (line.Next > line.End) return text.substr(line.End, line.Next - line.End);
   const auto first = LineReader(text).Next();

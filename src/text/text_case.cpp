@@ -4,15 +4,15 @@ namespace marlex {
 
 namespace {
 
-constexpr char32_t kLoneByte =
-    0xDC00;  // no character: such codes are reserved and never stand alone in UTF-8
+// Not a character: such codes are surrogates, which well-formed UTF-8 never contains.
+constexpr char32_t kLoneByte = 0xDC00;
 
-/// Letters that stand in no row with their small ones, each followed by that.
+/// Capital letters that follow no regular pattern, each followed by its small letter.
 constexpr std::u16string_view kApart = u"ŸÿƑƒΆάΈέΉήΊίΌόΎύΏώΪϊΫϋςσҐґ";
 
 bool Between(char32_t code, char32_t first, char32_t last) { return code >= first && code <= last; }
 
-/// Number of bytes that the lead byte of a character announces; 0 when it is none.
+/// Number of bytes announced by the lead byte of a character; 0 for a byte that is not a lead byte.
 std::size_t AnnouncedBytes(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead <= 0xDF) return 2;
@@ -21,7 +21,7 @@ std::size_t AnnouncedBytes(unsigned char lead) {
   return 0;
 }
 
-/// Whether a code needs as many bytes as it took and is one that UTF-8 may hold.
+/// Whether a code needs as many bytes as it took, and is allowed in UTF-8 (RFC 3629).
 bool WellFormed(char32_t code, std::size_t bytes) {
   if (bytes == 3) return code >= 0x800 && !Between(code, 0xD800, 0xDFFF);
   if (bytes == 4) return Between(code, 0x10000, 0x10FFFF);
@@ -42,8 +42,8 @@ Character First(std::string_view text) {
   return WellFormed(code, bytes) ? Character{code, bytes} : loneByte;
 }
 
-/// Small letter of a capital one, after the simple case folding of the Unicode standard, for the
-/// alphabets in which the system's operators write. A final sigma counts as any other.
+/// Small letter of a capital one, by the simple case folding of the Unicode standard, for the
+/// alphabets that the system's operators use. A final sigma equals any other sigma.
 char32_t Fold(char32_t code) {
   if (code < 0x80) return Between(code, 'A', 'Z') ? code + 32 : code;
   if (Between(code, 0xC0, 0xDE) && code != 0xD7)
@@ -62,7 +62,7 @@ char32_t Fold(char32_t code) {
   return code;
 }
 
-/// Below, at or above zero, as the folded texts compare.
+/// Compares the folded texts: negative, 0 or positive.
 int CompareFolded(std::string_view one, std::string_view other) {
   while (!one.empty() && !other.empty()) {
     const Character left = FirstFolded(one);
@@ -108,7 +108,8 @@ void AppendUtf8(std::string& text, char32_t code) {
 }
 
 Character FirstFolded(std::string_view text) {
-  // Folders of thousands of names are sorted by this, and most of their letters are plain ones.
+  // A fast path: folders of thousands of names are sorted with this, and most of their letters are
+  // ASCII.
   const auto byte = static_cast<unsigned char>(text.front());
   if (byte < 0x80) return {Fold(byte), 1};
   const Character first = First(text);
@@ -125,7 +126,7 @@ bool NameComesBefore(std::string_view one, std::string_view other) {
 }
 
 bool MatchesPattern(std::string_view name, std::string_view pattern) {
-  // After a mismatch only the latest star is tried again, one character on, so that no pattern
+  // After a mismatch, retries only the latest star, one character further on, so that no pattern
   // takes exponential time.
   std::string_view nameAtStar;
   std::string_view patternAfterStar;
