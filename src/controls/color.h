@@ -4,8 +4,8 @@
 
 namespace marlex {
 
-/// A colour as the windows keep it: red in the low byte, then green, then blue. Values with the
-/// high bit set name a colour of the system's palette.
+/// A colour as the windows store it: red in the low byte, then green, then blue. A value with the
+/// high bit set names a colour of the system's palette.
 using Color = std::uint32_t;
 
 inline constexpr Color kBlack = 0x000000;

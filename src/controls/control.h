@@ -15,9 +15,9 @@ namespace marlex {
 class Form;
 class PropertyBase;
 
-/// What all controls of a window have in common. A control belongs to one form for its whole life
-/// and is known there by its name and, in an array, its index. Lengths are in twips, 1440 to the
-/// inch.
+/// What all controls of a window have in common. A control belongs to one form for its whole life,
+/// in which it is identified by its name and, in an array, its index. Lengths are in twips, 1440 to
+/// the inch.
 class Control {
  public:
   static constexpr int kNoIndex = -1;
@@ -27,27 +27,27 @@ class Control {
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
-  /// Name of the control's kind, such as "Label"; translation goes by it.
+  /// Name of the control's kind, such as "Label"; translation depends on it.
   virtual const char* Kind() const = 0;
 
-  /// Name of the widget that shows the control: the name, and for an element of an array "_" and
-  /// its index.
+  /// Name of the widget that shows the control: its name, followed by "_" and the index for an
+  /// element of an array.
   std::string ObjectName() const;
 
-  /// Called after each change of a property; tells the watcher.
+  /// Called after each change of a property; notifies the watcher.
   virtual void Changed();
 
-  void KeepDesign();             // the present values become those of the design
-  virtual void ResetToDesign();  // back to the design's values, raising no event
+  void KeepDesign();             // makes the current values the design values
+  virtual void ResetToDesign();  // restores the design values; raises no events
 
   Form& Owner;
   const std::string Name;
   const int Index;
 
-  /// Set by the view that shows the control.
+  /// Called after each change; set by the view that shows the control.
   std::function<void()> Watcher;
 
-  /// Works behind the window; no widget shows it.
+  /// Used internally only; no widget shows it.
   bool NeverShown = false;
 
  private:
@@ -69,8 +69,9 @@ class PropertyBase {
   Control& Owner;
 };
 
-/// A value of a control. Setting another value tells the control's watcher and raises the control's
-/// event, whether code or the operator's hand sets it; setting an equal value does nothing.
+/// A value of a control. Setting a different value notifies the control's watcher and raises the
+/// control's event, whether the value comes from code or from the operator. Setting an equal value
+/// does nothing.
 template <class T>
 class Property : public PropertyBase {
  public:
@@ -86,7 +87,7 @@ class Property : public PropertyBase {
   }
   Property& operator=(const Property& other) { return *this = other.Get(); }
 
-  /// Lets the next setting raise the event even where it sets the value that stands here.
+  /// Makes the next assignment raise the event even if it sets an equal value.
   void Forget() { Known = false; }
   bool Forgotten() const { return !Known; }
 
@@ -109,7 +110,8 @@ class Property : public PropertyBase {
   std::function<void()>* Event;
 };
 
-/// An array of controls of one name, with the indices `first` to `last` or those of a list.
+/// An array of controls with the same name, indexed from `first` to `last` or by a list of indices.
+/// An unknown index is a `RuntimeFailure`.
 template <class T>
 class ControlArray {
  public:

@@ -6,17 +6,17 @@
 namespace marlex {
 namespace {
 
-constexpr std::size_t kIndent = 4;  // blanks for each step down the tree
+constexpr std::size_t kIndent = 4;  // blanks per level of the tree
 
 bool IsRoot(const std::string& path) { return path == std::string(1, kSeparator); }
 
-/// The path itself for the root, which has none above it.
+/// Parent of a directory; for the root, the root itself.
 std::string Above(const std::string& path) {
   const std::size_t separator = path.rfind(kSeparator);
   return separator == 0 ? path.substr(0, 1) : path.substr(0, separator);
 }
 
-/// From the root of all down to the directory itself.
+/// The directories from the root down to `directory`.
 std::vector<std::string> WayTo(const std::string& directory) {
   std::vector<std::string> way{directory};
   while (!IsRoot(way.back())) way.push_back(Above(way.back()));

@@ -8,30 +8,30 @@
 
 namespace marlex {
 
-/// The drives of the PC, one of them selected; `OnClick` is their change.
+/// The drives of the PC, one of them selected. `OnClick` is raised when the selection changes.
 class DriveListBox : public ListBox {
  public:
   DriveListBox(Form& form, const std::string& name, const Directories& files)
       : ListBox(form, name), Files(files) {}
   const char* Kind() const override { return "DriveListBox"; }
 
-  /// Root of the selected drive.
+  /// Root directory of the selected drive.
   std::string Drive() const { return Text(); }
 
-  /// Lists the drives as they are now and selects the first one; raises nothing.
+  /// Lists the current drives and selects the first one; raises no event.
   void Refresh();
 
-  /// Selects the drive on which a directory lies, the innermost of several. Nobody has chosen it,
-  /// so nothing is raised.
+  /// Selects the drive that contains a directory, the innermost one if there are several. Raises no
+  /// event, since the operator did not choose it.
   void ShowDriveOf(const std::string& directory);
 
  private:
   const Directories& Files;
 };
 
-/// A tree of directories: from the root of all down to the open one, and its subdirectories. Each
-/// entry is a whole path, without a final separator. One that is selected stays where it is; a
-/// double-click opens it.
+/// A tree of directories: the path from the root to the open directory, followed by its
+/// subdirectories. Each entry is an absolute path without a final separator. Selecting an entry
+/// does not open it; a double-click does.
 class DirListBox : public ListBox {
  public:
   DirListBox(Form& form, const std::string& name, const Directories& files);
@@ -41,17 +41,17 @@ class DirListBox : public ListBox {
   /// The open directory.
   const std::string& Path() const { return Open; }
 
-  /// Opens another directory and selects it, which raises `OnChange`. One that is not there, or is
-  /// no whole path, changes nothing.
+  /// Opens a different directory and selects it, which raises `OnChange`. Has no effect for a path
+  /// that does not exist or is not absolute.
   void SetPath(const std::string& directory);
 
   void OpenSelected() { SetPath(Text()); }
   void OpenAbove();
 
-  /// Opens the directory from which a search begins; raises nothing.
+  /// Opens the initial directory; raises no event.
   void BeginAt(const std::string& directory);
 
-  /// Name of the directory, indented by its place in the tree.
+  /// Name of the directory, indented by its depth in the tree.
   std::string ShownText(int index) const override;
 
   std::function<void()> OnChange;
@@ -61,7 +61,7 @@ class DirListBox : public ListBox {
   std::string Open;
 };
 
-/// Names of the files of a directory that match a pattern.
+/// The names of the files in a directory that match a pattern.
 class FileListBox : public ListBox {
  public:
   FileListBox(Form& form, const std::string& name, const Directories& files)

@@ -2,7 +2,7 @@
 
 namespace marlex {
 
-/// Stands here, where both are known: a control enters itself in the list of its form.
+/// Defined here, where both classes are known: a control adds itself to the list of its form.
 Control::Control(Form& form, std::string name, int index)
     : Owner(form), Name(std::move(name)), Index(index) {
   form.Controls.push_back(this);
@@ -21,7 +21,7 @@ void Form::Load() {
 
 void Form::Show() {
   Load();
-  // The load of a form may end in its own unloading; such a form stays hidden.
+  // Loading a form may end with unloading it; it then stays hidden.
   if (!IsLoaded) return;
   ++ShowCount;
   Visible = true;

@@ -10,9 +10,9 @@
 
 namespace marlex {
 
-/// A window. It lives as long as its system: loading runs `OnLoad` on the design's values,
-/// unloading brings the design back, so that a wait that returns late finds an empty window and
-/// never a dead one.
+/// A window. It exists as long as its system: loading runs `OnLoad` on the design values, and
+/// unloading restores them, so that a wait that returns late finds an empty window, never a
+/// dangling one.
 class Form {
  public:
   Form(std::string name, const std::string& caption)
@@ -21,20 +21,20 @@ class Form {
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
-  void Load();    // does nothing on a loaded form
-  void Show();    // loads the form where needed, then makes it visible and brings it to the front
-  void Unload();  // does nothing on a form that is not loaded
+  void Load();    // no effect on a loaded form
+  void Show();    // loads if necessary, makes visible, brings to the front
+  void Unload();  // no effect on a form that is not loaded
 
-  /// The operator closes the window: `OnClose` decides where it is set, else the form is unloaded.
+  /// Call when the operator closes the window: runs `OnClose` if it is set, else unloads the form.
   void Close();
 
   bool Loaded() const { return IsLoaded; }
 
-  /// Times the form was shown; a view brings its window to the front at each.
+  /// How often the form was shown; the view brings its window to the front each time.
   unsigned ShowCount = 0;
 
-  /// Ties a late answer, or a wait, to this opening of the window: it must leave the next one
-  /// alone.
+  /// Ties a late answer, or a wait, to this opening of the window, so that it does not affect the
+  /// next one.
   Lifeline::Tie ThisOpening() const { return Opening.Now(); }
   template <class Answer>
   auto WhileOpen(Answer answer) const {
@@ -42,15 +42,14 @@ class Form {
   }
 
   const std::string Name;
-  std::vector<Control*> Controls;  // in the order of their making
+  std::vector<Control*> Controls;  // in the order of construction
 
   std::function<void()> OnLoad;
-  std::function<bool()> OnUnload;  // False keeps the form loaded
+  std::function<bool()> OnUnload;  // returning false keeps the form loaded
   std::function<void()> OnClose;
 
  private:
-  /// The window itself as a control, so that its properties are kept, watched and reset like all
-  /// others.
+  /// The window as a control, so that its properties are kept, watched and reset like all others.
   class Window : public Control {
    public:
     Window(Form& form, const std::string& caption) : Control(form, ""), Caption(*this, caption) {}
@@ -64,7 +63,7 @@ class Form {
     Property<int> Height{*this, 0};
   };
 
-  Lifeline Opening;  // cut by each unloading
+  Lifeline Opening;  // cut when the form is unloaded
   bool IsLoaded = false;
   bool DesignKept = false;
   Window Self;
@@ -77,8 +76,8 @@ class Form {
   Property<int>& Top = Self.Top;
   Property<int>& Width = Self.Width;
   Property<int>& Height = Self.Height;
-  std::function<void()>& Watcher =
-      Self.Watcher;  // set by the view; the form's own properties have changed
+  // Set by the view; called when a property of the form itself has changed.
+  std::function<void()>& Watcher = Self.Watcher;
 };
 
 }  // namespace marlex

@@ -10,10 +10,10 @@ namespace marlex {
 
 enum class GridAlignment { Left, Centre };
 
-/// A table of texts with one fixed row, the heading, as row 0. Its cells keep their text and
-/// colours whether or not they can be seen. Rows and columns count from 0; one out of range is a
-/// RuntimeFailure. Heights and widths in twips. By design it has its heading row alone, empty, and
-/// columns of no width.
+/// A table of texts with one fixed row, the heading, as row 0. Cells keep their text and colours
+/// whether or not they are visible. Rows and columns count from 0; one out of range is a
+/// `RuntimeFailure`. Heights and widths are in twips. The design has only an empty heading row, and
+/// columns of width 0.
 class Grid : public VisualControl {
  public:
   static constexpr int kColumns = 5;
@@ -25,21 +25,21 @@ class Grid : public VisualControl {
 
   int Rows() const { return static_cast<int>(RowData.size()); }
 
-  /// New rows come empty, white on black text, at the default height; rows that go take all of
-  /// theirs with them.
+  /// Adds empty rows with black text on white, at the default height, or removes rows with
+  /// everything in them.
   void SetRows(int rows);
 
   const std::string& TextMatrix(int row, int column) const { return At(row, column).Text; }
   void SetTextMatrix(int row, int column, const std::string& text);
 
-  int RowHeight(int row) const { return RowAt(row).Height; }  // 0 is a hidden row
+  int RowHeight(int row) const { return RowAt(row).Height; }  // 0 for a hidden row
   void SetRowHeight(int row, int height);
   int ColWidth(int column) const { return ColumnAt(column).Width; }
   void SetColWidth(int column, int width);
   GridAlignment ColAlignment(int column) const { return ColumnAt(column).Alignment; }
   void SetColAlignment(int column, GridAlignment alignment);
 
-  // The current cell: what the operator clicked last, or code chose.
+  // The current cell: the one last clicked by the operator or set by code.
   int Row() const { return CurrentRow; }
   int Col() const { return CurrentCol; }
   void SetRow(int row);
@@ -54,8 +54,8 @@ class Grid : public VisualControl {
   int TopRow() const { return FirstVisibleRow; }
   void SetTopRow(int row);
 
-  /// Sorts the rows below the heading by the current column as texts, case-sensitive and ascending;
-  /// rows of equal text keep their order.
+  /// Sorts the rows below the heading by the text in the current column, case-sensitive and
+  /// ascending; rows with equal text keep their order.
   void Sort();
 
   Property<Color> BackColorFixed{*this, kButtonFace};

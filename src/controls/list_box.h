@@ -8,8 +8,8 @@
 
 namespace marlex {
 
-/// A list of texts with at most one selected entry; its design is empty. Indices run from 0; an
-/// index out of range is a RuntimeFailure.
+/// A list of texts with at most one selected entry; its design is empty. Indices count from 0; one
+/// out of range is a `RuntimeFailure`.
 class ListBox : public VisualControl {
  public:
   static constexpr int kNoSelection = -1;
@@ -23,15 +23,15 @@ class ListBox : public VisualControl {
   void SetList(int index, const std::string& text);
 
   void AddItem(const std::string& text);
-  void RemoveItem(int index);  // the selection is then none
+  void RemoveItem(int index);  // also clears the selection
   void Clear();                // likewise
 
   int ListIndex() const { return Selected; }
 
-  /// Moves the selection; a move by code raises `OnClick` as the operator's does.
+  /// Sets the selection; if it changes, `OnClick` is raised, as when the operator selects an entry.
   void SetListIndex(int index);
 
-  /// The entry as the screen shows it.
+  /// The entry as shown on the screen.
   virtual std::string ShownText(int index) const { return List(index); }
 
   /// Text of the selected entry; empty when there is none.
@@ -41,20 +41,20 @@ class ListBox : public VisualControl {
   std::function<void()> OnDblClick;
   std::function<void(int keyCode)> OnKeyDown;
   std::function<void(MouseButton)> OnMouseDown;
-  std::function<void()>
-      OnMouseMove;  // with the selection already under the pointer while a button is held
+  // Called when the pointer moves with a button held; the selection is already under it.
+  std::function<void()> OnMouseMove;
   std::function<void()> OnMouseUp;
   std::function<void()> OnGotFocus;
 
-  /// A click here does something at once. Moving the selection by key is then no click, and a held
-  /// button does not run over the entries.
+  /// A click in this list has an immediate effect. So moving the selection with the keyboard is not
+  /// a click, and the selection does not follow a held mouse button.
   bool ClickActs = false;
 
-  /// An entry that is added comes into view.
+  /// An entry that is added is scrolled into view.
   bool ShowsNewest = false;
 
  protected:
-  /// Other entries, and another selection, of which no event tells.
+  /// Replaces the entries and the selection; raises no event.
   void Replace(std::vector<std::string> entries, int selected);
 
  private:

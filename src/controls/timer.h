@@ -8,8 +8,9 @@
 
 namespace marlex {
 
-/// Raises `OnTimer` every `Interval` milliseconds while it is enabled and its form is loaded.
-/// Enabling a timer that runs does not restart it; another interval does.
+/// Raises `OnTimer` every `Interval` milliseconds while it is enabled and its form is loaded. Fires
+/// again even while its own handler waits. Enabling a timer that is already running does not
+/// restart it; changing the interval does.
 class Timer : public Control {
  public:
   Timer(Form& form, std::string name, EventLoop& loop, int intervalMs, bool enabled);

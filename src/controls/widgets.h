@@ -9,13 +9,13 @@
 
 namespace marlex {
 
-/// A control that can be seen: a text, a place and a look. Lengths in twips.
+/// A control that can be seen: a text, a place and a look. Lengths are in twips.
 class VisualControl : public Control {
  public:
   using Control::Control;
 
   Property<std::string> Caption{*this, ""};
-  Property<std::string> Tag{*this, ""};  // id of the text that translation puts in
+  Property<std::string> Tag{*this, ""};  // id of the text that replaces the caption in translation
   Property<std::string> ToolTipText{*this, ""};
   Property<bool> Enabled{*this, true};
   Property<bool> Visible{*this, true};
@@ -51,7 +51,7 @@ class CommandButton : public VisualControl {
   std::function<void(MouseButton)> OnMouseUp;
 };
 
-/// A key that stays down; `Value` True is down.
+/// A button that stays down when pressed; `Value` is true when it is down.
 class ToggleButton : public VisualControl {
  public:
   using VisualControl::VisualControl;
@@ -71,8 +71,8 @@ class CheckBox : public VisualControl {
   Property<int> Value{*this, 0, &OnClick};
 };
 
-/// One of several keys of a group, of which one is on: switching one on switches the others of its
-/// group off. The keys of an array are a group.
+/// One of a group of buttons of which only one is on: switching one on switches the others off. The
+/// buttons of an array form a group.
 class OptionButton : public VisualControl {
  public:
   using VisualControl::VisualControl;
@@ -98,7 +98,7 @@ class TextBox : public VisualControl {
   Property<std::string> Text{*this, "", &OnChange};
 };
 
-/// A position between `Min` and `Max`; a value outside is held at the nearer end.
+/// A position between `Min` and `Max`; a value outside is set to the nearer end.
 class Slider : public VisualControl {
  public:
   using VisualControl::VisualControl;
@@ -116,7 +116,7 @@ class Slider : public VisualControl {
   Position Value{*this, 0, &OnChange};
 };
 
-/// A picture; the meter's is a bar that is lit from `BarTop` down to its foot, or dark.
+/// A picture. That of a meter is a bar, which is either dark or lit from `BarTop` down to its foot.
 class Picture : public VisualControl {
  public:
   using VisualControl::VisualControl;
@@ -131,7 +131,7 @@ class Menu : public VisualControl {
   using VisualControl::VisualControl;
   const char* Kind() const override { return "Menu"; }
 
-  std::string TextId;  // of its text in the string table; empty: the caption stays as designed
+  std::string TextId;  // id of its text; if empty, the caption is never translated
   Property<bool> Checked{*this, false};
   std::function<void()> OnClick;
 };
