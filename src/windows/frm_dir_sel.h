@@ -6,7 +6,7 @@
 
 namespace marlex {
 
-/// The directory picker. Its texts are fixed in English.
+/// The directory picker. Its texts are always English.
 struct FrmDirSel : Form {
   explicit FrmDirSel(const Directories& files)
       : Form("frmDirSel", "Directory selection"),
@@ -18,7 +18,7 @@ struct FrmDirSel : Form {
 
   DriveListBox Drive1;
   DirListBox Dir1;
-  FileListBox lstFiles;  // what the directory holds, for the operator to see
+  FileListBox lstFiles;  // shows the operator what the directory contains
   CommandButton cmdOK{*this, "cmdOK"};
 };
 

@@ -5,7 +5,7 @@
 
 namespace marlex {
 
-/// The language dialog. Its texts are fixed in English, since no language is known yet.
+/// The language dialog. Its texts are always English, since no language has been chosen yet.
 struct FrmLangSel : Form {
   static constexpr int kLanguages = 14;
 

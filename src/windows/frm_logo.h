@@ -6,7 +6,7 @@
 
 namespace marlex {
 
-/// Lines that the splash and the about window share: what the product is, and a notice.
+/// Texts shared by the splash and the about window: what the product is, and a notice.
 struct ProductLines {
   explicit ProductLines(Form& form)
       : Label1(form, "Label1"),
@@ -41,14 +41,14 @@ struct ProductLines {
   Label lblNotice;
 };
 
-/// The splash, the first window of the process. Its caption differs from the main window's, by
-/// which a running instance is known.
+/// The splash, the first window of the process. Its caption must differ from that of the main
+/// window, by which a running instance is recognised.
 struct FrmLogo : Form {
   explicit FrmLogo(EventLoop& loop)
       : Form("frmLogo", "Tolvo Marlex starts"), tmrView(*this, "tmrView", loop, 2500, false) {}
 
   ProductLines Lines{*this};
-  Timer tmrView;  // end of the splash
+  Timer tmrView;  // ends the splash
 };
 
 struct FrmAbout : Form {

@@ -53,7 +53,7 @@ void FrmMain::DesignMenus() {
   Text(mnuAbout, "Help", "540");
   Text(mnuAdresses, "Contact", "560");
   Text(mnuAboutbox, "About Tolvo Marlex", "590");
-  // Function keys can be stored but not fired; the way to them stays closed in every installation.
+  // Function keys can be stored but not fired, so their menu is disabled in every installation.
   mnuFKeys.Enabled = false;
 }
 

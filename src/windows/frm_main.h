@@ -18,13 +18,13 @@ enum ScheduleColumn : int {
   kMessagesColumn
 };
 
-/// The main window. Lengths in twips.
+/// The main window. Lengths are in twips.
 struct FrmMain : Form {
   explicit FrmMain(EventLoop& loop);
 
   static constexpr const char* kCaption = "Tolvo Marlex";
   static constexpr int kTransportKeyHeight = 615;
-  static constexpr int kShrunkenKeyHeight = 255;  // makes room for lblHiPrio
+  static constexpr int kShrunkenKeyHeight = 255;  // makes room for `lblHiPrio`
   static constexpr int kZoneKeyHeight = 255;
   static constexpr int kTallZoneKeyHeight = 616;
 
@@ -79,18 +79,18 @@ struct FrmMain : Form {
   Menu mnuAdresses{*this, "mnuAdresses"};
   Menu mnuAboutbox{*this, "mnuAboutbox"};
 
-  Timer Seconds;  // the clock in the caption of frSchedule
+  Timer Seconds;  // updates the clock in the caption of `frSchedule`
 
-  /// Play, Skip and Stop together.
+  /// Enables or disables Play, Skip and Stop together.
   void EnableTransport(bool enabled);
-  /// Skip and Stop, which are for a song that plays.
+  /// Enables or disables Skip and Stop, which apply only to a playing song.
   void EnableSkipAndStop(bool enabled);
   void SetTransportHeight(int height);
 
   void PaintBusyLamps(Color color);
 
-  /// The column of the schedule is low where the lower part of the window is needed for a router or
-  /// a call station, and the note about conflicts takes its room from the table.
+  /// Sets the heights in the schedule column. It is `low` when a router or a call station needs the
+  /// lower part of the window; the note about conflicts takes its space from the table.
   void SizeSchedule(bool low, bool withNote);
   void PlaceConflictNote(bool low);
 

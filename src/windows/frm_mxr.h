@@ -6,15 +6,15 @@
 
 namespace marlex {
 
-/// The mixer panel, never shown: its sliders and checks hold the state of each line, and writing
-/// one sets the line. Line 0 is the master; lines without a record in the mixer exist as controls
-/// all the same.
+/// The mixer panel, which is never shown. Its sliders and check boxes hold the state of each line,
+/// and setting one sets the line. Line 0 is the master. Lines that the mixer does not have exist as
+/// controls nevertheless.
 struct FrmMxr : Form {
   static constexpr int kLines = 11;
-  static constexpr int kSilent =
-      65535;  // slider positions run from 0, the loudest, to 65535, silence
+  // Slider positions run from 0, the loudest, to 65535, silence.
+  static constexpr int kSilent = 65535;
 
-  // Values of a mute check.
+  // Values of a mute check box.
   static constexpr int kOpen = 0;
   static constexpr int kMuted = 1;
 

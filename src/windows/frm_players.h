@@ -9,8 +9,8 @@
 
 namespace marlex {
 
-/// The engine window, never shown. Every player, the serial port and every engine timer belong to
-/// it.
+/// The engine window, which is never shown. It owns all engine timers, and refers to the players
+/// and the serial port.
 struct FrmPlayers : Form {
   FrmPlayers(EventLoop& loop, SongPlayer& songPlayer, WavePlayer& wavPlayer, WavePlayer& wavControl,
              SerialPort& serialPort)
@@ -26,10 +26,11 @@ struct FrmPlayers : Form {
         tmrIODelay(*this, "tmrIODelay", loop, 200, false),
         tmrFadeTime(*this, "tmrFadeTime", loop, 10, false) {}
 
-  /// The schedule's gate: while it is held, no row fires and no music starts or stops by the clock.
-  /// An announcement holds it for as long as it plays or waits for the music break, a call from the
-  /// press to the end of its release, the sequence editor while it is open, and the start until the
-  /// settings are read. It does not count: whoever ends resumes it for all.
+  /// The schedule's gate: while the schedule is held, no row fires and the music is not started or
+  /// stopped by the clock. It is held by an announcement while it plays or waits for the music
+  /// break, by a call from the press to the end of its release, by the sequence editor while it is
+  /// open, and at start until the settings are read. Holds are not counted: the first to resume it
+  /// resumes it for all.
   void HoldSchedule() { tmrMessage.Enabled = false; }
   void ResumeSchedule() { tmrMessage.Enabled = true; }
   bool ScheduleIsHeld() const { return !tmrMessage.Enabled; }
@@ -42,8 +43,8 @@ struct FrmPlayers : Form {
   ListBox lstMsgSequence{*this, "lstMsgSequence"};  // WAV file names of the running sequence
   ListBox SeqFileList{*this, "SeqFileList"};        // names of the open sequence files
 
-  Timer tmrMessage;      // the schedule's tick
-  Timer tmrMP3Position;  // position display of the song
+  Timer tmrMessage;      // ticks the schedule
+  Timer tmrMP3Position;  // updates the displayed position of the song
   Timer tmrDwellTimer;   // one-shot after amplifier status 0
   Timer tmrFlash;        // flashes the busy lamps during a call
   Timer tmrIODelay;      // computes and sends the routing byte

@@ -8,11 +8,11 @@
 
 namespace marlex {
 
-/// The editor of background music playlists.
+/// The editor for playlists of background music.
 struct FrmPlaylist : Form {
   explicit FrmPlaylist(const Directories& files);
 
-  // The choices of optScheduled.
+  // The choices of `optScheduled`.
   static constexpr int kScheduled = 0;
   static constexpr int kManual = 1;
   static constexpr int kAutostart = 2;
@@ -23,10 +23,10 @@ struct FrmPlaylist : Form {
   Menu mnuExit{*this, "mnuExit"};
 
   Frame frMessageSelection{*this, "frMessageSelection"};
-  Label WavText{*this, "WavText"};  // over the music that there is
+  Label WavText{*this, "WavText"};  // heading of the available music
   ListBox AvailMP3s{*this, "AvailMP3s"};
   CommandButton cmdSelectAll{*this, "cmdSelectAll"};
-  Label Label3{*this, "Label3"};  // over the music of the playlist
+  Label Label3{*this, "Label3"};  // heading of the music in the playlist
   ListBox SelectedMP3s{*this, "SelectedMP3s"};
   CommandButton RemoveKey{*this, "RemoveKey"};
   CommandButton RemAll_Key{*this, "RemAll_Key"};
@@ -37,16 +37,16 @@ struct FrmPlaylist : Form {
   ControlArray<OptionButton> optScheduled{*this, "optScheduled", kScheduled, kAutostart};
 
   Frame frMusicTime{*this, "frMusicTime"};
-  Label Label1{*this, "Label1"};  // before the start
+  Label Label1{*this, "Label1"};  // beside the start time
   ComboBox cmbStartHours{*this, "cmbStartHours"};
   ComboBox cmbStartMinutes{*this, "cmbStartMinutes"};
-  Label Label2{*this, "Label2"};  // before the stop
+  Label Label2{*this, "Label2"};  // beside the stop time
   ComboBox cmbStopHours{*this, "cmbStopHours"};
   ComboBox cmbStopMinutes{*this, "cmbStopMinutes"};
-  Label Label5{*this, "Label5"};                                       // over the days
+  Label Label5{*this, "Label5"};                                       // heading of the days
   ControlArray<CheckBox> chkDays{*this, "chkDays", 0, kWeekdays - 1};  // Monday first
 
-  // Never seen: the files of the music directory, and the work space of the shuffle.
+  // Never shown: the files of the music directory, and the workspace of the shuffle.
   FileListBox MP3List;
   ListBox lstRandom{*this, "lstRandom"};
 

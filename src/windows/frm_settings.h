@@ -6,11 +6,11 @@
 
 namespace marlex {
 
-/// The settings dialog. Lengths in twips.
+/// The settings dialog. Lengths are in twips.
 struct FrmSettings : Form {
   FrmSettings();
 
-  // The window ends higher where the frames of the router amplifier are hidden.
+  // The window is lower when the frames for the router amplifier are hidden.
   static constexpr int kRouterHeight = 6645;
   static constexpr int kRouterKeyTop = 5640;
   static constexpr int kPlainHeight = 5565;
@@ -39,7 +39,7 @@ struct FrmSettings : Form {
   Frame Frame1{*this, "Frame1"};
   ControlArray<OptionButton> optTolvo{*this, "optTolvo", 0, 1};  // 0 is the router amplifier
 
-  // On one and the same place: the chimes, or a word about the microphone that is not there.
+  // In the same place: the chimes, or a note that there is no microphone.
   Frame frChimes{*this, "frChimes"};
   CheckBox chkPreChime{*this, "chkPreChime"};
   CommandButton cmdPreSelect{*this, "cmdPreSelect"};
@@ -50,7 +50,7 @@ struct FrmSettings : Form {
   Frame frSound{*this, "frSound"};
   Label lblSound{*this, "lblSound"};
 
-  // With the router amplifier alone.
+  // Only with the router amplifier.
   Frame frNames{*this, "frNames"};
   ControlArray<TextBox> txtZoneName{*this, "txtZoneName", 0, kZones - 1};
   Frame frPort{*this, "frPort"};

@@ -60,7 +60,7 @@ void WavWindow::DesignMenus() {
   Text(mnuSave, "Save message schedule", "342");
   Text(mnuExit, "Exit", "310");
   Text(mnuKey, "Function key");
-  // The way to the function keys stays closed in every installation.
+  // The menu of the function keys is disabled in every installation.
   mnuKey.Enabled = false;
   for (const auto& key : mnuFKey) key->Caption = "F" + std::to_string(key->Index);
 }

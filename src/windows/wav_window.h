@@ -12,7 +12,7 @@ namespace marlex {
 inline constexpr int kWeekdays = 7;
 inline constexpr int kFunctionKeys = 12;  // F1 to F12
 
-/// The message schedule editor, in which an operator composes one sequence. Lengths in twips.
+/// The message schedule editor, in which the operator composes one sequence. Lengths are in twips.
 struct WavWindow : Form {
   WavWindow(EventLoop& loop, const Directories& files);
 
@@ -24,7 +24,7 @@ struct WavWindow : Form {
 
   Frame frMessageSelection{*this, "frMessageSelection"};
   Label WavText{*this, "WavText"};
-  ListBox AvailWavs{*this, "AvailWavs"};  // names of the messages there are
+  ListBox AvailWavs{*this, "AvailWavs"};  // names of the available messages
   Label Label3{*this, "Label3"};
   ListBox SelectedWavs{*this, "SelectedWavs"};  // the sequence: names in playing order
   Label Label4{*this, "Label4"};
@@ -37,7 +37,7 @@ struct WavWindow : Form {
   Frame frHours{*this, "frHours"};
   TextBox txtHours{*this, "txtHours"};
   Label lblHours{*this, "lblHours"};
-  // On one and the same place: the minutes, or a panel that fills them with an interval.
+  // In the same place: the minutes, or a panel that fills them in at an interval.
   Frame frMinutes{*this, "frMinutes"};
   TextBox txtMinutes{*this, "txtMinutes"};
   Label lblMinutes{*this, "lblMinutes"};
@@ -66,12 +66,12 @@ struct WavWindow : Form {
   ControlArray<Menu> mnuFKey{*this, "mnuFKey", 1, kFunctionKeys};
 
   // Never shown.
-  ListBox AvailableFiles{*this, "AvailableFiles"};  // file names of AvailWavs, in the same order
+  ListBox AvailableFiles{*this, "AvailableFiles"};  // file names of `AvailWavs`, in its order
   FileListBox WavList;                              // reads the directory
-  ListBox SelectedFiles{*this, "SelectedFiles"};    // filled and emptied with SelectedWavs
+  ListBox SelectedFiles{*this, "SelectedFiles"};    // likewise of `SelectedWavs`
   Label lblDescription{*this, "lblDescription"};
   TextBox txtDescription{*this, "txtDescription"};
-  CheckBox Repeat{*this, "Repeat"};  // without any effect
+  CheckBox Repeat{*this, "Repeat"};  // has no effect
 
   Timer tmrWriteDelay;  // one-shot pause after a save
 

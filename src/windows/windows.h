@@ -13,7 +13,7 @@
 
 namespace marlex {
 
-/// The windows that an operator can see. A view shows each while it is visible.
+/// The windows that the operator can see. A view shows each one while it is visible.
 struct Windows {
   Windows(EventLoop& loop, const Directories& files)
       : frmLogo(loop),
