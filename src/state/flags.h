@@ -4,66 +4,69 @@
 
 namespace marlex {
 
-/// The notice-board: what the subsystems have to know of each other. Whoever waits tests these
-/// again after the wait, since anything may have happened in it.
+/// The notice board: what the subsystems need to know of each other. Every procedure that waits
+/// must test these again after the wait, since anything may have happened meanwhile.
 struct Flags {
   // The amplifier.
 
-  /// The last status: 0, 64, 128 or 192, a call's priority at the amplifier's own inputs, 0 for
-  /// none. Set by the status byte, and to 0 where the amplifier is given up.
+  /// The last status byte, 0, 64, 128 or 192: the priority of a call at the amplifier's own inputs,
+  /// 0 for none. Set by the status byte; reset to 0 when the amplifier is given up.
   int AmplifierStatus = 0;
-  /// No call of our own level or a higher one is reported. Set by the start and the status byte;
-  /// read by whatever would begin: the tick, cmdPlay, a call.
+  /// The amplifier reports no call of our priority level or above. Set at start and by the status
+  /// byte; read before anything begins: by the tick, `cmdPlay`, calls and previews.
   bool PriorityClear = false;
-  /// The amplifier took over from something of ours, until status 0. Set and cleared by the status
+  /// The amplifier has interrupted something of ours, until status 0. Set and cleared by the status
   /// byte; read by calls, announcements, previews, the routing timer and the band.
   bool PriorityPreempted = false;
 
   // The call.
 
-  /// A call is on, from the press to the end of what its release restores. Set and cleared by the
-  /// call, cleared also by a takeover; read by all that gives way to a call.
+  /// A call is in progress, from the press until its release has restored everything. Set and
+  /// cleared by the call, also cleared by a takeover; read by everything that gives way to a call.
   bool CallActive = false;
-  /// The release came in the fade of the press, and has turned it round. Set by the release,
-  /// cleared by the press; ends the wait of a fade down.
+  /// The button was released during a fade, before the pre-chime, which turned the fade up. Set by
+  /// the release, cleared by the press; ends the wait of a fade down.
   bool CallEndedDuringFade = false;
-  /// The release came before a WAV had ended. Set by the release and, unless it came in a
-  /// pre-chime, kept until a press with one, which it ends. Ends the wait for a chime, and bars the
-  /// post-chime.
+  /// The button was released while `WavFinished` was false, in a pre-chime or in a call without
+  /// one. Set by the release. After a pre-chime, it is cleared by the call or the next press;
+  /// otherwise it is kept until the next press with a pre-chime, which it ends. Ends the wait for a
+  /// chime, and prevents the post-chime.
   bool CallEndedDuringChime = false;
 
   // The message.
 
-  /// The files of an announcement are being played. Set and cleared by their player, cleared also
-  /// by a call over music; read by all that gives way to messages.
+  /// The files of an announcement are being played. Set and cleared by their player, also cleared
+  /// by a call over music; read by everything that gives way to messages.
   bool MessagePlaying = false;
-  /// A row waits for the music break. Set and cleared by the tick, cleared also at the song's end.
+  /// A row waits for the music break. Set and cleared by the tick, also cleared at the end of the
+  /// song.
   bool MessageAwaitingSongEnd = false;
-  /// The wave player has reported the end of its file. Set by that report and by the stop of a
-  /// preview, cleared by whoever plays a file.
+  /// The wave player has reported the end of its file. Set by that report and when a preview is
+  /// stopped; cleared by each procedure that starts a file.
   bool WavFinished = false;
 
   // The fade.
 
-  /// A fade is on. Set and cleared by the fades, cleared also by a takeover and with a preview that
-  /// is being faded; read by their waits, by the release of a call and by previews.
+  /// A fade is in progress. Set and cleared by the fades, also cleared by a takeover and when a
+  /// preview that is being faded ends; read by the waits of the fades, by the release of a call and
+  /// by previews.
   bool FadeRunning = false;
 
   // The music's clock.
 
-  /// The minute of the running tick, "HH:MM"; empty before the first. Set by the tick and by the
-  /// opening of a playlist.
+  /// The minute of the current tick, "HH:MM"; empty before the first tick. Set by the tick and when
+  /// a playlist is opened.
   std::string CurrentMinute;
-  /// Bars the clock's start. Set by cmdStop; cleared by cmdPlay, the opening of a playlist and
-  /// midnight.
+  /// Keeps the clock from starting the music. Set by `cmdStop`; cleared by `cmdPlay`, by opening a
+  /// playlist and at midnight.
   bool MusicStoppedByUser = false;
-  /// The clock stopped the music, so that cmdPlay is an override. Set by the clock; cleared by
-  /// cmdPlay and the clock's next start.
+  /// The clock stopped the music, so that `cmdPlay` overrides it. Set by the clock; cleared by
+  /// `cmdPlay` and by the clock's next start.
   bool MusicStoppedBySchedule = false;
-  /// The clock started the music; it stops no other. Set and cleared by the clock.
+  /// The clock started the music; it stops only such music. Set and cleared by the clock.
   bool MusicStartedBySchedule = false;
-  /// The operator went on after a stop by the clock, which stops nothing from then on. Set by
-  /// cmdPlay. Deliberate: never cleared.
+  /// The operator resumed the music after the clock had stopped it, so the clock stops nothing any
+  /// more. Set by `cmdPlay`. Deliberate: never cleared.
   bool MusicStopOverridden = false;
 };
 

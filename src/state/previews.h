@@ -6,13 +6,13 @@
 
 namespace marlex {
 
-/// What an operator tries out: the song of the playlist editor, which sounds in the music's player,
-/// and the messages of the schedule editor, which sound in that of the announcements.
+/// Previews by an operator: of a song in the playlist editor, played by the music player, and of
+/// messages in the schedule editor, played by the player of the announcements.
 ///
-/// One rule holds for both. A call, an announcement, a fade and a call at the amplifier go before a
-/// preview: none begins under them. Where a call, an announcement or a high call at the amplifier
-/// begins, a preview ends, also one that is paused, and nothing of it comes back. A low call at the
-/// amplifier stops nothing that runs, previews included.
+/// The same rule applies to both. A call, an announcement, a fade and a call at the amplifier take
+/// precedence over a preview: none begins during them. When a call, an announcement or a
+/// high-priority call at the amplifier begins, a preview ends, even if it is paused, and is not
+/// resumed. A low-priority call at the amplifier stops nothing that is running, including previews.
 class Previews {
  public:
   explicit Previews(const Flags& flags) : TheFlags(flags) {}
@@ -22,18 +22,18 @@ class Previews {
            !TheFlags.PriorityPreempted && TheFlags.PriorityClear;
   }
 
-  /// Something that goes before a preview begins.
+  /// Call when something begins that takes precedence over a preview.
   void End() {
     EndSong();
     EndMessages();
   }
 
-  /// Neither does anything when its player has been given another file since; wired at composition.
+  /// Each does nothing if its player has been given another file since. Wired at composition.
   std::function<void()> EndSong;
   std::function<void()> EndMessages;
 
-  /// The file in a player is a preview's, playing, paused or played out. Set by the preview,
-  /// cleared by whatever uses the player next.
+  /// The file in the player belongs to a preview, which is playing, paused or finished. Set by the
+  /// preview, cleared by the next user of the player.
   bool HoldSongPlayer = false;
   bool HoldWavPlayer = false;
 

@@ -7,17 +7,17 @@
 
 namespace marlex {
 
-// The two lengths of a fade.
+// The two durations of a fade.
 inline constexpr int kSlowFadeTimeMs = 1500;
 inline constexpr int kFastFadeTimeMs = 500;
 
-/// Values read from the profile files, under the names that the whole system uses. Volumes are
-/// slider positions: 0 is the loudest, 65535 silence.
+/// Values read from the profile files, under the names used throughout the system. Volumes are
+/// slider positions: 0 is loudest, 65535 is silence.
 struct Settings {
-  std::string MusicDirectory;    // with its final separator
+  std::string MusicDirectory;    // with a final separator
   std::string MessageDirectory;  // likewise
   std::array<std::string, kZones> ZoneNames;
-  std::string PreChime;   // file name without directory and extension; empty is no chime
+  std::string PreChime;   // file name without directory and extension; empty for no chime
   std::string PostChime;  // likewise
   std::string ComPortSetting;
   bool RouterPresent = false;
@@ -27,25 +27,25 @@ struct Settings {
   int MessageVolume = 0;
   int MasterVolume = 0;
   int MicroVolume = 0;
-  int CdVolume = 0;    // read like the others and used by nothing
-  int FadeTime = 500;  // milliseconds: 1500 or 500
+  int CdVolume = 0;    // read like the others, but unused
+  int FadeTime = 500;  // milliseconds, 1500 or 500
   bool AllDaysView = false;
   bool ScheduleNameView = false;
-  std::string MusicRouting;  // six characters, "1" is a zone that is on
+  std::string MusicRouting;  // six characters; "1" for a zone that is on
   std::string CallRouting;   // likewise
   std::string CurrentPlaylistFile;
   std::string SequencePath;
 
-  // Of the current playlist file.
+  // From the current playlist file.
   std::string MusicStartTime;  // "HH:MM" or empty
   std::string MusicStopTime;   // likewise
-  std::string MusicWeekDays;   // seven characters, Monday first, "0" is a day that is off
+  std::string MusicWeekDays;   // seven characters, Monday first; "0" for a day that is off
   bool MusicAutostart = false;
   bool MusicScheduled = false;
-  int LastSongIndex = 0;  // of the program's start
+  int LastSongIndex = 0;  // at the start of the program
   std::string MusicLabelText;
 
-  std::string OperatingSystemText;  // worked out once and read by nothing
+  std::string OperatingSystemText;  // determined once, but unused
 };
 
 }  // namespace marlex

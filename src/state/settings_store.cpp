@@ -10,12 +10,13 @@
 namespace marlex {
 namespace {
 
-constexpr std::size_t kLongestValue = 1499;  // a buffer of 1500 with the closing NUL
-constexpr std::size_t kMostValues = 32767;   // positions in a list are numbers of 16 bits
+constexpr std::size_t kLongestValue = 1499;  // fits a buffer of 1500 with its closing NUL
+constexpr std::size_t kMostValues = 32767;   // positions in a list are 16-bit numbers
 
 bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
-/// Bytes of a code page can look like fewer characters than they are, and are cut once more.
+/// Cuts the value again after decoding, since bytes of a code page may have counted as fewer
+/// characters than they are.
 std::string AsText(std::string value, CodePage page) {
   if (IsUtf8(value)) return value;
   return std::string(FirstCharacters(InUtf8(value, page), kLongestValue));
@@ -60,7 +61,7 @@ Writing SettingsStore::Put(std::vector<ProfileEntry> entries, const std::string&
   return entries.empty() ? Writing::Unchanged : Profiles.WriteStrings(entries, file);
 }
 
-/// Whether a reader gets the same from the bytes in the file as from the new value.
+/// Whether the bytes in the file already read the same as the new value.
 bool SettingsStore::StandsInCodePage(const ProfileEntry& entry, const std::string& file) const {
   if (std::all_of(entry.Value.begin(), entry.Value.end(), IsAscii)) return false;
   const std::string value = Profiles.GetString(entry.Section, entry.Key, file, kLongestValue);

@@ -12,39 +12,39 @@
 
 namespace marlex {
 
-/// The one door to every file in profile format. Nothing is cached: each reader opens the file at
-/// the moment it needs a value, and each writer writes through at once.
+/// The only access to files in profile format. Nothing is cached: each read opens the file when the
+/// value is needed, and each write goes to the file at once.
 class SettingsStore {
  public:
   SettingsStore(ProfileFiles& profiles, Process& process)
       : Profiles(profiles), TheProcess(process) {}
 
-  /// By which values that are no UTF-8 are read: they come from an older desk. What is written is
+  /// Code page for reading values that are not UTF-8, as written by an older PC. What is written is
   /// UTF-8.
   CodePage ValuesIn = CodePage::WestEuropean;
 
-  /// Value of a key, at most 1499 characters; the rest is lost, which is accepted. Empty when
-  /// absent or unreadable.
+  /// Value of a key, cut to 1499 characters. Deliberate: the rest is lost. Empty when the key is
+  /// missing or unreadable.
   std::string ReadProfileValue(const ProfileKey& key, const std::string& file) const;
 
-  /// Values of the key with 1, 2 and so on after it, up to the first that is absent or empty, and
-  /// at most 32767 of them; each as `ReadProfileValue` gives it.
+  /// Values, as from `ReadProfileValue`, of the keys that consist of this one and 1, 2 and so on,
+  /// up to the first one that is missing or empty; at most 32767.
   std::vector<std::string> ReadNumberedValues(const ProfileKey& key, const std::string& file) const;
 
-  /// Writes a value through; an empty one is written as such and deletes nothing. One that stands
-  /// there in a code page stays as it is. False when that failed, which the system notices for the
-  /// settings file alone.
+  /// Writes a value to the file at once; an empty one is written as such and deletes nothing. An
+  /// equal value that is already there in a code page is left as it is. False on failure, which is
+  /// not reported to `OnNotSaved`.
   bool WriteProfileValue(const ProfileKey& key, const std::string& value, const std::string& file);
 
-  /// Called when the settings file cannot be written, once until the file is written again. A write
-  /// that has nothing to change proves nothing.
+  /// Called when `Write` cannot write the settings file; then not again until it has been written
+  /// successfully. A write that changes nothing does not count as successful.
   std::function<void()> OnNotSaved;
 
-  /// The same for values of one file in their order, all of them or none.
+  /// Like `WriteProfileValue` for several values of one file, in order, all of them or none.
   bool WriteProfileValues(std::vector<ProfileEntry> entries, const std::string& file);
 
-  /// Puts a file of these values alone in the place of any old one. False when that failed; the old
-  /// one is then as it was.
+  /// Replaces or creates a file that contains only these values. False on failure; the old file is
+  /// then unchanged.
   bool RebuildProfile(const std::vector<ProfileEntry>& entries, const std::string& file) {
     return Profiles.Rebuild(entries, file);
   }
@@ -52,11 +52,11 @@ class SettingsStore {
   std::string TolvoIni() const;  // path of the settings file, beside the program
   std::string ApplicationDirectory() const { return TheProcess.ApplicationDirectory(); }
 
-  /// The same two for the settings file.
+  /// Read and write a value of the settings file. A failed write is reported to `OnNotSaved`.
   std::string Read(const ProfileKey& key) const { return ReadProfileValue(key, TolvoIni()); }
   bool Write(const ProfileKey& key, const std::string& value);
 
-  /// True only for the exact text "Yes"; key look-up is blind to case, values are not.
+  /// True only for the exact text "Yes": keys are matched ignoring case, values are not.
   bool ReadFlag(const ProfileKey& key) const { return Read(key) == "Yes"; }
   void WriteFlag(const ProfileKey& key, bool value) { Write(key, value ? "Yes" : "No"); }
 
@@ -68,7 +68,7 @@ class SettingsStore {
 
   ProfileFiles& Profiles;
   Process& TheProcess;
-  bool Saved = true;  // the last write that had to touch the settings file succeeded
+  bool Saved = true;  // the last write that had to change the settings file succeeded
 };
 
 }  // namespace marlex

@@ -6,17 +6,17 @@
 
 namespace marlex {
 
-/// A number of one character gets a "0" in front.
+/// The number, with a leading "0" if it is a single character.
 std::string TwoDigits(const std::string& number);
 
-/// "HH:MM" of a time, 24-hour clock; such texts order as the times do.
+/// The time as "HH:MM", 24-hour clock. These texts sort in the order of the times.
 std::string MinuteText(const LocalTime& time);
 
-/// "HH:MM:ss" likewise.
+/// The time as "HH:MM:ss", likewise.
 std::string SecondText(const LocalTime& time);
 
-/// Whether a mask of weekdays, Monday first, has the day on, 1 is Monday: its character is not "0".
-/// A day that the mask does not reach is on.
+/// Whether a day is on in a mask of weekdays, Monday first: its character is not "0". `weekday` is
+/// 1 for Monday to 7 for Sunday. A day past the end of the mask is on.
 bool DayIsOn(const std::string& mask, int weekday);
 
 }  // namespace marlex
