@@ -17,7 +17,7 @@
 
 namespace marlex {
 
-/// The PC as it is on the operator's desk. Needs a running QApplication.
+/// The real PC on the operator's desk. Needs a running `QApplication`.
 struct DesktopPc {
   QtEventLoop Loop;
   SystemClock Clock;
