@@ -21,8 +21,9 @@ struct CardWish {
   bool operator==(const CardWish&) const = default;
 };
 
-/// The hardware master of a sound card. It may come and go with the card or the sound server. Call
-/// from the system's thread; calls return at once unless they say otherwise.
+/// A sound card's own master, as opposed to the engine's master line. It may come and go with the
+/// card or the sound server. Call from the system's thread; calls return at once unless they say
+/// otherwise.
 class CardMaster {
  public:
   virtual ~CardMaster() = default;

@@ -9,8 +9,8 @@
 namespace marlex {
 
 /// Makes the mixer of a PC that plays through `engine`, which must outlive it. The speakers are the
-/// card's hardware master where it has one; the sources are the engine's wave line and, if the PC
-/// has a microphone, its microphone line. Waits at most a second for the card's answer.
+/// card's own master where it has one; the sources are the engine's wave line and, if the PC has a
+/// microphone, its microphone line. Waits at most a second for the card's answer.
 std::unique_ptr<MixerFunctions> MakeEngineMixer(EventLoop& loop, SoundEngine& engine);
 
 }  // namespace marlex

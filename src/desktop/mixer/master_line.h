@@ -9,9 +9,9 @@
 
 namespace marlex {
 
-/// The speakers: the card's hardware master if there is one, else the engine's master line. The
-/// level is set at only one of the two, or it would count twice. The mute is set at both: the
-/// engine mutes at once and without a click, whatever state the card is in.
+/// The speakers: the card's own master if there is one, else the engine's master line. The level is
+/// set at only one of the two, or it would count twice. The mute is set at both: the engine mutes
+/// at once and without a click, whatever state the card is in.
 class MasterLine : public MixerLine {
  public:
   /// `outputAlive` returns whether the card that the program plays on is there.

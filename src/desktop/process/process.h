@@ -22,7 +22,8 @@ class PosixProcess : public Process {
   /// Does not find a window that this object itself has claimed.
   bool FindWindow(const std::string& caption) const override;
 
-  /// Claims the caption; false, without effect, when another process holds it.
+  /// Claims the caption; false, without effect, when another process holds it. True also when that
+  /// cannot be determined.
   bool ClaimWindow(const std::string& caption) override;
 
   /// Version of the kernel. The platform is none of those in the published interface.

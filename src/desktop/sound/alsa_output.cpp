@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-constexpr int kMusicMs = 40;   // from sample to sound, unless the card needs more
+constexpr int kMusicMs = 40;   // buffered for music, unless the card needs more
 constexpr int kBlockMs = 40;   // the most rendered in one go
 constexpr int kAwaitMs = 100;  // then a silent card is checked again
 constexpr std::int64_t kUsPerMs = 1000;

@@ -15,8 +15,7 @@ namespace marlex {
 /// may.
 class EndReports {
  public:
-  /// `report` receives the number of a stream when its end is due, on a thread that this object
-  /// owns.
+  /// `report` receives the number of a stream when its end is due, on a separate thread.
   explicit EndReports(std::function<void(std::uint64_t)> report);
   ~EndReports();
   EndReports(const EndReports&) = delete;

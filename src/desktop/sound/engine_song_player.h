@@ -10,7 +10,7 @@ namespace marlex {
 /// Plays MP3 files through the engine's wave line.
 class EngineSongPlayer : public SongPlayer {
  public:
-  /// `engine` outlives the player.
+  /// `engine` must outlive the player.
   explicit EngineSongPlayer(SoundEngine& engine) : Engine(engine) {}
   ~EngineSongPlayer() override;
   EngineSongPlayer(const EngineSongPlayer&) = delete;

@@ -11,7 +11,7 @@ namespace marlex {
 /// Plays WAV files through the engine's wave line.
 class EngineWavePlayer : public WavePlayer {
  public:
-  /// Both outlive the player.
+  /// Both must outlive the player.
   EngineWavePlayer(SoundEngine& engine, EventLoop& loop) : Engine(engine), Loop(loop) {}
   ~EngineWavePlayer() override;
   EngineWavePlayer(const EngineWavePlayer&) = delete;

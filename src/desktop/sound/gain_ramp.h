@@ -17,7 +17,7 @@ StereoPeak PeakOf(const float* stereo, int frames);
 /// only.
 class GainRamp {
  public:
-  /// `line` outlives the ramp.
+  /// `line` must outlive the ramp.
   explicit GainRamp(SoundLine& line) : Line(line) { Jump(); }
 
   /// Applies the gain to a block in place and reports its peak to the line's meter. `peak` goes in

@@ -106,9 +106,9 @@ bool Mp3Decoder::TakeFormat() {
   return rate > 0 && channels == kChannels && encoding == MPG123_ENC_FLOAT_32;
 }
 
-/// Takes the length from a Xing or Info header with a plausible claim; otherwise reads the whole
-/// file (up to `kScanLimit`), since a length estimated from the first bitrate is wrong for every
-/// variable one.
+/// Takes the length from a Xing or Info header with a plausible claim; otherwise, unless the file
+/// exceeds `kScanLimit`, reads all of it, since a length estimated from the first bitrate is wrong
+/// for every variable one.
 bool Mp3Decoder::Measure(const Mp3Start& start) {
   Length = double(std::max<off_t>(0, mpg123_length(Handle))) / FrameRate;
   if (IsClaimCredible(start) || File.Size() > kScanLimit) return true;

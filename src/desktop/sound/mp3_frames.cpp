@@ -80,8 +80,8 @@ std::int64_t BehindTags(SoundFile& file) {
 
 /// Whether a chain of frames of one kind starts at `at`; frames of the free format are `freeLength`
 /// bytes apart, plus padding. A file that ends within the chain passes if it ends after a complete
-/// frame, at a tag, or within the second or a later frame; where the length is a guess, only after
-/// the second frame.
+/// frame, at a tag, or within the second or a later frame; where the length is a guess, two headers
+/// must have been found first.
 bool IsChain(const Bytes& bytes, std::size_t at, int freeLength) {
   const auto first = ReadHeader(&bytes[at]);
   if (!first) return false;

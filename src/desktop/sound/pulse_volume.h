@@ -12,8 +12,8 @@ namespace marlex {
 bool ConnectAtFullVolume(pa_stream* stream, const PulseCard& card, const pa_buffer_attr& buffer,
                          pa_stream_flags_t flags);
 
-/// Checks a playback stream that is ready, and resets its volume and mute. The caller must
-/// `Release` the returned operation, which may be null.
+/// Checks a playback stream that is ready, and resets its volume and mute. The caller owns the
+/// returned operation, which may be null.
 pa_operation* CheckPlaybackVolume(pa_context* server, pa_stream* stream, const PulseCard& card);
 
 /// The same for a capturing stream.

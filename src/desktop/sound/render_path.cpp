@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-/// Clamps samples beyond full scale, and replaces those that are not a number.
+/// Clamps samples to full scale; a NaN becomes 1.
 void Clip(float* samples, int count) {
   for (int i = 0; i < count; ++i) {
     const float top = samples[i] < 1.0f ? samples[i] : 1.0f;

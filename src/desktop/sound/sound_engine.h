@@ -21,9 +21,9 @@ struct SoundOptions {
 };
 
 /// Owns the sound device: mixes what the players decode, and applies levels and meters. Use the
-/// constructor, the lines and the players from the system's thread only. The engine uses one device
-/// ever, the one found at start; while that is gone, a timer keeps time, and the engine tries to
-/// reopen it once a second.
+/// constructor, the lines and the players from the system's thread only. The engine only ever uses
+/// one device, the one found at start. While that is gone, a timer keeps time and the engine tries
+/// to reopen it once a second.
 class SoundEngine {
  public:
   explicit SoundEngine(EventLoop& loop, const SoundOptions& options = {});

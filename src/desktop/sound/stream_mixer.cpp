@@ -32,8 +32,8 @@ void StreamMixer::StopAll() {
   }
 }
 
-/// A free place; failing that, the place of a stream that should be fading out while nothing is
-/// rendered. There are many more places than players, so one of the two exists.
+/// A free place; failing that, the place of a stream that cannot finish its fade-out because
+/// nothing is rendered. There are many more places than players, so one of the two exists.
 StreamMixer::Place& StreamMixer::FreePlace() {
   const auto free = std::find_if(Places.begin(), Places.end(), [](Place& p) { return !p.Owner; });
   if (free != Places.end()) return *free;

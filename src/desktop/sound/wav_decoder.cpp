@@ -63,7 +63,7 @@ bool WavDecoder::Open(const std::string& path) {
   return true;
 }
 
-/// A sample of a floating-point file, with damaged values made silent.
+/// A sample of a floating-point file, clamped to `kLoudest`; infinities and NaNs become silence.
 float Clean(float sample) {
   return std::isfinite(sample) ? std::clamp(sample, -kLoudest, kLoudest) : 0;
 }

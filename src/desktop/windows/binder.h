@@ -29,8 +29,8 @@ class Binder : public QObject {
   /// Called after each pass in which controls may have been painted.
   std::function<void()> OnPaint;
 
-  /// Whether Escape closes the window; set it where closing has no other effect. In a window with a
-  /// cancel button, Escape presses that button as well; in any other it does nothing.
+  /// Whether Escape closes the window; set it where closing has no other effect. Regardless of
+  /// this, Escape presses the cancel button of a window that has one.
   bool EscapeCloses = false;
 
  protected:

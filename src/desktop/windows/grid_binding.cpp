@@ -272,7 +272,7 @@ void GridBinding::ShareHeight() {
   emit heading.geometriesChanged();
 }
 
-/// Restores the current cell and the first visible row of the grid.
+/// Sets the view's current cell and first visible row to those of the grid.
 void GridBinding::PaintPlace() {
   const QModelIndex current = Model.index(Cells.Row() - 1, Cells.Col());
   if (current != View.currentIndex())

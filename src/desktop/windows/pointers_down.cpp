@@ -34,7 +34,7 @@ bool PointersDown::eventFilter(QObject* object, QEvent* event) {
     case QEvent::MouseMove:
       FollowMouse(window, static_cast<const QMouseEvent&>(*event));
       break;
-    case QEvent::WindowBlocked:  // a blocked window is not told of the release
+    case QEvent::WindowBlocked:  // a blocked window does not see the release
       Forget(window);
       break;
     default:

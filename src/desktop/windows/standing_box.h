@@ -12,7 +12,7 @@ namespace marlex {
 /// which must close at any time.
 bool StaysFree(const QWidget& window);
 
-/// Makes a message box in plain text, without buttons. The caller owns it.
+/// Makes a message box in plain text, without buttons, as a child of `parent`.
 QMessageBox* MakeBox(QMessageBox::Icon icon, const std::string& caption, const std::string& body,
                      QWidget* parent);
 
