@@ -15,8 +15,7 @@
 namespace marlex {
 namespace {
 
-constexpr float kFullWhole = 32767;  // full scale in 16 bits
-constexpr unsigned kUsPerMs = 1000;
+constexpr float kFullWhole = 32767;                  // full scale in 16 bits
 constexpr int kMostSigns = 16;                       // poll descriptors of one device
 constexpr auto kNap = std::chrono::milliseconds(1);  // after a false wake-up
 

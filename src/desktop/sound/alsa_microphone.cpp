@@ -21,23 +21,21 @@ constexpr std::int64_t kRetryUs = 1000000;
 
 AlsaMicrophone::AlsaMicrophone(const std::string& name, const MicrophoneLines& lines)
     : Name(name), Line(lines.Microphone), Path(lines) {
-  sem_init(&Waker, 0, 0);
   Thread = std::thread([this] { Run(); });
 }
 
 AlsaMicrophone::~AlsaMicrophone() {
   Quit = true;
-  sem_post(&Waker);
+  Waking.Wake();
   Thread.join();
-  sem_destroy(&Waker);
 }
 
-void AlsaMicrophone::Follow() { sem_post(&Waker); }
+void AlsaMicrophone::Follow() { Waking.Wake(); }
 
 void AlsaMicrophone::Run() {
   PreferThisThread();
   while (!Quit) {
-    WaitUntil(Waker, Line.Muted() ? kForeverUs : SteadyUs() + kRetryUs);
+    Waking.WaitUntil(Line.Muted() ? kForeverUs : SteadyUs() + kRetryUs);
     if (!Quit && !Line.Muted()) Capture();
   }
 }

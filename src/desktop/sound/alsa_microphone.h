@@ -1,12 +1,11 @@
 #pragma once
 
-#include <semaphore.h>
-
 #include <string>
 #include <thread>
 
 #include "desktop/sound/microphone_path.h"
 #include "desktop/sound/microphone_queue.h"
+#include "desktop/sound/waker.h"
 
 namespace marlex {
 
@@ -45,7 +44,7 @@ class AlsaMicrophone {
   MicrophonePath Path;
   MicrophoneQueue Queue;
   std::atomic<bool> Quit{false};
-  sem_t Waker;
+  Waker Waking;
   std::thread Thread;
 };
 

@@ -11,8 +11,6 @@ namespace {
 constexpr int kMusicMs = 40;   // buffered for music, unless the card needs more
 constexpr int kBlockMs = 40;   // the most rendered in one go
 constexpr int kAwaitMs = 100;  // then a silent card is checked again
-constexpr std::int64_t kUsPerMs = 1000;
-constexpr std::int64_t kUsPerSecond = 1000000;
 
 }  // namespace
 
@@ -26,15 +24,12 @@ AlsaOutput::AlsaOutput(std::unique_ptr<AlsaDevice> device, const std::string& na
                        const MicrophoneLines& lines)
     : Device(std::move(device)),
       Microphone(name, lines),
-      Block(std::size_t(FramesIn(kBlockMs)) * kChannels) {
-  sem_init(&Waker, 0, 0);
-}
+      Block(std::size_t(FramesIn(kBlockMs)) * kChannels) {}
 
 AlsaOutput::~AlsaOutput() {
   Quit = true;
-  sem_post(&Waker);
+  Waking.Wake();
   if (Thread.joinable()) Thread.join();
-  sem_destroy(&Waker);
 }
 
 void AlsaOutput::Start(OutputSource& source) {
@@ -44,7 +39,7 @@ void AlsaOutput::Start(OutputSource& source) {
 
 void AlsaOutput::Wake() {
   Microphone.Follow();
-  sem_post(&Waker);
+  Waking.Wake();
 }
 
 void AlsaOutput::Run() {
@@ -75,9 +70,8 @@ bool AlsaOutput::Step() {
 bool AlsaOutput::Fill(int frames) {
   frames = std::min(frames, FramesIn(kBlockMs));
   if (frames == 0) return true;
-  while (sem_trywait(&Waker) == 0) {  // the block below covers what these asked for
-  }
-  const std::int64_t delayUs = Device->Delay() * kUsPerSecond / kSampleRate;
+  Waking.Drain();  // the block below covers what these asked for
+  const std::int64_t delayUs = UsOf(Device->Delay());
   const bool sounds = Source->RenderBlock(Block.data(), frames, delayUs);
   const bool speaks = Microphone.MixInto(Block.data(), frames);
   if (!Device->Write(Block.data(), frames)) return false;
@@ -90,7 +84,7 @@ void AlsaOutput::Sleep() {
   Device->Drop();
   Sleeping = true;
   Source->OutputChanged();
-  WaitUntil(Waker, kForeverUs);
+  Waking.WaitUntil(kForeverUs);
   Sleeping = false;
   Silence.Reset();
   Device->Start();

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <semaphore.h>
-
 #include <thread>
 #include <vector>
 
 #include "desktop/sound/alsa_device.h"
 #include "desktop/sound/alsa_microphone.h"
 #include "desktop/sound/sound_output.h"
+#include "desktop/sound/waker.h"
 
 namespace marlex {
 
@@ -51,7 +50,7 @@ class AlsaOutput : public SoundOutput {
   std::atomic<bool> Quit{false};
   std::atomic<bool> Living{true};
   std::atomic<bool> Sleeping{false};
-  sem_t Waker;
+  Waker Waking;
   std::thread Thread;
 };
 

@@ -7,15 +7,13 @@
 namespace marlex {
 
 EndReports::EndReports(std::function<void(std::uint64_t)> report) : Report(std::move(report)) {
-  sem_init(&Waker, 0, 0);
   Thread = std::thread([this] { Run(); });
 }
 
 EndReports::~EndReports() {
   Quit = true;
-  sem_post(&Waker);
+  Waking.Wake();
   Thread.join();
-  sem_destroy(&Waker);
 }
 
 bool EndReports::Push(std::uint64_t stream, std::int64_t delayUs) {
@@ -23,7 +21,7 @@ bool EndReports::Push(std::uint64_t stream, std::int64_t delayUs) {
   if (at - Popped.load(std::memory_order_acquire) == kCapacity) return false;
   Queue[at % kCapacity] = {stream, SteadyUs() + delayUs};
   Pushed.store(at + 1, std::memory_order_release);
-  sem_post(&Waker);
+  Waking.Wake();
   return true;
 }
 
@@ -52,7 +50,7 @@ void EndReports::Collect(std::vector<End>& waiting) {
 void EndReports::Wait(const std::vector<End>& waiting) {
   std::int64_t due = kForeverUs;
   for (const End& end : waiting) due = std::min(due, end.DueUs);
-  WaitUntil(Waker, due);
+  Waking.WaitUntil(due);
 }
 
 }  // namespace marlex

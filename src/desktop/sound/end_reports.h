@@ -1,13 +1,13 @@
 #pragma once
 
-#include <semaphore.h>
-
 #include <array>
 #include <atomic>
 #include <cstdint>
 #include <functional>
 #include <thread>
 #include <vector>
+
+#include "desktop/sound/waker.h"
 
 namespace marlex {
 
@@ -41,7 +41,7 @@ class EndReports {
   std::atomic<std::size_t> Pushed{0};
   std::atomic<std::size_t> Popped{0};
   std::atomic<bool> Quit{false};
-  sem_t Waker;
+  Waker Waking;
   std::thread Thread;
 };
 

@@ -158,7 +158,6 @@ int Mp3Decoder::Read(float* stereo, int frames) {
 
 /// Reads samples of one format. A change of format is reported with the last of them, or alone.
 int Mp3Decoder::ReadFormat(float* stereo, int frames) {
-  constexpr size_t kFrameBytes = kChannels * sizeof(float);
   for (int fruitless = 0; fruitless < kFruitlessReads; ++fruitless) {
     size_t bytes = 0;
     const int result = mpg123_read(Handle, stereo, size_t(frames) * kFrameBytes, &bytes);

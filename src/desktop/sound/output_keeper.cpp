@@ -12,12 +12,9 @@ constexpr std::int64_t kRetryUs = 1000000;  // between two attempts to open the 
 
 }  // namespace
 
-OutputKeeper::OutputKeeper(OutputSource& source) : Source(source) { sem_init(&Waker, 0, 0); }
+OutputKeeper::OutputKeeper(OutputSource& source) : Source(source) {}
 
-OutputKeeper::~OutputKeeper() {
-  Stop();
-  sem_destroy(&Waker);
-}
+OutputKeeper::~OutputKeeper() { Stop(); }
 
 void OutputKeeper::Start(std::unique_ptr<SoundOutput> output, Opener opener) {
   Open = std::move(opener);
@@ -29,7 +26,7 @@ void OutputKeeper::Start(std::unique_ptr<SoundOutput> output, Opener opener) {
 
 void OutputKeeper::Stop() {
   Quit = true;
-  sem_post(&Waker);
+  Waking.Wake();
   if (Thread.joinable()) Thread.join();
   Output.reset();
 }
@@ -39,10 +36,10 @@ void OutputKeeper::Wake() {
     const std::scoped_lock lock(Guard);
     if (Output) Output->Wake();
   }
-  sem_post(&Waker);
+  Waking.Wake();
 }
 
-void OutputKeeper::OutputChanged() { sem_post(&Waker); }
+void OutputKeeper::OutputChanged() { Waking.Wake(); }
 
 void OutputKeeper::Run() {
   while (!Quit) {
@@ -56,7 +53,7 @@ void OutputKeeper::Run() {
 
 void OutputKeeper::WatchDevice() {
   const bool asleep = Output->Asleep();
-  WaitUntil(Waker, asleep ? kForeverUs : SteadyUs() + kLookUs);
+  Waking.WaitUntil(asleep ? kForeverUs : SteadyUs() + kLookUs);
   if (asleep) SeenUs = SteadyUs();
   if (Quit || (Output->Alive() && !Stalled())) return;
   Use(std::make_unique<TimerOutput>(), false);
@@ -74,7 +71,7 @@ bool OutputKeeper::Stalled() {
 
 void OutputKeeper::AwaitDevice() {
   const std::int64_t next = SteadyUs() + kRetryUs;
-  while (!Quit && WaitUntil(Waker, next)) {
+  while (!Quit && Waking.WaitUntil(next)) {
   }
   if (Quit) return;
   if (auto device = Open()) Use(std::move(device), true);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <semaphore.h>
-
 #include <atomic>
 #include <functional>
 #include <memory>
@@ -9,6 +7,7 @@
 #include <thread>
 
 #include "desktop/sound/sound_output.h"
+#include "desktop/sound/waker.h"
 
 namespace marlex {
 
@@ -61,7 +60,7 @@ class OutputKeeper {
   std::atomic<std::uint64_t> Blocks{0};  // rendered so far
   std::uint64_t SeenBlocks = 0;
   std::int64_t SeenUs = 0;  // when `SeenBlocks` last changed
-  sem_t Waker;
+  Waker Waking;
   std::thread Thread;
 };
 

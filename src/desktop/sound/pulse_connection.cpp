@@ -96,7 +96,7 @@ std::unique_ptr<PulseConnection> PulseConnection::ConnectWithin(std::int64_t lim
   return good ? std::move(connection) : nullptr;
 }
 
-PulseConnection::PulseConnection() { sem_init(&Changed, 0, 0); }
+PulseConnection::PulseConnection() = default;
 
 PulseConnection::~PulseConnection() {
   if (Server) {
@@ -108,7 +108,6 @@ PulseConnection::~PulseConnection() {
   if (Loop) pa_threaded_mainloop_stop(Loop);
   if (Server) pa_context_unref(Server);
   if (Loop) pa_threaded_mainloop_free(Loop);
-  sem_destroy(&Changed);
 }
 
 bool PulseConnection::Begin() {
@@ -139,7 +138,7 @@ bool PulseConnection::Await(const std::function<bool()>& done, std::int64_t limi
   const std::int64_t due = SteadyUs() + limitUs;
   bool isDone = false;
   do Locked([&] { isDone = done(); });
-  while (!isDone && WaitUntil(Changed, due));
+  while (!isDone && Changes.WaitUntil(due));
   return isDone;
 }
 

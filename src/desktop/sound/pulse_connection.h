@@ -1,12 +1,13 @@
 #pragma once
 
 #include <pulse/pulseaudio.h>
-#include <semaphore.h>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
+
+#include "desktop/sound/waker.h"
 
 namespace marlex {
 
@@ -45,7 +46,7 @@ class PulseConnection {
   bool Complete(const std::function<pa_operation*()>& start);
 
   /// For callbacks: reports a change that `Await` may be waiting for.
-  void Signal() { sem_post(&Changed); }
+  void Signal() { Changes.Wake(); }
 
   bool Good() const;
 
@@ -60,7 +61,7 @@ class PulseConnection {
   pa_threaded_mainloop* Loop = nullptr;
   pa_context* Server = nullptr;
   std::int64_t LimitUs = 0;
-  sem_t Changed;
+  Waker Changes;
 };
 
 /// The card that the streams are pinned to, by the names that the server gives it.

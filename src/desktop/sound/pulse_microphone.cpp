@@ -17,7 +17,6 @@ constexpr int kBlockFrames = 1024;
 constexpr std::int64_t kMuteUs = 100000;   // without a block: nothing is left to fade out
 constexpr std::int64_t kDeadUs = 2000000;  // without a block: reopen the microphone
 constexpr std::int64_t kLookUs = 1000000;  // between two checks, and two attempts to open it
-constexpr std::int64_t kFrameBytes = kChannels * sizeof(float);
 constexpr std::uint32_t kServersChoice = std::uint32_t(-1);
 
 std::uint32_t BytesIn(int milliseconds) {

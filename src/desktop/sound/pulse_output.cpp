@@ -21,9 +21,6 @@ constexpr std::int64_t kGuardUs = 6000;  // before the card's next piece: too la
 constexpr int kWorthMs = 10;             // a shorter rewrite is not worth its message
 constexpr int kStartMs = 10;             // playback starts with this much
 constexpr std::int64_t kProofLimitUs = 2500000;  // for a card to take its first samples
-constexpr std::int64_t kFrameBytes = kChannels * sizeof(float);
-constexpr std::int64_t kUsPerMs = 1000;
-constexpr std::int64_t kUsPerSecond = 1000000;
 
 constexpr std::uint32_t BytesIn(int milliseconds) {
   return std::uint32_t(FramesIn(milliseconds) * kFrameBytes);
@@ -174,14 +171,14 @@ void PulseOutput::Fill() {
   if (Corked || !Living) return;
   const size_t bytes = pa_stream_writable_size(Stream);
   if (bytes == size_t(-1) || bytes < size_t(kFrameBytes)) return;
-  NextPieceUs = SteadyUs() + std::int64_t(bytes) / kFrameBytes * kUsPerSecond / kSampleRate;
+  NextPieceUs = SteadyUs() + UsOf(std::int64_t(bytes) / kFrameBytes);
   WriteFrom(RewriteDue ? Rewindable() : 0, bytes);
 }
 
 /// Writes `bytes` bytes starting at `offset`, which counts from the end of what was written.
 void PulseOutput::Write(size_t bytes, std::int64_t offset) {
   bool sleepy = false;
-  std::int64_t delayUs = DelayUs() + offset / kFrameBytes * kUsPerSecond / kSampleRate;
+  std::int64_t delayUs = DelayUs() + UsOf(offset / kFrameBytes);
   while (bytes >= size_t(kFrameBytes)) {
     void* data = nullptr;
     size_t piece = bytes;
@@ -193,7 +190,7 @@ void PulseOutput::Write(size_t bytes, std::int64_t offset) {
     }
     sleepy = Render(static_cast<float*>(data), int(std::int64_t(piece) / kFrameBytes), delayUs);
     if (pa_stream_write(Stream, data, piece, nullptr, offset, PA_SEEK_RELATIVE) != 0) return;
-    delayUs += std::int64_t(piece) / kFrameBytes * kUsPerSecond / kSampleRate;
+    delayUs += UsOf(std::int64_t(piece) / kFrameBytes);
     bytes -= piece;
     offset = 0;
   }

@@ -16,7 +16,6 @@ namespace marlex {
 namespace {
 
 constexpr std::int64_t kFarewellUs = 1000000;  // the destructor waits for decoding threads
-constexpr std::int64_t kUsPerSecond = 1000000;
 
 }  // namespace
 
@@ -104,7 +103,7 @@ void SoundEngine::Body::Close() {
 
 bool SoundEngine::Body::RenderBlock(float* stereo, int frames, std::int64_t delayUs) {
   if (Keeper) Keeper->CountBlock();
-  HeardAllUs = delayUs + frames * kUsPerSecond / kSampleRate;
+  HeardAllUs = delayUs + UsOf(frames);
   return Path.Render(stereo, frames);
 }
 
@@ -116,7 +115,7 @@ bool SoundEngine::Body::TellEnd(const SoundStream& stream) {
     return true;
   }
   if (stream.Report() == EndReport::kHandedOver) return Reports->Push(stream.Id(), 0);
-  const std::int64_t missingUs = stream.Missing() * kUsPerSecond / kSampleRate;
+  const std::int64_t missingUs = UsOf(stream.Missing());
   return Reports->Push(stream.Id(), std::max<std::int64_t>(0, HeardAllUs - missingUs));
 }
 

@@ -13,27 +13,26 @@ constexpr std::int64_t kLateUs = 500000;  // a longer gap, after the machine sle
 
 }  // namespace
 
-TimerOutput::TimerOutput() { sem_init(&Waker, 0, 0); }
+TimerOutput::TimerOutput() = default;
 
 TimerOutput::~TimerOutput() {
   Quit = true;
-  sem_post(&Waker);
+  Waking.Wake();
   if (Thread.joinable()) Thread.join();
-  sem_destroy(&Waker);
 }
 
 void TimerOutput::Start(OutputSource& source) {
   Thread = std::thread([this, &source] { Run(source); });
 }
 
-void TimerOutput::Wake() { sem_post(&Waker); }
+void TimerOutput::Wake() { Waking.Wake(); }
 
 void TimerOutput::Run(OutputSource& source) {
   std::vector<float> block(std::size_t(FramesIn(kBlockMs)) * kChannels);
   SleepTimer silence;
   std::int64_t due = SteadyUs() + kBlockUs;
   while (!Quit) {
-    if (WaitUntil(Waker, due)) continue;
+    if (Waking.WaitUntil(due)) continue;
     due += kBlockUs;
     if (SteadyUs() - due > kLateUs) due = SteadyUs() + kBlockUs;
     const bool sounded = source.RenderBlock(block.data(), FramesIn(kBlockMs), 0);
@@ -48,7 +47,7 @@ void TimerOutput::Run(OutputSource& source) {
 void TimerOutput::Sleep(OutputSource& source) {
   Sleeping = true;
   source.OutputChanged();
-  WaitUntil(Waker, kForeverUs);
+  Waking.WaitUntil(kForeverUs);
   Sleeping = false;
 }
 

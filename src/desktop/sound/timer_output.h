@@ -1,10 +1,9 @@
 #pragma once
 
-#include <semaphore.h>
-
 #include <thread>
 
 #include "desktop/sound/sound_output.h"
+#include "desktop/sound/waker.h"
 
 namespace marlex {
 
@@ -28,7 +27,7 @@ class TimerOutput : public SoundOutput {
 
   std::atomic<bool> Quit{false};
   std::atomic<bool> Sleeping{false};
-  sem_t Waker;
+  Waker Waking;
   std::thread Thread;
 };
 
