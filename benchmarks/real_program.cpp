@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <thread>
 
-#include "desktop/process/process.h"
+#include "desktop/process/posix_process.h"
 #include "places.h"
 #include "system/stage/wait.h"
 #include "windows/frm_main.h"

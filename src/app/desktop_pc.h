@@ -2,13 +2,13 @@
 
 #include <memory>
 
-#include "desktop/files/directories.h"
-#include "desktop/files/profile_files.h"
+#include "desktop/files/disk_directories.h"
+#include "desktop/files/disk_profile_files.h"
 #include "desktop/mixer/engine_mixer.h"
-#include "desktop/process/process.h"
+#include "desktop/process/posix_process.h"
 #include "desktop/process/qt_event_loop.h"
-#include "desktop/process/wall_clock.h"
-#include "desktop/serial/serial_port.h"
+#include "desktop/process/system_clock.h"
+#include "desktop/serial/tty_serial_port.h"
 #include "desktop/sound/engine_song_player.h"
 #include "desktop/sound/engine_wave_player.h"
 #include "desktop/sound/sound_engine.h"

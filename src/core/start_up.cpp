@@ -5,6 +5,9 @@
 namespace marlex {
 namespace {
 
+static_assert(kLanguageTable.size() == FrmLangSel::kLanguages,
+              "each language has its option in the language dialog");
+
 constexpr int kEmptyText =
     6;  // has no text in any language: the guard's box is empty, and stays so
 

@@ -55,8 +55,8 @@ System::System(const Pc& pc)
   // The calls that run upwards.
   Store.OnNotSaved = [this] { StartUp_.TellNotSaved(); };
   Dialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
-  Link.PlaySong = [this] { Music.PlaySong(); };
-  Music.PlayMessageWavs = [this] { Wavs.PlayMessageWavs(); };
+  Link.ResumeMusic = [this] { Music.PlaySong(); };
+  Music.AnnounceAtBreak = [this] { Wavs.PlayMessageWavs(); };
   ThePreviews.EndSong = [this] { ThePlaylistEditor.EndPreview(); };
   ThePreviews.EndMessages = [this] { Preview.End(); };
   pc.Loop.OnFailure = [this](const RuntimeFailure& failure) { TheNotices.Error(failure.what()); };

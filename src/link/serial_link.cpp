@@ -90,7 +90,7 @@ void SerialLink::EndPriority() {
   TheFrmMain.cmdCall.Enabled = true;
   Lines.OpenMaster();
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
-    PlaySong();
+    ResumeMusic();
     Lines.OpenWave();
   }
   TheFlags.PriorityPreempted = false;

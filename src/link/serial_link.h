@@ -24,7 +24,7 @@ class SerialLink {
              const StringTable& strings, Notices& notices);
 
   /// Resumes the music; wired at composition.
-  std::function<void()> PlaySong;
+  std::function<void()> ResumeMusic;
 
   /// For an amplifier that is no longer spoken to: what it had taken is given back, since its end
   /// of a call will never come.

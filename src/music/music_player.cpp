@@ -119,7 +119,7 @@ bool MusicPlayer::PlayWaitingMessages() {
   const bool inCall = TheFlags.CallActive;
   if (inCall && !TheFlags.FadeRunning) return false;
   ThePreviews.End();
-  PlayMessageWavs();
+  AnnounceAtBreak();
   if (!TheFlags.CallActive) TheFrmPlayers.ResumeSchedule();
   return TheFlags.CallActive && !inCall;
 }

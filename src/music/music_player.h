@@ -37,7 +37,7 @@ class MusicPlayer {
   /// Plays the messages that wait for a music break; wired at composition.
   ///
   /// Waits until they are over or a call has begun. Then test `CallActive`.
-  std::function<void()> PlayMessageWavs;
+  std::function<void()> AnnounceAtBreak;
 
   void cmdPlay_Click();
   void cmdSkip_Click();
@@ -49,7 +49,7 @@ class MusicPlayer {
   std::string SelectedSongPath() const;
 
  private:
-  void MP3Player_EndOfStream();  // waits for what PlayMessageWavs waits for
+  void MP3Player_EndOfStream();  // waits for what AnnounceAtBreak waits for
   bool PlayWaitingMessages();
   bool MoveToNextSong();
   bool LoadSong(bool wrapped);

@@ -209,7 +209,7 @@ TEST(Takeover, StatusZeroGivesEverythingBack) {
 TEST(Takeover, StatusZeroResumesTheMusicByItsPlayProcedure) {
   LinkDesk desk;
   int calls = 0;
-  desk.Sys->Link.PlaySong = [&] { ++calls; };
+  desk.Sys->Link.ResumeMusic = [&] { ++calls; };
   desk.Status(0);
   EXPECT_EQ(calls, 0);
   desk.PlayMusic();

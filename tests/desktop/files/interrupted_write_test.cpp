@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "desktop/files/disk_profile_files.h"
 #include "desktop/files/forked_child.h"
 #include "desktop/files/power_cut.h"
-#include "desktop/files/profile_files.h"
 #include "desktop/files/temporary_directory.h"
 #include "desktop/files/watched_calls.h"
 #include "desktop/files/whole_file.h"

@@ -10,7 +10,7 @@
 
 #include "desktop/await.h"
 #include "desktop/serial/pseudo_terminal.h"
-#include "desktop/serial/serial_port.h"
+#include "desktop/serial/tty_serial_port.h"
 
 namespace marlex {
 

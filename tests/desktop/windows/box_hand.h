@@ -12,7 +12,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "desktop/files/directories.h"
+#include "desktop/files/disk_directories.h"
 #include "desktop/process/qt_event_loop.h"
 #include "desktop/windows/qt_dialogs.h"
 

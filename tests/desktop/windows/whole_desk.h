@@ -5,8 +5,8 @@
 #include <string>
 
 #include "core/system.h"
-#include "desktop/files/directories.h"
-#include "desktop/files/profile_files.h"
+#include "desktop/files/disk_directories.h"
+#include "desktop/files/disk_profile_files.h"
 #include "desktop/files/temporary_directory.h"
 #include "desktop/windows/views.h"
 #include "simulation/simulated_pc.h"

@@ -1,4 +1,4 @@
-#include "desktop/files/directories.h"
+#include "desktop/files/disk_directories.h"
 
 #include <mntent.h>
 

@@ -1,4 +1,4 @@
-#include "desktop/serial/serial_port.h"
+#include "desktop/serial/tty_serial_port.h"
 
 #include <QSocketNotifier>
 #include <algorithm>

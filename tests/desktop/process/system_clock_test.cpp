@@ -1,4 +1,4 @@
-#include "desktop/process/wall_clock.h"
+#include "desktop/process/system_clock.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "desktop/files/profile_files.h"
+#include "desktop/files/disk_profile_files.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>

@@ -1,4 +1,4 @@
-#include "desktop/files/profile_files.h"
+#include "desktop/files/disk_profile_files.h"
 
 #include "desktop/files/found_path.h"
 #include "desktop/files/whole_file.h"

@@ -1,4 +1,4 @@
-#include "desktop/process/process.h"
+#include "desktop/process/posix_process.h"
 
 #include <signal.h>
 #include <sys/wait.h>
