@@ -4,10 +4,6 @@
 
 namespace marlex {
 
-std::string TimeOf(const Grid& table, int row) {
-  return std::string(FirstCharacters(table.TextMatrix(row, kTimeColumn), 5));
-}
-
 Conflicts::Conflicts(const Settings& settings, FrmMain& frmMain, const SoundLines& lines,
                      ScheduleColumns& columns, const StringTable& strings, Notices& notices)
     : TheSettings(settings),

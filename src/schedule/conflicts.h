@@ -56,7 +56,4 @@ class Conflicts {
   std::set<std::string> Incomplete;  // schedules whose weekdays left a pair undecided in the pass
 };
 
-/// Firing time of a row: the first five characters of its time cell.
-std::string TimeOf(const Grid& table, int row);
-
 }  // namespace marlex

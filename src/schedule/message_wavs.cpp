@@ -2,6 +2,7 @@
 
 #include "schedule/sequence_files.h"
 #include "state/media_names.h"
+#include "text/split.h"
 
 namespace marlex {
 

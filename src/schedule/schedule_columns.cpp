@@ -1,5 +1,7 @@
 #include "schedule/schedule_columns.h"
 
+#include "text/text_case.h"
+
 namespace marlex {
 
 void ScheduleColumns::SetupScheduleGrid() {
@@ -44,6 +46,14 @@ void ScheduleColumns::Show(int column, int headingId, int width) {
 void ScheduleColumns::HideAndEmpty(int column) {
   Table.SetColWidth(column, 0);
   for (int row = 0; row < Table.Rows(); ++row) Table.SetTextMatrix(row, column, "");
+}
+
+std::string TimeOf(const Grid& table, int row) {
+  return std::string(FirstCharacters(table.TextMatrix(row, kTimeColumn), 5));
+}
+
+bool PlaysAtBreak(const Grid& table, int row) {
+  return table.TextMatrix(row, kTimeColumn).find('+') != std::string::npos;
 }
 
 }  // namespace marlex

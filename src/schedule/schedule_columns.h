@@ -34,4 +34,10 @@ class ScheduleColumns {
   const StringTable& Strings;
 };
 
+/// Firing time of a row: the first five characters of its time cell.
+std::string TimeOf(const Grid& table, int row);
+
+/// Whether a row waits for the next music break: its time has a "+" after it.
+bool PlaysAtBreak(const Grid& table, int row);
+
 }  // namespace marlex

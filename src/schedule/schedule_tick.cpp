@@ -86,9 +86,7 @@ void ScheduleTick::PaintRow(int row, Color back, Color text) {
 }
 
 void ScheduleTick::Dispatch() {
-  const bool atMusicBreak =
-      Table.TextMatrix(ScheduleRow, kTimeColumn).find('+') != std::string::npos;
-  if (atMusicBreak && TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
+  if (PlaysAtBreak(Table, ScheduleRow) && TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     TheFrmPlayers.HoldSchedule();
     WaitingTime = Table.TextMatrix(ScheduleRow, kTimeColumn);
     TheFlags.MessageAwaitingSongEnd = true;

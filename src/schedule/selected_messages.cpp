@@ -8,6 +8,7 @@
 #include "state/media_names.h"
 #include "text/numbers.h"
 #include "text/paths.h"
+#include "text/split.h"
 
 namespace marlex {
 

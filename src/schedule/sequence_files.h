@@ -47,7 +47,4 @@ struct SequenceSelection {
 /// ".sch". A RuntimeFailure when the names part holds no such name.
 SequenceSelection ParseSequenceSelection(const std::string& result);
 
-/// Texts between the separators. The last one is cut at 100 characters, the others are not.
-std::vector<std::string> SplitCuttingLast(const std::string& text, char separator);
-
 }  // namespace marlex

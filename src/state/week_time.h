@@ -6,6 +6,8 @@
 
 namespace marlex {
 
+inline constexpr int kWeekdays = 7;
+
 /// The number, with a leading "0" if it is a single character.
 std::string TwoDigits(const std::string& number);
 

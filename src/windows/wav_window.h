@@ -5,11 +5,11 @@
 #include "controls/list_box.h"
 #include "controls/timer.h"
 #include "controls/widgets.h"
+#include "state/week_time.h"
 #include "windows/frm_main.h"
 
 namespace marlex {
 
-inline constexpr int kWeekdays = 7;
 inline constexpr int kFunctionKeys = 12;  // F1 to F12
 
 /// The message schedule editor, in which the operator composes one sequence. Lengths are in twips.

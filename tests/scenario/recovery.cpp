@@ -8,6 +8,7 @@
 #include "scenario/random_installation.h"
 #include "schedule/sequence_files.h"
 #include "state/week_time.h"
+#include "text/split.h"
 
 namespace marlex {
 namespace {
