@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "controls/color.h"
+#include "controls/control_kind.h"
 #include "platform/runtime_failure.h"
 
 namespace marlex {
@@ -27,8 +28,8 @@ class Control {
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
-  /// Name of the control's kind, such as "Label"; translation depends on it.
-  virtual const char* Kind() const = 0;
+  /// By it the control is translated, and bound to a widget.
+  virtual ControlKind Kind() const = 0;
 
   /// Name of the widget that shows the control: its name, followed by "_" and the index for an
   /// element of an array.

@@ -13,7 +13,7 @@ class DriveListBox : public ListBox {
  public:
   DriveListBox(Form& form, const std::string& name, const Directories& files)
       : ListBox(form, name), Files(files) {}
-  const char* Kind() const override { return "DriveListBox"; }
+  ControlKind Kind() const override { return ControlKind::DriveListBox; }
 
   /// Root directory of the selected drive.
   std::string Drive() const { return Text(); }
@@ -35,7 +35,7 @@ class DriveListBox : public ListBox {
 class DirListBox : public ListBox {
  public:
   DirListBox(Form& form, const std::string& name, const Directories& files);
-  const char* Kind() const override { return "DirListBox"; }
+  ControlKind Kind() const override { return ControlKind::DirListBox; }
   void ResetToDesign() override;
 
   /// The open directory.
@@ -66,7 +66,7 @@ class FileListBox : public ListBox {
  public:
   FileListBox(Form& form, const std::string& name, const Directories& files)
       : ListBox(form, name), Files(files) {}
-  const char* Kind() const override { return "FileListBox"; }
+  ControlKind Kind() const override { return ControlKind::FileListBox; }
   void ResetToDesign() override;
 
   const std::string& Path() const { return Directory; }

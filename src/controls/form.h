@@ -53,7 +53,7 @@ class Form {
   class Window : public Control {
    public:
     Window(Form& form, const std::string& caption) : Control(form, ""), Caption(*this, caption) {}
-    const char* Kind() const override { return "Form"; }
+    ControlKind Kind() const override { return ControlKind::Form; }
     Property<std::string> Caption;
     Property<bool> Visible{*this, false};
     Property<Color> BackColor{*this, kButtonFace};

@@ -20,7 +20,7 @@ class Grid : public VisualControl {
   static constexpr int kDefaultRowHeight = 240;
 
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "MSFlexGrid"; }
+  ControlKind Kind() const override { return ControlKind::Grid; }
   void ResetToDesign() override;
 
   int Rows() const { return static_cast<int>(RowData.size()); }

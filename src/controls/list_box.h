@@ -15,7 +15,7 @@ class ListBox : public VisualControl {
   static constexpr int kNoSelection = -1;
 
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "ListBox"; }
+  ControlKind Kind() const override { return ControlKind::ListBox; }
   void ResetToDesign() override;
 
   int ListCount() const { return static_cast<int>(Entries.size()); }
@@ -68,7 +68,7 @@ class ListBox : public VisualControl {
 class ComboBox : public ListBox {
  public:
   using ListBox::ListBox;
-  const char* Kind() const override { return "ComboBox"; }
+  ControlKind Kind() const override { return ControlKind::ComboBox; }
 };
 
 inline constexpr int kKeyDelete = 46;

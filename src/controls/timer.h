@@ -15,7 +15,7 @@ class Timer : public Control {
  public:
   Timer(Form& form, std::string name, EventLoop& loop, int intervalMs, bool enabled);
   ~Timer() override;
-  const char* Kind() const override { return "Timer"; }
+  ControlKind Kind() const override { return ControlKind::Timer; }
   void Changed() override;
 
   Property<bool> Enabled;

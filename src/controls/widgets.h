@@ -30,13 +30,13 @@ class VisualControl : public Control {
 class Frame : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "Frame"; }
+  ControlKind Kind() const override { return ControlKind::Frame; }
 };
 
 class Label : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "Label"; }
+  ControlKind Kind() const override { return ControlKind::Label; }
 };
 
 enum class MouseButton { Left, Right, Middle };
@@ -44,7 +44,7 @@ enum class MouseButton { Left, Right, Middle };
 class CommandButton : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "CommandButton"; }
+  ControlKind Kind() const override { return ControlKind::CommandButton; }
 
   std::function<void()> OnClick;
   std::function<void(MouseButton)> OnMouseDown;
@@ -55,7 +55,7 @@ class CommandButton : public VisualControl {
 class ToggleButton : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "ToggleButton"; }
+  ControlKind Kind() const override { return ControlKind::ToggleButton; }
 
   std::function<void()> OnChange;
   Property<bool> Value{*this, false, &OnChange};
@@ -65,7 +65,7 @@ class ToggleButton : public VisualControl {
 class CheckBox : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "CheckBox"; }
+  ControlKind Kind() const override { return ControlKind::CheckBox; }
 
   std::function<void()> OnClick;
   Property<int> Value{*this, 0, &OnClick};
@@ -76,7 +76,7 @@ class CheckBox : public VisualControl {
 class OptionButton : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "OptionButton"; }
+  ControlKind Kind() const override { return ControlKind::OptionButton; }
 
   std::string Group = Name;
 
@@ -92,7 +92,7 @@ class OptionButton : public VisualControl {
 class TextBox : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "TextBox"; }
+  ControlKind Kind() const override { return ControlKind::TextBox; }
 
   std::function<void()> OnChange;
   Property<std::string> Text{*this, "", &OnChange};
@@ -102,7 +102,7 @@ class TextBox : public VisualControl {
 class Slider : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "Slider"; }
+  ControlKind Kind() const override { return ControlKind::Slider; }
 
   Property<int> Min{*this, 0};
   Property<int> Max{*this, 65535};
@@ -120,7 +120,7 @@ class Slider : public VisualControl {
 class Picture : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "PictureBox"; }
+  ControlKind Kind() const override { return ControlKind::PictureBox; }
 
   Property<bool> Lit{*this, false};
   Property<int> BarTop{*this, 0};  // pixels from the top of the bar
@@ -129,7 +129,7 @@ class Picture : public VisualControl {
 class Menu : public VisualControl {
  public:
   using VisualControl::VisualControl;
-  const char* Kind() const override { return "Menu"; }
+  ControlKind Kind() const override { return ControlKind::Menu; }
 
   std::string TextId;  // id of its text; if empty, the caption is never translated
   Property<bool> Checked{*this, false};

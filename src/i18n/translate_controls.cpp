@@ -31,6 +31,34 @@ void TranslateLoosely(VisualControl& control, const StringTable& strings) {
   }
 }
 
+void TranslateByKind(VisualControl& control, const StringTable& strings) {
+  switch (control.Kind()) {
+    case ControlKind::Label:
+    case ControlKind::Frame:
+      return Translate(control.Tag, control.Caption, strings);
+    case ControlKind::Menu:
+      return Translate(control.Caption, control.Caption, strings);
+    case ControlKind::TextBox:
+    case ControlKind::ComboBox:
+      return Translate(control.Tag, control.ToolTipText, strings);
+    case ControlKind::CommandButton:
+    case ControlKind::ToggleButton:
+    case ControlKind::CheckBox:
+    case ControlKind::OptionButton:
+    case ControlKind::Slider:
+    case ControlKind::PictureBox:
+    case ControlKind::ListBox:
+    case ControlKind::DriveListBox:
+    case ControlKind::DirListBox:
+    case ControlKind::FileListBox:
+    case ControlKind::Grid:
+      return TranslateLoosely(control, strings);
+    case ControlKind::Form:
+    case ControlKind::Timer:
+      return;
+  }
+}
+
 }  // namespace
 
 void WriteMenuIds(Form& form) {
@@ -44,16 +72,7 @@ void TranslateControls(Form& form, const StringTable& strings) {
   for (Control* control : form.Controls) {
     auto* visual = dynamic_cast<VisualControl*>(control);
     if (!visual) continue;
-    const std::string kind = control->Kind();
-    if (kind == "Label" || kind == "Frame") {
-      Translate(visual->Tag, visual->Caption, strings);
-    } else if (kind == "Menu") {
-      Translate(visual->Caption, visual->Caption, strings);
-    } else if (kind == "TextBox" || kind == "ComboBox") {
-      Translate(visual->Tag, visual->ToolTipText, strings);
-    } else {
-      TranslateLoosely(*visual, strings);
-    }
+    TranslateByKind(*visual, strings);
   }
 }
 

@@ -28,7 +28,7 @@ TEST(Control, AFormCanBeWalkedInTheOrderOfItsDesign) {
   Panel panel;
   std::string walk;
   for (const Control* control : panel.Controls) {
-    walk += std::string(control->Kind()) + " " + control->ObjectName() + "\n";
+    walk += std::string(NameOfKind(control->Kind())) + " " + control->ObjectName() + "\n";
   }
   EXPECT_EQ(walk,
             "Form \n"

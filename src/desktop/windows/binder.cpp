@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
+#include "desktop/windows/bind.h"
 #include "desktop/windows/reader_names.h"
 #include "desktop/windows/shown_text.h"
 

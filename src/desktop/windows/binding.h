@@ -27,11 +27,6 @@ class Binding {
   virtual void Paint() = 0;
 };
 
-/// Binds `control` to the widget or action of its object name in `window`. Null for a control that
-/// is never seen, such as a list that the design hides. Throws `RuntimeFailure` for a control that
-/// can be seen but has no widget of its kind in the window.
-std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand);
-
 /// Binds a control to a widget: the part that all kinds of widgets share. A widget with the
 /// property `keepsRoom` keeps its space in the layout while it is hidden, so that nothing moves
 /// when it comes and goes. A widget that is disabled while it has the keyboard focus passes the

@@ -1,18 +1,14 @@
+#include "desktop/windows/simple_bindings.h"
+
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 
-#include "desktop/windows/binding.h"
 #include "desktop/windows/card.h"
-#include "desktop/windows/combo_binding.h"
-#include "desktop/windows/dir_binding.h"
-#include "desktop/windows/grid_binding.h"
-#include "desktop/windows/list_binding.h"
 #include "desktop/windows/press_watch.h"
 #include "desktop/windows/shown_text.h"
 
@@ -251,75 +247,42 @@ class MenuBinding : public Binding {
   QAction& Action;
 };
 
-template <class T>
-T& Find(QWidget& window, const Control& control) {
-  // Search by `QObject`, since not every class here has Qt's meta-object information.
-  for (QObject* found :
-       window.findChildren<QObject*>(QString::fromStdString(control.ObjectName()))) {
-    if (T* widget = dynamic_cast<T*>(found)) return *widget;
-  }
-  throw RuntimeFailure("The window " + control.Owner.Name + " shows no " + control.Kind() + " " +
-                       control.ObjectName());
-}
-
-std::unique_ptr<Binding> BindMenu(Menu& menu, QWidget& window, Hand& hand) {
-  const QString name = QString::fromStdString(menu.ObjectName());
-  auto* submenu = window.findChild<QMenu*>(name);
-  QAction& action = submenu ? *submenu->menuAction() : Find<QAction>(window, menu);
-  return std::make_unique<MenuBinding>(menu, action, hand);
-}
-
-/// A list that the design hides is a workspace of the system, for which no window has a widget.
-std::unique_ptr<Binding> BindList(ListBox& list, QWidget& window, Hand& hand) {
-  if (!list.Visible) return nullptr;
-  if (dynamic_cast<ComboBox*>(&list) || dynamic_cast<DriveListBox*>(&list)) {
-    return std::make_unique<ComboBinding>(list, Find<QComboBox>(window, list), hand);
-  }
-  auto& view = Find<QListView>(window, list);
-  if (auto* tree = dynamic_cast<DirListBox*>(&list)) {
-    return std::make_unique<DirBinding>(*tree, view, hand);
-  }
-  return std::make_unique<ListBinding>(list, view, hand);
-}
-
 }  // namespace
 
-std::unique_ptr<Binding> Bind(Control& control, QWidget& window, Hand& hand) {
-  if (control.NeverShown) return nullptr;
-  if (auto* label = dynamic_cast<Label*>(&control)) {
-    return std::make_unique<LabelBinding>(*label, Find<QLabel>(window, control));
-  }
-  if (auto* frame = dynamic_cast<Frame*>(&control)) {
-    return std::make_unique<FrameBinding>(*frame, Find<Card>(window, control));
-  }
-  if (auto* button = dynamic_cast<CommandButton*>(&control)) {
-    return std::make_unique<CommandBinding>(*button, Find<QPushButton>(window, control), hand);
-  }
-  if (auto* toggle = dynamic_cast<ToggleButton*>(&control)) {
-    return std::make_unique<ToggleBinding>(*toggle, Find<QPushButton>(window, control), hand);
-  }
-  if (auto* check = dynamic_cast<CheckBox*>(&control)) {
-    return std::make_unique<CheckBinding>(*check, Find<QCheckBox>(window, control), hand);
-  }
-  if (auto* option = dynamic_cast<OptionButton*>(&control)) {
-    return std::make_unique<OptionBinding>(*option, Find<QRadioButton>(window, control), hand);
-  }
-  if (auto* text = dynamic_cast<TextBox*>(&control)) {
-    return std::make_unique<TextBinding>(*text, Find<QLineEdit>(window, control), hand);
-  }
-  if (auto* slider = dynamic_cast<Slider*>(&control)) {
-    return std::make_unique<SliderBinding>(*slider, Find<QSlider>(window, control), hand);
-  }
-  if (auto* list = dynamic_cast<ListBox*>(&control)) return BindList(*list, window, hand);
-  if (auto* grid = dynamic_cast<Grid*>(&control)) {
-    return std::make_unique<GridBinding>(*grid, Find<QTableView>(window, control), hand);
-  }
-  if (auto* menu = dynamic_cast<Menu*>(&control)) return BindMenu(*menu, window, hand);
-  if (dynamic_cast<VisualControl*>(&control)) {
-    throw RuntimeFailure("The window " + control.Owner.Name + " can show no " + control.Kind() +
-                         " " + control.ObjectName());
-  }
-  return nullptr;  // a timer, or the window itself
+std::unique_ptr<Binding> MakeBinding(Label& control, QLabel& widget) {
+  return std::make_unique<LabelBinding>(control, widget);
+}
+
+std::unique_ptr<Binding> MakeBinding(Frame& control, Card& widget) {
+  return std::make_unique<FrameBinding>(control, widget);
+}
+
+std::unique_ptr<Binding> MakeBinding(CommandButton& control, QPushButton& widget, Hand& hand) {
+  return std::make_unique<CommandBinding>(control, widget, hand);
+}
+
+std::unique_ptr<Binding> MakeBinding(ToggleButton& control, QPushButton& widget, Hand& hand) {
+  return std::make_unique<ToggleBinding>(control, widget, hand);
+}
+
+std::unique_ptr<Binding> MakeBinding(CheckBox& control, QCheckBox& widget, Hand& hand) {
+  return std::make_unique<CheckBinding>(control, widget, hand);
+}
+
+std::unique_ptr<Binding> MakeBinding(OptionButton& control, QRadioButton& widget, Hand& hand) {
+  return std::make_unique<OptionBinding>(control, widget, hand);
+}
+
+std::unique_ptr<Binding> MakeBinding(TextBox& control, QLineEdit& widget, Hand& hand) {
+  return std::make_unique<TextBinding>(control, widget, hand);
+}
+
+std::unique_ptr<Binding> MakeBinding(Slider& control, QSlider& widget, Hand& hand) {
+  return std::make_unique<SliderBinding>(control, widget, hand);
+}
+
+std::unique_ptr<Binding> MakeBinding(Menu& control, QAction& action, Hand& hand) {
+  return std::make_unique<MenuBinding>(control, action, hand);
 }
 
 }  // namespace marlex

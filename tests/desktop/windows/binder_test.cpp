@@ -31,9 +31,9 @@ std::set<std::string> WidgetNames(const QWidget& window) {
 
 /// Whether a control works behind its window: a timer, or a list that the design hides.
 bool IsBehindTheWindow(const Control& control) {
-  const std::string kind = control.Kind();
   const auto* list = dynamic_cast<const ListBox*>(&control);
-  return kind == "Timer" || kind == "Form" || control.NeverShown || (list && !list->Visible);
+  return control.Kind() == ControlKind::Timer || control.Kind() == ControlKind::Form ||
+         control.NeverShown || (list && !list->Visible);
 }
 
 void ExpectSameNames(const Form& form, const QWidget& window) {
