@@ -19,6 +19,10 @@ class Grid : public VisualControl {
   static constexpr int kColumns = 5;
   static constexpr int kDefaultRowHeight = 240;
 
+  // For the view.
+  int MarkColumn = 0;  // its coloured cells carry a mark, and its double-click is the row's
+  int NarrowColumn = kColumns - 1;  // no wider than its texts
+
   using VisualControl::VisualControl;
   ControlKind Kind() const override { return ControlKind::Grid; }
   void ResetToDesign() override;

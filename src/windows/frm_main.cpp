@@ -9,6 +9,8 @@ FrmMain::FrmMain(EventLoop& loop)
   DesignTexts();
   DesignMenus();
   DesignSizes();
+  grdSchedule.MarkColumn = kTimeColumn;
+  grdSchedule.NarrowColumn = kNameColumn;
   lblHiPrio.Visible = false;
   lblConflict.Visible = false;
   lblConflict.BackColor = kRed;

@@ -10,7 +10,6 @@
 #include "desktop/windows/shown_text.h"
 #include "desktop/windows/theme.h"
 #include "desktop/windows/whole_text.h"
-#include "windows/frm_main.h"
 
 namespace marlex {
 
@@ -86,7 +85,7 @@ QColor GridModel::TextColorOf(int row, int column) const {
 /// A mark in the time column for what the colour of a row means: "!" for a conflict, an arrow for
 /// a row that is playing or fired last.
 QString GridModel::MarkOf(int row, int column) const {
-  if (column != kTimeColumn || IsPlain(row, column)) return {};
+  if (column != Cells.MarkColumn || IsPlain(row, column)) return {};
   return Cells.BackColorAt(row, column) == kRed ? "!" : "\u25B8";
 }
 
@@ -223,7 +222,7 @@ int GridBinding::HeadingWidth(int column) const {
 /// A name column wider than its names leaves the rest to the messages.
 int GridBinding::WantedWidth(int column) const {
   const int design = DesignWidth(column);
-  return column == kNameColumn ? std::min(design, TextWidth(column)) : design;
+  return column == Cells.NarrowColumn ? std::min(design, TextWidth(column)) : design;
 }
 
 /// Width of the longest text below the heading. The rows of a sequence share one name, which is
@@ -288,7 +287,7 @@ void GridBinding::PaintPlace() {
 bool GridBinding::FilterKey(const QKeyEvent& event) {
   const QModelIndex current = View.currentIndex();
   if (!IsEnter(event) || !current.isValid()) return false;
-  if (!event.isAutoRepeat()) ForwardDoubleClick(current.row() + 1, kTimeColumn);
+  if (!event.isAutoRepeat()) ForwardDoubleClick(current.row() + 1, Cells.MarkColumn);
   return true;
 }
 
