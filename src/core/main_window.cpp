@@ -144,7 +144,7 @@ void MainWindow::ArrangeCallControls() {
   }
   for (int zone = 0; zone < kZones; ++zone) {
     TheFrmMain.cmdCallZone[zone].Visible = false;
-    TheFrmMain.cmdMusicZones[zone].Height = FrmMain::kTallZoneKeyHeight;
+    TheFrmMain.cmdMusicZones[zone].Height = FrmMain::kTallZoneButtonHeight;
   }
   TheFrmMain.lblMusic.Top = 1020;
 }

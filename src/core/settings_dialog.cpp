@@ -110,7 +110,7 @@ void SettingsDialog::ReadChimes() {
 
 void SettingsDialog::ReadAmplifier() {
   const bool router = Store.ReadFlag(keys::kRouter);
-  ShowRouterFrames(router, router ? FrmSettings::kRouterKeyTop : FrmSettings::kPlainKeyTop);
+  ShowRouterFrames(router, router ? FrmSettings::kRouterButtonTop : FrmSettings::kPlainButtonTop);
   Dialog.optTolvo[router ? 0 : 1].SetValue(true);
   // An absent key shows port 2, though port 1 is the one that is used; it stays so.
   Dialog.optCom[Store.Read(keys::kComPort) == "1" ? 0 : 1].SetValue(true);
@@ -148,17 +148,17 @@ void SettingsDialog::ReadFadeTime() {
   (fast ? Dialog.optFast : Dialog.optSlow).SetValue(true);
 }
 
-void SettingsDialog::ShowRouterFrames(bool shown, int keyTop) {
+void SettingsDialog::ShowRouterFrames(bool shown, int buttonTop) {
   Dialog.frNames.Visible = shown;
   Dialog.frPort.Visible = shown;
   Dialog.frPriority.Visible = shown;
-  Dialog.cmdCancel.Top = keyTop;
-  Dialog.cmdOK.Top = keyTop;
+  Dialog.cmdCancel.Top = buttonTop;
+  Dialog.cmdOK.Top = buttonTop;
 }
 
 void SettingsDialog::ChooseAmplifier(int index) {
   const bool router = index == 0;
-  ShowRouterFrames(router, router ? FrmSettings::kRouterKeyTop : FrmSettings::kPlainKeyTop);
+  ShowRouterFrames(router, router ? FrmSettings::kRouterButtonTop : FrmSettings::kPlainButtonTop);
   Dialog.Height = router ? FrmSettings::kRouterHeight : FrmSettings::kPlainHeight;
 }
 

@@ -39,7 +39,7 @@ class SettingsDialog {
   void ReadVolumes();
   void ReadFadeTime();
 
-  void ShowRouterFrames(bool shown, int keyTop);
+  void ShowRouterFrames(bool shown, int buttonTop);
   void ChooseAmplifier(int index);  // optTolvo
   void CheckChime(const CheckBox& check, CommandButton& select, Label& label);
 

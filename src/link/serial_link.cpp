@@ -44,7 +44,7 @@ void SerialLink::ShowPriority() {
   TheFrmMain.lblHiPrio.Caption =
       Strings.LoadString(blocked ? kStrHigherPriorityCall : kStrLowerPriorityCall);
   TheFrmMain.lblHiPrio.Visible = true;
-  TheFrmMain.SetTransportHeight(FrmMain::kShrunkenKeyHeight);
+  TheFrmMain.SetTransportHeight(FrmMain::kShrunkenTransportHeight);
 }
 
 /// Our own level plays no part: a status of 128 takes over from a program of high level too.
@@ -84,7 +84,7 @@ void SerialLink::ForgetAmplifier() {
 void SerialLink::EndPriority() {
   TheFlags.PriorityClear = true;
   TheFrmMain.lblHiPrio.Visible = false;
-  TheFrmMain.SetTransportHeight(FrmMain::kTransportKeyHeight);
+  TheFrmMain.SetTransportHeight(FrmMain::kTransportHeight);
   TheFrmPlayers.tmrDwellTimer.Enabled = true;
   TheFrmMain.PaintBusyLamps(kButtonFace);
   TheFrmMain.cmdCall.Enabled = true;

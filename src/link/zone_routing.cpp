@@ -5,10 +5,10 @@ namespace {
 
 constexpr const char* kNoZones = "000000";
 
-Zones KeysOf(ControlArray<ToggleButton>& keys) {
+Zones ZonesOf(ControlArray<ToggleButton>& buttons) {
   Zones zones{};
   for (int zone = 0; zone < kZones; ++zone)
-    zones[static_cast<std::size_t>(zone)] = keys[zone].Value;
+    zones[static_cast<std::size_t>(zone)] = buttons[zone].Value;
   return zones;
 }
 
@@ -43,12 +43,12 @@ void ZoneRouting::ApplyCallRouting() {
 }
 
 void ZoneRouting::SaveMusicRouting() {
-  Store.Values.MusicRouting = RoutingOf(KeysOf(TheFrmMain.cmdMusicZones));
+  Store.Values.MusicRouting = RoutingOf(ZonesOf(TheFrmMain.cmdMusicZones));
   Store.Write(keys::kMusicRouting, Store.Values.MusicRouting);
 }
 
 void ZoneRouting::SaveCallRouting() {
-  Store.Values.CallRouting = RoutingOf(KeysOf(TheFrmMain.cmdCallZone));
+  Store.Values.CallRouting = RoutingOf(ZonesOf(TheFrmMain.cmdCallZone));
   Store.Write(keys::kCallRouting, Store.Values.CallRouting);
   // Deliberate: whatever else had switched the call key off is ignored here.
   TheFrmMain.cmdCall.Enabled = Store.Values.CallRouting != kNoZones;

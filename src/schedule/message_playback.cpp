@@ -25,13 +25,13 @@ void MessagePlayback::PlayMessageSequence(const std::string& currentRouting) {
   Announce();
   if (TheFlags.PriorityPreempted) {
     // Routing and music are in the care of the amplifier's end of call.
-    EnableTransportKeys();
+    ResumeScheduleAndTransport();
     return;
   }
   if (TheFlags.CallActive) return;  // the end of the call restores everything
   RestoreRouting();
   RestoreMusic();
-  EnableTransportKeys();
+  ResumeScheduleAndTransport();
 }
 
 /// Fades the music and pauses it. False when a call or the amplifier took over in the fade, and the
@@ -59,9 +59,9 @@ void MessagePlayback::RouteMessage(const std::string& currentRouting) {
 
 void MessagePlayback::Announce() {
   PaintPlayingCell(kGreen, kBlack);
-  EnableMusicZoneKeys(false);
+  EnableMusicZoneButtons(false);
   Wavs.PlayMessageWavs();
-  EnableMusicZoneKeys(true);
+  EnableMusicZoneButtons(true);
   PaintPlayingCell(kNavy, kWhite);
 }
 
@@ -73,7 +73,7 @@ void MessagePlayback::PaintPlayingCell(Color back, Color text) {
   TheFrmMain.grdSchedule.SetCellColors(back, text);
 }
 
-void MessagePlayback::EnableMusicZoneKeys(bool enabled) {
+void MessagePlayback::EnableMusicZoneButtons(bool enabled) {
   for (int zone = 0; zone < kZones; ++zone) TheFrmMain.cmdMusicZones[zone].Enabled = enabled;
 }
 
@@ -98,7 +98,7 @@ void MessagePlayback::RestoreMusic() {
   }
 }
 
-void MessagePlayback::EnableTransportKeys() {
+void MessagePlayback::ResumeScheduleAndTransport() {
   TheFrmPlayers.ResumeSchedule();
   TheFrmMain.cmdPlay.Enabled = true;
   TheFrmMain.EnableSkipAndStop(MusicIs(kPlaying));

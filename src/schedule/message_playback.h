@@ -33,10 +33,10 @@ class MessagePlayback {
   void RouteMessage(const std::string& currentRouting);
   void Announce();
   void PaintPlayingCell(Color back, Color text);
-  void EnableMusicZoneKeys(bool enabled);
+  void EnableMusicZoneButtons(bool enabled);
   void RestoreRouting();
   void RestoreMusic();
-  void EnableTransportKeys();
+  void ResumeScheduleAndTransport();
   bool MusicIs(PlayStates state) const { return TheFrmPlayers.MP3Player.PlayState() == state; }
 
   Flags& TheFlags;

@@ -61,13 +61,13 @@ void FrmMain::DesignMenus() {
 
 void FrmMain::DesignSizes() {
   Height = 6525;
-  SetTransportHeight(kTransportKeyHeight);
+  SetTransportHeight(kTransportHeight);
   SizeSchedule(true, false);
   PlaceConflictNote(true);
   lblMusic.Top = 840;
   for (int zone = 0; zone < kZones; ++zone) {
-    cmdMusicZones[zone].Height = kZoneKeyHeight;
-    cmdCallZone[zone].Height = kZoneKeyHeight;
+    cmdMusicZones[zone].Height = kZoneButtonHeight;
+    cmdCallZone[zone].Height = kZoneButtonHeight;
   }
 }
 

@@ -23,10 +23,10 @@ struct FrmMain : Form {
   explicit FrmMain(EventLoop& loop);
 
   static constexpr const char* kCaption = "Tolvo Marlex";
-  static constexpr int kTransportKeyHeight = 615;
-  static constexpr int kShrunkenKeyHeight = 255;  // makes room for `lblHiPrio`
-  static constexpr int kZoneKeyHeight = 255;
-  static constexpr int kTallZoneKeyHeight = 616;
+  static constexpr int kTransportHeight = 615;
+  static constexpr int kShrunkenTransportHeight = 255;  // makes room for `lblHiPrio`
+  static constexpr int kZoneButtonHeight = 255;
+  static constexpr int kTallZoneButtonHeight = 616;
 
   Frame frBGMusic{*this, "frBGMusic"};
   ListBox lstPlaylist{*this, "lstPlaylist"};

@@ -10,8 +10,8 @@ FrmSettings::FrmSettings() : Form("frmSettings", "Settings") {
   DesignAmplifier();
   Text(cmdOK, "OK");
   Text(cmdCancel, "Cancel", "770");
-  cmdOK.Top = kPlainKeyTop;
-  cmdCancel.Top = kPlainKeyTop;
+  cmdOK.Top = kPlainButtonTop;
+  cmdCancel.Top = kPlainButtonTop;
   Height = kPlainHeight;
 }
 

@@ -12,9 +12,9 @@ struct FrmSettings : Form {
 
   // The window is lower when the frames for the router amplifier are hidden.
   static constexpr int kRouterHeight = 6645;
-  static constexpr int kRouterKeyTop = 5640;
+  static constexpr int kRouterButtonTop = 5640;
   static constexpr int kPlainHeight = 5565;
-  static constexpr int kPlainKeyTop = 4560;
+  static constexpr int kPlainButtonTop = 4560;
 
   ControlArray<Label> Explain{*this, "Explain", 0, 1};
   Label lblBGDir_Name{*this, "lblBGDir_Name"};

@@ -42,7 +42,7 @@ TEST(SettingsDialog, ATypeThatIsChangedInATakeoverGivesTheOutputsBack) {
     EXPECT_TRUE(desk.State().PriorityClear) << status;
     EXPECT_FALSE(desk.State().PriorityPreempted) << status;
     EXPECT_FALSE(desk.Visible("lblHiPrio")) << status;
-    EXPECT_EQ(desk.Main().cmdPlay.Height, FrmMain::kTransportKeyHeight) << status;
+    EXPECT_EQ(desk.Main().cmdPlay.Height, FrmMain::kTransportHeight) << status;
   }
 }
 

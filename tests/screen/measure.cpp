@@ -34,7 +34,7 @@ void ExpectWhole(const QLabel& label) {
 }
 
 void ExpectWhole(const QAbstractButton& key) {
-  if (auto* elided = dynamic_cast<const ElidedKey*>(&key)) return ExpectBeginning(*elided);
+  if (auto* elided = dynamic_cast<const ElidedButton*>(&key)) return ExpectBeginning(*elided);
   EXPECT_GE(key.width(), key.sizeHint().width()) << Describe(key, key.text());
   EXPECT_GE(key.height(), key.minimumSizeHint().height()) << Describe(key, key.text());
 }
@@ -111,7 +111,7 @@ bool IsViewport(const QWidget& widget) {
 bool TakesAnyText(const QWidget& widget) {
   auto* line = qobject_cast<const QLineEdit*>(&widget);
   return (line && !line->text().isEmpty()) || dynamic_cast<const ElidedLabel*>(&widget) ||
-         dynamic_cast<const ElidedKey*>(&widget);
+         dynamic_cast<const ElidedButton*>(&widget);
 }
 
 /// The texts that a widget paints, each within it, none of them shortened.

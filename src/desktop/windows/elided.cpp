@@ -46,7 +46,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
                         isEnabled(), ShownLine(), foregroundRole());
 }
 
-QString ElidedKey::ShownLine() const {
+QString ElidedButton::ShownLine() const {
   QStyleOptionButton option;
   QPushButton::initStyleOption(&option);
   const int room = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).width();
@@ -54,23 +54,23 @@ QString ElidedKey::ShownLine() const {
 }
 
 /// A short name asks for as much room as a long one, so that buttons side by side look alike.
-QSize ElidedKey::RoomFor(int letters) const {
+QSize ElidedButton::RoomFor(int letters) const {
   const int more =
       Letters(*this, letters) - fontMetrics().size(Qt::TextShowMnemonic, text()).width();
   const QSize whole = QPushButton::sizeHint();
   return {whole.width() + more, whole.height()};
 }
 
-QSize ElidedKey::minimumSizeHint() const { return RoomFor(kFewestLetters); }
+QSize ElidedButton::minimumSizeHint() const { return RoomFor(kFewestLetters); }
 
-QSize ElidedKey::sizeHint() const { return RoomFor(kUsualLetters); }
+QSize ElidedButton::sizeHint() const { return RoomFor(kUsualLetters); }
 
-bool ElidedKey::event(QEvent* event) {
+bool ElidedButton::event(QEvent* event) {
   const QString name = QString(text()).replace("&&", "&");
   return ShowWhole(*event, *this, name, ShownLine() == text()) || QPushButton::event(event);
 }
 
-void ElidedKey::initStyleOption(QStyleOptionButton* option) const {
+void ElidedButton::initStyleOption(QStyleOptionButton* option) const {
   QPushButton::initStyleOption(option);
   option->text = ShownLine();
 }

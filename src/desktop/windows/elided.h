@@ -25,9 +25,9 @@ class ElidedLabel : public QLabel {
 };
 
 /// A button with such a name.
-class ElidedKey : public QPushButton {
+class ElidedButton : public QPushButton {
  public:
-  explicit ElidedKey(QWidget* parent = nullptr) : QPushButton(parent) {
+  explicit ElidedButton(QWidget* parent = nullptr) : QPushButton(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   }
 

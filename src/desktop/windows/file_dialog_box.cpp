@@ -103,7 +103,7 @@ FileDialogBox::FileDialogBox(QWidget* parent, const FileDialog& dialog,
   setDirectory(QString::fromStdString(dialog.InitialDirectory));
   resize(kSize);
   LeaveOutWhatWaits();
-  KeepItsKeyWorking();
+  KeepItsButtonWorking();
   ListOlderNames();
 }
 
@@ -130,7 +130,7 @@ void FileDialogBox::GoTo(const QString& folder) {
 
 /// Enables the Open or Save button for any name. Qt would disable it for a name that is not listed
 /// exactly as typed.
-void FileDialogBox::KeepItsKeyWorking() {
+void FileDialogBox::KeepItsButtonWorking() {
   auto& keys = Find<QDialogButtonBox>(*this, "buttonBox");
   QPushButton& key =
       *keys.button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);

@@ -38,7 +38,7 @@ class FileDialogBox : public QFileDialog {
 
  private:
   void LeaveOutWhatWaits();
-  void KeepItsKeyWorking();
+  void KeepItsButtonWorking();
   void GoTo(const QString& folder);
   void ListOlderNames();
   void ShowOlderNames();

@@ -213,13 +213,13 @@ TEST(Binder, KeysShrinkAndGrowInTheRelationOfTheirHeights) {
   auto& zone = windows.Find<QPushButton>("cmdMusicZones_0");
   const int tall = play.height();
   const int low = zone.height();
-  main.cmdPlay.Height = FrmMain::kShrunkenKeyHeight;
-  main.cmdMusicZones[0].Height = FrmMain::kTallZoneKeyHeight;
+  main.cmdPlay.Height = FrmMain::kShrunkenTransportHeight;
+  main.cmdMusicZones[0].Height = FrmMain::kTallZoneButtonHeight;
   windows.Settle();
   EXPECT_NEAR(play.height(), tall * 255 / 615, 4);
   EXPECT_GE(play.height(), play.minimumSizeHint().height());
   EXPECT_NEAR(zone.height(), low * 616 / 255, 2);
-  main.cmdPlay.Height = FrmMain::kTransportKeyHeight;
+  main.cmdPlay.Height = FrmMain::kTransportHeight;
   windows.Settle();
   EXPECT_EQ(play.height(), tall);
 }

@@ -66,7 +66,7 @@ TEST(Elided, AKeyWithALongNameKeepsItsPlaceInTheEditor) {
   editor.Show();
   windows.Settle();
   QWidget& window = windows.Screen.ScheduleEditor();
-  auto& key = *window.findChild<ElidedKey*>("cmdZone_1");
+  auto& key = *window.findChild<ElidedButton*>("cmdZone_1");
   editor.cmdZone[1].Caption = "Hall";
   windows.Settle();
   EXPECT_EQ(key.ShownLine(), "Hall");

@@ -19,7 +19,7 @@ void ExpectMainWhole(PaintedWindows& windows) {
     main.lblHiPrio.Visible = special;
     main.cmdCall.Caption = special ? "Speak" : "Wait";
     for (CommandButton* key : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop}) {
-      key->Height = special ? FrmMain::kShrunkenKeyHeight : FrmMain::kTransportKeyHeight;
+      key->Height = special ? FrmMain::kShrunkenTransportHeight : FrmMain::kTransportHeight;
     }
     for (const bool router : {false, true}) {
       main.frRouting.Visible = router;

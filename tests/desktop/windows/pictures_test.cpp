@@ -66,7 +66,7 @@ TEST(Pictures, MainWindowWithAConflictAndAHigherCall) {
       "Time conflict(s) in schedule, double-click a red time field to remove a sequence";
   main.lblConflict.Visible = true;
   for (CommandButton* key : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop})
-    key->Height = FrmMain::kShrunkenKeyHeight;
+    key->Height = FrmMain::kShrunkenTransportHeight;
   main.lblHiPrio.Caption = "Higher priority call in progress";
   main.lblHiPrio.Visible = true;
   main.lblBusy[0].BackColor = kGreen;
@@ -86,7 +86,7 @@ TEST(Pictures, MainWindowWithZonesAndNoMicrophone) {
   }
   for (int zone = 0; zone < kZones; ++zone) {
     main.cmdCallZone[zone].Visible = false;
-    main.cmdMusicZones[zone].Height = FrmMain::kTallZoneKeyHeight;
+    main.cmdMusicZones[zone].Height = FrmMain::kTallZoneButtonHeight;
   }
   windows.Settle();
   Keep(windows.Screen.Main(), "main_zones_no_microphone");
