@@ -39,7 +39,7 @@ class CallDesk : public RealDesk {
     Speak();
   }
 
-  /// Chooses the type of the amplifier in the settings: 0 with the router, 1 the other.
+  /// Selects the type of the amplifier in the settings: 0 is the one with a router, 1 the other.
   bool ChooseAmplifier(int type) {
     const std::string choice = "frmSettings.optTolvo_" + std::to_string(type);
     return Click("mnuEdit") && Click("mnuSettings") && Await("frmSettings", "visible", "yes") &&
@@ -47,7 +47,7 @@ class CallDesk : public RealDesk {
            Await("frmSettings", "visible", "no");
   }
 
-  /// Calls until the voice is heard, and ends when it no longer is.
+  /// Makes a call, waits until the voice is heard, ends the call and waits for silence.
   testing::AssertionResult CallBy(const std::string& key) {
     if (!Press(key)) return testing::AssertionFailure() << key << " is not to be seen";
     const bool isHeard = AwaitTone(kVoice);
@@ -58,8 +58,8 @@ class CallDesk : public RealDesk {
   }
 };
 
-/// Out of its full level and back to it the song goes in half a second, so that 200 ms from where
-/// it is no longer heard, or is again, it is neither loud nor gone.
+/// A fade takes half a second in each direction. So 200 ms before the song becomes inaudible, and
+/// 200 ms after it becomes audible again, it is neither at full level nor gone.
 void ExpectFades(const Recording& heard, const std::vector<Span>& song, double fullDb) {
   EXPECT_NEAR(heard.TypicalLevelDb(heard.EndTime() - 0.5, heard.EndTime()), fullDb, 0.5);
   for (const double midst : {song[0].To - 0.2, song[1].From + 0.2}) {

@@ -1,4 +1,4 @@
-// Start, end and faults of the real program.
+// The real program: start, exit and faults.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -77,7 +77,8 @@ TEST(Exit, EndsInTheMiddleOfAMessageWithTheReleaseByteOnTheLine) {
   EXPECT_THAT(desk.ByteValues(), ElementsAre(128 + 3, 128 + 4, 0));
 }
 
-/// The window manager's close of the main window, and what must come of it.
+/// The window manager closes the main window: the program must exit cleanly and send the release
+/// byte.
 testing::AssertionResult ClosesWithItsReleaseByte(RealDesk& desk) {
   if (!desk.Display->CloseWindow("Tolvo Marlex"))
     return testing::AssertionFailure() << "there is no main window";
@@ -242,8 +243,8 @@ TEST(Clock, ARowFiresAtItsMinuteWhenTheClockIsSetToIt) {
   EXPECT_TRUE(desk.AwaitTone(kMessage, 5));
 }
 
-/// Plays up to a moment of an announcement, kills the program there without a farewell, and starts
-/// it again later.
+/// Lets an announcement run to the given moment, kills the program there without warning, and
+/// starts it again later.
 class Killed : public testing::TestWithParam<double> {};
 
 TEST_P(Killed, AtAnyStepOfAnAnnouncementTheNextStartIsRight) {
@@ -268,7 +269,7 @@ TEST_P(Killed, AtAnyStepOfAnAnnouncementTheNextStartIsRight) {
   EXPECT_EQ(desk.Bytes().back().Value, 128 + 3);
 }
 
-// Seconds after the row fired: in the fade down, at the pause, in the message, at the restoring, in
+// Seconds after the row fired: in the fade down, in the pause, in the message, while restoring, in
 // the fade up.
 INSTANTIATE_TEST_SUITE_P(Moments, Killed, testing::Values(0.7, 1.6, 2.2, 2.7, 3.5));
 

@@ -1,4 +1,4 @@
-// The editors of the real program: what is composed there by real clicks is heard.
+// The editors of the real program: what is composed in them with real clicks can be heard.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,10 +15,10 @@ using testing::HasSubstr;
 // Bytes of our own level, High.
 constexpr int kSecondZone = 128 + 2;
 
-/// Seconds until an editor that has saved closes.
+/// Seconds that an editor pauses after a save.
 constexpr double kPauseAfterSave = 0.5;
 
-/// The names of the keys that a text takes.
+/// The names of the keys that type a text.
 std::vector<std::string> KeysFor(const std::string& text) {
   std::vector<std::string> keys;
   for (const char c : text) {
@@ -126,7 +126,8 @@ TEST(ScheduleEditor, AConflictIsMadeFoundAndCured) {
     return desk.ReadFile("Two.sch").find("Minute(s)=45\n") != std::string::npos;
   };
   ASSERT_TRUE(stage::WaitUntil(saved, 30));
-  // What was saved is not looked at before the editor closes, which it does not do by itself.
+  // The program looks at the saved file only when the editor closes, which it does not do by
+  // itself.
   desk.RecordFor(3 * kPauseAfterSave);
   EXPECT_EQ(desk.Window->Read("WavWindow", "visible"), "yes");
   ASSERT_TRUE(desk.Choose("WavWindow.mnuFile", "WavWindow.mnuExit"));

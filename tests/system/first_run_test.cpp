@@ -1,4 +1,4 @@
-// The real program in an empty folder, set up by an installer's hand.
+// The real program in an empty folder, set up by clicking as an installer would.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,11 +17,11 @@ namespace fs = std::filesystem;
 using testing::Contains;
 using testing::HasSubstr;
 
-/// Bytes of the level that a first run begins with, Low.
+/// Bytes of Low, the level set on a first run.
 constexpr int kThirdZone = 64 + 4;
 constexpr int kFirstZone = 64 + 1;
 
-/// An empty installation. The media lie in the operator's home, and a playlist beside the program.
+/// An empty installation. The media are in the operator's home, and a playlist next to the program.
 class EmptyDesk : public RealDesk {
  public:
   explicit EmptyDesk(const stage::StageOptions& options = RealDeskOptions()) : RealDesk(options) {
@@ -38,7 +38,7 @@ class EmptyDesk : public RealDesk {
            Await("frmSettings", "visible", "yes");
   }
 
-  /// Opens a directory of the home in the picker, which begins there.
+  /// Opens a directory of the home in the picker, which starts there.
   bool ChooseDirectory(const std::string& browseKey, const std::string& name) {
     return Click("frmSettings." + browseKey) && Await("frmDirSel", "visible", "yes") &&
            DoubleClick("frmDirSel.Dir1 " + std::to_string(RowOf(name))) &&
@@ -46,7 +46,7 @@ class EmptyDesk : public RealDesk {
            Await("frmDirSel", "visible", "no");
   }
 
-  /// Gives both directories and the type of the amplifier, and opens the main window with OK.
+  /// Sets both directories and the type of the amplifier, and opens the main window with OK.
   bool SetUp() {
     return ChooseDirectory("cmdBgBrowse", "Songs") &&
            AwaitText("frmSettings.lblBGDir_Name", Folder + "/Songs/") &&
@@ -65,7 +65,7 @@ class EmptyDesk : public RealDesk {
   }
 
  private:
-  /// The way down to the home stands above what the home holds.
+  /// The list begins with the path down to the home, followed by the contents of the home.
   int RowOf(const std::string& name) const {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(Folder)) {

@@ -16,11 +16,11 @@
 
 namespace marlex {
 
-/// Peak of every tone that the tests make, and its level in a recording at full volume.
+/// Peak of every tone that the tests generate, and its level in a recording at full volume.
 constexpr double kTonePeak = 0.5;
 constexpr double kToneDb = -9.03;
 
-/// Below this nothing is heard.
+/// Anything below this counts as inaudible.
 constexpr double kSilentDb = -70;
 
 /// Tones of the songs and messages of most tests.
@@ -28,13 +28,13 @@ constexpr double kFirstSong = 500;
 constexpr double kSecondSong = 900;
 constexpr double kMessage = 1500;
 
-/// Tone of somebody who speaks into the microphone.
+/// Tone of the person speaking into the microphone.
 constexpr double kVoice = 3100;
 
-/// A tone below this is not there, whatever else sounds.
+/// A tone below this is absent, whatever else sounds.
 constexpr double kNothingDb = -60;
 
-/// A tone above this is heard; what is below it may be the edge of another tone that starts or
+/// A tone above this is audible. Anything quieter may be the edge of another tone that starts or
 /// ends.
 constexpr double kHeardDb = -25;
 
@@ -60,8 +60,7 @@ inline stage::StageOptions WithMicrophone() {
   return options;
 }
 
-/// The real program on the operator's desk. What it wrote to its outputs is shown when a test
-/// fails.
+/// The real program on the operator's desk. When a test fails, the program's output is printed.
 class RealDesk : public stage::Stage {
  public:
   explicit RealDesk(const stage::StageOptions& options = RealDeskOptions()) : Stage(options) {}
@@ -88,7 +87,7 @@ class RealDesk : public stage::Stage {
     return stage::WaitUntil([this] { return Card->LevelNowDb(0.2) < kSilentDb; }, limitSeconds);
   }
 
-  /// Level of a tone over the last stretch of time.
+  /// Level of a tone over the most recent stretch of time, in decibels.
   double ToneNowDb(double frequency, double seconds = 0.1) const {
     const stage::Recording heard = Card->Take();
     return heard.ToneDb(frequency, heard.EndTime() - seconds, heard.EndTime());
@@ -98,7 +97,7 @@ class RealDesk : public stage::Stage {
     return stage::WaitUntil([&] { return IsLoud(frequency); }, limitSeconds);
   }
 
-  /// Lets a stretch of time be recorded.
+  /// Waits while the recording goes on for that long.
   void RecordFor(double seconds) {
     double end = stage::Now() + seconds;
     stage::WaitUntil([this, end] { return Card->Take().EndTime() >= end; }, seconds + 30);
@@ -142,7 +141,7 @@ class RealDesk : public stage::Stage {
     return times;
   }
 
-  /// Waits until the nth time (1 the first) that a property takes a value.
+  /// Waits until a property takes a value for the nth time, counted from 1.
   bool AwaitTime(const std::string& object, const std::string& property, const std::string& value,
                  size_t n = 1, double limitSeconds = 60) {
     return stage::WaitUntil([&] { return TimesOf(object, property, value).size() >= n; },

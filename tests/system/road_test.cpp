@@ -1,4 +1,4 @@
-// The road of one event on the real program: a row of the schedule is due while music plays.
+// One event followed through the real program: a row of the schedule comes due while music plays.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,14 +22,14 @@ constexpr double kSecondTone = 1100;
 constexpr double kFirstSeconds = 1.0;
 constexpr double kSecondSeconds = 0.8;
 
-// A fast fade from this volume: steps of 2000 units each 50 ms, eleven down and thirteen up, the
-// last but one of which is louder than the music itself.
+// A fast fade from this volume: 2000 units every 50 ms, eleven steps down and thirteen up. The last
+// but one of the steps up is louder than the music itself.
 constexpr double kFadeInterval = 0.050;
 constexpr int kFadeStep = 2000;
 constexpr int kStepsDown = 11;
 constexpr int kLoudestOnTheWayUp = 41'535;
 
-// The machine is shared: a timer may come late, never early.
+// The machine is shared: a timer may fire late, but never early.
 constexpr double kLate = 0.15;
 constexpr double kEarly = 0.03;
 
@@ -45,7 +45,7 @@ stage::InstallationFiles Files() {
   return files;
 }
 
-/// One announcement, recorded once and looked at by many tests.
+/// One announcement, recorded once and examined by many tests.
 class Road : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -67,7 +67,7 @@ class Road : public testing::Test {
 
   void SetUp() override { ASSERT_GT(RowFired, 0) << "The announcement did not come."; }
 
-  /// The time in which a message's tone sounds. Edges of other tones can look like moments of it.
+  /// When a message's tone sounds. Edges of other tones can look like brief moments of it.
   static Span Only(double frequency) {
     Span longest;
     for (const Span& span : Heard.Tone(frequency, -30)) {
@@ -76,7 +76,7 @@ class Road : public testing::Test {
     return longest;
   }
 
-  /// Last moment before, and first moment after the messages, at which the song is heard.
+  /// The last moment before the messages, and the first one after them, at which the song is heard.
   static double SongLeaves() { return LastLoud(RowFired, Only(kFirstTone).From - 0.02); }
   static double SongComes() { return FirstLoud(Only(kSecondTone).To + 0.03, Heard.EndTime()); }
 
@@ -91,7 +91,7 @@ class Road : public testing::Test {
     return time;
   }
 
-  /// The levels of some windows one after the other, for the message of a test that fails.
+  /// The levels of several consecutive windows, for the message of a failing test.
   static std::string Levels(double from, int windows) {
     std::string text;
     for (int i = 0; i < windows; ++i) {
@@ -163,15 +163,15 @@ TEST_F(Road, TheSongGoesOnWhereItWasPaused) {
   int came = Heard.LoudestTone(ladder, SongComes() + 0.015, -60);
   ASSERT_GE(left, 0);
   ASSERT_GE(came, 0) << Levels(Only(kSecondTone).To - 0.05, 60);
-  // What passes unheard is the silent end of the fade down and the silent begin of the fade up, an
+  // Only the silent end of the fade down and the silent beginning of the fade up pass unheard, one
   // event each.
   int steps = (came - left + stage::kLadderTones) % stage::kLadderTones;
   EXPECT_LE(steps, 3);
 }
 
 TEST_F(Road, NothingOfTheSongIsHeardBeforeTheFirstStepOfItsFadeUp) {
-  // A tick here would be the resumed song at its full volume, before the line is at silence.
-  // A device that was kept waiting lets the song be heard late, when more steps are due.
+  // A click here would be the resumed song at full volume, before the line is silent. If the device
+  // was kept waiting, the song is heard late, when more steps are due.
   double ended = Only(kSecondTone).To;
   double came = SongComes();
   for (double time = ended + 0.005; time < came; time += 0.0025) {

@@ -1,4 +1,4 @@
-// What the schedule and the music's clock do on the real program, and what may get in their way.
+// What the schedule and the music's clock do in the real program, and what may get in their way.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ stage::InstallationFiles WithRow(const std::string& messages, const std::string&
   return files;
 }
 
-/// Seconds in which a tone is heard.
+/// The stretches of time, in seconds, during which a tone is heard.
 double Sounding(const Recording& heard, double frequency) {
   double seconds = 0;
   for (const Span& span : heard.Tone(frequency, kHeardDb)) seconds += span.Sounding;

@@ -1,4 +1,4 @@
-// The operator's session ends around the real program, which leaves as by its own exit.
+// The operator's session ends while the real program runs; it must end as if by its own exit.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ using testing::ElementsAre;
 constexpr int kMusicZones = 128 + 3;
 constexpr int kRowZones = 128 + 4;
 
-/// That the program ends by itself with the release byte as its last word.
+/// The program ends by itself, and the release byte is the last byte that it sends.
 testing::AssertionResult Leaves(RealDesk& desk) {
   if (!desk.Program->WaitForEnd(10)) return testing::AssertionFailure() << "it runs on";
   const int code = desk.Program->ExitCode().value_or(-1);
@@ -101,7 +101,7 @@ TEST(SessionEnd, TheSessionManagersWordIsTheExitWhateverWindowIsOpen) {
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
-  // Qt itself would ask the windows, in no order of theirs, and stop at the first that stays open.
+  // Qt by itself would ask the windows in no defined order, and stop at the first that stays open.
   for (const auto& [menu, item, window] : {std::array{"mnuAbout", "mnuAboutbox", "frmAbout"},
                                            std::array{"mnuEdit", "mnuSettings", "frmSettings"},
                                            std::array{"mnuEdit", "mnuSchedule", "WavWindow"},

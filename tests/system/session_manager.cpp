@@ -20,17 +20,17 @@ namespace {
 constexpr char kEndSession = 'e';
 constexpr char kAskAndGoOn = 'a';
 
-/// Everybody who can reach the socket may join: it is that of one test.
+/// Accepts everyone who can reach the socket: only one test knows it.
 int Welcome(char*) { return True; }
 
 }  // namespace
 
-/// All calls into the library are on the thread, the constructor's apart.
+/// Every call into the library is made on the thread, except those of the constructor.
 class SessionManager::Protocol {
  public:
   Protocol() {
     char error[256] = "";
-    // The library keeps what it is given here for the whole process.
+    // The library keeps what it is given here for as long as the process lives.
     static const Status once =
         SmsInitialize("stage", "1", &Protocol::Join, nullptr, Welcome, sizeof error, error);
     if (!once || !IceListenForConnections(&DoorCount, &Doors, sizeof error, error))
@@ -99,7 +99,7 @@ class SessionManager::Protocol {
     return True;
   }
 
-  /// What follows upon a program's answer: at first that it is welcome.
+  /// The next step after a program's answer: at first, to welcome it.
   void Saved(SmsConn client) {
     if (Asked == kEndSession) {
       SmsDie(client);
@@ -124,7 +124,7 @@ class SessionManager::Protocol {
   }
 
   void Serve() {
-    IceSetIOErrorHandler([](IceConn) {});  // a program that ends without a farewell
+    IceSetIOErrorHandler([](IceConn) {});  // a program that disconnects without notice
     for (;;) {
       std::vector<pollfd> waits = {{Orders[0], POLLIN, 0}};
       for (int i = 0; i < DoorCount; ++i)
@@ -142,7 +142,7 @@ class SessionManager::Protocol {
     }
   }
 
-  /// False when there is nobody left to order anything.
+  /// False when no program is left to give orders to.
   bool Obey() {
     char order = 0;
     if (read(Orders[0], &order, 1) != 1) return false;
@@ -168,7 +168,7 @@ class SessionManager::Protocol {
     Drop(line);
   }
 
-  static inline Protocol* Current = nullptr;  // the library hands its callbacks no manager
+  static inline Protocol* Current = nullptr;  // the library passes no user data to its callbacks
 
   int DoorCount = 0;
   IceListenObj* Doors = nullptr;

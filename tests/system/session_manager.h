@@ -7,8 +7,8 @@
 
 namespace marlex::stage {
 
-/// The session manager of a desktop, as the X session management protocol has it. It answers on a
-/// thread of its own, since a program waits for it when it starts.
+/// The session manager of a desktop, speaking the X session management protocol. It answers on its
+/// own thread, since a program waits for it while starting.
 class SessionManager {
  public:
   SessionManager();
@@ -18,16 +18,16 @@ class SessionManager {
 
   Environment Variables() const;
 
-  /// Whether a program has joined the session and said that it is ready.
+  /// Whether a program has joined the session and reported that it is ready.
   bool HasClient() const;
 
-  /// Asks all programs whether the session may end, and ends them when they have answered.
+  /// Asks all programs whether the session may end, and ends them once they have answered.
   void EndSession();
 
-  /// Asks them likewise, and then lets the session go on.
+  /// Asks them the same question, but then lets the session go on.
   void AskAndGoOn();
 
-  /// Whether the question of `AskAndGoOn` was answered.
+  /// Whether the programs have answered the question of `AskAndGoOn`.
   bool WentOn() const;
 
  private:

@@ -1,4 +1,4 @@
-// The instruments themselves: what they measure must be true before they judge the program.
+// Tests of the instruments themselves: only accurate ones may judge the program.
 
 #include <gtest/gtest.h>
 

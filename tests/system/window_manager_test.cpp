@@ -1,4 +1,4 @@
-// The real program under a window manager: its close, and boxes that stand meanwhile.
+// The real program under a window manager: closing its windows, also while boxes are open.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ bool OpenNotice(RealDesk& desk) {
          desk.Await("QMessageBox", "visible", "yes");
 }
 
-/// A desk whose windows are kept by a manager, which gives each new window the focus.
+/// A desk with a window manager, which gives each new window the focus.
 class ManagedDesk : public RealDesk {
  public:
   explicit ManagedDesk(const stage::InstallationFiles& files) : RealDesk(files, WithMicrophone()) {
@@ -31,7 +31,8 @@ class ManagedDesk : public RealDesk {
     Start();
   }
 
-  /// The manager's close of the window that the pointer has entered: it comes from the bare screen.
+  /// Sends the manager's close message to the window that the pointer has entered, coming from the
+  /// bare screen.
   bool CloseMainWindow() {
     Display->Move(stage::VirtualDisplay::kWidth - 1, stage::VirtualDisplay::kHeight - 1);
     if (!Click("frmMain.lblCurrentZone_5")) return false;
@@ -103,7 +104,8 @@ TEST(WindowManager, AQuestionAboutAFileDoesNotBarTheCallKey) {
   EXPECT_EQ(desk.Window->Read("QMessageBox", "visible"), "yes");
 }
 
-/// The operator speaks, and another program takes the keyboard: the release might never come.
+/// The operator is speaking when another program takes the keyboard: the release might never
+/// arrive.
 void ExpectTheCallToEnd(RealDesk& desk, stage::ForeignWindow::Kind kind) {
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
@@ -126,7 +128,7 @@ TEST(WindowManager, TheLockOfTheScreenEndsACall) {
   ExpectTheCallToEnd(desk, stage::ForeignWindow::Kind::Lock);
 }
 
-/// Nor does it take a window manager, or an empty screen.
+/// Neither a window manager nor a screen free of notices is needed for that.
 TEST(WindowManager, TheLockEndsACallAlsoWithoutAManagerAndUnderANotice) {
   RealDesk desk(TwoSongs(40), WithMicrophone());
   desk.Start();

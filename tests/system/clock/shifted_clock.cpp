@@ -1,5 +1,5 @@
-// Preloaded into the program under test: the wall clock runs ahead of (or behind) the machine's by
-// the number of nanoseconds in a file that the test maps and writes at any moment. Durations stay
+// Preloaded into the program under test: shifts its wall clock by the number of nanoseconds
+// (positive or negative) in a file, which the test maps and may write at any moment. Durations stay
 // true, since the steady clocks are passed through untouched.
 
 #include <fcntl.h>

@@ -103,8 +103,8 @@ void Probe::Answer(const QString& query) {
 
 void Probe::Write(const QString& line) {
   QByteArray bytes = line.toUtf8() + '\n';
-  // The reader is a test that empties the socket at once; a reader that is gone must not end the
-  // program.
+  // The reader is a test, which empties the socket at once. A reader that has gone away must not
+  // end the program.
   send(Socket, bytes.constData(), size_t(bytes.size()), MSG_NOSIGNAL);
 }
 

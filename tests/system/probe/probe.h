@@ -11,8 +11,8 @@ class QSocketNotifier;
 
 namespace marlex::probe {
 
-/// Looks at the windows of the process that it was loaded into and never changes them. Every change
-/// goes as one line over the local socket that MARLEX_PROBE_SOCKET names:
+/// Observes the windows of the process that it was loaded into and never changes them. Reports
+/// every change as one line on the local socket that MARLEX_PROBE_SOCKET names:
 ///     ! <steady clock, microseconds> TAB <object> TAB <property> TAB <value>
 /// A line "<number> geometry <object> [row column]" on the socket is answered by "= <number> TAB
 /// <answer>".
@@ -37,13 +37,14 @@ class Probe : public QObject {
   QTimer Clock;
   Snapshot Known;
   QByteArray Received;
-  bool Changed = true;   // an event went by since the last look
-  bool Looking = false;  // what is painted while we look is painted for us
+  bool Changed = true;   // an event has been processed since the last look
+  bool Looking = false;  // the painting in progress was caused by our own look
 };
 
 }  // namespace marlex::probe
 
-/// Qt's own door for code that is loaded by the environment: QT_QPA_GENERIC_PLUGINS=marlexprobe.
+/// The entry point that Qt offers to code named in the environment:
+/// QT_QPA_GENERIC_PLUGINS=marlexprobe.
 class ProbePlugin : public QGenericPlugin {
   Q_OBJECT
   Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "probe.json")

@@ -26,7 +26,7 @@ QString Rectangle(const QRect& area) {
   return QString("%1 %2 %3 %4").arg(area.x()).arg(area.y()).arg(area.width()).arg(area.height());
 }
 
-/// The colour that covers most of a picture: the background, whatever is written on it.
+/// The colour that covers most of a picture: the background, whatever text is on it.
 QString MainColour(const QImage& picture) {
   QHash<QRgb, int> counts;
   QRgb best = 0;
@@ -53,7 +53,7 @@ QString TextOf(const QWidget* widget) {
   return widget->isWindow() ? widget->windowTitle() : QString();
 }
 
-/// The heading stands above the view's rows; in the program's own count it is row 0.
+/// The view keeps the heading apart from its rows; the program itself counts it as row 0.
 constexpr int kHeadingRows = 1;
 
 void ReadCells(const QTableView& table, Properties& properties) {
@@ -132,14 +132,14 @@ QAction* ActionOf(const QWidget* widget, const QString& name) {
   return nullptr;
 }
 
-/// The window to whose menu bar a menu belongs, also while the menu is open.
+/// The window whose menu bar a menu belongs to, whether the menu is open or not.
 QString WindowOf(const QWidget* widget) {
   while (widget->parentWidget()) widget = widget->parentWidget();
   return widget->objectName();
 }
 
-/// The place of a menu's title or item; a menu that is folded up shows no items. The name may begin
-/// with that of its window, and a point.
+/// The place of a menu's title or item; a closed menu shows no items. The name may start with that
+/// of its window and a dot.
 QString GeometryOfAction(const QString& path) {
   const QString window = path.contains('.') ? path.section('.', 0, 0) : QString();
   const QString name = path.section('.', -1);

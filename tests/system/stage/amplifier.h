@@ -9,20 +9,20 @@
 
 namespace marlex::stage {
 
-/// One byte on the line, with the steady time at which it came, in seconds.
+/// One byte on the line, with the steady time at which it arrived, in seconds.
 struct LineByte {
   double Time = 0;
   int Value = 0;
 };
 
-/// The far end of the serial line: a pseudo-terminal under a name that the program opens.
+/// The far end of the serial line: a pseudo-terminal with a name that the program opens.
 class Amplifier {
  public:
-  /// Makes the line and links it as `link` ("<installation>/com1").
+  /// Creates the line and links it as `link` ("<installation>/com1").
   explicit Amplifier(const std::string& link);
   ~Amplifier();
 
-  /// Pulls the line out: its device is gone, and the link points nowhere.
+  /// Unplugs the line: its device is gone, and the link points nowhere.
   void PullOut();
 
   /// Plugs it in again, as another device under the same link.
@@ -42,7 +42,7 @@ class Amplifier {
   std::unique_ptr<ByteReader> Reader;
 };
 
-/// "zones 1 3 low", "zones 2 high", or "release" for a routing byte.
+/// Describes a routing byte: "zones 1 3 low", "zones 2 high", or "release".
 std::string DescribeRouting(int value);
 
 }  // namespace marlex::stage

@@ -27,10 +27,10 @@ ByteReader::~ByteReader() {
 }
 
 void ByteReader::ReadAll() {
-  // A time is only as true as the reader is prompt. Where we may not go before others, nothing is
-  // lost but that.
+  // The more promptly this thread runs, the more accurate its times are. Where a higher priority is
+  // not permitted, only accuracy is lost.
   constexpr int kBeforeOthers = -15;
-  setpriority(PRIO_PROCESS, 0, kBeforeOthers);  // of this thread alone
+  setpriority(PRIO_PROCESS, 0, kBeforeOthers);  // for this thread alone
   char buffer[65536];
   for (;;) {
     pollfd waits[2] = {{Source, POLLIN, 0}, {StopEnd[0], POLLIN, 0}};

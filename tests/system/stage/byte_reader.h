@@ -6,11 +6,11 @@
 
 namespace marlex::stage {
 
-/// Reads a descriptor on a thread of its own, so that every piece gets the time at which it came,
-/// however busy the test is. Takes the descriptor over and closes it.
+/// Reads a descriptor on its own thread, so that every piece gets the time at which it arrived,
+/// however busy the test is. Takes ownership of the descriptor and closes it.
 class ByteReader {
  public:
-  /// `piece` gets the steady time in seconds and the bytes, on the reader's thread.
+  /// `piece` is called on the reader's thread with the steady time in seconds and the bytes.
   using Piece = std::function<void(double time, std::string_view bytes)>;
   ByteReader(int descriptor, Piece piece);
   ~ByteReader();

@@ -15,7 +15,7 @@ extern char** environ;
 namespace marlex::stage {
 namespace {
 
-constexpr int kCannotStart = 127;  // the shell's own code for a program that is not there
+constexpr int kCannotStart = 127;  // the shell's own code for a program that does not exist
 constexpr int kSignalBase = 128;
 constexpr int kBeforeOthers = -10;
 
@@ -44,7 +44,7 @@ int OpenLog(const std::string& path) {
 }  // namespace
 
 ChildProcess::ChildProcess(const Command& command) {
-  // All is made ready before the fork: between fork and exec nothing may allocate.
+  // Everything is prepared before the fork: between fork and exec nothing may allocate.
   std::vector<std::string> arguments = command.Arguments;
   std::vector<std::string> variables = Merge(command.Variables);
   std::vector<char*> argumentPointers = Pointers(arguments);

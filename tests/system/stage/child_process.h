@@ -14,18 +14,18 @@ using Environment = std::map<std::string, std::string>;
 
 /// What to start, and where.
 struct Command {
-  std::vector<std::string> Arguments;  // the first is the program, searched in PATH
+  std::vector<std::string> Arguments;  // the first is the program, looked up in PATH
   Environment Variables;               // on top of our own environment
   std::string Directory;               // working directory; empty keeps ours
-  std::string LogFile;                 // takes what it writes to both outputs; empty throws it away
-  int Output = -1;            // descriptor that takes its standard output instead; -1 is none
-  int Kept = -1;              // one more descriptor that stays open in it; -1 is none
-  bool GoesFirst = false;     // before the other work of the machine, where we may ask for that
-  int DeathSignal = SIGKILL;  // what it gets from the system when we die, however we die
+  std::string LogFile;                 // receives both outputs of the program; empty discards them
+  int Output = -1;            // descriptor that receives its standard output instead; -1 for none
+  int Kept = -1;              // one more descriptor that stays open in it; -1 for none
+  bool GoesFirst = false;     // runs at higher priority, where the system permits it
+  int DeathSignal = SIGKILL;  // sent to it by the system when we die, however we die
 };
 
-/// A process of ours that never outlives us. To be started from the main thread only: the system
-/// ties the death signal to the thread that starts the process.
+/// A child process that never outlives us. Start it from the main thread only: the system ties the
+/// death signal to the thread that starts the process.
 class ChildProcess {
  public:
   explicit ChildProcess(const Command& command);
@@ -37,13 +37,13 @@ class ChildProcess {
   bool IsRunning();
   void Signal(int signal);
 
-  /// Waits for the end; false when the limit passed first.
+  /// Waits for the process to end; false when the limit passed first.
   bool WaitForEnd(double limitSeconds);
 
-  /// Asks for the end, then insists.
+  /// Asks the process to end, then kills it.
   void End();
 
-  /// Exit code, or 128 plus the signal that ended it; absent while it runs.
+  /// Exit code, or 128 plus the signal that ended it; empty while it runs.
   std::optional<int> ExitCode() const { return Code; }
 
  private:
@@ -51,7 +51,7 @@ class ChildProcess {
   std::optional<int> Code;
 };
 
-/// Runs a program to its end. Returns its exit code.
+/// Runs a program to its end and returns its exit code.
 int Run(const Command& command, double limitSeconds = 60);
 
 }  // namespace marlex::stage

@@ -34,11 +34,11 @@ struct InstallationFiles {
   std::string Priority = "High";
   std::string MusicRouting = "110000";
   int MicroVolume = 20'000;
-  std::string PreChime;  // names of messages; empty is none
+  std::string PreChime;  // names of messages; empty for none
   std::string PostChime;
   bool HasRouter = true;
   bool Autostart = true;
-  std::string MusicStart;  // of the music's clock, "09:00"; empty is none
+  std::string MusicStart;  // of the music's clock, "09:00"; empty for none
   std::string MusicStop;
   int LastSong = 0;
 };
@@ -46,7 +46,7 @@ struct InstallationFiles {
 /// Writes all files into a folder: Tolvo.ini, Day.lst, the sequences, Music and Messages.
 void LayOut(const std::string& folder, const InstallationFiles& files);
 
-/// Level, in decibels, that the engine's line takes off at a slider position.
+/// Attenuation of the engine's line, in decibels, at a slider position.
 double LineDb(int position);
 
 }  // namespace marlex::stage

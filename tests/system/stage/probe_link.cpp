@@ -22,7 +22,7 @@ std::vector<std::string> Split(const std::string& text, char separator) {
   return parts;
 }
 
-/// Undoes the escapes that keep a value on one line.
+/// Undoes the escaping that keeps a value on one line.
 std::string Unescape(const std::string& text) {
   std::string plain;
   for (size_t i = 0; i < text.size(); ++i) {

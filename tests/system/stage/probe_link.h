@@ -14,17 +14,16 @@
 
 namespace marlex::stage {
 
-/// One change of what the window shows.
+/// One change in what the window shows.
 struct WindowEvent {
   double Time = 0;     // steady clock, seconds
-  std::string Object;  // "frmMain.cmdPlay", or an action's plain name
+  std::string Object;  // "frmMain.cmdPlay", or the plain name of an action
   std::string
       Property;  // "text", "enabled", "visible", "checked", "colour", "row", "cell 1 0", ...
   std::string Value;
 };
 
-/// Our end of the probe inside the program: a mirror of what its windows show, and where things
-/// are.
+/// Our end of the probe inside the program: mirrors what its windows show, and where things are.
 class ProbeLink {
  public:
   /// `pluginFolder` holds generic/<probe library>.
@@ -33,19 +32,19 @@ class ProbeLink {
 
   Environment Variables() const;
 
-  /// Forgets the last program and waits until the probe of the next one has come; false when the
-  /// limit passed.
+  /// Forgets the last program and waits until the probe of the next one has connected; false when
+  /// the limit passed first.
   bool AwaitProgram(double limitSeconds);
 
-  /// What an object shows now; empty when there is no such object or property. A control may be
-  /// named without its window ("cmdPlay") when one window has it.
+  /// What an object shows now; empty when there is no such object or property. The window may be
+  /// left out ("cmdPlay") when only one has a control of that name.
   std::string Read(const std::string& object, const std::string& property) const;
 
-  /// All changes so far, in their order.
+  /// All changes so far, oldest first.
   std::vector<WindowEvent> Events() const;
 
-  /// Place of a control, an unfolded menu item, or a cell ("grdSchedule 1 0", row 0 is the
-  /// heading); absent when it cannot be seen.
+  /// Place of a control, an item of an open menu, or a cell ("grdSchedule 1 0"; row 0 is the
+  /// heading). Empty when it cannot be seen.
   std::optional<ScreenArea> Geometry(const std::string& object);
 
  private:

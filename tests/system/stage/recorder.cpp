@@ -47,8 +47,8 @@ void Recorder::Append(double time, std::string_view bytes) {
     Sound.Samples.push_back(float(pair[0] + pair[1]) / 2 / 32768);
   }
   Rest.erase(0, frames * kFrameBytes);
-  // A piece can come late but never early, so the earliest start that any piece tells is the true
-  // one.
+  // A piece may come late but never early, so the earliest start that follows from any piece is the
+  // right one.
   double start = time - double(Sound.Samples.size()) / Sound.Rate;
   bool isFirst = Sound.StartTime == 0;
   if (isFirst || start < Sound.StartTime) Sound.StartTime = start;

@@ -10,17 +10,17 @@
 
 namespace marlex::stage {
 
-/// Records an output of the sound server from its construction on. Its sample times are true to
-/// about 20 ms.
+/// Records an output of the sound server, beginning with its construction. Its sample times are
+/// accurate to about 20 ms.
 class Recorder {
  public:
   Recorder(const SoundServer& server, const std::string& output);
   ~Recorder();
 
-  /// What was recorded so far.
+  /// Everything recorded so far.
   Recording Take() const;
 
-  /// Level of the last moments.
+  /// Level of the most recent moments.
   double LevelNowDb(double seconds = 0.2) const;
 
  private:
@@ -28,7 +28,7 @@ class Recorder {
 
   mutable std::mutex Lock;
   Recording Sound;
-  std::string Rest;  // a sample that was cut by the end of a piece
+  std::string Rest;  // the start of a sample whose other bytes come with the next piece
   std::unique_ptr<ChildProcess> Source;
   std::unique_ptr<ByteReader> Reader;
 };

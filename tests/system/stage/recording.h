@@ -5,16 +5,15 @@
 
 namespace marlex::stage {
 
-/// A stretch of time, steady clock, seconds.
+/// A stretch of time on the steady clock, in seconds.
 struct Span {
   double From = 0;
   double To = 0;
-  double Sounding =
-      0;  // seconds of it in which there was sound; what a busy machine drops is left out
+  double Sounding = 0;  // seconds of it with sound, without what a busy machine drops
 };
 
-/// Sound with the steady time of its first sample. Levels are root mean square against a full-scale
-/// square wave, so that a full-scale sine has -3 dB; silence is `kSilenceDb`.
+/// Sound with the steady time of its first sample. Levels are root mean square relative to a
+/// full-scale square wave, so a full-scale sine has -3 dB; silence is `kSilenceDb`.
 class Recording {
  public:
   static constexpr double kSilenceDb = -120;
@@ -26,21 +25,21 @@ class Recording {
 
   double EndTime() const { return StartTime + double(Samples.size()) / Rate; }
 
-  /// Level of everything that sounds between two times.
+  /// Level of all sound between two times.
   double LevelDb(double from, double to) const;
 
-  /// Level of the middle one of the windows between two times: that of a steady sound, even when a
-  /// busy machine has dropped some of it.
+  /// Median level of the windows between two times: the level of a steady sound, even when a busy
+  /// machine has dropped some of it.
   double TypicalLevelDb(double from, double to) const;
 
-  /// Level of one tone between two times, by Goertzel's method. Tones are told apart from 1 / (to -
-  /// from) Hz on.
+  /// Level of one tone between two times, by Goertzel's method. Tones can be distinguished when
+  /// they are at least 1 / (to - from) Hz apart.
   double ToneDb(double frequency, double from, double to) const;
 
   /// When a tone is louder than the threshold; pauses shorter than `joinSeconds` don't count.
   std::vector<Span> Tone(double frequency, double thresholdDb, double joinSeconds = 0.3) const;
 
-  /// When anything is louder than the threshold.
+  /// When any sound is louder than the threshold.
   std::vector<Span> Sound(double thresholdDb, double joinSeconds = 0.3) const;
 
   /// Which of the tones is the loudest in the window around a time; -1 when all are below the

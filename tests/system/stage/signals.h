@@ -2,8 +2,8 @@
 
 namespace marlex {
 
-/// What the program's signals look like on a light desktop: a row that fired last, one that plays
-/// and a zone that is live, a conflict, and a cell of no signal.
+/// What the program's signals look like on a light desktop: the row that fired last; a row that is
+/// playing, or a live zone; a conflict; a cell without a signal.
 inline constexpr const char* kNavy = "#12306b";
 inline constexpr const char* kGreen = "#3ddc6c";
 inline constexpr const char* kRed = "#c62828";

@@ -78,7 +78,7 @@ void SoundServer::Control(std::vector<std::string> arguments) const {
   command.Arguments.insert(command.Arguments.begin(), "pactl");
   command.Variables = Variables();
   command.LogFile = Folder + "/sound.log";
-  // The door of one kind of server is open before all that is behind it is in its place.
+  // One kind of server accepts connections before everything inside it is ready.
   constexpr double kLimitSeconds = 20;
   if (!WaitUntil([&] { return Run(command) == 0; }, kLimitSeconds))
     throw std::runtime_error("The sound server does not obey: " + Folder + "/sound.log");

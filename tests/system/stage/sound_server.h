@@ -8,17 +8,17 @@
 
 namespace marlex::stage {
 
-/// What hangs on the sound server of a stage.
+/// What is attached to the sound server of a stage.
 struct SoundCards {
   std::vector<std::string> Outputs = {"card"};  // the first is the default
   bool Microphone = false;                      // one that hears what `Speak` plays
 };
 
-/// A sound server of our own with silent cards, apart from any other server of the machine. The
-/// ALSA device `default` of a program that gets `Variables` leads to it too.
+/// A sound server of our own with silent cards, separate from any other server of the machine. A
+/// program started with `Variables` also reaches it through its ALSA device `default`.
 class SoundServer {
  public:
-  /// Writes its files into the folder and starts. Throws when it does not come up.
+  /// Writes the server's files into the folder and starts it. Throws when it does not come up.
   SoundServer(const std::string& folder, const SoundCards& cards);
 
   Environment Variables() const;
@@ -26,17 +26,17 @@ class SoundServer {
   /// Id of its process, which must be running.
   pid_t Pid() const { return Server->Pid(); }
 
-  /// Ends it without a farewell, as a crash would.
+  /// Kills it without warning, as a crash would.
   void Kill();
 
-  /// Starts it again after `Kill`, perhaps with other cards.
+  /// Starts it again after `Kill`, possibly with other cards.
   void Start(const SoundCards& cards);
 
-  /// Records what an output plays, as raw 16 bit stereo at `kSampleRate`, into a descriptor, which
-  /// it takes over.
+  /// Records what an output plays, as raw 16-bit stereo at `kSampleRate`, into a descriptor, of
+  /// which it takes ownership.
   std::unique_ptr<ChildProcess> Record(const std::string& output, int descriptor) const;
 
-  /// Plays a WAV file into the microphone, until its end or that of the process.
+  /// Plays a WAV file into the microphone, until the file or the process ends.
   std::unique_ptr<ChildProcess> Speak(const std::string& file) const;
 
   static constexpr int kSampleRate = 48'000;

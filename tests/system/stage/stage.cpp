@@ -26,7 +26,7 @@ bool IsMedia(const fs::path& file) {
   return file.extension() == ".mp3" || file.extension() == ".wav";
 }
 
-/// Surroundings in which no sound server and no card can be found, whatever the machine has.
+/// An environment in which no sound server and no card can be found, whatever the machine has.
 Environment NoSound() {
   return {{"PULSE_SERVER", "unix:/nonexistent"},
           {"PIPEWIRE_REMOTE", "/nonexistent"},
@@ -174,7 +174,7 @@ Command Stage::StartCommand(const ProbeLink& link) const {
   command.Variables = Surroundings(link);
   command.Directory = Folder;
   command.LogFile = Folder + "/program.log";
-  command.GoesFirst = true;  // on the operator's desk there is no other work
+  command.GoesFirst = true;  // on the operator's desk nothing else competes with it
   return command;
 }
 

@@ -15,20 +15,20 @@
 
 namespace marlex::stage {
 
-/// What a stage is built with.
+/// How a stage is set up.
 struct StageOptions {
   std::string Program;       // the program's binary; it is copied into the installation
   std::string Helpers;       // folder of the probe and of the clock's library
-  std::string Installation;  // an existing folder; empty makes an empty one that is thrown away
+  std::string Installation;  // an existing folder; empty creates a temporary one
   SoundCards Cards;
   bool HasAmplifier = true;
   bool HasSound = true;
   Environment Variables;  // for the program, on top of the stage's own
 };
 
-/// Everything that the program meets on the operator's desk, made for one test: a display, a sound
-/// card that is recorded, an amplifier on a serial line, a clock, and the installation. All of it
-/// ends with the object, and with the test's process in any case.
+/// Everything that the program meets on the operator's desk, created for one test: a display, a
+/// sound card that is recorded, an amplifier on a serial line, a clock, and the installation. All
+/// of it ends with the object, and in any case with the test's process.
 class Stage {
  public:
   explicit Stage(const StageOptions& options);
@@ -40,40 +40,41 @@ class Stage {
   std::string ProgramLog() const;  // what the program wrote to its outputs
   void WriteFile(const std::string& name, const std::string& content) const;
 
-  /// Starts the program, at a wall-clock time of the form "2031-05-05 08:59:40"; empty leaves the
-  /// clock as it is.
+  /// Starts the program at a wall-clock time such as "2031-05-05 08:59:40"; an empty time leaves
+  /// the clock as it is.
   void Start(const std::string& localTime = "");
 
-  /// Starts a second program beside the first, with a window link of its own.
+  /// Starts a second program next to the first, with its own link to the windows.
   std::unique_ptr<ChildProcess> StartSecond(ProbeLink& link) const;
 
-  /// A window link for `StartSecond`.
+  /// A link to the windows of the program that `StartSecond` starts.
   std::unique_ptr<ProbeLink> MakeSecondLink() const;
 
-  /// What the window shows: waits until a property has a value.
+  /// Waits until a property of what the window shows has a value.
   bool AwaitText(const std::string& object, const std::string& text, double limitSeconds = 30);
   bool Await(const std::string& object, const std::string& property, const std::string& value,
              double limitSeconds = 30);
 
-  /// Clicks on the middle of a control, a menu item or a cell, once it can be seen. False when it
+  /// Clicks the centre of a control, a menu item or a cell, once it can be seen. False when it
   /// never could.
   bool Click(const std::string& object);
 
   bool DoubleClick(const std::string& object);
 
-  /// Presses on the middle of a control; `Display->Release()` lets it go.
+  /// Presses the mouse button on the centre of a control; `Display->Release()` releases it.
   bool Press(const std::string& object);
 
   /// The same in a window that is read through another link.
   bool Click(const std::string& object, ProbeLink& link);
 
-  /// Ends the recording of the card and begins a new one, after the sound server was started again.
+  /// Ends the recording of the card and begins a new one. For use after the sound server was
+  /// restarted.
   void RecordAnew();
 
-  /// Names of the media files that the program holds open now.
+  /// Names of the media files that the program has open now.
   std::vector<std::string> OpenMedia() const;
 
-  std::string Folder;        // of this stage's own files: logs, sockets
+  std::string Folder;        // for this stage's own files: logs, sockets
   std::string Installation;  // the program's folder
   std::unique_ptr<VirtualDisplay> Display;
   std::unique_ptr<SoundServer> Server;

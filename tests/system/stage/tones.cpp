@@ -11,10 +11,10 @@ namespace marlex::stage {
 namespace {
 
 constexpr double kLadderFoot =
-    2000;  // above the tones of messages, so that one is never taken for the other
+    2000;  // above the tones of messages, so that the two are never confused
 constexpr double kLadderStep = 200;
 
-/// A sine whose frequency may change without a jump of its phase.
+/// A sine whose frequency may change without a jump in its phase.
 Sound Sweep(double seconds, double level, int rate,
             const std::function<double(double)>& frequencyAt) {
   Sound sound;

@@ -6,25 +6,25 @@
 
 namespace marlex::stage {
 
-/// A mono sound, -1 to 1.
+/// A mono sound, samples from -1 to 1.
 struct Sound {
-  static constexpr int kRate = 44'100;  // of a sound that says nothing else
+  static constexpr int kRate = 44'100;  // where a sound does not set its own
   std::vector<float> Samples;
   int Rate = kRate;
 };
 
-/// A steady tone. `level` is the peak of the sine, 1 the loudest. Tones of whole hundreds of hertz
-/// do not leak into each other in the windows of 10 ms that recordings are measured in.
+/// A steady tone. `level` is the peak of the sine, 1 the loudest. Tones at multiples of 100 Hz do
+/// not leak into each other in the 10 ms windows in which recordings are measured.
 Sound Tone(double frequency, double seconds, double level = 0.5, int rate = Sound::kRate);
 
-/// A sound from which the place in the song can be heard: each 100 ms it goes on to the next of
-/// `kLadderTones` frequencies, and begins again after the last.
+/// A sound that reveals the position in the song: every 100 ms it moves to the next of
+/// `kLadderTones` frequencies, and starts over after the last.
 Sound Ladder(double seconds, double level = 0.5);
 constexpr int kLadderTones = 50;
 constexpr double kLadderStepSeconds = 0.1;
 double LadderFrequency(int step);
 
-/// Frequencies of the whole ladder.
+/// All frequencies of the ladder.
 std::vector<double> LadderFrequencies();
 
 bool WriteWavFile(const std::string& file, const Sound& sound);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kStartLimitMs = 30'000;
 
-/// The server writes the number of the display that it has found free, when it is ready.
+/// Once ready, the server writes the number of the free display that it has taken.
 std::string ReadNumber(int descriptor) {
   std::string text;
   char letter = 0;
@@ -35,7 +35,7 @@ VirtualDisplay::VirtualDisplay(const std::string& folder) : LogFile(folder + "/d
   command.LogFile = LogFile;
   command.Kept = ends[1];
   command.GoesFirst = true;
-  command.DeathSignal = SIGTERM;  // it then removes its lock file
+  command.DeathSignal = SIGTERM;  // lets it remove its lock file
   Server = std::make_unique<ChildProcess>(command);
   close(ends[1]);
   Name = ":" + ReadNumber(ends[0]);
@@ -71,7 +71,7 @@ void VirtualDisplay::Key(const std::string& name) { Tool({"key", name}); }
 void VirtualDisplay::Kill() {
   Server->Signal(SIGKILL);
   Server.reset();
-  // It leaves its lock and its door behind.
+  // It leaves its lock file and its socket.
   const std::string number = Name.substr(1);
   unlink(("/tmp/.X" + number + "-lock").c_str());
   unlink(("/tmp/.X11-unix/X" + number).c_str());

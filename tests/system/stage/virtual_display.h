@@ -16,7 +16,7 @@ struct ScreenArea {
   int Height = 0;
 };
 
-/// An X server without a screen, on a display number that is free, with the hand of an operator.
+/// An X server without a screen, on a free display number, with the hand of an operator.
 class VirtualDisplay {
  public:
   explicit VirtualDisplay(const std::string& folder);
@@ -26,27 +26,27 @@ class VirtualDisplay {
 
   Environment Variables() const { return {{"DISPLAY", Name}, {"QT_QPA_PLATFORM", "xcb"}}; }
 
-  /// Presses the left button at a place in pixels.
+  /// Presses the left mouse button at a place, in pixels.
   void Click(int x, int y);
   void DoubleClick(int x, int y);
   void Move(int x, int y);
   void Press(int x, int y);
   void Release();
-  /// Asks the window of a title to close, as a window manager does for the cross in its frame.
-  /// False when there is no such window.
+  /// Asks the window with this title to close, as a window manager does when the cross in its frame
+  /// is clicked. False when there is no such window.
   bool CloseWindow(const std::string& title);
 
-  /// Opens a window of another program, which stands as long as the result.
+  /// Opens a window of another program, which exists as long as the result.
   std::unique_ptr<ForeignWindow> Open(ForeignWindow::Kind kind) {
     return std::make_unique<ForeignWindow>(Name, kind);
   }
 
   void Key(const std::string& name);  // as xdotool names keys: "Return", "Escape", "alt+F4"
 
-  /// Ends it without a farewell.
+  /// Kills it without warning.
   void Kill();
 
-  /// Writes a picture of a part of the screen; the ending of the name chooses the format.
+  /// Writes a picture of a part of the screen; the extension of the file name sets the format.
   bool Picture(const std::string& file, const ScreenArea& area = {0, 0, kWidth, kHeight});
 
  private:

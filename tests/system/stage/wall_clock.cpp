@@ -28,7 +28,7 @@ std::int64_t Nanoseconds(const std::string& localTime) {
   if (!strptime(localTime.c_str(), "%Y-%m-%d %H:%M:%S", &parts)) {
     throw std::runtime_error("No time: " + localTime);
   }
-  parts.tm_isdst = -1;  // the system finds out
+  parts.tm_isdst = -1;  // the system determines it
   return std::int64_t{mktime(&parts)} * kNanosecondsPerSecond;
 }
 

@@ -7,11 +7,11 @@
 
 namespace marlex::stage {
 
-/// The wall clock that the program under test believes in. It can be set at any moment, in both
+/// The wall clock that the program under test sees. It can be set at any moment, in both
 /// directions; steady time is never touched.
 class ShiftedClock {
  public:
-  /// `preload` is the library that answers the program's questions for the time.
+  /// `preload` is the library that answers when the program asks for the time.
   ShiftedClock(const std::string& folder, const std::string& preload);
   ~ShiftedClock();
 
@@ -20,10 +20,10 @@ class ShiftedClock {
   /// Sets the local time, in the form "2031-05-05 08:59:40".
   void Set(const std::string& localTime);
 
-  /// The local time that the program saw at a steady time, "HH:MM:SS.mmm", by the present setting.
+  /// The local time that the program saw at a steady time, "HH:MM:SS.mmm", by the current setting.
   std::string TimeAt(double steadySeconds) const;
 
-  /// The steady time of a local time of the form of `Set`, by the present setting.
+  /// The steady time of a local time in the format of `Set`, by the current setting.
   double SteadyTimeOf(const std::string& localTime) const;
 
  private:

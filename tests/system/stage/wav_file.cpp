@@ -12,7 +12,7 @@ void Append(std::string& bytes, std::uint32_t value, int count) {
   for (int i = 0; i < count; ++i) bytes += char(value >> (8 * i) & 0xFF);
 }
 
-/// The canonical 44 bytes in front of plain PCM.
+/// The canonical 44-byte header of plain PCM.
 std::string Header(std::uint32_t dataBytes, std::uint32_t rate) {
   constexpr std::uint32_t kBytesPerSample = 2;
   std::string bytes = "RIFF";

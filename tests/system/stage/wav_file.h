@@ -5,7 +5,7 @@
 
 namespace marlex::stage {
 
-/// Writes mono samples, -1 to 1, as a WAV file of 16 bits.
+/// Writes mono samples, -1 to 1, as a 16-bit WAV file.
 bool WriteWav(const std::string& file, const std::vector<float>& samples, int rate);
 
 }  // namespace marlex::stage

@@ -32,7 +32,7 @@ std::string TitleOf(xcb_connection_t* server, xcb_window_t window) {
           size_t(xcb_get_property_value_length(reply.get()))};
 }
 
-/// Without a window manager the windows of the programs are the root's own children.
+/// Without a window manager the programs' windows are direct children of the root.
 xcb_window_t FindWindow(xcb_connection_t* server, const std::string& title) {
   const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
   const auto tree = Own(xcb_query_tree_reply(server, xcb_query_tree(server, root), nullptr));
@@ -66,7 +66,7 @@ bool CloseWindow(const std::string& display, const std::string& title) {
   const xcb_window_t window = FindWindow(server.get(), title);
   if (window == XCB_WINDOW_NONE) return false;
   SendClose(server.get(), window);
-  // An answer means that the message has gone before.
+  // The answer shows that the message was sent before.
   free(xcb_get_input_focus_reply(server.get(), xcb_get_input_focus(server.get()), nullptr));
   return true;
 }

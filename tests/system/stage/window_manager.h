@@ -7,12 +7,13 @@ struct xcb_connection_t;
 
 namespace marlex::stage {
 
-/// Sends the window of a title on a display the message by which a window manager asks it to close.
-/// False when the display has no such window.
+/// Sends the window with this title on a display the message by which a window manager asks it to
+/// close. False when the display has no such window.
 bool CloseWindow(const std::string& display, const std::string& title);
 
-/// A window of another program, which takes the keyboard: for itself as any window does, or from
-/// the whole screen as a lock does, which asks no window manager. Its end gives the keyboard back.
+/// A window of another program that takes the keyboard: either for itself, as any window does, or
+/// for the whole screen without asking a window manager, as a screen lock does. The keyboard is
+/// given back when the window goes away.
 class ForeignWindow {
  public:
   enum class Kind { Plain, Lock };

@@ -1,5 +1,5 @@
 // marlex_watch PROGRAM INSTALLATION OUTPUT_FOLDER: runs the program where there is no display and
-// no sound, tells what happens, leaves a picture and a recording, and ends after the first
+// no sound, reports what happens, saves a picture and a recording, and ends after the first
 // announcement.
 
 #include <chrono>
@@ -24,7 +24,7 @@ constexpr const char* kStart =
 constexpr double kLimitSeconds = 90;
 constexpr double kMusicAfterwardsSeconds = 3;
 
-/// Follows the first announcement from its row's green to the music's return.
+/// Follows the first announcement from its row turning green to the return of the music.
 class FirstAnnouncement {
  public:
   explicit FirstAnnouncement(const stage::Stage& watched) : Watched(watched) {}
@@ -37,7 +37,7 @@ class FirstAnnouncement {
     return false;
   }
 
-  /// The play key is back when the whole sequence, fades included, is over.
+  /// The play button is enabled again once the whole sequence is over, fades included.
   bool IsOver() {
     HasPlayed = HasPlayed || IsPlaying();
     return HasPlayed && !IsPlaying() && Watched.Window->Read("frmMain.cmdPlay", "enabled") == "yes";
@@ -49,8 +49,8 @@ class FirstAnnouncement {
   bool HasPlayed = false;
 };
 
-/// Lets the teller look until the condition holds; false when the program ended or the limit
-/// passed.
+/// Keeps the teller looking until the condition holds; false when the program ended or the limit
+/// passed first.
 bool Watch(stage::Stage& desk, Teller& teller, const std::function<bool()>& condition,
            double limit) {
   constexpr std::chrono::milliseconds kBetweenLooks{20};
@@ -64,7 +64,7 @@ bool Watch(stage::Stage& desk, Teller& teller, const std::function<bool()>& cond
   return true;
 }
 
-/// Exit by the menu, as the operator would.
+/// Exits by the menu, as the operator would.
 void Leave(stage::Stage& desk, Teller& teller) {
   constexpr double kExitLimitSeconds = 10;
   desk.Click("mnuFile");

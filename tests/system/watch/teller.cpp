@@ -13,10 +13,10 @@ namespace {
 
 constexpr double kSilenceDb = -60;
 constexpr double kLevelSeconds =
-    0.4;  // a level is taken over this long, so that single notes do not show
+    0.4;  // a level is averaged over this long, so that single notes do not show
 constexpr int kZones = 6;
 
-/// What is worth a line of its own: a control and the property that the operator would look at.
+/// What deserves its own line: a control and the property that the operator would look at.
 struct Sight {
   std::string_view Object;
   std::string_view Property;
@@ -83,7 +83,7 @@ void Teller::TellEvent(const stage::WindowEvent& event) {
   bool isFlag = event.Property == "visible" || event.Property == "enabled";
   bool isNews = seen != event.Value && (!isFlag || !seen.empty() || event.Value == "yes");
   seen = event.Value;
-  // How the window was made is no news; what it shows then, and what changes, is.
+  // How the window was created is not reported; what it then shows, and what changes, is.
   bool isDesign = isFlag && event.Object != "frmMain" &&
                   Watched.Window->Read("frmMain", "visible") != "yes" &&
                   event.Object.starts_with("frmMain");
@@ -96,7 +96,7 @@ void Teller::TellEvent(const stage::WindowEvent& event) {
     TellZones(event.Time);
 }
 
-/// The row that fires turns navy, and green while its messages play.
+/// A row that fires turns navy, and green while its messages play.
 void Teller::TellRow(const stage::WindowEvent& event) {
   if (event.Value != kGreen && event.Value != kNavy) return;
   IsAnnouncing = event.Value == kGreen;

@@ -8,7 +8,7 @@
 
 namespace marlex::watch {
 
-/// Tells on the standard output, one line each, what a stage's program does: what sounds, which
+/// Reports on the standard output, one line each, what a stage's program does: what sounds, which
 /// bytes pass, and what the window shows.
 class Teller {
  public:
@@ -17,7 +17,7 @@ class Teller {
   /// Looks once; to be called many times a second.
   void Look();
 
-  /// A line of our own, at this moment.
+  /// Prints a line of our own, with the current time.
   void Say(const std::string& text) const;
 
  private:
@@ -34,14 +34,14 @@ class Teller {
   size_t BytesTold = 0;
   size_t EventsTold = 0;
   std::string ZonesTold;
-  std::map<std::string, std::string> Seen;  // object and property to the value of the last event
+  std::map<std::string, std::string> Seen;  // object and property to the last value seen
   bool IsAnnouncing = false;                // a row is green
-  std::string Song;  // files that were opened last; they are read ahead, and closed early
+  std::string Song;  // file opened last; files are read ahead, and closed early
   std::string Message;
   std::string MediaTold;
   bool WasSounding = false;
   double LevelToldDb = 0;
-  double AsToldUntil = 0;  // when what sounds was last as it was told
+  double AsToldUntil = 0;  // when the sound last matched what was reported
 };
 
 }  // namespace marlex::watch
