@@ -9,7 +9,7 @@
 
 namespace marlex {
 
-/// Delivers events until the condition holds: a wait that ends with a failure instead of never.
+/// Delivers events until the condition holds, and fails the test when it does not hold in time.
 inline testing::AssertionResult Await(QtEventLoop& loop, const std::function<bool()>& done) {
   using SteadyClock = std::chrono::steady_clock;
   constexpr std::chrono::seconds kLimit{30};  // for what must happen, however busy the machine is

@@ -11,7 +11,7 @@
 namespace marlex::test {
 namespace {
 
-/// The text as the system's own conversion reads it; U+FFFD where it refuses.
+/// The text as the system's own conversion reads it; U+FFFD where the conversion refuses.
 std::string BySystem(const std::string& page, std::string text) {
   const iconv_t conversion = ::iconv_open("UTF-8", page.c_str());
   if (conversion == iconv_t(-1)) return "no such page: " + page;
@@ -49,7 +49,7 @@ TEST(CodePages, TheirLettersAreComparedAsTheUnicodeStandardFoldsThem) {
     for (int byte = 0; byte <= 0xFF; ++byte) {
       const std::string letter = InUtf8(std::string(1, static_cast<char>(byte)), CodePage(page));
       const char32_t code = FirstCharacter(letter).Code;
-      if (code == U'µ') continue;  // a sign, which folds to a letter of another alphabet
+      if (code == U'µ') continue;  // a sign that folds to a letter of another alphabet
       for (const char32_t same :
            {QChar::toCaseFolded(code), QChar::toUpper(code), QChar::toLower(code)}) {
         const bool fold = QChar::toCaseFolded(same) == QChar::toCaseFolded(code);

@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
-/// Milliseconds of the fastest of a few runs: what else the machine does is not of interest.
+/// Milliseconds of the fastest of a few runs, so that other load on the machine does not count.
 template <class Action>
 double FastestMs(Action action) {
   constexpr int kRuns = 5;

@@ -37,7 +37,7 @@ bool Set(const std::string& file, const std::string& section, const std::string&
   return DiskProfileFiles().WriteString(section, key, value, file);
 }
 
-/// Lays out the vector's file, makes its calls and compares.
+/// Creates the vector's file, makes its calls and compares.
 void Compare(const ProfileVector& vector) {
   SCOPED_TRACE(vector.Name);
   const TemporaryDirectory directory;

@@ -8,7 +8,7 @@
 
 namespace marlex::test {
 
-/// Runs the work in a child process. Its end skips all clean-up, so that the child never touches
+/// Runs the work in a child process. The child exits without any clean-up, so that it never touches
 /// what the parent owns.
 inline pid_t StartChild(const std::function<bool()>& work) {
   const pid_t child = ::fork();
@@ -16,7 +16,7 @@ inline pid_t StartChild(const std::function<bool()>& work) {
   return child;
 }
 
-/// Whether the work, in a process of its own, gave true.
+/// Whether the work, run in its own process, returned true.
 inline bool TrueInAChild(const std::function<bool()>& work) {
   const pid_t child = StartChild(work);
   int status = 0;
@@ -24,7 +24,7 @@ inline bool TrueInAChild(const std::function<bool()>& work) {
          WEXITSTATUS(status) == 0;
 }
 
-/// Gives up root's privilege to pass over permissions. For use in a child process.
+/// Drops root's privilege to bypass file permissions. For use in a child process.
 inline bool BecomeNobody() {
   constexpr uid_t kNobody = 65534;
   return ::geteuid() != 0 || (::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);

@@ -24,7 +24,7 @@ namespace {
 using Plan = WatchedCalls::Plan;
 using Calls = std::vector<std::string>;
 
-// The new text is the longer one, so that a disk can fill up under it.
+// The new text is the longer one, so that a disk can fill up while it is written.
 const std::string kOld = "[S]\nk=old\nkept=" + std::string(150, 'p') + "\n";
 const std::string kNew = "[S]\nk=the new value\nkept=" + std::string(150, 'p') + "\n";
 
@@ -36,13 +36,13 @@ bool SetAlone(const std::string& file) {
   return DiskProfileFiles().Rebuild({{"S", "k", "the new value"}}, file);
 }
 
-/// What a reader takes for the whole text; nothing for an absent file.
+/// What a reader takes for the whole text; nothing when the file is absent.
 std::optional<std::string> Text(const std::string& file) {
   const WholeFile whole = ReadWholeFile(file);
   return whole.State == FileState::Absent ? std::nullopt : std::optional(whole.Text);
 }
 
-/// A write, and what it finds: files of these texts, nothing for an absent one.
+/// A write and the files that it finds: their texts, or nothing for an absent one.
 struct Write {
   const char* Name = "of one value";
   bool (*Work)(const std::string& file) = Set;
@@ -64,7 +64,8 @@ const std::string kNewAlone = "[S]\r\nk=the new value\r\n";
 const std::string kUnfinished = std::string(1, '\0') + kNew.substr(1, 40);
 const std::string kStale = "[S]\nk=stale\n";
 
-/// Each with a name that can be taken, and each but for the creations with one that cannot.
+/// Every kind of write, each under a name that a rename can replace and, except for the creations,
+/// under one that it cannot.
 std::vector<Write> Writes() {
   const std::string added = kNewAlone;
   std::vector<Write> writes = {
@@ -97,7 +98,7 @@ Calls CallsOf(const Plan& plan, const Write& write = {}) {
   return watched.Made;
 }
 
-/// The next write succeeds and clears up.
+/// The next write succeeds and leaves no temporary file.
 void ExpectTidy(const TemporaryDirectory& directory, const std::string& file) {
   {
     const WatchedCalls watched({});
@@ -109,7 +110,7 @@ void ExpectTidy(const TemporaryDirectory& directory, const std::string& file) {
   EXPECT_EQ(directory.Entries(), 1);
 }
 
-/// The file is whole after the plan's fault.
+/// The file is whole after the fault that the plan causes.
 void ExpectWhole(Plan plan, const Write& write) {
   const TemporaryDirectory directory(InMemory());
   const std::string file = write.Prepare(directory);
@@ -124,7 +125,7 @@ void ExpectWhole(Plan plan, const Write& write) {
   ExpectTidy(directory, file);
 }
 
-/// The same after a process that was killed in front of the call.
+/// The same after the process was killed just before the call.
 void ExpectWholeAfterKill(Plan plan, const Write& write) {
   const TemporaryDirectory directory(InMemory());
   const std::string file = write.Prepare(directory);
@@ -150,8 +151,8 @@ void ExpectWholeWhateverFails(const Write& write) {
   }
 }
 
-/// Whatever of the plan's write a power cut leaves on the disk, a reader finds one of its texts
-/// whole; and after a write without a fault the new one.
+/// Whatever part of the plan's write survives a power cut, a reader finds one of its texts whole,
+/// and the new one after a write without a fault.
 void ExpectWholeAfterPowerCut(Plan plan, const Write& write) {
   using Texts = std::set<std::optional<std::string>>;
   const TemporaryDirectory directory(InMemory());
@@ -278,7 +279,7 @@ TEST(InterruptedWrite, ADiskThatRefusesTheNameOtherwiseKeepsTheOldFile) {
   EXPECT_EQ(directory.Entries(), 1);
 }
 
-/// Mounts one file over another, for this process alone.
+/// Mounts one file over another, for this process only.
 bool Mount(const std::string& from, const std::string& to) {
   return ::unshare(CLONE_NEWNS) == 0 &&
          ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
@@ -295,7 +296,7 @@ TEST(InterruptedWrite, AFileThatIsMountedByItselfIsWritten) {
   EXPECT_EQ(directory.Entries(), 2);
 }
 
-/// Makes all of a directory unwritable for this process, but for what is mounted in it.
+/// Makes a whole directory read-only for this process, except for what is mounted in it.
 bool Protect(const std::string& directory) {
   const char* path = directory.c_str();
   return ::unshare(CLONE_NEWNS) == 0 &&

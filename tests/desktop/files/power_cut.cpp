@@ -23,13 +23,13 @@ std::string BytesOf(const FileDescriptor& file) {
   return bytes;
 }
 
-/// One text up to a place and another one from there on.
+/// The bytes of one text up to an offset, and those of another one from there on.
 std::string Joined(std::string front, const std::string& back, std::size_t at) {
   front.resize(std::min(at, std::max(front.size(), back.size())));
   return front + (at < back.size() ? back.substr(at) : "");
 }
 
-/// The same of another length, as a disk gives that grew or cut the file and wrote nothing.
+/// The same with a different length, as left by a disk that resized the file but wrote nothing.
 std::string OfLength(std::string text, std::size_t length) {
   text.resize(length);
   return text;
@@ -54,7 +54,7 @@ void PowerCut::Done(const std::string& call, const std::string& path) {
   }
 }
 
-/// Takes note of the names that have come, changed or gone.
+/// Records which names have appeared, changed or disappeared.
 void PowerCut::Look(bool synced) {
   std::map<std::string, ino_t> now;
   for (const fs::directory_entry& entry : fs::directory_iterator(Directory)) {

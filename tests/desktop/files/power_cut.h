@@ -11,22 +11,22 @@
 
 namespace marlex::test {
 
-/// What a disk promises: a file's bytes last from its fsync on, and its name from that of its
-/// directory. Of what came later a power cut keeps any part. Looks at one directory.
+/// What a disk promises: the bytes of a file last once the file was synced, its name once its
+/// directory was synced. Of anything later, a power cut keeps any part. Observes one directory.
 class PowerCut {
  public:
   explicit PowerCut(std::string directory);
 
-  /// To be called after each system call that succeeded, with its path.
+  /// Call this after each system call that succeeded, with its path.
   void Done(const std::string& call, const std::string& path);
 
-  /// Whole texts, or nothing for an absent file, that a reader of this name may find when the power
-  /// fails now.
+  /// The whole texts that a reader of this name may find if the power fails now; nothing stands for
+  /// an absent file.
   std::set<std::optional<std::string>> Texts(const std::string& name);
 
  private:
   struct File {
-    FileDescriptor Opened;  // keeps the file, and its number to itself, when it has no name
+    FileDescriptor Opened;  // keeps the file and its inode number in use after its name is gone
     std::string Synced;
   };
   using Choices = std::set<std::optional<std::string>>;

@@ -12,7 +12,7 @@
 
 namespace marlex::test {
 
-/// Where files are in memory, for tests of many files; an ordinary place without one.
+/// A file system in memory, for tests with many files; an ordinary folder where there is none.
 inline std::filesystem::path InMemory() {
   const std::filesystem::path memory = "/dev/shm";
   std::error_code ignored;
@@ -20,7 +20,7 @@ inline std::filesystem::path InMemory() {
                                                         : std::filesystem::temp_directory_path();
 }
 
-/// An empty directory of its own for one test, gone with all that is in it at the end.
+/// An empty directory for one test, deleted with its contents at the end.
 class TemporaryDirectory {
  public:
   explicit TemporaryDirectory(

@@ -32,7 +32,7 @@ bool Fails(const char* call, const File& file) {
   return error != 0;
 }
 
-/// Stops the looking on for as long as the test itself uses files.
+/// Suspends the watching while the test itself uses files.
 struct Unwatched {
   WatchedCalls* Before = std::exchange(watching, nullptr);
   ~Unwatched() { watching = Before; }
@@ -96,7 +96,8 @@ using marlex::test::watching;
 
 constexpr std::size_t kPiece = 100;  // bytes of one write
 
-// The linker leads the calls of the code under test here (tests/CMakeLists.txt); the names are its.
+// The linker redirects the calls of the code under test to these (tests/CMakeLists.txt), so their
+// names are fixed.
 extern "C" {
 
 int __real_open(const char* path, int flags, ...);
@@ -151,12 +152,12 @@ int __wrap_ftruncate(int file, off_t length) {
   return Instead(__real_ftruncate, "ftruncate", file, length);
 }
 int __wrap_fsync(int file) {
-  // No power fails here: what takes long on a real disk is left out under the eyes of a test.
+  // No power fails here: a watched test skips what takes long on a real disk.
   return Instead(watching ? +[](int) { return 0; } : __real_fsync, "fsync", file);
 }
 int __wrap_unlink(const char* path) { return Instead(__real_unlink, "unlink", path); }
 
-/// A descriptor is gone after its closing, whatever that reports.
+/// A descriptor is gone once it was closed, whatever close reports.
 int __wrap_close(int file) {
   const bool fails = Fails("close", file);
   const int error = errno;

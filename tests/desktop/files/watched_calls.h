@@ -7,16 +7,16 @@
 
 namespace marlex::test {
 
-/// Looks on, while it lives, at the system calls on files that the code of this program makes in
-/// this thread, and lets one of them go wrong. Writes are cut short, as a disk that is nearly full
-/// cuts them. One at a time.
+/// While it lives, watches the file system calls that the code of this program makes in this
+/// thread, and makes one of them fail. Writes are cut short, as on a disk that is nearly full. Only
+/// one may exist at a time.
 class WatchedCalls {
  public:
   struct Plan {
-    std::size_t At = 0;   // the call, counted from 1, that goes wrong; 0: none does
+    std::size_t At = 0;   // the call that fails, counted from 1; 0: none
     int Error = 0;        // with which it fails, once
-    bool Kill = false;    // instead the process is killed in front of it
-    int RenameError = 0;  // with which each renaming over a visible name fails; 0: none does
+    bool Kill = false;    // kill the process just before that call instead
+    int RenameError = 0;  // with which every rename over a visible name fails; 0: none fails
   };
 
   explicit WatchedCalls(const Plan& plan);
@@ -24,14 +24,14 @@ class WatchedCalls {
   WatchedCalls& operator=(const WatchedCalls&) = delete;
   ~WatchedCalls();
 
-  /// The calls so far: each its name and, after a blank, the name of its file; "/" is a directory.
+  /// The calls so far: the name of each, a blank, and the name of its file; "/" is a directory.
   std::vector<std::string> Made;
 
-  /// Called in front of each call, and behind each that succeeded, with its name and its path.
+  /// Called before each call, and after each that succeeded, with its name and its path.
   std::function<void()> OnCall;
   std::function<void(const std::string& call, const std::string& path)> OnDone;
 
-  /// The error with which this call is to fail, after which it counts as made; 0 for none.
+  /// The error with which this call is to fail; 0 for none. A call that is to fail counts as made.
   int ErrorOf(const char* call, const std::string& path);
   int ErrorOf(const char* call, int descriptor);
   void Succeeded(const char* call, const std::string& path);

@@ -42,8 +42,8 @@ TEST(WholeFile, IsUnreadableWhenItIsNoRegularFile) {
 }
 
 TEST(WholeFile, IsUnreadableWhenItsMediumFails) {
-  // A process's own memory is a regular file that opens; reading it at address 0 fails like a bad
-  // sector.
+  // A process's own memory is a regular file that can be opened; reading it at address 0 fails like
+  // a bad sector.
   const WholeFile file = ReadWholeFile("/proc/self/mem");
   EXPECT_EQ(file.State, FileState::Unreadable);
   EXPECT_EQ(file.Text, "");
@@ -52,7 +52,7 @@ TEST(WholeFile, IsUnreadableWhenItsMediumFails) {
 TEST(WholeFile, IsUnreadableWhenItIsFarTooLarge) {
   const TemporaryDirectory directory;
   const std::string file = directory.Write("a", "[S]\n");
-  fs::resize_file(file, std::uintmax_t{1} << 40);  // a sparse file, which takes no room
+  fs::resize_file(file, std::uintmax_t{1} << 40);  // a sparse file, which takes no space
   EXPECT_EQ(ReadWholeFile(file).State, FileState::Unreadable);
 }
 

@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Values = std::vector<std::uint32_t>;
 
-/// A mixer of three lines that no device stands behind.
+/// A mixer of three lines without any device.
 class DeskMixerTest : public testing::Test {
  protected:
   void SetUp() override { Make(true); }

@@ -9,7 +9,7 @@
 namespace marlex {
 namespace {
 
-/// The mixer of a desk as it is composed, on a sound server of the test's own.
+/// The mixer as the program composes it, on a sound server of the test's own.
 class EngineMixerTest : public testing::Test {
  protected:
   void SetUp() override {

@@ -28,10 +28,10 @@ double ProcessCpuMs() {
   return used.tv_sec * 1e3 + used.tv_nsec / 1e6;
 }
 
-/// The server's step for a level of ours.
+/// The server's step for one of our levels.
 int Step(int level) { return static_cast<int>((65536LL * level + 32767) / 65535); }
 
-/// A master behind one of the two doors.
+/// A master reached by either of the two ways.
 struct Door {
   const char* Name;
   std::unique_ptr<MasterDevice> (*Open)();

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 constexpr StereoLevel kFullBoth{};
 constexpr StereoLevel kHalf{32768, 20000};
 
-/// A card's master that comes and goes at the test's word.
+/// A card's master that the test can remove and bring back.
 class ScriptedMaster : public CardMaster {
  public:
   std::optional<CardState> Found() const override { return State; }

@@ -1,4 +1,4 @@
-// The mixer panel as it is composed on a desk: its strips work the engine's lines, and its meters
+// The mixer panel as the program composes it: its strips control the engine's lines, and its meters
 // show what the engine plays.
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ constexpr int kFullSlider = 65535;
 constexpr double kToneAmplitude = 0.911;
 constexpr double kTonePeak = 29851;
 
-/// Position of the wave line's slider at which the tone reaches a peak.
+/// Position of the wave line's slider at which the tone reaches a given peak.
 int PositionFor(double peak) {
   return static_cast<int>(kFullSlider - kFullSlider * peak / kTonePeak);
 }
@@ -47,7 +47,7 @@ class NoDialogs : public Dialogs {
   void OpenFileDialog(const FileDialog&, OnChosen) override { ADD_FAILURE(); }
 };
 
-/// The test's process goes on when the program ends: only the event that ended it is left.
+/// The test's process goes on when the program ends; only the event that ended it is abandoned.
 class EndedProcess : public Process {
  public:
   std::string ApplicationDirectory() const override { return "/"; }
@@ -77,16 +77,16 @@ class MixerPanelTest : public testing::Test {
     ASSERT_EQ(Access->WaveLine, kWave);
   }
 
-  /// One step of what happens beside the meters: something is done, and then something must come
-  /// to hold.
+  /// One step of what happens while the meters run: an action, and the condition that must then
+  /// come to hold.
   struct Step {
     std::string Name;
     std::function<void()> Do;
     std::function<bool()> Holds;
   };
 
-  /// Shows the panel, takes the steps while its meters run, unloads it, and returns when the
-  /// meters have ended.
+  /// Shows the panel, takes the steps while its meters run, unloads it, and returns when the meters
+  /// have ended.
   void ShowPanelDuring(std::deque<Step> steps) {
     constexpr int kLookMs = 10;
     EventLoop::TimerId script{};
@@ -122,7 +122,8 @@ class MixerPanelTest : public testing::Test {
     return Panel.PicLed[line].Lit && Panel.PicLed[line].BarTop == top;
   }
 
-  /// The tone at a peak lights both bars from there: the speakers play the wave line as it is.
+  /// A tone at this peak lights both bars up to the same mark: the speakers play the wave line as
+  /// it is.
   Step ToneAt(int peak, int top) {
     return {"The peak " + std::to_string(peak),
             [this, peak] { Panel.SldrVol[kWave].Value = PositionFor(peak); },

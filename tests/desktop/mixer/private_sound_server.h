@@ -8,7 +8,7 @@
 namespace marlex {
 
 /// A sound server of the test's own with silent outputs, and the environment that leads to it. The
-/// user's server and its levels stay untouched.
+/// user's server and its levels are not touched.
 class PrivateSoundServer {
  public:
   PrivateSoundServer();
@@ -21,14 +21,14 @@ class PrivateSoundServer {
   /// Starts it with the output "card" and waits until it answers. False when it does not.
   bool Start();
 
-  /// Stops answering, and goes on where it was.
+  /// Stops answering, and later continues where it stopped.
   void Freeze() { kill(Server, SIGSTOP); }
   void Thaw() { kill(Server, SIGCONT); }
 
-  /// Dies without a farewell.
+  /// Kills it without warning.
   void Kill();
 
-  /// What `pactl` prints for these arguments.
+  /// Runs `pactl` with these arguments and returns what it prints.
   std::string Ask(const std::string& arguments) const;
 
   /// Takes the output "card" away, and brings it back.
@@ -42,7 +42,7 @@ class PrivateSoundServer {
 
  private:
   std::string Directory;
-  std::string OldServer;  // environment, as it was
+  std::string OldServer;  // the environment as it was
   pid_t Server = 0;
 };
 

@@ -53,13 +53,13 @@ TEST(QtEventLoop, ATimerKeepsItsCadenceAlthoughItsCallbackTakesTime) {
   for (const auto& time : fired) {
     const auto sinceBegin = std::chrono::duration<double, std::milli>(time - begin).count();
     EXPECT_GE(sinceBegin, 20.0);
-    // Periods that a busy machine makes the loop miss are dropped, but never shifted.
+    // Periods that the loop misses on a busy machine are dropped, but never shifted.
     EXPECT_LT(sinceBegin - 20.0 * static_cast<int>(sinceBegin / 20.0), 15.0);
   }
 }
 
-/// How many of eight timers of a second, each in a loop of its own and started an eighth of a
-/// second after the one before, fire first within 20 ms of their time. None fires early.
+/// Starts eight timers of one second an eighth of a second apart, each in its own loop. Returns how
+/// many fire for the first time within 20 ms of their due time. None fires early.
 int PunctualTimers() {
   constexpr double kPunctualMs = 20;
   QtEventLoop waiting;
@@ -130,7 +130,7 @@ TEST(QtEventLoop, TimersAndPostsGoOnUnderALoopOfQtThatACallbackRuns) {
     box.exec();
     closed = true;
   });
-  // The condition holds early, inside the box: the box still gets its events.
+  // The condition becomes true early, inside the box; the box still gets its events.
   ASSERT_TRUE(Await(loop, [&] { return fired >= 2; }));
   EXPECT_GE(fired, 5);
   EXPECT_TRUE(posted);
@@ -144,7 +144,7 @@ TEST(QtEventLoop, ATimerMayStopItselfAndIsSilentFromThenOn) {
   EventLoop::TimerId timer = 0;
   timer = loop.StartTimer(1, [&, token] {
     loop.StopTimer(timer);
-    fired += *token == 7;  // what the callback holds outlives the stop
+    fired += *token == 7;  // what the callback captures survives the stop
   });
   bool later = false;
   loop.StartTimer(50, [&] { later = true; });
@@ -302,7 +302,7 @@ TEST(QtEventLoop, AnEventOfQtsOwnEndsAWait) {
   EXPECT_TRUE(done);
 }
 
-// Qt wakes for the call, returns, and delivers it only when it is about to sleep the next time.
+// Qt wakes for the call, returns, and delivers it only when it is next about to sleep.
 TEST(QtEventLoop, ACallThatAnotherThreadQueuesAtQtEndsAWait) {
   QtEventLoop loop;
   QObject receiver;

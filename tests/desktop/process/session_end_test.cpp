@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kLimitMs = 20'000;
 
-/// Counts the ends that come, where the program would end.
+/// Counts the ends that are reported, instead of ending the program.
 class SessionEndTest : public testing::Test {
  protected:
   bool AwaitEnds(int count) {
@@ -76,7 +76,7 @@ TEST_F(SessionEndTest, TheQuitOfTheSessionManagerIsAnEndThatNoWindowRefuses) {
   EXPECT_EQ(Ends, 1);
 }
 
-/// Runs `child` in a process of its own. Its exit code, or minus the signal that ended it.
+/// Runs `child` in its own process. Returns its exit code, or minus the signal that ended it.
 int Fork(const std::function<void()>& child) {
   const pid_t id = fork();
   if (id == 0) {

@@ -11,7 +11,7 @@
 namespace marlex::test {
 namespace {
 
-/// Sets the time zone of the process for one test, in the form of POSIX, which needs no time zone
+/// Sets the time zone of the process for one test, in the POSIX form, which needs no time zone
 /// files.
 class ZoneOfTheProcess {
  public:
@@ -86,7 +86,7 @@ TEST(SystemClock, ShowsTheTimeOfNow) {
   for (;;) {
     const std::time_t before = std::time(nullptr);
     const LocalTime now = clock.Now();
-    if (std::time(nullptr) != before) continue;  // a second began in between
+    if (std::time(nullptr) != before) continue;  // a new second began in between
     EXPECT_EQ(Text(now), Text(LocalTimeAt(before)));
     break;
   }

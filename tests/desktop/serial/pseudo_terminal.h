@@ -35,7 +35,7 @@ class PseudoTerminal {
     }
   }
 
-  /// What has arrived up to now.
+  /// Everything received so far.
   std::string Take() {
     std::string taken;
     char buffer[4096];
@@ -44,7 +44,7 @@ class PseudoTerminal {
     return taken;
   }
 
-  /// Line settings of the device, as long as somebody has it open.
+  /// Line settings of the device, for as long as somebody has it open.
   termios Mode() const {
     termios mode{};
     tcgetattr(Far, &mode);
@@ -59,7 +59,7 @@ class PseudoTerminal {
     return poll(&far, 1, 0) >= 0 && !(far.revents & POLLHUP);
   }
 
-  /// The adapter is unplugged.
+  /// Unplugs the adapter.
   void Vanish() {
     if (Far >= 0) close(Far);
     Far = -1;

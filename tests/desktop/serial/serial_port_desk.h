@@ -24,7 +24,7 @@ inline double ThreadCpuMs() {
   return used.tv_sec * 1e3 + used.tv_nsec / 1e6;
 }
 
-/// A port whose places are two empty directories of this test.
+/// A port that looks for its devices in two empty directories of this test.
 class SerialPortTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -67,7 +67,7 @@ class SerialPortTest : public testing::Test {
     Loop.StopTimer(timer);
   }
 
-  /// Whether the port has this line now: a byte goes through to it.
+  /// Whether the port has this line now: a byte passes through to it.
   bool Reaches(PseudoTerminal& line) {
     Port->Output("?");
     return line.Take().ends_with('?');

@@ -43,7 +43,8 @@ TEST_F(SerialPortTest, TheLineIsRaw19200EightNoneOneWithoutHandshake) {
   EXPECT_EQ(mode.c_lflag & (ECHO | ICANON | ISIG | IEXTEN), 0u);
 }
 
-/// Lets the line deliver as the device does whose driver marks errors: a pseudo-terminal has none.
+/// Lets the line deliver bytes like a device whose driver marks errors; a pseudo-terminal has no
+/// such driver.
 void WriteMarksOurselves(PseudoTerminal& line) {
   termios mode = line.Mode();
   mode.c_iflag &= ~static_cast<tcflag_t>(PARMRK);
@@ -166,7 +167,7 @@ TEST_F(SerialPortTest, TheOutputBufferHoldsTheNewest512BytesInTheirOrder) {
   Link("program/com1", line);
   Port->SetPortOpen(true);
   for (int i = 0; i < 50'000; ++i) Port->Output("a");
-  LetPass(500ms);  // the kernel has taken what it can hold
+  LetPass(500ms);  // by then the kernel has taken as much as it can hold
   std::string numbered;
   for (int i = 0; i < 600; ++i) numbered += static_cast<char>(128 + i % 101);
   for (const char byte : numbered) Port->Output({&byte, 1});

@@ -14,8 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// An engine on an ALSA device, which is one that plays into a private server, since the machine
-/// has no card.
+/// An engine on an ALSA device, which plays into a private server, since the machine has no card.
 struct CardDesk {
   PrivateServer Server;
   TestLoop Loop;
@@ -61,7 +60,7 @@ TEST(CardOutput, MusicIsWhole) {
   desk.Song.Play();
   ASSERT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest(441) > 0.45; }));
   constexpr float kStepOfTheTone = 0.0315f;
-  // A busy machine may tear the sound by itself, but not every time.
+  // A busy machine may interrupt the sound, but not in every attempt.
   float greatest = 1;
   for (int i = 0; i < 5 && greatest > kStepOfTheTone * 1.1f; ++i) {
     greatest = GreatestStepOfATone(desk, recording);

@@ -165,7 +165,7 @@ TEST(EngineSongPlayer, ManySongsStartedAndReplacedInOneBlockLeaveOneSounding) {
 
 TEST(EngineSongPlayer, ADriveThatHangsDoesNotHoldUpTheDesk) {
   OfflineDesk desk;
-  static std::atomic<bool> drive{false};  // a decoder is a plain function, and hangs in this one
+  static std::atomic<bool> drive{false};  // static: a decoder cannot capture it
   drive = false;
   const OpenDecoder hanging = [](const std::string&) -> std::unique_ptr<Decoder> {
     while (!drive) std::this_thread::sleep_for(std::chrono::milliseconds(1));

@@ -112,7 +112,7 @@ TEST(EngineWavePlayer, PauseKeepsThePlaceToTheSample) {
   EXPECT_EQ(Loudest(desk.Render(44100)), 0);
   desk.Wave.Command("Play");
   const std::vector<float> rest = desk.RenderUntil("525");
-  // The fade is 5 ms on both sides; no other frame is lost or repeated.
+  // The fade takes 5 ms on either side; no other frame is lost or repeated.
   std::size_t faded = 441;
   while (faded > 0 && fading[faded * 2 - 2] == 0) --faded;
   EXPECT_LE(faded, 222u);

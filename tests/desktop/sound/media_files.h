@@ -7,7 +7,7 @@
 
 namespace marlex {
 
-/// A directory of sound files for one test, removed with it.
+/// A directory of sound files for one test, deleted with it.
 class MediaFiles {
  public:
   MediaFiles();
@@ -21,7 +21,7 @@ class MediaFiles {
   std::string Wav(const std::string& name, double seconds, double amplitude = 0.5, int rate = 44100,
                   double frequency = 441);
 
-  /// The same, encoded by lame with further `options`.
+  /// The same, encoded by lame with additional `options`.
   std::string Mp3(const std::string& name, double seconds, double amplitude = 0.5, int rate = 44100,
                   const std::string& options = "-b 128", double frequency = 441);
 
@@ -32,10 +32,10 @@ class MediaFiles {
   std::filesystem::path Directory;
 };
 
-/// `size` bytes that follow no pattern, the same for the same seed.
+/// `size` bytes without any pattern; the same seed gives the same bytes.
 std::string Noise(std::size_t size, std::uint32_t seed = 1);
 
-/// The bytes of a WAV of 16-bit silence, with a header that the test may lie in.
+/// The bytes of a WAV of 16-bit silence; the test may put false values into its header.
 struct WavHeader {
   std::uint32_t RiffSize = 36;
   std::uint16_t Format = 1;

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 constexpr int kRate = 44100;
 constexpr int kPauseFrames = kRate / 2;
 constexpr int kWordFrames = kRate / 4;
-constexpr float kHeard = 0.05f;  // amplitude, reached within two samples of a word's beginning
+constexpr float kHeard = 0.05f;  // amplitude, reached within two samples of the start of a word
 
 /// Frames at which the words begin.
 std::vector<std::size_t> Beginnings(const std::vector<float>& sound) {
@@ -50,7 +50,7 @@ std::vector<double> MicrophoneDelay::Measure(int words) {
   Recording mouth("mouth");
   Recording desk("desk");
   Engine.Microphone().SetMute(false);
-  Loop.Within(1500ms, [&] {  // both ends find each other
+  Loop.Within(1500ms, [&] {  // capture and output synchronise
     mouth.Sound();
     desk.Sound();
     return false;

@@ -10,17 +10,17 @@
 
 namespace marlex {
 
-/// Where the delay from the microphone to the output is measured, on a private server. Both ends
-/// are taken where the server passes the sound on: a sample of the mouth counts from the moment at
-/// which a microphone would give it, and one of the desk until it is in the card's buffer. So the
-/// time that the sound then spends in the buffer of the server's silent card, which is as long as
-/// the server likes, is no part of it.
+/// Measures the delay from the microphone to the output on a private server, between the points
+/// where the server passes the sound on: a sample of the mouth counts from the moment at which a
+/// microphone would deliver it, and one of the desk until it is in the card's buffer. The time that
+/// the sound then spends in the buffer of the server's silent card is not included, since the
+/// server may make it as long as it likes.
 class MicrophoneDelay {
  public:
   explicit MicrophoneDelay(const SoundOptions& options);
 
-  /// Opens the microphone, speaks so often and returns the milliseconds that each word took; fewer
-  /// when words were lost.
+  /// Opens the microphone, speaks the given number of words and returns the milliseconds that each
+  /// of them took; fewer values when words were lost.
   std::vector<double> Measure(int words);
 
   PrivateServer Server;

@@ -18,7 +18,7 @@ TEST(MicrophoneDelay, SpeechIsPassedToTheServerWithinTwentyMilliseconds) {
   EXPECT_LT(BestDelayMs(booth), 20);
 }
 
-/// The card is one that plays into a server, which adds to the delay what it likes.
+/// The card is one that plays into a server, which may add any delay.
 TEST(MicrophoneDelay, SpeechIsPassedToACardWithoutTheBufferOfMusic) {
   MicrophoneDelay booth({.UseServer = false, .CardDevice = "pulse"});
   if (booth.Server.Control("info").find("PipeWire") != std::string::npos)

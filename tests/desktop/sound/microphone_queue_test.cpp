@@ -13,10 +13,10 @@ namespace marlex {
 namespace {
 
 constexpr double kFramesPerMs = kSampleRate / 1000.0;
-constexpr double kScale = 1 << 21;  // frames of capture that a sample can count
+constexpr double kScale = 1 << 21;  // number of capture frames that a sample can count
 
-/// A card without a server, in virtual time: its microphone gives pieces of sound in which each
-/// sample is the number of its frame, and its output has a clock of its own.
+/// A card without a server, in virtual time. Its microphone delivers blocks in which each sample is
+/// the number of its frame; its output has a clock of its own.
 class VirtualCard {
  public:
   explicit VirtualCard(double outputSpeed) : Speed(outputSpeed) { Path.Begin(); }
@@ -83,7 +83,7 @@ TEST(MicrophoneQueue, SpeechIsHeardInUnderTwentyMillisecondsHoweverTheClocksDrif
     card.Run(200);
     card.FewestQueued = 1e9;
     card.Unmute();
-    card.Run(1000);  // both ends find each other
+    card.Run(1000);  // capture and output synchronise
     card.LongestDelayMs = 0;
     card.Gaps = 0;
     card.Run(30000);
@@ -101,7 +101,7 @@ TEST(MicrophoneQueue, TheCardIsFilledForMusicAndHardlyForSpeech) {
   const CardFill speech = FillOfCard(220, 1764, true);
   EXPECT_EQ(speech.Least, 220);
   EXPECT_EQ(speech.Most, 440);
-  // A card that works in long pieces must not run dry between two of them.
+  // A card that works in long blocks must not run dry between two of them.
   const CardFill coarse = FillOfCard(1024, 8192, true);
   EXPECT_EQ(coarse.Least, 1024);
   EXPECT_EQ(coarse.Most, 2048);

@@ -51,8 +51,8 @@ TEST(Microphone, ShorteningAndLengtheningDoNotClick) {
   }
 }
 
-/// Passes `seconds` of sound to an output whose clock is `speed` times that of the capture, and
-/// returns the fewest and the most frames that the output had left, after a second of settling.
+/// Passes `seconds` of sound to an output whose clock runs at `speed` times that of the capture.
+/// Returns the fewest and the most frames that the output had left, after one second of settling.
 std::pair<int, int> Drift(double speed, int seconds) {
   SoundLine line;
   SoundLine master;
@@ -165,7 +165,7 @@ TEST(Microphone, IsHeardWhileItsLineIsOpenAndOnlyThen) {
   }
 }
 
-/// A server with a telephone in use, for which it mutes every stream that comes.
+/// A server on which a telephone application is active, so that it mutes every new stream.
 TEST(Microphone, IsHeardWhereTheServerMutesItsStream) {
   Booth booth;
   Recording recording("desk");
@@ -202,7 +202,7 @@ TEST(Microphone, ComesBackWhenItWasPulledOutInMidCall) {
   EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
 }
 
-/// Number of a source, as the lists of the server name it.
+/// Number of a source, as listed by the server.
 std::string SourceNumber(const PrivateServer& server, const std::string& name) {
   std::istringstream sources(server.Control("list short sources"));
   for (std::string line; std::getline(sources, line);) {
@@ -228,7 +228,7 @@ std::string Captures(const PrivateServer& server) {
   return numbers;
 }
 
-/// Whatever was said while the line was closed must not come when it is opened.
+/// Anything said while the line was closed must not be heard once it is opened.
 void ExpectNothingStale(const PrivateServer& server, SoundEngine& engine, TestLoop& loop) {
   Recording recording("desk");
   Recording mouth("mouth");
@@ -281,7 +281,7 @@ TEST(Microphone, OneThatIsThereButDeadIsOpenedAgain) {
   const std::string first = Captures(booth.Server);
   ASSERT_NE(first, "");
   booth.Loop.Within(3s, [] { return false; });
-  EXPECT_EQ(Captures(booth.Server), first);  // one that lives is left alone
+  EXPECT_EQ(Captures(booth.Server), first);  // a stream that is alive is left alone
   if (!booth.Server.SuspendMicrophone()) GTEST_SKIP() << kNeverDead;
   const auto reopened = [&] {
     const std::string now = Captures(booth.Server);
@@ -299,7 +299,7 @@ TEST(Microphone, AMuteThatIsTakenBackAtOnceLeavesItWatched) {
   line.SetMute(false);
   ASSERT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
   std::string opened = Captures(booth.Server);
-  // It stays open, unless a busy machine lets it fade out and close within the moment.
+  // It stays open, unless a busy machine gives it the time to fade out and close.
   for (std::string before; before != opened; opened = Captures(booth.Server)) {
     before = opened;
     line.SetMute(true);
@@ -336,7 +336,7 @@ TEST(Microphone, OneOfACardThatIsThereButDeadIsOpenedAgain) {
   EXPECT_TRUE(loop.Within(5s, [&] { return Captures(server).empty(); }));
 }
 
-/// A key that is only brushed lets go before the server has made the streams.
+/// A button that is only tapped is released before the server has created the streams.
 TEST(Microphone, ClosedBeforeItIsOpenLeavesNothingOpen) {
   Booth booth;
   for (int call = 0; call < 20; ++call) {

@@ -10,7 +10,7 @@
 namespace marlex {
 namespace {
 
-/// All that the file gives at the engine's rate.
+/// Everything that the file gives at the engine's rate.
 std::vector<float> Play(Decoder& decoder) {
   std::vector<float> sound;
   std::vector<float> block(2 * 4096);
@@ -42,7 +42,7 @@ std::string PictureTag(std::size_t bytes) {
 
 TEST(Mp3Decoder, TellsAndPlaysTheTrueLengthOfEveryKindOfFile) {
   MediaFiles files;
-  // At the lowest bitrates lame has no room for the header that tells how much silence it added.
+  // At the lowest bitrates lame has no room for the header that says how much silence it added.
   for (const char* options : {"-b 128", "-V 2", "-b 64 -m m", "-b 320 --resample 48", "--abr 100",
                               "-b 32 --resample 16", "-b 8 -m m --resample 8"}) {
     const bool exact = std::string(options).find("--resample 48") != std::string::npos ||
@@ -75,13 +75,13 @@ TEST(Mp3Decoder, ALengthHeaderThatLiesIsNotBelieved) {
   }
 }
 
-/// The file without the count of bytes in its length header.
+/// The file without the byte count in its length header.
 std::string WithoutByteCount(std::string bytes) {
   const std::size_t tag = std::min(bytes.find("Info"), bytes.find("Xing"));
   if (tag == std::string::npos || bytes[tag + 7] != 0x0F) ADD_FAILURE() << "no length header";
   bytes[tag + 7] = 0x0D;
   bytes.erase(tag + 12, 4);
-  // What follows the header moves up within its frame.
+  // Whatever follows the header moves up within its frame.
   return bytes.insert(bytes.find("\xFF\xFB", tag), std::string(4, '\0'));
 }
 
@@ -112,7 +112,7 @@ TEST(Mp3Decoder, PlaysOnBehindJunkInMidFile) {
   for (const auto& [name, junk] : intruders) {
     const std::string path =
         files.Write("junk.mp3", bytes.substr(0, middle) + junk + bytes.substr(middle));
-    // What looks like a frame within the junk may sound as one.
+    // Junk that looks like a frame may be heard as one.
     EXPECT_NEAR(PlayedSeconds(path), 6.4, 0.7) << name;
   }
   const std::string joined = files.Write("joined.mp3", bytes + second);

@@ -11,7 +11,7 @@
 
 namespace marlex {
 
-/// An engine without device and clock: what it plays is rendered on demand and kept.
+/// An engine without a device or a clock: what it plays is rendered on demand and kept.
 struct OfflineDesk {
   static constexpr int kBlock = 441;  // 10 ms
 
@@ -58,7 +58,7 @@ inline float Loudest(const std::vector<float>& sound, std::size_t from = 0,
   return loudest;
 }
 
-/// Greatest step between two neighbours of one channel.
+/// Greatest step between two neighbouring samples of one channel.
 inline float GreatestStep(const std::vector<float>& sound) {
   float greatest = 0;
   for (std::size_t i = 2; i < sound.size(); ++i)

@@ -35,7 +35,7 @@ pid_t Spawn(const std::vector<std::string>& words, int output) {
   dup2(nothing, 0);
   dup2(output >= 0 ? output : nothing, 1);
   dup2(nothing, 2);
-  // Where it is allowed, server and recorder run in real time, so that a busy machine does not
+  // Where it is permitted, server and recorder run in real time, so that a busy machine does not
   // spoil the sound.
   sched_param realTime = {};
   realTime.sched_priority = 10;
@@ -88,7 +88,7 @@ void PrivateServer::Start() {
   for (int i = 0; i < 1000 && Control("info").find("Server Name") == std::string::npos; ++i) {
     std::this_thread::sleep_for(10ms);
   }
-  // One kind of server answers before all of it is in its place.
+  // One kind of server answers before it is fully set up.
   for (int i = 0; i < 1000 && Control("get-default-source").rfind("mic\n", 0) != 0; ++i) {
     Control("set-default-sink desk");
     Control("set-default-source mic");
@@ -182,7 +182,7 @@ const std::vector<float>& Recording::Sound() {
 
 double Recording::TimeOf(std::size_t frame) const {
   constexpr double kRate = 44100;
-  double first = 1e300;  // time of frame 0, were there no gap
+  double first = 1e300;  // time at which frame 0 would have come if there were no gap
   for (const Delivery& delivery : Deliveries) {
     if (delivery.Frames <= frame || delivery.Frames > frame + std::size_t(kRate / 2)) continue;
     first = std::min(first, delivery.Seconds - double(delivery.Frames) / kRate);

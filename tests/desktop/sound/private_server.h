@@ -8,8 +8,8 @@
 
 namespace marlex {
 
-/// A sound server of the test's own, with null sinks, which this process and the tools that it
-/// runs use instead of any other.
+/// A sound server of the test's own, with null sinks. This process and the tools that it runs use
+/// it instead of any other.
 class PrivateServer {
  public:
   /// Starts it with the sinks "desk" (the default) and "other", and a microphone "mic" that hears
@@ -22,15 +22,15 @@ class PrivateServer {
   void Start();
   void Kill();
 
-  /// Waits until the sink plays at once what it gets: a null sink without listeners is seconds
-  /// ahead.
+  /// Waits until the sink plays immediately what it receives: without listeners a null sink is
+  /// seconds ahead.
   void Settle();
 
   /// Runs `pactl` with these arguments and returns what it prints.
   std::string Control(const std::string& arguments) const;
 
-  /// Makes the microphone a dead one, which is there and gives nothing. False where the server
-  /// knows no such thing.
+  /// Replaces the microphone by a dead one, which exists but delivers nothing. False where the
+  /// server has no such thing.
   bool SuspendMicrophone() const;
   void ResumeMicrophone() const { Control("suspend-source mic 0"); }
 
@@ -45,7 +45,7 @@ class PrivateServer {
   pid_t Listener = -1;  // keeps the latency of the sink low
 };
 
-/// Records the monitor of a sink as long as it lives: stereo, 44100 frames a second.
+/// Records the monitor of a sink for as long as it lives: stereo, 44100 frames a second.
 class Recording {
  public:
   explicit Recording(const std::string& sink);
@@ -53,14 +53,14 @@ class Recording {
   Recording(const Recording&) = delete;
   Recording& operator=(const Recording&) = delete;
 
-  /// What has come so far.
+  /// Everything recorded so far.
   const std::vector<float>& Sound();
 
-  /// When the frame was passed on, on the steady clock in seconds: a late delivery is put right by
-  /// the prompt ones that follow it within half a second. The frame must have come.
+  /// When the frame was passed on, on the steady clock in seconds. A late delivery is corrected by
+  /// the prompt ones that follow it within half a second. The frame must have been recorded.
   double TimeOf(std::size_t frame) const;
 
-  /// Loudest of the last `frames` frames that have come.
+  /// The loudest of the last `frames` recorded frames.
   float Latest(int frames = 2205);
 
  private:
@@ -70,7 +70,7 @@ class Recording {
   std::vector<float> Samples;
 
   struct Delivery {
-    std::size_t Frames;  // that had come so far
+    std::size_t Frames;  // recorded so far at that moment
     double Seconds;      // when, on the steady clock
   };
   std::vector<Delivery> Deliveries;

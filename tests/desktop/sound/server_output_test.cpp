@@ -77,8 +77,8 @@ TEST(ServerOutput, AVolumeThatTheServerRemembersIsPutBackToFull) {
   EXPECT_TRUE(loop.Within(2s, full));
 }
 
-/// Milliseconds from `act` until the recording is as it should be; the best of some, since the
-/// machine is shared.
+/// Milliseconds from `act` until the recording is as expected; the best of several attempts, since
+/// the machine is shared.
 double Promptness(ServerDesk& desk, Recording& recording, const std::function<void()>& act,
                   const std::function<void()>& undo, const std::function<bool(float)>& done) {
   double best = 1e9;
@@ -146,7 +146,7 @@ TEST(ServerOutput, ChangesOfLevelLeaveTheToneWhole) {
   ASSERT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest(441) > 0.45; }));
   desk.Loop.Within(300ms, [] { return false; });
   constexpr float kStepOfTheTone = 0.0315f;
-  // A busy machine may tear the sound by itself, but not every time.
+  // A busy machine may interrupt the sound, but not in every attempt.
   float greatest = 1;
   for (int i = 0; i < 3 && greatest > kStepOfTheTone * 1.1f; ++i)
     greatest = GreatestStepOfChanges(desk, recording);
@@ -154,8 +154,8 @@ TEST(ServerOutput, ChangesOfLevelLeaveTheToneWhole) {
   EXPECT_GT(greatest, kStepOfTheTone * 0.9f);
 }
 
-/// Milliseconds from the last loud sample in the recording to the report of a message's end, which
-/// comes before it when this is below 0.
+/// Milliseconds from the last loud sample in the recording to the report of the message's end.
+/// Below 0, the report came before the sample.
 double LatenessMs(ServerDesk& desk, Recording& recording) {
   double ended = 0;
   desk.Wave.OnStatusUpdate = [&] {
@@ -195,7 +195,7 @@ TEST(ServerOutput, GoesOnAfterTheServerWasKilledAndStartedAgain) {
   const Clock::time_point lost = Clock::now();
   desk.Loop.Within(2s, [] { return false; });
   const double gone = std::chrono::duration<double>(Clock::now() - lost).count();
-  EXPECT_NEAR(desk.Song.CurrentPosition() - lostAt, gone, 0.2);  // time passes, no faster
+  EXPECT_NEAR(desk.Song.CurrentPosition() - lostAt, gone, 0.2);  // time passes at its normal rate
   desk.Server.Start();
   const Clock::time_point back = Clock::now();
   ASSERT_TRUE(desk.Loop.Within(10s, [&] { return desk.Engine.OutputAlive(); }));
@@ -251,7 +251,7 @@ TEST(ServerOutput, AServerThatAnswersLateAtTheStartIsWaitedFor) {
 TEST(ServerOutput, AServerThatIsStillStartingAtTheStartIsWaitedFor) {
   PrivateServer server;
   TestLoop loop;
-  server.Kill();  // its socket stays, and nobody listens there
+  server.Kill();  // its socket remains, but nobody listens there
   std::thread logOn([&server] {
     std::this_thread::sleep_for(2s);
     server.Start();
@@ -261,7 +261,7 @@ TEST(ServerOutput, AServerThatIsStillStartingAtTheStartIsWaitedFor) {
   EXPECT_TRUE(engine.HasOutput());
 }
 
-/// A session in which the server answers before its cards have come.
+/// A session in which the server answers before its cards are there.
 class CardsToCome : public testing::Test {
  protected:
   CardsToCome() {
@@ -271,7 +271,8 @@ class CardsToCome : public testing::Test {
       std::this_thread::sleep_for(10ms);
   }
 
-  /// Starts the engine while the session brings a screen's sound, the desk's card and a microphone.
+  /// Starts the engine while the session adds the sound output of a screen, the desk's card and a
+  /// microphone.
   void Start() {
     std::thread session([this] {
       std::this_thread::sleep_for(1s);
@@ -350,7 +351,7 @@ TEST(ServerOutput, AWaitingEngineSleeps) {
   EXPECT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest() > 0.4; }));
 }
 
-/// What a program may slowly fill up.
+/// The resources that a program may slowly use up.
 struct Holdings {
   long Threads = 0;
   double MemoryMiB = 0;
@@ -396,7 +397,7 @@ TEST(ServerOutput, TwoThousandShortPlaysLeaveEverythingAsAHundredDid) {
   EXPECT_EQ(before.Threads, threads);
   EXPECT_EQ(after.Threads, threads);
   EXPECT_EQ(after.Streams, before.Streams);
-#ifndef __SANITIZE_ADDRESS__  // which keeps what is freed, and looks for leaks itself
+#ifndef __SANITIZE_ADDRESS__  // it keeps what is freed, and looks for leaks itself
   EXPECT_LT(after.MemoryMiB, before.MemoryMiB + 8);
 #endif
 }

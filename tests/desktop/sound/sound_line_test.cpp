@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-constexpr int kSettled = 441;  // frames in which every ramp has ended
+constexpr int kSettled = 441;  // frames after which every ramp has ended
 
 TEST(SoundLine, StartsFullAndCutsLevelsToItsRange) {
   SoundLine line;

@@ -10,7 +10,7 @@
 
 namespace marlex {
 
-/// A loop of posted events on real time.
+/// A loop of posted events in real time.
 class TestLoop : public EventLoop {
  public:
   TimerId StartTimer(int, std::function<void()>) override { return 0; }
@@ -33,8 +33,8 @@ class TestLoop : public EventLoop {
     Within(std::chrono::hours(1), done);
   }
 
-  /// Delivers events until `done` holds, which is asked every few milliseconds; false when the
-  /// limit passes first.
+  /// Delivers events until `done` holds, testing it every few milliseconds; false when the limit
+  /// passes first.
   bool Within(std::chrono::milliseconds limit, const std::function<bool()>& done) {
     const auto end = std::chrono::steady_clock::now() + limit;
     while (!done()) {

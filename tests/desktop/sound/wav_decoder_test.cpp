@@ -13,7 +13,7 @@
 namespace marlex {
 namespace {
 
-/// All that the file gives at the engine's rate.
+/// Everything that the file gives at the engine's rate.
 std::vector<float> Play(const std::string& path) {
   std::vector<float> sound;
   auto decoder = OpenWav(path);
@@ -85,7 +85,7 @@ TEST(WavDecoder, AMonoFileSoundsOnBothSides) {
   EXPECT_NEAR(mono[1001], 0.5, 0.001);
 }
 
-/// Percent that the two sides get of one channel in a file of `channels`.
+/// The percentage of one channel, in a file of `channels`, that each of the two sides gets.
 std::pair<long, long> HeardOf(int format, int channels, int channel) {
   MediaFiles files;
   std::vector<float> frame(std::size_t(channels), 0);
@@ -100,7 +100,8 @@ TEST(WavDecoder, OfManyChannelsEachIsHeardWhereItBelongs) {
   using Sides = std::pair<long, long>;
   const Sides left(100, 0), right(0, 100), centre(71, 71), none(0, 0);
   const Sides leftBehind(71, 0), rightBehind(0, 71);
-  // Left, right, centre, low frequencies, and two or four behind, as the file says or is usual.
+  // Left, right, centre, low frequencies, and two or four rear channels, as the file says or as is
+  // usual.
   for (const int format : {SF_FORMAT_WAVEX, SF_FORMAT_WAV}) {
     for (const int channels : {6, 8}) {
       EXPECT_EQ(HeardOf(format, channels, 0), left) << channels;
@@ -189,7 +190,7 @@ std::string Chunk(const char* name, std::uint32_t size, const std::string& conte
   return bytes + content;
 }
 
-/// A recorder that lost its power leaves a data size of 0 and all its sound behind it.
+/// A recorder that lost its power leaves a data size of 0 followed by all its sound.
 TEST(WavDecoder, ARecordingThatWasNeverClosedPlaysToItsEnd) {
   MediaFiles files;
   const std::string sound(40000, '\x10');
@@ -203,7 +204,7 @@ TEST(WavDecoder, ARecordingThatWasNeverClosedPlaysToItsEnd) {
   EXPECT_EQ(frames(head + std::string(40000, '\0')), 10000u);
   EXPECT_EQ(frames(head.substr(0, 12) + list + head.substr(12) + sound), 10000u);
   EXPECT_DOUBLE_EQ(OpenWav(files.Write("open.wav", head + sound))->Seconds(), 10000.0 / 44100);
-  // One that was closed and is silent has other chunks there, and no sound.
+  // A recorder that was closed properly and recorded nothing has other chunks there, and no sound.
   EXPECT_EQ(frames(head + list), 0u);
   EXPECT_EQ(frames(head + list + Chunk("bext", 5, "12345") + '\0'), 0u);
 }
@@ -240,7 +241,7 @@ TEST(WavDecoder, HostileChunksAreRefusedOrPlayedAndNeverHang) {
     }
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
   }
-  // What is harmless beside the sound does not keep it from being heard.
+  // Harmless extra chunks do not keep the sound from being heard.
   const std::string list = Chunk("LIST", 4, "INFO");
   EXPECT_EQ(Play(files.Write("list.wav", head + list + fmt + list + data)).size() / 2, 1000u);
 }

@@ -12,7 +12,7 @@
 
 namespace marlex {
 
-/// A small window with the kinds of control that the main window has none of.
+/// A small window with the kinds of control that the main window does not have.
 struct Bench {
   /// A control, or an array of them, that outlives the view.
   template <class T, class... Arguments>

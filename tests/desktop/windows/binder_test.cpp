@@ -17,7 +17,7 @@ std::set<std::string> ControlNames(const Form& form) {
   return names;
 }
 
-/// Names in a layout that stand for a control: those of panes and of Qt's own parts do not.
+/// Names in a layout that stand for a control; those of panes and of Qt's own parts do not.
 std::set<std::string> WidgetNames(const QWidget& window) {
   std::set<std::string> names;
   for (const QObject* object : window.findChildren<QObject*>()) {
@@ -29,7 +29,7 @@ std::set<std::string> WidgetNames(const QWidget& window) {
   return names;
 }
 
-/// Whether a control works behind its window: a timer, or a list that the design hides.
+/// Whether a control has no visible part: a timer, or a list that the design hides.
 bool IsBehindTheWindow(const Control& control) {
   const auto* list = dynamic_cast<const ListBox*>(&control);
   return control.Kind() == ControlKind::Timer || control.Kind() == ControlKind::Form ||
@@ -124,7 +124,7 @@ TEST(Binder, EscapeClosesTheAboutBoxAsItsCloseDoes) {
   }
 }
 
-/// Its close ends the program, for which one stray key is too little.
+/// Closing this window ends the program, which must not happen by one stray key.
 TEST(Binder, EscapeInTheLanguageDialogNeitherChoosesNorCloses) {
   PaintedWindows windows;
   std::string heard;

@@ -32,13 +32,13 @@ class EnglishBoxes : public QtDialogs {
   DiskDirectories Disk;
 };
 
-/// The dialog that a hand meets: the one that blocks others, else the one in front.
+/// The dialog that the operator meets: the one that blocks others, otherwise the front one.
 inline QWidget* DialogInFront() {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   return qobject_cast<QDialog*>(QApplication::activeWindow());
 }
 
-/// The dialogs of type T that can be seen.
+/// The visible dialogs of type T.
 template <class T>
 QList<T*> Standing() {
   QList<T*> standing;
@@ -67,7 +67,7 @@ struct Folder {
   Folder() {
     for (const char* name : {"a.sch", "b c.sch", "other.txt"}) Make(name);
   }
-  /// The class that made the folder cannot remove a name that is no UTF-8.
+  /// The class that created the folder cannot delete a name that is not valid UTF-8.
   ~Folder() { std::filesystem::remove_all(Place.path().toStdString()); }
 
   void Make(const std::string& name) {
@@ -79,22 +79,22 @@ struct Folder {
   QTemporaryDir Place;
 };
 
-/// What comes of a file dialog that is answered by `WhenOpen`.
+/// The result of a file dialog that is answered by `WhenOpen`.
 inline std::string Chosen(QtEventLoop& loop, QtDialogs& dialogs, const FileDialog& dialog) {
   std::optional<std::string> chosen;
   dialogs.LeaveOpen(dialog, [&](const std::string& result) { chosen = result; });
-  EXPECT_FALSE(chosen);  // nobody was held up
+  EXPECT_FALSE(chosen);  // nobody had to wait
   loop.PumpUntil([&] { return chosen.has_value(); });
   return *chosen;
 }
 
-/// Types names into a file dialog and presses its key.
+/// Types names into a file dialog and presses its button.
 inline void Choose(QFileDialog& box, const QString& names) {
   const bool saves = box.acceptMode() == QFileDialog::AcceptSave;
   auto& name = *box.findChild<QLineEdit*>("fileNameEdit");
   box.activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
-  name.setFocus();  // else the list would put its own choice in
+  name.setFocus();  // otherwise the list would replace the text by its own selection
   name.setText(names);
   static_cast<QDialog&>(box)
       .findChild<QDialogButtonBox*>()
@@ -102,7 +102,7 @@ inline void Choose(QFileDialog& box, const QString& names) {
       ->click();
 }
 
-/// Presses a key of a box by its caption.
+/// Presses a button of a box by its caption.
 inline void Answer(QMessageBox& box, const QString& caption) {
   for (QAbstractButton* key : box.buttons()) {
     if (key->text().remove('&') == caption) return key->click();
@@ -110,14 +110,14 @@ inline void Answer(QMessageBox& box, const QString& caption) {
   ADD_FAILURE() << "no key " << caption.toStdString();
 }
 
-/// The one message box that stands.
+/// The only message box that is open.
 inline QMessageBox& StandingQuestion() {
   const auto standing = Standing<QMessageBox>();
   if (standing.size() != 1) throw std::runtime_error("There is not one question");
   return *standing.front();
 }
 
-/// A folder with an operator who types names into its file dialogs.
+/// A folder, and an operator who types names into its file dialogs.
 struct TypingFolder : Folder {
   ~TypingFolder() {
     for (QDialog* dialog : Standing<QDialog>()) dialog->close();
@@ -141,7 +141,7 @@ struct TypingFolder : Folder {
     return *standing.front();
   }
 
-  /// Name of the file that comes of it; empty when the dialog was left without one.
+  /// The chosen file name; empty when the dialog was cancelled.
   std::string Chosen() {
     Loop.PumpUntil([this] { return Result || !Standing<QMessageBox>().isEmpty(); });
     if (!Result) return "? " + StandingQuestion().text().toStdString();

@@ -1,4 +1,4 @@
-// Where boxes stand, and what they bar.
+// Where boxes appear, and what they block.
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-/// The main window with a call key that counts.
+/// The main window with a call button whose presses are counted.
 struct CallDesk : PaintedWindows {
   CallDesk() {
     Forms.frmMain.Load();
@@ -20,7 +20,7 @@ struct CallDesk : PaintedWindows {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&Screen.Main()));
   }
 
-  /// By the way of a real mouse: through the window.
+  /// Takes the same route as a real mouse: through the window.
   void Press() {
     QTest::mousePress(Screen.Main().windowHandle(), Qt::LeftButton, {}, CallKey());
     Settle();
@@ -170,7 +170,7 @@ TEST(BoxPlaces, AFileThatIsNotFoundBarsNothingOfTheMainWindow) {
   Choose(*dialog, "night.lst");
   ASSERT_EQ(Standing<QMessageBox>().size(), 1) << "the first one is over";
   EXPECT_EQ(desk.Box()->text(), "night.lst\nFile not found");
-  QCloseEvent close;  // as the window manager's comes, which a box that bars the window refuses
+  QCloseEvent close;  // like the window manager's; a box that blocks the window would refuse it
   QApplication::sendEvent(desk.Screen.Main().windowHandle(), &close);
   desk.Settle();
   EXPECT_TRUE(closed);

@@ -7,7 +7,7 @@
 
 namespace marlex {
 
-/// The main window with a call key that writes down what it hears, and boxes over it.
+/// The main window with a call button that records what it receives, and boxes over it.
 struct CallPlace : PaintedWindows {
   CallPlace() {
     Forms.frmMain.cmdCall.OnMouseDown = [this](MouseButton) { Heard += "down "; };

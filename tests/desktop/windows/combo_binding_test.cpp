@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-/// A box of three hours.
+/// A combo box with three hours.
 struct ComboPlace : Bench {
   ComboPlace() {
     for (const char* hour : {"00", "01", "02"}) Hours.AddItem(hour);

@@ -6,8 +6,8 @@
 
 namespace marlex {
 
-inline constexpr double kReadable = 4.5;  // WCAG 2.1, criterion 1.4.3, for texts of usual size
-inline constexpr double kVisible = 3;     // criterion 1.4.11, for signs and lines of keys
+inline constexpr double kReadable = 4.5;  // WCAG 2.1, criterion 1.4.3, for texts of normal size
+inline constexpr double kVisible = 3;  // criterion 1.4.11, for symbols and the outlines of buttons
 
 /// Relative luminance as WCAG 2.1 defines it, 0 to 1.
 inline double Luminance(const QColor& color) {

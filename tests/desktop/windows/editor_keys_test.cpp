@@ -1,4 +1,4 @@
-// The keyboard on the windows of the whole system.
+// The keyboard in the windows of the whole system.
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-/// All that the keys could have done: events of the PC, and the look of every window.
+/// Everything that the keys could have caused: events of the PC, and the look of every window.
 std::string Trace(ShopDesk& desk) {
   std::string trace = desk.Pc.Journal.Text() + desk.Pc.Heard();
   for (const QWidget* window : QApplication::topLevelWidgets()) {
@@ -27,12 +27,12 @@ std::string Trace(ShopDesk& desk) {
   return trace;
 }
 
-/// Presses each function key, with every part of the window in turn under the keyboard.
+/// Presses each function key, with every part of the window in turn having the keyboard focus.
 void PressFunctionKeys(ShopDesk& desk, QWidget& window) {
   std::vector<QWidget*> parts = {&window};
   for (QWidget* part : window.findChildren<QWidget*>()) {
     const bool takesKeys = part->focusPolicy() != Qt::NoFocus && part->isVisibleTo(&window);
-    // A box that drops down does so by a function key on any desktop.
+    // On any desktop, a function key opens the list of a combo box.
     if (takesKeys && !qobject_cast<QComboBox*>(part)) parts.push_back(part);
   }
   ASSERT_GT(parts.size(), 5u);
@@ -92,7 +92,7 @@ TEST(EditorKeys, TheMenusForFilesHaveShortcutsOfTheirOwn) {
   EXPECT_TRUE(desk.Screen.Playlist().isVisible());
 }
 
-/// The schedule editor on which a sequence is under work.
+/// The schedule editor while a sequence is being edited.
 struct ComposingDesk : ShopDesk {
   ComposingDesk() {
     Choose(Screen.Main(), "mnuSchedule");
@@ -139,8 +139,8 @@ TEST(EditorKeys, NoKeyBesideTheOneThatSavesClosesAnEditorWithWorkInIt) {
   EXPECT_FALSE(desk.Screen.Playlist().isVisible());
 }
 
-/// Walks through all menus of a window by their keys and counts the presses on which the menu of
-/// that title is open. It stands in the bar or in a menu.
+/// Walks through all menus of a window by their keys and counts the presses after which the menu of
+/// that title, in the bar or in another menu, is open.
 int TimesOpen(ShopDesk& desk, QMainWindow& window, const char* menu) {
   QMenuBar& bar = *window.menuBar();
   int times = 0;
@@ -216,7 +216,7 @@ TEST(EditorKeys, EscapeLeavesThePlaylistEditorOpenWithAllThatIsChosen) {
   }
 }
 
-/// The parts of a window on which the tab key stops, in as many presses as lead round.
+/// The parts of a window at which the tab key stops, in one round.
 std::string TabStops(ShopDesk& desk, QWidget& window, const char* first) {
   std::string stops;
   desk.Find<QWidget>(window, first).setFocus();

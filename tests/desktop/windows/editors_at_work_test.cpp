@@ -43,7 +43,7 @@ struct MessagesAtWork : WholeDesk {
   QListView& Chosen = Find<QListView>(Screen.ScheduleEditor(), "SelectedWavs");
 };
 
-/// All but one of the messages "m0" to "m<count - 1>" in their order, and that one last.
+/// The messages "m0" to "m<count - 1>" in order, but with one of them moved to the end.
 std::string WithLast(int last, int count) {
   std::string text;
   for (int message = 0; message < count; ++message) {
@@ -170,7 +170,7 @@ TEST(EditorsAtWork, AFingerThatScrollsTheSequenceLeavesItInItsOrder) {
   EXPECT_EQ(desk.Editor.SelectedWavs.ListIndex(), ListBox::kNoSelection);
 }
 
-/// The playlist editor in which `songs` songs are chosen, over a folder of one.
+/// The playlist editor with `songs` selected songs, over a folder of one.
 struct SongsAtWork : WholeDesk {
   explicit SongsAtWork(int songs) {
     Place.Write("music/s0.mp3", "");
@@ -202,7 +202,7 @@ TEST(EditorsAtWork, AFingerScrollsTheChosenSongsAndATapSelectsOne) {
   EXPECT_TRUE(desk.Editor.RemoveKey.Enabled);
 }
 
-/// Presses the space bar on Remove, and then wherever it has led.
+/// Presses the space bar on Remove, and then wherever the focus has moved.
 void RemoveThenSpace(WholeDesk& desk, QWidget& window) {
   desk.PressKey(desk.Find<QPushButton>(window, "RemoveKey"), Qt::Key_Space);
   for (int press = 0; press < 3; ++press) {

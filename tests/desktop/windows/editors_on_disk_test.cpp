@@ -1,4 +1,4 @@
-// What the editors save on a real disk, and what becomes of it when the disk refuses.
+// What the editors save on a real disk, and what happens when the disk refuses.
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kOld = "[Schedule]\r\nHour(s)=1\r\n[Playlist]\r\nSong:1=old\r\n";
 
-/// A way in which a disk refuses a file, and its cure.
+/// A way in which a disk refuses a file, and how to undo it.
 struct Refusal {
   const char* Name;
   std::function<void(const std::string& file)> Begin;
@@ -25,7 +25,7 @@ struct Refusal {
 
 void PrintTo(const Refusal& refusal, std::ostream* out) { *out << refusal.Name; }
 
-/// The largest file that the process may write, as on a disk with no more room than that.
+/// The largest file that the process may write, as on a disk with no more space than that.
 void LimitFiles(rlim_t bytes) {
   rlimit limit{};
   ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
@@ -52,24 +52,25 @@ const std::vector<Refusal> kRefusals = {
      },
      [](const std::string& file) { fs::remove(file); }}};
 
-/// A desk whose own files lie on the real disk.
+/// A desk whose own files are on the real disk.
 class EditorsOnDisk : public testing::TestWithParam<Refusal> {
  protected:
   std::string File(const std::string& name) const { return Folder.Path(name); }
 
-  /// Chooses the menu and answers its dialog.
+  /// Selects the menu item and answers its dialog.
   void Save(QWidget& window, const std::string& name) {
     Shop.Pc.Dialogs.OpenResults = {File(name)};
     Shop.Choose(window, "mnuSave");
   }
 
-  /// What stands in a file's place, and how much beside it.
+  /// The content of a file, and the number of entries in its folder.
   std::string Look(const std::string& name) const {
     return (fs::is_regular_file(File(name)) ? Folder.Read(name) : "no file") + " of " +
            std::to_string(Folder.Entries());
   }
 
-  /// Saves while the disk refuses: the box. The old file must be as it was, with nothing beside it.
+  /// Saves while the disk refuses, and returns the box that appears. The old file must be
+  /// unchanged, with nothing next to it.
   std::string SaveRefused(QWidget& window, const std::string& name) {
     Folder.Write(name, kOld);
     GetParam().Begin(File(name));

@@ -1,4 +1,4 @@
-// The enter key on the table and the lists of the whole system: what a double-click does there.
+// The enter key on the table and the lists of the whole system does what a double-click does there.
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-/// A desk whose table has three rows in conflict, and a fourth in none.
+/// A desk whose table has three rows in conflict, and a fourth that is in none.
 struct ConflictDesk : WholeDesk {
   ConflictDesk() {
     for (const char* name : {"a", "b", "c"}) WriteSequence(name, "8");
@@ -23,7 +23,7 @@ struct ConflictDesk : WholeDesk {
                                    "\r\nMinute(s)=00\r\nWeekday(s)=1234567\r\nTimer=Exact\r\n");
   }
 
-  /// The arrows lead from wherever the system has left the current cell.
+  /// The arrow keys start at the cell that the system has left current.
   void GoTo(int row, int column) {
     for (int step = 0; step < 4; ++step) PressKey(View, Qt::Key_Up);
     for (int step = 1; step < row; ++step) PressKey(View, Qt::Key_Down);

@@ -296,7 +296,7 @@ TEST(FileDialogBox, APlaceThatIsChosenIsEntered) {
   QFileDialog& box = folder.Type("stick", folder.Open());
   auto& places = *box.findChild<QComboBox*>("lookInCombo");
   places.showPopup();
-  places.setCurrentIndex(1);  // the places run from the inside out
+  places.setCurrentIndex(1);  // the places are listed from the innermost to the outermost
   places.hidePopup();
   emit places.textActivated(places.currentText());
   EXPECT_EQ(box.directory().path(), folder.Place.path());
@@ -352,7 +352,7 @@ TEST(FileDialogBox, FileDialogsWriteNothingIntoTheOperatorsConfiguration) {
     Choose(box, "a.sch");
   });
   Chosen(folder.Loop, folder.Dialogs, folder.Asked(true));
-  folder.Loop.PumpUntil([&] { return dialog.isNull(); });  // it keeps its looks when it goes
+  folder.Loop.PumpUntil([&] { return dialog.isNull(); });  // its destructor saves its looks
   const QDir configuration(qEnvironmentVariable("XDG_CONFIG_HOME"));
   EXPECT_TRUE(configuration.exists());
   EXPECT_EQ(configuration.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());

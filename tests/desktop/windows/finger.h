@@ -21,7 +21,7 @@ class Finger {
     Release(at);
   }
 
-  /// Tells `receiver` that the touch was cancelled.
+  /// Reports to `receiver` that the touch was cancelled.
   static void Cancel(QObject& receiver) {
     QTouchEvent event(QEvent::TouchCancel, Screen());
     QApplication::sendEvent(&receiver, &event);

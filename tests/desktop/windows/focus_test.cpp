@@ -18,7 +18,7 @@ QImage Look(QWidget& part, bool focused) {
   return part.grab().toImage();
 }
 
-/// Number of points that stand out from what was there before when the part has the focus.
+/// Number of pixels that change visibly when the part gets the focus.
 int PointsOfFocus(QWidget& part) {
   const QImage without = Look(part, false);
   const QImage with = Look(part, true);
@@ -32,7 +32,7 @@ int PointsOfFocus(QWidget& part) {
 
 /// The parts of a window that do not show the focus, each by its name.
 std::string Silent(QWidget& window) {
-  constexpr int kLeastPoints = 30;  // less than a frame round any of them, more than a cursor
+  constexpr int kLeastPoints = 30;  // fewer than a frame round any of them, more than a cursor
   window.activateWindow();
   QApplication::processEvents();
   std::string names;

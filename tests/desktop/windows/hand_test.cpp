@@ -155,7 +155,7 @@ TEST(Hand, AFailureInAnEventGoesToTheLoopAndTheWidgetShowsWhatHolds) {
   EXPECT_FALSE(key.isChecked());
 }
 
-/// Either call key, which writes down what it hears.
+/// Either call button, which records what it receives.
 class HandOnCallKey : public testing::TestWithParam<const char*> {
  protected:
   HandOnCallKey() {
@@ -176,8 +176,8 @@ class HandOnCallKey : public testing::TestWithParam<const char*> {
   QPushButton& Key() { return Shown.Find<QPushButton>(GetParam()); }
   QWidget& Window() { return Shown.Screen.Main(); }
 
-  /// Presses with the mouse and with a finger, loses each press in that way, and lets go. Each must
-  /// have been released once, when it was lost.
+  /// Presses with the mouse and with a finger, loses each press in the given way, and lets go. Each
+  /// press must have been released exactly once, when it was lost.
   void ExpectReleased(
       const std::string& name, const std::function<void()>& lose,
       const std::function<void()>& mend = [] {}) {
@@ -299,8 +299,8 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsReleaseIsLost) {
       "window hides", [this] { Window().hide(); }, [this] { Window().show(); });
 }
 
-/// Another window of the program may have the keyboard, a notice for one: then the window of the
-/// key hears nothing when the screen is locked.
+/// Another window of the program may have the keyboard, such as a notice; then the window with the
+/// button receives no event when the screen is locked.
 TEST_P(HandOnCallKey, AKeyIsReleasedWhenTheProgramIsLeft) {
   for (const auto left : {Qt::ApplicationInactive, Qt::ApplicationHidden, Qt::ApplicationSuspended})
     ExpectReleased(

@@ -18,7 +18,7 @@ constexpr qint64 kSlower = 1;
 constexpr qint64 kLimitMs = 1000 * kSlower;
 constexpr qint64 kFrameMs = 16 * kSlower;
 
-/// A desk over folders as large as they get, that measures what the operator waits for.
+/// A desk over folders as large as they get, which measures how long the operator waits.
 struct LargeFolders : WholeDesk {
   LargeFolders(int songs, int messages) {
     for (int song = 0; song < songs; ++song)
@@ -28,14 +28,14 @@ struct LargeFolders : WholeDesk {
     Start();
   }
 
-  /// Names of some length that do not come in their order.
+  /// Names of some length, not in sorted order.
   static std::string Name(const char* kind, int number, int count) {
     const int mixed = static_cast<int>(number * 7919LL % count);
     return std::string(mixed % 2 == 0 ? "Various artists - " : "various artists - ") + kind + " " +
            std::to_string(mixed);
   }
 
-  /// Expects what the operator does to be on the screen within the limit.
+  /// Expects the result of the operator's action to be on the screen within the limit.
   template <class Action>
   void ExpectSoon(const std::string& name, QWidget& window, Action action) {
     QElapsedTimer clock;
@@ -48,7 +48,7 @@ struct LargeFolders : WholeDesk {
     EXPECT_LT(took, kLimitMs) << name;
   }
 
-  /// Expects half of the paintings of a list, scrolled from end to end, to be ready within a frame.
+  /// Scrolls a list from end to end and expects half of its paintings to be ready within a frame.
   static void ExpectToScroll(const std::string& name, QListView& list) {
     constexpr int kSteps = 100;
     std::vector<qint64> paintingsMs;

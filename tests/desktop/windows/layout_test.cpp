@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-/// Every way in which the main window can stand.
+/// Every state in which the main window can be laid out.
 void ExpectMainWhole(PaintedWindows& windows) {
   FrmMain& main = windows.Forms.frmMain;
   main.lblConflict.Caption =

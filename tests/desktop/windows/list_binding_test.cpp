@@ -101,7 +101,7 @@ TEST(ListBinding, MovingWithoutAKeyOrWithTheRightOneSelectsNothing) {
   EXPECT_EQ(songs.Heard, "down -1, up -1, ");
 }
 
-/// A list in which a click acts, told of as "click 2, ".
+/// A list in which a click acts, recorded as "click 2, ".
 struct ActingList : Playlist {
   explicit ActingList(int songs = 5) : Playlist(songs) {
     List.ClickActs = true;
@@ -433,7 +433,7 @@ TEST(ListBinding, AListThatIsFilledAnewBeginsAtItsTop) {
 TEST(ListBinding, TwoQuickTapsAreADoubleClickWhereAClickOnlySelects) {
   Playlist songs(60);
   Finger finger(*songs.View.viewport());
-  finger.Tap(songs.At(8));  // so that no tap before, of any test, makes the next one a second
+  finger.Tap(songs.At(8));  // so that no earlier tap, of any test, makes the next one a double tap
   songs.Shown.Settle();
   songs.Heard.clear();
   finger.Tap(songs.At(3));

@@ -7,7 +7,7 @@
 namespace marlex {
 
 /// A mouse on one widget, as the window system would report it. The pointer may leave the widget
-/// while a key is held.
+/// while a button is held.
 class Mouse {
  public:
   explicit Mouse(QWidget& widget) : Target(widget) {}

@@ -11,14 +11,14 @@
 
 namespace marlex {
 
-/// All windows of the system, painted off screen, with a loop whose time stands still.
+/// All windows of the system, painted off screen, with a loop whose time does not advance.
 struct PaintedWindows {
   VirtualLoop Loop;
   MemoryDisk Disk;
   Windows Forms{Loop, Disk};
   Views Screen{Forms, Loop};
 
-  /// Delivers what waits on both sides.
+  /// Delivers the pending events of both sides.
   void Settle() {
     for (int round = 0; round < 3; ++round) {
       Loop.Pump();
@@ -39,7 +39,7 @@ struct PaintedWindows {
   }
 };
 
-/// The parts of a window to which the tab key leads, from the first one round.
+/// The parts of a window that the tab key reaches, from the first one until it comes round.
 inline QStringList TabOrder(QWidget& first) {
   QStringList order;
   QWidget* part = &first;

@@ -17,7 +17,7 @@ void Keep(QWidget& window, const std::string& name) {
   EXPECT_TRUE(picture.save(directory + "/" + QString::fromStdString(name) + ".png"));
 }
 
-/// The windows with the router amplifier: zones, and a call key beside them.
+/// The windows with the router amplifier: zones, and a call button beside them.
 void ShowRouter(PaintedWindows& windows) {
   FrmMain& main = windows.Forms.frmMain;
   main.Load();
@@ -203,7 +203,7 @@ TEST(Pictures, PlaylistEditorWithLongTexts) {
   Keep(windows.Screen.Playlist(), "playlist_long_texts");
 }
 
-/// The same window four times, with the focus on another part each.
+/// The same window four times, each with the focus on another part.
 TEST(Pictures, Focus) {
   PaintedWindows windows;
   windows.Forms.frmPlaylist.Load();

@@ -4,8 +4,8 @@
 
 namespace marlex {
 
-/// A shop with the router amplifier, two songs, two messages and a function key that somebody has
-/// programmed, up to its main window.
+/// A shop with the router amplifier, two songs, two messages and one programmed function key, with
+/// its main window open.
 struct ShopDesk : WholeDesk {
   ShopDesk() {
     for (const char* song : {"march.mp3", "waltz.mp3"}) {

@@ -135,7 +135,7 @@ TEST(SimpleBindings, FastTypingInTheMiddleOfATextKeepsEveryKeyInItsPlace) {
   box.Text = "az";
   loop.PumpUntil([&] { return widget.text() == "az"; });
   widget.setCursorPosition(1);
-  box.OnChange = [] { QThread::msleep(3); };  // so that keys come before the painting
+  box.OnChange = [] { QThread::msleep(3); };  // so that keys arrive before the painting
   int typed = 0;
   QTimer hand;
   hand.setTimerType(Qt::PreciseTimer);
@@ -162,7 +162,7 @@ TEST(SimpleBindings, ATextThatTheSystemPutsInIsShownAfterTheTyping) {
   QTest::keyClicks(&widget, "12");
   bench.Settle();
   EXPECT_EQ(widget.text(), "00,30");
-  box.Enabled = false;  // not yet painted: the key is refused
+  box.Enabled = false;  // not yet painted, but the key is already refused
   QTest::keyClick(&widget, Qt::Key_5);
   bench.Settle();
   EXPECT_EQ(widget.text(), "00,30");

@@ -8,8 +8,8 @@
 
 namespace marlex {
 
-/// Puts captions and contents into the windows as a day of work does. `longer` makes every
-/// caption 1.6 times as long, which is more than any language needs.
+/// Fills the windows with the captions and contents of a working day. `longer` makes every caption
+/// 1.6 times as long, which is more than any language needs.
 class Texts {
  public:
   explicit Texts(bool longer = false) : Longer(longer) {}

@@ -48,7 +48,7 @@ TEST_P(Theme, ItsMarksAndItsFocusCanBeSeen) {
   }
 }
 
-/// Texts that are written on a coloured ground by the style sheet alone.
+/// Texts that get their coloured background from the style sheet alone.
 TEST_P(Theme, EachRuleThatNamesBothColoursKeepsThemApart) {
   QFile sheet(":/theme.qss");
   ASSERT_TRUE(sheet.open(QIODevice::ReadOnly));
@@ -90,7 +90,7 @@ TEST(DarkTheme, ComesWithADarkDesktopAndStaysLightOtherwise) {
   EXPECT_EQ(ShownColor(kButtonFace), NamedColor("face", Scheme::Light));
 }
 
-/// Counts what a window is told of its colours.
+/// Counts how often a window is notified that its colours have changed.
 class ColourNews : public QObject {
  public:
   int Count = 0;

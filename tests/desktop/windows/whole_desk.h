@@ -31,7 +31,7 @@ class WholeDesk {
   std::string Music() const { return Place.Path("music") + kSeparator; }
   std::string Messages() const { return Place.Path("messages") + kSeparator; }
 
-  /// Up to the main window.
+  /// Starts the application and goes on until its main window is open.
   void Start() {
     constexpr int kSplashMs = 2500;
     Pc.Loop.Post([this] { Sys.Start(); });
@@ -40,7 +40,7 @@ class WholeDesk {
     Settle();
   }
 
-  /// Delivers what waits on both sides.
+  /// Delivers the pending events of both sides.
   void Settle() {
     for (int round = 0; round < 3; ++round) {
       Pc.Loop.Pump();
@@ -48,7 +48,7 @@ class WholeDesk {
     }
   }
 
-  /// Lets virtual time pass, and the screen follow.
+  /// Lets virtual time pass and updates the screen.
   void Advance(int ms) {
     bool over = false;
     Pc.Loop.Schedule(ms, [&over] { over = true; });
@@ -56,7 +56,7 @@ class WholeDesk {
     Settle();
   }
 
-  /// Chooses an entry of a menu.
+  /// Selects an item of a menu.
   void Choose(QWidget& window, const char* entry) {
     Find<QAction>(window, entry).trigger();
     Settle();
