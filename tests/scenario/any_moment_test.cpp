@@ -12,8 +12,8 @@ DeskOptions TwoRows() {
           .Now = {2024, 1, 1, 12, 0, 50}};
 }
 
-/// A desk that stands still behind an event of the announcement of 12:01, counted from the row's
-/// minute on.
+/// A desk that stops after a given event of the announcement of 12:01. Events are counted from the
+/// start of the row's minute.
 class Interrupted : public Story {
  public:
   explicit Interrupted(const DeskOptions& options) : Story(options) {
@@ -28,7 +28,7 @@ class Interrupted : public Story {
     Pc.Loop.AfterEvent = nullptr;
   }
 
-  /// Number of events until the announcement is over and the last byte is sent.
+  /// Number of events until the announcement is over and its last byte has been sent.
   static int CountEvents(const DeskOptions& options) {
     Interrupted desk(options);
     desk.RunTo(12, 1, 8);
@@ -36,7 +36,7 @@ class Interrupted : public Story {
     return desk.Events;
   }
 
-  /// What the sound card, the labels and the files hold.
+  /// The state of the sound card, the labels and the files.
   std::string State() {
     const auto line = [this](const std::string& name, std::uint32_t type) {
       return name + " " + std::to_string(FrmMxr::kSilent - Pc.Mixer.Level(type)) +
@@ -47,7 +47,7 @@ class Interrupted : public Story {
            Setting("Last played", "Last song", kPlaylist) + ", " + Heard();
   }
 
-  /// The announcement of 12:05, told from its tick on.
+  /// The journal of the announcement of 12:05, starting at its tick.
   std::string NextAnnouncement() {
     const auto begun = [this] { return !Sys->TheFrmPlayers.tmrMessage.Enabled; };
     RunTo(12, 4, 59);

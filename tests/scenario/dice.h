@@ -7,8 +7,8 @@
 
 namespace marlex {
 
-/// Luck that repeats: one seed makes the same numbers on every platform. The distributions of the
-/// standard library do not, so the ranges are worked out here.
+/// Reproducible random numbers: a seed gives the same numbers on every platform. The distributions
+/// of the standard library do not, so the ranges are computed here.
 class Dice {
  public:
   explicit Dice(std::uint64_t seed) : Numbers(seed) {}

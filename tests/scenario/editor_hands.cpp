@@ -23,7 +23,7 @@ const Texts kBadMinutes{"",
 
 WavWindow& Editor(WatchedDesk& desk) { return desk.Sys->TheWindows.TheWavWindow; }
 
-/// A box or a file dialog keeps the operator from everything behind it.
+/// A box or a file dialog blocks everything underneath it.
 bool IsAtHand(WatchedDesk& desk) {
   return Editor(desk).Visible && desk.Pc.Dialogs.OpenBoxCount() == 0;
 }
@@ -47,7 +47,8 @@ void Type(WatchedDesk& desk, TextBox WavWindow::*box, const std::string& text) {
   desk.Do([&] { (Editor(desk).*box).Text = text; });
 }
 
-/// Opens the editor where it is not, and adds a message before the key where there is none.
+/// Opens the editor if it is closed, and adds a message before pressing the button if there is
+/// none.
 Deed DrawPreview(Dice& dice) {
   const int place = dice.Between(0, 1000);
   return {"preview with message " + std::to_string(place), [place](WatchedDesk& desk) {
@@ -58,7 +59,7 @@ Deed DrawPreview(Dice& dice) {
           }};
 }
 
-/// As of an operator who has taken the wrong menu.
+/// What an operator does who has chosen the wrong menu item.
 Deed DrawGlance(Dice& dice) {
   const int lengthMs = dice.Between(0, dice.OneIn(2) ? 2000 : 20'000);
   return {"open the editor for " + std::to_string(lengthMs) + " ms", [lengthMs](WatchedDesk& desk) {
@@ -87,7 +88,7 @@ Deed DrawList(Dice& dice) {
   }
 }
 
-/// The list may be emptied, or its window closed, in the midst of it.
+/// While the drag goes on, the list may be emptied, or its window closed.
 void Drag(WatchedDesk& desk, int from, int to) {
   ListBox& list = Editor(desk).SelectedWavs;
   const auto moveTo = [&](int entry) {
@@ -173,7 +174,7 @@ Deed DrawOpen(Dice& dice) {
   });
 }
 
-/// Half of the saves are those of a sequence that is whole.
+/// Half of the saves are of a complete sequence.
 Deed DrawSave(Dice& dice) {
   static const Texts others{"", "/app/new.sch", "/app/new.seq", "/nowhere/new.sch", "/messages"};
   const std::string file = dice.OneIn(3) ? dice.Of(others) : "/app/" + dice.Of(ScheduleNames());
@@ -196,7 +197,7 @@ Deed DrawSave(Dice& dice) {
   });
 }
 
-/// Also over a box, as when another window has brought it up.
+/// Works even over a box, as if another window had brought the editor to the front.
 Deed DrawClose(Dice& dice) {
   const bool byMenu = dice.OneIn(2);
   return {byMenu ? "leave the editor" : "close the editor's window", [byMenu](WatchedDesk& desk) {

@@ -4,8 +4,8 @@
 
 namespace marlex {
 
-/// One step at the message schedule editor, which may open it, or close it again. What it saves
-/// goes over the schedules that may be open, but never over the good one.
+/// One step at the message schedule editor, which may also open or close it. A save may overwrite
+/// any schedule that may be open, but never the good one.
 Deed DrawEditorHand(Dice& dice);
 
 }  // namespace marlex

@@ -1,4 +1,4 @@
-// What random days have found, each told again with no more than it needs.
+// Faults that random days have found, each reduced to what it needs.
 
 #include <gtest/gtest.h>
 
@@ -37,8 +37,8 @@ TEST(FoundDays, ASongWhoseListWasReplacedUnderThePointerDragsNoOther) {
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 0u);
 }
 
-/// A takeover has emptied the row that waits, so that the song's end alone switches the tick on,
-/// and something happens at every moment of the second that the tick then has.
+/// A takeover has emptied the waiting row, so that only the song's end switches the tick on. Then
+/// something happens at every moment of the second that the tick has.
 TEST(FoundDays, ATickThatTheEndOfASongSwitchesOnMissesNoMinute) {
   WatchedDesk desk({.Music = {{"march", 100'040}, {"waltz"}}, .Sequences = {{.Timer = "Between"}}},
                    nullptr);

@@ -1,4 +1,4 @@
-// The music's clock over weeks.
+// The music's clock over several weeks.
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 namespace marlex {
 namespace {
 
-/// A desk with three songs of an hour and a window of music from 12:05 to 12:10 every day; it is a
-/// Monday, 12:00:33.
+/// A desk with three songs of one hour each and music from 12:05 to 12:10 every day, starting on a
+/// Monday at 12:00:33.
 class WeekDesk : public MusicDesk {
  public:
   explicit WeekDesk(const std::string& startTime = "12:05", const std::string& stopTime = "12:10",
@@ -25,8 +25,8 @@ class WeekDesk : public MusicDesk {
     Click("mnuOpen");
   }
 
-  /// Goes to this time of the wall clock, today or tomorrow, with no minute seen on the way but the
-  /// last: an hour of music costs a test much, and the clock looks at the minute alone.
+  /// Goes to this time of the wall clock, today or tomorrow, skipping every minute before the last.
+  /// An hour of music is slow to simulate, and the clock looks only at the current minute.
   void SkipTo(int hour, int minute, int second = 0) {
     constexpr int kDaySeconds = 86'400;
     constexpr int kSeenSeconds = 5;
@@ -36,7 +36,7 @@ class WeekDesk : public MusicDesk {
     Advance(kSeenSeconds * 1000);
   }
 
-  /// Goes over the next midnight.
+  /// Goes past the next midnight.
   void SkipToTomorrow() { SkipTo(0, 0, 3); }
 };
 

@@ -18,7 +18,7 @@ Deed AtHand(const std::string& what, const Step& step) {
   return {what, [step](WatchedDesk& desk) { desk.StepAtPlaylist(step); }};
 }
 
-/// Opens the editor where it is not.
+/// Opens the editor if it is closed.
 Deed OpenedAtHand(const std::string& what, const Step& step) {
   return {what, [step](WatchedDesk& desk) {
             if (!Editor(desk).Visible && desk.Shows("mnuPlaylist")) desk.Click("mnuPlaylist");
@@ -42,7 +42,7 @@ void Shuffle(FrmPlaylist& editor) {
   Require(before == after, "A shuffle has left other songs");
 }
 
-/// Also without a selection, which a preview or a shuffle leaves the key on for.
+/// Works even without a selection, since a preview or a shuffle leaves the button enabled.
 void RemoveSelected(FrmPlaylist& editor) {
   Texts expected = Songs(editor);
   const int entry = editor.SelectedMP3s.ListIndex();
@@ -52,7 +52,7 @@ void RemoveSelected(FrmPlaylist& editor) {
   Require(Songs(editor) == expected, "Other songs are gone than the one that was removed");
 }
 
-/// Where no song is chosen yet, it chooses all there are; where none is selected, it selects one.
+/// If no song is chosen yet, chooses all there are; if none is selected, selects one.
 Deed DrawPreview(Dice& dice) {
   const int place = dice.Between(0, 1000);
   return OpenedAtHand("hear song " + std::to_string(place), [place](FrmPlaylist& editor) {
@@ -62,7 +62,7 @@ Deed DrawPreview(Dice& dice) {
   });
 }
 
-/// As of an operator who has taken the wrong menu.
+/// What an operator does who has chosen the wrong menu item.
 Deed DrawGlance(Dice& dice) {
   const int lengthMs = dice.Between(0, dice.OneIn(2) ? 2000 : 20'000);
   return {"open the playlist editor for " + std::to_string(lengthMs) + " ms",
@@ -101,7 +101,7 @@ Deed DrawSong(Dice& dice) {
   }
 }
 
-/// Places of the four time lists in their order.
+/// The four time lists, in their order.
 using Times = std::array<int, 4>;
 
 void SetTimes(FrmPlaylist& editor, const Times& times) {
@@ -112,7 +112,8 @@ void SetTimes(FrmPlaylist& editor, const Times& times) {
   editor.cmbStopMinutes.SetListIndex(times[3]);
 }
 
-/// Mostly a window that the day lies in, or ends in; now and then one of the lists is left unset.
+/// Mostly a window that contains the day, or ends in it; now and then one of the lists is left
+/// unset.
 Times DrawTimes(Dice& dice) {
   Times times{};
   times[0] = dice.OneIn(2) ? 0 : dice.Between(0, 23);
@@ -147,7 +148,7 @@ Deed DrawStart(Dice& dice) {
   }
 }
 
-/// A file dialog that is open already is given this answer in the place of its own.
+/// A file dialog that is already open gets this answer instead of its own.
 Deed DrawOpen(Dice& dice) {
   static const Texts others{"", "/app/missing.lst", "/app/a.sch", "/nowhere/Day.lst",
                             "/app/new.lst"};
@@ -168,7 +169,7 @@ void Compose(FrmPlaylist& editor, int place, int choice, const Times& times) {
   for (int day = place % kWeekdays; day < kWeekdays; ++day) Desk::Operate(editor.chkDays[day]);
 }
 
-/// Half of the saves are those of a list that is whole, and some are made on a full disk.
+/// Half of the saves are of a complete list, and some are made on a full disk.
 Deed DrawSave(Dice& dice) {
   static const Texts files{"/app/Day.lst",
                            "/app/Day.lst",
@@ -204,7 +205,7 @@ Deed DrawSave(Dice& dice) {
       }};
 }
 
-/// What was saved reaches the main window by its own menu alone.
+/// The main window gets the saved list only through its own menu.
 Deed DrawHearing(Dice& /*dice*/) {
   return {"open the saved list", [](WatchedDesk& desk) {
             if (!desk.Main().Visible) return;
@@ -213,7 +214,7 @@ Deed DrawHearing(Dice& /*dice*/) {
           }};
 }
 
-/// Also over a box, as when another window has brought it up.
+/// Works even over a box, as if another window had brought the editor to the front.
 Deed DrawClose(Dice& dice) {
   const bool byMenu = dice.OneIn(2);
   return {byMenu ? "leave the playlist editor" : "close the playlist editor's window",

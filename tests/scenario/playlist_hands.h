@@ -4,8 +4,8 @@
 
 namespace marlex {
 
-/// One step at the playlist editor, which may open it, or close it again. What it saves goes over
-/// the playlists that may be open, the one in force included, but never over the good one.
+/// One step at the playlist editor, which may also open or close it. A save may overwrite any
+/// playlist that may be open, including the one in use, but never the good one.
 Deed DrawPlaylistHand(Dice& dice);
 
 }  // namespace marlex

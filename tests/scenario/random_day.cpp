@@ -14,7 +14,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// Where a file dialog is open already, it is given this answer in the place of its own.
+/// A file dialog that is already open gets this answer instead.
 Deed OpenDialog(const std::string& menu, const std::string& answer) {
   return {"choose \"" + answer + "\" through " + menu, [menu, answer](WatchedDesk& desk) {
             if (!desk.Shows(menu)) return;
@@ -28,13 +28,13 @@ Deed DrawKey(Dice& dice) {
   return ClickOn(dice.Of(keys));
 }
 
-/// What the finger on a call key does, and when.
+/// What the finger on a call button does, and when.
 struct Stroke {
   int AfterMs = 0;
   bool Down = true;
 };
 
-/// Mostly a press and its release; the hand may also tremble, miss the key, or stay on it.
+/// Mostly a press and its release; the hand may also tremble, miss the button, or stay on it.
 std::vector<Stroke> DrawStrokes(Dice& dice) {
   const int kind = dice.Between(1, 10);
   if (kind == 1) return {{0, false}};
@@ -46,7 +46,7 @@ std::vector<Stroke> DrawStrokes(Dice& dice) {
   return strokes;
 }
 
-/// The strokes come on top of whatever waits at their moment.
+/// The strokes interrupt whatever is waiting at that moment.
 Deed DrawTalk(Dice& dice) {
   const bool first = !dice.OneIn(3);
   const std::vector<Stroke> strokes = DrawStrokes(dice);
@@ -62,7 +62,7 @@ Deed DrawTalk(Dice& dice) {
           }};
 }
 
-/// What an operator does who finds the shop silent.
+/// What an operator does when the shop is silent.
 Deed SetThingsRight(Dice& /*dice*/) {
   return {"open the good list and play", [](WatchedDesk& desk) {
             if (!desk.Shows("mnuOpen")) return;
@@ -142,8 +142,8 @@ Deed DrawListHand(Dice& dice) {
   }
 }
 
-/// A cell of any row, but rather one that is marked red. A single click moves the table's row and
-/// column alone, also under an announcement.
+/// A cell of any row, preferably one that is marked red. A single click only moves the table's row
+/// and column, even during an announcement.
 Deed DrawTableHand(Dice& dice) {
   const int place = dice.Between(0, 1000);
   const int column = dice.OneIn(4) ? dice.Between(0, Grid::kColumns - 1) : kTimeColumn;
@@ -209,7 +209,7 @@ void HealEverything(WatchedDesk& desk) {
   desk.Pc.Mixer.RefusesSettings = false;
 }
 
-/// A fault that somebody takes away after a while, together with all others.
+/// A fault that somebody repairs after a while, together with all others.
 Deed DrawFault(Dice& dice) {
   const std::string path = dice.Of(BreakablePaths());
   const int lengthMs =
@@ -272,7 +272,8 @@ Deed DrawEnd(Dice& dice) {
   return {"power cut", [](WatchedDesk& desk) { desk.Restart(); }};
 }
 
-/// What happens on one day. Every day leaves some kinds out, so that what they would undo can grow.
+/// What happens on one day. Every day leaves out some kinds, so that the effects which they would
+/// undo can accumulate.
 class Luck {
  public:
   explicit Luck(Dice& dice) : TheDice(dice) {
@@ -298,8 +299,8 @@ class Luck {
   std::vector<Draw> Kinds;
 };
 
-/// The minutes of a day are lively or calm. Most of what happens in a lively one happens within
-/// seconds of its beginning, when announcements begin.
+/// The minutes of a day are either busy or quiet. In a busy one, most things happen within seconds
+/// of its beginning, when announcements begin.
 std::vector<std::int64_t> DrawTimesMs(Dice& dice, int startSecond, std::int64_t lengthMs,
                                       int calmness) {
   constexpr std::int64_t kFirstMs = 3000;
@@ -316,7 +317,7 @@ std::vector<std::int64_t> DrawTimesMs(Dice& dice, int startSecond, std::int64_t 
   return timesMs;
 }
 
-/// What is left out of a day of which only a part is lived.
+/// Skips the rest of a day of which only a part is simulated.
 Deed SkipTheRestOfTheDay() {
   constexpr int kDaySeconds = 86'400;
   return {"the rest of the day goes by",
@@ -339,7 +340,8 @@ RandomDay::RandomDay(std::uint64_t seed, Span span)
     constexpr int kLastMinutes = 40;  // before midnight
     Installation.Now[3] = 23;
     Installation.Now[4] = dice.Between(kLastMinutes, 59);
-    // A week of songs of no length is half a milliard of events; the days have them too.
+    // In a week, songs without any length would cause half a billion events; the days have them
+    // too.
     constexpr int kShortestSongMs = 20'000;
     for (Medium& song : Installation.Music)
       song.LengthMs = std::max(song.LengthMs, kShortestSongMs);

@@ -9,16 +9,16 @@
 
 namespace marlex {
 
-/// One thing that befalls the desk.
+/// One thing that happens to the desk.
 struct Happening {
   std::int64_t AtMs = 0;  // of the day
-  std::string What;       // for whoever reads the list
+  std::string What;       // for the reader of the list
   std::function<void(WatchedDesk&)> Do;
 };
 
-/// An installation and what happens to it in three quarters of an hour, or, sparsely, in a week,
-/// all drawn from one seed. What happens is fixed beforehand and does not look at the desk, so that
-/// a day may be told again with some of it left out.
+/// An installation and everything that happens to it in three quarters of an hour or, more
+/// sparsely, in a week, all drawn from one seed. The events are fixed beforehand and do not depend
+/// on the desk, so that a day can be run again with some of them left out.
 struct RandomDay {
   enum class Span { Day, Week };
   explicit RandomDay(std::uint64_t seed, Span span = Span::Day);
@@ -35,11 +35,11 @@ struct RandomDay {
   std::string Describe() const;
 };
 
-/// Whatever a random day may have broken, as the paths that a healing has to name.
+/// Everything that a random day may have broken, as the paths that a repair has to name.
 const std::vector<std::string>& BreakablePaths();
 
-// Always sound, though not at first in use: a list of one song without a window, and a schedule of
-// a row every ten minutes.
+// Never broken, though not in use at first: a list of one song without a window, and a schedule
+// with a row every ten minutes.
 inline constexpr const char* kGoodPlaylist = "/app/Good.lst";
 inline constexpr const char* kGoodSchedule = "/app/good.sch";
 

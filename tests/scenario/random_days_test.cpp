@@ -11,7 +11,7 @@
 namespace marlex {
 namespace {
 
-// The sanitizers take their time.
+// The sanitizers are slow.
 #if defined(__SANITIZE_ADDRESS__)
 constexpr int kUsualSeeds = 30;
 #else
@@ -19,7 +19,7 @@ constexpr int kUsualSeeds = 100;
 #endif
 constexpr int kSeedsForAllCorners = 60;
 
-/// Seeds to run, both included.
+/// Seeds to run, both ends included.
 struct Seeds {
   int First = 1;
   int Last = kUsualSeeds;
@@ -39,10 +39,11 @@ Seeds ChosenSeeds() {
 
 struct Failure {
   std::string Rule;   // and when it broke
-  std::string Story;  // what had been going on
+  std::string Story;  // what had happened before
 };
 
-/// Lets everything happen, waits for the end of what lasts, and asks for the next announcement.
+/// Runs all happenings, waits until everything that lasts has ended, and requires the next
+/// announcement.
 void Live(WatchedDesk& desk, const RandomDay& day, const std::vector<Happening>& happenings) {
   for (const Happening& happening : happenings) {
     desk.AdvanceToMs(happening.AtMs);
@@ -53,7 +54,7 @@ void Live(WatchedDesk& desk, const RandomDay& day, const std::vector<Happening>&
   Recovery(desk).Run();
 }
 
-/// Tells the day, with these happenings alone, and gives what went wrong.
+/// Runs the day with only these happenings, and returns what went wrong.
 std::optional<Failure> Tell(const RandomDay& day, const std::vector<Happening>& happenings,
                             CornerCounts& corners) {
   WatchedDesk desk(day.Installation, day.Prepare);
@@ -76,7 +77,7 @@ bool StillBreaks(const RandomDay& day, const std::vector<Happening>& happenings,
   return failure && FirstLine(failure->Rule) == rule;
 }
 
-/// Leaves out whatever the fault does not need: halves first, then ever smaller parts.
+/// Removes everything that the fault does not need: halves first, then ever smaller parts.
 std::vector<Happening> Shrink(const RandomDay& day, const std::string& rule) {
   std::vector<Happening> kept = day.Happenings;
   for (std::size_t part = (kept.size() + 1) / 2; part > 0; part /= 2) {
@@ -110,7 +111,8 @@ std::string Report(int seed, const RandomDay& day, const Failure& failure) {
   return text + shrunk.Rule + "\n" + Tail(shrunk.Story);
 }
 
-/// A campaign that no longer came to the corners that it is told for would pass for nothing.
+/// Without this check, a campaign that no longer reaches its corners would pass without testing
+/// anything.
 void ExpectAllCorners(CornerCounts& corners) {
   for (const char* corner : {"a takeover in a fade",
                              "a takeover in a message",
@@ -183,7 +185,7 @@ TEST(RandomDays, WhateverHappensTheDeskKeepsItsRulesAndAnnouncesTheNextRow) {
   if (seeds.Count() >= kSeedsForAllCorners) ExpectAllCorners(corners);
 }
 
-/// A week costs as much as several days, so there is one for every so many seeds.
+/// A week costs as much as several days, so only one is run for every few seeds.
 TEST(RandomDays, AWeekInWhichLittleHappensKeepsTheRulesToo) {
   constexpr int kSeedsPerWeek = 4;
   const Seeds seeds = ChosenSeeds();

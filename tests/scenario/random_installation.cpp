@@ -28,7 +28,8 @@ int LengthOf(Dice& dice, int longestMs) {
   return dice.Between(1, longestMs / 100) * 100 + 37;
 }
 
-/// Digits at their places or zeros, "1234007"; now and then short, foreign or empty.
+/// Digits at their places or zeros, "1234007"; now and then too short, with foreign characters, or
+/// empty.
 std::string Mask(Dice& dice, int length) {
   std::string mask;
   for (int place = 1; place <= length; ++place) mask += dice.OneIn(4) ? "0" : std::to_string(place);
@@ -86,7 +87,7 @@ std::string MessagesText(Dice& dice) {
   return messages;
 }
 
-/// None, one of ours, an announcement, or a file that was never there.
+/// None, one of ours, an announcement, or a file that never existed.
 std::string Chime(Dice& dice) {
   return dice.Of(Texts{"", "", "ding", "ding", "dong", "dong", "gong", "lost chime"});
 }

@@ -56,10 +56,10 @@ void Recovery::Heal() {
     TheDesk.Pc.Disk.Heal(path);
   }
   TheDesk.Pc.Mixer.RefusesSettings = false;
-  AddGoodFiles(TheDesk.Pc.Disk);  // a save may have been given a name that was meant for another
+  AddGoodFiles(TheDesk.Pc.Disk);  // a save may have overwritten them by mistake
 }
 
-/// A box closes when the waits that stand on it have ended.
+/// A box closes once the waits on top of it have ended.
 void Recovery::AnswerBoxes() {
   SimulatedDialogs& dialogs = TheDesk.Pc.Dialogs;
   dialogs.AnswerAfterMs = 0;
@@ -70,7 +70,7 @@ void Recovery::AnswerBoxes() {
   }
 }
 
-/// The schedule goes on once the editor is closed. A program that has ended took its windows along.
+/// The schedule resumes once the editor is closed. A program that has ended took its windows along.
 void Recovery::CloseWindows() {
   if (TheDesk.Pc.Process.Ended()) return;
   Windows& windows = TheDesk.Sys->TheWindows;
@@ -82,7 +82,7 @@ void Recovery::CloseWindows() {
           "An editor does not close");
 }
 
-/// The line is found a second after the plug.
+/// The line is found one second after it is plugged in.
 void Recovery::RunProgram() {
   constexpr int kSplashMs = 2500;
   if (TheDesk.Pc.Process.Ended()) TheDesk.Restart();
@@ -91,7 +91,7 @@ void Recovery::RunProgram() {
     TheDesk.Click("cmdOK");
     TheDesk.Advance(kSplashMs);
   }
-  // Settings that could not be read have made a first run of it.
+  // Unreadable settings have made this a first run.
   if (TheDesk.Sys->TheWindows.frmSettings.Visible) TheDesk.Click("cmdCancel");
   if (TheDesk.Pc.Process.Ended()) TheDesk.Restart();
   Require(TheDesk.Main().Visible, "The main window does not come up");
@@ -99,7 +99,7 @@ void Recovery::RunProgram() {
   TheDesk.Advance(1000);
 }
 
-/// The hand of an operator who has found out why all is silent.
+/// What an operator does after finding out why there is no sound.
 void Recovery::ChooseDirectories() {
   const Settings& settings = TheDesk.Values();
   if (settings.MusicDirectory == "/music/" && settings.MessageDirectory == "/messages/") return;
@@ -133,20 +133,20 @@ void Recovery::LetGoOfTheKey() {
   EndWaits();
 }
 
-/// After a call that the amplifier has cut off it takes another one.
+/// After a call that the amplifier has cut off, the tick stays off until another call.
 bool Recovery::TickStandsStill() {
   return !TheDesk.Sys->TheFrmPlayers.tmrMessage.Enabled && !TheDesk.State().MessageAwaitingSongEnd;
 }
 
-/// A press speaks, but for the first one with a pre-chime after calls without any before the first
-/// WAV of all: it is taken for released.
+/// Every press speaks, with one exception: the first call with a pre-chime after calls without one,
+/// before the first WAV of all, counts as released immediately.
 void Recovery::Call() {
   const bool isLost = TheDesk.State().CallEndedDuringChime && !TheDesk.Values().PreChime.empty();
   if (isLost) CallOnce();
   Require(CallOnce(), "No call comes through");
 }
 
-/// Presses, speaks for a while, and releases. False when the press has come to nothing.
+/// Presses, speaks for a while, and releases. False when the press had no effect.
 bool Recovery::CallOnce() {
   const int key = TheDesk.Values().RouterPresent ? 1 : 2;
   TheDesk.TakeJournal();
@@ -174,7 +174,7 @@ void Recovery::OpenGoodList() {
   TheDesk.Click("cmdPlay");
 }
 
-/// Whether the music's clock may have a hand in the announcement of this row: it stops only what it
+/// Whether the music's clock may interfere with the announcement of this row: it stops only what it
 /// has started, from its stop time on, and may have done so already.
 bool Recovery::ClockMayStopBy(const DueRow& row) {
   constexpr int kLongestAnnouncementMinutes = 10;
@@ -190,7 +190,7 @@ bool Recovery::ClockMayStopBy(const DueRow& row) {
   return !today || MinuteText({.Hour = over / 60, .Minute = over % 60}) >= settings.MusicStopTime;
 }
 
-/// Runs to ten seconds before a row that nothing keeps from firing.
+/// Runs to ten seconds before a row that nothing prevents from firing.
 Recovery::DueRow Recovery::AwaitRow() {
   constexpr int kTries = 8;
   constexpr int kReadySecond = 50;
@@ -199,7 +199,7 @@ Recovery::DueRow Recovery::AwaitRow() {
       return AtRest(TheDesk) && TheDesk.Sys->TheFrmPlayers.tmrMessage.Enabled;
     };
     Require(TheDesk.Pc.Loop.RunUntil(tickIsOn, kLongestWaitMs), "The tick does not come back");
-    // In the last seconds of a minute the next one can no longer be prepared for.
+    // In the last seconds of a minute it is too late to prepare for the next one.
     const int second = TheDesk.Pc.Clock.Now().Second;
     TheDesk.Advance(second >= kReadySecond ? (60 - second) * 1000 : 0);
     if (!tickIsOn()) continue;
@@ -211,7 +211,7 @@ Recovery::DueRow Recovery::AwaitRow() {
     }
     if (!row) row = NextRow("");  // tomorrow's first
     Require(row.has_value(), "The good schedule has no row");
-    // A list of songs of a moment each would go round millions of times until the row comes.
+    // A list of extremely short songs would start over millions of times before the row is due.
     constexpr double kMomentSeconds = 1;
     const bool moments = TheDesk.Pc.Song.Duration() < kMomentSeconds;
     if (moments || ClockMayStopBy(*row)) OpenGoodList();
@@ -223,8 +223,8 @@ Recovery::DueRow Recovery::AwaitRow() {
   throw BrokenRule("The desk does not come to rest");
 }
 
-/// The first row behind this minute that fires today: of a minute only the first counts, also when
-/// it does not run today.
+/// The first row after this minute that fires today. Only the first row of each minute counts, even
+/// if it does not run today.
 std::optional<Recovery::DueRow> Recovery::NextRow(const std::string& after) {
   const Grid& table = TheDesk.Main().grdSchedule;
   std::string seen;
@@ -237,7 +237,7 @@ std::optional<Recovery::DueRow> Recovery::NextRow(const std::string& after) {
   return std::nullopt;
 }
 
-/// Without the sixth character of the mask, as the tick reads it.
+/// Ignores the sixth character of the mask, as the tick does.
 bool Recovery::RunsToday(int row) {
   std::string mask = TheDesk.Cell(row, kDaysColumn);
   if (mask.size() >= 6) mask.erase(5, 1);
@@ -255,7 +255,7 @@ Recovery::DueRow Recovery::RowAt(int row) {
   return due;
 }
 
-/// False when another row began before the last byte of this one had gone out.
+/// False when another row began before the last byte of this one was sent.
 bool Recovery::Announce(const DueRow& row) {
   Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music has stopped by itself");
   TheDesk.TakeJournal();
@@ -284,7 +284,7 @@ std::string Recovery::Lines(const std::string& categories) {
   return lines;
 }
 
-/// Songs may end and begin around the announcement; the one that is paused comes back.
+/// Songs may end and begin around the announcement; a paused one comes back.
 void Recovery::RequireHeard(const DueRow& row) {
   std::string expected;
   for (const std::string& file : row.Files) {
@@ -301,7 +301,7 @@ void Recovery::RequireHeard(const DueRow& row) {
           ByText("The music does not make way and come back", "", songs));
 }
 
-/// Zones less than the routing delay before the music's are taken back are never sent.
+/// Zones that the music's would replace within the routing delay are never sent.
 void Recovery::RequireSent(const DueRow& row) {
   const int lengthMs = MessagesMs(row);
   if (std::abs(lengthMs - kRoutingDelayMs) < kCloseMs) return;
@@ -323,7 +323,8 @@ int Recovery::MessagesMs(const DueRow& row) {
   return lengthMs;
 }
 
-/// The byte for six places, in each of which `fed`, or its own digit when that is 0, feeds a zone.
+/// The byte for six places. A place feeds its zone if it holds `fed` or, when `fed` is 0, its own
+/// digit.
 std::string Recovery::ByteFor(const std::string& zones, char fed) {
   int byte = 0;
   for (std::size_t place = 0; place < kZones && place < zones.size(); ++place) {
@@ -333,7 +334,7 @@ std::string Recovery::ByteFor(const std::string& zones, char fed) {
   return std::to_string(byte == 0 ? 0 : byte + TheDesk.Values().OwnPriorityLevel);
 }
 
-/// A rise that touches full level on its way past the target stays there.
+/// A fade up that reaches full level on its way past the target stays there.
 void Recovery::RequireRestored() {
   constexpr int kTouchesFullLevel = 4000;
   const int volume = TheDesk.Values().MusicVolume;

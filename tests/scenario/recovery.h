@@ -8,10 +8,10 @@
 
 namespace marlex {
 
-/// Takes every fault away, answers every box, has the operator press Stop and Play once, and then
-/// asks for what the program is there for: that the next row is announced in full, the music comes
-/// back, and the next call speaks. Throws a BrokenRule when one of them fails. Only where the
-/// amplifier has cut a call off, a whole call comes first.
+/// Repairs every fault, answers every box, lets the operator press Stop and Play once, and then
+/// requires what the program exists for: the next row is announced in full, the music comes back,
+/// and the next call can be heard. Throws a BrokenRule when one of them fails. Only if the
+/// amplifier has cut off a call, a complete call comes first.
 class Recovery {
  public:
   explicit Recovery(WatchedDesk& desk) : TheDesk(desk) {}

@@ -6,12 +6,12 @@
 
 namespace marlex {
 
-/// Something that must always hold did not.
+/// A rule that must always hold was broken.
 struct BrokenRule : std::logic_error {
   using std::logic_error::logic_error;
 };
 
-/// Throws a BrokenRule with this text where the rule does not hold.
+/// Throws a BrokenRule with this text unless the rule holds.
 inline void Require(bool holds, std::string_view rule) {
   if (!holds) throw BrokenRule(std::string(rule));
 }

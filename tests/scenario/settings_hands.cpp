@@ -29,8 +29,8 @@ bool PickerIsOpen(WatchedDesk& desk) {
   return windows.frmDirSel.Visible || windows.frmChimeSelect.Visible;
 }
 
-/// The type of the amplifier is changed in one go while no call is told: a port that closes in a
-/// takeover never hears of its end.
+/// Changes the type of the amplifier in one step, and only while the amplifier reports no call: a
+/// port that is closed during a takeover never receives its end.
 Deed ChangeAmplifier(const std::string& type) {
   return {"change the amplifier by " + type, [type](WatchedDesk& desk) {
             if (!desk.Main().Visible || desk.State().AmplifierStatus != 0) return;
@@ -38,7 +38,7 @@ Deed ChangeAmplifier(const std::string& type) {
             desk.Click("mnuSettings");
             desk.Click(type);
             desk.Click("cmdOK");
-            // Without its directories, as of a file that cannot be read, the dialog has refused.
+            // Without its directories, as after an unreadable file, the dialog has refused.
             if (desk.Sys->TheWindows.frmSettings.Visible) desk.Click("cmdCancel");
           }};
 }
@@ -78,7 +78,7 @@ Deed DrawSettingsHand(Dice& dice) {
 
 namespace {
 
-/// The settings come first where they are not open.
+/// Opens the settings first if they are closed.
 Deed OpenPicker(const std::string& key) {
   return {"open a picker by " + key, [key](WatchedDesk& desk) {
             if (!desk.Shows(key) && desk.Shows("mnuSettings")) desk.Click("mnuSettings");
@@ -86,7 +86,7 @@ Deed OpenPicker(const std::string& key) {
           }};
 }
 
-/// Half of the directories that are chosen are those that the installation has its media in.
+/// Half of the directories that are chosen are the ones that hold the installation's media.
 void ChooseDirectory(WatchedDesk& desk, int place, bool right) {
   FrmDirSel& picker = desk.Sys->TheWindows.frmDirSel;
   if (right) {

@@ -9,16 +9,16 @@
 
 namespace marlex {
 
-/// Something that an operator does, and its words for whoever reads the list.
+/// Something that an operator does, and its description for the reader of the list.
 using Deed = std::pair<std::string, std::function<void(WatchedDesk&)>>;
 
-/// Nothing where no window shows the control.
+/// Does nothing when no window shows the control.
 Deed ClickOn(const std::string& control);
 
-/// A click on an entry of a list, in the midst of an event. Nothing where the list is empty.
+/// A click on an entry of a list, in the middle of an event. Does nothing when the list is empty.
 void ClickEntry(ListBox& list, int place);
 
-/// One step at the settings dialog, which may open it, or close it again.
+/// One step at the settings dialog, which may also open or close it.
 Deed DrawSettingsHand(Dice& dice);
 
 /// One step at the pickers of directories and chimes, opened from the settings dialog.

@@ -6,17 +6,17 @@
 
 namespace marlex {
 
-/// A desk whose journal is told by the wall clock: "12:01:00.500 song pause". The clock may go over
+/// A desk whose journal has wall-clock times: "12:01:00.500 song pause". The clock may pass
 /// midnight but must not be set.
 class Story : public Desk {
  public:
   explicit Story(const DeskOptions& options);
 
-  /// Forgets what has happened and tells from this moment on.
+  /// Discards everything recorded so far and starts at this moment.
   void Begin();
 
-  /// All lines since the beginning; a line that is no effect of the system, such as a byte from the
-  /// amplifier, is put in with `Note`.
+  /// All lines since the beginning. A line that is not an effect of the system, such as a byte from
+  /// the amplifier, is added with `Note`.
   std::string Told() const;
   void Note(const std::string& line) { Pc.Journal.Write("-", line); }
 

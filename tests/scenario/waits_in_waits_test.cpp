@@ -1,5 +1,5 @@
-// The clock is set forward in the fade in which the music's clock stops a song: a second tick plays
-// its row on top of the first, which waits underneath for its own.
+// The clock is set forward during the fade with which the music's clock stops a song. A second tick
+// then plays its row on top of the first tick, which is still waiting underneath for its own row.
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ DeskOptions Installation() {
           .WeekDays = "1234567"};
 }
 
-/// Some 58 seconds behind its start the clock says 12:01 and the fade begins; half a second later
+/// About 58 seconds after its start the clock says 12:01 and the fade begins; half a second later
 /// it says 12:02.
 class NestedDesk : public WatchedDesk {
  public:

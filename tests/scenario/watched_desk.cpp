@@ -13,7 +13,7 @@ WatchedDesk::WatchedDesk(const DeskOptions& options,
   Start();
 }
 
-/// The system's controls report to the inspectors, and go before them.
+/// The system is destroyed before the inspectors, since its controls report to them.
 WatchedDesk::~WatchedDesk() {
   Pc.Kill();
   Sys.reset();
@@ -35,7 +35,7 @@ void WatchedDesk::StrikeCallKey(int key, bool down) {
   if (!Main().Visible) return;
   TheInspectors->Traces.Check();  // a nested stroke may be the first event of a call
   if (!down) {
-    TheInspectors->Call.NoteRelease();  // either key ends the call of the other
+    TheInspectors->Call.NoteRelease();  // either button ends the call of the other
     return button.OnMouseUp(MouseButton::Left);
   }
   if (!button.Enabled || !button.Visible) return;

@@ -12,9 +12,9 @@ namespace marlex {
 
 class Inspectors;
 
-/// A desk whose inspectors test after every event, nested ones included, what must always hold, and
-/// throw a BrokenRule out of the call that let time pass. Each run of the program has inspectors of
-/// its own.
+/// A desk whose inspectors check, after every event including nested ones, what must always hold. A
+/// violation is thrown as a BrokenRule out of the call that let time pass. Each run of the program
+/// has its own inspectors.
 class WatchedDesk : public Desk {
  public:
   WatchedDesk(const DeskOptions& options, const std::function<void(SimulatedPc&)>& prepare);
@@ -26,15 +26,15 @@ class WatchedDesk : public Desk {
 
   CornerCounts Corners;
 
-  // The operator's hands, for what a plain desk's cannot do.
+  // The operator's hands, for what those of a plain desk cannot do.
 
-  /// Call key 1 or 2 goes down or up. To be called from an event. A key that is disabled cannot be
-  /// pressed.
+  /// Presses or releases call button 1 or 2. To be called from an event. A disabled button cannot
+  /// be pressed.
   void StrikeCallKey(int key, bool down);
   bool CallWasPressed() const;  // since the start of the program
-  bool KeyIsHeld() const;       // a call key, since a press that began a call
+  bool KeyIsHeld() const;       // a call button, since a press that began a call
 
-  /// The operator does something at the playlist editor, as one event, if it is open and no box
+  /// The operator does something in the playlist editor, as one event, if it is open and no box
   /// covers it.
   void StepAtPlaylist(const std::function<void(FrmPlaylist&)>& step);
 

@@ -6,8 +6,8 @@
 
 namespace marlex {
 
-/// A byte to the amplifier is the release, or it carries our own priority and the zones that the
-/// labels show. A takeover holds such a byte back, and without a router none goes out at all.
+/// Every byte to the amplifier is either the release, or our own priority with the zones that the
+/// labels show. A takeover holds such a byte back, and without a router none is sent at all.
 class BytesInspector : public Inspector {
  public:
   using Inspector::Inspector;

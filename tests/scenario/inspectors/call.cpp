@@ -8,7 +8,7 @@ void CallInspector::Check() {
   CheckThatSomebodyHoldsIt();
 }
 
-/// A call that only pumps does not count as waiting, but takes no time either.
+/// A call that only delivers events does not count as waiting, but takes no time either.
 void CallInspector::CheckThatSomebodyHoldsIt() {
   if (!AtRest(TheDesk) || !State().CallActive || Held) return LeftAtMs.reset();
   if (!LeftAtMs) LeftAtMs = NowMs();

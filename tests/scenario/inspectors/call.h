@@ -8,8 +8,8 @@
 
 namespace marlex {
 
-/// No call outlives the finger on its key: one whose release leaves its waits ends with them. The
-/// lamps flash while a call is prepared or ends, and for nothing else.
+/// No call outlives the finger on its button: once released, it ends as soon as its waits have
+/// ended. The lamps flash while a call is being prepared or is ending, and at no other time.
 class CallInspector : public Inspector {
  public:
   using Inspector::Inspector;
@@ -26,10 +26,10 @@ class CallInspector : public Inspector {
 
   bool Held = false;
   bool Pressed = false;
-  std::optional<std::int64_t> LeftAtMs;  // by the finger, and the call is still on
+  std::optional<std::int64_t> LeftAtMs;  // when the finger left, if the call is still on
 };
 
-/// Both call keys have this caption.
+/// Both call buttons have this caption.
 bool CallKeysSay(Desk& desk, StringId caption);
 
 }  // namespace marlex

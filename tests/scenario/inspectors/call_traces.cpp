@@ -14,7 +14,7 @@ void CallTraces::Check() {
   }
   const bool called = flags.CallActive || TickOff;
   IsStanding = called || (IsStanding && TheDesk.Pc.Loop.Waits() > 1);
-  // Without a router the end of a call paints no zones, whoever has painted them before.
+  // Without a router the end of a call paints no zones, whatever has painted them before.
   if (IsStanding && !Values().RouterPresent) Zones = true;
   OverWaitingRow = flags.MessageAwaitingSongEnd && (OverWaitingRow || IsStanding);
   OverMessage = flags.MessagePlaying && (OverMessage || IsStanding);

@@ -4,9 +4,9 @@
 
 namespace marlex {
 
-/// What a call holds while it lasts and what it leaves behind: a tick that is off, a message that
-/// is cut off, zones, dead keys. Has no rules; other inspectors ask it what to excuse. Deliberate:
-/// a call that is cut short leaves its traces until the next whole one ends.
+/// What a call holds while it lasts and what it leaves: a tick that is off, a message that is cut
+/// off, zones, disabled buttons. Has no rules; other inspectors ask it what to excuse. Deliberate:
+/// a call that is cut short leaves its traces until the end of the next complete call.
 class CallTraces : public Inspector {
  public:
   using Inspector::Inspector;
@@ -15,32 +15,32 @@ class CallTraces : public Inspector {
 
   void NotePress();  // that begins a call
 
-  /// A call is active, or some of its waits are left.
+  /// A call is active, or some of its waits have not ended yet.
   bool Stands() const { return IsStanding; }
 
-  /// A call switched the tick off, and nobody has switched it on again.
+  /// A call switched the tick off, and nothing has switched it on again.
   bool HoldsTick() const { return TickOff; }
 
-  /// The amplifier, or a release kept from an earlier call, ended a call before it put things
-  /// right.
+  /// The amplifier, or a release remembered from an earlier call, ended a call before it had
+  /// restored everything.
   bool IsCutShort() const { return CutShort; }
 
-  /// A call came over a row that waits for the song's end, and leaves it with the tick on.
+  /// A call began while a row waited for the song's end, and leaves that row with the tick on.
   bool StandsOverWaitingRow() const { return OverWaitingRow; }
 
-  /// A call cut the message off that still plays by the flags.
+  /// A call cut off the message that is still playing according to the flags.
   bool StandsOverMessage() const { return OverMessage; }
 
-  /// The WAV that sounds began under a call, or in its takeover.
+  /// The WAV that is heard began during a call, or during its takeover.
   bool OwnsWav() const { return OwnWav; }
 
-  /// A release ended the wait of the fade that runs.
+  /// A release ended the wait of the fade that is running.
   bool OwnsFade() const { return OwnFade; }
 
   /// The labels need not show the zones of the music.
   bool LeavesZones() const { return Zones; }
 
-  /// The transport keys may be dead: those of an announcement that a call cut off.
+  /// The transport buttons may be disabled: those of an announcement that a call cut off.
   bool LeavesKeysDead() const { return DeadKeys; }
 
  private:

@@ -8,8 +8,8 @@
 
 namespace marlex {
 
-/// Counts the events that find the desk in a corner of its life, so that a campaign that no longer
-/// comes there is noticed. Has no rules.
+/// Counts the events after which the desk is in a rare situation, so that a campaign that no longer
+/// reaches one of them is noticed. Has no rules.
 class CornerCounter : public Inspector {
  public:
   CornerCounter(const Scene& scene, const SequenceEditorInspector& editor,

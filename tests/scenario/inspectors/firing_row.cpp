@@ -3,15 +3,15 @@
 namespace marlex {
 
 void FiringRowInspector::Check() {
-  // Whether a row has fired is read off the tick's timer, which the editor switches as well.
+  // The tick's timer shows whether a row has fired, but the editor switches that timer as well.
   if (Editor.ComesOrGoes()) BegunInWaits.reset();
   CheckRowThatFires();
   CheckMinute();
   CheckSearch();
 }
 
-/// Whoever switches the tick off, other than a call or the editor, has just painted the row that
-/// fires.
+/// Anything that switches the tick off, other than a call or the editor, has just painted the row
+/// that fires.
 void FiringRowInspector::CheckRowThatFires() {
   if (!Before.TickOn || TickIsOn() || Call.HoldsTick()) return;
   if (Editor.IsOpen() && !Editor.WasOpen()) return;
@@ -37,7 +37,8 @@ void FiringRowInspector::CheckMinute() {
   if (!State().PriorityClear) BegunInWaits.reset();
 }
 
-/// The search is over where the tick is off, or where the wait is over in which it may be.
+/// The search is over when the tick is off, or when the wait in which the search may be going on
+/// has ended.
 void FiringRowInspector::CheckSearch() {
   if (!BegunInWaits) return;
   if (!TickIsOn()) {

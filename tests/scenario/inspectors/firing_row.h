@@ -10,9 +10,10 @@
 
 namespace marlex {
 
-/// A minute that the tick takes up has its row fire, or has none, and nothing fires under a call.
-/// The row is sought after the fade of the music's stop: another minute that comes in this fade
-/// takes the place of the first, and a call of the amplifier that begins in it loses the row.
+/// When the tick takes up a minute, the row of that minute fires, if there is one; nothing fires
+/// during a call. The row is looked up after the fade that stops the music: another minute that
+/// comes during this fade replaces the first, and a call of the amplifier that begins during it
+/// drops the row.
 class FiringRowInspector : public Inspector {
  public:
   FiringRowInspector(const Scene& scene, const SequenceEditorInspector& editor,
@@ -31,7 +32,7 @@ class FiringRowInspector : public Inspector {
   const CallTraces& Call;
   const TickInspector& Tick;
   const TableInspector& Table;
-  std::optional<int> BegunInWaits;  // a minute whose row is yet to be sought
+  std::optional<int> BegunInWaits;  // a minute whose row is not looked up yet
 };
 
 }  // namespace marlex

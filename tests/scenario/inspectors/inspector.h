@@ -10,8 +10,8 @@
 
 namespace marlex {
 
-/// How the desk stood before the event that has just ended. Holds only what several inspectors ask
-/// for; what one alone needs, it remembers itself.
+/// The state of the desk before the event that has just ended. Holds only what several inspectors
+/// ask for; each inspector remembers by itself what it alone needs.
 struct DeskBefore {
   explicit DeskBefore(Desk& desk);
 
@@ -23,7 +23,8 @@ struct DeskBefore {
   std::size_t JournalLines = 0;
 };
 
-/// How often the desk was found in each of the corners that a campaign must reach, by event.
+/// For each of the corners that a campaign must reach, the number of events after which the desk
+/// was in it.
 using CornerCounts = std::map<std::string, int>;
 
 /// What every inspector is given.
@@ -33,7 +34,7 @@ struct Scene {
   CornerCounts& Corners;
 };
 
-/// Whether the journal has this word in one of the lines from this one on.
+/// Whether the journal has this word in a line from the given one on.
 bool JournalHas(const Journal& journal, std::string_view word, std::size_t firstLine);
 
 /// Watches one part of the desk. Lives as long as one run of the program.
@@ -45,11 +46,11 @@ class Inspector {
   Inspector(const Inspector&) = delete;
   Inspector& operator=(const Inspector&) = delete;
 
-  /// Throws a BrokenRule if the event that has just ended broke one. Called after every event,
-  /// nested ones included.
+  /// Throws a BrokenRule if the event that has just ended broke a rule. Called after every event,
+  /// including nested ones.
   virtual void Check() = 0;
 
-  /// Takes the desk as it stands for the next check. Called once all inspectors have checked.
+  /// Remembers the state of the desk for the next check. Called once all inspectors have checked.
   virtual void Remember() {}
 
  protected:
@@ -64,12 +65,12 @@ class Inspector {
     return State().PriorityPreempted && !Before.Flags.PriorityPreempted;
   }
 
-  /// Whether the event has put a line with this word into the journal.
+  /// Whether the event has written a line with this word to the journal.
   bool Journaled(std::string_view word) const {
     return JournalHas(TheDesk.Pc.Journal, word, Before.JournalLines);
   }
 
-  /// What a preview, of a song as of messages, neither begins under nor goes on.
+  /// A condition under which no preview, of a song or of messages, begins or continues.
   bool OutrunsPreviews() const {
     return State().CallActive || State().MessagePlaying || State().PriorityPreempted ||
            State().AmplifierStatus >= kHighPriority;
@@ -80,7 +81,7 @@ class Inspector {
   CornerCounts& Corners;
 };
 
-/// Nothing waits, and the main window is up.
+/// Nothing is waiting, and the main window is open.
 inline bool AtRest(Desk& desk) { return desk.Pc.Loop.Waits() == 1 && desk.Main().Visible; }
 
 }  // namespace marlex

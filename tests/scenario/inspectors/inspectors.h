@@ -32,11 +32,12 @@ class Inspectors {
  public:
   Inspectors(Desk& desk, CornerCounts& corners);
 
-  /// After an event: all check, then all remember.
+  /// Called after an event: all inspectors check, then all remember.
   void Check();
 
-  /// The operator is about to press a call key, which begins a call. The events in the waits of the
-  /// press are checked before the press itself is, so it must be known beforehand.
+  /// The operator is about to press a call button, which begins a call. This must be known
+  /// beforehand, since the events during the waits of the press are checked before the press
+  /// itself.
   void NotePress();
 
  private:
@@ -71,9 +72,9 @@ class Inspectors {
   WaitsInspector Waits;
   CornerCounter Corners;
 
-  /// Those that check while the main window is loaded, in the order in which they do: each comes
-  /// after the ones whose findings about the same event it asks for, but for the editor, which asks
-  /// how the call stood before the event.
+  /// Those that check while the main window is loaded, in the order in which they check. Each comes
+  /// after the ones whose findings about the same event it needs. The exception is the editor,
+  /// which asks how the call was before the event.
   std::array<Inspector*, 19> InOrder;
 };
 

@@ -5,9 +5,9 @@
 namespace marlex {
 
 /// A takeover mutes the master until status 0, and nothing else ever mutes it. During a takeover
-/// only what starts opens it again: the messages of a row that was waiting for the song's end, or
-/// of a row of the very tick that the takeover interrupted, and, once a lower status lets us start,
-/// whatever then starts.
+/// only something that starts opens it again: the messages of a row that was waiting for the song's
+/// end, those of a row of the very tick that the takeover interrupted, and, once a lower status
+/// lets us start, anything that then starts.
 class MasterMuteInspector : public Inspector {
  public:
   using Inspector::Inspector;

@@ -5,8 +5,8 @@
 
 namespace marlex {
 
-/// The microphone is open only while a call speaks, with its key held and both keys saying so, and
-/// never under a takeover.
+/// The microphone is open only while a call is in its speaking phase, with its button held and both
+/// buttons saying so, and never during a takeover.
 class MicrophoneInspector : public Inspector {
  public:
   MicrophoneInspector(const Scene& scene, const CallInspector& call)

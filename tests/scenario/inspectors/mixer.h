@@ -6,9 +6,9 @@
 
 namespace marlex {
 
-/// Sliders stay between their ends, the card's lines are where their sliders and mutes are, and a
-/// fade runs exactly as long as its timer. A line whose last setting the card refused stays where
-/// it is until the next one.
+/// Sliders stay within their range, the card's lines match their sliders and mutes, and a fade runs
+/// exactly as long as its timer. A line whose last setting was refused by the card stays where it
+/// is until the next setting.
 class MixerInspector : public Inspector {
  public:
   using Inspector::Inspector;

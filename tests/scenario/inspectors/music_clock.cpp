@@ -27,7 +27,7 @@ void MusicClockInspector::CheckStop() {
   Require(Before.Flags.MusicStartedBySchedule, "The clock stops music that it has not started");
 }
 
-/// The event may have come with another day.
+/// The date may have changed together with the event.
 bool MusicClockInspector::IsInWindow(const MusicTimes& times) const {
   const std::string& minute = Tick.LastMinute();
   const bool on = DayIsOn(times.WeekDays, TheDesk.Pc.Clock.Now().Weekday) ||

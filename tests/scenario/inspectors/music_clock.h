@@ -7,9 +7,9 @@
 
 namespace marlex {
 
-/// The clock starts music only with a new minute inside its window, and never where the stop key, a
-/// call or the amplifier bars it. It stops only what it has started, and nothing once the operator
-/// has overridden it; an override lasts as long as the program.
+/// The clock starts music only with a new minute inside its window, and never when the stop button,
+/// a call or the amplifier prevents it. It stops only what it has started, and nothing once the
+/// operator has overridden it; an override lasts until the program ends.
 class MusicClockInspector : public Inspector {
  public:
   MusicClockInspector(const Scene& scene, const TickInspector& tick,

@@ -6,7 +6,7 @@
 
 namespace marlex {
 
-/// When the music's clock starts and stops the music, as it is in force.
+/// When the music's clock starts and stops the music, by the values in force.
 struct MusicTimes {
   bool Scheduled = false;
   std::string StartTime, StopTime, WeekDays;
@@ -16,10 +16,10 @@ struct MusicTimes {
   bool operator==(const MusicTimes&) const = default;
 };
 
-/// Those in force.
+/// The values in force.
 MusicTimes ReadMusicTimes(Desk& desk);
 
-/// The times that the file of a playlist has, and all else as in `otherwise`.
+/// The times from a playlist file; everything else as in `otherwise`.
 MusicTimes MusicTimesOf(const std::string& file, MusicTimes otherwise, Desk& desk);
 
 }  // namespace marlex

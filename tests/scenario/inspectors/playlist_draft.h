@@ -18,14 +18,14 @@ struct PlaylistDraft {
   bool Autostart = false;
 
   bool operator==(const PlaylistDraft&) const = default;
-  bool HasTimes() const;  // lists that are hidden, or that nobody has touched, are no times
+  bool HasTimes() const;  // lists that are hidden, or were never touched, hold no times
   bool LacksTimes() const;
 
-  /// What the file of such a list has of times, and all else as in `otherwise`.
+  /// The times that the file of such a list has; everything else as in `otherwise`.
   MusicTimes TimesWhenSaved(MusicTimes otherwise) const;
 };
 
-/// An empty one where the editor is closed.
+/// Empty when the editor is closed.
 PlaylistDraft ReadPlaylistDraft(Desk& desk);
 
 }  // namespace marlex

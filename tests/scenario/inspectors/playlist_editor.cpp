@@ -43,7 +43,7 @@ void PlaylistEditorInspector::Step(const std::function<void(FrmPlaylist&)>& step
   DialogOutlivesEditor = false;
 }
 
-/// A song that begins is heard, and never under what goes before it.
+/// A song that begins is heard, and never begins while anything with precedence is active.
 void PlaylistEditorInspector::CheckSongPreview(std::size_t firstLine) {
   const Journal& journal = TheDesk.Pc.Journal;
   if (JournalHas(journal, " song stop", firstLine)) ++Corners["music that the editor stops"];
@@ -63,7 +63,7 @@ void PlaylistEditorInspector::Check() {
 void PlaylistEditorInspector::CheckTouch() {
   const bool opensList = Chosen && Chosen->ByEditor;
   const bool comesOrGoes = IsOpen() != WasOpen();
-  // What ends it may be over in the same event.
+  // The cause of its end may itself have ended within the same event.
   const bool outrun = OutrunsPreviews() || Call.HoldsTick() || Journaled(" wav ");
   const bool previewEnds = PreviewInPlayer && outrun && Journaled(" song stop");
   if (previewEnds && Touched) {
@@ -76,7 +76,8 @@ void PlaylistEditorInspector::CheckTouch() {
           "The playlist editor changes by itself");
 }
 
-/// A preview is in the player until its song ends or another begins. Paused it could come back.
+/// A preview stays in the player until its song ends or another begins; a paused one could come
+/// back.
 void PlaylistEditorInspector::CheckSongInPlayer() {
   if (Journaled(" song play ")) PreviewInPlayer = Stepped;
   PreviewInPlayer = PreviewInPlayer && TheDesk.Pc.Song.PlayState() != kStopped;
@@ -102,8 +103,8 @@ void PlaylistEditorInspector::CheckMainList() {
           "The music's times are not those of the opened list");
 }
 
-/// A file that is only looked at sets the times, but not whether the clock goes by them. One that
-/// is chosen for an editor that has been closed sets nothing in the next.
+/// A file that is only viewed in the editor sets the times, but not whether the clock follows them.
+/// A file chosen for an editor that has been closed sets nothing in the next one.
 void PlaylistEditorInspector::CheckListOpen() {
   const bool reads = WasOpen() && !DialogOutlivesEditor;
   const MusicTimes expected = reads ? TimesOf(Chosen->Path) : Times;
@@ -115,7 +116,7 @@ void PlaylistEditorInspector::CheckListOpen() {
   if (expected != Times) ++Corners["times that were but looked at"];
 }
 
-/// A list that could not be saved leaves everything as it is.
+/// A list that could not be saved leaves everything unchanged.
 void PlaylistEditorInspector::CheckListSave() {
   const bool asked = WasOpen() && !DialogOutlivesEditor && !Chosen->Path.empty();
   const bool saves = asked && !Draft.Songs.empty();
@@ -128,7 +129,7 @@ void PlaylistEditorInspector::CheckListSave() {
   if (saves) ++Corners["a list that could not be saved"];
 }
 
-/// A time that is missing leaves a file of songs alone, and the editor open.
+/// When a time is missing, the file gets only the songs, and the editor stays open.
 void PlaylistEditorInspector::CheckSavedList() {
   const bool whole = !Draft.HasTimes() || !Draft.LacksTimes();
   const MusicTimes saved = Draft.TimesWhenSaved(Times);

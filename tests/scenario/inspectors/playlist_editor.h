@@ -12,17 +12,17 @@
 
 namespace marlex {
 
-/// What the playlist editor shows changes only by a step of the operator at it, by a list that is
-/// opened in it, or by what ends its preview. The music's times change only by a list
-/// that is opened in either window, or by a save. A step reaches neither the main window's list nor
-/// the amplifier, and a song that it starts is heard.
+/// What the playlist editor shows changes only by a step of the operator in it, by a list that is
+/// opened in it, or by whatever ends its preview. The music's times change only by a list that is
+/// opened in either window, or by a save. A step affects neither the main window's list nor the
+/// amplifier, and a song that it starts is heard.
 class PlaylistEditorInspector : public Inspector {
  public:
   PlaylistEditorInspector(const Scene& scene, const CallTraces& call);
   void Check() override;
   void Remember() override;
 
-  /// The operator does something at the editor, which is open and not covered by a box.
+  /// The operator does something in the editor, which is open and not covered by a box.
   void Step(const std::function<void(FrmPlaylist&)>& step);
 
   bool IsOpen() const { return TheDesk.Sys->TheWindows.frmPlaylist.Loaded(); }
@@ -51,7 +51,7 @@ class PlaylistEditorInspector : public Inspector {
 
   const CallTraces& Call;
 
-  // Of the event that is checked.
+  // About the event that is being checked.
   bool Stepped = false;
   bool Touched = false;          // something in the editor's window has changed
   bool MainListTouched = false;  // the main window's list of songs has changed
@@ -60,7 +60,7 @@ class PlaylistEditorInspector : public Inspector {
   bool PreviewInPlayer = false;  // the song is the editor's
 
   std::size_t LastDialog = 0;         // number of the last file dialog that the editor opened
-  bool DialogOutlivesEditor = false;  // which has been closed since
+  bool DialogOutlivesEditor = false;  // the editor has been closed since
 
   // Before the event.
   bool MainLoaded = false;

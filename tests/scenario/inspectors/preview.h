@@ -6,9 +6,9 @@
 
 namespace marlex {
 
-/// The preview of a message ends with its editor and with what goes before it. Deliberate: in a
-/// language whose word for closing is no command of the player, the operator's stop leaves it
-/// sounding.
+/// The preview of a message ends with its editor, and when something with precedence begins.
+/// Deliberate: in a language whose word for closing is not a command of the player, the operator's
+/// stop leaves the preview playing.
 class PreviewInspector : public Inspector {
  public:
   PreviewInspector(const Scene& scene, const SequenceEditorInspector& editor,

@@ -4,9 +4,9 @@
 
 namespace marlex {
 
-/// The amplifier's last status decides: whether we may start, how long a takeover lasts, the note
-/// above the transport keys and their height. Another level of our own counts from the next status
-/// on.
+/// The amplifier's last status decides whether we may start, how long a takeover lasts, and the
+/// note above the transport buttons and their height. A change of our own level takes effect with
+/// the next status.
 class PriorityInspector : public Inspector {
  public:
   using Inspector::Inspector;

@@ -7,10 +7,10 @@
 
 namespace marlex {
 
-/// While nothing waits, and no call speaks, no fade runs, no message plays, the play key is alive
-/// where a song is selected, and the tick is off only for a row that waits for the song's end or
-/// for the message schedule editor. After a call that was cut short the tick stays off until the
-/// next whole one, and so do the keys where that call had cut a message off.
+/// While nothing waits and no call is speaking, no fade runs, no message plays, the play button is
+/// enabled if a song is selected, and the tick is off only for a row that waits for the song's end
+/// or for the message schedule editor. After a call that was cut short the tick stays off until the
+/// next complete call, and so do the buttons if that call had cut off a message.
 class RestInspector : public Inspector {
  public:
   RestInspector(const Scene& scene, const SequenceEditorInspector& editor,

@@ -5,17 +5,16 @@
 
 namespace marlex {
 
-/// While the message schedule editor is open the schedule stands still, unless the end of a call,
-/// of an announcement, or of a song with a row that waits for it switches the tick on. The editor's
-/// closing switches the tick on whatever is going on, even over a row that waits for the song's
-/// end.
+/// While the message schedule editor is open the schedule is held, unless the tick is switched on
+/// by the end of a call, of an announcement, or of a song for which a row waits. Closing the editor
+/// always switches the tick on, whatever is going on, even if a row waits for the song's end.
 class SequenceEditorInspector : public Inspector {
  public:
   SequenceEditorInspector(const Scene& scene, const CallTraces& call)
       : Inspector(scene), Call(call) {}
 
-  /// Comes before the check of the call's traces, which forget a tick that was off once it is on:
-  /// the end of a call may be what switched it on.
+  /// Checks before the call's traces, which forget that a tick was off once it is on; the end of a
+  /// call may be what switched it on.
   void Check() override;
   void Remember() override { Open = IsOpen(); }
 

@@ -8,8 +8,9 @@
 
 namespace marlex {
 
-/// When the pause after a save in the message schedule editor begins, all six values are in the
-/// file, as the fields had them before the event. A cancelled save begins the pause without a file.
+/// When the pause after a save in the message schedule editor begins, the file holds all six values
+/// as the fields had them before the event. A cancelled save begins the pause without writing a
+/// file.
 class SequenceSaveInspector : public Inspector {
  public:
   SequenceSaveInspector(const Scene& scene, const SequenceEditorInspector& editor)
@@ -22,7 +23,7 @@ class SequenceSaveInspector : public Inspector {
   std::vector<std::string> ReadFields() const;
 
   const SequenceEditorInspector& Editor;
-  std::vector<std::string> Fields;  // in the order of the file, but for the messages
+  std::vector<std::string> Fields;  // in the order of the file, except for the messages
   bool WasInPause = false;
 };
 

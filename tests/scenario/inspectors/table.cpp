@@ -29,8 +29,8 @@ TableInspector::Rows TableInspector::Read() const {
   return rows;
 }
 
-/// The first row of the minute that is not removed, if its mask, read without the sixth character,
-/// has the day on.
+/// The first row of the minute that is not removed, if the day is on in its mask, read without the
+/// sixth character.
 int TableInspector::RowDueIn(const Rows& rows, const std::string& minute, int weekday) {
   for (std::size_t row = 0; row < rows.size(); ++row) {
     if (rows[row].Removed || rows[row].Minute != minute) continue;

@@ -8,15 +8,15 @@
 namespace marlex {
 
 /// The rows of the schedule are in the order of their times, and its heading is never painted.
-/// Knows which row of the table a minute makes due.
+/// Knows which row of the table is due in a minute.
 class TableInspector : public Inspector {
  public:
   explicit TableInspector(const Scene& scene);
   void Check() override;
 
-  /// Whether the minute makes this row due, 0 for none. The event that is checked may itself have
-  /// come after the tick's search and have changed the table or the date: the row need be right in
-  /// one of the states around it.
+  /// Whether this row, or no row (0), is due in the minute. The event being checked may itself have
+  /// changed the table or the date after the tick's search, so it is enough that the row is right
+  /// before or after the event.
   bool IsDue(int row, const std::string& minute) const;
 
  private:

@@ -32,7 +32,7 @@ void TickInspector::Check() {
 }
 
 bool TickInspector::IsDisturbed(std::int64_t aheadS) const {
-  constexpr int kPositionTimerMs = 100;  // the longest that nothing happens on a running machine
+  constexpr int kPositionTimerMs = 100;  // the longest time without any event on a running machine
   const bool jumped = std::abs(aheadS - ClockAheadS) > 1;
   const bool stoodStill = NowMs() - CheckedAtMs > kPositionTimerMs;
   const bool armedAgain = Before.Flags.CallActive || TheDesk.Pc.Loop.Waits() < Before.Waits;

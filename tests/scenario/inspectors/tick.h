@@ -8,9 +8,9 @@
 
 namespace marlex {
 
-/// A tick that is on takes up each minute within a second of the minute's beginning, or of the end
-/// of a call or an announcement. The second begins again where a call or the editor switches the
-/// tick on, which may have been on already, and where the clock or the machine jumps.
+/// While the tick is on, it takes up each minute within one second after the beginning of the
+/// minute, or after the end of a call or an announcement. The second starts over when a call or the
+/// editor switches the tick on, even if it was on already, and when the clock or the machine jumps.
 class TickInspector : public Inspector {
  public:
   TickInspector(const Scene& scene, const SequenceEditorInspector& editor)
@@ -20,8 +20,8 @@ class TickInspector : public Inspector {
 
   void NotePress();  // that begins a call
 
-  /// Whether the tick has taken up another minute in this event. Not known of an event that opens
-  /// or closes the editor, or begins a call.
+  /// Whether the tick has taken up another minute in this event. Unknown for an event that opens or
+  /// closes the editor, or begins a call.
   bool HasNewMinute() const { return LastMinute() != Minute; }
   const std::string& LastMinute() const { return TheDesk.Sys->Tick.LastMinute; }
 
@@ -30,7 +30,7 @@ class TickInspector : public Inspector {
 
   const SequenceEditorInspector& Editor;
   std::string Minute;
-  std::int64_t SteadySinceMs = 0;  // the tick is on, and neither clock nor machine jumped
+  std::int64_t SteadySinceMs = 0;  // since then the tick has been on without a jump
   std::int64_t CheckedAtMs = 0;
   std::int64_t ClockAheadS = 0;  // of the virtual time, whose zero does not matter
 };

@@ -5,9 +5,9 @@
 
 namespace marlex {
 
-/// One of the two views of the table is ticked, and it is the one that the table shows. While the
-/// message schedule editor is open the table shows all days; the editor's closing brings back the
-/// view that it found, whatever the operator has chosen from the view menus meanwhile.
+/// Exactly one of the two views of the table is ticked, and the table shows that one. While the
+/// message schedule editor is open the table shows all days. Closing the editor restores the view
+/// from before it was opened, whatever the operator has chosen from the view menus since.
 class ViewInspector : public Inspector {
  public:
   ViewInspector(const Scene& scene, const SequenceEditorInspector& editor)

@@ -4,7 +4,7 @@
 
 namespace marlex {
 
-/// Neither waits nor boxes pile up.
+/// Neither waits nor boxes accumulate.
 class WaitsInspector : public Inspector {
  public:
   using Inspector::Inspector;

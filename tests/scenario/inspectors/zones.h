@@ -5,8 +5,8 @@
 
 namespace marlex {
 
-/// At rest the zone keys are alive and the labels show the zones of the music. An announcement that
-/// begins under a takeover leaves its zones on the labels, and so do some calls.
+/// At rest the zone buttons are enabled and the labels show the zones of the music. Exceptions: an
+/// announcement that begins during a takeover, and some calls, leave their zones on the labels.
 class ZonesInspector : public Inspector {
  public:
   ZonesInspector(const Scene& scene, const CallTraces& call) : Inspector(scene), Call(call) {}
@@ -18,7 +18,7 @@ class ZonesInspector : public Inspector {
   bool LeftByMessages = false;
 };
 
-/// The label of each zone is green where its music key is down, and nowhere else.
+/// The label of each zone is green if its music button is down, and only then.
 bool MusicZonesAreLit(Desk& desk);
 
 }  // namespace marlex
