@@ -166,7 +166,7 @@ TEST(BetweenRow, TheEndOfACallBringsTheTickBackAndTheMessagesKeepWaiting) {
   desk.Pc.Journal.Clear();
   desk.RunTo(12, 2, 30);
   EXPECT_TRUE(desk.State().MessageAwaitingSongEnd);
-  // The next row that plays ends the wait of those before it.
+  // The next row that plays ends the wait of earlier ones.
   desk.RunTo(12, 4);
   EXPECT_FALSE(desk.State().MessageAwaitingSongEnd);
   EXPECT_EQ(desk.Journal(),

@@ -1,4 +1,4 @@
-// The wall clock set by a hand or by the network while the schedule runs.
+// The wall clock is set, by hand or by the network, while the schedule runs.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ std::string TakePlays(SpotDesk& desk) {
   return plays;
 }
 
-/// A row on Mondays and one on Tuesdays, both at 12:05; the clock is set from a Monday on.
+/// A row on Mondays and one on Tuesdays, both at 12:05; the clock is set, starting on a Monday.
 DeskOptions RowOfEachDay(bool allDays) {
   return {.Sequences =
               {{.File = "a.sch", .Messages = "welcome", .Minutes = "05", .Weekdays = "1000000"},
@@ -62,7 +62,7 @@ TEST(ClockChanges, AJumpOfADayHasTheViewOfAllDaysTestTheRowsOfTheNewDay) {
   SpotDesk desk(RowOfEachDay(true), kSilent);
   desk.Pc.Clock.Jump(kDaySeconds);
   desk.RunTo(12, 5, 30);
-  // The first row of the minute is Monday's, and no other is looked at.
+  // The first row of the minute is Monday's, and no other is considered.
   EXPECT_EQ(TakePlays(desk), "");
   desk.Pc.Clock.Jump(6 * kDaySeconds - 60);  // Monday, a minute earlier
   desk.Advance(60'000);
@@ -83,9 +83,10 @@ TEST(ClockChanges, AJumpOverMidnightForgivesNoStopOfTheMusic) {
   EXPECT_EQ(desk.MusicState(), kPlaying);
 }
 
-/// The minute of the tick is one variable. A tick in the fade of the stop accepts the later minute,
-/// fades, stops and plays that minute's row; the tick underneath then sends its own release and
-/// searches for the later minute too. The row of the minute of the stop is lost. This is meant.
+/// Deliberate: the row of the minute of the stop is lost, since the tick keeps its minute in one
+/// variable. A tick during the fade of the stop accepts the later minute, fades, stops and plays
+/// that minute's row; the tick underneath then sends its own release and also looks for the later
+/// minute.
 TEST(ClockChanges, AClockSetForwardInTheStopsFadePlaysTheNextRowTwice) {
   SpotDesk desk({.Sequences = {{.File = "a.sch", .Messages = "welcome"},
                                {.File = "b.sch", .Messages = "closing", .Minutes = "02"}},

@@ -1,4 +1,4 @@
-// The marks of a conflict once a row of its table has fired.
+// The marks of a conflict after a row of its table has fired.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ constexpr auto kSilent = SpotDesk::Music::IsSilent;
 constexpr int kConflictFrameHeight = 3855;
 constexpr int kNormalFrameHeight = 4095;
 
-/// Two rows of the minute 12:01, in conflict; the first fires a second after the start.
+/// Two rows of the minute 12:01, in conflict; the first fires one second after the start.
 DeskOptions Pair() {
   return {.Sequences = {{.File = "a.sch", .Messages = "welcome"},
                         {.File = "b.sch", .Messages = "closing"}}};

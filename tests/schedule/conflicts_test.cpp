@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-/// A letter for each row: red or white time cell, "-" for a row that was taken out.
+/// A letter for each row: "r" or "w" for a red or white time cell, "-" for a removed row.
 std::string Marks(Desk& desk) {
   const Grid& table = desk.Main().grdSchedule;
   std::string marks;
@@ -72,7 +72,7 @@ TEST(Conflicts, NeitherZonesNorModeNorLengthPlayAPart) {
 }
 
 TEST(Conflicts, TheTwoSidesAreTestedUnlike) {
-  // The earlier row counts with anything but "0", the later one with the right digit alone.
+  // The earlier row counts with any character but "0", the later one only with the right digit.
   EXPECT_EQ(MarksOf({"x000000", "1000000"}), "rr");
   EXPECT_EQ(MarksOf({"1000000", "x000000"}), "ww");
   EXPECT_EQ(MarksOf({"0090000", "0030000"}), "rr");

@@ -8,7 +8,7 @@
 namespace marlex {
 
 /// A desk with the messages welcome (3 s), closing (2 s), gong (0.8 s) and alarm (12.35 s), and the
-/// message schedule editor open. The open sequence file is not its business.
+/// message schedule editor open. The sequence file that is open does not matter here.
 struct EditorDesk : Desk {
   explicit EditorDesk(DeskOptions options = {}) : Desk(WithMessages(std::move(options))) {
     Click("mnuSchedule");
@@ -19,7 +19,7 @@ struct EditorDesk : Desk {
 
   WavWindow& Editor() { return Sys->TheWindows.TheWavWindow; }
 
-  /// Clicks the messages in the list of those there are.
+  /// Clicks the messages in the list of available ones.
   void Add(const std::vector<std::string>& names) {
     for (const std::string& name : names) {
       Do([this, name] {
@@ -54,7 +54,7 @@ struct EditorDesk : Desk {
     Click("WkDays_0");
   }
 
-  /// Chooses Save and a file in the dialog; an empty one cancels it.
+  /// Chooses Save and a file in the dialog; an empty name cancels it.
   void SaveAs(const std::string& file) {
     Pc.Dialogs.OpenResults.push_back(file);
     Click("mnuSave");
@@ -85,7 +85,7 @@ struct EditorDesk : Desk {
     return zones;
   }
 
-  /// Those of the three keys of the sequence that are on.
+  /// Which of the three buttons of the sequence are enabled.
   std::string Keys() {
     std::string keys;
     for (const char* key : {"PrevKey", "RemoveKey", "RemAll_Key"}) {
@@ -98,7 +98,7 @@ struct EditorDesk : Desk {
     return Setting("Schedule", key, file);
   }
 
-  /// "title: body", of the last box; empty when there was none.
+  /// "title: body" of the last box; empty if there was none.
   std::string LastBox() {
     if (Pc.Dialogs.Boxes.empty()) return "";
     const auto& box = Pc.Dialogs.Boxes.back();

@@ -1,5 +1,5 @@
-// Sequence files of other hands, other systems and other alphabets, through the message schedule
-// editor.
+// The message schedule editor with sequence files that were written by hand, on other systems or in
+// other alphabets.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ std::string Joined(const std::vector<std::string>& lines, const std::string& lin
   return text;
 }
 
-/// An ASCII text in two bytes a character behind a byte order mark.
+/// An ASCII text in two bytes a character, after a byte order mark.
 std::string InUtf16(const std::string& text, bool bigEndian) {
   std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
   for (const char c : text) bytes += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
@@ -87,7 +87,7 @@ TEST(EditorFiles, MayBeWrittenInUtf16AndStaySo) {
   }
 }
 
-/// Without weekdays and zones there is nothing to open, and nothing on the screen is lost.
+/// A file without weekdays and zones is not a sequence, and the screen stays as it was.
 TEST(EditorFiles, OnesWithoutASequenceAreToldOfAndChangeNothing) {
   std::string noise;
   for (int byte = 0; byte < 4096; ++byte) noise += static_cast<char>(byte * 37 % 256);
@@ -163,7 +163,7 @@ TEST(EditorFiles, ASequenceSavedOverAForeignFileIsReadBack) {
   }
 }
 
-/// This is the length that a value has on reading, here as everywhere.
+/// Every value is limited to this length when it is read, here as elsewhere.
 TEST(EditorFiles, AValueBeyondTheLongestIsCutThereOnReading) {
   std::string messages = "gong";
   for (int message = 0; message < 300; ++message) messages += ",gong";  // 1504 characters
@@ -191,7 +191,7 @@ TEST(EditorFiles, ALongSequenceIsWrittenWhole) {
   EXPECT_NE(saved.find("\r\nMessage(s)=" + messages + "\r\nHour(s)=12\r\n"), std::string::npos);
 }
 
-/// A desk with messages of four alphabets.
+/// A desk with messages in four alphabets.
 struct AlphabetsDesk : EditorDesk {
   AlphabetsDesk() {
     Click("mnuExit");
@@ -242,7 +242,7 @@ TEST(EditorFiles, NamesInACodePageAreShownAsTextAndKeepTheirBytes) {
   EXPECT_EQ(desk.File(), Joined(Lines("gong," + name)));
 }
 
-/// The comma is what parts the names in the file.
+/// The comma separates the names in the file.
 TEST(EditorFiles, AMessageWithACommaInItsNameComesBackAsTwo) {
   FilesDesk desk;
   desk.Click("mnuExit");
@@ -274,7 +274,7 @@ TEST(EditorFiles, AFurtherPointInAFilesNameIsNotSaved) {
             "0 wav refuse a.wav\n0 wav play welcome.wav\n3000 wav end welcome.wav\n");
 }
 
-/// What a file holds of the zones stays in it, on a desk that shows none.
+/// On a desk that shows no zones, the file keeps its zones.
 TEST(EditorFiles, ZonesOfAFilePassThroughADeskWithoutRouter) {
   EditorDesk desk({.Sequences = {{.Zones = "103056"}}, .Router = false});
   desk.Open("/app/spot.sch");

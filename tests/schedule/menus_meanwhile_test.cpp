@@ -11,7 +11,7 @@ TEST(MenusMeanwhile, TheCellThatIsPaintedBackIsThatOfTheRowThatIsCurrentThen) {
                                {.File = "b.sch", .Hours = "13"}}});
   desk.AdvanceTo(3000);
   ASSERT_EQ(desk.Paint(1), "gnnnn");
-  desk.Do([&] {  // a click into the other row
+  desk.Do([&] {  // a click on the other row
     desk.Main().grdSchedule.SetRow(2);
     desk.Main().grdSchedule.SetCol(kMessagesColumn);
   });

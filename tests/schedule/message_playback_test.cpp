@@ -294,7 +294,7 @@ TEST(MessagePlayback, AMusicLevelChangedByCodeInASequenceIsNotTheTargetOfTheRise
   EXPECT_EQ(desk.WaveSlider(), 20000);
 }
 
-/// The journal of a whole announcement during which a menu's file dialog is opened and left.
+/// The journal of a whole announcement during which a menu's file dialog is opened and closed.
 std::string JournalUnderDialog(const std::string& menu, int openMs) {
   SpotDesk desk;
   desk.Pc.Journal.Mute("open");

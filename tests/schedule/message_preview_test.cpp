@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-/// An editor with the sequence welcome (3 s), closing (2 s), over music or not.
+/// An editor with the sequence welcome (3 s), closing (2 s), with music or without.
 struct PreviewDesk : EditorDesk {
   explicit PreviewDesk(bool music = false, DeskOptions options = {})
       : EditorDesk(WithMusic(std::move(options))) {
@@ -41,7 +41,7 @@ TEST(MessagePreview, PlaysTheSequenceOnceAtTheMessagesLevelAndSendsNothing) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
-/// The lines are muted from the program's start on.
+/// The lines have been muted since the program's start.
 TEST(MessagePreview, OpensTheMasterAndTheLineOnceTheMessagePlays) {
   PreviewDesk desk;
   desk.Pc.Journal.Only({"wav", "mixer"});
@@ -51,7 +51,7 @@ TEST(MessagePreview, OpensTheMasterAndTheLineOnceTheMessagePlays) {
             "0 mixer mute speakers 0\n0 mixer mute wave 0\n");
 }
 
-/// The speech had muted the line, and the takeover of it the master.
+/// The speech had muted the line, and the takeover during it the master.
 TEST(MessagePreview, OpensTheLineThatACallTakenOverHasLeftMuted) {
   PreviewDesk desk;
   desk.Press("cmdCall");
@@ -63,7 +63,7 @@ TEST(MessagePreview, OpensTheLineThatACallTakenOverHasLeftMuted) {
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
-/// The line of a microphone that is not there has the number of the master.
+/// Without a microphone, the number of its line is that of the master.
 TEST(MessagePreview, WithoutAMicrophoneItMutesNothing) {
   PreviewDesk desk(false, {.Microphone = false});
   desk.Click("PrevKey");
@@ -102,7 +102,8 @@ TEST(MessagePreview, StoppedItLeavesTheRestUnplayedAndBeginsAnewNextTime) {
             "0 wav play welcome.wav\n1000 wav stop welcome.wav\n6000 wav play welcome.wav\n");
 }
 
-/// The word of the chosen language is no command of the player. This is meant.
+/// Deliberate: the message plays on, since the word of the chosen language is not a command of the
+/// player.
 TEST(MessagePreview, StoppedInAnotherLanguageTheMessageSoundsOnToItsEnd) {
   PreviewDesk desk(false, {.Language = "Italian"});
   desk.Click("PrevKey");
@@ -244,7 +245,7 @@ TEST(MessagePreview, AnAnnouncementThatRunsIsNotDisturbed) {
   desk.Click("mnuExit");
   desk.RunTo(12, 1, 2);
   ASSERT_TRUE(desk.State().MessagePlaying);
-  // The opening of the editor closes the message that plays, and the next one begins.
+  // Opening the editor closes the message that is playing, and the next one begins.
   desk.Do([&] { desk.Main().mnuSchedule.OnClick(); });
   desk.Advance(100);
   ASSERT_EQ(desk.Heard(), "wav alarm.wav at 10000");
@@ -303,7 +304,7 @@ TEST(MessagePreview, NoneBeginsInTheFadesOfAnAnnouncement) {
   EXPECT_EQ(desk.Heard(), "wav closing.wav at 10000");
 }
 
-/// A row that waits for the end of the song, under the open editor with its sequence.
+/// A row waits for the end of the song while the editor is open with its sequence.
 struct BreakDesk : EditorDesk {
   explicit BreakDesk(const std::string& announced)
       : EditorDesk(
@@ -333,7 +334,7 @@ TEST(MessagePreview, AnAnnouncementAtAMusicBreakEndsIt) {
   }
 }
 
-/// The end of a call has switched the tick on under the open editor.
+/// The end of a call has switched the tick on while the editor is open.
 TEST(MessagePreview, AnAnnouncementOfTheTickEndsItAlsoWithTheSameMessage) {
   for (const char* announced : {"gong", "welcome"}) {
     PreviewDesk desk(false, {.Sequences = {{.Messages = announced}}});
@@ -352,7 +353,7 @@ TEST(MessagePreview, AnAnnouncementOfTheTickEndsItAlsoWithTheSameMessage) {
   }
 }
 
-/// In another language the amplifier's word does not close the player.
+/// In another language the word that the amplifier's call uses does not close the player.
 TEST(MessagePreview, OneThatATakeoverHasEndedIsNotHeardAfterIt) {
   PreviewDesk desk(false, {.Language = "Italian"});
   desk.Click("PrevKey");

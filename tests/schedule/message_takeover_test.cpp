@@ -181,7 +181,7 @@ TEST(MessageTakeover, ATakeoverBeforeTheMusicsZonesWereSentHoldsThemBack) {
   desk.Pc.Journal.Clear();
   desk.Status(0);
   desk.Advance(3000);
-  // The request that was held back, and the one of the returning music.
+  // The request that was held back, and that of the returning music.
   EXPECT_EQ(desk.Journal(), "129 send 67\n400 send 67\n");
 }
 

@@ -10,8 +10,8 @@ namespace {
 constexpr auto kSilent = SpotDesk::Music::IsSilent;
 constexpr int kInTheFade = 1300;
 
-/// From a Sunday to a Monday, each with a row of its own at midnight; music of the clock stops
-/// there.
+/// From a Sunday to a Monday, each with a row of its own at midnight, where the clock stops the
+/// music.
 DeskOptions Night() {
   return {.Sequences = {{.File = "a.sch",
                          .Messages = "welcome",
@@ -26,7 +26,7 @@ DeskOptions Night() {
           .Now = {2024, 1, 7, 23, 59, 30}};
 }
 
-/// The same with music of the clock from `start` to `stop` on every day.
+/// The same with music from `start` to `stop` every day, by the music's clock.
 DeskOptions NightOfMusic(const std::string& start, const std::string& stop) {
   DeskOptions options = Night();
   options.StartTime = start;
@@ -35,9 +35,9 @@ DeskOptions NightOfMusic(const std::string& start, const std::string& stop) {
   return options;
 }
 
-/// The clock has started the music and will stop it at midnight. The stop key has been pressed
-/// since, and the preview of the playlist editor, in which a file of other times was opened, has
-/// brought the music back without a word to the clock.
+/// The clock has started the music and will stop it at midnight. Since then the stop button was
+/// pressed, and the preview of the playlist editor, in which a file with other times was opened,
+/// has brought the music back without the clock's knowledge.
 class NightDesk : public SpotDesk {
  public:
   NightDesk() : SpotDesk(NightOfMusic("23:00", "24:00"), kSilent) {

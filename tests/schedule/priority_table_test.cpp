@@ -1,13 +1,13 @@
-// What a byte from the amplifier does to each state of the desk, as tables.
+// What a byte from the amplifier does in each state of the desk, as tables.
 //
 //   byte     what arrives; two bytes come two seconds apart
-//   sounds   directly behind the last byte
-//   wave     slider of the wave line then, 0 the loudest
-//   muted    lines then
-//   keys     that are on then: T the tick, P K S play, skip and stop, C the call, Z the music's
-//            zones
-//   sent     from the first byte on, with the millisecond
-//   row      of 12:01 in the end: played in full, cut off, or lost
+//   sounds   immediately after the last byte
+//   wave     slider of the wave line at that moment, 0 the loudest
+//   muted    lines muted at that moment
+//   keys     enabled at that moment: T the tick, P K S play, skip and stop, C the call, Z the
+//            music's zones
+//   sent     since the first byte, with the millisecond
+//   row      of 12:01, in the end: played in full, cut off, or lost
 //   at last  what sounds in the end
 
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ DeskOptions AtBreak() {
           .Sequences = {{.Messages = "welcome,closing", .Zones = "003000", .Timer = "Between"}}};
 }
 
-/// A moment of a desk at which a byte may come.
+/// A situation of a desk in which a byte may arrive.
 struct Moment {
   std::string Name;
   int AtMs = 0;
@@ -53,7 +53,7 @@ const std::vector<Moment> kMoments{kIdle,         kMusic,  kFadeDown, kMessage,
 
 std::string OrDash(const std::string& text) { return text.empty() ? "-" : text; }
 
-/// A desk that tells of itself in the words of the tables.
+/// A desk that describes itself in the words of the tables.
 class TableDesk : public SpotDesk {
  public:
   TableDesk(const Moment& moment, const std::string& own)
@@ -62,7 +62,7 @@ class TableDesk : public SpotDesk {
     SentBefore = Pc.Serial.Sent().size();
   }
 
-  /// Gives the bytes and tells all cells behind them.
+  /// Delivers the bytes and returns all the cells that follow from them.
   std::string Tell(const std::vector<int>& bytes) {
     for (std::size_t byte = 0; byte < bytes.size(); ++byte) {
       if (byte > 0) Advance(kSecondByteAfterMs);
@@ -144,13 +144,13 @@ std::vector<std::string> Cells(const std::string& line) {
   return cells;
 }
 
-/// One row of a table: the bytes that come, and what is expected.
+/// One row of a table: the bytes that arrive, and what is expected.
 struct Row {
   std::vector<int> Bytes;
   std::string Expected;
 };
 
-/// Rows of a table, the heading left out.
+/// Rows of a table without its heading.
 std::vector<Row> RowsOf(const std::string& table) {
   std::vector<Row> rows;
   std::istringstream lines(table);
@@ -286,9 +286,8 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 )");
 }
 
-/// A takeover leaves none of the waiting messages, but the song's end goes to play them all the
-/// same, and that opens the master: the next song sounds in the middle of the takeover. This is
-/// meant.
+/// A takeover discards the waiting messages. Deliberate: the song's end still tries to play them
+/// all, and that opens the master, so the next song is heard in the middle of the takeover.
 TEST(PriorityTable, ByteWhileARowWaitsForTheSongsEnd) {
   ExpectTable(kWaiting, "Low", 4, R"(
 byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
@@ -461,7 +460,7 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 )");
 }
 
-/// Only the two upper bits of a byte count, whatever else it brings.
+/// Only the two upper bits of a byte count, whatever its other bits.
 TEST(PriorityTable, EveryByteCountsByItsTwoUpperBitsInEveryState) {
   constexpr int kEverySo = 7;  // under our own high level
   for (const Moment& moment : kMoments) {

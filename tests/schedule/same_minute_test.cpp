@@ -1,4 +1,4 @@
-// Several things that fall into one minute.
+// Several things that happen in the same minute.
 
 #include <gtest/gtest.h>
 

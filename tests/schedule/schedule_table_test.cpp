@@ -183,14 +183,14 @@ TEST(ScheduleTable, EditsCountFromTheNextBuildOn) {
   EXPECT_THAT(Times(desk), ElementsAre("13:01  "));
 }
 
-/// The minutes 00 to `count` less 1, at most the thirty that an expression holds.
+/// The minutes 00 to `count` - 1; at most the thirty that an expression can hold.
 std::string MinutesUpTo(int count) {
   std::string minutes = "00";
   for (int minute = 1; minute < count; ++minute) minutes += "," + std::to_string(minute);
   return minutes;
 }
 
-/// So many sequence files of 720 rows each, none of which runs on any day.
+/// The given number of sequence files with 720 rows each, none of which runs on any day.
 DeskOptions WholeDays(int files) {
   DeskOptions options{.AllDays = true};
   for (int file = 0; file < files; ++file) {
@@ -226,7 +226,7 @@ TEST(ScheduleTable, TheLongestTableIsBuiltAndOneRowMoreIsTold) {
   }
 }
 
-/// A file that cannot be used is named in a box of each build.
+/// Every build shows one box for a file that cannot be used, so the boxes count the builds.
 TEST(ScheduleTable, IsBuiltOnceForEachOfItsOccasions) {
   Desk desk({.Sequences = {{.Hours = "-5"}}, .Now = {2024, 1, 1, 23, 58, 30}});
   const auto builds = [&desk](const std::function<void()>& deed) {

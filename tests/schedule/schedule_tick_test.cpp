@@ -127,7 +127,7 @@ TEST(ScheduleTick, TheTableItselfIsTheSchedule) {
   EXPECT_EQ(desk.Sys->Tick.LastMinute, "12:02");
 }
 
-// Minutes that nobody sees.
+// Minutes that the tick never sees.
 
 TEST(ScheduleTick, AMinuteOfACallOfOurPriorityIsLost) {
   SpotDesk desk(TwoRows("01", "02"), kSilent);
@@ -208,7 +208,7 @@ TEST(ScheduleTick, AMachineAsleepOverTheMinuteLosesIt) {
   EXPECT_EQ(TakePlays(desk), "");
 }
 
-// The clock set by a hand or by the network.
+// The clock set by hand or by the network.
 
 TEST(ScheduleTick, AClockSetBackFiresTheRowASecondTime) {
   SpotDesk desk({}, kSilent);

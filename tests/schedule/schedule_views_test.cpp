@@ -16,7 +16,7 @@ DeskOptions TwoDays() {
       .Sequences = {{.File = "a.sch"}, {.File = "b.sch", .Hours = "13", .Weekdays = "0200000"}}};
 }
 
-/// What the two day entries, the setting and the table say of the view.
+/// What the two day entries, the setting and the table say about the view.
 std::string View(Desk& desk) {
   const std::string ticked = std::string(desk.Main().mnuAllDays.Checked ? "all" : "") +
                              (desk.Main().mnuCurrentDay.Checked ? "today" : "");

@@ -97,7 +97,7 @@ TEST(SelectedMessages, RemoveAllEmptiesSequenceAndTotal) {
   EXPECT_EQ(desk.Editor().SelectedFiles.ListCount(), 0);
 }
 
-/// The total of an opened sequence is the length of its last message. This is meant.
+/// Deliberate: the total of an opened sequence is the length of its last message only.
 TEST(SelectedMessages, AnOpenedSequenceShowsItsLastLengthAndCanFallBelowZero) {
   EditorDesk desk({.Sequences = {{.Messages = "welcome,closing,gong"}}});
   desk.Open("/app/spot.sch");

@@ -256,7 +256,7 @@ TEST(SequenceEditor, AFileThatIsOpenedAndSavedAgainKeepsItsSixValues) {
   EXPECT_EQ(desk.Pc.Disk.Read("/app/spot.sch"), before);
 }
 
-/// The four checks before those of the fields, with the English header of the weekdays as title in
+/// The four checks before those of the fields; their title is the English header of the weekdays in
 /// every language.
 TEST(SequenceEditor, AsksForHoursMinutesMessagesAndWeekdaysInThisOrder) {
   EditorDesk desk;
@@ -287,7 +287,7 @@ TEST(SequenceEditor, AsksForHoursMinutesMessagesAndWeekdaysInThisOrder) {
   EXPECT_TRUE(desk.Pc.Dialogs.FileDialogs.empty());
 }
 
-/// The result of the save dialog is not tested. This is meant.
+/// Deliberate: the editor closes even then, since the result of the save dialog is not tested.
 TEST(SequenceEditor, ACancelledSaveWritesNothingAndStillClosesTheEditor) {
   EditorDesk desk;
   desk.Compose();
@@ -299,7 +299,7 @@ TEST(SequenceEditor, ACancelledSaveWritesNothingAndStillClosesTheEditor) {
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
 }
 
-/// What decides is the table at the editor's opening.
+/// The table as it was when the editor was opened decides.
 TEST(SequenceEditor, AConflictThatWasThereAtItsOpeningKeepsItOpenAfterEverySave) {
   EditorDesk desk({.Sequences = {{}, {.File = "same.sch"}}});
   ASSERT_TRUE(desk.Sys->TheConflicts.ConflictFound);
@@ -315,7 +315,7 @@ TEST(SequenceEditor, AConflictThatWasThereAtItsOpeningKeepsItOpenAfterEverySave)
   EXPECT_FALSE(desk.Editor().Visible);
 }
 
-/// No table is built without an open file, and the flag is that of the last one.
+/// Without an open file no table is built, so the flag of the last one remains.
 TEST(SequenceEditor, AConflictOfFilesThatWereClosedSinceKeepsItOpenToo) {
   EditorDesk desk({.Sequences = {{}, {.File = "same.sch"}}});
   desk.Click("mnuExit");

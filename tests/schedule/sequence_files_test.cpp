@@ -36,7 +36,7 @@ DeskOptions TwoFiles() {
                         {.File = "b.sch", .Messages = "closing", .Hours = "7"}}};
 }
 
-/// A desk on which two sequence files lie and none is open.
+/// A desk with two sequence files on its disk, none of them open.
 struct ClosedDesk : Desk {
   ClosedDesk() : Desk(TwoFiles()) { Click("mnuClose"); }
 
@@ -169,7 +169,7 @@ TEST(SequenceFiles, TheProgramCanBeLeftUnderTheFileDialog) {
   EXPECT_TRUE(desk.Pc.Process.Ended());
 }
 
-// A dialog's result taken apart.
+// The result of a dialog, split into its parts.
 
 TEST(SequenceSelection, OneFileIsItsNameAndItsDirectoryWithTheSeparator) {
   const SequenceSelection one = ParseSequenceSelection("/shows/day.sch");
@@ -264,7 +264,7 @@ TEST(SequenceFiles, NothingPlaysAfterClosing) {
   EXPECT_EQ(desk.Heard(), "silence");
 }
 
-// Files that are not as they should be.
+// Faulty files.
 
 std::string Row(const std::string& text) {
   Desk desk({.Sequences = {{.File = "bad.sch"}}, .AllDays = true, .ScheduleName = true},
@@ -355,7 +355,7 @@ TEST(SequenceFiles, ABoxAboutABadFileThatNobodyAnswersHoldsNothingUp) {
   Desk desk(options, [](SimulatedPc& pc) { pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever; });
   desk.RunTo(12, 1, 2);
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
-  // The midnights to come build the table anew, and the box is still the one.
+  // The following midnights rebuild the table, but no further box appears.
   desk.RunTo(12, 0);
   desk.RunTo(12, 0);
   EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);

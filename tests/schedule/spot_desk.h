@@ -7,14 +7,14 @@
 
 namespace marlex {
 
-/// A desk in the last second of the minute in which it started, with a fresh journal. Unless told
-/// otherwise it is 12:00:59, a song plays into zones 1 and 2, and a row at 12:01 announces two
-/// messages into zone 3. The tick sees the row after 1000 ms.
+/// A desk in the last second of the minute in which it started, with a fresh journal. Unless the
+/// test chooses otherwise it is 12:00:59, a song plays into zones 1 and 2, and a row at 12:01
+/// announces two messages into zone 3. The tick sees the row after 1000 ms.
 class SpotDesk : public Desk {
  public:
   enum class Music { Plays, IsSilent };
 
-  // Milliseconds of the journal, with the levels and lengths that a desk has by itself.
+  // Milliseconds of the journal, with a desk's default levels and lengths.
   static constexpr int kDue = 1000;
   static constexpr int kFadedDown = 1529;
   static constexpr int kFirstMessageEnds = 4529;
@@ -34,7 +34,7 @@ class SpotDesk : public Desk {
     Advance(static_cast<int>(StartMs + journalMs - Pc.Loop.NowMs()));
   }
 
-  /// Those of the tick and the transport keys that are on.
+  /// Which of the tick and the transport buttons are enabled.
   std::string Alive() {
     std::string names = Sys->TheFrmPlayers.tmrMessage.Enabled ? "tick" : "";
     for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"}) {

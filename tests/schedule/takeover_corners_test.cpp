@@ -1,4 +1,5 @@
-// Takeovers in places where the steps of two procedures meet: what they literally give is meant.
+// Takeovers at points where the steps of two procedures overlap. Deliberate: the results are what
+// these steps, taken literally, produce.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ DeskOptions AtBreak() {
           .Sequences = {{.Messages = "welcome,closing", .Zones = "003000", .Timer = "Between"}}};
 }
 
-/// Music that the clock has started stops in the minute of the row.
+/// Music that was started by the clock stops in the minute of the row.
 DeskOptions StopsAtTheRow() {
   return {.StartTime = "11:00", .StopTime = "12:01", .WeekDays = "1234567"};
 }
@@ -98,8 +99,8 @@ TEST(TakeoverCorners, MusicThatWasFadedOutForNothingStaysSilentUntilThePlayKey) 
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
-/// Under our high level: a call of level 128 cuts a message off, a lower one follows, and with it
-/// comes the next row.
+/// Our level is high: a call of level 128 cuts off a message, then a lower one follows, and the
+/// next row comes during that one.
 class LowerCallAfterATakeover : public SpotDesk {
  public:
   LowerCallAfterATakeover()
@@ -141,7 +142,7 @@ TEST(TakeoverCorners, TheZonesOfARowThatSoundedInATakeoverGoOutWithItsEnd) {
   desk.Pc.Journal.Clear();
   desk.Status(0);
   desk.Advance(5000);
-  // Asked for at 61'000 and asked again every 200 ms: 128 + 8 + 32 for the zones 4 and 6.
+  // Requested at 61'000 and again every 200 ms: 128 + 8 + 32 for the zones 4 and 6.
   EXPECT_EQ(desk.Journal(), "200 send 168\n");
 }
 

@@ -30,7 +30,7 @@ std::string Minutes(const std::string& expression) {
   return minutes;
 }
 
-/// So many items "1", separated by commas.
+/// The given number of items "1", separated by commas.
 std::string Items(int count) {
   std::string items = "1";
   for (int item = 1; item < count; ++item) items += ",1";

@@ -10,7 +10,8 @@ namespace {
 
 constexpr const char* kPassed = "";
 
-/// Composes a sequence with these fields and saves it: the box, or nothing when it was saved.
+/// Composes a sequence with these fields and saves it. Returns the box, or nothing if it was
+/// saved.
 std::string Judge(const std::string& hours, const std::string& minutes) {
   EditorDesk desk;
   desk.Compose(hours, minutes);
@@ -67,7 +68,7 @@ TEST(TimeFields, ShowOnlyTheFirstOfSeveralMessages) {
   EXPECT_EQ(Judge("99", "99"), kHoursValue);
 }
 
-/// What has no message of its own is told in one plain one, and nothing is saved.
+/// Faults without a message of their own get one plain message, and nothing is saved.
 TEST(TimeFields, TellInputThatCannotBeExpandedInPlainWords) {
   for (const char* hours : {"5-5", "0-24", "0-23,1"})
     EXPECT_EQ(JudgeHours(hours), "Error: More than 24 hours in a time expression");
@@ -87,7 +88,7 @@ TEST(TimeFields, TakeThirtyItemsAndNoMore) {
   EXPECT_EQ(JudgeHours(minutes + ",00"), "Error: More than 24 hours in a time expression");
 }
 
-/// All words but the title of the first four, which is the English header of the weekdays.
+/// All words except the title of the first four, which is the English header of the weekdays.
 TEST(TimeFields, AreJudgedInTheWordsOfTheChosenLanguage) {
   const std::string header = " M  T  W   T   F   S   S: ";
   EditorDesk desk;

@@ -8,8 +8,8 @@ namespace {
 
 constexpr int kSunday = 7;
 
-/// The weekdays, as a mask of digits, on which a row of this mask plays in the view. The clock is
-/// set to a minute before the row's on each day from 1 January 2024, a Monday, on.
+/// The weekdays, as a mask of digits, on which a row with this mask plays in the view. The clock is
+/// set to one minute before the row on each day, starting on 1 January 2024, a Monday.
 std::string DaysOfPlaying(const std::string& mask, bool allDays, bool conflictPending = false) {
   std::string days;
   for (int day = 1; day <= kSunday; ++day) {
