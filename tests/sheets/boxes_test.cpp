@@ -80,7 +80,8 @@ void MistakeThePlaylist(ShownDesk& desk) {
   save();
 }
 
-/// What the system tells when it is provoked after its start, or by a fault before it.
+/// The boxes that the system shows when `provoke` is done after its start, or when a fault occurred
+/// before it.
 void Listen(const DeskOptions& options, const std::function<void(SimulatedPc&)>& fault,
             const std::function<void(ShownDesk&)>& provoke, std::vector<Box>& heard) {
   ShownDesk desk(options);
@@ -133,7 +134,7 @@ TEST(Boxes, TellAllThatTheSystemHasToTellWholeInEveryLanguage) {
   }
 }
 
-/// Types the name into the file dialog that stands, and presses its key.
+/// Types the name into the open file dialog and presses its button.
 void TypeName(const QString& name, QDialogButtonBox::StandardButton key) {
   QApplication::processEvents();
   auto* dialog = qobject_cast<QDialog*>(QApplication::activeWindow());

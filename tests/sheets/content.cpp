@@ -16,7 +16,7 @@ void ExpectText(const QString& shown, const QString& held) {
   EXPECT_EQ(shown.toStdString(), held.toStdString());
 }
 
-/// The texts of a column, a line each, whether or not they are scrolled into view.
+/// The texts of a column, one per line, whether or not they are scrolled into view.
 std::string Column(const QAbstractItemModel& model, int column) {
   std::string texts;
   for (int row = 0; row < model.rowCount(); ++row)
@@ -57,7 +57,7 @@ void ExpectList(const ListBox& list, const QWidget& widget) {
   EXPECT_EQ(view.currentIndex().row(), list.ListIndex());
 }
 
-/// Whether a key that can stay down is to be down.
+/// Whether a button that can stay down should be down.
 bool IsDown(const VisualControl& control) {
   if (auto* check = dynamic_cast<const CheckBox*>(&control)) return check->Value != 0;
   if (auto* option = dynamic_cast<const OptionButton*>(&control)) return option->Value();

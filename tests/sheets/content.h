@@ -6,8 +6,9 @@
 
 namespace marlex {
 
-/// Fails for each control of the form that is to be seen and has no widget in the window, and for
-/// each whose widget shows anything else than it holds: texts, entries, cells, marks, tool tips.
+/// Fails for each control of the form that should be visible and has no widget in the window, and
+/// for each whose widget shows anything other than what the control holds: texts, entries, cells,
+/// marks, tool tips.
 void ExpectContentShown(const Form& form, QWidget& window);
 
 }  // namespace marlex

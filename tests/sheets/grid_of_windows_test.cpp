@@ -11,7 +11,7 @@
 namespace marlex {
 namespace {
 
-/// A scene in one language, as long as it is looked at.
+/// Shows a scene in one language for as long as the object lives.
 class Shown {
  public:
   Shown(const std::string& scene, const char* language)
@@ -36,7 +36,7 @@ class Shown {
   QWidget& Window;
 };
 
-/// Equal but for the pixel that cannot be shared.
+/// Equal up to one pixel, which may be left over when the width is divided.
 void ExpectEvenWidths(const Shown& window, const std::vector<const char*>& parts) {
   for (const char* part : parts)
     EXPECT_NEAR(window.Area(part).width(), window.Area(parts.front()).width(), 1) << part;
@@ -83,7 +83,7 @@ TEST(GridOfWindows, AnEditorKeepsItsSizeWhenAPanelOpensInIt) {
   }
 }
 
-/// Pixels between a shortcut and the item before it.
+/// Pixels between a shortcut and the text of its item.
 double RoomBefore(const PaintedTexts::Piece& shortcut, const QList<PaintedTexts::Piece>& texts) {
   double end = 0;
   for (const auto& [text, place] : texts) {

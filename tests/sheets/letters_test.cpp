@@ -13,7 +13,7 @@
 namespace marlex {
 namespace {
 
-/// A family that every installation has, since the project's list names its package.
+/// A font family that every installation has, since the project's package list includes it.
 struct InstalledFamily {
   const char* Package;
   const char* Name;
@@ -37,7 +37,7 @@ class InstalledFonts {
       Fonts.append(QRawFont::fromFont(QFont(family.Name)));
   }
 
-  /// The letters of a text that none of them has.
+  /// The letters of a text that no installed font has.
   std::string MissingLetters(const std::string& text) const {
     QString missing;
     for (const uint letter : QString::fromStdString(text).toUcs4()) {
@@ -53,7 +53,7 @@ class InstalledFonts {
   QList<QRawFont> Fonts;
 };
 
-/// Number of a text's letters for which the fonts that the theme comes to have no picture.
+/// Number of glyphs in a text that are missing even in the fallback fonts of the theme's font.
 int Boxes(const QString& text) {
   QTextLayout layout(text, QApplication::font());
   layout.beginLayout();

@@ -9,7 +9,8 @@ int FirstRow(const QWidget& window) {
   return window.findChild<QTableView*>("grdSchedule")->rowAt(0) + 1;
 }
 
-/// What the table shows first is the system's to say, however its rows and columns come and go.
+/// The system decides which row and column the table shows first, even while rows and columns come
+/// and go.
 TEST(Place, ATableThatIsRebuiltBeginsWhereTheSystemHasIt) {
   const Scene& scene = Scenes().front();
   ShownDesk desk(scene.Options);

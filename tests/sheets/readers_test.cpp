@@ -12,15 +12,15 @@ void PrintTo(const Language& language, std::ostream* out) { *out << language.Nam
 
 namespace {
 
-/// Name by which a screen reader tells where the keyboard stands. That of a box that opens is its
-/// entry, whatever it is for, which its description tells.
+/// What a screen reader says about the widget with the keyboard focus: its name, or its description
+/// for a combo box, whose name is its current entry.
 QString Told(QWidget& widget) {
   QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&widget);
   const bool opens = qobject_cast<QComboBox*>(&widget);
   return spoken->text(opens ? QAccessible::Description : QAccessible::Name);
 }
 
-/// Parts of a window on which the keyboard can stand.
+/// Parts of a window that can have the keyboard focus.
 std::vector<QWidget*> Stops(const QWidget& window) {
   std::vector<QWidget*> stops;
   for (QWidget* widget : window.findChildren<QWidget*>()) {

@@ -5,7 +5,7 @@
 namespace marlex {
 namespace {
 
-// What the amplifier tells of a call of its own.
+// What the amplifier reports about one of its own calls.
 constexpr int kHigherCall = 128;
 constexpr int kLowerCall = 64;
 
@@ -66,7 +66,7 @@ DeskOptions InConflict(DeskOptions shop) {
   return shop;
 }
 
-/// An operator who names his files in whole sentences.
+/// An operator whose file names are whole sentences.
 DeskOptions Wordy() {
   const char* song = "A very long title of a song & its two composers, remastered for the hall";
   const char* message = "offers_of_the_day_in_the_departments_of_the_upper_and_of_the_lower_floor";
@@ -87,7 +87,7 @@ QWidget& MainOf(ShownDesk& desk) {
   return window;
 }
 
-/// Brings the main window up with the music playing.
+/// Opens the main window with the music playing.
 void Open(ShownDesk& desk) {
   desk.ReachMainWindow();
   if (desk.Enabled("cmdPlay")) desk.Click("cmdPlay");
@@ -149,7 +149,7 @@ QWidget& InThePostChime(ShownDesk& desk) {
   return MainOf(desk);
 }
 
-/// The schedule stands still until the next call.
+/// The schedule is held until the next call.
 QWidget& AfterACallThatTheAmplifierCutOff(ShownDesk& desk) {
   Open(desk);
   desk.Press("cmdCall");

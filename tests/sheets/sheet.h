@@ -4,11 +4,11 @@
 
 namespace marlex {
 
-/// Keeps a picture for people to look at: `name` is its file below the sheets of this density,
-/// without its ending.
+/// Saves a picture for people to look at. `name` is its file below the sheets of this density,
+/// without the extension.
 void Keep(const QImage& picture, const QString& name);
 
-/// Pictures side by side, each under its caption.
+/// Pictures side by side, each above its caption.
 class Sheet {
  public:
   void Add(const QString& caption, const QPixmap& picture);

@@ -24,7 +24,7 @@ const Form& FormOf(const ShownDesk& desk, const QWidget& window) {
   throw RuntimeFailure("No form " + window.objectName().toStdString());
 }
 
-/// Brings the desk to the scene in a language, measures its window, and keeps its picture under
+/// Brings the desk to the scene in a language, measures its window, and saves its picture under
 /// `name`.
 QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
   SCOPED_TRACE(scene.Name + " in " + language);
@@ -42,7 +42,7 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
   return picture;
 }
 
-/// The same on a desktop in the dark.
+/// The same on a dark desktop.
 QPixmap PaintDark(const Scene& scene, const char* language, const QString& name) {
   QApplication::setPalette(PaletteOf(Scheme::Dark));
   const QPixmap picture = Paint(scene, language, name + "/dark");
@@ -53,8 +53,7 @@ QPixmap PaintDark(const Scene& scene, const char* language, const QString& name)
 
 class EachScene : public ::testing::TestWithParam<std::size_t> {};
 
-/// In the dark it is painted in English and in one of the other languages, each of which has its
-/// turn.
+/// Dark pictures are painted in English and in one other language, a different one for each scene.
 TEST_P(EachScene, ShowsAllItsTextsWholeInEveryLanguageAndInTheDark) {
   const Scene& scene = Scenes()[GetParam()];
   const QString name = QString::fromStdString(scene.Name);
@@ -71,7 +70,7 @@ INSTANTIATE_TEST_SUITE_P(Of, EachScene, ::testing::Range(std::size_t(0), Scenes(
                          [](const auto& scene) { return Scenes()[scene.param].Name; });
 
 TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguage) {
-  constexpr double kThumbMm = 15;  // twice what guidelines for touch screens ask of any key
+  constexpr double kThumbMm = 15;  // twice what guidelines for touch screens require of a button
   constexpr double kPixelsPerMm = 96 / 25.4;
   const Scene& scene = Scenes().front();
   for (const Language& language : PaintedLanguages()) {
@@ -98,7 +97,7 @@ TEST(Sheets, ACallOfTheAmplifierIsToldWholeInLettersForThosePassingBy) {
   }
 }
 
-/// The one window that comes before any language.
+/// The only window that is shown before a language is chosen.
 TEST(Sheets, TheLanguageDialogIsWhole) {
   DeskOptions options;
   options.Language = "";

@@ -7,9 +7,9 @@
 
 namespace marlex {
 
-/// The application on a simulated PC, whose windows come on the screen when they are asked for. All
-/// that the operator does is done before: the simulated PC runs the system on a thread of its own,
-/// on which no widget may be touched.
+/// The application on a simulated PC, whose windows are shown on the screen on request. Everything
+/// that the operator does comes before: the simulated PC runs the system on its own thread, where
+/// no widget may be used.
 class ShownDesk : public Desk {
  public:
   explicit ShownDesk(const DeskOptions& options) : Desk(options, NameZones, false) {
@@ -27,7 +27,7 @@ class ShownDesk : public Desk {
     return *Shown;
   }
 
-  /// Delivers what waits on both sides, on the thread of the windows.
+  /// Delivers the pending events of both sides, on the thread of the windows.
   void Settle() {
     for (int round = 0; round < 3; ++round) {
       Pc.Loop.Pump();
