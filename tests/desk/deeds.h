@@ -14,8 +14,8 @@ inline void PauseByPreview(Desk& desk) {
   desk.Click("mnuExit");
 }
 
-/// Stops the music with the preview key of the playlist editor, which leaves no trace in the flags
-/// of the music's clock, and closes the editor again. Takes no time.
+/// Stops the music with the preview button of the playlist editor, which leaves no trace in the
+/// flags of the music's clock, and closes the editor again. Takes no time.
 inline void StopByPreview(Desk& desk) {
   FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
   desk.Click("mnuPlaylist");
@@ -32,7 +32,7 @@ inline void PlayAndStop(Desk& desk) {
   desk.Click("cmdStop");
 }
 
-/// Picks the chime before calls, of which there was none, in the settings. Takes no time.
+/// Selects a chime before calls in the settings, where there was none. Takes no time.
 inline void PickPreChime(Desk& desk, const std::string& chime) {
   desk.Click("mnuSettings");
   desk.Click("chkPreChime");

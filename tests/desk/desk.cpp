@@ -113,15 +113,15 @@ void Desk::RunTo(int hour, int minute, int second) {
   Pc.Loop.RunFor(((seconds + kDaySeconds) % kDaySeconds) * 1000);
 }
 
-/// The keys of the interval panel go with it.
+/// While the interval panel is hidden, so are its buttons.
 bool Desk::OnHiddenPanel(const Control& control) {
   const WavWindow& editor = Sys->TheWindows.TheWavWindow;
   return (&control == &editor.cmdOK || &control == &editor.cmdCancel) && !editor.frInterval.Visible;
 }
 
-/// Windows that are open together may have controls of one name, of which the first in this order
-/// is meant: those of the message schedule editor hide the main window's, and these hide those of
-/// the playlist editor, whose tests hand over the control itself.
+/// Windows that are open together may have controls of the same name. The first one in this order
+/// is meant: the message schedule editor comes before the main window, and the main window before
+/// the playlist editor, whose tests pass the control itself.
 template <class T>
 T* Desk::Look(const std::string& name) {
   Windows& windows = Sys->TheWindows;

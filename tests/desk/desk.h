@@ -27,7 +27,7 @@ struct Sequence {
   std::string Timer = "Exact";
 };
 
-/// An installation. Only what matters to a test is set; the rest is a small shop on a Monday at
+/// An installation. A test sets only what matters to it; the rest is a small shop on a Monday at
 /// noon.
 struct DeskOptions {
   std::vector<Medium> Music = {};
@@ -57,15 +57,15 @@ struct DeskOptions {
   std::vector<int> Now = {2024, 1, 1, 12, 0, 30};  // a Monday
 };
 
-/// The application on a simulated PC, with an operator's hands and eyes. Time stands still between
-/// the calls.
+/// The application on a simulated PC, with the hands and eyes of an operator. Time does not advance
+/// between the calls.
 class Desk {
  public:
-  /// Lays the installation out and starts the program up to its main window.
+  /// Creates the installation and starts the program up to its main window.
   explicit Desk(DeskOptions options = {});
 
-  /// The same, with a last change of the PC before the start; without a start when `start` is
-  /// False.
+  /// The same, with a last change to the PC before the start. When `start` is false the program is
+  /// not started.
   Desk(DeskOptions options, const std::function<void(SimulatedPc&)>& prepare, bool start = true);
   ~Desk();
 
@@ -73,16 +73,16 @@ class Desk {
   static constexpr const char* kPlaylist = "/app/Day.lst";
 
   void Start();    // up to the end of the splash
-  void Restart();  // kills the program and starts it anew on the same PC
+  void Restart();  // kills the program and starts it again on the same PC
 
-  std::function<void()> OnRestart;  // a new system has been made and is about to start
+  std::function<void()> OnRestart;  // a new system has been created and is about to start
   void Advance(int ms) { Pc.Loop.RunFor(ms); }
   void RunTo(int hour, int minute, int second = 0);  // of the wall clock, today or tomorrow
 
-  // The operator's hands. A control that is disabled or hidden takes nothing.
+  // The operator's hands. A disabled or hidden control does not react.
   void Click(const std::string& control);
-  void Click(VisualControl& control);           // which may share its name with another window's
-  static void Operate(VisualControl& control);  // the click itself, in the midst of an event
+  void Click(VisualControl& control);           // for a control whose name another window uses too
+  static void Operate(VisualControl& control);  // the click itself, in the middle of an event
   void Press(const std::string& control);
   void Release(const std::string& control);
   void Select(int entry);  // in the list of songs
@@ -101,13 +101,13 @@ class Desk {
   }
 
   // The operator's eyes.
-  bool Shows(const std::string& control);        // whether a window that is open has it
+  bool Shows(const std::string& control);        // whether an open window has it
   std::string Text(const std::string& control);  // its caption
   bool Enabled(const std::string& control);
   bool Visible(const std::string& control);
   std::string Cell(int row, int column) { return Main().grdSchedule.TextMatrix(row, column); }
   Color CellColor(int row, int column) { return Main().grdSchedule.BackColorAt(row, column); }
-  static int Row(const ListBox& list, const std::string& text);  // kNoSelection without one
+  static int Row(const ListBox& list, const std::string& text);  // kNoSelection if there is none
   std::vector<std::string> Rows();  // of the table: the cells of each row joined by "|"
   std::string LitZones();           // six characters, "1" is a green label
   std::string Heard() const { return Pc.Heard(); }
