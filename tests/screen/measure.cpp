@@ -16,7 +16,7 @@ std::string Describe(const QWidget& widget, const QString& text) {
          std::to_string(widget.width()) + " x " + std::to_string(widget.height());
 }
 
-/// A name of the operator's may be longer than its room; a beginning of it is shown always.
+/// The operator's names may be longer than the space for them; at least their beginning is shown.
 template <class T>
 void ExpectBeginning(const T& widget) {
   EXPECT_GE(widget.width(), widget.minimumSizeHint().width()) << Describe(widget, widget.text());
@@ -39,7 +39,7 @@ void ExpectWhole(const QAbstractButton& key) {
   EXPECT_GE(key.height(), key.minimumSizeHint().height()) << Describe(key, key.text());
 }
 
-/// The title, wrapped in the frame's width, ends above the first widget of the frame.
+/// The title, wrapped to the frame's width, ends above the first widget of the frame.
 void ExpectWhole(const QGroupBox& frame) {
   if (frame.title().isEmpty()) return;
   const QRect room = frame.contentsRect();
@@ -60,7 +60,7 @@ void ExpectWhole(const QTableView& table) {
   }
 }
 
-/// Whichever of its entries is chosen, the box has room for it.
+/// The combo box has room for every one of its entries.
 void ExpectWhole(const QComboBox& box) {
   QStyleOptionComboBox option;
   option.initFrom(&box);
@@ -75,7 +75,7 @@ void ExpectWhole(const QComboBox& box) {
   }
 }
 
-/// What is typed may be longer than the line, but not higher.
+/// The typed text may be longer than the line, but not higher.
 void ExpectWhole(const QLineEdit& line) {
   QStyleOptionFrame option;
   option.initFrom(&line);
@@ -106,15 +106,15 @@ bool IsViewport(const QWidget& widget) {
   return view && view->viewport() == &widget && !qobject_cast<QHeaderView*>(view);
 }
 
-/// Whether a text may be longer than the widget that paints it: a name, whole in the tool tip then,
-/// or what the operator types.
+/// Whether a text may be longer than the widget that paints it: a name, which the tool tip shows in
+/// full, or what the operator types.
 bool TakesAnyText(const QWidget& widget) {
   auto* line = qobject_cast<const QLineEdit*>(&widget);
   return (line && !line->text().isEmpty()) || dynamic_cast<const ElidedLabel*>(&widget) ||
          dynamic_cast<const ElidedButton*>(&widget);
 }
 
-/// The texts that a widget paints, each within it, none of them shortened.
+/// Returns the texts that a widget paints, and expects each to be inside it and not shortened.
 QList<Piece> ExpectPaintedWhole(QWidget& widget) {
   const QList<Piece> pieces = PaintedTexts::Of(widget);
   const QRectF room = QRectF(widget.rect()).adjusted(-0.5, -0.5, 0.5, 0.5);
@@ -127,7 +127,7 @@ QList<Piece> ExpectPaintedWhole(QWidget& widget) {
   return pieces;
 }
 
-/// No widget lies over a text that another one paints, in whichever frames the two are.
+/// No widget covers a text that another one paints, even in different frames.
 void ExpectUncovered(QWidget& painter, const QList<Piece>& pieces, const QWidget& window,
                      const QList<QWidget*>& shown) {
   for (const QWidget* other : shown) {
@@ -152,7 +152,7 @@ void ExpectTextsWhole(QWidget& window) {
   }
 }
 
-/// Widgets of one layout never share a place.
+/// Widgets of the same layout never overlap.
 void ExpectNoOverlap(const QWidget& parent) {
   QList<QWidget*> shown;
   for (QWidget* child : parent.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {

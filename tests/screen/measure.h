@@ -4,8 +4,8 @@
 
 namespace marlex {
 
-/// Fails for each text of a window that is cut, each widget that leaves its frame, and each two
-/// that lie over each other. The window must be on the screen.
+/// Fails for each text of a window that is cut, each widget that extends past its frame, and each
+/// pair that overlaps. The window must be on the screen.
 void ExpectNothingClipped(QWidget& window);
 
 }  // namespace marlex

@@ -10,7 +10,7 @@ namespace {
 using Piece = PaintedTexts::Piece;
 
 constexpr int kFewestLetters = 6;  // of a name that is shortened
-constexpr int kKeyGap = 10;        // between the text of an action and its key
+constexpr int kKeyGap = 10;        // pixels between the text of an action and its key
 
 QString Text(const QList<Piece>& pieces) {
   QString text;
@@ -18,7 +18,7 @@ QString Text(const QList<Piece>& pieces) {
   return text;
 }
 
-/// The letters of a text, whichever way it runs.
+/// The letters of a text, regardless of its direction.
 std::string Letters(QString text) {
   text.remove(' ');
   std::sort(text.begin(), text.end());
@@ -33,7 +33,7 @@ QString ToolTipOf(QAbstractItemView& view, const QModelIndex& index) {
   return QToolTip::text();
 }
 
-/// The operator's own names are as long as they like; a time or a routing is not.
+/// The operator's own names may have any length; a time or a routing may not.
 bool IsName(const QAbstractItemView& view, const QModelIndex& index) {
   return !qobject_cast<const QTableView*>(&view) || index.column() >= kNameColumn;
 }
@@ -56,7 +56,7 @@ void ExpectItemWhole(QAbstractItemView& view, const QModelIndex& index) {
   EXPECT_EQ(ToolTipOf(view, index).toStdString(), whole.toStdString()) << cell;
 }
 
-/// The texts in the place of an action, without the key that is written behind it.
+/// The texts of an action do not run into its key, which is painted after them.
 void ExpectKeyApart(const QAction& action, const QList<Piece>& pieces) {
   const QString key = action.shortcut().toString(QKeySequence::NativeText);
   const auto behind = std::find_if(pieces.begin(), pieces.end(),

@@ -6,21 +6,21 @@
 
 namespace marlex {
 
-inline constexpr QChar kLeftOut = u'\u2026';  // stands where a text goes on that is shortened
+inline constexpr QChar kLeftOut = u'\u2026';  // marks where a shortened text was cut
 
 std::string Corners(const QRectF& place);
 
-/// Fails for each two texts that lie over each other.
+/// Fails for each pair of overlapping texts.
 void ExpectApart(const QList<PaintedTexts::Piece>& pieces);
 
-/// Fails for each cell or entry on the screen that is cut, or is shortened although its view keeps
-/// no names there, or of which the tool tip does not tell the rest.
+/// Fails for each visible cell or entry that is cut, that is shortened although its view holds no
+/// names there, or whose tool tip does not show the full text.
 void ExpectItemsWhole(QAbstractItemView& view);
 
-/// Fails for each title that the bar has no room for.
+/// Fails for each menu title for which the menu bar has no room.
 void ExpectItemsWhole(QMenuBar& bar);
 
-/// Fails for each text of a menu, open or not, that is cut or touches its key.
+/// Fails for each text of a menu, open or closed, that is cut or touches its key.
 void ExpectItemsWhole(QMenu& menu);
 
 }  // namespace marlex

@@ -4,21 +4,21 @@
 
 namespace marlex {
 
-/// A screen that keeps of all that is painted on it the texts alone, each with its place.
+/// A paint device that records only the texts painted on it, each with its place.
 class PaintedTexts : public QPaintDevice {
  public:
   struct Piece {
-    QString Text;  // a word or several, of one font
+    QString Text;  // one or more words in one font
     QRectF Place;
   };
 
   explicit PaintedTexts(QWidget& painter);
   ~PaintedTexts() override;
 
-  /// What a widget paints by itself, without its children.
+  /// What a widget itself paints, without its children.
   static QList<Piece> Of(QWidget& widget);
 
-  /// What a view paints for one of its rows or cells; places are those of its viewport.
+  /// What a view paints for one of its rows or cells; places are relative to its viewport.
   static QList<Piece> Of(QAbstractItemView& view, const QModelIndex& index);
 
   QPaintEngine* paintEngine() const override;
