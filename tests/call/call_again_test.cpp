@@ -1,5 +1,5 @@
-// A second click on the call key while the first call is on its way out: whenever it comes, it
-// leaves nothing behind.
+// A second click on the call button while the first call is ending leaves nothing behind, whenever
+// it comes.
 
 #include <gtest/gtest.h>
 
@@ -12,9 +12,9 @@
 namespace marlex {
 namespace {
 
-constexpr int kReleaseMs = 4000;  // all are speaking by then
+constexpr int kReleaseMs = 4000;  // all cases are speaking by then
 constexpr int kStepMs = 10;
-constexpr int kLongestEndMs = 2600;  // post-chime and slow fade, and a moment more
+constexpr int kLongestEndMs = 2600;  // post-chime and slow fade, and a little more
 
 struct Case {
   const char* FadeTime;
@@ -27,7 +27,7 @@ constexpr Case kCases[] = {
     {"Slow", "", ""}, {"Slow", "chime", ""}, {"Slow", "", "gong"}, {"Slow", "chime", "gong"},
 };
 
-/// A desk that has just been released after a call over music, with a row at 12:02.
+/// A desk whose call over music has just been released, with a row at 12:02.
 class ReleasedDesk : public CallDesk {
  public:
   explicit ReleasedDesk(const Case& with) : CallDesk(Options(with)) {
@@ -45,7 +45,7 @@ class ReleasedDesk : public CallDesk {
   }
 };
 
-/// What is wrong with the desk after all keys have been let go; empty for nothing.
+/// What is wrong with the desk after all buttons have been released; empty if nothing is.
 std::string Trouble(CallDesk& desk) {
   const auto atRest = [&desk](const std::string& when) -> std::string {
     if (desk.State().CallActive) return "a call is on " + when;
@@ -71,7 +71,8 @@ std::string Trouble(CallDesk& desk) {
   return atRest("after the next row");
 }
 
-/// Each moment with a click of one length, the lengths in turn; MARLEX_SWEEP=whole tries them all.
+/// Each moment is tested with one click, whose length changes from moment to moment;
+/// MARLEX_SWEEP=whole tests each moment with every length.
 TEST(CallAgain, AtAnyMomentOfTheWayBackLeavesNothingBehind) {
   const std::vector<int> lengthsMs = {0, 10, 150, 700, 2000};
   const bool whole = std::getenv("MARLEX_SWEEP") != nullptr;

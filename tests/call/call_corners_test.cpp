@@ -1,5 +1,5 @@
-// Releases, takeovers and song ends in places where the steps of a press and of a release meet:
-// what they literally give is meant.
+// Releases, takeovers and song ends at points where the steps of a press and of a release overlap.
+// Deliberate: the results are what these steps, taken literally, produce.
 
 #include <gtest/gtest.h>
 
@@ -26,7 +26,7 @@ void TakeOverAt(CallDesk& desk, int atMs) {
   desk.AdvanceTo(11'000);
 }
 
-/// The call that is made now is heard, and leaves the desk as it should be.
+/// A call that is now made is heard, and leaves the desk as it should be.
 void ExpectWholeCall(CallDesk& desk) {
   desk.Press("cmdCall");
   desk.Advance(3000);
@@ -70,8 +70,9 @@ TEST(ReleaseThenTakeover, InTheWaitForThePreChimesEndNothingIsKept) {
   ExpectWholeCall(desk);
 }
 
-/// Where the word for closing is no command of the player, the chime goes on to its end, and the
-/// release with it. If the takeover is over by then, it restores as if nothing had been.
+/// Where the word for closing is not a command of the player, the chime plays to its end, and the
+/// release waits for it. If the takeover is over by then, the release restores everything as if
+/// there had been none.
 TEST(ReleaseThenTakeover, AChimeThatCannotBeClosedRestoresAfterAShortOne) {
   DeskOptions options = CallDesk::Chimes();
   options.Language = "Italian";
@@ -124,8 +125,8 @@ TEST(ReleaseThenTakeover, InTheFadeBackTheMusicReturnsWithTheTakeoversEnd) {
   ExpectWholeCall(desk);
 }
 
-/// A call that is dropped in its chime leaves the chime sounding and the music paused: nothing of
-/// that counts as running, so that a call of the amplifier takes nothing over.
+/// A call that is dropped during its chime leaves the chime playing and the music paused. None of
+/// that counts as running, so a call of the amplifier takes nothing over.
 TEST(KeptRelease, ACallOfTheAmplifierOverADroppedCallsChimeMutesNothing) {
   CallDesk desk(DeskOptions{});
   desk.PressAt(0);
@@ -191,7 +192,7 @@ TEST(TwoReleases, EveryPairOfThemEndsTheCallOnceAndTheNextSpeaks) {
   }
 }
 
-/// A row waits for the end of the song, which comes in the fade of a call.
+/// A row waits for the end of the song, which comes during the fade of a call.
 class SongEndDesk : public CallDesk {
  public:
   SongEndDesk() : CallDesk(WithRow()) {
@@ -213,8 +214,8 @@ class SongEndDesk : public CallDesk {
   }
 };
 
-/// The call has dropped the messages, so that the break plays none of them, and the fade goes on
-/// over the next song. The tick is the call's.
+/// The call has dropped the messages, so the break plays none of them, and the fade continues over
+/// the next song. The tick remains held by the call.
 TEST(SongEndInACallsFade, OverAWaitingRowLeavesTheTickToTheCall) {
   SongEndDesk desk;
   desk.Press("cmdCall");

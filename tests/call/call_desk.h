@@ -8,7 +8,7 @@
 namespace marlex {
 
 /// A desk with chimes of 1000 and 800 ms, with or without music, whose journal begins when the
-/// operator is about to press. Its rows of the schedule, if any, begin at 12:01.
+/// operator is about to press. The rows of its schedule, if any, begin at 12:01.
 class CallDesk : public Desk {
  public:
   enum class Music { Plays, IsSilent };
@@ -39,13 +39,13 @@ class CallDesk : public Desk {
     Release("cmdCall");
   }
 
-  /// "Speak, lamps green", and ", speaks" while the microphone is open.
+  /// "Speak, lamps green", followed by ", speaks" while the microphone is open.
   std::string Station() {
     const Color lamp = Main().lblBusy[0].BackColor;
     const std::string color = lamp == kGreen ? "green" : lamp == kDarkGreen ? "dark green" : "off";
     return KeyWord() + ", lamps " + color + (Speaks() ? ", speaks" : "");
   }
-  /// Word on the key, in English whatever the language.
+  /// The caption of the button, in English whatever the language.
   std::string KeyWord() {
     const std::string shown = Text("cmdCall");
     for (const int id : {kStrCall, kStrWait, kStrSpeak}) {
@@ -55,7 +55,7 @@ class CallDesk : public Desk {
   }
   bool Speaks() { return !MuteCheck(Sys->Mixer.MicLine) && !MuteCheck(0); }
 
-  /// Those of the tick and the transport keys that are on.
+  /// Which of the tick and the transport buttons are enabled.
   std::string Alive() {
     std::string names = Sys->TheFrmPlayers.tmrMessage.Enabled ? "tick" : "";
     for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"}) {

@@ -1,4 +1,4 @@
-// A call and what may come over it or lie under it: messages, takeovers, clicks.
+// A call and what may interrupt it or be interrupted by it: messages, takeovers, clicks.
 
 #include <gtest/gtest.h>
 
@@ -109,7 +109,7 @@ TEST(CallMeetsMessage, AMessageThatWaitsForTheSongsEndIsDropped) {
 struct Moment {
   const char* During;
   int AtMs;
-  bool MusicIsPaused;  // by the call, which a takeover keeps from resuming it
+  bool MusicIsPaused;  // by the call; a takeover keeps the call from resuming it
 };
 
 /// Press at 0, fade to 529, chime to 1529, speech to 5000, second chime to 5800, fade up.
@@ -182,7 +182,7 @@ TEST(CallMeetsTakeover, TheScheduleStandsStillAfterItUntilTheNextWholeCall) {
   EXPECT_EQ(desk.Alive(), kAllAlive);
 }
 
-/// A key and another event that come in the same instant: the event is handled while the press is.
+/// A press and another event at the same instant: the event is handled during the press.
 void PressUnder(CallDesk& desk, const std::function<void()>& event) {
   desk.Do([&] {
     event();
@@ -280,7 +280,7 @@ TEST(CallMeetsTakeover, AWholeCallAfterItBringsTheMusicBackThatTheFirstHadPaused
   EXPECT_EQ(desk.Alive(), kAllAlive);
 }
 
-/// The call with these statuses in its midst, one after the other, up to its end.
+/// Runs a whole call, with these statuses arriving in the middle of it, one after the other.
 void CallUnder(CallDesk& desk, int atMs, std::initializer_list<int> statuses) {
   desk.PressAt(0);
   if (atMs > 5000) desk.ReleaseAt(5000);
@@ -318,7 +318,7 @@ TEST(CallMeetsStatus, OfALowerCallNothingChanges) {
     CallUnder(undisturbed, atMs, {});
     CallUnder(desk, atMs, {64});
     ExpectTheSame(desk, undisturbed);
-    // A call that is routed under it begins with a release.
+    // A call that is routed during it begins with a release.
     const char* paused = "529 song pause\n";
     const std::string expected = undisturbed.Journal();
     EXPECT_EQ(
@@ -327,8 +327,9 @@ TEST(CallMeetsStatus, OfALowerCallNothingChanges) {
   }
 }
 
-/// The zones of music that plays go out 400 ms after a status of 0, also from under a call. They
-/// are those that the labels show then: in its fade it is the call's byte that comes early.
+/// The zones of music that is playing are sent 400 ms after a status of 0, even during a call. They
+/// are the zones that the labels show at that moment: in the call's fade, it is the call's byte
+/// that is sent early.
 TEST(CallMeetsStatus, OfNoCallOnlyTheZonesOfMusicThatPlaysAreSentAnew) {
   for (const std::initializer_list<int> statuses : {std::initializer_list<int>{0}, {64, 0}}) {
     for (const auto& [during, atMs, musicIsPaused] : kMoments) {
@@ -346,7 +347,7 @@ TEST(CallMeetsStatus, OfNoCallOnlyTheZonesOfMusicThatPlaysAreSentAnew) {
   }
 }
 
-/// The lamps are those of a station at rest from then on, which is meant.
+/// Deliberate: from then on the lamps are those of a station at rest.
 TEST(CallMeetsStatus, OfNoCallTheLampsOfASpeakerGoOutAndHeSpeaksOn) {
   CallDesk desk;
   desk.PressAt(0);
@@ -357,7 +358,8 @@ TEST(CallMeetsStatus, OfNoCallTheLampsOfASpeakerGoOutAndHeSpeaksOn) {
   EXPECT_EQ(desk.Station(), "Speak, lamps off, speaks");
 }
 
-/// Something waits on top of whatever waits at `atMs`, as a box does, up to the eighth second.
+/// Adds a wait, as a box does, on top of whatever is waiting at `atMs`; it lasts until the eighth
+/// second.
 void WaitOnTop(CallDesk& desk, int atMs) {
   desk.Pc.Loop.Schedule(atMs, [&desk, endMs = desk.Pc.Loop.NowMs() + 8000] {
     desk.Pc.Loop.PumpUntil([&] { return desk.Pc.Loop.NowMs() >= endMs; });
@@ -396,7 +398,8 @@ TEST(CallMeetsWait, AboveItsFadeTheReleaseTurnsTheLampsOff) {
   }
 }
 
-/// A pre-chime whose release waits under something, or cannot be closed, is no release of the next.
+/// A release in a pre-chime that is held up by a wait on top, or that cannot close the chime, does
+/// not count as the release of the next call.
 TEST(CallMeetsWait, AboveTheReleaseInAPreChimeTheNextCallSpeaks) {
   CallDesk desk;
   WaitOnTop(desk, 900);
@@ -434,7 +437,7 @@ TEST(CallMeetsTakeover, OfAReleaseInAChimeThatCannotBeClosedTheNextCallSpeaks) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
-/// Whenever no microphone has opened, no second chime sounds, and none beside music.
+/// If no microphone has been opened, no post-chime is heard; nor is one ever heard over music.
 TEST(CallMeetsWait, AboveItsFadeTheReleaseSoundsNoPostChime) {
   CallDesk desk;
   WaitOnTop(desk, 100);
@@ -445,7 +448,8 @@ TEST(CallMeetsWait, AboveItsFadeTheReleaseSoundsNoPostChime) {
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
-/// The turned fade of the first call is taken over, and its release held by what waits on top.
+/// The fade of the first call, turned by its release, is taken over, and the release is held up by
+/// the wait on top.
 TEST(CallMeetsWait, AboveTheFadeThatAReleaseTurnedTheNextCallFadesAsAnyOther) {
   CallDesk desk;
   WaitOnTop(desk, 250);

@@ -1,5 +1,5 @@
-// A call that begins in the waits of the schedule and of the music's clock: nothing of theirs goes
-// on under it.
+// A call that begins during the waits of the schedule and of the music's clock: none of their work
+// continues during the call.
 
 #include <gtest/gtest.h>
 
@@ -79,7 +79,7 @@ TEST(CallOverSchedule, OverTheMessagesOfAMusicBreakNothingOfTheMinuteAfterItPlay
   EXPECT_EQ(desk.Alive(), kAllAlive);
 }
 
-/// An operator speaks, and the closing of the schedule's editor has switched the tick on under it.
+/// While the operator speaks, closing the schedule's editor has switched the tick on.
 void SpeakOverAClosedEditor(CallDesk& desk) {
   desk.Click("mnuSchedule");
   desk.Press("cmdCall");
@@ -170,7 +170,7 @@ TEST(CallOverSchedule, TakenOverInASequencesLastFadeLeavesTickAndKeysAlive) {
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
-/// A song that ends at 12:03:31, after which the messages of a row play that has waited for it.
+/// A song that ends at 12:03:31; then the messages of a waiting row play.
 class BreakDesk : public CallDesk {
  public:
   explicit BreakDesk(DeskOptions options) : CallDesk(WithRow(std::move(options))) {

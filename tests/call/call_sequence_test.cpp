@@ -67,7 +67,7 @@ TEST(CallSequence, WithoutMusicItOpensAtOnceAndFreesTheZonesAtItsEnd) {
 TEST(CallSequence, TheMasterStaysAsItIsUntilMusicAMessageOrAChimeOpensIt) {
   CallDesk fresh({}, kSilent);
   fresh.PressAt(0);
-  EXPECT_TRUE(fresh.MuteCheck(0));  // as the start has left it
+  EXPECT_TRUE(fresh.MuteCheck(0));  // as left by the start
   CallDesk afterMusic(DeskOptions{});
   afterMusic.Click("cmdStop");
   afterMusic.PressAt(0);
@@ -205,11 +205,11 @@ TEST(CallSequence, WithoutAMicrophoneItIsTheSameAndTouchesNoMicrophone) {
   EXPECT_EQ(desk.Alive(), kAllAlive);
 }
 
-/// The line of a microphone that is not there has the number of the master.
+/// Without a microphone, the number of its line is that of the master.
 TEST(CallSequence, WithoutAMicrophoneOnlyAChimeTouchesTheMaster) {
   for (const bool chimes : {false, true}) {
     CallDesk desk({.Microphone = false, .PreChime = chimes ? "chime" : ""}, kSilent);
-    ASSERT_TRUE(desk.MuteCheck(0));  // as the start has left it
+    ASSERT_TRUE(desk.MuteCheck(0));  // as left by the start
     desk.Do([&] { desk.Sys->Call.StartCall(); });
     desk.AdvanceTo(2000);
     EXPECT_EQ(desk.Text("cmdCall"), "Speak");
@@ -339,7 +339,8 @@ TEST(CallSequence, AReleaseInTheSameInstantEndsItBeforeTheMicrophoneOpens) {
   }
 }
 
-/// Press, release and press, delivered in one instant: the first press has nothing of the second.
+/// Press, release and press, delivered at the same instant: the first press is unaffected by the
+/// second.
 TEST(CallSequence, APressBelongsToItsOwnCall) {
   for (const char* chime : {"", "chime"}) {
     CallDesk desk({.PreChime = chime}, kSilent);
@@ -385,7 +386,7 @@ struct Leaving {
   int ExitMs;
 };
 
-/// Fade to 529, chime to 1529, speech, second chime for 800 ms from the release on, fade back.
+/// Fade to 529, chime to 1529, speech, second chime for 800 ms after the release, fade back.
 const std::vector<Leaving> kLeavings = {
     {{}, 100},            // in the fade
     {{200}, 300},         // in the fade that the release has turned

@@ -1,4 +1,4 @@
-// The settings dialog that is opened, confirmed and cancelled in the midst of a call.
+// The settings dialog is opened, confirmed and cancelled in the middle of a call.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ constexpr Moment kMoments[] = {{"the fade", 200},
                                {"the post-chime", 5400},
                                {"the fade back", 6000}};
 
-/// Calls, runs `hand` at its moment, and lets everything come to rest.
+/// Makes a call, runs `hand` at its moment, and waits until the desk is at rest.
 void CallWith(CallDesk& desk, int atMs, const std::function<void()>& hand) {
   desk.PressAt(0);
   if (atMs > kReleaseMs) desk.ReleaseAt(kReleaseMs);
@@ -53,7 +53,7 @@ TEST(CallMeetsSettings, AnOkInItsMidstLeavesItsStepsAsTheyAre) {
       desk.Click("cmdOK");
       EXPECT_EQ(desk.Station(), before);
     });
-    // The dialog puts the music's level on the line, from which a fade that is on begins anew.
+    // The dialog sets the line to the music's level, and a running fade starts over from there.
     const bool fades = atMs < 529;
     const auto at = [&](int ms) { return std::to_string(ms + (fades ? 184 : 0)); };
     EXPECT_EQ(desk.Journal(), at(529) + " song pause\n" + at(529) + " wav play chime.wav\n" +
@@ -83,7 +83,7 @@ TEST(CallMeetsSettings, AnOkInTheMidstOfOneWithoutMusicClosesNothingOfIt) {
   }
 }
 
-/// The port closes at once, with the zones that the amplifier has then. No byte follows.
+/// The port closes immediately, leaving the amplifier with its present zones. No byte follows.
 TEST(CallMeetsSettings, AChangeToTheOtherAmplifierInItsMidstLetsItEndWithoutAByte) {
   for (const auto& [during, atMs] : kMoments) {
     SCOPED_TRACE(during);
@@ -108,7 +108,7 @@ TEST(CallMeetsSettings, AChangeToTheOtherAmplifierInItsMidstLetsItEndWithoutAByt
   }
 }
 
-/// As long as the amplifier held the outputs only it could give them back.
+/// While the amplifier held the outputs, only the amplifier could give them back.
 TEST(CallMeetsSettings, ChangingTheAmplifierUnderATakeoverKeepsTheMicrophoneShut) {
   CallDesk desk;
   desk.PressAt(0);
@@ -130,8 +130,8 @@ TEST(CallMeetsSettings, ChangingTheAmplifierUnderATakeoverKeepsTheMicrophoneShut
   ExpectRest(desk);
 }
 
-/// The dialog's sliders act as if they were moved by hand when it shows them: the fade goes on from
-/// the music's level, and so it takes longer.
+/// Showing the dialog's sliders has the same effect as moving them by hand: the fade continues from
+/// the music's level, and so takes longer.
 TEST(CallMeetsSettings, TheMereOpeningOverAFadeBeginsItAnew) {
   CallDesk desk;
   desk.PressAt(0);
@@ -151,7 +151,7 @@ TEST(CallMeetsSettings, TheMereOpeningOverAFadeBeginsItAnew) {
   ExpectRest(desk);
 }
 
-/// A rise that stands at its target falls to it with its next event.
+/// A fade up that is at its target overshoots once more and falls back to it.
 TEST(CallMeetsSettings, TheMereOpeningOverAFadeBackShortensIt) {
   CallDesk desk;
   desk.PressAt(0);
@@ -168,8 +168,8 @@ TEST(CallMeetsSettings, TheMereOpeningOverAFadeBackShortensIt) {
   ExpectRest(desk);
 }
 
-/// A chime is no message for the sliders: the music's level goes on its line when the dialog opens,
-/// and the message's own slider moves nothing.
+/// For the sliders a chime is not a message: when the dialog opens, the line gets the music's
+/// level, and the message's own slider has no effect.
 TEST(CallMeetsSettings, TheMereOpeningOverAChimePutsTheMusicsLevelOnIt) {
   CallDesk desk;
   desk.PressAt(0);

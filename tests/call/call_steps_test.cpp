@@ -1,4 +1,5 @@
-// Single steps of a press and of a release, each where nothing else would show that it is missing.
+// Single steps of a press and of a release, each tested where nothing else would reveal that it is
+// missing.
 
 #include <gtest/gtest.h>
 
@@ -12,12 +13,12 @@ constexpr const char* kRest = "Call, lamps off";
 constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
 constexpr const char* kMusic = "song march.mp3 at 20000";
 
-/// A desk five seconds before a row of one message, with the chime before a call or without one.
+/// A desk five seconds before a row of one message, with or without a chime before calls.
 DeskOptions WithRow(const std::string& preChime = "") {
   return {.Sequences = {{}}, .PreChime = preChime, .Now = {2024, 1, 1, 12, 0, 55}};
 }
 
-/// Reaches the row, and opens a playlist that starts by itself under its message.
+/// Waits for the row, and opens a playlist that starts by itself during its message.
 void PlayMusicUnderTheMessage(CallDesk& desk) {
   desk.Pc.Disk.AddFile("/app/Auto.lst",
                        "[Playlist]\r\nSong:1=waltz\r\n[BackGround music]\r\nAutostart=True\r\n");
@@ -29,7 +30,7 @@ void PlayMusicUnderTheMessage(CallDesk& desk) {
   desk.Pc.Journal.Clear();
 }
 
-/// The colours of a lamp one after the other from now on, in letters: green, dark and off.
+/// The successive colours of a lamp from now on, as letters: green, dark and off.
 void Watch(Label& lamp, std::string& colors) {
   lamp.Watcher = [&lamp, &colors] {
     const Color color = lamp.BackColor;
@@ -49,7 +50,7 @@ TEST(CallSteps, APressClosesTheMessageWithTheDevicesWordInEveryLanguage) {
   EXPECT_EQ(desk.Journal().substr(0, 23), "0 wav stop welcome.wav\n");
 }
 
-/// A byte that comes takes two events to be heard: one of the port, and one of its reading.
+/// An arriving byte needs two events to be handled: one of the port, and one that reads it.
 TEST(CallSteps, AByteInTheInstantOfThePressIsReadBeforeTheMicrophoneOpens) {
   CallDesk desk({}, kSilent);
   desk.Do([&] {
@@ -63,7 +64,7 @@ TEST(CallSteps, AByteInTheInstantOfThePressIsReadBeforeTheMicrophoneOpens) {
   EXPECT_EQ(desk.Journal(), "");
 }
 
-/// A lower call that follows the takeover clears the priority and gives nothing back.
+/// A lower call that follows the takeover clears the priority and restores nothing.
 TEST(CallSteps, APressUnderATakeoverThatALowerCallFollowsDoesNothing) {
   DeskOptions options = CallDesk::Chimes();
   options.Priority = "High";
@@ -98,7 +99,7 @@ TEST(CallSteps, MusicThatPlaysUnderAMessageIsPausedWithoutAFade) {
   EXPECT_EQ(desk.Alive(), kAllAlive);
 }
 
-/// The sliders know it by the flag: the message's own moves the line while a message plays alone.
+/// The sliders go by the flag: the message's own slider moves the line while only a message plays.
 TEST(CallSteps, AChimeOverMusicUnderAMessageIsNoMessageAnyMore) {
   CallDesk desk(WithRow("chime"), kSilent);
   PlayMusicUnderTheMessage(desk);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* kKeys = "/app/Functionkeys.ini";
 
-/// The mode of the editor that no menu leads to, entered by its procedure.
+/// The mode of the editor that no menu leads to, entered through its procedure.
 struct KeysDesk : EditorDesk {
   KeysDesk() {
     Click("mnuExit");
@@ -97,7 +97,7 @@ TEST(FunctionKeys, AreReadIntoTheEditor) {
   EXPECT_FALSE(desk.Visible("txtDescription"));
 }
 
-/// This is meant: what is on the screen is saved with the new key.
+/// Deliberate: what is on the screen is saved with the new key.
 TEST(FunctionKeys, OneThatWasNeverProgrammedKeepsWhatIsOnTheScreen) {
   KeysDesk desk;
   desk.Pc.Disk.AddFile(kKeys,

@@ -1,5 +1,5 @@
-// A call that is over before anybody could speak, in the midst of an announcement: what sounds, and
-// the bytes on the line.
+// A call that is over before anybody could speak, in the middle of an announcement: what is heard,
+// and the bytes on the line.
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ DeskOptions WithRow() {
   return options;
 }
 
-/// Presses the key for 50 ms. The journal begins at the press and ends when all is over.
+/// Presses the button for 50 ms. The journal begins at the press and ends when everything is over.
 void CallQuickly(CallDesk& desk) {
   desk.Pc.Journal.Clear();
   desk.Press("cmdCall");
