@@ -9,11 +9,11 @@ namespace {
 
 constexpr int kSilent = FrmMxr::kSilent;
 
-/// A desk that plays, and what its slider went through.
+/// A desk that plays, and the positions that its slider has passed through.
 class FadeDesk : public MusicDesk {
  public:
   struct Step {
-    std::int64_t AtMs;  // from the beginning of the watch
+    std::int64_t AtMs;  // since the beginning of the watch
     int Position;
   };
 
@@ -37,7 +37,7 @@ class FadeDesk : public MusicDesk {
     });
   }
 
-  /// The fade-up of a message's end: from silence.
+  /// The fade up after a message: from silence.
   void FadeUp() {
     Do([this] {
       Wave().Value = kSilent;
@@ -366,7 +366,7 @@ TEST(Fades, AReleasedCallEndsTheWaitOfAFadeDownButNotThatOfAFadeUp) {
   EXPECT_TRUE(desk.State().FadeRunning);
   desk.FadeUp();
   desk.Advance(3000);
-  constexpr int kToNextEvent = 15;  // the timer has been running on
+  constexpr int kToNextEvent = 15;  // the timer has kept running
   EXPECT_EQ(desk.ReturnedMs, kToNextEvent + 24 * 23);
 }
 

@@ -28,8 +28,8 @@ TEST(ListOfSongs, AClickOnAnotherEntryDecidesTheNextSongAndNotThisOne) {
   EXPECT_EQ(desk.Journal(), "0 song play a.mp3\n10000 song end\n10000 song play d.mp3\n");
 }
 
-/// A desk of two-minute songs at 12:01:01, in the first second of an announcement: in its fade when
-/// music plays, else in its message.
+/// A desk of two-minute songs at 12:01:01, in the first second of an announcement: in its fade if
+/// music plays, otherwise in its message.
 struct AnnouncingDesk : MusicDesk {
   explicit AnnouncingDesk(bool music)
       : MusicDesk(

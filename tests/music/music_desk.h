@@ -8,7 +8,7 @@
 
 namespace marlex {
 
-/// A desk on which songs are watched: its journal begins after the start and holds what sounds.
+/// A desk whose songs are observed: its journal begins after the start and holds what is heard.
 class MusicDesk : public Desk {
  public:
   explicit MusicDesk(DeskOptions options = {},
@@ -18,7 +18,7 @@ class MusicDesk : public Desk {
     Pc.Journal.Clear();
   }
 
-  /// Songs "a", "b", "c" and so on, of one length.
+  /// Songs "a", "b", "c" and so on, of equal length.
   static std::vector<Medium> Songs(int count, int lengthMs = 10'000) {
     std::vector<Medium> songs;
     for (int song = 0; song < count; ++song) {
@@ -36,7 +36,7 @@ class MusicDesk : public Desk {
     return entries;
   }
 
-  /// Those of the transport keys that are on, as "play skip stop".
+  /// Which of the transport buttons are enabled, as "play skip stop".
   std::string Keys() {
     std::string keys;
     for (const std::string key : {"Play", "Skip", "Stop"}) {
@@ -45,7 +45,7 @@ class MusicDesk : public Desk {
     return keys;
   }
 
-  /// Those of the four flags of the music's clock that are set, as "ByUser BySchedule Started
+  /// Which of the four flags of the music's clock are set, as "ByUser BySchedule Started
   /// Overridden".
   std::string MusicFlags() {
     std::string flags;

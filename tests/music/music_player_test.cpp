@@ -76,7 +76,7 @@ TEST(MusicPlayer, ThePlayKeyEndsTheSilenceThatTheStopKeyMade) {
   EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
 }
 
-/// What the play key must leave alone when it refuses.
+/// What the play button must leave alone when it refuses.
 std::string Untouched(MusicDesk& desk) {
   return desk.Keys() + "|" + desk.Text("lblMP3Number") + "|" + desk.LastSong() + "|" +
          desk.Sys->Music.CurrentSongPath + "|" + (desk.MuteCheck(0) ? "muted" : "open");

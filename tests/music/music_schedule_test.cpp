@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-/// A desk with a window of music from 12:05 to 12:10 on a Monday; it is 12:00:33.
+/// A desk with music from 12:05 to 12:10, on a Monday at 12:00:33.
 struct ClockDesk : MusicDesk {
   explicit ClockDesk(DeskOptions options = {}) : MusicDesk(WithWindow(std::move(options))) {}
 

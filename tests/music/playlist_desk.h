@@ -33,7 +33,7 @@ struct PlaylistDesk : MusicDesk {
     for (const std::string& song : songs) Choose(Editor().AvailMP3s, song);
   }
 
-  /// Those of the keys of the selected songs that are on.
+  /// Which of the buttons of the selected songs are enabled.
   std::string SongKeys() {
     std::string keys;
     for (const char* key : {"RemoveKey", "RemAll_Key", "PrevKey"}) {
@@ -42,7 +42,7 @@ struct PlaylistDesk : MusicDesk {
     return keys;
   }
 
-  /// The choice that is on, "Scheduled", "Manual" or "Autostart"; empty when none is.
+  /// The selected option, "Scheduled", "Manual" or "Autostart"; empty when there is none.
   std::string Choice() {
     std::string choices;
     for (const auto& option : Editor().optScheduled) {
@@ -51,8 +51,8 @@ struct PlaylistDesk : MusicDesk {
     return choices;
   }
 
-  /// What the time frame shows: "08:15-18:45 1-3----"; an unset list is "__", and a frame that is
-  /// hidden has its contents in brackets.
+  /// What the time frame shows: "08:15-18:45 1-3----". An unset list is "__"; the contents of a
+  /// hidden frame are in brackets.
   std::string Times() {
     const auto text = [](const ComboBox& list) { return list.Text().empty() ? "__" : list.Text(); };
     FrmPlaylist& form = Editor();
@@ -71,7 +71,7 @@ struct PlaylistDesk : MusicDesk {
     Choose(Editor().cmbStopMinutes, stopMinutes);
   }
 
-  /// Chooses a menu and a file in its dialog; an empty one cancels it.
+  /// Chooses a menu item and a file in its dialog; an empty name cancels it.
   void SaveAs(const std::string& file = kFile) { ChooseFile(Editor().mnuSave, file); }
   void Open(const std::string& file) { ChooseFile(Editor().mnuOpen, file); }
   void OpenText(const std::string& text) {
@@ -83,10 +83,10 @@ struct PlaylistDesk : MusicDesk {
     Do([this] { Editor().mnuExit.OnClick(); });
   }
 
-  /// Text of a file; empty without it.
+  /// Text of a file; empty if there is none.
   std::string File(const std::string& file = kFile) { return Pc.Disk.Read(file).value_or(""); }
 
-  /// All boxes so far as "title: body", one a line, "!" before a critical one.
+  /// All boxes so far as "title: body", one per line, with "!" before a critical one.
   std::string Boxes() {
     std::string boxes;
     for (const auto& box : Pc.Dialogs.Boxes) {
@@ -95,7 +95,7 @@ struct PlaylistDesk : MusicDesk {
     return boxes;
   }
 
-  /// The live times: "08:15-18:45 1030500 autostart scheduled".
+  /// The times in force: "08:15-18:45 1030500 autostart scheduled".
   std::string LiveTimes() {
     return Values().MusicStartTime + "-" + Values().MusicStopTime + " " + Values().MusicWeekDays +
            (Values().MusicAutostart ? " autostart" : "") +

@@ -270,7 +270,7 @@ TEST(PlaylistEditor, EachShuffleIsAPermutationThatKeepsASongThatStandsTwice) {
   EXPECT_EQ(desk.Editor().lstRandom.ListCount(), 0);
 }
 
-/// From second to second, as an operator presses it, and on the list in its own order each time.
+/// Pressed second by second, as by an operator, and each time on the list in its original order.
 TEST(PlaylistEditor, OverManyPressesEachOfSixSongsComesAsOftenAtEachPlace) {
   constexpr int kPresses = 3600;
   PlaylistDesk desk({.Music = MusicDesk::Songs(6)});
@@ -284,7 +284,7 @@ TEST(PlaylistEditor, OverManyPressesEachOfSixSongsComesAsOftenAtEachPlace) {
     desk.Advance(1000);
   }
   ASSERT_EQ(counted.size(), 36u);
-  // 600 on average, and 22 of standard deviation: five of them to either side.
+  // 600 on average with a standard deviation of 22: five of them on either side.
   for (const auto& [songAndPlace, count] : counted) EXPECT_NEAR(count, 600, 110) << songAndPlace;
 }
 

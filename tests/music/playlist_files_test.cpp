@@ -16,7 +16,7 @@ struct FileDesk : MusicDesk {
 
   std::string Frame() { return Main().frBGMusic.Caption; }
 
-  /// What the file has put into the settings: "09:00-18:00 1234567 scheduled autostart".
+  /// What the settings got from the file: "09:00-18:00 1234567 scheduled autostart".
   std::string Times() {
     return Values().MusicStartTime + "-" + Values().MusicStopTime + " " + Values().MusicWeekDays +
            (Values().MusicScheduled ? " scheduled" : "") +

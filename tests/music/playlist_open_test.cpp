@@ -32,7 +32,7 @@ TEST(PlaylistOpen, AFileWithTimesFillsListFrameAndLiveTimes) {
   EXPECT_EQ(desk.Times(), "08:15-18:45 1-3-5--");
   EXPECT_EQ(desk.Choice(), "Scheduled");
   EXPECT_EQ(desk.Editor().Caption.Get(), "Music playlist new.lst");
-  // Whether the list that plays has times is not touched.
+  // Whether the list that is playing has times does not change.
   EXPECT_EQ(desk.LiveTimes(), "08:15-18:45 1030500");
   EXPECT_EQ(desk.Entries(), "a b c");
 }
@@ -179,7 +179,7 @@ TEST(PlaylistOpen, SectionsKeysAndLineEndsMayBeAnyonesOwn) {
   EXPECT_EQ(desk.Times(), "09:00-__:__ -------");
 }
 
-/// The list is rebuilt by its saving, and then in UTF-8.
+/// Saving rebuilds the list, and writes it in UTF-8.
 TEST(PlaylistOpen, NamesInACodePageAreShownAsTextAndFindTheirSongs) {
   const std::string bytes =
       "Fr\xFChst\xFC"
@@ -217,7 +217,7 @@ TEST(PlaylistOpen, AHalfWrittenFileIsItsSongsAlone) {
 TEST(PlaylistOpen, AnEmptyAForeignAnUnreadableAndAnAbsentFileLeaveTheListEmpty) {
   std::string noise;
   for (int byte = 0; byte < 4096; ++byte) noise += static_cast<char>(byte * 37 % 256);
-  std::string wide;  // two bytes a character, and no mark that says so
+  std::string wide;  // two bytes a character, and no byte order mark
   for (const char c : kTwoSongs) wide += std::string{c, '\0'};
   for (const std::string& text : {std::string(), noise, std::string("ID3\4\0\0", 6), wide}) {
     PlaylistDesk desk;

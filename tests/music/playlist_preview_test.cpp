@@ -173,7 +173,7 @@ TEST(PlaylistPreview, AnAmplifierThatTakesOverEndsOneOfTheMainWindowsSongToo) {
   EXPECT_EQ(desk.Text("PrevKey"), "Play");
 }
 
-/// Under a call of the amplifier another list's autostart does not begin, and the song plays on.
+/// During a call of the amplifier another list does not start by itself, and the song plays on.
 TEST(PlaylistPreview, ATakeoverLeavesASongThatAnotherListWasOpenedOver) {
   Desk desk({.Music = {{"a"}, {"b"}}});
   desk.Click("cmdPlay");

@@ -17,7 +17,7 @@ struct SaveDesk : PlaylistDesk {
     Pc.Journal.Clear();
   }
 
-  /// The choice of times, all set.
+  /// The option for times, with all of them set.
   void Schedule() {
     Click("optScheduled_0");
     SetTimes("08", "15", "18", "45");
@@ -67,7 +67,7 @@ TEST(PlaylistSave, AManualStartIsNoAutostart) {
   desk.Click("optScheduled_1");
   desk.SaveAs();
   EXPECT_EQ(desk.File(), kSongs + kNoTimes + "Autostart=False\r\n");
-  // The times of the list that plays stay in force.
+  // The times of the list that is playing stay in force.
   EXPECT_EQ(desk.LiveTimes(), "09:00-10:00 1234567 scheduled");
 }
 

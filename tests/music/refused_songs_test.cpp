@@ -71,7 +71,8 @@ TEST(RefusedSongs, TheLongestListOfThemNeitherOverflowsTheStackNorHangs) {
   desk.Pc.Disk.FailReads("/music");
   desk.Pc.Journal.Only({"song", "write", "failure"});
   desk.Click("cmdPlay");
-  // The selected song, one round, and the position: the round's first and last, and the key's.
+  // The selected song, one round, and the position: written for the round's first and last song,
+  // and by the button.
   EXPECT_EQ(desk.Pc.Journal.Lines().size(), 1u + kLongest + 3u);
   EXPECT_EQ(desk.Position(), 0);
   desk.Pc.Disk.Heal("/music");

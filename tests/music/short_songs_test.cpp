@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kSongs = 100;
 
-/// Songs "0", "1" and so on, of nought to three seconds.
+/// Songs "0", "1" and so on, of zero to three seconds.
 std::vector<Medium> ShortSongs() {
   std::mt19937 random(7);
   std::vector<Medium> songs;

@@ -10,7 +10,7 @@
 namespace marlex {
 namespace {
 
-/// Numbers of a script, one after the other.
+/// The numbers of a script, in order.
 std::function<float()> Script(std::vector<float> numbers) {
   return [numbers = std::move(numbers), next = std::size_t{0}]() mutable {
     return numbers.at(next++);
@@ -55,8 +55,8 @@ TEST(Shuffle, EveryOrderIsAPermutation) {
   }
 }
 
-/// How far counts are from being alike: about the number of counts less one when nothing but chance
-/// makes them differ.
+/// How much the counts differ: close to the number of counts minus one if only chance makes them
+/// differ.
 double ChiSquare(const std::vector<int>& counts, double expected) {
   double sum = 0;
   for (const int count : counts) sum += (count - expected) * (count - expected) / expected;
@@ -77,7 +77,7 @@ TEST(Shuffle, AllOrdersAreEquallyLikely) {
   EXPECT_LT(ChiSquare(counts, kPresses / kOrders), 58);  // 23 on average; 58 once in 15,000 runs
 }
 
-/// The shuffle that looks right and is not: each song changes places with any other.
+/// The shuffle that looks right but is biased: each song is swapped with any other.
 std::vector<int> ShuffledWithABias(int count, std::uint32_t seed) {
   RandomNumbers random(seed);
   std::vector<int> order(static_cast<std::size_t>(count));
@@ -95,11 +95,11 @@ TEST(Shuffle, AllOrdersOfSixSongsAreEquallyLikelyWhichABiasedShuffleFails) {
   const auto chiSquare = [](const auto& shuffled) {
     std::map<std::vector<int>, int> counted;
     for (std::uint32_t press = 0; press < kPresses; ++press) ++counted[shuffled(6, press * 7919)];
-    std::vector<int> counts(kOrders - counted.size());  // orders that never came
+    std::vector<int> counts(kOrders - counted.size());  // orders that never occurred
     for (const auto& [order, count] : counted) counts.push_back(count);
     return ChiSquare(counts, kPresses / kOrders);
   };
-  // 719 are free; six standard deviations of sum beyond that.
+  // 719 degrees of freedom, plus six standard deviations of the sum.
   const double bound = 719 + 6 * std::sqrt(2.0 * 719);
   EXPECT_LT(chiSquare(Shuffled), bound);
   EXPECT_GT(chiSquare(ShuffledWithABias), bound);
@@ -115,7 +115,7 @@ TEST(Shuffle, EverySongIsEquallyLikelyAtEveryPlaceOfALongList) {
       ++counts[static_cast<std::size_t>(place * kSongs + order[static_cast<std::size_t>(place)])];
     }
   }
-  // 49 times 49 are free; eight standard deviations of sum beyond that.
+  // 49 times 49 degrees of freedom, plus eight standard deviations of the sum.
   EXPECT_LT(ChiSquare(counts, kPresses / kSongs), 49 * 49 + 8 * std::sqrt(2.0 * 49 * 49));
 }
 

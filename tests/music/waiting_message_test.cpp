@@ -20,7 +20,7 @@ class BreakDesk : public MusicDesk {
     EXPECT_EQ(Waiting(), "waiting");
   }
 
-  /// The marks of a message that waits: the flag, and the tick that is off.
+  /// The signs of a waiting message: the flag, and the tick that is off.
   std::string Waiting() {
     std::string text = State().MessageAwaitingSongEnd ? "waiting" : "nothing waits";
     if (State().MessageAwaitingSongEnd == Players().tmrMessage.Enabled) text += " ";
