@@ -5,7 +5,7 @@
 namespace marlex {
 namespace {
 
-/// Something that the desk can be in the middle of, and how it gets there.
+/// Something that the desk may be doing at the exit, and how it gets there.
 struct Midst {
   const char* Name;
   std::function<void(Desk&)> Reach;
@@ -45,11 +45,11 @@ void OpenFileDialog(Desk& desk) {
   ASSERT_EQ(desk.Pc.Dialogs.OpenBoxCount(), open + 1);
 }
 
-/// The key of the amplifier's own place on the main window.
+/// The call button that the main window has for the amplifier in use.
 const char* CallKey(Desk& desk) { return desk.Values().RouterPresent ? "cmdCall" : "cmdCall2"; }
 
-/// Presses the key over music and holds it for so long: the fade is over after half a second, and
-/// the chime takes one.
+/// Presses the button over music and holds it for the given time: the fade ends after half a
+/// second, the chime one second later.
 void Call(Desk& desk, int heldMs) {
   desk.Click("cmdPlay");
   desk.Advance(1000);

@@ -147,7 +147,7 @@ TEST(MainWindow, APlaylistThatWasLoadedNamesItself) {
   EXPECT_EQ(desk.Text("frBGMusic"), "Background music playlist: Day.lst");
 }
 
-/// The name from the settings is English in every language.
+/// The name taken from the settings is in English in every language.
 TEST(MainWindow, InAnotherLanguageOnlyAPlaylistThatWasLoadedIsNamedInIt) {
   Desk loaded({.Music = {{"march"}}, .Language = "German"});
   EXPECT_EQ(loaded.Text("frBGMusic"), "Playlist Hintergrundmusik: Day.lst");

@@ -1,4 +1,4 @@
-// Names that a profile file does not give back as they were put in.
+// Names that a profile file does not return as they were written.
 
 #include <gtest/gtest.h>
 

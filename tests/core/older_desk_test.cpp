@@ -1,5 +1,5 @@
-// Files that were made on an older desk: in the code page of its language, in UTF-16, and with
-// names whose case nobody minded.
+// Files that were written by an older desk: in the code page of its language, in UTF-16, and with
+// names in any mix of cases.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ std::string InUtf16(const std::string& text, bool bigEndian = false) {
   return bytes;
 }
 
-/// A change of the PC before the start: a playlist of this text, and a song.
+/// A change to the PC before the start: a playlist with this text, and a song.
 std::function<void(SimulatedPc&)> Playlist(const std::string& text,
                                            const std::string& song = "/music/march.mp3") {
   return [=](SimulatedPc& pc) {

@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-/// A shop whose media lie on several drives.
+/// A shop whose media are on several drives.
 void Shop(SimulatedPc& pc) {
   pc.Disk.AddMp3("/music/march.mp3", 1000);
   pc.Disk.AddMp3("/music/waltz.MP3", 1000);
@@ -175,8 +175,8 @@ TEST(DirectoryPicker, ItsCloseIsItsOkSinceThereIsNoCancel) {
   EXPECT_EQ(desk.Values().MusicDirectory, "/music/advent/");
 }
 
-/// The songs come from the chosen directory, and the next browse begins in it; the file, and so the
-/// label of the next opening, keep the old one.
+/// The songs come from the chosen directory, and the next browse begins in it; the file, and
+/// therefore the label at the next opening, keep the old one.
 TEST(DirectoryPicker, WhatItChoseStaysInMemoryWhenTheSettingsAreCancelled) {
   SettingsDesk desk({.Music = {{"hymn"}}}, Shop);
   desk.Open();

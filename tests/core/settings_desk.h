@@ -6,13 +6,13 @@
 
 namespace marlex {
 
-/// A change of the settings file before the program starts.
+/// A change to the settings file before the program starts.
 inline std::function<void(SimulatedPc&)> With(const std::string& section, const std::string& key,
                                               const std::string& value) {
   return [=](SimulatedPc& pc) { pc.Profiles.WriteString(section, key, value, Desk::kIni); };
 }
 
-/// A settings file with this text alone, and media in the operator's home.
+/// A settings file with only this text, and media in the operator's home.
 inline std::function<void(SimulatedPc&)> FirstRun(const std::string& text = "") {
   return [=](SimulatedPc& pc) {
     pc.Disk.AddFile(Desk::kIni, "[User language]\r\nLanguage=English\r\n" + text);
@@ -39,7 +39,7 @@ struct SettingsDesk : Desk {
   void Type(TextBox& box, const std::string& text) {
     Do([&] { box.Text = text; });
   }
-  /// Bodies of the boxes so far, one a line.
+  /// Bodies of the boxes so far, one per line.
   std::string BoxTexts() {
     std::string texts;
     for (const auto& box : Pc.Dialogs.Boxes) texts += box.Caption + ": " + box.Body + "\n";
@@ -47,7 +47,7 @@ struct SettingsDesk : Desk {
   }
 };
 
-/// Entries of a list, one a line.
+/// Entries of a list, one per line.
 inline std::string Entries(const ListBox& list) {
   std::string entries;
   for (int row = 0; row < list.ListCount(); ++row) entries += list.List(row) + "\n";

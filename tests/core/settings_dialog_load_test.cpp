@@ -96,7 +96,8 @@ TEST(SettingsDialogLoad, AStoredChimeIsCheckedAndShown) {
   EXPECT_FALSE(desk.Visible("lblPreChime"));
 }
 
-/// A chime that was picked counts at once, without an OK; the next opening brings the file's back.
+/// A chime takes effect as soon as it is picked, without an OK; the next opening restores the
+/// file's.
 TEST(SettingsDialogLoad, TheChimesOfTheFileCountAgainFromItsNextOpeningOn) {
   SettingsDesk desk({.Messages = {{"welcome", 300}, {"closing", 200}}, .PreChime = "closing"});
   desk.Pc.Journal.Only({"wav"});
@@ -152,7 +153,7 @@ TEST(SettingsDialogLoad, AnotherAmplifierHasNoneOfThem) {
   EXPECT_EQ(desk.Dialog().cmdCancel.Top, 4560);
 }
 
-/// The type that is shown is chosen like by a click, and the window follows.
+/// Showing the type acts like a click on it, and the window follows.
 TEST(SettingsDialogLoad, TheWindowEndsBelowTheKeysOfItsType) {
   for (const bool router : {true, false}) {
     SettingsDesk desk({.Router = router}, nullptr, false);
@@ -219,7 +220,7 @@ TEST(SettingsDialogLoad, TheSlidersShowTheLevelsAndWriteThemAsIfMovedByHand) {
   EXPECT_EQ(desk.WaveSlider(), 21000);
 }
 
-/// The music's slider goes first on the line that it shares with the messages'.
+/// On the line that both share, the music's slider is applied before that of the messages.
 TEST(SettingsDialogLoad, AMessageThatPlaysKeepsItsLevelAlsoTheLoudest) {
   for (const int level : {0, 10'000}) {
     SettingsDesk desk({.Sequences = {{}}, .MessageVolume = level});

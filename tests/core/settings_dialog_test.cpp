@@ -355,7 +355,7 @@ TEST(SettingsDialog, ACheckWithNothingPickedWritesAnEmptyChime) {
   }
 }
 
-/// The value in memory is not the label's; the next start has none.
+/// The value in memory differs from the label's; the next start has none.
 TEST(SettingsDialog, AChimeUncheckedAndCheckedAgainIsEmptyInTheFileAlone) {
   SettingsDesk desk({}, With("Chime selection", "PreChime", "ding"));
   desk.Open();
@@ -396,7 +396,7 @@ TEST(SettingsDialog, TheMusicAndTheScheduleGoOnUnderAnOpenDialog) {
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
-/// The next step of the fade goes on from the moved position; its target stays the old one.
+/// The next step of the fade continues from the moved position; its target does not change.
 TEST(SettingsDialog, ALevelThatIsMovedInAFadeCountsFromTheNextAnnouncementOn) {
   SettingsDesk desk(
       {.Music = {{"march"}}, .Sequences = {{.Minutes = "01,03"}}, .FadeTime = "Slow"});

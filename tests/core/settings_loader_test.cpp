@@ -13,7 +13,7 @@ Prepare With(const std::string& section, const std::string& key, const std::stri
   return [=](SimulatedPc& pc) { pc.Profiles.WriteString(section, key, value, Desk::kIni); };
 }
 
-/// A settings file with this text alone.
+/// A settings file with only this text.
 Prepare Ini(const std::string& text) {
   return [=](SimulatedPc& pc) { pc.Disk.AddFile(Desk::kIni, text); };
 }

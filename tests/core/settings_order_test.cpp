@@ -1,4 +1,4 @@
-// What the OK of the settings dialog does, in its order.
+// What the OK of the settings dialog does, in order.
 
 #include <gtest/gtest.h>
 
@@ -7,12 +7,12 @@
 namespace marlex {
 namespace {
 
-/// A desk whose journal also tells what the windows show.
+/// A desk whose journal also records what the windows show.
 struct OrderDesk : SettingsDesk {
   explicit OrderDesk(DeskOptions options)
       : SettingsDesk(WithRow(std::move(options)), With("Chime selection", "PostChime", "dong")) {}
 
-  /// The journal from now on.
+  /// Begins the journal again, now.
   void Record() {
     TakeJournal();
     Pc.Journal.Only({"write", "serial", "show"});
@@ -35,7 +35,7 @@ struct OrderDesk : SettingsDesk {
     return name + (shown ? " comes" : " goes");
   }
 
-  /// Writes what a control, or a window, shows, each time that it shows something else.
+  /// Records what a control, or a window, shows, each time that it changes.
   template <class T>
   void Watch(T& shown, const std::function<std::string()>& look) {
     shown.Watcher = [this, look, before = look(), next = shown.Watcher]() mutable {
@@ -48,7 +48,7 @@ struct OrderDesk : SettingsDesk {
   }
 };
 
-/// Another name and time of everything that the OK carries over.
+/// Other names and times for everything that the OK takes over.
 void ChangeAll(OrderDesk& desk) {
   desk.Type(desk.Dialog().txtZoneName[2], "Gate");
   desk.Click("optPriority_1");
@@ -68,7 +68,7 @@ constexpr const char* kDirectoriesAndNames =
     "0 write Tolvo.ini [Zone names] Zone:5=Zone 5\n"
     "0 write Tolvo.ini [Zone names] Zone:6=Zone 6\n";
 
-/// The music's level comes last of the volumes; the dialog goes before the main window comes.
+/// The music's level is the last of the volumes; the dialog closes before the main window appears.
 constexpr const char* kBehindTheAmplifier =
     "0 write Tolvo.ini [Priority level] Priority=High\n"
     "0 write Tolvo.ini [Volume] Fade time=Slow\n"

@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-/// Takes the value of one key out of the settings file before the start.
+/// Removes the value of one key from the settings file before the start.
 std::function<void(SimulatedPc&)> Without(const std::string& section, const std::string& key) {
   return [=](SimulatedPc& pc) { pc.Profiles.WriteString(section, key, "", Desk::kIni); };
 }
@@ -30,7 +30,7 @@ TEST(StartUp, TheSplashStandsForTwoAndAHalfSecondsBeforeTheMainWindow) {
   EXPECT_TRUE(desk.Main().Visible);
 }
 
-/// Name, period and state of every timer of a window, in the order of their making.
+/// Name, period and state of every timer of a window, in the order of their creation.
 std::string Timers(const Form& form) {
   std::string text;
   for (const Control* control : form.Controls) {
