@@ -10,14 +10,14 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// A queue whose events write a word each.
+/// A queue whose events write one word each.
 class EventQueueTest : public ::testing::Test {
  protected:
   std::function<void()> Word(const std::string& word) {
     return [this, word] { Words += word + " "; };
   }
 
-  /// Delivers all that is due at `ms`.
+  /// Delivers all events that are due at `ms`.
   std::string DeliverAt(int ms) {
     Words.clear();
     for (auto next = Queue.FindNext(); next && next->Due <= milliseconds(ms);
@@ -98,7 +98,7 @@ TEST_F(EventQueueTest, ClearLeavesNothing) {
   EXPECT_EQ(DeliverAt(100), "");
 }
 
-/// Against a plain list that is sorted by due time and kept in the order of queueing.
+/// Compared with a plain list, sorted by due time and otherwise in the order of queueing.
 TEST_F(EventQueueTest, AThousandEventsComeAsFromASortedList) {
   std::mt19937 dice(7);
   std::vector<std::pair<int, int>> expected;
