@@ -8,8 +8,8 @@ namespace marlex {
 namespace {
 
 /// The songs a and b (10 s), the messages welcome (3 s) and closing (2 s), and the playlist editor
-/// with b selected. The list of the main window, unless the clock plays it, has been played and
-/// stopped, so that its song is there for a preview to find.
+/// with b selected. Unless the clock plays the list of the main window, it has been played and
+/// stopped, so that a preview finds its song.
 struct PreviewsDesk : Desk {
   explicit PreviewsDesk(DeskOptions options = {}) : Desk(WithSongs(std::move(options))) {
     if (Values().MusicStartTime.empty()) PlayAndStop(*this);
@@ -33,7 +33,7 @@ struct PreviewsDesk : Desk {
     Choose(Messages().AvailWavs, "closing");
   }
 
-  /// Plays a preview, that of the song or that of the messages, for half a second.
+  /// Plays a preview, of the song or of the messages, for half a second.
   void Preview(bool messages) {
     if (messages) OpenMessages();
     Click(messages ? Messages().PrevKey : Songs().PrevKey);
@@ -41,7 +41,7 @@ struct PreviewsDesk : Desk {
     ASSERT_EQ(Heard(), messages ? "wav welcome.wav at 10000" : "song b.mp3 at 20000");
     Pc.Journal.Clear();
   }
-  /// Plays that of the messages over that of the song, which it pauses, and stops it again.
+  /// Plays the preview of the messages over that of the song, which it pauses, and stops it again.
   void PauseSong() {
     Preview(false);
     PauseByPreview(*this);
@@ -51,7 +51,7 @@ struct PreviewsDesk : Desk {
   std::string Key(bool messages) {
     return messages ? Messages().PrevKey.Caption.Get() : Songs().PrevKey.Caption.Get();
   }
-  /// Those of the master, the wave line and the microphone that are open.
+  /// Which of the master, the wave line and the microphone are open.
   std::string OpenLines() {
     std::string open;
     if (!MuteCheck(0)) open += "master ";
@@ -164,7 +164,7 @@ TEST(Previews, ASongThatIsPausedDoesNotComeBackAfterTheAmplifiersCall) {
   EXPECT_EQ(desk.Heard(), "silence");
 }
 
-/// Nothing of ours runs, so that nothing is taken over.
+/// Nothing of ours is running, so nothing is taken over.
 TEST(Previews, NoneBeginsUnderTheAmplifiersCall) {
   for (const bool messages : {false, true}) {
     for (const int status : {64, 128, 192}) {
@@ -184,7 +184,7 @@ TEST(Previews, NoneBeginsUnderTheAmplifiersCall) {
   }
 }
 
-/// A lower call after the high one clears the priority, and the takeover stands.
+/// A lower call after the high one clears the priority, but the takeover continues.
 TEST(Previews, NoneBeginsBeforeTheEndOfATakeover) {
   for (const bool messages : {false, true}) {
     SCOPED_TRACE(messages);
@@ -254,7 +254,7 @@ TEST(Previews, ALowCallLetsThemGoOn) {
   }
 }
 
-/// In another language the key's word for closing is no command of the player.
+/// In another language the button's word for closing is not a command of the player.
 TEST(Previews, AMessageThatTheKeyLeavesSoundingEndsUnderTheAmplifiersCall) {
   PreviewsDesk desk({.Language = "Italian"});
   desk.Preview(true);
@@ -293,7 +293,8 @@ TEST(Previews, ATakeoverThatEndsOneKeepsTheMasterMuted) {
   }
 }
 
-/// A row of its own minute under the editor, in which the end of a call has switched the tick on.
+/// A row fires at its own minute while the editor is open, since the end of a call has switched the
+/// tick on.
 TEST(Previews, AnAnnouncementThatEndsOneHasTheLinesToItself) {
   for (const bool messages : {false, true}) {
     SCOPED_TRACE(messages);
@@ -324,7 +325,7 @@ TEST(Previews, AnEditorOpenedAfterwardsKeepsItsKeys) {
   EXPECT_FALSE(desk.Songs().RemoveKey.Enabled);
 }
 
-/// The clock has started the list at 12:01, and the preview key has stopped it.
+/// The clock has started the list at 12:01, and the preview button has stopped it.
 struct ClockDesk : PreviewsDesk {
   explicit ClockDesk(DeskOptions options = {}) : PreviewsDesk(ByTheClock(std::move(options))) {
     RunTo(12, 1, 1);
