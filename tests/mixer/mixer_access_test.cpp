@@ -11,7 +11,7 @@ namespace {
 using testing::HasSubstr;
 using Prepare = std::function<void(SimulatedPc&)>;
 
-/// The mixer's calls of what `action` does to a running desk.
+/// The calls to the mixer that `action` causes on a running desk.
 std::string CallsOf(Desk& desk, const std::function<void()>& action) {
   desk.Pc.Journal.Only({"mixer"});
   desk.Pc.Journal.Clear();
@@ -170,7 +170,8 @@ TEST(MixerAccess, ALineWithoutAVolumeOrAMuteHasThatControlDisabled) {
 }
 
 TEST(MixerAccess, TheLevelsOfTheSettingsReachALineThatWasOutOfBalance) {
-  // Another program moved the balance to the left: the left channel stands where we would put it.
+  // Another program has moved the balance to the left: the left channel has the level that we would
+  // set.
   Desk desk({.MasterVolume = 5000}, [](SimulatedPc& pc) {
     pc.Mixer.Line(kComponentSpeakers)->Volume = {60535, 20000};
   });
@@ -231,7 +232,7 @@ TEST(MixerAccess, AMuteIsSentAsOneValue) {
   EXPECT_EQ(desk.Sys->Mixer.MixerLines[0].Mute, 1u);
 }
 
-/// A start that ends in a box on a PC prepared this way.
+/// A start on a PC prepared like this, which ends in a box.
 SimulatedDialogs::MessageBox FatalBox(const Prepare& prepare) {
   Desk desk({}, prepare);
   EXPECT_TRUE(desk.Pc.Process.Ended());

@@ -6,7 +6,7 @@
 namespace marlex {
 namespace {
 
-/// A line that the card has for neither music nor speech.
+/// A line of the card for neither music nor speech.
 constexpr std::uint32_t kComponentLine = 4098;
 
 void ExpectAQuietStart(Desk& desk) {
