@@ -3,7 +3,7 @@
 namespace marlex {
 namespace {
 
-/// A PC with two messages whose wave player's reports are noted with their time.
+/// A PC with two messages that records the reports of its wave player with their times.
 struct WaveDesk {
   WaveDesk() {
     Pc.Disk.AddWav("/m/door.wav", 1500);

@@ -10,7 +10,7 @@ namespace {
 /// Milliseconds of a year of 365 days.
 constexpr std::int64_t kYearMs = 365LL * 24 * 60 * 60 * 1000;
 
-/// Notes its own destruction, so that a test can see that a stack was unwound.
+/// Records its own destruction, so that a test can see that a stack was unwound.
 struct Witness {
   explicit Witness(bool& gone) : Gone(gone) {}
   ~Witness() { Gone = true; }
