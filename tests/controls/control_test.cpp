@@ -81,7 +81,7 @@ TEST(Property, AForgottenValueIsSetAgain) {
   Panel panel;
   int raised = 0;
   panel.sldVolume.OnChange = [&] { ++raised; };
-  panel.sldVolume.Value = 0;  // where it stands
+  panel.sldVolume.Value = 0;  // where it already is
   EXPECT_EQ(raised, 0);
   panel.sldVolume.Value.Forget();
   EXPECT_TRUE(panel.sldVolume.Value.Forgotten());
