@@ -11,7 +11,7 @@
 namespace marlex {
 namespace {
 
-constexpr int kPickWord = 761;  // "Select"; the French block does without it
+constexpr int kPickWord = 761;  // "Select"; the French block has none
 
 std::map<int, std::string> TextsOf(const std::string& language) {
   std::map<int, std::string> texts;
@@ -35,7 +35,7 @@ std::string Found(const std::string& text, const char* pattern) {
 
 class Block : public ::testing::TestWithParam<const char*> {
  protected:
-  /// The ids whose texts differ from the English ones in what the pattern finds in them.
+  /// The ids whose texts contain other matches of the pattern than the English ones.
   std::set<int> Different(const char* pattern) const {
     std::set<int> ids;
     const auto english = TextsOf("English");
@@ -63,7 +63,7 @@ TEST_P(Block, HasNoEmptyText) {
     EXPECT_NE(text.find_first_not_of(' '), std::string::npos) << id;
 }
 
-/// Words that a language has in common with English.
+/// Words that a language shares with English.
 std::set<int> SharedWith(const std::string& language) {
   static const std::map<std::string, std::set<int>> shared = {
       {"Dutch", {52, 250, 420, 540, 560, 790}},
@@ -94,19 +94,19 @@ TEST_P(Block, BeginsAndEndsItsTextsWithTheBlanksOfTheEnglishOnes) {
   EXPECT_EQ(Different(" *$"), std::set<int>());
 }
 
-/// Numbers, addresses and the characters that a field allows stand in every language as they are.
+/// Numbers, addresses and the characters that a field allows are the same in every language.
 TEST_P(Block, KeepsNumbersNamesAndAddresses) {
   EXPECT_EQ(Different("[0-9]+([,-][0-9]+)*"), std::set<int>());
   EXPECT_EQ(Different("http://\\S+"), std::set<int>());
   EXPECT_EQ(Different("Hadrik|Tolvo( Marlex)?|MP3"), std::set<int>());
 }
 
-/// What is put behind a text begins where it does in English.
+/// A text to which something is appended ends with the same punctuation as in English.
 TEST_P(Block, EndsItsTextsWithTheSignsOfTheEnglishOnes) {
   EXPECT_EQ(Different("(:|\\.\\.\\.) ?$"), std::set<int>());
 }
 
-/// Seven single letters, over the boxes of the week.
+/// Seven single letters, above the boxes of the week.
 TEST_P(Block, HasALetterForEachDayOfTheWeek) {
   const std::string letter = "(?:[A-Z]|[\xC3-\xD7][\x80-\xBF])";
   std::string pattern;
@@ -116,7 +116,7 @@ TEST_P(Block, HasALetterForEachDayOfTheWeek) {
   EXPECT_TRUE(std::regex_match(header, std::regex(pattern))) << header;
 }
 
-/// The state of a key that plays or calls is its word.
+/// The word on a button that plays or calls is the only sign of its state.
 TEST_P(Block, HasDifferentWordsForTheStatesOfAKey) {
   const auto texts = TextsOf(GetParam());
   EXPECT_NE(texts.at(230), texts.at(250));

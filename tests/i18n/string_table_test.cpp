@@ -13,7 +13,7 @@
 namespace marlex {
 namespace {
 
-constexpr int kFirstOwnText = 1400;  // beyond the agreed ones
+constexpr int kFirstOwnText = 1400;  // after the agreed ones
 
 TEST(EnglishStrings, AreAllThereInAscendingOrder) {
   const auto& strings = StringsOf("English");
@@ -26,7 +26,7 @@ TEST(EnglishStrings, AreAllThereInAscendingOrder) {
   }
 }
 
-/// The texts as they were agreed on, one line each: the id, a tab, the text with its blanks.
+/// The agreed texts, one per line: the id, a tab, the text with its blanks.
 std::map<int, std::string> AgreedStrings() {
   std::ifstream file(MARLEX_SOURCE_DIR "/tests/i18n/english.tsv");
   std::map<int, std::string> strings;
