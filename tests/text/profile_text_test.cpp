@@ -164,8 +164,8 @@ TEST(ProfileText, ANewTextIsWhatOneValueAfterTheOtherMakes) {
   EXPECT_EQ(NewProfileText({}), "");
 }
 
-/// Every text of up to five of these characters goes through all rules: none is cut short, and a
-/// value that was set is the value that is read.
+/// Every text of up to five of these characters passes through all rules: none is cut short, and a
+/// value reads as it was set.
 TEST(ProfileText, AnyTextIsAFileToWhichAValueCanBeAdded) {
   constexpr std::string_view kLetters = "[]S=k;\r\n \xC3";
   constexpr int kTexts = 11 * 11 * 11 * 11 * 11;

@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
-// Observed answers of the published profile functions, one JSON object a line in
-// profile-vectors.jsonl: a file before, calls with their results, the file after. Bytes that are no
-// ASCII stand as hex digits under a name that ends in _hex.
+// Observed answers of the published profile functions, one JSON object per line in
+// profile-vectors.jsonl: a file before, calls with their results, the file after. Bytes that are
+// not ASCII are given as hex digits under a name that ends in _hex.
 namespace marlex::test {
 
 struct ProfileCall {
@@ -26,14 +26,14 @@ struct ProfileCall {
 
 struct ProfileVector {
   std::string Name;
-  std::string Where;                  // what is special about the file's place; mostly empty
+  std::string Where;                  // what is special about the file's place; usually empty
   std::optional<std::string> Before;  // empty: there is no file
   std::optional<std::string> After;
   std::vector<ProfileCall> Calls;
 };
 
-/// Reads the subset of JSON that the vectors use: objects, arrays, and scalars as text (null is
-/// empty).
+/// Reads the subset of JSON that the vectors use: objects, arrays, and scalars as text (null
+/// becomes empty).
 class VectorReader {
  public:
   explicit VectorReader(std::string_view line) : Rest(line) {}
