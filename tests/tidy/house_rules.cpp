@@ -10,8 +10,8 @@
 namespace marlex {
 namespace {
 
-/// The floors of the house from the ground up. A folder may include those on lower floors; two on
-/// one floor do not know each other.
+/// The floors of the house from the ground up. A folder may include those on lower floors; folders
+/// on the same floor must not include each other.
 const std::vector<std::vector<std::string>> kFloors = {{"amplifier", "text"},
                                                        {"platform"},
                                                        {"controls"},
@@ -27,7 +27,7 @@ const std::vector<std::vector<std::string>> kFloors = {{"amplifier", "text"},
                                                        {"simulation", "desktop"},
                                                        {"app"}};
 
-/// Folders that know a real PC, and the simulated PC, which may have a thread of its own.
+/// Folders that may use a real PC. The simulated PC may only have a thread of its own.
 const std::vector<std::string> kAboveTheLine = {"desktop", "app"};
 const std::string kSimulation = "simulation";
 
@@ -91,7 +91,7 @@ std::optional<std::size_t> FloorOf(const std::string& folder) {
   return std::nullopt;
 }
 
-/// Path that a line includes; empty when it includes none, or what the build makes.
+/// Path that a line includes; empty when it includes none, or a generated file.
 std::string IncludedPath(const std::string& line) {
   static const std::regex include(R"re(^\s*#\s*include\s*"([^"]+)")re");
   std::smatch match;
@@ -106,7 +106,7 @@ std::string Complaint(const std::string& path, std::size_t line, const std::stri
   return path + ":" + std::to_string(line) + ": " + text + "\n";
 }
 
-/// Calls `visit` with each path, number from 1 and text of a line.
+/// Calls `visit` with the path, the number (from 1) and the text of each line.
 template <class Visit>
 void ForEachLine(const SourceTree& sources, Visit visit) {
   for (const auto& [path, lines] : sources) {
@@ -114,7 +114,7 @@ void ForEachLine(const SourceTree& sources, Visit visit) {
   }
 }
 
-/// Modules that each module includes, each with the place of the line that does it.
+/// The modules that each module includes, each with the place of the line that includes it.
 using IncludeGraph = std::map<std::string, std::map<std::string, std::string>>;
 
 IncludeGraph GraphOf(const SourceTree& sources) {
@@ -127,7 +127,7 @@ IncludeGraph GraphOf(const SourceTree& sources) {
   return graph;
 }
 
-/// Walks the graph in depth; a module that is met again on the way down closes a circle.
+/// Depth-first search of the graph; meeting a module again on the way down means a cycle.
 class CircleSearch {
  public:
   explicit CircleSearch(const IncludeGraph& graph) : Graph(graph) {
@@ -163,7 +163,7 @@ class CircleSearch {
   std::vector<std::string> Done;
 };
 
-/// Characters, not bytes: those that continue a character of UTF-8 do not count.
+/// Counts characters, not bytes: continuation bytes of UTF-8 do not count.
 std::size_t Characters(const std::string& line) {
   return static_cast<std::size_t>(std::count_if(line.begin(), line.end(), [](unsigned char byte) {
     constexpr unsigned char kContinuationMask = 0xC0;

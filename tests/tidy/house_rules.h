@@ -12,25 +12,25 @@ using SourceTree = std::map<std::string, std::vector<std::string>>;
 /// All .h and .cpp files below a directory, such as "src", of the project at `root`.
 SourceTree ReadSources(const std::string& root, const std::string& directory);
 
-/// Every rule gives its complaints, one a line: "<file>:<line>: <what is wrong and what to do>". No
-/// complaint is the empty text.
+/// Every rule returns its complaints, one per line: "<file>:<line>: <what is wrong and what to
+/// do>". An empty text means no complaint.
 
 /// Includes point to the same folder or to one on a lower floor.
 std::string ClimbingIncludes(const SourceTree& sources);
 
-/// No two modules, each a .h and its .cpp, include each other, not even by a detour.
+/// No two modules, each a .h and its .cpp, include each other, directly or indirectly.
 std::string CircularIncludes(const SourceTree& sources);
 
-/// The system knows no PC: neither its libraries nor its files, clocks and threads.
+/// The system uses no real PC: neither its libraries nor its files, clocks and threads.
 std::string ForeignWords(const SourceTree& sources);
 
-/// Lines of at most a hundred characters, files of at most five hundred lines.
+/// Lines have at most a hundred characters, files at most five hundred lines.
 std::string Oversizes(const SourceTree& sources);
 
-/// Titles of tests of at most sixty characters.
+/// Titles of tests have at most sixty characters.
 std::string LongTitles(const SourceTree& sources);
 
-/// Every header begins with its guard.
+/// Every header begins with its include guard.
 std::string UnguardedHeaders(const SourceTree& sources);
 
 }  // namespace marlex

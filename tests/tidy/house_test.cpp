@@ -36,7 +36,7 @@ TEST(House, ItsTestsAreTidyToo) {
   EXPECT_EQ(LongTitles(tests), "");
 }
 
-// The rules themselves, on small houses that break them.
+// The rules themselves, tested on small houses that break them.
 
 /// A file's path and text.
 using File = std::pair<std::string, std::string>;
