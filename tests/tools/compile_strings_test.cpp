@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-/// A folder with one language file, and what becomes of it.
+/// A folder with one language file, and the result of compiling it.
 class CompileStrings : public ::testing::Test {
  protected:
   ~CompileStrings() override { std::filesystem::remove_all(Folder); }

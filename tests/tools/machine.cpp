@@ -56,7 +56,7 @@ void Machine::SetUp() {
   Program("sudo", "exec \"$@\"\n");
 }
 
-/// What a script has left running may still write there.
+/// A process that a script has left running may still be writing there.
 void Machine::TearDown() {
   std::error_code busy;
   do fs::remove_all(Root, busy);

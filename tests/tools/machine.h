@@ -8,29 +8,29 @@
 
 namespace marlex {
 
-/// A machine whose package manager we are, with a project on it. It has the plain tools of a shell,
-/// and what the test puts into `bin`.
+/// A machine whose package manager is simulated, with a project on it. It has the plain tools of a
+/// shell, and what the test puts into `bin`.
 class Machine : public testing::Test {
  protected:
   void SetUp() override;
   void TearDown() override;
 
-  /// A file below the machine's root, with its folder.
+  /// Writes a file below the machine's root, and creates its folder.
   void Write(const std::string& name, const std::string& content) const;
   std::string Read(const std::string& name) const;
 
-  /// A program of the machine, as a shell script; "$MACHINE" is the machine's root.
+  /// Adds a program to the machine, as a shell script; "$MACHINE" is the machine's root.
   void Program(const std::string& name, const std::string& script) const;
 
-  /// A script of ours in the machine's project.
+  /// Copies one of our scripts into the machine's project.
   void Take(const std::string& script) const;
 
-  /// Packages that are installed, and whether one is.
+  /// Declares packages as installed, and asks whether one is.
   void Has(const std::vector<std::string>& packages) const;
   bool IsThere(const std::string& package) const;
 
-  /// Runs a command in the project, with more variables perhaps. Its exit code; `Said` is what it
-  /// wrote.
+  /// Runs a command in the project, optionally with additional variables. Returns its exit code;
+  /// `Said` holds its output.
   int Run(const std::string& command, const std::string& variables = "");
 
   bool Says(const std::string& text) const { return Said.find(text) != std::string::npos; }

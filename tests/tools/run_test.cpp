@@ -7,8 +7,8 @@
 namespace marlex {
 namespace {
 
-/// A machine on which `./run` is tried. What it builds, and what lays out the installation, do
-/// nothing but leave a trace.
+/// A machine on which `./run` is tested. The programs that build and that create the installation
+/// only leave a trace.
 class RunMachine : public Machine {
  protected:
   void SetUp() override {

@@ -26,7 +26,7 @@ fi
 [[ $1 == --version ]] || echo "unpacked $*" >> "$MACHINE/log"
 )";
 
-/// The daemon opens its door, and the server that speaks PulseAudio's protocol ends at once.
+/// The daemon opens its socket, but the server for PulseAudio's protocol ends at once.
 constexpr const char* kPipeWire = R"(
 echo "pipewire $*" >> "$MACHINE/log"
 [[ -e $MACHINE/broken ]] && exit 1
