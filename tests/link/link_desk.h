@@ -7,8 +7,8 @@
 
 namespace marlex {
 
-/// A desk with two songs whose journal holds the bytes on the line and nothing else, from the first
-/// second after the start on.
+/// A desk with two songs whose journal holds only the bytes on the line, beginning with the first
+/// second after the start.
 class LinkDesk : public Desk {
  public:
   explicit LinkDesk(DeskOptions options = {}, const std::function<void(SimulatedPc&)>& prepare = {})
@@ -18,14 +18,14 @@ class LinkDesk : public Desk {
     Pc.Journal.Clear();
   }
 
-  /// Starts the music and lets its routing byte pass.
+  /// Starts the music and waits until its routing byte has been sent.
   void PlayMusic() {
     Click("cmdPlay");
     Advance(1000);
     Pc.Journal.Clear();
   }
 
-  /// The same, and the adapter of the line is pulled out.
+  /// The same, and then the adapter of the line is unplugged.
   void PlayMusicAndUnplug() {
     PlayMusic();
     Pc.Serial.Unplug();
@@ -39,7 +39,8 @@ class LinkDesk : public Desk {
     return text;
   }
 
-  /// Text and height of what a status byte changes in the window: "Higher ..., 255 255 255".
+  /// Text and height of the parts of the window that a status byte changes: "Higher ..., 255 255
+  /// 255".
   std::string Label() {
     std::string text = Main().lblHiPrio.Visible ? Main().lblHiPrio.Caption.Get() : "hidden";
     for (CommandButton* key : {&Main().cmdPlay, &Main().cmdSkip, &Main().cmdStop}) {

@@ -1,5 +1,5 @@
-// The settings dialog that gives the amplifier up, takes it back, or changes our level, in the
-// midst of what the link does.
+// The settings dialog gives up the amplifier, takes it back, or changes our level, in the middle of
+// the link's work.
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-/// Ticks an option of the settings dialog and confirms it.
+/// Selects an option of the settings dialog and confirms it.
 void Choose(LinkDesk& desk, const std::string& option) {
   desk.Click("mnuSettings");
   desk.Click(option);

@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-/// Ten seconds of random bytes around the minute of a message, and the return by a status 0.
+/// Ten seconds of random bytes around the minute of a message, and the recovery by a status 0.
 void ExpectTheDeskToOutlive(unsigned seed, const std::string& priority, int level) {
   SCOPED_TRACE(priority + " " + std::to_string(seed));
   std::mt19937 random(seed);

@@ -13,7 +13,8 @@ DeskOptions WithSpot(DeskOptions options = {}) {
   return options;
 }
 
-/// The bytes of the minute after 12:00:59, in milliseconds of it; the tick comes at 1000.
+/// The bytes sent in the 30 seconds after 12:00:59, with milliseconds from there; the tick comes at
+/// 1000.
 std::string BytesOfTheSpot(LinkDesk& desk) {
   desk.RunTo(12, 0, 59);
   desk.Pc.Journal.Clear();
@@ -118,7 +119,7 @@ TEST(SendingSites, TheStopKeyReleasesTheZones) {
   EXPECT_EQ(desk.Journal(), "0 send 0\n");
 }
 
-/// A desk in the fade of a stop of the clock at 12:02.
+/// A desk during the fade with which the clock stops the music at 12:02.
 struct StopDesk : LinkDesk {
   StopDesk() : LinkDesk({.StartTime = "12:01", .StopTime = "12:02"}) {
     RunTo(12, 1, 59);
@@ -144,7 +145,8 @@ TEST(SendingSites, AStopOfTheClockLeavesTheZonesToACallThatIsOn) {
   EXPECT_EQ(desk.Journal(), "729 send 68\n");
 }
 
-/// No deed leaves a message playing when that fade ends.
+/// No action of an operator leaves a message playing when that fade ends, so the test sets the
+/// flag.
 TEST(SendingSites, AStopOfTheClockLeavesTheZonesToAMessageThatIsOn) {
   StopDesk desk;
   desk.Do([&] { desk.State().MessagePlaying = true; });

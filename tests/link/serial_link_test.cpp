@@ -48,8 +48,8 @@ TEST(SerialLink, AnyPriorityButHighCountsAsLow) {
   EXPECT_EQ(ByteFor("100000", "high"), "200 send 65\n");
 }
 
-/// Each click lights or darkens one zone of playing music, in an order that shows every pattern
-/// once and ends in darkness. Bit 0 is zone 1.
+/// Each click lights or darkens one zone of playing music, in an order in which every pattern
+/// appears once and the last one is dark. Bit 0 is zone 1.
 TEST(SerialLink, EveryPatternOfZonesMakesItsByteAtBothPriorities) {
   for (const auto& [priority, level] : {std::pair{"Low", 64}, std::pair{"High", 128}}) {
     LinkDesk desk({.Priority = priority, .MusicRouting = "000000"});

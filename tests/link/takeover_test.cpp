@@ -13,7 +13,7 @@ DeskOptions WithMessages(DeskOptions options = {}) {
   return options;
 }
 
-/// Into the first of them.
+/// Runs into the first of them.
 void StartMessage(LinkDesk& desk) {
   desk.RunTo(12, 1, 2);
   ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");

@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-/// The keys of an array that are down, "1" for each.
+/// Which buttons of an array are down, "1" for each.
 std::string Down(ControlArray<ToggleButton>& keys) {
   std::string down;
   for (int zone = 0; zone < kZones; ++zone) down += keys[zone].Value ? '1' : '0';
