@@ -22,7 +22,7 @@ constexpr double kSilentDb = -60;
 constexpr int kTakeOver = 128;
 constexpr int kIdle = 0;
 
-/// A row each hour.
+/// A row every hour.
 stage::InstallationFiles Files(bool withMusic) {
   stage::InstallationFiles files;
   files.Songs = {{"Song", stage::Tone(440, 120)}};
@@ -39,8 +39,8 @@ bool AwaitLevel(stage::Stage& desk, bool isLoud) {
       [&] { return (desk.Card->LevelNowDb(kHeardSeconds) > kSilentDb) == isLoud; }, kLimitSeconds);
 }
 
-/// Time until nothing is heard any more, in milliseconds. The song is a tone, so that a few silent
-/// milliseconds are its end.
+/// Time until silence, in milliseconds. The song is a continuous tone, so a few silent milliseconds
+/// mean its end.
 double SilenceAfterMs(stage::Stage& desk, double moment) {
   constexpr double kHeardSeconds = 0.005;
   while (desk.Card->LevelNowDb(kHeardSeconds) > kSilentDb) {
@@ -50,8 +50,8 @@ double SilenceAfterMs(stage::Stage& desk, double moment) {
   return (stage::Now() - moment) * 1000;
 }
 
-/// Milliseconds of sound that the card holds ahead while music plays, worked out by the server from
-/// what its clients ask for.
+/// Milliseconds of sound that the card buffers while music plays, as the server derives them from
+/// the requests of its clients.
 double CardQueueMs(stage::Stage& desk) {
   stage::Command command;
   command.Arguments = {"pactl", "list", "sinks"};
@@ -68,8 +68,9 @@ double CardQueueMs(stage::Stage& desk) {
   return std::stod(text.substr(place + kKey.size())) / 1000;
 }
 
-/// A mute is late by what the card holds ahead. The recorder asks for less of that than the program
-/// gets when nobody records, and the difference is added to what is measured with it.
+/// A mute takes effect with a delay of what the card buffers. The recorder requests a shorter
+/// buffer than the program has when nobody records, so the difference is added to what is measured
+/// with the recorder.
 void MeasureSilence(Report& report) {
   Figure recorded{"status byte to silence in the recording [ms]", {}};
   Figure worst{"the same with the queue of a card that is not recorded [ms]", {}, kSilenceBudgetMs};
@@ -117,7 +118,7 @@ Figure MeasureMinute() {
     desk.Start("2031-05-05 08:30:00");
     if (!desk.Await("frmMain", "visible", "yes")) throw std::runtime_error(WhyNoWindow(desk));
     for (int i = 0; i < kRepetitions; ++i) {
-      Sleep(1 + 0.17 * i);  // so that the tick stands elsewhere in the second each time
+      Sleep(1 + 0.17 * i);  // so that the tick falls elsewhere in the second each time
       const std::size_t before = desk.Line->Received().size();
       const std::string day = "2031-05-05 ";
       desk.Clock->Set(day + TwoDigits(9 + i) + ":59:59");
@@ -126,7 +127,7 @@ Figure MeasureMinute() {
         throw std::runtime_error("no byte came");
       }
       figure.Values.push_back((desk.Line->Received()[before].Time - due) * 1000);
-      // The message, and what it sends at its end.
+      // The message, and the byte sent at its end.
       if (!AwaitLevel(desk, true) || !AwaitLevel(desk, false)) {
         throw std::runtime_error("the message was not heard");
       }
@@ -137,8 +138,9 @@ Figure MeasureMinute() {
   return figure;
 }
 
-/// Somebody speaks all the time; the music has been stopped, so that the master is open and no fade
-/// comes first. The time holds the tool that presses, and the way of the voice into the recording.
+/// Somebody speaks all the time. The music has been stopped, so that the master is open and no fade
+/// comes first. The time includes the tool that presses, and the path of the voice into the
+/// recording.
 Figure MeasureCallKey() {
   Figure figure{"call key to the voice in the recording [ms]", {}, kCallKeyBudgetMs};
   try {
@@ -172,7 +174,7 @@ Figure MeasureCallKey() {
   return figure;
 }
 
-/// The program's sound alone, on a server whose cards need no time of their own.
+/// Only the program's own delay, on a server whose cards add none.
 Figure MeasureMicrophone() {
   Figure figure{"microphone to output [ms]", {}, kMicrophoneBudgetMs};
   try {
@@ -191,7 +193,7 @@ void MeasureLatencies(Report& report) {
   MeasureSilence(report);
   report.Add(MeasureMinute());
   report.Add(MeasureCallKey());
-  report.Add(MeasureMicrophone());  // last, since it changes the surroundings
+  report.Add(MeasureMicrophone());  // last, since it changes the environment
 }
 
 }  // namespace marlex::bench

@@ -1,6 +1,6 @@
 // marlex_bench [table] [day] [players] [answers]: measures how fast the program is and what it
-// costs, all or some groups, and prints one table. Ends with 1 when a measure failed; a missed
-// budget is told and no failure.
+// costs, in all or some groups, and prints one table. Exits with 1 when a measurement failed; a
+// missed budget is reported but is not a failure.
 
 #include <QApplication>
 #include <cstdio>
@@ -25,7 +25,7 @@ void PrintLoad(const char* when) {
          std::thread::hardware_concurrency());
 }
 
-/// The platform without a screen complains of what it cannot do, into the midst of the figures.
+/// Keeps the platform without a screen from printing its complaints between the figures.
 void IgnoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 struct Group {
@@ -38,7 +38,7 @@ constexpr Group kGroups[] = {{"table", MeasureTable},
                              {"players", MeasurePlayers},
                              {"answers", MeasureLatencies}};
 
-/// What keeps a group from running at all is a line of the table.
+/// If a group cannot run at all, the reason becomes a line of the table.
 void Run(const Group& group, Report& report) {
   try {
     group.Measure(report);

@@ -20,7 +20,7 @@ using stage::Command;
 constexpr int kRepetitions = 3;
 constexpr double kMeasuredSeconds = 10;
 constexpr double kSettleSeconds = 1.5;
-constexpr double kFallAsleepSeconds = 5;  // that the output stays awake without a sound, and more
+constexpr double kFallAsleepSeconds = 5;  // longer than an unused output stays awake
 constexpr double kWindowLimitSeconds = 30;
 constexpr double kSoundLimitSeconds = 20;
 constexpr double kSilentDb = -70;
@@ -37,7 +37,7 @@ struct Costs {
   std::string Failure = "";
   std::vector<double> ProcessorMs = {};  // of ten seconds
   std::vector<double> ServerMs = {};     // of the sound server, meanwhile
-  std::vector<double> WakeUps = {};      // a second
+  std::vector<double> WakeUps = {};      // per second
   std::vector<double> ResidentMiB = {};
 
   Figure Of(const std::string& what, const std::vector<double>& values) const {
@@ -46,7 +46,7 @@ struct Costs {
   }
 };
 
-/// The place where all of them play. They run as an operator would start them: without the probe
+/// The place where all of them play. They run as an operator would start them, without the probe
 /// and the shifted clock of the tests.
 class Place {
  public:
@@ -80,7 +80,7 @@ class Place {
   }
 
  private:
-  /// As every desktop's sound server does, only sooner.
+  /// Does what every desktop's sound server does, only sooner.
   void LetIdleCardsSleep() {
     Command load = Starting({"pactl", "load-module", "module-suspend-on-idle", "timeout=1"});
     load.Variables = Room.Server->Variables();
@@ -126,8 +126,8 @@ class Place {
     costs.ResidentMiB.push_back(after.ResidentMiB);
   }
 
-  /// The recorder asks the server for a short latency, which would cost all players wake-ups; so it
-  /// listens only before and after a measurement.
+  /// The recorder requests a short latency from the server, which would cause wake-ups in all
+  /// players. It therefore listens only before and after a measurement.
   void ExpectSound(const char* otherwise) {
     constexpr double kHeardSeconds = 0.1;
     Room.RecordAnew();
@@ -151,7 +151,8 @@ class Place {
   stage::Stage Room;
 };
 
-/// The first is the program, the second the console player, whose cost may be its budget.
+/// The first is the program, the second the console player, whose cost may serve as the program's
+/// budget.
 void Compare(Report& report, const std::vector<Costs>& all, const std::string& what,
              std::vector<double> Costs::*values, bool hasBudget = false) {
   std::vector<Figure> figures;

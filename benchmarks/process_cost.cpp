@@ -10,7 +10,7 @@
 namespace marlex::bench {
 namespace {
 
-/// A number behind a key in one of the status files of proc(5); 0 when the file is gone.
+/// The number that follows a key in one of the status files of proc(5); 0 when the file is gone.
 double StatusNumber(const std::string& file, const std::string& key) {
   std::ifstream stream(file);
   std::string line;
@@ -20,8 +20,8 @@ double StatusNumber(const std::string& file, const std::string& key) {
   return 0;
 }
 
-/// The counters in proc(5) count in hundredths of a second, which is too coarse for a player that
-/// uses three of them; the process's own clock counts in nanoseconds.
+/// The counters in proc(5) have a resolution of a hundredth of a second, which is too coarse for a
+/// player that uses three of them; the process's own clock counts in nanoseconds.
 double ProcessorMs(pid_t process) {
   clockid_t clock{};
   timespec used{};

@@ -6,8 +6,8 @@ namespace marlex::bench {
 
 /// What a process has used since its start.
 struct ProcessUse {
-  double ProcessorMs = 0;  // of all its threads, those that have ended included
-  double WakeUps = 0;      // voluntary context switches of the threads that live now
+  double ProcessorMs = 0;  // of all its threads, including those that have ended
+  double WakeUps = 0;      // voluntary context switches of the threads that exist now
   double ResidentMiB = 0;  // now
 };
 

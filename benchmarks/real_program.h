@@ -8,7 +8,7 @@ namespace marlex::bench {
 stage::StageOptions ProgramOptions();
 
 /// Waits until no other Tolvo Marlex runs on this machine, since a second one would end at once.
-/// Throws when it runs on.
+/// Throws when the other one does not end.
 void AwaitOthersEnd();
 
 void Sleep(double seconds);

@@ -14,7 +14,7 @@ std::string Padded(const std::string& text, int width) {
   return missing > 0 ? std::string(static_cast<std::size_t>(missing), ' ') + text : text;
 }
 
-/// Three digits that count, as far as they stand before the point or close behind it.
+/// Three significant digits, but never more than three decimals, and all digits before the point.
 std::string Number(double value) {
   const int decimals = value >= 100 ? 0 : value >= 10 ? 1 : value >= 1 ? 2 : 3;
   char text[32];

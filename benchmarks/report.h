@@ -14,21 +14,23 @@ struct Figure {
   std::string Failure = "";                     // why there is no value
 };
 
-/// Median; of an even number the mean of the middle two. There must be a value.
+/// Median; for an even number of values, the mean of the middle two. There must be at least one
+/// value.
 double Median(std::vector<double> values);
 
-/// The table that the benchmark ends with. What is added is told at once, too.
+/// The table that the benchmark ends with. Everything added is also printed immediately.
 class Report {
  public:
   void Section(const std::string& title);
   void Add(const Figure& figure);
 
-  /// The same measure of the program and of others, which the program's median is divided by.
+  /// The same measure for the program and for others, whose medians are shown relative to the
+  /// program's.
   void Compare(const Figure& ours, const std::vector<Figure>& others);
 
   void Print() const;
 
-  /// Whether a measure failed.
+  /// Whether a measurement failed.
   bool HasFailures() const { return Failed; }
 
  private:

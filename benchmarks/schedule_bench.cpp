@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kRepetitions = 5;
 constexpr int kMostRows = ScheduleTable::kMostRows;
-constexpr int kMinutesOfAFile = 30;  // the most that a time expression takes
+constexpr int kMinutesOfAFile = 30;  // the most that a time expression may hold
 constexpr int kRowsOfAFile = 24 * kMinutesOfAFile;
 constexpr double kTableBudgetMs = 200;
 constexpr double kYearBudgetSeconds = 60;
@@ -27,8 +27,8 @@ double ProcessorMs() {
   return double(used.tv_sec) * 1e3 + double(used.tv_nsec) / 1e6;
 }
 
-/// Processor time of all threads. Nothing that is measured here waits, so that this is how long it
-/// takes where no other program takes the processor away.
+/// Processor time of all threads. Nothing that is measured here waits, so this is the time that it
+/// takes when no other program uses the processor.
 double MillisecondsOf(const std::function<void()>& action) {
   const double start = ProcessorMs();
   action();
@@ -50,8 +50,9 @@ std::string OnlyDay(int day) {
   return mask;
 }
 
-/// Files for the largest table, which fill the first and the second half of each hour in turn. They
-/// are on every day, or else no two of a minute share one, for which the week has room seven times.
+/// Files for the largest table, which fill the first and the second half of each hour in turn. With
+/// conflicts all run every day. Without, no two rows of a minute share a day: the first seven files
+/// of each half hour get one day each, the others none.
 std::vector<Sequence> LargestSchedule(bool withConflicts) {
   std::vector<Sequence> files;
   const auto add = [&](const std::string& hours, int minutes) {
@@ -95,7 +96,7 @@ Figure MeasureRebuild(bool withConflicts) {
   return figure;
 }
 
-/// Sees a widget paint itself.
+/// Notices when a widget paints itself.
 class PaintWatch : public QObject {
  public:
   explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
@@ -108,7 +109,8 @@ class PaintWatch : public QObject {
   }
 };
 
-/// The same with the windows on top, up to the picture. All runs on the thread of the windows.
+/// The same with the windows on top, up to the painted picture. Everything runs on the thread of
+/// the windows.
 Figure MeasureShown(bool withConflicts) {
   Figure figure{
       std::string("the same and shown, ") + Kind(withConflicts) + " [ms]", {}, kTableBudgetMs};
@@ -137,8 +139,8 @@ Figure MeasureShown(bool withConflicts) {
   return figure;
 }
 
-/// A tick of the last minute of a day, for which the whole table is looked through. Music plays, so
-/// that a due row is marked and left waiting for the end of the song.
+/// A tick of the last minute of a day, which searches the whole table. Music plays, so that a due
+/// row is marked and keeps waiting for the end of the song.
 Figure MeasureTick(bool isDue) {
   Figure figure{std::string("one tick over 32,767 rows, ") +
                     (isDue ? "the last is due" : "none due") + " [ms]",
@@ -146,7 +148,7 @@ Figure MeasureTick(bool isDue) {
   Desk desk(LargestInstallation(isDue));
   desk.Click("cmdPlay");
   for (int i = 0; i < kRepetitions; ++i) {
-    // Without conflicts the first row of a minute is on a Monday only; this is a Tuesday.
+    // Without conflicts the first row of a minute runs only on Mondays; this is a Tuesday.
     desk.Pc.Clock.Set(2024, 1, 2, 23, 59, 0);
     desk.Sys->Tick.LastMinute.clear();
     desk.State().MessageAwaitingSongEnd = false;

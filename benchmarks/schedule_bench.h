@@ -4,10 +4,10 @@
 
 namespace marlex::bench {
 
-/// The largest table: built anew, put on the screen, and looked through by a tick.
+/// The largest table: rebuilt, shown on the screen, and searched by a tick.
 void MeasureTable(Report& report);
 
-/// A day of a shop on the simulated PC, and with it a year.
+/// A day of a shop on the simulated PC, and a year extrapolated from it.
 void MeasureDay(Report& report);
 
 }  // namespace marlex::bench
