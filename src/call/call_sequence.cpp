@@ -65,14 +65,14 @@ void CallSequence::EndCall() {
   if (!isUntouched) RestoreMusic();
   if (!IsLast(call)) return;
   Lines.OpenWave();
-  DarkenLamps();  // where something on top has held the press in its fade, they flash still
+  DarkenLamps();  // a press held up in its fade may have left them flashing
   TheFlags.CallActive = false;
   TheFrmPlayers.ResumeSchedule();
   TheFrmMain.EnableTransport(true);
 }
 
-/// The one question after each wait of a press: is this still its call, and has neither the release
-/// nor the amplifier ended it? While it is not, the microphone must not open.
+/// Whether, after a wait of a press, the call is still its own and neither the release nor the
+/// amplifier has ended it. If not, the microphone must not open.
 bool CallSequence::GoesOn(int call) const {
   return IsLast(call) && TheFlags.CallActive && TheCall.Stage != CallStage::Ending;
 }
@@ -85,8 +85,8 @@ int CallSequence::BeginCall() {
   return TheCall.Number;
 }
 
-/// A call goes before messages: one that plays is cut off, and the runner of the messages gets the
-/// time to see it and leave.
+/// A call takes precedence over messages: one that is playing is cut off. The pumps deliver what is
+/// due; an announcement that waits further down the stack ends once the waits above it are over.
 void CallSequence::CutMessagesOff() {
   TheFrmPlayers.WavPlayer.Command("Close");
   TheFrmPlayers.lstMsgSequence.Clear();
@@ -112,7 +112,7 @@ void CallSequence::PauseMusic() {
   if (MusicState() == kPlaying) TheFrmPlayers.MP3Player.Pause();
 }
 
-/// From here on a fade that runs is not the call's.
+/// From this stage on, a fade that is running is not the call's.
 void CallSequence::RouteCall() {
   TheCall.Stage = CallStage::Chiming;
   if (!Store.Values.RouterPresent) return;
@@ -126,7 +126,8 @@ void CallSequence::PlayPreChime(int call) {
   SetCaptions(kStrWait);
   PlayChime(call, Store.Values.PreChime);
   if (!IsLast(call)) return;
-  // Deliberate: a release that an earlier call without a pre-chime has left in its flag counts too.
+  // Deliberate: a flag left by the release of an earlier call without a pre-chime ends this call
+  // too.
   if (TheFlags.CallEndedDuringChime) TheCall.Stage = CallStage::Ending;
   if (GoesOn(call)) TheFrmMain.PaintBusyLamps(kDarkGreen);
 }
@@ -141,9 +142,9 @@ void CallSequence::OpenMicrophone() {
   Lines.OpenMicrophone();
 }
 
-/// A release has ended the call before the microphone opened. What it has left in the flags goes
-/// with its call, so that no later call, and no later fade, ends by it. A later call
-/// that has begun in the meantime has cleared them already.
+/// Ends a call that was released before the microphone opened. Clears the flags that the release
+/// has set, so that they end no later call or fade. If a later call has begun meanwhile, it has
+/// cleared them already.
 void CallSequence::TakeRelease(int call) {
   if (!IsLast(call) || TheCall.Stage != CallStage::Ending) return;
   if (TheFlags.CallEndedDuringFade) {
@@ -157,7 +158,8 @@ void CallSequence::TakeRelease(int call) {
   }
 }
 
-/// The fade of the press turns round; the press ends the call when its wait is over.
+/// Turns round the fade that the press is waiting for; the press ends the call when its wait is
+/// over.
 void CallSequence::EndInFade(int call) {
   TheFlags.CallEndedDuringFade = true;
   TheFades.FadeUp();
@@ -167,9 +169,9 @@ void CallSequence::EndInFade(int call) {
   DarkenLamps();
 }
 
-/// Deliberate: a speaker without a pre-chime counts as one who let go in a chime before any WAV
-/// has ended since the start. He loses his post-chime, and so does each call up to one with a
-/// pre-chime.
+/// Deliberate: without a pre-chime, a release while speaking counts as one in a chime if
+/// `WavFinished` is still false, as before the first WAV file since the start. This call then has
+/// no post-chime, nor has any later one until a call with a pre-chime.
 void CallSequence::NoteReleaseInChime(CallStage stage) {
   const bool hasNoPreChime = stage == CallStage::Speaking && Store.Values.PreChime.empty();
   if (TheFlags.WavFinished || (stage != CallStage::Chiming && !hasNoPreChime)) return;
@@ -189,8 +191,8 @@ void CallSequence::PlayPostChime(int call) {
   if (IsLast(call)) DarkenLamps();
 }
 
-/// False when the amplifier has taken over and owns the outputs. Deliberate: where the call has
-/// paused the music, the release byte goes out and no zones.
+/// False when the amplifier has taken over and owns the outputs. Deliberate: if the call has paused
+/// the music, sends the release byte instead of the zones.
 bool CallSequence::RestoreRouting() {
   if (!Store.Values.RouterPresent) return true;
   if (TheFlags.PriorityPreempted) {
@@ -218,8 +220,8 @@ void CallSequence::RestoreMusic() {
   }
 }
 
-/// The chime has the line alone. Returns when it has ended, or when the release or the amplifier
-/// has ended the call.
+/// Plays a chime in place of any other file, with the microphone closed. Returns when it has ended,
+/// or earlier when the release or the amplifier has ended the call.
 void CallSequence::PlayChime(int call, const std::string& chime) {
   WavePlayer& player = TheFrmPlayers.WavPlayer;
   player.FileName = MessagePath(Store.Values, chime);

@@ -16,46 +16,47 @@
 
 namespace marlex {
 
-/// How far a call of the operator has come, and what its release does then:
+/// How far the operator's call has come, and what a release of the button does at each stage:
 ///
-///   Beginning   The key is down, messages are cut off. The call ends before anything of it sounds.
-///   Fading      Music fades down. The fade turns round, and the press ends the call. A fade that
-///   is
-///               over while something on top holds the press is followed by one up.
-///   Chiming     The zones are routed. The pre-chime plays to its end, and no post-chime follows.
-///   Speaking    The microphone is open. Post-chime; then zones and music come back.
-///   Ending      The key was let go. Nothing: a call is released once.
+///   Beginning   The button is down; messages are being cut off. The call ends unheard.
+///   Fading      The music is fading down. The fade turns round, and the press ends the call. If
+///               the fade is over but a nested wait still holds up the press, a new fade up starts.
+///   Chiming     The zones are routed. The pre-chime plays to its end; no post-chime follows.
+///   Speaking    The microphone is open. The post-chime plays; then zones and music are restored.
+///   Ending      The button was released. Nothing happens: a call is released once.
 ///
-/// No call is on while `CallActive` is False: from its end on, and from a takeover on.
+/// While `CallActive` is false there is no call: it has ended, or the amplifier has taken over.
 enum class CallStage { Beginning, Fading, Chiming, Speaking, Ending };
 
-/// A call of the operator: press a call key, hear the chime, speak, let go. Press and release are
-/// two procedures that wait. The release may come in the middle of the press's waits; the amplifier
-/// may end the call in any of them; and where something else waits on top, even the next call may
-/// have begun when a wait returns. So both ask after each wait whether the call is still theirs.
+/// A call by the operator: press a call button, hear the chime, speak, release. Press and release
+/// are two procedures that wait. The release may arrive during any wait of the press, the amplifier
+/// may end the call during any wait of either, and if another procedure waits further up the stack,
+/// even the next call may have begun before a wait returns. So after each wait both check that the
+/// call is still theirs.
 class CallSequence {
  public:
   CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
                FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing, Fades& fades,
                MusicPlayer& music, Previews& previews, const StringTable& strings);
 
-  /// A call key is pressed.
+  /// Handles the press of a call button. No effect during a call, or while the amplifier reports a
+  /// call that takes precedence.
   ///
   /// Waits until the microphone is open, or the call has ended before that.
   void StartCall();
 
-  /// A call key is released.
+  /// Handles the release of a call button. No effect unless a call is in progress.
   ///
   /// Waits for what still sounds: a pre-chime that has begun, the post-chime, the fade of the
   /// music.
   void EndCall();
 
  private:
-  /// The call that is on, or the last one. Each press that begins a call begins it afresh.
+  /// The current call, or the last one. A press that begins a call resets it.
   struct Call {
-    int Number = 0;  // counts the calls since the start
+    int Number = 0;  // number of calls since the start
     CallStage Stage = CallStage::Beginning;
-    bool ReleasedInChime = false;  // its flag goes with the call
+    bool ReleasedInChime = false;  // in the pre-chime; the next call clears the flag
   };
 
   bool IsLast(int call) const { return call == TheCall.Number; }

@@ -25,9 +25,9 @@ void FunctionKeys::mnuFKeys_Click() {
   Window.Show();
 }
 
-/// Deliberate: an empty entry leaves the messages and zones of the previous key on the screen, and
-/// they are saved with this one. Zones that are too short are a RuntimeFailure, and the previous
-/// key stays chosen.
+/// Deliberate: where an entry is empty, the messages or zones of the previous key stay on the
+/// screen and are saved with this one. Throws `RuntimeFailure` for a zone text that is too short;
+/// the previous key then stays chosen.
 void FunctionKeys::mnuFKey_Click(int key) {
   const std::string section = keys::FunctionKey(key);
   const auto read = [&](std::string_view name) {
@@ -46,7 +46,7 @@ void FunctionKeys::mnuFKey_Click(int key) {
   Window.txtDescription.Text = read(keys::kKeyDescription);
 }
 
-/// Nothing is checked, and the editor stays open. A key without messages has no zones either.
+/// Checks nothing and leaves the editor open. A key without messages is saved without zones.
 void FunctionKeys::Save() {
   Editor.MessagesText = Messages.BuildMessagesText();
   const std::string zones = Editor.MessagesText.empty() ? "" : BuildZoneText(Window);

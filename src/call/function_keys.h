@@ -9,9 +9,9 @@
 
 namespace marlex {
 
-/// The twelve function keys, each with a list of messages and zones of its own in a file beside the
-/// program. The message schedule editor programs them. They are stored and never fired, and the way
-/// to this mode is closed in the menus: a file of them can only come from elsewhere.
+/// The twelve function keys, each with its own messages and zones, in a file beside the program. A
+/// mode of the message schedule editor programs them. Deliberate: they are stored and never fired,
+/// and the menu of this mode is disabled, so an existing file can only come from elsewhere.
 class FunctionKeys {
  public:
   FunctionKeys(SettingsStore& store, Windows& windows, SequenceEditor& editor,
