@@ -15,22 +15,23 @@ Glance Passerby::Look() const {
   return {what, NameOf(what), Next()};
 }
 
-/// The row that waits for the music break, else the next that the tick will find and not pass over.
+/// The row that waits for the music break, otherwise the next one that the tick will fire today.
 ComingRow Passerby::Next() const {
   if (StandsStill()) return {"", Strings.LoadString(kStrScheduleStopped)};
   if (RowWaits()) return {Tick.WaitingTime, Tick.CurrentMessageInfo};
   return NextToday();
 }
 
-/// A call and a takeover drop the messages of a row that waits, and the end of no song follows the
-/// stop key.
+/// Whether a row still waits for the music break. A call or a takeover drops its messages, and
+/// after Stop no song ends.
 bool Passerby::RowWaits() const {
   return TheFlags.MessageAwaitingSongEnd && TheFrmPlayers.lstMsgSequence.ListCount() > 0 &&
          TheFrmPlayers.MP3Player.PlayState() != kStopped;
 }
 
-/// The tick is off, and nothing is on that has to do with the schedule: its editor is open, the
-/// amplifier has cut a call off, or the stop key the song for whose end a row waits.
+/// Whether the schedule is held although no call, message or fade is in progress and no row waits:
+/// its editor is open, the amplifier has cut off a call, or Stop has ended the song that a row was
+/// waiting for.
 bool Passerby::StandsStill() const {
   const bool isHeld =
       TheFlags.CallActive || RowWaits() || TheFlags.MessagePlaying || TheFlags.FadeRunning;
@@ -40,11 +41,11 @@ bool Passerby::StandsStill() const {
 ComingRow Passerby::NextToday() const {
   const Grid& table = TheFrmMain.grdSchedule;
   const std::string now = MinuteText(Clock.Now());
-  std::string passed;  // a minute whose first row does not run today
+  std::string passed;  // minute whose first row does not run today
   for (int row = 1; row < table.Rows(); ++row) {
     const std::string time = TimeOf(table, row);
     const bool isOver = time < now || time == Tick.LastMinute || time == passed;
-    const bool neverComes = time > kLastMinuteOfDay;  // as of a file that could not be read
+    const bool neverComes = time > kLastMinuteOfDay;  // such as ":" from an unreadable file
     if (isOver || neverComes || table.RowHeight(row) == 0) continue;
     if (Tick.RunsToday(row))
       return {table.TextMatrix(row, kTimeColumn), table.TextMatrix(row, kMessagesColumn)};
@@ -55,10 +56,10 @@ ComingRow Passerby::NextToday() const {
 
 OnAir Passerby::What() const {
   if (TheFlags.CallActive) return OnAir::Call;
-  // A takeover lasts to the amplifier's end of call, whatever level it reports meanwhile.
+  // A takeover lasts until the amplifier's end of call, whatever level it reports meanwhile.
   const bool holdsUsBack = TheFlags.PriorityPreempted || !TheFlags.PriorityClear;
   if (holdsUsBack && TheFrmMain.lblHiPrio.Visible) return OnAir::Amplifier;
-  // A chime and a preview are messages without the flag.
+  // Chimes and previews count as messages, but do not set the flag.
   const bool wavePlays = TheFrmPlayers.WavPlayer.Mode() == kWavePlaying;
   if (TheFlags.MessagePlaying || wavePlays) return OnAir::Message;
   return TheFrmPlayers.MP3Player.PlayState() == kPlaying ? OnAir::Music : OnAir::Silence;

@@ -11,12 +11,13 @@
 
 namespace marlex {
 
-/// What has the desk: of several the last one that applies. A call of the amplifier that holds back
-/// what we would begin counts before the music or the message that may sound on under it.
+/// What the installation is doing; if several apply, the one listed last. An amplifier's call that
+/// keeps us from beginning anything takes precedence over the music or the message that may go on
+/// playing during it.
 enum class OnAir { Silence, Music, Message, Amplifier, Call };
 
-/// A row that has not fired yet: its time, with the mark of its mode, and its messages. Both empty
-/// for none.
+/// A row that has not fired yet: its time cell, in which a "+" marks a row that waits for a music
+/// break, and its messages. Both are empty if there is none.
 struct ComingRow {
   std::string Time;
   std::string Messages;
@@ -24,16 +25,17 @@ struct ComingRow {
   bool operator==(const ComingRow&) const = default;
 };
 
-/// What is to be read from across the room.
+/// What the operator can read from across the room.
 struct Glance {
   OnAir What = OnAir::Silence;
-  std::string Name;  // the song or the message; of a call what its key or its note says
-  ComingRow Next;    // in its place, without a time, the note that the schedule stands still
+  std::string Name;  // of the song or message; for a call, the text of its button or note
+  ComingRow Next;    // without a time: the note that the schedule has stopped
 
   bool operator==(const Glance&) const = default;
 };
 
-/// Looks at the desk as somebody does who passes by. It changes nothing.
+/// Sums up what is playing and what comes next, for the band at the top of the main window. Changes
+/// nothing.
 class Passerby {
  public:
   Passerby(const Flags& flags, const Windows& windows, const FrmPlayers& frmPlayers,

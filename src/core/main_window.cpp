@@ -45,7 +45,7 @@ void MainWindow::Load() {
   TheFrmMain.lstPlaylist.ToolTipText = Strings.LoadString(kStrDoubleClickToPlay);
   if (TheFrmMain.lstPlaylist.ListIndex() == ListBox::kNoSelection)
     TheFrmMain.cmdPlay.Enabled = false;
-  // After a first run there is no text yet, and the frame keeps the design's.
+  // After a first run there is no text yet; the frame keeps its design caption.
   if (!Store.Values.MusicLabelText.empty())
     TheFrmMain.frBGMusic.Caption = Store.Values.MusicLabelText;
   ShowViewMenus();
@@ -82,7 +82,7 @@ void MainWindow::ShowViewMenus() {
                                      settings.ScheduleNameView ? ScheduleColumns::kNameWidth : 0);
 }
 
-/// An absent file just leaves the list empty. The music may start here.
+/// A missing file leaves the list empty. The music may start here.
 void MainWindow::LoadCurrentPlaylist() {
   const std::string& file = Store.Values.CurrentPlaylistFile;
   if (!file.empty() && !ThePc.Files.Search(file).empty()) Playlist.LoadPlaylist();
@@ -107,7 +107,7 @@ void MainWindow::ArrangeWithoutRouter() {
     TheFrmMain.PlaceConflictNote(true);
     return;
   }
-  // Nothing is left in the lower part of the window: the schedule grows into it.
+  // The lower part of the window is empty: the schedule grows into it.
   TheFrmMain.frCall.Visible = false;
   TheFrmMain.PlaceConflictNote(false);
   TheFrmMain.SizeSchedule(false, TheFrmMain.lblConflict.Visible);

@@ -13,8 +13,8 @@
 
 namespace marlex {
 
-/// The main window: what it shows at its load and how it adapts to the installation, its clock, and
-/// the way out.
+/// The main window: what it shows when it loads, how it adapts to the installation, its clock, and
+/// the exit.
 class MainWindow {
  public:
   MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
@@ -22,18 +22,18 @@ class MainWindow {
              PlaylistFiles& playlist, SequenceFiles& sequences, ZoneRouting& routing,
              Notices& notices);
 
-  /// Adapts what stands on the screen to another type of amplifier.
+  /// Adapts the window after the type of amplifier has changed.
   void RedoLayout();
 
-  /// Puts the names of the zones on their labels.
+  /// Shows the zone names of the settings on their labels.
   void ShowZoneNames();
 
-  /// Hides what is of no use without a microphone. Nothing brings it back while the application
-  /// runs.
+  /// Hides the controls that are useless without a microphone. They stay hidden until the next
+  /// start.
   void ArrangeCallControls();
 
-  /// Ends the application at once, with the release byte on the line. Nothing is asked and nothing
-  /// needs saving.
+  /// Sends the release byte, if there is a router, and ends the process. Asks nothing, and has
+  /// nothing to save.
   void mnuExit_Click();
 
  private:

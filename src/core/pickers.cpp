@@ -34,8 +34,8 @@ void Pickers::BrowseDirectory(bool music, const std::string& pattern) {
   TheFrmDirSel.Show();
 }
 
-/// A directory that is no longer there leaves drive and tree where a search begins, and the
-/// settings as they are.
+/// If the directory no longer exists, drive and tree stay at their starting place, and the settings
+/// are unchanged.
 void Pickers::LoadDirSel() {
   TheFrmDirSel.Drive1.Refresh();
   TheFrmDirSel.Dir1.BeginAt(TheFrmDirSel.Drive1.Drive());
@@ -47,8 +47,8 @@ void Pickers::LoadDirSel() {
 
 void Pickers::ChangeDrive() { TheFrmDirSel.Dir1.SetPath(TheFrmDirSel.Drive1.Drive()); }
 
-/// The setting changes at once, before any OK; it ends in a separator, and a root's own is not
-/// doubled.
+/// Changes the setting at once, before any OK. The path gets a final separator unless it has one,
+/// as a root does.
 void Pickers::ChangeDirectory() {
   const std::string directory = TheFrmDirSel.Dir1.Text();
   Label& label =
@@ -58,8 +58,8 @@ void Pickers::ChangeDirectory() {
   TheFrmDirSel.lstFiles.SetPath(directory);
 }
 
-/// Deliberate: the test is made for either directory, so a music directory without songs switches
-/// the chimes off too.
+/// Deliberate: the test applies to either directory, so a music directory without songs disables
+/// the chimes too.
 void Pickers::AcceptDirectory() {
   const bool hasFiles = TheFrmDirSel.lstFiles.ListCount() > 0;
   TheFrmSettings.chkPreChime.Enabled = hasFiles;
@@ -80,8 +80,8 @@ void Pickers::LoadChimeSelect() {
   TheFrmChimeSelect.Caption = Strings.LoadString(kStrChimeSelection);
 }
 
-/// A name with a second point is cut short at its first, and the chime is then not found; it stays
-/// so.
+/// Deliberate: a name is cut at its first dot, so a chime with another dot before its extension is
+/// not found.
 void Pickers::AcceptChime() {
   const std::string chime = UpToFirstPoint(TheFrmChimeSelect.lstChimeList.Text());
   if (SelectingPreChime) {

@@ -7,8 +7,8 @@
 namespace marlex {
 
 /// The two small dialogs of the settings dialog: one picks the music or the message directory, the
-/// other a chime. They write into its labels and into the settings at once; the settings file is
-/// written by the settings dialog's OK alone.
+/// other a chime. A choice updates the labels of the settings dialog and the settings in memory;
+/// only the OK of the settings dialog writes the file.
 class Pickers {
  public:
   Pickers(SettingsStore& store, Windows& windows, const StringTable& strings);

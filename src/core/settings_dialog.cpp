@@ -12,7 +12,7 @@ void CopyRange(const Slider& from, Slider& to) {
   to.Max = from.Max.Get();
 }
 
-/// A slider that is at its level already reports that it was set, too.
+/// Sets a slider and raises its event, even if it is at the level already.
 void Show(Slider& slider, int level) {
   const bool moves = slider.Value != level;
   slider.Value = level;
@@ -84,7 +84,7 @@ void SettingsDialog::ShowMicrophone() {
   Dialog.frMicroVolume.Enabled = microphone;
 }
 
-/// The file's, not the ones in memory: a picker may have changed those without an OK.
+/// Reads the file, not the values in memory: a picker may have changed those without an OK.
 void SettingsDialog::ReadDirectories() {
   Dialog.lblBGDir_Name.Caption = Store.Read(keys::kMusicDirectory);
   Dialog.lblMsgDir_Name.Caption = Store.Read(keys::kMessageDirectory);
@@ -102,7 +102,7 @@ void SettingsDialog::ReadChimes() {
   show(Values.PreChime, Dialog.chkPreChime, Dialog.cmdPreSelect, Dialog.lblPreChime);
   Values.PostChime = Store.Read(keys::kPostChime);
   show(Values.PostChime, Dialog.chkPostChime, Dialog.cmdPostSelect, Dialog.lblPostChime);
-  // Without the directory there is no chime to pick.
+  // Without a message directory there is no chime to pick.
   const bool hasDirectory = !Dialog.lblMsgDir_Name.Caption.Get().empty();
   Dialog.chkPreChime.Enabled = hasDirectory;
   Dialog.chkPostChime.Enabled = hasDirectory;
@@ -112,13 +112,14 @@ void SettingsDialog::ReadAmplifier() {
   const bool router = Store.ReadFlag(keys::kRouter);
   ShowRouterFrames(router, router ? FrmSettings::kRouterButtonTop : FrmSettings::kPlainButtonTop);
   Dialog.optTolvo[router ? 0 : 1].SetValue(true);
-  // An absent key shows port 2, though port 1 is the one that is used; it stays so.
+  // Deliberate: a missing key, as on a first run, shows port 2, although port 1 is used until the
+  // next start.
   Dialog.optCom[Store.Read(keys::kComPort) == "1" ? 0 : 1].SetValue(true);
   ReadZoneNames();
   Dialog.optPriority[Store.Read(keys::kPriority) == "High" ? 1 : 0].SetValue(true);
 }
 
-/// A name that is empty in the file leaves the design's in its place.
+/// Where the file has an empty name or none, the field keeps its design text.
 void SettingsDialog::ReadZoneNames() {
   for (int zone = 0; zone < kZones; ++zone) {
     const std::string name = Store.Read({keys::kZoneNames, keys::ZoneName(zone)});
@@ -126,7 +127,7 @@ void SettingsDialog::ReadZoneNames() {
   }
 }
 
-/// Each slider acts and writes here as if it were moved by hand.
+/// Each slider takes effect and is saved, as if the operator had moved it.
 void SettingsDialog::ReadVolumes() {
   CopyRange(Lines.MasterSlider(), Dialog.slMasterVolume);
   CopyRange(Lines.WaveSlider(), Dialog.slMusicVolume);
@@ -136,12 +137,12 @@ void SettingsDialog::ReadVolumes() {
   Show(Dialog.slMusicVolume, Values.MusicVolume);
   Show(Dialog.slMicroVolume, Values.MicroVolume);
   Show(Dialog.slMessageVolume, Values.MessageVolume);
-  // While a message plays the line does not carry music, also when the dialog opens meanwhile.
+  // A message may be playing when the dialog opens; the wave line then carries no music.
   Dialog.slMusicVolume.Enabled = !TheFlags.MessagePlaying;
 }
 
-/// The test is for "Fast" here and for "Slow" at the start of the program: with an absent key the
-/// mere opening of the dialog makes fades slow. It stays so.
+/// Deliberate: tests for "Fast", whereas the start of the program tests for "Slow". So if the key
+/// is missing, merely opening the dialog makes fades slow.
 void SettingsDialog::ReadFadeTime() {
   const bool fast = Store.Read(keys::kFadeTime) == "Fast";
   Values.FadeTime = fast ? kFastFadeTimeMs : kSlowFadeTimeMs;
@@ -179,13 +180,14 @@ void SettingsDialog::ChangeMusicVolume() {
   ChangeVolume(Dialog.slMusicVolume, Values.MusicVolume, keys::kMusicVolume);
 }
 
-/// Line 0 is no microphone but the master, which has a slider of its own.
+/// Without a microphone only the setting changes: line 0 would be the master, which has its own
+/// slider.
 void SettingsDialog::ChangeMicroVolume() {
   Lines.SetMicrophone(Dialog.slMicroVolume.Value);
   ChangeVolume(Dialog.slMicroVolume, Values.MicroVolume, keys::kMicroVolume);
 }
 
-/// Music and messages share a line, so that it is left alone until a message plays on it.
+/// Music and messages share the wave line: it is set only while a message plays on it.
 void SettingsDialog::ChangeMessageVolume() {
   if (TheFlags.MessagePlaying) {
     Lines.SetWave(Dialog.slMessageVolume.Value);
@@ -206,7 +208,7 @@ void SettingsDialog::cmdOK_Click() {
   WriteAmplifier();
   WritePriority();
   WriteFadeTime();
-  // The port itself stays: another number counts from the next start of the program on.
+  // The open port is kept: another number takes effect at the next start of the program.
   Store.Write(keys::kComPort, Dialog.optCom[0].Value() ? "1" : "2");
   WriteChimes();
   ChangeMasterVolume();
@@ -218,7 +220,7 @@ void SettingsDialog::cmdOK_Click() {
   TheFrmMain.Show();
 }
 
-/// True when the directory is missing: the operator is told so, and stays in the dialog.
+/// True, with an error box, when no directory is entered; the dialog then stays open.
 bool SettingsDialog::Refuse(const Label& directory, int messageId) {
   if (!directory.Caption.Get().empty()) return false;
   TheNotices.Error(messageId);
@@ -275,8 +277,7 @@ void SettingsDialog::WriteFadeTime() {
   Store.Write(keys::kFadeTime, slow ? "Slow" : "Fast");
 }
 
-/// The file gets what the labels show; a check that is set with nothing picked writes an empty
-/// chime.
+/// Writes what the labels show: if a box is checked but nothing is picked, an empty chime.
 void SettingsDialog::WriteChimes() {
   if (Dialog.chkPreChime.Value != kChecked) Values.PreChime.clear();
   if (Dialog.chkPostChime.Value != kChecked) Values.PostChime.clear();

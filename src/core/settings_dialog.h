@@ -15,15 +15,16 @@
 
 namespace marlex {
 
-/// The one dialog for all settings of the installation. The sliders act and write at once; all else
-/// is written by its OK. Its cancel undoes nothing in memory.
+/// The dialog for all settings of the installation. The sliders take effect and are saved at once;
+/// everything else is saved by OK. Cancel undoes no change in memory; while the main window is not
+/// shown, as on a first run, it ends the process.
 class SettingsDialog {
  public:
   SettingsDialog(Flags& flags, SettingsStore& store, Process& process, Windows& windows,
                  FrmPlayers& frmPlayers, SoundLines& lines, const StringTable& strings,
                  Notices& notices, ScheduleTable& table, MainWindow& mainWindow);
 
-  /// Gives back what the amplifier has taken; wired at composition.
+  /// `SerialLink::ForgetAmplifier`; wired at composition.
   std::function<void()> ForgetAmplifier;
 
  private:

@@ -40,7 +40,7 @@ void SettingsLoader::LoadSettings() {
 
 void SettingsLoader::LoadVolumeSettings() {
   ReadVolumes();
-  // The test is for "Slow" here: an absent key is a fast fade.
+  // A missing key means a fast fade; in the settings dialog, a slow one.
   Values.FadeTime = Store.Read(keys::kFadeTime) == "Slow" ? kSlowFadeTimeMs : kFastFadeTimeMs;
   Lines.SetMaster(Values.MasterVolume);
   Lines.MuteMaster();
@@ -61,7 +61,8 @@ void SettingsLoader::ReadVolumes() {
   TheNotices.Error("These volumes are no numbers and count as absent:" + faults);
 }
 
-/// A position outside the slider's range is held at its nearer end.
+/// A slider position; a number outside the slider's range is set to its nearer end. A text that is
+/// not a number counts as 0 and is added to `faults`.
 int SettingsLoader::ReadVolume(const ProfileKey& key, std::string& faults) const {
   const std::string text = Store.Read(key);
   const auto number = ToNumber(text);
@@ -87,7 +88,7 @@ void SettingsLoader::ReadPlaylistSettings() {
   Values.MusicStopTime = Store.ReadProfileValue(keys::kStopTime, file);
   Values.MusicWeekDays = Store.ReadProfileValue(keys::kMusicWeekdays, file);
   Values.LastSongIndex = ToNumber(Store.ReadProfileValue(keys::kLastSong, file)).value_or(0);
-  // A point in a directory's name cuts the text short, which is wanted.
+  // Deliberate: a dot in the name of a directory cuts the text there.
   std::string name;
   if (!file.empty()) name = UpToFirstPoint(file) + " ";
   Values.MusicScheduled = !Values.MusicStartTime.empty();

@@ -11,17 +11,19 @@
 
 namespace marlex {
 
-/// Turns the settings file into the values that the rest of the program reads.
+/// Reads the settings file into the values that the rest of the program uses.
 class SettingsLoader {
  public:
   SettingsLoader(Flags& flags, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
                  MixerAccess& mixer, SoundLines& lines, Notices& notices);
 
-  /// Starts the engine and the mixer, reads all settings and shows the main window; on a first run,
-  /// when there is no music directory, the settings dialog, whose OK shows it afterwards.
+  /// Loads the engine window, opens the mixer, reads all settings and shows the main window. On a
+  /// first run, when there is no music directory, shows the settings dialog instead; its OK then
+  /// shows the main window.
   void LoadSettings();
 
-  /// Levels to the mixer's lines, all of them muted; music, messages and calls lift the mutes.
+  /// Reads the volumes and the fade time. Sets the levels of the lines and mutes them all; music,
+  /// messages and calls open them.
   void LoadVolumeSettings();
 
  private:

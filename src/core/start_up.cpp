@@ -8,8 +8,8 @@ namespace {
 static_assert(kLanguageTable.size() == FrmLangSel::kLanguages,
               "each language has its option in the language dialog");
 
-constexpr int kEmptyText =
-    6;  // has no text in any language: the guard's box is empty, and stays so
+/// Deliberate: no language has a text with this id, so the box of the guard is empty.
+constexpr int kEmptyText = 6;
 
 std::string NameOfFirstFamily(int minorVersion) {
   if (minorVersion == 0) return "Windows 95";
@@ -83,7 +83,7 @@ void StartUp::UseLanguage(const Language& language) {
 }
 
 void StartUp::EndSecondInstance() {
-  TheFrmLogo.tmrView.Enabled = false;  // the start must not go on under the box
+  TheFrmLogo.tmrView.Enabled = false;  // the start must not continue while the box is open
   ThePc.Boxes.MsgBox(Strings.Find(kEmptyText).value_or(""), BoxIcon::Information,
                      Strings.LoadString(kStrWarning));
   ThePc.TheProcess.End();
@@ -91,7 +91,8 @@ void StartUp::EndSecondInstance() {
 
 void StartUp::EndSplash() {
   TheFrmLogo.tmrView.Enabled = false;
-  // Of two that were started at once, one comes first; the other must not touch the sound card.
+  // Of two instances started at once, only one can claim the window; the other must not touch the
+  // sound card.
   if (!ThePc.TheProcess.ClaimWindow(FrmMain::kCaption)) EndSecondInstance();
   Loader.LoadSettings();
   TheFrmLogo.Unload();
@@ -109,7 +110,8 @@ void StartUp::ChooseLanguage() {
     if (!TheFrmLangSel.optLanguage[index].Value()) continue;
     const Language& language = kLanguageTable[static_cast<std::size_t>(index)];
     UseLanguage(language);
-    // Reported at each try: the splash reads the language from the file, so the dialog comes back.
+    // A failed write is reported each time: the splash reads the language from the file, so this
+    // dialog comes back.
     if (!Store.WriteProfileValue(keys::kLanguage, language.Name, Store.TolvoIni())) TellNotSaved();
   }
   TheFrmLangSel.Unload();

@@ -22,7 +22,7 @@ class StartUp {
   /// Shows the splash, or the language dialog when no language is set.
   void Start() { TheFrmLogo.Show(); }
 
-  /// Tells the operator that the settings file cannot be written.
+  /// Reports to the operator that the settings file cannot be written.
   void TellNotSaved();
 
  private:
@@ -42,11 +42,11 @@ class StartUp {
   Notices& TheNotices;
 };
 
-/// Name of the operating system by the published version numbers; "Failed" for an unknown family,
-/// empty for an unknown version of a known one.
+/// Name of the operating system, from the published version numbers; "Failed" for an unknown
+/// family, empty for an unknown version of a known one.
 std::string OperatingSystemName(const SystemVersion& version);
 
-/// Language of this name, which is compared exactly; an unknown one is English.
+/// The language with exactly this name; English if there is none.
 Language LanguageOf(const std::string& name);
 
 }  // namespace marlex

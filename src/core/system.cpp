@@ -52,7 +52,7 @@ System::System(const Pc& pc)
       Loader(TheFlags, Store, TheWindows, TheFrmPlayers, Mixer, Lines, TheNotices),
       ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, pc.Clock, Strings),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader, TheNotices) {
-  // The calls that run upwards.
+  // Calls from a lower floor of the house to a higher one.
   Store.OnNotSaved = [this] { StartUp_.TellNotSaved(); };
   Dialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
   Link.ResumeMusic = [this] { Music.PlaySong(); };

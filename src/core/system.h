@@ -41,8 +41,8 @@
 
 namespace marlex {
 
-/// The whole application over the PC that it is handed, composed from the bottom up. Several can
-/// live side by side, each on a PC of its own.
+/// The whole application on the PC that it is given, composed from the bottom up. Several systems
+/// can coexist, each on its own PC.
 class System {
  public:
   explicit System(const Pc& pc);
