@@ -2,7 +2,8 @@
 #
 #     cmake -DSTRINGS=<directory> -DOUTPUT=<file> -P compile_strings.cmake
 #
-# A line is an id, a blank and a text in quotes; ids ascend. The first line that is none stops the build, by file and line.
+# Each line holds an id, a blank and a text in quotes; ids ascend. The first line that does not stops the build and is
+# named by file and number.
 
 # One entry of each line of FILE, in `ENTRIES`.
 function(read_entries FILE)

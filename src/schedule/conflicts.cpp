@@ -37,7 +37,7 @@ void Conflicts::DetectConflicts() {
   }
 }
 
-/// The current column stays: the first after a build, the clicked one after a double-click.
+/// Clears the current column only: the time after a build, the clicked column after a double-click.
 void Conflicts::ClearMarks() {
   for (int row = 1; row < Table.Rows(); ++row) {
     Table.SetRow(row);
@@ -45,7 +45,7 @@ void Conflicts::ClearMarks() {
   }
 }
 
-/// Rows that the operator has not taken out.
+/// The rows that the operator has not removed.
 std::vector<Conflicts::DueRow> Conflicts::RowsInPlace() const {
   std::vector<DueRow> rows;
   for (int row = 1; row < Table.Rows(); ++row) {
@@ -59,9 +59,9 @@ std::vector<Conflicts::DueRow> Conflicts::RowsInPlace() const {
   return rows;
 }
 
-/// Deliberate: the two sides are tested differently. The later row must hold the right digit, the
-/// earlier one anything but "0". Weekdays that end before a common day is found leave the pair
-/// undecided, and their schedule is named.
+/// Whether two rows have a weekday in common. Deliberate: the later row must have the digit of the
+/// day, the earlier one anything but "0". If the weekdays of a row end before a common day is
+/// found, the pair counts as none, and the schedule of that row goes into `Incomplete`.
 bool Conflicts::ShareADay(const DueRow& earlier, const DueRow& later) {
   constexpr std::string_view kDigits = "1234567";
   for (std::size_t day = 0; day < kDays; ++day) {
@@ -96,7 +96,7 @@ bool Conflicts::CompactLayout() const { return TheSettings.RouterPresent || Line
 
 void Conflicts::SetNormalHeights() { TheFrmMain.SizeSchedule(CompactLayout(), false); }
 
-/// The warning takes the room that the shrunken table leaves.
+/// The warning takes the space by which the table shrinks.
 void Conflicts::ShowConflictNote() {
   TheFrmMain.lblConflict.Caption = Strings.LoadString(kStrTimeConflict);
   TheFrmMain.SizeSchedule(CompactLayout(), true);
@@ -104,7 +104,8 @@ void Conflicts::ShowConflictNote() {
   TheFrmMain.PlaceConflictNote(CompactLayout());
 }
 
-/// Only a red time cell reacts; the other row of the pair stays and fires as usual.
+/// Only a red time cell reacts: its row is removed. The other row of the pair stays and fires as
+/// usual.
 void Conflicts::grdSchedule_DblClick() {
   const int row = Table.Row();
   if (Table.CellBackColor() != kRed) return;

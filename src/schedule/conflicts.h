@@ -15,8 +15,8 @@
 
 namespace marlex {
 
-/// Rows that cannot both fire: not removed, of the same minute, with a day in common. They are
-/// marked red, and the operator takes one out of the table by a double-click; no file changes.
+/// Finds rows that cannot both fire: not removed, at the same minute, with a weekday in common.
+/// Marks them red; the operator removes one from the table by a double-click. No file changes.
 class Conflicts {
  public:
   Conflicts(const Settings& settings, FrmMain& frmMain, const SoundLines& lines,
@@ -30,11 +30,11 @@ class Conflicts {
  private:
   static constexpr std::size_t kDays = 7;
 
-  /// What a pass looks at of a row. The views are into the cells of the table.
+  /// What a pass looks at in a row. The views point into the cells of the table.
   struct DueRow {
     int Row;
     std::string Time;
-    std::array<std::string_view, kDays> Days;  // a character each, empty behind the mask's end
+    std::array<std::string_view, kDays> Days;  // one character each, empty past the mask's end
   };
 
   void grdSchedule_DblClick();
@@ -53,7 +53,7 @@ class Conflicts {
   ScheduleColumns& Columns;
   const StringTable& Strings;
   Notices& TheNotices;
-  std::set<std::string> Incomplete;  // schedules whose weekdays left a pair undecided in the pass
+  std::set<std::string> Incomplete;  // schedules whose weekdays were too short in the last pass
 };
 
 }  // namespace marlex

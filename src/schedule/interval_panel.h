@@ -6,7 +6,7 @@
 
 namespace marlex {
 
-/// Fills the minutes of an hour at an interval from a starting minute, on a panel that takes the
+/// The panel that fills in the minutes at a regular interval from a starting minute. It is shown in
 /// place of the minutes.
 class IntervalPanel {
  public:
@@ -19,8 +19,8 @@ class IntervalPanel {
   WavWindow& Window;
 };
 
-/// The minutes of an hour every `intervalMinutes` from `start` on, two digits each, joined by
-/// commas. They wrap at 60 without touching the hour, and are not sorted.
+/// The minutes of an hour every `intervalMinutes` from `start`, 0 to 59, on: two digits each,
+/// joined by commas. They wrap at 60 and are not sorted: from 50 every 20 minutes is "50,10,30".
 std::string IntervalText(int start, int intervalMinutes);
 
 }  // namespace marlex

@@ -24,7 +24,7 @@ void MessagePlayback::PlayMessageSequence(const std::string& currentRouting) {
   RouteMessage(currentRouting);
   Announce();
   if (TheFlags.PriorityPreempted) {
-    // Routing and music are in the care of the amplifier's end of call.
+    // The amplifier's end of call restores routing and music.
     ResumeScheduleAndTransport();
     return;
   }
@@ -34,8 +34,8 @@ void MessagePlayback::PlayMessageSequence(const std::string& currentRouting) {
   ResumeScheduleAndTransport();
 }
 
-/// Fades the music and pauses it. False when a call or the amplifier took over in the fade, and the
-/// announcement is over.
+/// Fades and pauses the music. False when a call or the amplifier took over during the fade: there
+/// is then no announcement.
 bool MessagePlayback::ClearMusic() {
   if (Store.Values.FadeTime > 0) {
     TheFades.FadeDown();
@@ -50,7 +50,8 @@ bool MessagePlayback::ClearMusic() {
   return true;
 }
 
-/// The zones follow the release by 200 ms, during the start of the first message.
+/// The zones are sent 200 ms later, while the first message starts; if the amplifier has a call,
+/// the release byte goes out first, at once.
 void MessagePlayback::RouteMessage(const std::string& currentRouting) {
   if (!Store.Values.RouterPresent) return;
   if (TheFlags.AmplifierStatus != 0) Routing.Release();
@@ -65,8 +66,8 @@ void MessagePlayback::Announce() {
   PaintPlayingCell(kNavy, kWhite);
 }
 
-/// The first cell of the table's current row, on which the tick left it; an operator who rebuilds
-/// the table meanwhile has another row painted, and one who empties it none.
+/// Paints the time cell of the table's current row, which the tick has set to the firing one. If
+/// the table is rebuilt meanwhile, another row is painted; if it is emptied, none.
 void MessagePlayback::PaintPlayingCell(Color back, Color text) {
   if (TheFrmMain.grdSchedule.Row() == 0) return;
   TheFrmMain.grdSchedule.SetCol(kTimeColumn);

@@ -15,17 +15,19 @@
 
 namespace marlex {
 
-/// The whole announcement of a schedule row: the music out of the way, the zones fed, the messages
-/// played, and everything put back.
+/// The whole announcement of a schedule row: fades and pauses the music, routes the zones, plays
+/// the messages, and restores everything.
 class MessagePlayback {
  public:
   MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
                   SoundLines& lines, ZoneRouting& routing, Fades& fades, MusicPlayer& music,
                   MessageWavs& wavs, Previews& previews);
 
-  /// Plays `lstMsgSequence` into the zones of `currentRouting` and puts everything back.
+  /// Plays `lstMsgSequence` into the zones of `currentRouting`, the zone text of a row such as
+  /// "103000", and restores routing, music and buttons.
   ///
-  /// Waits until all is back, or until a call or the amplifier has taken over, which then restore.
+  /// Waits until all is restored, or until a call or the amplifier has taken over; these then
+  /// restore it.
   void PlayMessageSequence(const std::string& currentRouting);
 
  private:

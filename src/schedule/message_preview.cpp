@@ -30,9 +30,9 @@ void MessagePreview::PrevKey_Click() {
   }
 }
 
-/// Deliberate: the command is a word of the chosen language, of which the player knows the English
-/// one only; in other languages the message plays to its end. A chime or an announcement that now
-/// has the player is left alone.
+/// Deliberate: the command is a word in the chosen language, and the player knows only the English
+/// one: in other languages the message plays to its end. A chime or an announcement that uses the
+/// player by now is left alone.
 void MessagePreview::RequestStop() {
   PreviewStopRequested = true;
   if (!ThePreviews.HoldWavPlayer) return;
@@ -40,7 +40,8 @@ void MessagePreview::RequestStop() {
   TheFlags.WavFinished = true;
 }
 
-/// Its wait may lie below that of what ends it, and sees the request when that one is over.
+/// The preview's own wait may be further down the stack; it sees the request once the waits above
+/// it are over.
 void MessagePreview::End() {
   if (!std::exchange(ThePreviews.HoldWavPlayer, false)) return;
   TheFrmPlayers.WavPlayer.Command("Close");
@@ -74,7 +75,7 @@ void MessagePreview::PlayMessages() {
   PreviewStopRequested = false;
 }
 
-/// The microphone stays closed after it.
+/// Leaves the microphone closed.
 void MessagePreview::PlayMessage(const std::string& name) {
   StartWav(TheFrmPlayers.WavPlayer, MessagePath(TheSettings, name), TheFlags);
   Lines.OpenMaster();

@@ -14,15 +14,15 @@
 
 namespace marlex {
 
-/// Plays the sequence under work once, into whatever zones are fed. Music is paused for it and
-/// stays paused until the operator goes on.
+/// Plays the sequence in the editor once, into whatever zones are on. The music is paused for it
+/// and stays paused until the operator resumes it.
 class MessagePreview {
  public:
   MessagePreview(Flags& flags, const Settings& settings, EventLoop& loop, WavWindow& window,
                  FrmPlayers& frmPlayers, SoundLines& lines, MusicPlayer& music, Previews& previews,
                  const StringTable& strings);
 
-  /// What plays falls silent at once, also a message that a stop has left sounding.
+  /// Ends a preview at once, even one whose message plays on after a stop.
   void End();
 
  private:
@@ -42,7 +42,7 @@ class MessagePreview {
   Previews& ThePreviews;
   const StringTable& Strings;
   bool Playing = false;
-  bool PreviewStopRequested = false;  // by PrevKey during a preview, or by its end
+  bool PreviewStopRequested = false;  // set by PrevKey, and by `End` during a preview
 };
 
 }  // namespace marlex

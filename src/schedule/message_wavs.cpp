@@ -42,10 +42,10 @@ void MessageWavs::BuildMessageList(const std::string& messageInfo) {
 
 void MessageWavs::PlayMessageWavs() {
   TheFlags.MessagePlaying = true;
-  TheFrmSettings.slMusicVolume.Enabled = false;  // the line does not carry music now
+  TheFrmSettings.slMusicVolume.Enabled = false;  // the line carries no music now
   OpenMessageLine();
-  // Who takes over empties the list. The count stays, and the rest of the loop runs over empty
-  // entries, each of which ends at once.
+  // A call or a takeover empties the list. The loop still runs to the original count, with empty
+  // names, each of which ends at once.
   const int count = TheFrmPlayers.lstMsgSequence.ListCount();
   for (int entry = 0; entry < count; ++entry) {
     const ListBox& list = TheFrmPlayers.lstMsgSequence;
@@ -56,7 +56,7 @@ void MessageWavs::PlayMessageWavs() {
   TheFrmSettings.slMusicVolume.Enabled = true;
 }
 
-/// Messages always go out unmuted, with the microphone closed.
+/// Messages always play unmuted, with the microphone closed.
 void MessageWavs::OpenMessageLine() {
   Lines.SetWave(TheSettings.MessageVolume);
   Lines.OpenWave();

@@ -11,14 +11,15 @@
 
 namespace marlex {
 
-/// Plays the files of `lstMsgSequence` one after the other at the message volume. It needs no
-/// music: a message shares the wave line with it and borrows the line's level.
+/// Plays the files of `lstMsgSequence` one after the other. Messages share the wave line with the
+/// music: the line has the message volume while they play, and then the music volume again.
 class MessageWavs {
  public:
   MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
               SoundLines& lines, FrmSettings& frmSettings);
 
-  /// Fills `lstMsgSequence` from message names separated by commas.
+  /// Fills `lstMsgSequence` from message names separated by commas; of several, the last is cut to
+  /// 100 characters.
   void BuildMessageList(const std::string& messageInfo);
 
   /// Plays the list.
@@ -39,7 +40,7 @@ class MessageWavs {
   FrmSettings& TheFrmSettings;
 };
 
-/// Begins a WAV file in the player's place of any other; `WavFinished` tells its end.
+/// Plays a WAV file in place of any other. `WavFinished` becomes true at its end.
 void StartWav(WavePlayer& player, const std::string& path, Flags& flags);
 
 }  // namespace marlex

@@ -6,7 +6,7 @@
 
 namespace marlex {
 
-/// Headings, widths and alignments of the schedule table. Widths in twips.
+/// Headings, widths and alignments of the schedule table. Widths are in twips.
 class ScheduleColumns {
  public:
   ScheduleColumns(const Settings& settings, FrmMain& frmMain, const StringTable& strings)
@@ -16,14 +16,14 @@ class ScheduleColumns {
   static constexpr int kRoutingWidth = 800;
   static constexpr int kNameWidth = 1800;
 
-  /// Alignments and the fixed widths, once, at the main window's load.
+  /// Sets the alignments and the fixed widths. Call once, when the main window loads.
   void SetupScheduleGrid();
 
-  /// Shows or hides the columns of days, names and zones. A column that is hidden loses its texts
-  /// in all rows until the next build of the table.
+  /// Shows or hides the columns of days, names and zones. A hidden column loses its texts in all
+  /// rows until the table is rebuilt.
   void LayoutScheduleColumns();
 
-  void ShowDaysColumn();  // heading and width of the days alone
+  void ShowDaysColumn();  // sets heading and width of the days only
 
  private:
   void Show(int column, int headingId, int width);

@@ -21,8 +21,8 @@ void ScheduleTable::RebuildScheduleTable() {
   Columns.ShowDaysColumn();
   NextTableRow = 1;
   Table.SetRows(1);
-  // Without an open file neither the conflicts nor the columns are looked at, and ConflictFound
-  // keeps its value.
+  // Without an open file, neither conflicts nor columns are updated, and ConflictFound keeps its
+  // value.
   if (SeqFileList.ListCount() == 0) return;
   AddAllFiles();
   if (Table.Rows() > 1) {
@@ -84,7 +84,7 @@ void ScheduleTable::AddRow(const std::string& time, const std::string& weekdays,
   Table.SetTextMatrix(NextTableRow, kMessagesColumn, messages);
   Table.SetTextMatrix(NextTableRow, kRoutingColumn, zones);
   Table.SetTextMatrix(NextTableRow, kNameColumn, UpToFirstPoint(CurrentSequenceFile));
-  // A blank sorts before "+", so that of one minute the rows at the set time come first.
+  // A blank sorts before "+", so within a minute the rows at the set time come first.
   Table.SetTextMatrix(NextTableRow, kTimeColumn, time + (TimerModeExact ? "  " : "+"));
   ++NextTableRow;
 }

@@ -15,8 +15,8 @@
 namespace marlex {
 
 /// The expanded form of all open sequence files: a row of `grdSchedule` for every firing time,
-/// sorted by time. The grid is the only store of the schedule. It is thrown away and built anew
-/// whenever something may have changed.
+/// sorted by time. The grid is the only store of the schedule. It is discarded and rebuilt whenever
+/// something may have changed.
 class ScheduleTable {
  public:
   ScheduleTable(SettingsStore& store, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
@@ -25,11 +25,12 @@ class ScheduleTable {
   static constexpr int kMostRows = 32767;
 
   int NextTableRow = 1;             // index of the next row to be filled
-  std::string CurrentSequenceFile;  // file name under work, with extension
-  bool TimerModeExact = false;      // it plays at the set time, not at a music break
+  std::string CurrentSequenceFile;  // file being read, with extension
+  bool TimerModeExact = false;      // the file's rows play at the set time, not at a music break
 
-  /// Builds the table from `SeqFileList`. A file that breaks the limits of a time expression adds
-  /// no row and is named in one box; the other files are built as usual.
+  /// Builds the table from `SeqFileList`. A file that exceeds the limits of a time expression, or
+  /// of `kMostRows` rows in the table, adds no row; one box names all such files. The other files
+  /// are added as usual.
   void RebuildScheduleTable();
 
  private:

@@ -20,13 +20,13 @@ ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, Frm
 }
 
 void ScheduleTick::Tick() {
-  // A minute under a call or an announcement is not seen, even when the closing of an editor has
-  // resumed the schedule under it. What is due then comes when that is over, if the minute lasts.
+  // A minute is not accepted during a call or an announcement, even if closing an editor has
+  // resumed the schedule meanwhile. What is due then follows afterwards, if the minute lasts.
   if (TheFlags.CallActive || TheFlags.MessagePlaying) return;
   if (!AcceptMinute() || !TheFlags.PriorityClear) return;
   Music.CheckMusicStart();
   Music.CheckMusicStop();
-  // A call may have begun in the fade of the music's stop, here or at the amplifier.
+  // A call, ours or the amplifier's, may have begun during the fade that stops the music.
   if (TheFlags.CallActive || !TheFlags.PriorityClear) return;
   if (TheFlags.CurrentMinute == "00:00") StartNewDay();
   if (!FindDueRow() || !RunsToday(ScheduleRow)) return;
@@ -37,7 +37,8 @@ void ScheduleTick::Tick() {
   Dispatch();
 }
 
-/// From its acceptance on a minute is used up, whatever follows.
+/// Whether this is the first tick of a minute. Once accepted, a minute is used up, whatever
+/// follows.
 bool ScheduleTick::AcceptMinute() {
   TheFlags.CurrentMinute = MinuteText(Clock.Now());
   if (TheFlags.CurrentMinute == LastMinute) return false;
@@ -50,7 +51,7 @@ void ScheduleTick::StartNewDay() {
   TheFlags.MusicStoppedByUser = false;
 }
 
-/// Only the first row of a minute goes on; a second one is never played.
+/// Finds the first row of the minute that is not removed. A second one is never played.
 bool ScheduleTick::FindDueRow() {
   for (ScheduleRow = 1; ScheduleRow < Table.Rows(); ++ScheduleRow) {
     if (Table.RowHeight(ScheduleRow) != 0 && TimeOf(Table, ScheduleRow) == TheFlags.CurrentMinute)
@@ -59,8 +60,8 @@ bool ScheduleTick::FindDueRow() {
   return false;
 }
 
-/// Deliberate: the test reads the mask without its sixth character. On a Saturday it finds Sunday's
-/// digit, on a Sunday none, and the row fires. An empty cell fires on every day.
+/// Deliberate: tests the mask without its sixth character. On Saturdays it finds Sunday's digit
+/// instead; on Sundays it finds none, so the row fires. An empty cell fires every day.
 bool ScheduleTick::RunsToday(int row) const {
   const std::string& mask = Table.TextMatrix(row, kDaysColumn);
   std::string tested(FirstCharacters(mask, 5));
@@ -68,8 +69,8 @@ bool ScheduleTick::RunsToday(int row) const {
   return DayIsOn(tested, Clock.Now().Weekday);
 }
 
-/// Wipes the marks of earlier rows, conflict marks included, down to the firing row, and leaves it
-/// the current one.
+/// Clears the marks of the rows above the firing one, conflict marks included, marks the firing
+/// row, and leaves it the current row.
 void ScheduleTick::MarkFiringRow() {
   constexpr int kRowsAbove = 6;
   for (int row = 1; row <= ScheduleRow; ++row) PaintRow(row, kWhite, kBlack);

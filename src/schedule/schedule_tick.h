@@ -13,25 +13,26 @@
 
 namespace marlex {
 
-/// The heart of the schedule. Once a minute, in the first tick whose "HH:MM" is another than the
-/// last, it starts and stops the music, rebuilds the table at midnight, and hands the row of the
-/// minute to playback. A minute that is not seen is lost: there is no queue.
+/// The heart of the schedule. Once a minute, in the first tick with a new "HH:MM", it starts and
+/// stops the music, rebuilds the table at midnight, and hands the row of the minute to playback.
+/// There is no queue: a minute that no tick accepts, as while the schedule is held
+/// (windows/frm_players.h), is lost.
 class ScheduleTick {
  public:
   ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
                MusicSchedule& music, ScheduleTable& table, MessageWavs& wavs,
                MessagePlayback& playback);
 
-  std::string LastMinute;          // the minute that the tick last accepted; empty at start
-  int ScheduleRow = 0;             // row under examination, after a hit the firing row
+  std::string LastMinute;          // the last accepted minute, "HH:MM"; empty at start
+  int ScheduleRow = 0;             // row being examined; after a match, the firing row
   std::string CurrentMessageInfo;  // messages of the firing row
   std::string CurrentRouting;      // its zones
-  std::string WaitingTime;         // of the row that last waited for the music break
+  std::string WaitingTime;         // time cell of the row that last waited for the music break
 
   /// Waits for the fade of the music's stop, and for the announcement of a row.
   void Tick();
 
-  /// Whether a row of the table has today's weekday on.
+  /// Whether the tick would fire a row today, going by the row's weekdays.
   bool RunsToday(int row) const;
 
  private:

@@ -6,8 +6,8 @@
 
 namespace marlex {
 
-/// The view menus of the schedule. The two day entries are a pair of which exactly one is ticked; a
-/// click on either flips both.
+/// The view menus of the schedule. Exactly one of the two day entries is ticked; a click on either
+/// toggles both.
 class ScheduleViews {
  public:
   ScheduleViews(SettingsStore& store, FrmMain& frmMain, ScheduleTable& table);

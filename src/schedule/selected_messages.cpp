@@ -65,7 +65,7 @@ void SelectedMessages::Add() {
   Window.RemAll_Key.Enabled = true;
 }
 
-/// The key can be on without a selection, by the focus alone; nothing is removed then.
+/// The button can be enabled without a selection, by focus alone; it then removes nothing.
 void SelectedMessages::RemoveOne() {
   const int entry = Window.SelectedWavs.ListIndex();
   if (entry == ListBox::kNoSelection) return;
@@ -109,7 +109,7 @@ std::string SelectedMessages::BuildMessagesText() const {
   return text;
 }
 
-/// A file that cannot be opened has no length.
+/// Length of a message in milliseconds; 0 if its file cannot be opened.
 long SelectedMessages::LengthMs(const std::string& fileName) {
   WavControl.FileName = TheSettings.MessageDirectory + fileName;
   WavControl.Command("Open");

@@ -9,18 +9,18 @@
 
 namespace marlex {
 
-/// The messages of the sequence under work in the editor, in playing order, and their total time.
+/// The messages of the sequence in the editor, in playing order, and their total time.
 class SelectedMessages {
  public:
   SelectedMessages(const Settings& settings, FrmPlayers& frmPlayers, WavWindow& window);
 
   ListDrag Drag;  // a mouse drag in SelectedWavs
 
-  /// Lists the messages that the directory holds.
+  /// Lists the messages in the message directory.
   void ListAvailable();
 
-  /// The list from its text. The total then shows the length of the last message alone. This is
-  /// meant.
+  /// Fills the list from names separated by commas. Deliberate: the total then shows the length of
+  /// the last message only.
   void LoadSelectedMessages(const std::string& messagesText);
 
   /// All names in list order, joined by commas.
@@ -40,11 +40,11 @@ class SelectedMessages {
   WavWindow& Window;
 };
 
-/// Seconds as the total shows them: milliseconds rounded to one decimal place, a half to the even
-/// digit; no decimal where it is 0.
+/// `ms` milliseconds as the total shows them: in seconds, rounded to one decimal place, ties to the
+/// even digit, and without a decimal of 0.
 std::string SecondsText(long ms);
 
-/// Milliseconds of the number of seconds that the text begins with; 0 where it begins with none.
+/// The number of seconds at the beginning of the text, in milliseconds; 0 if there is none.
 long MillisecondsOf(const std::string& secondsText);
 
 }  // namespace marlex

@@ -96,7 +96,7 @@ void SequenceEditor::Load() {
   ArrangeZones();
 }
 
-/// No sequence fires and no music starts or stops by the clock until the editor closes.
+/// Until the editor closes, no row fires, and the clock neither starts nor stops the music.
 void SequenceEditor::StandStill() {
   SavedAllDaysView = Store.Values.AllDaysView;
   Store.Values.AllDaysView = true;
@@ -114,7 +114,7 @@ void SequenceEditor::PrepareControls() {
   constexpr int kHourMinutes = 60;
   for (int minute = 0; minute < kHourMinutes; ++minute)
     Window.cmbStart.AddItem(std::to_string(minute));
-  // A function key is saved once it is chosen.
+  // A function key can be saved only once it has been chosen.
   Window.mnuSave.Enabled = !FunctionKeyMode;
 }
 
@@ -143,8 +143,8 @@ void SequenceEditor::mnuOpen_Click() {
                        Window.WhileOpen([this](const std::string& file) { Open(file); }));
 }
 
-/// Nothing is validated here: a file made by hand can bring anything into the fields, and is judged
-/// when it is saved. Weekdays or zones that are too short are a RuntimeFailure, and the editor then
+/// Does not validate the fields: a file made by hand can put anything into them, and is checked
+/// when it is saved. Weekdays or zones that are too short throw `RuntimeFailure`; the editor then
 /// shows what it showed before.
 void SequenceEditor::Open(const std::string& file) {
   if (file.empty()) return;
@@ -186,7 +186,7 @@ void SequenceEditor::mnuSave_Click() {
   if (asked) ++SavesAsked;
 }
 
-/// Deliberate: the title is the English header of the weekdays in every language.
+/// Deliberate: in every language, the title of the box is the English heading of the weekdays.
 bool SequenceEditor::FieldsAreFilled() {
   const std::vector<bool> days = TickedDays(Window);
   const bool anyDay = std::find(days.begin(), days.end(), true) != days.end();
@@ -206,7 +206,8 @@ bool SequenceEditor::FieldsAreFilled() {
   return false;
 }
 
-/// Deliberate: a cancelled dialog writes nothing, and everything else happens all the same.
+/// Deliberate: if the dialog is cancelled, nothing is written, but everything else happens as after
+/// a save.
 void SequenceEditor::Save(const std::string& file, int save) {
   if (!Write(file) && !file.empty()) {
     TellNotSaved(file);
@@ -216,7 +217,7 @@ void SequenceEditor::Save(const std::string& file, int save) {
   WriteDone = false;
   Window.tmrWriteDelay.Enabled = true;
   Loop.PumpUntil([&] { return WriteDone || !opening.Holds(); });
-  // Deliberate: the conflict is that of the table when the editor opened, not of the file just
+  // Deliberate: this conflict is in the table as built when the editor opened, not in the file just
   // written.
   const bool last = save == SavesAsked && opening.Holds();
   if (last && !TheConflicts.ConflictFound) Window.Unload();

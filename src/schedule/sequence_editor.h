@@ -19,7 +19,7 @@
 namespace marlex {
 
 /// The message schedule editor: opens, saves and closes one sequence file at a time. While it is
-/// open the schedule stands still and the table behind it shows all days.
+/// open, the schedule is held and the main window's table shows all days.
 class SequenceEditor {
  public:
   SequenceEditor(SettingsStore& store, EventLoop& loop, Dialogs& dialogs,
@@ -28,17 +28,17 @@ class SequenceEditor {
                  TimeFields& times, MessagePreview& preview, const StringTable& strings,
                  Notices& notices);
 
-  bool FunctionKeyMode = false;   // the window works on function keys, not on sequence files
+  bool FunctionKeyMode = false;   // the window edits function keys, not sequence files
   bool SavedAllDaysView = false;  // AllDaysView as it was when the editor opened
   bool WriteDone = false;         // tmrWriteDelay has fired
   std::string ChosenFile;         // path that the open dialog returned
   std::string MessagesText;       // message list last read or built
   std::string WeekdayText;        // weekdays last read or built
 
-  /// Saves in the mode of function keys; wired at composition.
+  /// Saves in `FunctionKeyMode`; set by `FunctionKeys`.
   std::function<void()> SaveFunctionKey;
 
-  /// Tells that a file could not be written.
+  /// Reports to the operator that a file could not be written.
   void TellNotSaved(const std::string& file);
 
  private:
@@ -72,11 +72,11 @@ class SequenceEditor {
   MessagePreview& Preview;
   const StringTable& Strings;
   Notices& TheNotices;
-  int SavesAsked = 0;  // the last of several that overlap closes the editor
+  int SavesAsked = 0;  // of several overlapping saves, the last closes the editor
 };
 
-/// The zone keys as a text of six characters, and back; a text of fewer is a RuntimeFailure, and no
-/// key moves.
+/// The zone buttons as a text of six characters, such as "103000", and back. A shorter text throws
+/// `RuntimeFailure` and changes no button.
 std::string BuildZoneText(WavWindow& window);
 void ApplyZoneText(WavWindow& window, const std::string& zoneText);
 

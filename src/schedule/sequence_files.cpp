@@ -9,7 +9,7 @@ namespace marlex {
 
 SequenceSelection ParseSequenceSelection(const std::string& result) {
   const std::string extension = ".sch";
-  // A directory's name may begin with a blank: only the last separator ends the directory.
+  // The name of a directory may begin with a blank: only the last separator ends the directory.
   const auto severalFiles = result.rfind(std::string(1, kSeparator) + " ");
   const bool several =
       severalFiles != std::string::npos && severalFiles == result.find_last_of(kSeparator);
@@ -66,7 +66,7 @@ void SequenceFiles::Open(const std::string& result) {
   LoadSequenceList();
 }
 
-/// The directory stays in the settings, and ConflictFound keeps its value.
+/// Keeps the directory in the settings, and the value of ConflictFound.
 void SequenceFiles::mnuClose_Click() {
   Store.Write(keys::kSequenceList, "");
   TheFrmMain.grdSchedule.SetRows(1);

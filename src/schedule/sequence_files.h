@@ -12,14 +12,14 @@
 
 namespace marlex {
 
-/// The list of open sequence files, which lie in one directory: read from the settings, chosen and
-/// closed by the operator.
+/// The list of open sequence files, all in one directory: read from the settings at start, chosen
+/// and closed by the operator.
 class SequenceFiles {
  public:
   SequenceFiles(SettingsStore& store, Dialogs& dialogs, FrmMain& frmMain, FrmPlayers& frmPlayers,
                 Conflicts& conflicts, ScheduleTable& table);
 
-  /// Reads the list and, unless it is empty, builds the table from it.
+  /// Reads the list from the settings and, unless it is empty, builds the table from it.
   void LoadSequenceList();
 
   void mnuSequence_Click();
@@ -35,16 +35,16 @@ class SequenceFiles {
   ScheduleTable& Table;
 };
 
-/// Files of a file dialog's result and their directory, as the settings keep them.
+/// The files chosen in a file dialog, and their directory, as stored in the settings.
 struct SequenceSelection {
   std::string List;  // names separated by "|"
-  std::string
-      Path;  // with the final separator; behind several files it keeps the blank of the result
+  /// Ends in a separator; for several files, in the blank that follows it in the result.
+  std::string Path;
 };
 
-/// Takes the result of an open dialog apart: the path of one file, or a directory with its final
-/// separator, a blank and names separated by blanks. Names may hold blanks and end in lower-case
-/// ".sch". A RuntimeFailure when the names part holds no such name.
+/// Parses the result of an open dialog: the path of one file, or a directory with its final
+/// separator, a blank, and names separated by blanks. A name ends in ".sch", in lower case, and may
+/// contain blanks. Throws `RuntimeFailure` if there is no such name.
 SequenceSelection ParseSequenceSelection(const std::string& result);
 
 }  // namespace marlex

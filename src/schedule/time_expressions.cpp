@@ -10,7 +10,8 @@
 namespace marlex {
 namespace {
 
-/// Number that the text begins with; what no hour can reach is held at the bound of the count.
+/// Number at the beginning of the text, 0 if there is none; clamped well beyond any hour, so that
+/// counting from it cannot overflow.
 int Value(const std::string& text) {
   constexpr long kBeyondAnyHour = 1'000'000;
   return static_cast<int>(
@@ -40,8 +41,8 @@ void TimeExpressions::ParseHours() {
   HourCount = NextHourSlot - 1;
 }
 
-/// Item `item` of an expression whose commas are found. Only the last one is cut, to `longestLast`
-/// characters.
+/// Item number `item`, counted from 1, of an expression whose commas have been found. Only the last
+/// item is cut, to `longestLast` characters.
 std::string TimeExpressions::Item(const std::string& expression, int item, int longestLast) const {
   if (item > kMostItems) throw RuntimeFailure("More than 30 items in a time expression");
   const auto place = static_cast<std::size_t>(item);
@@ -68,9 +69,9 @@ void TimeExpressions::AddHourItem(const std::string& item) {
   }
 }
 
-/// A range whose upper bound is not above the lower one runs over midnight. Equal bounds ask for
-/// the whole clock and the start hour again, which is more than the list holds; they are
-/// deliberately no single hour.
+/// A range whose upper bound is not above the lower one runs past midnight. Deliberate: equal
+/// bounds are not a single hour, but the whole day and the first hour again, which is more than the
+/// list holds.
 void TimeExpressions::ExpandHourRange(const std::string& rangeItem) {
   const auto dash = rangeItem.find('-');
   if (dash == 0) throw RuntimeFailure("An hour range has no lower bound");
@@ -99,7 +100,7 @@ void TimeExpressions::ParseMinutes() {
   CommaPositions.fill(0);
   FindCommas(MinuteExpression);
   if (ItemCount == 1) {
-    // A single minute is not shortened.
+    // A single item is not cut.
     MinuteExpression = TwoDigits(MinuteExpression);
     MinuteList[1] = MinuteExpression;
   } else {

@@ -14,7 +14,7 @@ bool HasOnly(const std::string& text, const char* allowed) {
   return text.find_first_not_of(allowed) == std::string::npos;
 }
 
-/// A number that is too long to be one is above the limit too.
+/// A number that is too large for an `int` is above the limit too.
 bool IsAbove(const std::string& number, int limit) {
   if (number.empty()) throw RuntimeFailure("A number is missing in the hours or the minutes");
   int value = 0;
@@ -45,7 +45,7 @@ void TimeFields::TestValidity() {
   }
 }
 
-/// A list is judged by the hours that it gives, after its ranges are expanded.
+/// In a list, ranges are expanded first, and each hour is tested.
 void TimeFields::TestHours() {
   const std::string& hours = Window.txtHours.Text;
   bool above = false;

@@ -6,8 +6,8 @@
 
 namespace marlex {
 
-/// Judges what stands in the fields of hours and minutes. Only what passes is saved; a file that is
-/// opened is trusted.
+/// Validates the fields of hours and minutes. Only what passes is saved; a file that is opened is
+/// trusted.
 class TimeFields {
  public:
   TimeFields(WavWindow& window, Notices& notices) : Window(window), TheNotices(notices) {}
@@ -15,9 +15,9 @@ class TimeFields {
   bool HoursValid = false;
   bool MinutesValid = false;
 
-  /// Sets both flags and shows the message of the first check that fails. A RuntimeFailure for what
-  /// has no message: more than 30 items or 24 hours, an item without a number, a range without a
-  /// lower bound.
+  /// Sets both flags and shows an error box for the first check that fails. Throws `RuntimeFailure`
+  /// for faults that have no text of their own: more than 30 items or 24 hours, an item without a
+  /// number, a range without a lower bound.
   void TestValidity();
 
  private:

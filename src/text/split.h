@@ -5,8 +5,8 @@
 
 namespace marlex {
 
-/// Texts between the separators. Deliberate: the last one is cut at 100 characters, the others are
-/// not.
+/// The texts between the separators. Deliberate: the last of several is cut to 100 characters; the
+/// others, and a single text, are not.
 std::vector<std::string> SplitCuttingLast(const std::string& text, char separator);
 
 }  // namespace marlex
