@@ -47,7 +47,7 @@ void Fades::WorkOutSteps() {
 void Fades::Step() {
   const int position = Lines.Wave();
   if (FadeSteps == 0) {
-    // A music level next to silence leaves no whole step: such a fade is over in one.
+    // A music volume close to silence leaves no whole step: such a fade is over in one.
     EndAt(FadeIn ? FadeTarget : FrmMxr::kSilent);
   } else if (FadeIn) {
     StepUp(position);
@@ -64,8 +64,8 @@ void Fades::StepDown(int position) {
   }
 }
 
-/// Deliberate: the rise overshoots its target by up to two steps and falls back to it with the last
-/// one.
+/// Deliberate: the fade up overshoots its target by up to two steps, and falls back to it with the
+/// last one.
 void Fades::StepUp(int position) {
   if (position == 0) {
     EndAt(0);

@@ -8,17 +8,17 @@
 
 namespace marlex {
 
-/// The one fade: it moves the slider of the wave line in steps while the caller waits. Positions
-/// run from 0, the loudest, to 65535, silence.
+/// The fade of the wave line, one at a time: moves its slider in steps while the caller waits.
+/// Positions run from 0, the loudest, to 65535, silence.
 class Fades {
  public:
   Fades(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
         SoundLines& lines);
 
-  int FadeStep = 0;     // slider units a step; 0 before the first fade
-  int FadeSteps = 0;    // steps of a fade-down, for the interval only
+  int FadeStep = 0;     // slider units per step; 0 before the first fade
+  int FadeSteps = 0;    // whole steps from the music volume to silence
   int FadeTarget = 0;   // position at which a fade-up ends
-  bool FadeIn = false;  // towards FadeTarget, else towards silence
+  bool FadeIn = false;  // fading up to FadeTarget, else down to silence
 
   /// Fades to silence.
   ///
@@ -26,8 +26,8 @@ class Fades {
   /// Then test `CallActive` and `PriorityPreempted`.
   void FadeDown();
 
-  /// Fades from the slider's position to the target, at the speed, of the last fade-down, whatever
-  /// has changed since.
+  /// Fades up from the slider's position, with the target and the speed of the last fade-down, even
+  /// if the settings have changed since; if there was none, with those of the settings.
   ///
   /// Waits until it is over or a takeover has ended it; a call may have begun and be over.
   void FadeUp();

@@ -68,8 +68,7 @@ void MusicPlayer::cmdPlay_Click() {
   Lines.OpenWave();
 }
 
-/// Deliberate: the test looks at the path alone, even for a caller that has given the player
-/// another file.
+/// Deliberate: tests `CurrentSongPath`, even if the caller has given the player another file.
 void MusicPlayer::PlaySong() {
   if (!TheDirectories.Search(CurrentSongPath).empty()) TheFrmPlayers.MP3Player.Play();
 }
@@ -87,9 +86,9 @@ void MusicPlayer::cmdStop_Click() {
   if (Store.Values.RouterPresent) Routing.Release();
 }
 
-/// A refused song is skipped as an operator would skip it; a list of which every song is refused is
-/// gone through once. The first position is written at once, that of a round when it is over, since
-/// thousands of writes to a disk would hold up the amplifier and the keys.
+/// Skips songs that the player refuses, as an operator would, but tries each entry of the list only
+/// once. Saves the first position at once, and after skipping only the last one: thousands of
+/// writes to a disk would hold up the amplifier and the buttons.
 void MusicPlayer::MP3Player_EndOfStream() {
   ThePreviews.HoldSongPlayer = false;
   const bool callTookOver = PlayWaitingMessages();
@@ -109,13 +108,13 @@ void MusicPlayer::MP3Player_EndOfStream() {
   if (callTookOver) TheFrmPlayers.MP3Player.Pause();
 }
 
-/// True when a call has cut the messages off and is still on. The tick stays off for it, and the
-/// next song waits, paused, for the call's end, which brings it in.
+/// True when a call has cut the messages off and is still in progress. The schedule then stays
+/// held, and the next song is paused until the end of the call resumes it.
 bool MusicPlayer::PlayWaitingMessages() {
   if (!TheFlags.MessageAwaitingSongEnd) return false;
   TheFlags.MessageAwaitingSongEnd = false;
-  // A call that was on before has dropped the messages. In its fade the next song fades with it;
-  // after that the lines are the call's.
+  // A call that began earlier has dropped the messages. During its fade, the next song fades as
+  // well; after that, the call owns the lines.
   const bool inCall = TheFlags.CallActive;
   if (inCall && !TheFlags.FadeRunning) return false;
   ThePreviews.End();
@@ -124,7 +123,7 @@ bool MusicPlayer::PlayWaitingMessages() {
   return TheFlags.CallActive && !inCall;
 }
 
-/// Moves to the next entry. True when that is the first one again.
+/// Moves to the next entry. True if it wraps around to the first one.
 bool MusicPlayer::MoveToNextSong() {
   ListBox& list = TheFrmMain.lstPlaylist;
   const bool wraps = list.ListIndex() == list.ListCount() - 1;
@@ -137,19 +136,19 @@ bool MusicPlayer::MoveToNextSong() {
   return wraps;
 }
 
-/// Gives the selected song to the player. False when the player refuses it.
+/// Loads the selected song. False if the player refuses it.
 bool MusicPlayer::LoadSong(bool wrapped) {
   CurrentSongPath = SelectedSongPath();
   TheFrmPlayers.MP3Player.SetFileName(CurrentSongPath);
-  // Deliberate: after a wrap the length of the last song is shown throughout the first one.
+  // Deliberate: after a wrap, the length of the last song is shown throughout the first one.
   LengthAwaited = false;
   if (!wrapped) ShowLength();
   ShowNumber();
   return !TheFrmPlayers.MP3Player.FileName().empty();
 }
 
-/// The next entry. In a long list the detour over ten entries further makes the list scroll, so
-/// that the coming entries stay in view.
+/// Selects the next entry. In a long list it first selects an entry ten places ahead, which scrolls
+/// the list, so that the coming entries stay in view.
 void MusicPlayer::NewListPosition() {
   ListBox& list = TheFrmMain.lstPlaylist;
   const int index = list.ListIndex();
@@ -202,7 +201,7 @@ void MusicPlayer::WireList() {
   list.OnMouseUp = [this] { EndDrag(); };
 }
 
-/// Takes the entry off the list on the screen, not out of the file.
+/// Removes the entry from the list on the screen, not from the file.
 void MusicPlayer::DeleteSelected(int keyCode) {
   ListBox& list = TheFrmMain.lstPlaylist;
   if (keyCode == kKeyDelete && list.ListIndex() != ListBox::kNoSelection)
@@ -213,9 +212,8 @@ void MusicPlayer::MoveDrag() {
   if (Drag.Move(TheFrmMain.lstPlaylist)) ShowNumber();
 }
 
-/// Puts the selection back on the song that the position rests on, unless the playing song itself
-/// was moved. Deliberate: `CurrentSongIndex` is not corrected, so repeated drags work from the old
-/// value.
+/// Selects the current song again, unless the playing song itself was moved. Deliberate:
+/// `CurrentSongIndex` is not corrected, so repeated drags start from the old value.
 void MusicPlayer::EndDrag() {
   Drag.End();
   const bool playingSongMoved = TheFrmPlayers.MP3Player.PlayState() == kPlaying &&

@@ -17,12 +17,18 @@
 
 namespace marlex {
 
-/// Seconds rounded to whole ones, ties to even: minutes unpadded, ":", two digits.
+/// The time as minutes, unpadded, ":" and two digits of seconds, rounded to whole seconds, ties to
+/// even.
 std::string FormatSeconds(double seconds);
 
-/// Plays the songs of `lstPlaylist` one after the other, for ever. The list's selection is the
+/// Plays the songs of `lstPlaylist` one after the other, in a loop. The list's selection is the
 /// position: whatever moves the selection moves the music, and the next song is always the entry
 /// after the selected one.
+///
+/// How the end of a song gets here: the output's thread renders its last samples, and `StreamMixer`
+/// notes the end -> `EndReports` takes the note to a thread that may lock, which posts it to the
+/// event loop -> `EngineSongPlayer` raises `OnEndOfStream` -> `MP3Player_EndOfStream` plays the
+/// messages that wait for the music break, then the next song.
 class MusicPlayer {
  public:
   MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories, FrmMain& frmMain,
@@ -30,8 +36,10 @@ class MusicPlayer {
               const StringTable& strings, Notices& notices);
 
   std::string CurrentSongPath;  // path last built for the player
-  int CurrentSongIndex =
-      0;          // list index when that song was loaded; used only to reselect after a drag
+
+  /// List index of that song when it was loaded; restores the selection after a drag.
+  int CurrentSongIndex = 0;
+
   ListDrag Drag;  // a mouse drag in lstPlaylist
 
   /// Plays the messages that wait for a music break; wired at composition.
@@ -42,9 +50,9 @@ class MusicPlayer {
   void cmdPlay_Click();
   void cmdSkip_Click();
   void cmdStop_Click();
-  void PlaySong();  // starts or resumes the player, if the file of CurrentSongPath is there
+  void PlaySong();  // starts or resumes the player if CurrentSongPath exists
 
-  /// Path of the selected entry; without a selection it has no song name, and the player refuses
+  /// Path of the selected entry. Without a selection the path lacks a name, and the player refuses
   /// it.
   std::string SelectedSongPath() const;
 
@@ -73,7 +81,7 @@ class MusicPlayer {
   Previews& ThePreviews;
   const StringTable& Strings;
   Notices& TheNotices;
-  bool LengthAwaited = false;  // the length on show is none, since the song's drive is slow
+  bool LengthAwaited = false;  // 0 is shown until the length of a song on a slow drive is known
 };
 
 }  // namespace marlex

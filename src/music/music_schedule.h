@@ -10,8 +10,9 @@
 
 namespace marlex {
 
-/// Starts and stops the music by the clock. Both tests look at the level of the clock and not at
-/// its edge: every minute inside the window tries again. Times are compared as "HH:MM" texts.
+/// Starts and stops the music by the clock. Every minute, both compare the time with the daily
+/// window, whether or not it has just begun or ended, so a start or stop that was not possible is
+/// tried again. Times are compared as "HH:MM" texts.
 class MusicSchedule {
  public:
   MusicSchedule(Flags& flags, SettingsStore& store, WallClock& clock, FrmMain& frmMain,

@@ -18,15 +18,16 @@ namespace {
 constexpr int kChecked = 1;
 constexpr std::size_t kShownPathCharacters = 32;
 
-/// Selects the entry whose number the text holds; a text that holds no number, or that of no entry,
-/// leaves the list without selection.
+/// Selects the entry whose index the text holds. If the text is no number, or there is no such
+/// entry, clears the selection.
 void SelectNumber(ComboBox& list, std::string_view text) {
   const bool hasDigit = text.find_first_of("0123456789") != std::string_view::npos;
   const int index = hasDigit ? ToNumber(std::string(text)).value_or(-1) : -1;
   list.SetListIndex(index >= 0 && index < list.ListCount() ? index : ListBox::kNoSelection);
 }
 
-/// Shows a time "HH:MM" by its places, whatever stands there.
+/// Shows a time "HH:MM": the hour is characters 1 and 2, the minute 4 and 5, whatever is between
+/// them.
 void SelectTime(ComboBox& hours, ComboBox& minutes, const std::string& time) {
   SelectNumber(hours, CharactersFrom(time, 1, 2));
   SelectNumber(minutes, CharactersFrom(time, 4, 2));
@@ -129,7 +130,7 @@ void PlaylistEditor::AddClicked() {
   Editor.RemAll_Key.Enabled = true;
 }
 
-/// Deliberate: the buttons stay as they are, here and wherever the list changes by anything but a
+/// Deliberate: the buttons do not change, here or wherever the list is filled other than by a
 /// click.
 void PlaylistEditor::cmdSelectAll_Click() {
   Editor.SelectedMP3s.Clear();
@@ -138,7 +139,8 @@ void PlaylistEditor::cmdSelectAll_Click() {
   }
 }
 
-/// The key can be on without a selection, after a preview or a shuffle; it then removes nothing.
+/// The button can be enabled without a selection, after a preview or a shuffle; it then removes
+/// nothing.
 void PlaylistEditor::RemoveKey_Click() {
   ListBox& songs = Editor.SelectedMP3s;
   if (songs.ListCount() > 0) {
@@ -167,8 +169,7 @@ void PlaylistEditor::cmdRandomize_Click() {
   left.Clear();
 }
 
-/// Deliberate: the test is on the player and not on the preview, so the button stops the background
-/// music as well.
+/// Deliberate: tests the player, not the preview, so the button stops the background music as well.
 void PlaylistEditor::PrevKey_Click() {
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     StopPreview();
@@ -177,8 +178,8 @@ void PlaylistEditor::PrevKey_Click() {
   }
 }
 
-/// The preview outlives its window, and the keys of the next one are not its own. The clock may be
-/// fading it, and that fade ends with it: it would go on over what comes now.
+/// A preview outlives its window; the buttons of the next opening are not changed. If the music's
+/// clock is fading the preview, the fade ends with it, since it would go on over what plays next.
 void PlaylistEditor::EndPreview() {
   SongPlayer& player = TheFrmPlayers.MP3Player;
   if (!ThePreviews.HoldSongPlayer || player.PlayState() == kStopped) return;
@@ -197,7 +198,7 @@ void PlaylistEditor::StartPreview() {
   PreviewOpening = Editor.ThisOpening();
   TheFrmPlayers.MP3Player.SetFileName(
       JoinPath(Editor.MP3List.Path(), Editor.SelectedMP3s.Text() + kSongExtension));
-  // Deliberate: it looks for the main window's song and not for this one.
+  // Deliberate: `PlaySong` tests whether the main window's song exists, not this one.
   Player.PlaySong();
 }
 
@@ -220,8 +221,8 @@ void PlaylistEditor::mnuOpen_Click() {
                        Editor.WhileOpen([this](const std::string& file) { Open(file); }));
 }
 
-/// Deliberate: whatever file was chosen, its times become the ones that the clock tests, until a
-/// list is opened in the main window. A cancelled dialog counts as an empty file.
+/// Deliberate: the times of the chosen file become the ones that the clock tests, until a list is
+/// opened in the main window. A cancelled dialog counts as an empty file.
 void PlaylistEditor::Open(const std::string& file) {
   Editor.SelectedMP3s.Clear();
   ShowName(file);
@@ -233,8 +234,8 @@ void PlaylistEditor::Open(const std::string& file) {
   ShowTimes();
 }
 
-/// Deliberate: the path loses as many characters as the application's directory has, wherever the
-/// file is.
+/// Deliberate: cuts as many characters off the path as the application's directory has, wherever
+/// the file is.
 void PlaylistEditor::ShowName(const std::string& file) {
   const std::size_t cut = CountCharacters(JoinPath(Store.ApplicationDirectory(), ""));
   Editor.Caption = Strings.LoadString(kStrPlaylist) + " " +
@@ -248,7 +249,7 @@ void PlaylistEditor::ShowTimes() {
   if (!scheduled) return;
   SelectTime(Editor.cmbStartHours, Editor.cmbStartMinutes, Values.MusicStartTime);
   SelectTime(Editor.cmbStopHours, Editor.cmbStopMinutes, Values.MusicStopTime);
-  // A mask of too few days has the missing ones off.
+  // Days past the end of the mask are off.
   const std::string mask = Values.MusicWeekDays + std::string(kWeekdays, '0');
   const std::vector<bool> on = DigitsInPlace(mask, kWeekdays).value();
   for (int day = 0; day < kWeekdays; ++day) {
@@ -261,7 +262,7 @@ void PlaylistEditor::mnuSave_Click() {
   FileDialog dialog = PlaylistDialog(Store);
   dialog.Save = true;
   TheDialogs.LeaveOpen(dialog, Editor.WhileOpen([this](const std::string& file) {
-    // The list may have been emptied while the dialog stood open.
+    // The list may have been emptied while the dialog was open.
     if (!file.empty() && !RefuseEmptyList()) Save(file);
   }));
 }
@@ -272,8 +273,8 @@ bool PlaylistEditor::RefuseEmptyList() {
   return true;
 }
 
-/// Deliberate: the songs are saved even when a time is missing, in a file without times. Whatever
-/// the file becomes, it becomes in one step.
+/// Deliberate: the songs are saved even when a time is missing, in a file without times. The file
+/// is written in one step.
 void PlaylistEditor::Save(const std::string& file) {
   const bool timed = HasTimes();
   const int missing = timed ? MissingTime() : 0;
@@ -302,7 +303,7 @@ std::vector<ProfileEntry> PlaylistEditor::SongEntries() const {
   return entries;
 }
 
-/// A file with times says nothing of an autostart.
+/// A file with times has no entry for the autostart.
 void PlaylistEditor::AddStart(std::vector<ProfileEntry>& entries, bool timed) const {
   const auto add = [&entries](const ProfileKey& key, const std::string& value) {
     entries.push_back(EntryOf(key, value));
@@ -321,7 +322,7 @@ bool PlaylistEditor::HasTimes() const {
          });
 }
 
-/// Id of the word about the first time list without a selection; 0 when all have one.
+/// Text id of the error for the first time list without a selection; 0 if all have one.
 int PlaylistEditor::MissingTime() const {
   constexpr std::array kWords = {kStrStartHoursEmpty, kStrStartMinutesEmpty, kStrStopHoursEmpty,
                                  kStrStopMinutesEmpty};

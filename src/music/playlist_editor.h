@@ -19,8 +19,8 @@
 
 namespace marlex {
 
-/// The window in which a playlist file is put together. It works on a list of its own: what it
-/// saves reaches the main window when the file is opened there. Nothing asks before it closes.
+/// The editor for playlist files. It works on its own list: what it saves reaches the main window
+/// when the file is opened there. It closes without asking.
 class PlaylistEditor {
  public:
   PlaylistEditor(Flags& flags, SettingsStore& store, Directories& directories, WallClock& clock,
@@ -28,7 +28,7 @@ class PlaylistEditor {
                  MusicPlayer& player, Previews& previews, const StringTable& strings,
                  Notices& notices);
 
-  /// A preview that plays or is paused is stopped. The music of the main window is not.
+  /// Stops a preview that is playing or paused, but not the music of the main window.
   void EndPreview();
 
  private:
@@ -64,7 +64,7 @@ class PlaylistEditor {
   std::string StopTime() const;
   std::string DayMask() const;
 
-  /// The hour and the minute of the start, then those of the stop.
+  /// Hour and minute of the start, then those of the stop.
   std::array<ComboBox*, 4> TimeLists() const;
 
   Flags& TheFlags;
@@ -82,10 +82,10 @@ class PlaylistEditor {
   Previews& ThePreviews;
   const StringTable& Strings;
   Notices& TheNotices;
-  Lifeline::Tie PreviewOpening;  // of the window, in which the last preview began
+  Lifeline::Tie PreviewOpening;  // the opening of the window in which the last preview began
 };
 
-/// Name of a song: that of its file up to the first ".mp3" in any case.
+/// Name of a song: its file name up to the first ".mp3", ignoring case.
 std::string SongName(const std::string& fileName);
 
 }  // namespace marlex

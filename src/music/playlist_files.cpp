@@ -10,7 +10,7 @@
 namespace marlex {
 namespace {
 
-/// A truth word in any case, or a number, of which 0 is False; all else is False.
+/// True for "true" in any case and for any number but 0; false for all else.
 bool ToFlag(std::string text) {
   std::transform(text.begin(), text.end(), text.begin(),
                  [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
@@ -60,8 +60,8 @@ void PlaylistFiles::LoadPlaylist() {
   if (Store.Values.MusicAutostart) {
     AutostartMusic();
   } else if (InsideWindow()) {
-    // Deliberate: no weekday is tested and no entry is selected. The player refuses the empty name,
-    // and the skip that follows starts the first song.
+    // Deliberate: tests no weekday and selects no entry. The player refuses the empty name, and the
+    // skip that follows starts the first song.
     Player.cmdPlay_Click();
   } else if (TheFrmMain.lstPlaylist.ListCount() > 0) {
     TheFrmMain.lstPlaylist.SetListIndex(0);
@@ -85,7 +85,7 @@ void PlaylistFiles::ShowName() {
   TheFrmMain.frBGMusic.Caption = caption;
 }
 
-/// Deliberate: the position is that of the program's start, even when another file has been opened
+/// Deliberate: uses the position read at the program's start, even if another file has been opened
 /// since.
 void PlaylistFiles::AutostartMusic() {
   TheFlags.CurrentMinute = MinuteText(Clock.Now());
@@ -95,7 +95,7 @@ void PlaylistFiles::AutostartMusic() {
   Player.cmdPlay_Click();
 }
 
-/// Before the first tick the minute is empty and inside no window.
+/// Before the first tick `CurrentMinute` is empty, and so inside no window.
 bool PlaylistFiles::InsideWindow() const {
   const Settings& settings = Store.Values;
   return !settings.MusicStartTime.empty() && TheFlags.CurrentMinute >= settings.MusicStartTime &&

@@ -24,7 +24,7 @@ class PlaylistFiles {
   /// Reads `CurrentPlaylistFile` into the list and the settings; may start the music.
   void LoadPlaylist();
 
-  /// Menu: makes another playlist the current one. The song that plays goes on.
+  /// Menu: opens another playlist. The current song goes on, unless the new list starts the music.
   void mnuOpen_Click();
 
  private:
@@ -44,15 +44,15 @@ class PlaylistFiles {
   const StringTable& Strings;
 };
 
-/// The dialog in which a playlist file is chosen.
+/// The file dialog for playlist files.
 FileDialog PlaylistDialog(const SettingsStore& store);
 
-/// Reads the daily window, its weekdays and the autostart of a playlist file into the settings; all
-/// of them are empty where the file, or its name, is none.
+/// Reads the daily window, its weekdays and the autostart of a playlist file into the settings; if
+/// there is no such file, the times and weekdays are empty and the autostart is off.
 void ReadPlaylistTimes(SettingsStore& store, const std::string& file);
 
-/// The selection that a position of an earlier run means in a list of this many songs: a position
-/// that the list does not have means the first song, and an empty list has none.
+/// Index of the song to select in a list of `songCount` songs for a position saved in an earlier
+/// run: the first song if the list has no such position, `ListBox::kNoSelection` if it is empty.
 int PlaylistPosition(int lastSongIndex, int songCount);
 
 }  // namespace marlex

@@ -4,7 +4,7 @@
 
 namespace marlex {
 
-/// A number of single precision holds 24 bits; more of them could round up to 1.
+/// Uses 24 bits, as many as single precision holds; more could round up to 1.
 float RandomNumbers::operator()() {
   constexpr float kStep = 1.0F / (1U << 24U);
   return static_cast<float>(Bits() >> 8U) * kStep;
@@ -16,8 +16,8 @@ std::uint32_t ClockSeed(const LocalTime& now) {
   return static_cast<std::uint32_t>(minutes * 60 + now.Second);
 }
 
-/// Numbers are drawn and not the songs themselves, since thousands of texts that each make room for
-/// the next would hold up the desk.
+/// Draws indices, not the songs themselves: moving thousands of texts up at each draw would hold up
+/// the program.
 std::vector<int> DrawOrder(int count, const std::function<float()>& random) {
   std::vector<int> left(static_cast<std::size_t>(count));
   std::iota(left.begin(), left.end(), 0);

@@ -9,8 +9,8 @@
 
 namespace marlex {
 
-/// Random numbers of single precision, 0 or more and less than 1, each as likely as any other. The
-/// same seed gives the same numbers.
+/// Uniformly distributed random numbers of single precision, at least 0 and less than 1. The same
+/// seed gives the same numbers.
 class RandomNumbers {
  public:
   explicit RandomNumbers(std::uint32_t seed) : Bits(seed) {}
@@ -21,11 +21,12 @@ class RandomNumbers {
   std::mt19937 Bits;
 };
 
-/// A seed that is another one at each second.
+/// A seed that is different every second.
 std::uint32_t ClockSeed(const LocalTime& now);
 
-/// The entries 0 to `count` - 1 in an order drawn without replacement: of n entries that are left,
-/// a number r draws the one at the whole part of r times n, counted from 0. Takes `count` numbers.
+/// The indices 0 to `count` - 1 in an order drawn without replacement: of n that are left, a random
+/// number r draws the one at floor(r * n), counted from 0. Calls `random` `count` times; it must
+/// return at least 0 and less than 1.
 std::vector<int> DrawOrder(int count, const std::function<float()>& random);
 
 }  // namespace marlex
