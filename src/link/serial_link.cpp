@@ -18,8 +18,8 @@ SerialLink::SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, Frm
   frmPlayers.TolvoPort.OnFault = [&notices](const std::string& fault) { notices.Error(fault); };
 }
 
-/// While the amplifier holds the outputs the timer runs on, so that the byte goes out once the
-/// priority call is over.
+/// While the amplifier holds the outputs, the timer keeps running, so that the byte goes out once
+/// the priority call is over.
 void SerialLink::SendRoutingByte() {
   if (!Store.Values.RouterPresent || TheFlags.PriorityPreempted) return;
   TheFrmPlayers.tmrIODelay.Enabled = false;
@@ -27,7 +27,7 @@ void SerialLink::SendRoutingByte() {
   TheFrmPlayers.TolvoPort.Output(std::string(1, routingByte));
 }
 
-/// Only the first byte of what has come counts.
+/// Of the bytes that have arrived, only the first counts.
 void SerialLink::OnComm() {
   if (TheFrmPlayers.TolvoPort.InBufferCount() == 0) return;
   const std::string input = TheFrmPlayers.TolvoPort.Input();
@@ -47,7 +47,7 @@ void SerialLink::ShowPriority() {
   TheFrmMain.SetTransportHeight(FrmMain::kShrunkenTransportHeight);
 }
 
-/// Our own level plays no part: a status of 128 takes over from a program of high level too.
+/// Ignores our own level: a status of 128 takes over even if that is high.
 void SerialLink::TakeOver() {
   const bool musicPlays = TheFrmPlayers.MP3Player.PlayState() == kPlaying;
   if (musicPlays || TheFlags.MessagePlaying || TheFlags.CallActive) ProcessPriority();
@@ -59,8 +59,8 @@ void SerialLink::ProcessPriority() {
   Lines.CloseMicrophone();
   TheFrmMain.cmdCall.Caption = Strings.LoadString(kStrCall);
   TheFrmPlayers.lstMsgSequence.Clear();
-  // Deliberate: in languages other than English this text is no command of the player, and the file
-  // plays on, unheard, on the muted master line.
+  // Deliberate: in languages other than English this text is not a command of the player, and the
+  // file plays on, unheard since the master is muted.
   TheFrmPlayers.WavPlayer.Command(Strings.LoadString(kStrClose));
   TheFlags.FadeRunning = false;
   TheFlags.CallActive = false;
@@ -79,8 +79,8 @@ void SerialLink::ForgetAmplifier() {
   EndPriority();
 }
 
-/// Every status 0 runs all of this, also when nothing was held back; it enables the call key even
-/// without call zones.
+/// Every status 0 runs all of this, even if nothing was interrupted; it enables the call button
+/// even without call zones.
 void SerialLink::EndPriority() {
   TheFlags.PriorityClear = true;
   TheFrmMain.lblHiPrio.Visible = false;

@@ -15,8 +15,13 @@
 
 namespace marlex {
 
-/// The line to the amplifier. Out go routing bytes, computed from the zone labels; in come status
-/// bytes. amplifier/priority.h has what their bits mean.
+/// The serial line to the amplifier. Sends routing bytes, computed from the zone labels
+/// (link/zone_routing.h), and receives status bytes. amplifier/priority.h explains their bits.
+///
+/// A status byte: a thread of the port reads it and posts it -> `OnComm` sets `AmplifierStatus` and
+/// `PriorityClear` and shows the note -> 128 and 192 interrupt music, message or call through their
+/// flags (`TakeOver`) -> 0 restores what the call has taken (`EndPriority`), and 200 ms later
+/// `ReturnMusicZones` requests the routing byte.
 class SerialLink {
  public:
   SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
@@ -26,8 +31,8 @@ class SerialLink {
   /// Resumes the music; wired at composition.
   std::function<void()> ResumeMusic;
 
-  /// For an amplifier that is no longer spoken to: what it had taken is given back, since its end
-  /// of a call will never come.
+  /// Call when the amplifier is no longer used: restores what its call has taken, since its end of
+  /// call will never arrive.
   void ForgetAmplifier();
 
  private:

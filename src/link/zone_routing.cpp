@@ -50,7 +50,7 @@ void ZoneRouting::SaveMusicRouting() {
 void ZoneRouting::SaveCallRouting() {
   Store.Values.CallRouting = RoutingOf(ZonesOf(TheFrmMain.cmdCallZone));
   Store.Write(keys::kCallRouting, Store.Values.CallRouting);
-  // Deliberate: whatever else had switched the call key off is ignored here.
+  // Deliberate: enables the call button even if something else had disabled it.
   TheFrmMain.cmdCall.Enabled = Store.Values.CallRouting != kNoZones;
 }
 
@@ -80,15 +80,15 @@ void ZoneRouting::Paint(int zone, bool fed) {
   TheFrmMain.lblCurrentZone[zone].BackColor = fed ? kGreen : kButtonFace;
 }
 
-/// Deliberate: the label follows the key at once, even while it shows the zones of a call or a
-/// message, and the next byte carries it.
+/// Deliberate: the label follows the button at once, even while the labels show the zones of a call
+/// or a message, so the next routing byte includes the change.
 void ZoneRouting::MusicZoneChanged(int zone) {
   Paint(zone, TheFrmMain.cmdMusicZones[zone].Value);
   if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) RequestRouting();
   if (!RoutingRestoreGuard) SaveMusicRouting();
 }
 
-/// While the window loads, its keys are being set from the file and write nothing.
+/// While the window loads, its buttons are set from the file, and nothing is saved.
 void ZoneRouting::CallZoneChanged() {
   if (TheFrmMain.Visible) SaveCallRouting();
 }

@@ -9,36 +9,50 @@
 
 namespace marlex {
 
-/// Which zones get the music and which a call, and the six labels that show which zones are fed
-/// now.
+/// The zones of the music and of calls, and the six labels that show which zones are on now.
 ///
-/// The labels are the routing: they alone decide the next routing byte, and nobody else paints
-/// them. The music zones are shown at the load of the main window, after a call, an announcement
-/// and a takeover, and key by key as the operator sets them; the call zones from the fade of a call
-/// on; the zones of a row while it is announced. RequestRouting then starts `tmrIODelay`, and the
-/// byte goes out with its tick.
+/// The labels are the routing: they alone determine the next routing byte, and only this class
+/// paints them. They show the call zones from the end of a call's fade until the call ends, the
+/// zones of a row while it is announced, and otherwise the music zones: from the load of the main
+/// window on, and again from the start of a takeover. A music zone button changes its label at any
+/// time. `RequestRouting` then starts `tmrIODelay`, whose tick sends the byte
+/// (`SerialLink::SendRoutingByte`).
+///
+/// If no label is lit, the zones that are due are empty: no music zone button is down, no call zone
+/// is saved, or the row's zone text has none. Labels lit but zones silent: there is no router, a
+/// takeover holds the byte back, or a release byte was sent since, which changes no label.
 class ZoneRouting {
  public:
   ZoneRouting(FrmMain& frmMain, FrmPlayers& frmPlayers, SettingsStore& store);
 
-  bool RoutingRestoreGuard =
-      false;  // ApplyMusicRouting is setting the keys, so their changes save nothing
+  /// ApplyMusicRouting is setting the buttons, so their changes save nothing.
+  bool RoutingRestoreGuard = false;
 
-  void ApplyMusicRouting();  // MusicRouting to keys and labels, then saved in its six characters
-  void ApplyCallRouting();   // CallRouting to keys; no call to no zones
+  /// Sets the buttons and labels from `MusicRouting`, then saves it in six characters.
+  void ApplyMusicRouting();
+
+  /// Sets the buttons from `CallRouting`; disables the call button if there are no zones.
+  void ApplyCallRouting();
+
   void SaveMusicRouting();
   void SaveCallRouting();
+
+  /// Shows the zones of `CallRouting` on the labels and requests the routing byte.
   void ShowCallZones();
 
-  /// Zones of a schedule row: zone n is on when character n is the digit n.
+  /// The same for the zone text of a schedule row, such as "103000": zone n is on if character n is
+  /// the digit n.
   void ShowMessageZones(const std::string& zoneText);
 
-  void RequestRouting();  // asks for the routing byte; nothing without the router
+  /// The routing byte goes out at the next tick of `tmrIODelay`, within 200 ms, or after a
+  /// takeover. No effect without a router.
+  void RequestRouting();
 
-  /// Writes the release byte at once, past everything that holds a routing byte back.
+  /// Sends the release byte at once, even while a takeover holds routing bytes back. The labels
+  /// stay as they are.
   void Release();
 
-  Zones ShownZones() const;
+  Zones ShownZones() const;  // the zones whose labels are lit
 
  private:
   void Show(const Zones& zones);
