@@ -100,7 +100,7 @@ void MixerAccess::ReadVolume(int index, const MixerLineInfo& line) {
   const auto values =
       Functions.GetControlDetails(MixerHandle, record.VolumeControlId, line.Channels);
   record.Level = kFullLevel - std::min(values.empty() ? 0 : values.front(), kFullLevel);
-  // The first setting is sent whatever the level is, so that the card is known to have it.
+  // The first setting is always sent, even an equal one, so that the card is known to have it.
   TheFrmMxr.SldrVol[index].Value.Forget();
   if (index == 0) return;
   if (line.ComponentType == kComponentMicrophone && MicLine == 0) MicLine = index;
@@ -119,8 +119,8 @@ void MixerAccess::ReadMute(int index, const MixerLineInfo& line) {
   TheFrmMxr.ChkMute[index].Value.Forget();
 }
 
-/// Id of the line's control of a type, 0 if there is none. The question for a line of the component
-/// type only tests that such a line exists; the control is asked of the line itself.
+/// Id of the line's control of a type, 0 if there is none. `GetLineOfType` only tests that a line
+/// of this component type exists; the control is that of the line itself.
 std::uint32_t MixerAccess::FindLineControl(const MixerLineInfo& line, std::uint32_t controlType) {
   if (!Functions.GetLineOfType(MixerHandle, line.ComponentType)) return 0;
   return Functions.GetLineControl(MixerHandle, line.LineId, controlType).value_or(0);

@@ -10,7 +10,7 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 constexpr int kStripPixels = 92;
 
-/// Top of the lit bar, in pixels, for the first limit that the peak is below.
+/// Top of a meter's lit bar, in pixels, for a peak below a limit; the first limit that fits counts.
 struct MeterStep {
   std::int32_t Below;
   int BarTop;
@@ -33,8 +33,8 @@ MixerWindow::MixerWindow(FrmMxr& frmMxr, MixerAccess& mixer, EventLoop& loop, Pr
   frmMxr.TmrQuit.OnTimer = [this] { TheFrmMxr.Unload(); };
 }
 
-/// The first unloading ends the meters and closes the mixer; the timer then unloads again, which
-/// ends the process.
+/// The first unload ends the meters and closes the mixer; the timer then unloads the panel again,
+/// which ends the process.
 bool MixerWindow::Unload() {
   if (TheFrmMxr.TmrQuit.Enabled) {
     TheFrmMxr.TmrQuit.Enabled = false;
@@ -71,7 +71,7 @@ void MixerWindow::ShowStrip(int line) {
 }
 
 void MixerWindow::RunLevelMeters() {
-  // The meters are read twenty times a second, so that the loop sleeps between them.
+  // The meters are read twenty times a second; in between, the loop can sleep.
   constexpr int kMeterPeriodMs = 50;
   bool due = true;
   const auto period = Loop.StartTimer(kMeterPeriodMs, [&due] { due = true; });

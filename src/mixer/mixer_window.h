@@ -11,11 +11,11 @@
 
 namespace marlex {
 
-/// The mixer panel's events, and its display, which the application never reaches since it never
-/// shows the panel.
+/// The events and the display of the mixer panel. The application never shows the panel, so it
+/// never uses the display.
 class MixerWindow {
  public:
-  /// Size in twips of what the panel stands on.
+  /// Size of the screen in twips.
   struct Screen {
     int Width = 0;
     int Height = 0;
@@ -26,7 +26,7 @@ class MixerWindow {
   bool QuitRequested = false;                            // ends the meter loop
   std::vector<std::pair<std::uint32_t, int>> MeterList;  // meter control id, line index
 
-  /// Lays the panel out for the lines that the mixer has and runs the meters.
+  /// Lays the panel out for the mixer's lines and runs the meters.
   ///
   /// Waits, where there are meters, until the panel is unloaded.
   void ActivateMixerWindow(Screen screen);

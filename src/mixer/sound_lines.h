@@ -5,13 +5,13 @@
 
 namespace marlex {
 
-/// What the desk does with the lines of the sound card: the master, the wave line, on which songs,
-/// messages and chimes sound, and the microphone. A position is that of a slider, 0 the loudest and
-/// `FrmMxr::kSilent` silence.
+/// What the program does with the lines of the sound card: the master, the wave line, on which
+/// songs, messages and chimes play, and the microphone. A position is that of a slider, from 0, the
+/// loudest, to `FrmMxr::kSilent`, silence.
 ///
-/// Each verb writes a slider or a mute check of the hidden panel, which passes it on to the card;
-/// writing what stands there already does nothing. Where the card has no wave output of its own,
-/// the wave line is the master. Without a microphone the verbs for it do nothing.
+/// Each setter sets a slider or a mute check box of the hidden panel, and `MixerAccess` passes the
+/// change on to the card; setting an equal value does nothing. If the card has no wave output, the
+/// wave line is the master. Without a microphone, its setters do nothing.
 class SoundLines {
  public:
   SoundLines(FrmMxr& panel, const MixerAccess& mixer) : Panel(panel), Mixer(mixer) {}
@@ -36,10 +36,11 @@ class SoundLines {
     if (HasMicrophone()) Panel.SldrVol[Mixer.MicLine].Value = position;
   }
 
-  // The sliders themselves, for who shows their ranges.
+  // The sliders themselves, for callers that show their ranges. Without a microphone, its slider is
+  // the master's.
   Slider& MasterSlider() { return Panel.SldrVol[0]; }
   Slider& WaveSlider() { return Panel.SldrVol[Mixer.WaveLine]; }
-  Slider& MicrophoneSlider() { return Panel.SldrVol[Mixer.MicLine]; }  // else the master's
+  Slider& MicrophoneSlider() { return Panel.SldrVol[Mixer.MicLine]; }
 
  private:
   FrmMxr& Panel;
