@@ -6,15 +6,15 @@
 
 namespace marlex {
 
-/// A language by the English name that the settings keep, the base of its block in the string
-/// table, and the code page of its older desks.
+/// A language: its English name, which the settings store, the base of its block in the string
+/// table, and the code page of files written by older PCs.
 struct Language {
   const char* Name;
   int LanguageBase;
   CodePage OldPage = CodePage::WestEuropean;
 };
 
-/// In the order of the language dialog's keys.
+/// In the order of the option buttons in the language dialog.
 inline constexpr std::array<Language, 14> kLanguageTable = {{
     {"English", 0},
     {"French", 10000},

@@ -9,9 +9,9 @@
 
 namespace marlex {
 
-/// Boxes that tell the operator something without waiting for an answer: each comes as an event of
-/// its own and is left open, so that an announcement never stands still behind a box that nobody
-/// reads. The caption says what kind it is, in the chosen language.
+/// Message boxes that do not wait for an answer. Each opens as a separate event and is left open,
+/// so that a box that nobody reads never holds up an announcement. The caption, in the chosen
+/// language, says what kind of box it is.
 class Notices {
  public:
   using Answered = std::function<void()>;
@@ -19,23 +19,23 @@ class Notices {
   Notices(EventLoop& loop, Dialogs& dialogs, const StringTable& strings)
       : Loop(loop), TheDialogs(dialogs), Strings(strings) {}
 
-  /// "ERROR". `onAnswer` comes as an event of its own after the operator's OK.
+  /// A box captioned "ERROR". `onAnswer` runs as a separate event after the operator's OK.
   void Error(const std::string& body, Answered onAnswer = {}) {
     Leave(body, BoxIcon::Critical, Strings.LoadString(kStrError), std::move(onAnswer));
   }
   void Error(int textId) { Error(Strings.LoadString(textId)); }
 
-  /// "Problem".
+  /// A box captioned "Problem".
   void Problem(const std::string& body) {
     Leave(body, BoxIcon::Critical, Strings.LoadString(kStrProblem));
   }
 
-  /// "Info".
+  /// A box captioned "Info".
   void Info(const std::string& body) {
     Leave(body, BoxIcon::Information, Strings.LoadString(kStrInfo));
   }
 
-  /// A box under a caption of its own.
+  /// A box with any other caption.
   void Leave(const std::string& body, BoxIcon icon, const std::string& caption,
              Answered onAnswer = {}) {
     Loop.Post([this, body, icon, caption, onAnswer] {

@@ -10,14 +10,14 @@ struct StringEntry {
   std::string_view Text;  // UTF-8; blanks at its ends are part of it
 };
 
-/// The texts of one language, ascending by id: constant data, compiled from the lines of
+/// The texts of one language, sorted by id: constant data, compiled from the lines of
 /// strings/<Language>.txt by compile_strings.cmake.
 struct StringBlock {
   std::string_view Language;  // its English name
   std::span<const StringEntry> Strings;
 };
 
-/// Block of a language by its English name; of a language that has none, an empty one.
+/// The texts of the language with this English name; empty if there are none.
 std::span<const StringEntry> StringsOf(std::string_view language);
 
 }  // namespace marlex

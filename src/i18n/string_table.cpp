@@ -9,7 +9,7 @@
 namespace marlex {
 namespace {
 
-/// The language whose block `number` lies in: the nearest base at or below it.
+/// The language whose block contains `number`: the one with the nearest base at or below it.
 const Language& LanguageAt(int number) {
   const Language* nearest = &kLanguageTable.front();
   for (const Language& language : kLanguageTable) {
@@ -19,7 +19,7 @@ const Language& LanguageAt(int number) {
   return *nearest;
 }
 
-/// Text of a number that counts through all languages: the base of one plus an id.
+/// Text by its number among all languages: the base of a language plus an id.
 std::optional<std::string> TextAt(int number) {
   const Language& language = LanguageAt(number);
   const int id = number - language.LanguageBase;

@@ -5,24 +5,23 @@
 
 namespace marlex {
 
-/// All texts that an operator reads, by number. The same ids stand in a block of their own for each
-/// language; the chosen language is the number `LanguageBase`, which is added to an id to reach its
-/// block.
+/// All texts that the operator reads, by id. Each language has a block of numbers with the same ids
+/// in it: `LanguageBase`, the base of the chosen language, plus an id is the number of its text.
 class StringTable {
  public:
   int LanguageBase = 0;
 
-  /// Text of `id` in the chosen language; nothing for an id that its block lacks.
+  /// Text of `id` in the chosen language; empty optional if there is none.
   std::optional<std::string> Find(int id) const;
 
-  /// The same; a missing text is a RuntimeFailure.
+  /// The same; throws `RuntimeFailure` if there is none.
   std::string LoadString(int id) const;
 
-  /// Text of `id` in English, whatever the language.
+  /// The same in English, whatever the chosen language.
   static std::string LoadEnglish(int id);
 };
 
-/// Ids of the texts that code asks for by name.
+/// Ids of the texts that the code uses by name.
 enum StringId : int {
   kStrPlaylistEditor = 12,
   kStrScheduleEditor = 18,

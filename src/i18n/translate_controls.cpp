@@ -9,19 +9,19 @@
 namespace marlex {
 namespace {
 
-/// Puts the text whose id stands in `id` into `text`; an empty or foreign id and a missing text
-/// leave it alone.
+/// Sets `text` to the text whose id the string `id` holds. An `id` that is empty or not a number,
+/// and a missing text, leave it unchanged.
 void Translate(const std::string& id, Property<std::string>& text, const StringTable& strings) {
   const auto number = ToNumber(id);
   if (id.empty() || !number) return;
   if (const auto found = strings.Find(*number)) text = *found;
 }
 
-/// Number that the text begins with; 0 where it begins with none.
+/// Number at the beginning of the text; 0 if there is none.
 int LeadingNumber(const std::string& text) { return std::atoi(text.c_str()); }
 
-/// Keys, checks, options and lists hold their ids more loosely: any text that begins with a number
-/// counts.
+/// For buttons, check boxes, option buttons, lists and all other kinds: a tag or tooltip only has
+/// to begin with a number to count as an id.
 void TranslateLoosely(VisualControl& control, const StringTable& strings) {
   if (const int id = LeadingNumber(control.Tag); id > 0) {
     Translate(std::to_string(id), control.Caption, strings);
