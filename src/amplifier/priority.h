@@ -6,23 +6,23 @@
 
 namespace marlex {
 
-// A routing byte, from us: bits 0 to 5 are zones 1 to 6, and the top two bits our own priority
-// level. A status byte, from the amplifier: the top two bits are the priority of a call at its own
-// inputs, 0 for none; the other bits mean nothing to us.
+// A routing byte goes to the amplifier: bits 0 to 5 are zones 1 to 6, and the top two bits are our
+// own priority level. A status byte comes from the amplifier: the top two bits are the priority of
+// a call at its own inputs, 0 for none; the other bits are ignored.
 
 inline constexpr int kPriorityBits = 192;
 inline constexpr int kLowPriority = 64;
 inline constexpr int kHighPriority = 128;
 
-/// The byte that frees all zones and gives up the priority.
+/// Routing byte that releases all zones and our priority.
 inline constexpr char kReleaseByte = 0;
 
-/// Level of the priority that the settings keep as a text: high for exactly "High", else low.
+/// Level of a priority text from the settings: high for exactly "High", low for any other.
 inline int PriorityLevelOf(const std::string& priorityText) {
   return priorityText == "High" ? kHighPriority : kLowPriority;
 }
 
-/// Routing byte of the zones and our level. Without a zone it is the release byte: a priority for
+/// Routing byte for the zones and our level. Without a zone it is the release byte: a priority for
 /// no zones is never sent.
 inline char RoutingByte(const Zones& zones, int priorityLevel) {
   int bits = 0;

@@ -5,18 +5,18 @@
 
 namespace marlex {
 
-inline constexpr int kZones = 6;  // of the amplifier; arrays of zones run from 0 to 5
+inline constexpr int kZones = 6;  // of the amplifier, 1 to 6; at indices 0 to 5
 
 /// Which zones are on.
 using Zones = std::array<bool, kZones>;
 
-/// Zones of a routing such as "101000", as the settings keep it: zone n is on where character n is
-/// "1". A short text has the zones past its end off.
+/// Zones of a routing text such as "101000", as stored in the settings, and back: zone n is on if
+/// character n, counted from 1, is "1". Zones past the end of the text are off.
 Zones ZonesOfRouting(const std::string& routing);
 std::string RoutingOf(const Zones& zones);
 
-/// Zones of a schedule row, such as "103000": zone n is on where character n is the digit n. Any
-/// other character, and a missing one, is off.
+/// Zones of a schedule row, such as "103000": zone n is on if character n is the digit n. Any other
+/// character, or a missing one, means off.
 Zones ZonesOfRow(const std::string& zoneText);
 
 }  // namespace marlex
