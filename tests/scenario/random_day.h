@@ -28,7 +28,7 @@ struct RandomDay {
 
   std::int64_t LengthMs;
   DeskOptions Installation;
-  std::function<void(SimulatedPc&)> Prepare;  // files beside those of the options
+  std::function<void(SimulatedPc&)> Prepare;  // adds files to those of the options
   std::vector<Happening> Happenings;          // in the order of their times
 
   /// The installation in a few lines.

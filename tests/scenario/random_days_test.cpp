@@ -38,7 +38,7 @@ Seeds ChosenSeeds() {
 }
 
 struct Failure {
-  std::string Rule;   // and when it broke
+  std::string Rule;   // the rule that was broken, and when
   std::string Story;  // what had happened before
 };
 

@@ -33,7 +33,7 @@ class CornerCounter : public Inspector {
   const PlaylistEditorInspector& Playlists;
   const BytesInspector& Bytes;
   bool SettingsShown = false;  // before the event
-  bool Router = false;         // likewise
+  bool Router = false;         // before the event
 };
 
 }  // namespace marlex

@@ -18,7 +18,7 @@ class PreviewInspector : public Inspector {
   void Remember() override { Sounded = Sounding; }
 
   bool Sounds() const { return Sounding; }
-  bool SoundedBefore() const { return Sounded; }  // the event
+  bool SoundedBefore() const { return Sounded; }  // before the event
 
  private:
   const SequenceEditorInspector& Editor;

@@ -20,7 +20,7 @@ class SequenceEditorInspector : public Inspector {
 
   bool IsOpen() const { return TheDesk.Sys->TheWindows.TheWavWindow.Loaded(); }
   bool WasOpen() const { return Open; }                         // before this event
-  bool ComesOrGoes() const { return IsOpen() != Open; }         // in it
+  bool ComesOrGoes() const { return IsOpen() != Open; }         // in this event
   bool StandsOverWaitingRow() const { return OverWaitingRow; }  // and leaves it with the tick on
 
  private:
