@@ -396,7 +396,7 @@ const std::vector<Leaving> kLeavings = {
     {{}, 2000},           // in the speech
     {{5000}, 5100},       // in the second chime
     {{5000}, 5900},       // in the fade back
-    {{5000, 6000}, 6100}  // in the fade back that another release has taken for one of a press
+    {{5000, 6000}, 6100}  // in the fade back that a second release took for the fade of a press
 };
 
 TEST(CallSequence, TheProgramCanBeLeftInTheMidstOfIt) {
