@@ -462,7 +462,7 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 /// Only the two upper bits of a byte count, whatever its other bits.
 TEST(PriorityTable, EveryByteCountsByItsTwoUpperBitsInEveryState) {
-  constexpr int kEverySo = 7;  // under our own high level
+  constexpr int kEverySo = 7;  // step between tested bytes when our own level is high
   for (const Moment& moment : kMoments) {
     for (const std::string own : {"Low", "High"}) {
       std::map<int, std::string> known;
