@@ -1,4 +1,4 @@
-// The call station of the real program: keys, chimes, the microphone and the amplifier.
+// The call station of the real program: its buttons, chimes, microphone and amplifier.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
