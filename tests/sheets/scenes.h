@@ -15,8 +15,7 @@ inline constexpr QSize kSmallScreen(1024, 700);  // 1024 x 768 without the deskt
 struct Scene {
   std::string Name;  // of the picture
   DeskOptions Options;
-  std::function<QWidget&(ShownDesk&)>
-      Reach;  // brings the desk there, returns the window to look at
+  std::function<QWidget&(ShownDesk&)> Reach;  // brings the desk there, returns its window
 };
 
 const std::vector<Scene>& Scenes();
