@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kSilenceDb = -60;
 constexpr double kLevelSeconds =
-    0.4;  // a level is averaged over this long, so that single notes do not show
+    0.4;  // a level is measured over this long, so that single notes do not show
 constexpr int kZones = 6;
 
 /// What deserves its own line: a control and the property that the operator would look at.
