@@ -18,7 +18,7 @@ namespace marlex {
 /// The serial line to the amplifier. Sends routing bytes, computed from the zone labels
 /// (link/zone_routing.h), and receives status bytes. amplifier/priority.h explains their bits.
 ///
-/// A status byte: a thread of the port reads it and posts it -> `OnComm` sets `AmplifierStatus` and
+/// A status byte: the port reads it in the event loop -> `OnComm` sets `AmplifierStatus` and
 /// `PriorityClear` and shows the note -> 128 and 192 interrupt music, message or call through their
 /// flags (`TakeOver`) -> 0 restores what the call has taken (`EndPriority`), and 200 ms later
 /// `ReturnMusicZones` requests the routing byte.
