@@ -143,8 +143,8 @@ void CallSequence::OpenMicrophone() {
 }
 
 /// Ends a call that was released before the microphone opened. Clears the flags that the release
-/// has set, so that they end no later call or fade. If a later call has begun meanwhile, it has
-/// cleared them already.
+/// has set, so that they end no later call or fade. A later call that has begun by now has cleared
+/// them already.
 void CallSequence::TakeRelease(int call) {
   if (!IsLast(call) || TheCall.Stage != CallStage::Ending) return;
   if (TheFlags.CallEndedDuringFade) {

@@ -56,7 +56,7 @@ ComingRow Passerby::NextToday() const {
 
 OnAir Passerby::What() const {
   if (TheFlags.CallActive) return OnAir::Call;
-  // A takeover lasts until the amplifier's end of call, whatever level it reports meanwhile.
+  // A takeover lasts until the amplifier reports the end of the call, at whatever level in between.
   const bool holdsUsBack = TheFlags.PriorityPreempted || !TheFlags.PriorityClear;
   if (holdsUsBack && TheFrmMain.lblHiPrio.Visible) return OnAir::Amplifier;
   // Chimes and previews count as messages, but do not set the flag.

@@ -197,9 +197,9 @@ bool Finished(const std::filesystem::path& file, std::string_view text) {
   return !IsUnfinished(ReadFile(file)) || Overwrite(file, text);
 }
 
-/// Overwrites the file with the text of the draft, which serves as a copy meanwhile. On failure,
-/// puts the old text back; if even that fails, the copy stays, and counts while the file is
-/// unfinished.
+/// Overwrites the file with the text of the draft, which is kept as a copy until that is done. On
+/// failure, puts the old text back; if even that fails, the copy stays, and counts while the file
+/// is unfinished.
 bool WriteInPlace(const std::filesystem::path& file, const std::filesystem::path& draft,
                   std::string_view text) {
   const WholeFile old = ReadWholeFile(file);

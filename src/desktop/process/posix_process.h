@@ -26,7 +26,7 @@ class PosixProcess : public Process {
   /// cannot be determined.
   bool ClaimWindow(const std::string& caption) override;
 
-  /// Version of the kernel. The platform is none of those in the published interface.
+  /// Version of the kernel, on a platform that the published interface does not list.
   SystemVersion GetVersion() const override;
 
   /// Exits with code 0 without running destructors: there are waits further down the stack that

@@ -143,8 +143,8 @@ class QtEventLoop::Core : public QObject, public std::enable_shared_from_this<Co
            Holds(*Waits.back().Done);
   }
 
-  /// Delivers what is due now, but nothing queued meanwhile, so that events that trigger each other
-  /// still let the windows have their turn.
+  /// Delivers what is due now, but nothing that these events queue in turn, so that events that
+  /// trigger each other still let the windows have their turn.
   void Serve() {
     EmptyInbox();
     const EventQueue::Time begun = Now();

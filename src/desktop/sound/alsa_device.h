@@ -49,8 +49,8 @@ class AlsaDevice {
   /// Frames between the next one written and the moment it is heard.
   int Delay() const;
 
-  /// Writes or reads `frames` frames, no more than `Await` has returned. A device that ran dry
-  /// meanwhile may transfer fewer, and is restarted. False when the device is gone.
+  /// Writes or reads `frames` frames, no more than `Await` has returned. A device that has run
+  /// dry since then may transfer fewer, and is restarted. False when the device is gone.
   bool Write(const float* stereo, int frames);
   bool Read(float* stereo, int frames);
 
