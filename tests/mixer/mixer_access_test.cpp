@@ -69,6 +69,19 @@ TEST(MixerAccess, TheLevelsOfTheSettingsAreSentToALineThatStandsThereAlready) {
   EXPECT_THAT(desk.Journal(), HasSubstr("mixer mute speakers 1\n"));
 }
 
+TEST(MixerAccess, ABalanceSendsNoLevelBeforeTheFirstOneIsSet) {
+  Desk desk({}, [](SimulatedPc& pc) {
+    pc.Mixer.AddSource(4101, "Disc player").Volume = {1000, 3000};
+    pc.Journal.Unmute("mixer");
+  });
+  FrmMxr& panel = desk.Sys->TheFrmMxr;
+  desk.TakeJournal();
+  panel.SldrPan[3].Value = 50;
+  EXPECT_EQ(desk.Journal(), "");
+  panel.SldrVol[3].Value = 64535;  // where the line is already
+  EXPECT_THAT(desk.Journal(), HasSubstr("mixer volume"));
+}
+
 TEST(MixerAccess, ALineThatTheMixerDoesNotHaveIsABrokenRule) {
   Desk desk;
   EXPECT_THROW(desk.Sys->Mixer.SetLineVolume(3), RuntimeFailure);
