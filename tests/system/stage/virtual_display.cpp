@@ -11,36 +11,48 @@ namespace {
 
 constexpr int kStartLimitMs = 30'000;
 
-/// Once ready, the server writes the number of the free display that it has taken.
-std::string ReadNumber(int descriptor) {
-  std::string text;
+/// Once ready, the server writes the number of its display and a line end; where the number is
+/// taken, it ends. Reads to the end of the line, since the server ends if it cannot write it.
+bool IsReady(int descriptor) {
   char letter = 0;
   pollfd wait{descriptor, POLLIN, 0};
-  while (poll(&wait, 1, kStartLimitMs) > 0 && read(descriptor, &letter, 1) == 1 && letter != '\n') {
-    text += letter;
+  while (letter != '\n') {
+    if (poll(&wait, 1, kStartLimitMs) <= 0 || read(descriptor, &letter, 1) != 1) return false;
   }
-  return text;
+  return true;
 }
 
 }  // namespace
 
 VirtualDisplay::VirtualDisplay(const std::string& folder) : LogFile(folder + "/display.log") {
+  // The server's own search sees only the displays of its network namespace, and takes the socket
+  // file of one in another namespace away.
+  constexpr int kFirst = 100, kNumbers = 50'000, kAttempts = 10;
+  for (int attempt = 0; attempt < kAttempts && Name.empty(); ++attempt) {
+    Start(kFirst + (getpid() + attempt) % kNumbers);
+  }
+  if (Name.empty()) throw std::runtime_error("The virtual display did not start: " + LogFile);
+}
+
+void VirtualDisplay::Start(int number) {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("The system has no pipe left.");
+  const std::string display = ":" + std::to_string(number);
   Command command;
-  command.Arguments = {
-      "Xvfb",      "-displayfd", std::to_string(ends[1]),
-      "-screen",   "0",          std::to_string(kWidth) + "x" + std::to_string(kHeight) + "x24",
-      "-nolisten", "tcp"};
+  // Without -noreset it would start over, and might end, whenever the program has ended.
+  command.Arguments = {"Xvfb",       display,
+                       "-noreset",   "-nolisten",
+                       "tcp",        "-screen",
+                       "0",          std::to_string(kWidth) + "x" + std::to_string(kHeight) + "x24",
+                       "-displayfd", std::to_string(ends[1])};
   command.LogFile = LogFile;
   command.Kept = ends[1];
   command.GoesFirst = true;
   command.DeathSignal = SIGTERM;  // lets it remove its lock file
   Server = std::make_unique<ChildProcess>(command);
   close(ends[1]);
-  Name = ":" + ReadNumber(ends[0]);
+  if (IsReady(ends[0])) Name = display;
   close(ends[0]);
-  if (Name == ":") throw std::runtime_error("The virtual display did not start: " + LogFile);
 }
 
 void VirtualDisplay::Click(int x, int y) {

@@ -16,7 +16,8 @@ struct ScreenArea {
   int Height = 0;
 };
 
-/// An X server without a screen, on a free display number, with the hand of an operator.
+/// An X server without a screen, on a display number that no other process of the machine uses,
+/// with the hand of an operator.
 class VirtualDisplay {
  public:
   explicit VirtualDisplay(const std::string& folder);
@@ -50,6 +51,8 @@ class VirtualDisplay {
   bool Picture(const std::string& file, const ScreenArea& area = {0, 0, kWidth, kHeight});
 
  private:
+  /// Starts the server on this display. Without effect where the number is taken.
+  void Start(int number);
   int Tool(std::vector<std::string> arguments);
 
   std::string Name;
