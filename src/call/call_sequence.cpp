@@ -132,7 +132,7 @@ void CallSequence::PlayPreChime(int call) {
   if (GoesOn(call)) TheFrmMain.PaintBusyLamps(kDarkGreen);
 }
 
-/// The microphone reaches the output through the sound card's mixer.
+/// Opens the microphone's line: no file is played for it.
 void CallSequence::OpenMicrophone() {
   TheCall.Stage = CallStage::Speaking;
   TheFrmPlayers.tmrFlash.Enabled = false;

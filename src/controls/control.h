@@ -28,7 +28,7 @@ class Control {
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
-  /// By it the control is translated, and bound to a widget.
+  /// Decides how the control is translated and which widget it is bound to.
   virtual ControlKind Kind() const = 0;
 
   /// Name of the widget that shows the control: its name, followed by "_" and the index for an

@@ -58,7 +58,7 @@ void SettingsLoader::ReadVolumes() {
   Values.MicroVolume = ReadVolume(keys::kMicroVolume, faults);
   Values.CdVolume = ReadVolume(keys::kCdVolume, faults);
   if (faults.empty()) return;
-  TheNotices.Error("These volumes are no numbers and count as absent:" + faults);
+  TheNotices.Error("These volumes are not numbers and count as missing:" + faults);
 }
 
 /// A slider position; a number outside the slider's range is set to its nearer end. A text that is

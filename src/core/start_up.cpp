@@ -8,7 +8,7 @@ namespace {
 static_assert(kLanguageTable.size() == FrmLangSel::kLanguages,
               "each language has its option in the language dialog");
 
-/// Deliberate: no language has a text with this id, so the box of the guard is empty.
+/// Deliberate: no language has a text with this id, so the box of a second instance is empty.
 constexpr int kEmptyText = 6;
 
 std::string NameOfFirstFamily(int minorVersion) {

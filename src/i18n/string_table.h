@@ -5,8 +5,9 @@
 
 namespace marlex {
 
-/// All texts that the operator reads, by id. Each language has a block of numbers with the same ids
-/// in it: `LanguageBase`, the base of the chosen language, plus an id is the number of its text.
+/// The texts of the windows and boxes, by id; faults for which no text has an id are said in
+/// English where they are found. Each language has a block of numbers with the same ids in it:
+/// `LanguageBase`, the base of the chosen language, plus an id is the number of its text.
 class StringTable {
  public:
   int LanguageBase = 0;

@@ -5,7 +5,7 @@
 
 namespace marlex {
 
-/// What the program does with the lines of the sound card: the master, the wave line, on which
+/// What the program does with its lines: the master, the wave line, on which
 /// songs, messages and chimes play, and the microphone. A position is that of a slider, from 0, the
 /// loudest, to `FrmMxr::kSilent`, silence.
 ///

@@ -7,7 +7,6 @@
 namespace marlex {
 namespace {
 
-constexpr int kFastFadeMs = 500;
 constexpr int kFastStep = 2000;
 constexpr int kSlowStep = 1000;
 
@@ -37,7 +36,7 @@ void Fades::FadeUp() {
 
 void Fades::WorkOutSteps() {
   FadeTarget = TheSettings.MusicVolume;
-  FadeStep = TheSettings.FadeTime == kFastFadeMs ? kFastStep : kSlowStep;
+  FadeStep = TheSettings.FadeTime == kFastFadeTimeMs ? kFastStep : kSlowStep;
   FadeSteps = (FrmMxr::kSilent - TheSettings.MusicVolume) / FadeStep;
   const double steps = std::max(FadeSteps, 1);
   TheFrmPlayers.tmrFadeTime.Interval =

@@ -19,8 +19,8 @@
 
 namespace marlex {
 
-/// The editor for playlist files. It works on its own list: what it saves reaches the main window
-/// when the file is opened there. It closes without asking.
+/// The editor for playlist files. It works on its own list: its songs reach the main window
+/// when the file is opened there, its times and its autostart at once. It closes without asking.
 class PlaylistEditor {
  public:
   PlaylistEditor(Flags& flags, SettingsStore& store, Directories& directories, WallClock& clock,

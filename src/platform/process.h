@@ -22,7 +22,7 @@ class Process {
   /// Whether another process on this machine shows a main window with exactly this caption.
   virtual bool FindWindow(const std::string& caption) const = 0;
 
-  /// Makes this process known by its main window until it ends, in whichever way. False when
+  /// Makes this process known by its main window until it ends, however it ends. False when
   /// another process has such a window.
   virtual bool ClaimWindow(const std::string& caption) = 0;
 

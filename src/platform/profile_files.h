@@ -35,8 +35,9 @@ class ProfileFiles {
 
   /// Writes the values to the file, in order, all of them or none. An existing key keeps its place
   /// and spelling; a missing file, section or key is created; everything else stays as it is, byte
-  /// for byte. The file is replaced atomically and keeps its mode. The result is also `Failed` for
-  /// an existing file that is not text. After `Failed` the old file is unchanged.
+  /// for byte. A reader finds the old file or the new one, whole, and the mode stays. The result is
+  /// also `Failed` for an existing file that is not text. After `Failed` a reader finds the old
+  /// file, unless the disk refused even to take that back.
   virtual Writing WriteStrings(const std::vector<ProfileEntry>& entries,
                                const std::string& file) = 0;
 

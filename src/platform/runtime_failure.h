@@ -5,9 +5,10 @@
 
 namespace marlex {
 
-/// A violation of one of the system's rules: an index out of range, a text of length -1, a number
-/// that is not one. It ends the operation in which it occurs and is shown to the operator. Faults
-/// of the outside world (a missing file, a dead port) are never thrown but returned as values.
+/// A violation of one of the system's rules: an index out of range, a text of length -1, a text
+/// that should be a number. It ends the operation in which it occurs and is shown to the operator.
+/// Faults of the outside world (a missing file, a dead port) are never thrown but returned as
+/// values.
 class RuntimeFailure : public std::runtime_error {
  public:
   explicit RuntimeFailure(const std::string& what) : std::runtime_error(what) {}

@@ -96,7 +96,8 @@ void SequenceEditor::Load() {
   ArrangeZones();
 }
 
-/// Until the editor closes, no row fires, and the clock neither starts nor stops the music.
+/// From now on no row fires, and the clock neither starts nor stops the music, until the editor
+/// closes or the end of an announcement or of a call resumes the schedule.
 void SequenceEditor::StandStill() {
   SavedAllDaysView = Store.Values.AllDaysView;
   Store.Values.AllDaysView = true;
@@ -137,6 +138,8 @@ bool SequenceEditor::Unload() {
 }
 
 void SequenceEditor::mnuOpen_Click() {
+  // Deliberate: a name without an extension is saved with ".seq", which neither these dialogs nor
+  // the main window then lists or opens.
   TheDialogs.LeaveOpen({.Filter = "Sequence files (*.sch)|*.sch",
                         .DefaultExtension = "seq",
                         .InitialDirectory = Store.ApplicationDirectory()},

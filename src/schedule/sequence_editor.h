@@ -18,8 +18,9 @@
 
 namespace marlex {
 
-/// The message schedule editor: opens, saves and closes one sequence file at a time. While it is
-/// open, the schedule is held and the main window's table shows all days.
+/// The message schedule editor: opens, saves and closes one sequence file at a time. Opening
+/// it holds the schedule (`FrmPlayers::HoldSchedule`) and shows all days in the main window's
+/// table; closing it undoes both.
 class SequenceEditor {
  public:
   SequenceEditor(SettingsStore& store, EventLoop& loop, Dialogs& dialogs,

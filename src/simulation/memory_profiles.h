@@ -10,9 +10,9 @@
 
 namespace marlex {
 
-/// Profile files on the memory disk, which can make them fail. Every value of a successful write
-/// becomes one line of the journal, even if it was there already and nothing is written to the
-/// disk.
+/// Profile files on the memory disk; `FailWrites` and `FailReads` there make them fail. Every value
+/// of a successful write becomes one line of the journal, even if it was there already and nothing
+/// is written to the disk.
 class MemoryProfiles : public ProfileFiles {
  public:
   MemoryProfiles(MemoryDisk& disk, Journal& journal) : Disk(disk), Log(journal) {}

@@ -10,10 +10,11 @@ struct Flags {
   // The amplifier.
 
   /// The last status byte, 0, 64, 128 or 192: the priority of a call at the amplifier's own inputs,
-  /// 0 for none. Set by the status byte; reset to 0 when the amplifier is given up.
+  /// 0 for none. Set by the status byte; reset to 0 when the settings change to an amplifier
+  /// without a router.
   int AmplifierStatus = 0;
   /// The amplifier reports no call of our priority level or above. Set at start and by the status
-  /// byte; read before anything begins: by the tick, `cmdPlay`, calls and previews.
+  /// byte; read by the band and by whatever begins: the tick, `cmdPlay`, calls and previews.
   bool PriorityClear = false;
   /// The amplifier has interrupted something of ours, until status 0. Set and cleared by the status
   /// byte; read by calls, announcements, previews, the routing timer and the band.
@@ -54,8 +55,8 @@ struct Flags {
 
   // The music's clock.
 
-  /// The minute of the current tick, "HH:MM"; empty before the first tick. Set by the tick and when
-  /// a playlist is opened.
+  /// The minute of the current tick, "HH:MM". Set by the tick and by a playlist with autostart when
+  /// it is opened; empty before either.
   std::string CurrentMinute;
   /// Keeps the clock from starting the music. Set by `cmdStop`; cleared by `cmdPlay`, by opening a
   /// playlist and at midnight.

@@ -56,12 +56,13 @@ inline constexpr ProfileKey kMusicWeekdays{"Background music", "Weekdays"};
 inline constexpr ProfileKey kAutostart{"Background music", "Autostart"};  // "True" or "False"
 
 // A message sequence.
-inline constexpr ProfileKey kMessages{"Schedule", "Message(s)"};
-inline constexpr ProfileKey kHours{"Schedule", "Hour(s)"};
-inline constexpr ProfileKey kMinutes{"Schedule", "Minute(s)"};
-inline constexpr ProfileKey kSequenceWeekdays{"Schedule", "Weekday(s)"};
-inline constexpr ProfileKey kRowZones{"Schedule", "Zone(s)"};
-inline constexpr ProfileKey kTimer{"Schedule", "Timer"};  // "Exact" or "Between"
+inline constexpr ProfileKey kMessages{"Schedule", "Message(s)"};  // without extension, with commas
+inline constexpr ProfileKey kHours{"Schedule", "Hour(s)"};        // "8-10,14"
+inline constexpr ProfileKey kMinutes{"Schedule", "Minute(s)"};    // "00,30"
+inline constexpr ProfileKey kSequenceWeekdays{
+    "Schedule", "Weekday(s)"};  // "1030500": Monday, Wednesday, Friday
+inline constexpr ProfileKey kRowZones{"Schedule", "Zone(s)"};  // "103000": zones 1 and 3
+inline constexpr ProfileKey kTimer{"Schedule", "Timer"};       // "Exact" or "Between"
 
 // Functionkeys.ini: the keys of each section.
 inline std::string FunctionKey(int key) { return "Function key " + std::to_string(key); }

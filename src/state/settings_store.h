@@ -36,6 +36,7 @@ class SettingsStore {
   /// not reported to `OnNotSaved`.
   bool WriteProfileValue(const ProfileKey& key, const std::string& value, const std::string& file);
 
+  /// Reports it to the operator (`StartUp::TellNotSaved`); wired at composition.
   /// Called when `Write` cannot write the settings file; then not again until it has been written
   /// successfully. A write that changes nothing does not count as successful.
   std::function<void()> OnNotSaved;

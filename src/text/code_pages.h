@@ -7,7 +7,8 @@
 namespace marlex {
 
 /// The code pages 1250 to 1255, in this order: one byte per character, as written by PCs without
-/// Unicode.
+/// Unicode. Each language has one (i18n/languages.h): `SettingsStore::ValuesIn` and
+/// `Directories::NamesIn` read with that of the chosen language.
 enum class CodePage { CentralEuropean, Cyrillic, WestEuropean, Greek, Turkish, Hebrew };
 
 /// Returns `text` if it is UTF-8; otherwise each of its bytes read in the code page, with U+FFFD

@@ -55,7 +55,8 @@ void FrmMain::DesignMenus() {
   Text(mnuAbout, "Help", "540");
   Text(mnuAdresses, "Contact", "560");
   Text(mnuAboutbox, "About Tolvo Marlex", "590");
-  // Function keys can be stored but not fired, so their menu is disabled in every installation.
+  // Deliberate: nothing fires a stored function key, so the menu that leads to their editor is
+  // disabled in every installation.
   mnuFKeys.Enabled = false;
 }
 

@@ -28,9 +28,10 @@ struct FrmPlayers : Form {
 
   /// The schedule's gate: while the schedule is held, no row fires and the music is not started or
   /// stopped by the clock. It is held by an announcement while it plays or waits for the music
-  /// break, by a call from the press to the end of its release, by the sequence editor while it is
-  /// open, and at start until the settings are read. Holds are not counted: the first to resume it
-  /// resumes it for all.
+  /// break, by a call from the press to the end of its release, by the sequence editor when it
+  /// opens, and on a first run until the main window is shown. Holds are not counted: the first to
+  /// resume it resumes it for all. A takeover that cuts off a call resumes nothing: the schedule
+  /// stays held until the next call ends or the editor closes.
   void HoldSchedule() { tmrMessage.Enabled = false; }
   void ResumeSchedule() { tmrMessage.Enabled = true; }
   bool ScheduleIsHeld() const { return !tmrMessage.Enabled; }

@@ -167,7 +167,7 @@ TEST(SettingsLoader, VolumesThatAreNoNumbersAreToldInOneBoxAndCountAsAbsent) {
   EXPECT_EQ(desk.Values().MessageVolume, 10000);
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
   EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Body,
-            "These volumes are no numbers and count as absent:\r\nMusic volume=loud\r\nMicro "
+            "These volumes are not numbers and count as missing:\r\nMusic volume=loud\r\nMicro "
             "volume=99999999999");
   EXPECT_TRUE(desk.Main().Visible);
 }

@@ -19,7 +19,8 @@ struct WholeFile {
 WholeFile ReadWholeFile(const std::string& path);
 
 /// Replaces or creates a file so that at any moment, even in a power cut, `ReadWholeFile` finds
-/// either the old or the new text, complete. False on failure; the old file is then as it was.
+/// either the old or the new text, complete. False on failure; the old text is then found,
+/// unless the file was being overwritten in place and even the old text could not be put back.
 ///
 /// The text is written to a hidden file in the same directory, which is then renamed. Where the
 /// rename is refused, because the file is itself a mount point or belongs to somebody else in a

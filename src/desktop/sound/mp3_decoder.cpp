@@ -125,7 +125,7 @@ bool Mp3Decoder::IsClaimCredible(const Mp3Start& start) const {
 }
 
 /// Adds up all frames, each of which may have a different rate, and rewinds. Deliberate: a rate
-/// that lasts for a few frames only does not count, since `AwaitProof` drops it.
+/// that changes again within a few frames does not count, since `AwaitProof` drops it.
 bool Mp3Decoder::CountSeconds() {
   Length = 0;
   Run run;

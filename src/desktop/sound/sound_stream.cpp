@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 constexpr int kRingFrames = 65536;        // 1.5 seconds decoded ahead
 constexpr int kDecodeBlock = 4096;        // frames decoded in one go
 constexpr auto kOpenLimit = 250ms;        // for which the system's thread waits for a file
-constexpr int kMostThreads = 16;          // more are stuck in drives: open nothing new
+constexpr int kMostThreads = 16;          // this many at once hang on dead drives: open no more
 constexpr auto kShortestNap = 50ms;       // of a decoder whose ring nobody empties
 constexpr int kFadeFrames = FramesIn(5);  // for a pause, a resumption and a stop
 // Frames without a sample after which a file is given up.

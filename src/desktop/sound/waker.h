@@ -6,7 +6,7 @@
 
 namespace marlex {
 
-/// Wakes one waiting thread. Wakings are counted, so none that comes before the wait is missed.
+/// Wakes one waiting thread. Wake-ups are counted, so none that comes before the wait is missed.
 class Waker {
  public:
   Waker() { sem_init(&Count, 0, 0); }
@@ -23,7 +23,7 @@ class Waker {
   /// (false).
   bool WaitUntil(std::int64_t dueUs);
 
-  /// Takes all wakings that have come; does not wait.
+  /// Takes all wake-ups that have come; does not wait.
   void Drain() {
     while (sem_trywait(&Count) == 0) {
     }

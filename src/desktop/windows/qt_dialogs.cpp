@@ -48,8 +48,8 @@ QWidget* FrontWindowOfNotices() {
   return window && IsOwnerOf(*window, modal) ? AnyWindow(StaysFree) : window;
 }
 
-/// Where several files may be chosen, one whose name begins with a blank would read as a directory
-/// and names: it comes as such a list of one.
+/// Where several files may be chosen, a single one whose name begins with a blank would be read as
+/// a directory and names, so it is returned as a list of one.
 std::string Result(const QStringList& files, bool mayBeSeveral) {
   if (files.isEmpty()) return "";
   const bool readsAsList = mayBeSeveral && QFileInfo(files.first()).fileName().startsWith(' ');

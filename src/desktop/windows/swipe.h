@@ -20,7 +20,7 @@ class Swipe {
 
   void Begin(const QMouseEvent& event);
   void Move(const QMouseEvent& event);
-  void End();  // in whichever way the touch ends
+  void End();  // however the touch ends
 
   bool IsOn() const { return On; }
   bool IsTap() const { return Tap; }
