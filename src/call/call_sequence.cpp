@@ -1,7 +1,8 @@
 #include "call/call_sequence.h"
-#include "state/media_names.h"
 
 #include <utility>
+
+#include "state/media_names.h"
 
 namespace marlex {
 
@@ -223,12 +224,8 @@ void CallSequence::RestoreMusic() {
 /// Plays a chime in place of any other file, with the microphone closed. Returns when it has ended,
 /// or earlier when the release or the amplifier has ended the call.
 void CallSequence::PlayChime(int call, const std::string& chime) {
-  WavePlayer& player = TheFrmPlayers.WavPlayer;
-  player.FileName = MessagePath(Store.Values, chime);
-  player.Command("Close");
-  player.Command("Open");
   TheFlags.WavFinished = false;
-  player.Command("Play");
+  TheFrmPlayers.WavPlayer.Start(MessagePath(Store.Values, chime));
   Lines.SetWave(Store.Values.MessageVolume);
   Lines.OpenMaster();
   Lines.OpenWave();

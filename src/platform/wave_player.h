@@ -37,6 +37,18 @@ class WavePlayer {
   /// "Play" resumes a paused file, and starts a stopped one from its beginning.
   virtual void Command(std::string_view command) = 0;
 
+  /// Plays a file in place of any other.
+  void Start(const std::string& path) {
+    Notify = false;
+    Wait = true;
+    Shareable = false;
+    DeviceType = "WaveAudio";
+    FileName = path;
+    Command("Close");
+    Command("Open");
+    Command("Play");
+  }
+
   /// Current mode. While a report is being delivered, the reported mode.
   virtual int Mode() const = 0;
 

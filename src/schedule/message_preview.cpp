@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "schedule/message_wavs.h"
 #include "state/media_names.h"
 
 namespace marlex {
@@ -77,7 +76,8 @@ void MessagePreview::PlayMessages() {
 
 /// Leaves the microphone closed.
 void MessagePreview::PlayMessage(const std::string& name) {
-  StartWav(TheFrmPlayers.WavPlayer, MessagePath(TheSettings, name), TheFlags);
+  TheFlags.WavFinished = false;
+  TheFrmPlayers.WavPlayer.Start(MessagePath(TheSettings, name));
   Lines.OpenMaster();
   Lines.OpenWave();
   Lines.CloseMicrophone();

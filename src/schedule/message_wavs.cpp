@@ -6,18 +6,6 @@
 
 namespace marlex {
 
-void StartWav(WavePlayer& player, const std::string& path, Flags& flags) {
-  player.Notify = false;
-  player.Wait = true;
-  player.Shareable = false;
-  player.DeviceType = "WaveAudio";
-  player.FileName = path;
-  player.Command("Close");
-  player.Command("Open");
-  flags.WavFinished = false;
-  player.Command("Play");
-}
-
 MessageWavs::MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop,
                          FrmPlayers& frmPlayers, SoundLines& lines, FrmSettings& frmSettings)
     : TheFlags(flags),
@@ -65,7 +53,8 @@ void MessageWavs::OpenMessageLine() {
 }
 
 void MessageWavs::PlayWav(const std::string& fileName) {
-  StartWav(TheFrmPlayers.WavPlayer, TheSettings.MessageDirectory + fileName, TheFlags);
+  TheFlags.WavFinished = false;
+  TheFrmPlayers.WavPlayer.Start(TheSettings.MessageDirectory + fileName);
   Loop.PumpUntil([this] { return TheFlags.WavFinished || TheFlags.CallActive; });
 }
 

@@ -40,7 +40,4 @@ class MessageWavs {
   FrmSettings& TheFrmSettings;
 };
 
-/// Plays a WAV file in place of any other. `WavFinished` becomes true at its end.
-void StartWav(WavePlayer& player, const std::string& path, Flags& flags);
-
 }  // namespace marlex
