@@ -2,6 +2,7 @@
 
 #include "platform/directories.h"
 #include "platform/runtime_failure.h"
+#include "schedule/editor_masks.h"
 #include "text/profile_text.h"
 
 namespace marlex {

@@ -4,38 +4,11 @@
 
 #include "i18n/translate_controls.h"
 #include "platform/runtime_failure.h"
-#include "state/week_time.h"
+#include "schedule/editor_masks.h"
 #include "text/digit_mask.h"
 #include "text/paths.h"
 
 namespace marlex {
-namespace {
-
-std::vector<bool> TickedDays(WavWindow& window) {
-  std::vector<bool> days;
-  for (const auto& day : window.WkDays) days.push_back(day->Value != 0);
-  return days;
-}
-
-std::vector<bool> DigitsOf(const std::string& mask, std::size_t length) {
-  if (const auto digits = DigitsInPlace(mask, length)) return *digits;
-  throw RuntimeFailure("\"" + mask + "\" is shorter than " + std::to_string(length) +
-                       " characters");
-}
-
-}  // namespace
-
-std::string BuildZoneText(WavWindow& window) {
-  std::vector<bool> zones;
-  for (const auto& zone : window.cmdZone) zones.push_back(zone->Value);
-  return DigitMask(zones);
-}
-
-void ApplyZoneText(WavWindow& window, const std::string& zoneText) {
-  const std::vector<bool> zones = DigitsOf(zoneText, kZones);
-  for (int zone = 0; zone < kZones; ++zone)
-    window.cmdZone[zone].Value = zones[static_cast<std::size_t>(zone)];
-}
 
 SequenceEditor::SequenceEditor(SettingsStore& store, EventLoop& loop, Dialogs& dialogs,
                                const Directories& directories, Windows& windows,
@@ -154,7 +127,7 @@ void SequenceEditor::Open(const std::string& file) {
   const auto read = [&](const ProfileKey& key) { return Store.ReadProfileValue(key, file); };
   const std::string weekdays = read(keys::kSequenceWeekdays);
   const std::vector<bool> days =
-      AtPlace(FileNameOf(file) + ": Weekday(s)", [&] { return DigitsOf(weekdays, kWeekdays); });
+      AtPlace(FileNameOf(file) + ": Weekday(s)", [&] { return DaysOf(weekdays); });
   AtPlace(FileNameOf(file) + ": Zone(s)", [&] { ApplyZoneText(Window, read(keys::kRowZones)); });
   ChosenFile = file;
   WeekdayText = weekdays;
@@ -163,8 +136,7 @@ void SequenceEditor::Open(const std::string& file) {
   Messages.LoadSelectedMessages(MessagesText);
   Window.txtHours.Text = read(keys::kHours);
   Window.txtMinutes.Text = read(keys::kMinutes);
-  for (int day = 0; day < kWeekdays; ++day)
-    Window.WkDays[day].Value = days[static_cast<std::size_t>(day)] ? 1 : 0;
+  TickDays(Window, days);
   Window.txtDescription.Text = UpToFirstPoint(FileNameOf(file));
   (read(keys::kTimer) == "Exact" ? Window.optExact : Window.optBetween).SetValue(true);
 }

@@ -76,9 +76,4 @@ class SequenceEditor {
   int SavesAsked = 0;  // of several overlapping saves, the last closes the editor
 };
 
-/// The zone buttons as a text of six characters, such as "103000", and back. A shorter text throws
-/// `RuntimeFailure` and changes no button.
-std::string BuildZoneText(WavWindow& window);
-void ApplyZoneText(WavWindow& window, const std::string& zoneText);
-
 }  // namespace marlex

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "schedule/editor_masks.h"
+
 namespace marlex {
 namespace {
 
