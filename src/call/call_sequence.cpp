@@ -6,12 +6,12 @@
 
 namespace marlex {
 
-CallSequence::CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
-                           FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
-                           Fades& fades, MusicPlayer& music, Previews& previews,
-                           const StringTable& strings)
+CallSequence::CallSequence(Flags& flags, const Settings& settings, EventLoop& loop,
+                           FrmMain& frmMain, FrmPlayers& frmPlayers, SoundLines& lines,
+                           ZoneRouting& routing, Fades& fades, MusicPlayer& music,
+                           Previews& previews, const StringTable& strings)
     : TheFlags(flags),
-      Store(store),
+      TheSettings(settings),
       Loop(loop),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
@@ -101,7 +101,7 @@ void CallSequence::FadeMusic() {
   if (MusicState() != kPlaying) return;
   if (TheFlags.MessagePlaying) {
     TheFlags.MessagePlaying = false;
-  } else if (Store.Values.FadeTime > 0) {
+  } else if (TheSettings.FadeTime > 0) {
     TheCall.Stage = CallStage::Fading;
     TheFrmPlayers.tmrFlash.Enabled = true;
     SetCaptions(kStrWait);
@@ -116,16 +116,16 @@ void CallSequence::PauseMusic() {
 /// From this stage on, a fade that is running is not the call's.
 void CallSequence::RouteCall() {
   TheCall.Stage = CallStage::Chiming;
-  if (!Store.Values.RouterPresent) return;
+  if (!TheSettings.RouterPresent) return;
   if (TheFlags.AmplifierStatus != 0) Routing.Release();
   Routing.ShowCallZones();
 }
 
 void CallSequence::PlayPreChime(int call) {
-  if (Store.Values.PreChime.empty()) return;
+  if (TheSettings.PreChime.empty()) return;
   TheFrmPlayers.tmrFlash.Enabled = true;
   SetCaptions(kStrWait);
-  PlayChime(call, Store.Values.PreChime);
+  PlayChime(call, TheSettings.PreChime);
   if (!IsLast(call)) return;
   // Deliberate: a flag left by the release of an earlier call without a pre-chime ends this call
   // too.
@@ -152,7 +152,7 @@ void CallSequence::TakeRelease(int call) {
     TheFlags.CallEndedDuringFade = false;
     TheFrmPlayers.ResumeSchedule();
     TheFlags.CallActive = false;
-  } else if (!Store.Values.PreChime.empty()) {
+  } else if (!TheSettings.PreChime.empty()) {
     TheFlags.CallEndedDuringChime = false;
     TheFlags.CallActive = false;
     SetCaptions(kStrCall);
@@ -174,7 +174,7 @@ void CallSequence::EndInFade(int call) {
 /// `WavFinished` is still false, as before the first WAV file since the start. This call then has
 /// no post-chime, nor has any later one until a call with a pre-chime.
 void CallSequence::NoteReleaseInChime(CallStage stage) {
-  const bool hasNoPreChime = stage == CallStage::Speaking && Store.Values.PreChime.empty();
+  const bool hasNoPreChime = stage == CallStage::Speaking && TheSettings.PreChime.empty();
   if (TheFlags.WavFinished || (stage != CallStage::Chiming && !hasNoPreChime)) return;
   TheCall.ReleasedInChime = stage == CallStage::Chiming;
   TheFlags.CallEndedDuringChime = true;
@@ -186,16 +186,16 @@ void CallSequence::AwaitPreChime() {
 }
 
 void CallSequence::PlayPostChime(int call) {
-  if (TheFlags.CallEndedDuringChime || Store.Values.PostChime.empty()) return;
+  if (TheFlags.CallEndedDuringChime || TheSettings.PostChime.empty()) return;
   TheFrmPlayers.tmrFlash.Enabled = true;
-  PlayChime(call, Store.Values.PostChime);
+  PlayChime(call, TheSettings.PostChime);
   if (IsLast(call)) DarkenLamps();
 }
 
 /// False when the amplifier has taken over and owns the outputs. Deliberate: if the call has paused
 /// the music, sends the release byte instead of the zones.
 bool CallSequence::RestoreRouting() {
-  if (!Store.Values.RouterPresent) return true;
+  if (!TheSettings.RouterPresent) return true;
   if (TheFlags.PriorityPreempted) {
     TheFrmPlayers.ResumeSchedule();
     return false;
@@ -212,12 +212,12 @@ bool CallSequence::RestoreRouting() {
 void CallSequence::RestoreMusic() {
   const bool resumed = MusicState() != kStopped;
   if (resumed) Music.PlaySong();
-  if (resumed && Store.Values.FadeTime > 0) {
+  if (resumed && TheSettings.FadeTime > 0) {
     Lines.OpenWave();
     Lines.SetWave(FrmMxr::kSilent);
     TheFades.FadeUp();
   } else {
-    Lines.SetWave(Store.Values.MusicVolume);
+    Lines.SetWave(TheSettings.MusicVolume);
   }
 }
 
@@ -225,8 +225,8 @@ void CallSequence::RestoreMusic() {
 /// or earlier when the release or the amplifier has ended the call.
 void CallSequence::PlayChime(int call, const std::string& chime) {
   TheFlags.WavFinished = false;
-  TheFrmPlayers.WavPlayer.Start(MessagePath(Store.Values, chime));
-  Lines.SetWave(Store.Values.MessageVolume);
+  TheFrmPlayers.WavPlayer.Start(MessagePath(TheSettings, chime));
+  Lines.SetWave(TheSettings.MessageVolume);
   Lines.OpenMaster();
   Lines.OpenWave();
   Lines.CloseMicrophone();

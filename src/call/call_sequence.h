@@ -10,7 +10,7 @@
 #include "platform/event_loop.h"
 #include "state/flags.h"
 #include "state/previews.h"
-#include "state/settings_store.h"
+#include "state/settings.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
 
@@ -35,7 +35,7 @@ enum class CallStage { Beginning, Fading, Chiming, Speaking, Ending };
 /// call is still theirs.
 class CallSequence {
  public:
-  CallSequence(Flags& flags, SettingsStore& store, EventLoop& loop, FrmMain& frmMain,
+  CallSequence(Flags& flags, const Settings& settings, EventLoop& loop, FrmMain& frmMain,
                FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing, Fades& fades,
                MusicPlayer& music, Previews& previews, const StringTable& strings);
 
@@ -87,7 +87,7 @@ class CallSequence {
   Call TheCall;
 
   Flags& TheFlags;
-  SettingsStore& Store;
+  const Settings& TheSettings;
   EventLoop& Loop;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;

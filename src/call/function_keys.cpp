@@ -1,8 +1,8 @@
 #include "call/function_keys.h"
 
-#include "platform/directories.h"
 #include "platform/runtime_failure.h"
 #include "schedule/editor_masks.h"
+#include "text/paths.h"
 #include "text/profile_text.h"
 
 namespace marlex {
@@ -12,7 +12,7 @@ constexpr const char* kFile = "Functionkeys.ini";
 
 }  // namespace
 
-FunctionKeys::FunctionKeys(SettingsStore& store, Windows& windows, SequenceEditor& editor,
+FunctionKeys::FunctionKeys(ProfileStore& store, Windows& windows, SequenceEditor& editor,
                            SelectedMessages& messages)
     : Store(store), Window(windows.TheWavWindow), Editor(editor), Messages(messages) {
   windows.frmMain.mnuFKeys.OnClick = [this] { mnuFKeys_Click(); };

@@ -4,7 +4,7 @@
 
 #include "schedule/selected_messages.h"
 #include "schedule/sequence_editor.h"
-#include "state/settings_store.h"
+#include "state/profile_store.h"
 #include "windows/windows.h"
 
 namespace marlex {
@@ -14,7 +14,7 @@ namespace marlex {
 /// and the menu of this mode is disabled, so an existing file can only come from elsewhere.
 class FunctionKeys {
  public:
-  FunctionKeys(SettingsStore& store, Windows& windows, SequenceEditor& editor,
+  FunctionKeys(ProfileStore& store, Windows& windows, SequenceEditor& editor,
                SelectedMessages& messages);
 
   int CurrentFunctionKey = 0;  // 1 to 12; 0 until one is chosen
@@ -25,7 +25,7 @@ class FunctionKeys {
   void Save();
   std::string File() const;
 
-  SettingsStore& Store;
+  ProfileStore& Store;
   WavWindow& Window;
   SequenceEditor& Editor;
   SelectedMessages& Messages;

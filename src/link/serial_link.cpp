@@ -1,11 +1,11 @@
 #include "link/serial_link.h"
 
 namespace marlex {
-SerialLink::SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
-                       SoundLines& lines, ZoneRouting& routing, Previews& previews,
-                       const StringTable& strings, Notices& notices)
+SerialLink::SerialLink(Flags& flags, const Settings& settings, FrmMain& frmMain,
+                       FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
+                       Previews& previews, const StringTable& strings, Notices& notices)
     : TheFlags(flags),
-      Store(store),
+      TheSettings(settings),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
       Lines(lines),
@@ -21,9 +21,9 @@ SerialLink::SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, Frm
 /// While the amplifier holds the outputs, the timer keeps running, so that the byte goes out once
 /// the priority call is over.
 void SerialLink::SendRoutingByte() {
-  if (!Store.Values.RouterPresent || TheFlags.PriorityPreempted) return;
+  if (!TheSettings.RouterPresent || TheFlags.PriorityPreempted) return;
   TheFrmPlayers.tmrIODelay.Enabled = false;
-  const char routingByte = RoutingByte(Routing.ShownZones(), Store.Values.OwnPriorityLevel);
+  const char routingByte = RoutingByte(Routing.ShownZones(), TheSettings.OwnPriorityLevel);
   TheFrmPlayers.TolvoPort.Output(std::string(1, routingByte));
 }
 
@@ -39,7 +39,7 @@ void SerialLink::OnComm() {
 
 void SerialLink::ShowPriority() {
   const bool blocked =
-      TheFlags.AmplifierStatus > 0 && TheFlags.AmplifierStatus >= Store.Values.OwnPriorityLevel;
+      TheFlags.AmplifierStatus > 0 && TheFlags.AmplifierStatus >= TheSettings.OwnPriorityLevel;
   TheFlags.PriorityClear = !blocked;
   TheFrmMain.lblHiPrio.Caption =
       Strings.LoadString(blocked ? kStrHigherPriorityCall : kStrLowerPriorityCall);
@@ -55,7 +55,7 @@ void SerialLink::TakeOver() {
 }
 
 void SerialLink::ProcessPriority() {
-  Lines.SetWave(Store.Values.MusicVolume);
+  Lines.SetWave(TheSettings.MusicVolume);
   Lines.CloseMicrophone();
   TheFrmMain.cmdCall.Caption = Strings.LoadString(kStrCall);
   TheFrmPlayers.lstMsgSequence.Clear();
@@ -98,7 +98,7 @@ void SerialLink::EndPriority() {
 
 void SerialLink::ReturnMusicZones() {
   TheFrmPlayers.tmrDwellTimer.Enabled = false;
-  if (!Store.Values.RouterPresent || TheFrmPlayers.MP3Player.PlayState() != kPlaying) return;
+  if (!TheSettings.RouterPresent || TheFrmPlayers.MP3Player.PlayState() != kPlaying) return;
   TheFrmPlayers.tmrIODelay.Enabled = true;
   Lines.OpenMaster();
 }

@@ -9,7 +9,7 @@
 #include "mixer/sound_lines.h"
 #include "state/flags.h"
 #include "state/previews.h"
-#include "state/settings_store.h"
+#include "state/settings.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
 
@@ -24,7 +24,7 @@ namespace marlex {
 /// `ReturnMusicZones` requests the routing byte.
 class SerialLink {
  public:
-  SerialLink(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
+  SerialLink(Flags& flags, const Settings& settings, FrmMain& frmMain, FrmPlayers& frmPlayers,
              SoundLines& lines, ZoneRouting& routing, Previews& previews,
              const StringTable& strings, Notices& notices);
 
@@ -45,7 +45,7 @@ class SerialLink {
   void ReturnMusicZones();  // tmrDwellTimer
 
   Flags& TheFlags;
-  SettingsStore& Store;
+  const Settings& TheSettings;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;

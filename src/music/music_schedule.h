@@ -4,7 +4,7 @@
 #include "music/music_player.h"
 #include "platform/wall_clock.h"
 #include "state/flags.h"
-#include "state/settings_store.h"
+#include "state/settings.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
 
@@ -15,7 +15,7 @@ namespace marlex {
 /// tried again. Times are compared as "HH:MM" texts.
 class MusicSchedule {
  public:
-  MusicSchedule(Flags& flags, SettingsStore& store, WallClock& clock, FrmMain& frmMain,
+  MusicSchedule(Flags& flags, const Settings& settings, WallClock& clock, FrmMain& frmMain,
                 FrmPlayers& frmPlayers, ZoneRouting& routing, MusicPlayer& player, Fades& fades);
 
   void CheckMusicStart();
@@ -27,7 +27,7 @@ class MusicSchedule {
   bool TodayIsOn() const;
 
   Flags& TheFlags;
-  SettingsStore& Store;
+  const Settings& TheSettings;
   WallClock& Clock;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;

@@ -19,7 +19,7 @@ bool ToFlag(std::string text) {
 
 }  // namespace
 
-FileDialog PlaylistDialog(const SettingsStore& store) {
+FileDialog PlaylistDialog(const ProfileStore& store) {
   return {.Filter = "Playlist files (*.lst)|*.lst",
           .DefaultExtension = "lst",
           .InitialDirectory = store.ApplicationDirectory()};

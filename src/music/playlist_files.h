@@ -45,7 +45,7 @@ class PlaylistFiles {
 };
 
 /// The file dialog for playlist files.
-FileDialog PlaylistDialog(const SettingsStore& store);
+FileDialog PlaylistDialog(const ProfileStore& store);
 
 /// Reads the daily window, its weekdays and the autostart of a playlist file into the settings; if
 /// there is no such file, the times and weekdays are empty and the autostart is off.

@@ -1,12 +1,12 @@
 #include "schedule/message_playback.h"
 
 namespace marlex {
-MessagePlayback::MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain,
+MessagePlayback::MessagePlayback(Flags& flags, const Settings& settings, FrmMain& frmMain,
                                  FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
                                  Fades& fades, MusicPlayer& music, MessageWavs& wavs,
                                  Previews& previews)
     : TheFlags(flags),
-      Store(store),
+      TheSettings(settings),
       TheFrmMain(frmMain),
       TheFrmPlayers(frmPlayers),
       Lines(lines),
@@ -37,7 +37,7 @@ void MessagePlayback::PlayMessageSequence(const std::string& currentRouting) {
 /// Fades and pauses the music. False when a call or the amplifier took over during the fade: there
 /// is then no announcement.
 bool MessagePlayback::ClearMusic() {
-  if (Store.Values.FadeTime > 0) {
+  if (TheSettings.FadeTime > 0) {
     TheFades.FadeDown();
     if (TheFlags.CallActive) return false;
     if (TheFlags.PriorityPreempted) {
@@ -53,7 +53,7 @@ bool MessagePlayback::ClearMusic() {
 /// The zones are sent 200 ms later, while the first message starts; if the amplifier has a call,
 /// the release byte goes out first, at once.
 void MessagePlayback::RouteMessage(const std::string& currentRouting) {
-  if (!Store.Values.RouterPresent) return;
+  if (!TheSettings.RouterPresent) return;
   if (TheFlags.AmplifierStatus != 0) Routing.Release();
   Routing.ShowMessageZones(currentRouting);
 }
@@ -80,7 +80,7 @@ void MessagePlayback::EnableMusicZoneButtons(bool enabled) {
 
 void MessagePlayback::RestoreRouting() {
   Routing.ApplyMusicRouting();
-  if (!Store.Values.RouterPresent) return;
+  if (!TheSettings.RouterPresent) return;
   if (MusicIs(kPaused)) {
     TheFrmPlayers.tmrIODelay.Enabled = true;
   } else {
@@ -91,11 +91,11 @@ void MessagePlayback::RestoreRouting() {
 void MessagePlayback::RestoreMusic() {
   if (!MusicIs(kPaused)) return;
   Music.PlaySong();
-  if (Store.Values.FadeTime > 0) {
+  if (TheSettings.FadeTime > 0) {
     Lines.SetWave(FrmMxr::kSilent);
     TheFades.FadeUp();
   } else {
-    Lines.SetWave(Store.Values.MusicVolume);
+    Lines.SetWave(TheSettings.MusicVolume);
   }
 }
 

@@ -9,7 +9,7 @@
 #include "schedule/message_wavs.h"
 #include "state/flags.h"
 #include "state/previews.h"
-#include "state/settings_store.h"
+#include "state/settings.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
 
@@ -19,7 +19,7 @@ namespace marlex {
 /// the messages, and restores everything.
 class MessagePlayback {
  public:
-  MessagePlayback(Flags& flags, SettingsStore& store, FrmMain& frmMain, FrmPlayers& frmPlayers,
+  MessagePlayback(Flags& flags, const Settings& settings, FrmMain& frmMain, FrmPlayers& frmPlayers,
                   SoundLines& lines, ZoneRouting& routing, Fades& fades, MusicPlayer& music,
                   MessageWavs& wavs, Previews& previews);
 
@@ -42,7 +42,7 @@ class MessagePlayback {
   bool MusicIs(PlayStates state) const { return TheFrmPlayers.MP3Player.PlayState() == state; }
 
   Flags& TheFlags;
-  SettingsStore& Store;
+  const Settings& TheSettings;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;

@@ -1,51 +1,11 @@
 #include "state/settings_store.h"
 
-#include <algorithm>
-#include <utility>
-
-#include "platform/directories.h"
-#include "text/code_pages.h"
-#include "text/text_case.h"
+#include "text/paths.h"
 
 namespace marlex {
-namespace {
 
-constexpr std::size_t kLongestValue = 1499;  // fits a buffer of 1500 with its closing NUL
-constexpr std::size_t kMostValues = 32767;   // positions in a list are 16-bit numbers
-
-bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
-
-/// Cuts the value again after decoding, since bytes of a code page may have counted as fewer
-/// characters than they are.
-std::string AsText(std::string value, CodePage page) {
-  if (IsUtf8(value)) return value;
-  return std::string(FirstCharacters(InUtf8(value, page), kLongestValue));
-}
-
-}  // namespace
-
-std::string SettingsStore::ReadProfileValue(const ProfileKey& key, const std::string& file) const {
-  return AsText(
-      Profiles.GetString(std::string(key.Section), std::string(key.Key), file, kLongestValue),
-      ValuesIn);
-}
-
-std::vector<std::string> SettingsStore::ReadNumberedValues(const ProfileKey& key,
-                                                           const std::string& file) const {
-  std::vector<std::string> values =
-      Profiles.GetNumbered(std::string(key.Section), std::string(key.Key), file, kLongestValue);
-  if (values.size() > kMostValues) values.resize(kMostValues);
-  for (std::string& value : values) value = AsText(std::move(value), ValuesIn);
-  return values;
-}
-
-bool SettingsStore::WriteProfileValue(const ProfileKey& key, const std::string& value,
-                                      const std::string& file) {
-  return Put({EntryOf(key, value)}, file) != Writing::Failed;
-}
-
-bool SettingsStore::WriteProfileValues(std::vector<ProfileEntry> entries, const std::string& file) {
-  return Put(std::move(entries), file) != Writing::Failed;
+std::string SettingsStore::TolvoIni() const {
+  return JoinPath(ApplicationDirectory(), "Tolvo.ini");
 }
 
 bool SettingsStore::Write(const ProfileKey& key, const std::string& value) {
@@ -54,22 +14,6 @@ bool SettingsStore::Write(const ProfileKey& key, const std::string& value) {
   if (!saved && Saved && OnNotSaved) OnNotSaved();
   if (writing != Writing::Unchanged) Saved = saved;
   return saved;
-}
-
-Writing SettingsStore::Put(std::vector<ProfileEntry> entries, const std::string& file) {
-  std::erase_if(entries, [&](const ProfileEntry& entry) { return StandsInCodePage(entry, file); });
-  return entries.empty() ? Writing::Unchanged : Profiles.WriteStrings(entries, file);
-}
-
-/// Whether the bytes in the file already read the same as the new value.
-bool SettingsStore::StandsInCodePage(const ProfileEntry& entry, const std::string& file) const {
-  if (std::all_of(entry.Value.begin(), entry.Value.end(), IsAscii)) return false;
-  const std::string value = Profiles.GetString(entry.Section, entry.Key, file, kLongestValue);
-  return !IsUtf8(value) && AsText(value, ValuesIn) == ReadBack(entry.Value, kLongestValue);
-}
-
-std::string SettingsStore::TolvoIni() const {
-  return JoinPath(ApplicationDirectory(), "Tolvo.ini");
 }
 
 }  // namespace marlex
