@@ -1,6 +1,6 @@
 #include "schedule/conflicts.h"
 
-#include "text/text_case.h"
+#include "schedule/conflict_pairs.h"
 
 namespace marlex {
 
@@ -19,15 +19,9 @@ Conflicts::Conflicts(const Settings& settings, FrmMain& frmMain, const SoundLine
 void Conflicts::DetectConflicts() {
   ClearMarks();
   ConflictFound = false;
-  Incomplete.clear();
-  const std::vector<DueRow> rows = RowsInPlace();
-  for (auto row = rows.begin(); row != rows.end(); ++row) {
-    // The table is sorted: the first row of another minute ends the search.
-    for (auto later = row + 1; later != rows.end() && later->Time == row->Time; ++later) {
-      if (ShareADay(*row, *later)) MarkPair(row->Row, later->Row);
-    }
-  }
-  if (!Incomplete.empty()) TellIncomplete();
+  const std::set<std::string> incomplete =
+      FindConflictPairs(Table, [this](int earlier, int later) { MarkPair(earlier, later); });
+  if (!incomplete.empty()) TellIncomplete(incomplete);
   if (ConflictFound) {
     ShowConflictNote();
   } else {
@@ -45,41 +39,9 @@ void Conflicts::ClearMarks() {
   }
 }
 
-/// The rows that the operator has not removed.
-std::vector<Conflicts::DueRow> Conflicts::RowsInPlace() const {
-  std::vector<DueRow> rows;
-  for (int row = 1; row < Table.Rows(); ++row) {
-    if (Table.RowHeight(row) < 1) continue;
-    const std::string& mask = Table.TextMatrix(row, kDaysColumn);
-    DueRow& due = rows.emplace_back(DueRow{row, TimeOf(Table, row), {}});
-    for (std::size_t day = 1; day <= kDays; ++day) {
-      due.Days[day - 1] = CharactersFrom(mask, day, 1);
-    }
-  }
-  return rows;
-}
-
-/// Whether two rows have a weekday in common. Deliberate: the later row must have the digit of the
-/// day, the earlier one anything but "0". If the weekdays of a row end before a common day is
-/// found, the pair counts as none, and the schedule of that row goes into `Incomplete`.
-bool Conflicts::ShareADay(const DueRow& earlier, const DueRow& later) {
-  constexpr std::string_view kDigits = "1234567";
-  for (std::size_t day = 0; day < kDays; ++day) {
-    bool ended = false;
-    for (const DueRow* row : {&earlier, &later}) {
-      if (!row->Days[day].empty()) continue;
-      Incomplete.insert(Table.TextMatrix(row->Row, kNameColumn));
-      ended = true;
-    }
-    if (ended) return false;
-    if (later.Days[day] == kDigits.substr(day, 1) && earlier.Days[day] != "0") return true;
-  }
-  return false;
-}
-
-void Conflicts::TellIncomplete() {
+void Conflicts::TellIncomplete(const std::set<std::string>& incomplete) {
   std::string body = "The weekdays of these message schedules are incomplete:";
-  for (const std::string& schedule : Incomplete) body += "\r\n" + schedule;
+  for (const std::string& schedule : incomplete) body += "\r\n" + schedule;
   TheNotices.Error(body);
 }
 
