@@ -29,7 +29,7 @@ SettingsDialog::SettingsDialog(Flags& flags, SettingsStore& store, Process& proc
       Store(store),
       Values(store.Values),
       TheProcess(process),
-      Dialog(windows.frmSettings),
+      TheFrmSettings(windows.frmSettings),
       TheFrmMain(windows.frmMain),
       TheFrmPlayers(frmPlayers),
       Lines(lines),
@@ -42,34 +42,35 @@ SettingsDialog::SettingsDialog(Flags& flags, SettingsStore& store, Process& proc
 }
 
 void SettingsDialog::Wire() {
-  TheFrmMain.mnuSettings.OnClick = [this] { Dialog.Show(); };
-  Dialog.OnLoad = [this] { Load(); };
-  Dialog.OnClose = [this] { cmdCancel_Click(); };
-  Dialog.optTolvo[0].OnClick = [this] { ChooseAmplifier(0); };
-  Dialog.optTolvo[1].OnClick = [this] { ChooseAmplifier(1); };
-  Dialog.chkPreChime.OnClick = [this] {
-    CheckChime(Dialog.chkPreChime, Dialog.cmdPreSelect, Dialog.lblPreChime);
+  TheFrmMain.mnuSettings.OnClick = [this] { TheFrmSettings.Show(); };
+  TheFrmSettings.OnLoad = [this] { Load(); };
+  TheFrmSettings.OnClose = [this] { cmdCancel_Click(); };
+  TheFrmSettings.optTolvo[0].OnClick = [this] { ChooseAmplifier(0); };
+  TheFrmSettings.optTolvo[1].OnClick = [this] { ChooseAmplifier(1); };
+  TheFrmSettings.chkPreChime.OnClick = [this] {
+    CheckChime(TheFrmSettings.chkPreChime, TheFrmSettings.cmdPreSelect, TheFrmSettings.lblPreChime);
   };
-  Dialog.chkPostChime.OnClick = [this] {
-    CheckChime(Dialog.chkPostChime, Dialog.cmdPostSelect, Dialog.lblPostChime);
+  TheFrmSettings.chkPostChime.OnClick = [this] {
+    CheckChime(TheFrmSettings.chkPostChime, TheFrmSettings.cmdPostSelect,
+               TheFrmSettings.lblPostChime);
   };
-  Dialog.cmdOK.OnClick = [this] { cmdOK_Click(); };
-  Dialog.cmdCancel.OnClick = [this] { cmdCancel_Click(); };
+  TheFrmSettings.cmdOK.OnClick = [this] { cmdOK_Click(); };
+  TheFrmSettings.cmdCancel.OnClick = [this] { cmdCancel_Click(); };
 }
 
 void SettingsDialog::WireSliders() {
-  Dialog.slMasterVolume.OnChange = [this] { ChangeMasterVolume(); };
-  Dialog.slMusicVolume.OnChange = [this] { ChangeMusicVolume(); };
-  Dialog.slMicroVolume.OnChange = [this] { ChangeMicroVolume(); };
-  Dialog.slMessageVolume.OnChange = [this] { ChangeMessageVolume(); };
+  TheFrmSettings.slMasterVolume.OnChange = [this] { ChangeMasterVolume(); };
+  TheFrmSettings.slMusicVolume.OnChange = [this] { ChangeMusicVolume(); };
+  TheFrmSettings.slMicroVolume.OnChange = [this] { ChangeMicroVolume(); };
+  TheFrmSettings.slMessageVolume.OnChange = [this] { ChangeMessageVolume(); };
 }
 
 void SettingsDialog::Load() {
-  TranslateControls(Dialog, Strings);
+  TranslateControls(TheFrmSettings, Strings);
   ShowMicrophone();
-  Dialog.Caption = Strings.LoadString(kStrSettings);
-  Dialog.Explain[0].BackColor = Dialog.frVolume.BackColor;
-  Dialog.Explain[1].BackColor = Dialog.frVolume.BackColor;
+  TheFrmSettings.Caption = Strings.LoadString(kStrSettings);
+  TheFrmSettings.Explain[0].BackColor = TheFrmSettings.frVolume.BackColor;
+  TheFrmSettings.Explain[1].BackColor = TheFrmSettings.frVolume.BackColor;
   ReadDirectories();
   ReadChimes();
   ReadAmplifier();
@@ -79,15 +80,15 @@ void SettingsDialog::Load() {
 
 void SettingsDialog::ShowMicrophone() {
   const bool microphone = Lines.HasMicrophone();
-  Dialog.frChimes.Visible = microphone;
-  Dialog.frSound.Visible = !microphone;
-  Dialog.frMicroVolume.Enabled = microphone;
+  TheFrmSettings.frChimes.Visible = microphone;
+  TheFrmSettings.frSound.Visible = !microphone;
+  TheFrmSettings.frMicroVolume.Enabled = microphone;
 }
 
 /// Reads the file, not the values in memory: a picker may have changed those without an OK.
 void SettingsDialog::ReadDirectories() {
-  Dialog.lblBGDir_Name.Caption = Store.Read(keys::kMusicDirectory);
-  Dialog.lblMsgDir_Name.Caption = Store.Read(keys::kMessageDirectory);
+  TheFrmSettings.lblBGDir_Name.Caption = Store.Read(keys::kMusicDirectory);
+  TheFrmSettings.lblMsgDir_Name.Caption = Store.Read(keys::kMessageDirectory);
 }
 
 void SettingsDialog::ReadChimes() {
@@ -99,46 +100,48 @@ void SettingsDialog::ReadChimes() {
     label.Visible = !chime.empty();
   };
   Values.PreChime = Store.Read(keys::kPreChime);
-  show(Values.PreChime, Dialog.chkPreChime, Dialog.cmdPreSelect, Dialog.lblPreChime);
+  show(Values.PreChime, TheFrmSettings.chkPreChime, TheFrmSettings.cmdPreSelect,
+       TheFrmSettings.lblPreChime);
   Values.PostChime = Store.Read(keys::kPostChime);
-  show(Values.PostChime, Dialog.chkPostChime, Dialog.cmdPostSelect, Dialog.lblPostChime);
+  show(Values.PostChime, TheFrmSettings.chkPostChime, TheFrmSettings.cmdPostSelect,
+       TheFrmSettings.lblPostChime);
   // Without a message directory there is no chime to pick.
-  const bool hasDirectory = !Dialog.lblMsgDir_Name.Caption.Get().empty();
-  Dialog.chkPreChime.Enabled = hasDirectory;
-  Dialog.chkPostChime.Enabled = hasDirectory;
+  const bool hasDirectory = !TheFrmSettings.lblMsgDir_Name.Caption.Get().empty();
+  TheFrmSettings.chkPreChime.Enabled = hasDirectory;
+  TheFrmSettings.chkPostChime.Enabled = hasDirectory;
 }
 
 void SettingsDialog::ReadAmplifier() {
   const bool router = Store.ReadFlag(keys::kRouter);
   ShowRouterFrames(router, router ? FrmSettings::kRouterButtonTop : FrmSettings::kPlainButtonTop);
-  Dialog.optTolvo[router ? 0 : 1].SetValue(true);
+  TheFrmSettings.optTolvo[router ? 0 : 1].SetValue(true);
   // Deliberate: a missing key, as on a first run, shows port 2, although port 1 is used until the
   // next start.
-  Dialog.optCom[Store.Read(keys::kComPort) == "1" ? 0 : 1].SetValue(true);
+  TheFrmSettings.optCom[Store.Read(keys::kComPort) == "1" ? 0 : 1].SetValue(true);
   ReadZoneNames();
-  Dialog.optPriority[Store.Read(keys::kPriority) == "High" ? 1 : 0].SetValue(true);
+  TheFrmSettings.optPriority[Store.Read(keys::kPriority) == "High" ? 1 : 0].SetValue(true);
 }
 
 /// Where the file has an empty name or none, the field keeps its design text.
 void SettingsDialog::ReadZoneNames() {
   for (int zone = 0; zone < kZones; ++zone) {
     const std::string name = Store.Read({keys::kZoneNames, keys::ZoneName(zone)});
-    if (!name.empty()) Dialog.txtZoneName[zone].Text = name;
+    if (!name.empty()) TheFrmSettings.txtZoneName[zone].Text = name;
   }
 }
 
 /// Each slider takes effect and is saved, as if the operator had moved it.
 void SettingsDialog::ReadVolumes() {
-  CopyRange(Lines.MasterSlider(), Dialog.slMasterVolume);
-  CopyRange(Lines.WaveSlider(), Dialog.slMusicVolume);
-  CopyRange(Lines.WaveSlider(), Dialog.slMessageVolume);
-  CopyRange(Lines.MicrophoneSlider(), Dialog.slMicroVolume);
-  Show(Dialog.slMasterVolume, Values.MasterVolume);
-  Show(Dialog.slMusicVolume, Values.MusicVolume);
-  Show(Dialog.slMicroVolume, Values.MicroVolume);
-  Show(Dialog.slMessageVolume, Values.MessageVolume);
+  CopyRange(Lines.MasterSlider(), TheFrmSettings.slMasterVolume);
+  CopyRange(Lines.WaveSlider(), TheFrmSettings.slMusicVolume);
+  CopyRange(Lines.WaveSlider(), TheFrmSettings.slMessageVolume);
+  CopyRange(Lines.MicrophoneSlider(), TheFrmSettings.slMicroVolume);
+  Show(TheFrmSettings.slMasterVolume, Values.MasterVolume);
+  Show(TheFrmSettings.slMusicVolume, Values.MusicVolume);
+  Show(TheFrmSettings.slMicroVolume, Values.MicroVolume);
+  Show(TheFrmSettings.slMessageVolume, Values.MessageVolume);
   // A message may be playing when the dialog opens; the wave line then carries no music.
-  Dialog.slMusicVolume.Enabled = !TheFlags.MessagePlaying;
+  TheFrmSettings.slMusicVolume.Enabled = !TheFlags.MessagePlaying;
 }
 
 /// Deliberate: tests for "Fast", whereas the start of the program tests for "Slow". So if the key
@@ -146,21 +149,21 @@ void SettingsDialog::ReadVolumes() {
 void SettingsDialog::ReadFadeTime() {
   const bool fast = Store.Read(keys::kFadeTime) == "Fast";
   Values.FadeTime = fast ? kFastFadeTimeMs : kSlowFadeTimeMs;
-  (fast ? Dialog.optFast : Dialog.optSlow).SetValue(true);
+  (fast ? TheFrmSettings.optFast : TheFrmSettings.optSlow).SetValue(true);
 }
 
 void SettingsDialog::ShowRouterFrames(bool shown, int buttonTop) {
-  Dialog.frNames.Visible = shown;
-  Dialog.frPort.Visible = shown;
-  Dialog.frPriority.Visible = shown;
-  Dialog.cmdCancel.Top = buttonTop;
-  Dialog.cmdOK.Top = buttonTop;
+  TheFrmSettings.frNames.Visible = shown;
+  TheFrmSettings.frPort.Visible = shown;
+  TheFrmSettings.frPriority.Visible = shown;
+  TheFrmSettings.cmdCancel.Top = buttonTop;
+  TheFrmSettings.cmdOK.Top = buttonTop;
 }
 
 void SettingsDialog::ChooseAmplifier(int index) {
   const bool router = index == 0;
   ShowRouterFrames(router, router ? FrmSettings::kRouterButtonTop : FrmSettings::kPlainButtonTop);
-  Dialog.Height = router ? FrmSettings::kRouterHeight : FrmSettings::kPlainHeight;
+  TheFrmSettings.Height = router ? FrmSettings::kRouterHeight : FrmSettings::kPlainHeight;
 }
 
 void SettingsDialog::CheckChime(const CheckBox& check, CommandButton& select, Label& label) {
@@ -171,28 +174,28 @@ void SettingsDialog::CheckChime(const CheckBox& check, CommandButton& select, La
 }
 
 void SettingsDialog::ChangeMasterVolume() {
-  Lines.SetMaster(Dialog.slMasterVolume.Value);
-  ChangeVolume(Dialog.slMasterVolume, Values.MasterVolume, keys::kMasterVolume);
+  Lines.SetMaster(TheFrmSettings.slMasterVolume.Value);
+  ChangeVolume(TheFrmSettings.slMasterVolume, Values.MasterVolume, keys::kMasterVolume);
 }
 
 void SettingsDialog::ChangeMusicVolume() {
-  Lines.SetWave(Dialog.slMusicVolume.Value);
-  ChangeVolume(Dialog.slMusicVolume, Values.MusicVolume, keys::kMusicVolume);
+  Lines.SetWave(TheFrmSettings.slMusicVolume.Value);
+  ChangeVolume(TheFrmSettings.slMusicVolume, Values.MusicVolume, keys::kMusicVolume);
 }
 
 /// Without a microphone only the setting changes: line 0 would be the master, which has its own
 /// slider.
 void SettingsDialog::ChangeMicroVolume() {
-  Lines.SetMicrophone(Dialog.slMicroVolume.Value);
-  ChangeVolume(Dialog.slMicroVolume, Values.MicroVolume, keys::kMicroVolume);
+  Lines.SetMicrophone(TheFrmSettings.slMicroVolume.Value);
+  ChangeVolume(TheFrmSettings.slMicroVolume, Values.MicroVolume, keys::kMicroVolume);
 }
 
 /// Music and messages share the wave line: it is set only while a message plays on it.
 void SettingsDialog::ChangeMessageVolume() {
   if (TheFlags.MessagePlaying) {
-    Lines.SetWave(Dialog.slMessageVolume.Value);
+    Lines.SetWave(TheFrmSettings.slMessageVolume.Value);
   }
-  ChangeVolume(Dialog.slMessageVolume, Values.MessageVolume, keys::kMessageVolume);
+  ChangeVolume(TheFrmSettings.slMessageVolume, Values.MessageVolume, keys::kMessageVolume);
 }
 
 void SettingsDialog::ChangeVolume(const Slider& slider, int& value, const ProfileKey& key) {
@@ -201,22 +204,22 @@ void SettingsDialog::ChangeVolume(const Slider& slider, int& value, const Profil
 }
 
 void SettingsDialog::cmdOK_Click() {
-  if (Refuse(Dialog.lblBGDir_Name, kStrNoMusicDirectoryEntered)) return;
-  if (Refuse(Dialog.lblMsgDir_Name, kStrNoMessageDirectoryEntered)) return;
+  if (Refuse(TheFrmSettings.lblBGDir_Name, kStrNoMusicDirectoryEntered)) return;
+  if (Refuse(TheFrmSettings.lblMsgDir_Name, kStrNoMessageDirectoryEntered)) return;
   WriteDirectories();
   WriteZoneNames();
   WriteAmplifier();
   WritePriority();
   WriteFadeTime();
   // The open port is kept: another number takes effect at the next start of the program.
-  Store.Write(keys::kComPort, Dialog.optCom[0].Value() ? "1" : "2");
+  Store.Write(keys::kComPort, TheFrmSettings.optCom[0].Value() ? "1" : "2");
   WriteChimes();
   ChangeMasterVolume();
   ChangeMessageVolume();
   ChangeMicroVolume();
   ChangeMusicVolume();
   if (TheFrmMain.Visible) RefreshMainWindow();
-  Dialog.Unload();
+  TheFrmSettings.Unload();
   TheFrmMain.Show();
 }
 
@@ -228,22 +231,22 @@ bool SettingsDialog::Refuse(const Label& directory, int messageId) {
 }
 
 void SettingsDialog::WriteDirectories() {
-  Values.MusicDirectory = Dialog.lblBGDir_Name.Caption;
-  Values.MessageDirectory = Dialog.lblMsgDir_Name.Caption;
+  Values.MusicDirectory = TheFrmSettings.lblBGDir_Name.Caption;
+  Values.MessageDirectory = TheFrmSettings.lblMsgDir_Name.Caption;
   Store.Write(keys::kMusicDirectory, Values.MusicDirectory);
   Store.Write(keys::kMessageDirectory, Values.MessageDirectory);
 }
 
 void SettingsDialog::WriteZoneNames() {
   for (int zone = 0; zone < kZones; ++zone) {
-    const std::string& name = Dialog.txtZoneName[zone].Text;
+    const std::string& name = TheFrmSettings.txtZoneName[zone].Text;
     Store.Write({keys::kZoneNames, keys::ZoneName(zone)}, QuotedName(name));
     Values.ZoneNames[static_cast<std::size_t>(zone)] = name;
   }
 }
 
 void SettingsDialog::WriteAmplifier() {
-  const bool router = Dialog.optTolvo[0].Value();
+  const bool router = TheFrmSettings.optTolvo[0].Value();
   router ? UseRouter() : UseNoRouter();
   Store.WriteFlag(keys::kRouter, router);
 }
@@ -266,23 +269,23 @@ void SettingsDialog::UseNoRouter() {
 }
 
 void SettingsDialog::WritePriority() {
-  Values.PriorityLevelText = Dialog.optPriority[0].Value() ? "Low" : "High";
+  Values.PriorityLevelText = TheFrmSettings.optPriority[0].Value() ? "Low" : "High";
   Store.Write(keys::kPriority, Values.PriorityLevelText);
   Values.OwnPriorityLevel = PriorityLevelOf(Values.PriorityLevelText);
 }
 
 void SettingsDialog::WriteFadeTime() {
-  const bool slow = Dialog.optSlow.Value();
+  const bool slow = TheFrmSettings.optSlow.Value();
   Values.FadeTime = slow ? kSlowFadeTimeMs : kFastFadeTimeMs;
   Store.Write(keys::kFadeTime, slow ? "Slow" : "Fast");
 }
 
 /// Writes what the labels show: if a box is checked but nothing is picked, an empty chime.
 void SettingsDialog::WriteChimes() {
-  if (Dialog.chkPreChime.Value != kChecked) Values.PreChime.clear();
-  if (Dialog.chkPostChime.Value != kChecked) Values.PostChime.clear();
-  Store.Write(keys::kPreChime, QuotedName(Dialog.lblPreChime.Caption.Get()));
-  Store.Write(keys::kPostChime, QuotedName(Dialog.lblPostChime.Caption.Get()));
+  if (TheFrmSettings.chkPreChime.Value != kChecked) Values.PreChime.clear();
+  if (TheFrmSettings.chkPostChime.Value != kChecked) Values.PostChime.clear();
+  Store.Write(keys::kPreChime, QuotedName(TheFrmSettings.lblPreChime.Caption.Get()));
+  Store.Write(keys::kPostChime, QuotedName(TheFrmSettings.lblPostChime.Caption.Get()));
 }
 
 void SettingsDialog::RefreshMainWindow() {
@@ -291,7 +294,7 @@ void SettingsDialog::RefreshMainWindow() {
 }
 
 void SettingsDialog::cmdCancel_Click() {
-  Dialog.Unload();
+  TheFrmSettings.Unload();
   if (!TheFrmMain.Visible) TheProcess.End();
 }
 

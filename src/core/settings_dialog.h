@@ -68,7 +68,7 @@ class SettingsDialog {
   SettingsStore& Store;
   Settings& Values;
   Process& TheProcess;
-  FrmSettings& Dialog;
+  FrmSettings& TheFrmSettings;
   FrmMain& TheFrmMain;
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;

@@ -46,15 +46,15 @@ System::System(const Pc& pc)
       Keys(Store, TheWindows, Editor, Selected),
       TheMainWindow(ThePc, Store, TheWindows, TheFrmPlayers, TheFrmMxr, Lines, Strings, Columns,
                     Playlist, Sequences, Routing, TheNotices),
-      Dialog(TheFlags, Store, pc.TheProcess, TheWindows, TheFrmPlayers, Lines, Strings, TheNotices,
-             Table, TheMainWindow),
+      TheSettingsDialog(TheFlags, Store, pc.TheProcess, TheWindows, TheFrmPlayers, Lines, Strings,
+                        TheNotices, Table, TheMainWindow),
       ThePickers(Store, TheWindows, Strings),
       Loader(TheFlags, Store, TheWindows, TheFrmPlayers, Mixer, Lines, TheNotices),
       ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, pc.Clock, Strings),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader, TheNotices) {
   // Calls from a lower floor of the house to a higher one.
   Store.OnNotSaved = [this] { StartUp_.TellNotSaved(); };
-  Dialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
+  TheSettingsDialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
   Link.ResumeMusic = [this] { Music.PlaySong(); };
   Music.AnnounceAtBreak = [this] { Wavs.PlayMessageWavs(); };
   ThePreviews.EndSong = [this] { ThePlaylistEditor.EndPreview(); };

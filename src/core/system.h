@@ -87,7 +87,7 @@ class System {
   CallSequence Call;
   FunctionKeys Keys;
   MainWindow TheMainWindow;
-  SettingsDialog Dialog;
+  SettingsDialog TheSettingsDialog;
   Pickers ThePickers;
   SettingsLoader Loader;
   Passerby ThePasserby;

@@ -57,7 +57,7 @@ PlaylistEditor::PlaylistEditor(Flags& flags, SettingsStore& store, Directories& 
       TheDialogs(dialogs),
       TheFrmMain(windows.frmMain),
       TheFrmSettings(windows.frmSettings),
-      Editor(windows.frmPlaylist),
+      TheFrmPlaylist(windows.frmPlaylist),
       TheFrmPlayers(frmPlayers),
       Lines(lines),
       Player(player),
@@ -65,101 +65,101 @@ PlaylistEditor::PlaylistEditor(Flags& flags, SettingsStore& store, Directories& 
       Strings(strings),
       TheNotices(notices) {
   TheFrmMain.mnuPlaylist.OnClick = [this] { mnuPlaylist_Click(); };
-  Editor.OnLoad = [this] { Load(); };
+  TheFrmPlaylist.OnLoad = [this] { Load(); };
   WireSelection();
   WireFile();
 }
 
 void PlaylistEditor::WireSelection() {
-  Editor.AvailMP3s.OnClick = [this] { AddClicked(); };
-  Editor.SelectedMP3s.OnClick = [this] {
-    Editor.PrevKey.Enabled = true;
-    Editor.RemoveKey.Enabled = true;
+  TheFrmPlaylist.AvailMP3s.OnClick = [this] { AddClicked(); };
+  TheFrmPlaylist.SelectedMP3s.OnClick = [this] {
+    TheFrmPlaylist.PrevKey.Enabled = true;
+    TheFrmPlaylist.RemoveKey.Enabled = true;
   };
-  Editor.cmdSelectAll.OnClick = [this] { cmdSelectAll_Click(); };
-  Editor.RemoveKey.OnClick = [this] { RemoveKey_Click(); };
-  Editor.RemAll_Key.OnClick = [this] { RemAll_Key_Click(); };
-  Editor.cmdRandomize.OnClick = [this] { cmdRandomize_Click(); };
-  Editor.PrevKey.OnClick = [this] { PrevKey_Click(); };
-  for (const auto& option : Editor.optScheduled) {
+  TheFrmPlaylist.cmdSelectAll.OnClick = [this] { cmdSelectAll_Click(); };
+  TheFrmPlaylist.RemoveKey.OnClick = [this] { RemoveKey_Click(); };
+  TheFrmPlaylist.RemAll_Key.OnClick = [this] { RemAll_Key_Click(); };
+  TheFrmPlaylist.cmdRandomize.OnClick = [this] { cmdRandomize_Click(); };
+  TheFrmPlaylist.PrevKey.OnClick = [this] { PrevKey_Click(); };
+  for (const auto& option : TheFrmPlaylist.optScheduled) {
     option->OnClick = [this, index = option->Index] { optScheduled_Click(index); };
   }
 }
 
 void PlaylistEditor::WireFile() {
-  Editor.mnuOpen.OnClick = [this] { mnuOpen_Click(); };
-  Editor.mnuSave.OnClick = [this] { mnuSave_Click(); };
-  Editor.mnuExit.OnClick = [this] { Editor.Unload(); };
+  TheFrmPlaylist.mnuOpen.OnClick = [this] { mnuOpen_Click(); };
+  TheFrmPlaylist.mnuSave.OnClick = [this] { mnuSave_Click(); };
+  TheFrmPlaylist.mnuExit.OnClick = [this] { TheFrmPlaylist.Unload(); };
 }
 
 void PlaylistEditor::mnuPlaylist_Click() {
-  if (!TheDirectories.Search(Values.MusicDirectory).empty()) return Editor.Show();
+  if (!TheDirectories.Search(Values.MusicDirectory).empty()) return TheFrmPlaylist.Show();
   TheNotices.Error(Strings.LoadString(kStrNoMusicDirectoryFound) + Values.MusicDirectory + "\r" +
                        Strings.LoadString(kStrOpenConfiguration),
                    [this] { TheFrmSettings.Show(); });
 }
 
 void PlaylistEditor::Load() {
-  WriteMenuIds(Editor);
-  TranslateControls(Editor, Strings);
-  Editor.Caption = Strings.LoadString(kStrPlaylistEditor);
-  Editor.MP3List.SetPattern(kSongPattern);
-  Editor.MP3List.SetPath(Values.MusicDirectory);
-  for (int file = 0; file < Editor.MP3List.ListCount(); ++file) {
-    Editor.AvailMP3s.AddItem(SongName(Editor.MP3List.List(file)));
+  WriteMenuIds(TheFrmPlaylist);
+  TranslateControls(TheFrmPlaylist, Strings);
+  TheFrmPlaylist.Caption = Strings.LoadString(kStrPlaylistEditor);
+  TheFrmPlaylist.MP3List.SetPattern(kSongPattern);
+  TheFrmPlaylist.MP3List.SetPath(Values.MusicDirectory);
+  for (int file = 0; file < TheFrmPlaylist.MP3List.ListCount(); ++file) {
+    TheFrmPlaylist.AvailMP3s.AddItem(SongName(TheFrmPlaylist.MP3List.List(file)));
   }
-  Editor.PrevKey.Enabled = false;
-  Editor.frMusicTime.Visible = false;
+  TheFrmPlaylist.PrevKey.Enabled = false;
+  TheFrmPlaylist.frMusicTime.Visible = false;
   FillTimeLists();
 }
 
 void PlaylistEditor::FillTimeLists() {
   for (int hour = 0; hour < 24; ++hour) {
-    Editor.cmbStartHours.AddItem(TwoDigits(std::to_string(hour)));
-    Editor.cmbStopHours.AddItem(TwoDigits(std::to_string(hour)));
+    TheFrmPlaylist.cmbStartHours.AddItem(TwoDigits(std::to_string(hour)));
+    TheFrmPlaylist.cmbStopHours.AddItem(TwoDigits(std::to_string(hour)));
   }
   for (int minute = 0; minute < 60; ++minute) {
-    Editor.cmbStartMinutes.AddItem(TwoDigits(std::to_string(minute)));
-    Editor.cmbStopMinutes.AddItem(TwoDigits(std::to_string(minute)));
+    TheFrmPlaylist.cmbStartMinutes.AddItem(TwoDigits(std::to_string(minute)));
+    TheFrmPlaylist.cmbStopMinutes.AddItem(TwoDigits(std::to_string(minute)));
   }
 }
 
 void PlaylistEditor::AddClicked() {
-  if (Editor.AvailMP3s.ListIndex() == ListBox::kNoSelection) return;
-  Editor.SelectedMP3s.AddItem(Editor.AvailMP3s.Text());
-  Editor.RemAll_Key.Enabled = true;
+  if (TheFrmPlaylist.AvailMP3s.ListIndex() == ListBox::kNoSelection) return;
+  TheFrmPlaylist.SelectedMP3s.AddItem(TheFrmPlaylist.AvailMP3s.Text());
+  TheFrmPlaylist.RemAll_Key.Enabled = true;
 }
 
 /// Deliberate: the buttons do not change, here or wherever the list is filled other than by a
 /// click.
 void PlaylistEditor::cmdSelectAll_Click() {
-  Editor.SelectedMP3s.Clear();
-  for (int file = 0; file < Editor.MP3List.ListCount(); ++file) {
-    Editor.SelectedMP3s.AddItem(SongName(Editor.MP3List.List(file)));
+  TheFrmPlaylist.SelectedMP3s.Clear();
+  for (int file = 0; file < TheFrmPlaylist.MP3List.ListCount(); ++file) {
+    TheFrmPlaylist.SelectedMP3s.AddItem(SongName(TheFrmPlaylist.MP3List.List(file)));
   }
 }
 
 /// The button can be enabled without a selection, after a preview or a shuffle; it then removes
 /// nothing.
 void PlaylistEditor::RemoveKey_Click() {
-  ListBox& songs = Editor.SelectedMP3s;
+  ListBox& songs = TheFrmPlaylist.SelectedMP3s;
   if (songs.ListCount() > 0) {
     if (songs.ListIndex() != ListBox::kNoSelection) songs.RemoveItem(songs.ListIndex());
-    Editor.RemoveKey.Enabled = false;
+    TheFrmPlaylist.RemoveKey.Enabled = false;
   }
   if (songs.ListCount() > 0) return;
-  Editor.PrevKey.Enabled = false;
-  Editor.RemAll_Key.Enabled = false;
+  TheFrmPlaylist.PrevKey.Enabled = false;
+  TheFrmPlaylist.RemAll_Key.Enabled = false;
 }
 
 void PlaylistEditor::RemAll_Key_Click() {
-  Editor.SelectedMP3s.Clear();
-  Editor.RemAll_Key.Enabled = false;
+  TheFrmPlaylist.SelectedMP3s.Clear();
+  TheFrmPlaylist.RemAll_Key.Enabled = false;
 }
 
 void PlaylistEditor::cmdRandomize_Click() {
-  ListBox& songs = Editor.SelectedMP3s;
-  ListBox& left = Editor.lstRandom;
+  ListBox& songs = TheFrmPlaylist.SelectedMP3s;
+  ListBox& left = TheFrmPlaylist.lstRandom;
   left.Clear();
   for (int song = 0; song < songs.ListCount(); ++song) left.AddItem(songs.List(song));
   songs.Clear();
@@ -189,48 +189,48 @@ void PlaylistEditor::EndPreview() {
 }
 
 void PlaylistEditor::StartPreview() {
-  Editor.PrevKey.Caption = Strings.LoadString(kStrStop);
+  TheFrmPlaylist.PrevKey.Caption = Strings.LoadString(kStrStop);
   Lines.OpenMaster();
   Lines.OpenWave();
-  Editor.RemAll_Key.Enabled = false;
-  Editor.RemoveKey.Enabled = false;
+  TheFrmPlaylist.RemAll_Key.Enabled = false;
+  TheFrmPlaylist.RemoveKey.Enabled = false;
   ThePreviews.HoldSongPlayer = true;
-  PreviewOpening = Editor.ThisOpening();
+  PreviewOpening = TheFrmPlaylist.ThisOpening();
   TheFrmPlayers.MP3Player.SetFileName(
-      JoinPath(Editor.MP3List.Path(), Editor.SelectedMP3s.Text() + kSongExtension));
+      JoinPath(TheFrmPlaylist.MP3List.Path(), TheFrmPlaylist.SelectedMP3s.Text() + kSongExtension));
   // Deliberate: `PlaySong` tests whether the main window's song exists, not this one.
   Player.PlaySong();
 }
 
 void PlaylistEditor::StopPreview() {
-  Editor.PrevKey.Caption = Strings.LoadString(kStrPlay);
+  TheFrmPlaylist.PrevKey.Caption = Strings.LoadString(kStrPlay);
   TheFrmPlayers.MP3Player.Stop();
-  Editor.RemAll_Key.Enabled = true;
-  Editor.RemoveKey.Enabled = true;
+  TheFrmPlaylist.RemAll_Key.Enabled = true;
+  TheFrmPlaylist.RemoveKey.Enabled = true;
 }
 
 void PlaylistEditor::optScheduled_Click(int index) {
-  Editor.frMusicTime.Visible = index == FrmPlaylist::kScheduled;
+  TheFrmPlaylist.frMusicTime.Visible = index == FrmPlaylist::kScheduled;
   if (index == FrmPlaylist::kScheduled) return;
   for (ComboBox* list : TimeLists()) list->SetListIndex(ListBox::kNoSelection);
-  for (const auto& day : Editor.chkDays) day->Value = 0;
+  for (const auto& day : TheFrmPlaylist.chkDays) day->Value = 0;
 }
 
 void PlaylistEditor::mnuOpen_Click() {
   TheDialogs.LeaveOpen(PlaylistDialog(Store),
-                       Editor.WhileOpen([this](const std::string& file) { Open(file); }));
+                       TheFrmPlaylist.WhileOpen([this](const std::string& file) { Open(file); }));
 }
 
 /// Deliberate: the times of the chosen file become the ones that the clock tests, until a list is
 /// opened in the main window. A cancelled dialog counts as an empty file.
 void PlaylistEditor::Open(const std::string& file) {
-  Editor.SelectedMP3s.Clear();
+  TheFrmPlaylist.SelectedMP3s.Clear();
   ShowName(file);
   for (const std::string& song : Store.ReadNumberedValues(keys::kSongs, file)) {
-    Editor.SelectedMP3s.AddItem(song);
+    TheFrmPlaylist.SelectedMP3s.AddItem(song);
   }
   ReadPlaylistTimes(Store, file);
-  if (Values.MusicAutostart) Editor.optScheduled[FrmPlaylist::kAutostart].SetValue(true);
+  if (Values.MusicAutostart) TheFrmPlaylist.optScheduled[FrmPlaylist::kAutostart].SetValue(true);
   ShowTimes();
 }
 
@@ -238,22 +238,22 @@ void PlaylistEditor::Open(const std::string& file) {
 /// the file is.
 void PlaylistEditor::ShowName(const std::string& file) {
   const std::size_t cut = CountCharacters(JoinPath(Store.ApplicationDirectory(), ""));
-  Editor.Caption = Strings.LoadString(kStrPlaylist) + " " +
-                   std::string(CharactersFrom(file, cut + 1, kShownPathCharacters));
+  TheFrmPlaylist.Caption = Strings.LoadString(kStrPlaylist) + " " +
+                           std::string(CharactersFrom(file, cut + 1, kShownPathCharacters));
 }
 
 void PlaylistEditor::ShowTimes() {
   const bool scheduled = !Values.MusicStartTime.empty();
-  Editor.frMusicTime.Visible = scheduled;
-  Editor.optScheduled[FrmPlaylist::kScheduled].SetValue(scheduled);
+  TheFrmPlaylist.frMusicTime.Visible = scheduled;
+  TheFrmPlaylist.optScheduled[FrmPlaylist::kScheduled].SetValue(scheduled);
   if (!scheduled) return;
-  SelectTime(Editor.cmbStartHours, Editor.cmbStartMinutes, Values.MusicStartTime);
-  SelectTime(Editor.cmbStopHours, Editor.cmbStopMinutes, Values.MusicStopTime);
+  SelectTime(TheFrmPlaylist.cmbStartHours, TheFrmPlaylist.cmbStartMinutes, Values.MusicStartTime);
+  SelectTime(TheFrmPlaylist.cmbStopHours, TheFrmPlaylist.cmbStopMinutes, Values.MusicStopTime);
   // Days past the end of the mask are off.
   const std::string mask = Values.MusicWeekDays + std::string(kWeekdays, '0');
   const std::vector<bool> on = DigitsInPlace(mask, kWeekdays).value();
   for (int day = 0; day < kWeekdays; ++day) {
-    Editor.chkDays[day].Value = on[static_cast<std::size_t>(day)] ? kChecked : 0;
+    TheFrmPlaylist.chkDays[day].Value = on[static_cast<std::size_t>(day)] ? kChecked : 0;
   }
 }
 
@@ -261,14 +261,14 @@ void PlaylistEditor::mnuSave_Click() {
   if (RefuseEmptyList()) return;
   FileDialog dialog = PlaylistDialog(Store);
   dialog.Save = true;
-  TheDialogs.LeaveOpen(dialog, Editor.WhileOpen([this](const std::string& file) {
+  TheDialogs.LeaveOpen(dialog, TheFrmPlaylist.WhileOpen([this](const std::string& file) {
     // The list may have been emptied while the dialog was open.
     if (!file.empty() && !RefuseEmptyList()) Save(file);
   }));
 }
 
 bool PlaylistEditor::RefuseEmptyList() {
-  if (Editor.SelectedMP3s.ListCount() > 0) return false;
+  if (TheFrmPlaylist.SelectedMP3s.ListCount() > 0) return false;
   TheNotices.Error(kStrNoSongsSelected);
   return true;
 }
@@ -288,17 +288,17 @@ void PlaylistEditor::Save(const std::string& file) {
     Values.MusicStartTime = StartTime();
     Values.MusicStopTime = StopTime();
   } else {
-    Values.MusicAutostart = Editor.optScheduled[FrmPlaylist::kAutostart].Value();
+    Values.MusicAutostart = TheFrmPlaylist.optScheduled[FrmPlaylist::kAutostart].Value();
   }
-  Editor.Unload();
+  TheFrmPlaylist.Unload();
 }
 
 std::vector<ProfileEntry> PlaylistEditor::SongEntries() const {
   std::vector<ProfileEntry> entries = {EntryOf(keys::kLastSong, "0")};
-  for (int song = 0; song < Editor.SelectedMP3s.ListCount(); ++song) {
+  for (int song = 0; song < TheFrmPlaylist.SelectedMP3s.ListCount(); ++song) {
     const std::string key = std::string(keys::kSongs.Key) + std::to_string(song + 1);
     entries.push_back(
-        EntryOf({keys::kSongs.Section, key}, QuotedName(Editor.SelectedMP3s.List(song))));
+        EntryOf({keys::kSongs.Section, key}, QuotedName(TheFrmPlaylist.SelectedMP3s.List(song))));
   }
   return entries;
 }
@@ -312,14 +312,15 @@ void PlaylistEditor::AddStart(std::vector<ProfileEntry>& entries, bool timed) co
   add(keys::kStopTime, timed ? StopTime() : "");
   add(keys::kMusicWeekdays, timed ? DayMask() : std::string(kWeekdays, '0'));
   if (timed) return;
-  add(keys::kAutostart, Editor.optScheduled[FrmPlaylist::kAutostart].Value() ? "True" : "False");
+  add(keys::kAutostart,
+      TheFrmPlaylist.optScheduled[FrmPlaylist::kAutostart].Value() ? "True" : "False");
 }
 
 bool PlaylistEditor::HasTimes() const {
   const auto lists = TimeLists();
-  return Editor.frMusicTime.Visible && std::any_of(lists.begin(), lists.end(), [](ComboBox* list) {
-           return list->ListIndex() != ListBox::kNoSelection;
-         });
+  return TheFrmPlaylist.frMusicTime.Visible &&
+         std::any_of(lists.begin(), lists.end(),
+                     [](ComboBox* list) { return list->ListIndex() != ListBox::kNoSelection; });
 }
 
 /// Text id of the error for the first time list without a selection; 0 if all have one.
@@ -334,22 +335,22 @@ int PlaylistEditor::MissingTime() const {
 }
 
 std::string PlaylistEditor::StartTime() const {
-  return Editor.cmbStartHours.Text() + ":" + Editor.cmbStartMinutes.Text();
+  return TheFrmPlaylist.cmbStartHours.Text() + ":" + TheFrmPlaylist.cmbStartMinutes.Text();
 }
 
 std::string PlaylistEditor::StopTime() const {
-  return Editor.cmbStopHours.Text() + ":" + Editor.cmbStopMinutes.Text();
+  return TheFrmPlaylist.cmbStopHours.Text() + ":" + TheFrmPlaylist.cmbStopMinutes.Text();
 }
 
 std::string PlaylistEditor::DayMask() const {
   std::vector<bool> on;
-  for (const auto& day : Editor.chkDays) on.push_back(day->Value == kChecked);
+  for (const auto& day : TheFrmPlaylist.chkDays) on.push_back(day->Value == kChecked);
   return DigitMask(on);
 }
 
 std::array<ComboBox*, 4> PlaylistEditor::TimeLists() const {
-  return {&Editor.cmbStartHours, &Editor.cmbStartMinutes, &Editor.cmbStopHours,
-          &Editor.cmbStopMinutes};
+  return {&TheFrmPlaylist.cmbStartHours, &TheFrmPlaylist.cmbStartMinutes,
+          &TheFrmPlaylist.cmbStopHours, &TheFrmPlaylist.cmbStopMinutes};
 }
 
 }  // namespace marlex

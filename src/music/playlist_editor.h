@@ -75,7 +75,7 @@ class PlaylistEditor {
   Dialogs& TheDialogs;
   FrmMain& TheFrmMain;
   FrmSettings& TheFrmSettings;
-  FrmPlaylist& Editor;
+  FrmPlaylist& TheFrmPlaylist;
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;
   MusicPlayer& Player;

@@ -11,7 +11,7 @@
 namespace marlex {
 namespace {
 
-/// What is looked at in a row. The views point into the cells of the table.
+/// What is looked at in a row. The views point into the cells of the grid.
 struct DueRow {
   int Row;
   std::string Time;
@@ -19,12 +19,12 @@ struct DueRow {
 };
 
 /// The rows that the operator has not removed.
-std::vector<DueRow> RowsInPlace(const Grid& table) {
+std::vector<DueRow> RowsInPlace(const Grid& grid) {
   std::vector<DueRow> rows;
-  for (int row = 1; row < table.Rows(); ++row) {
-    if (table.RowHeight(row) < 1) continue;
-    const std::string& mask = table.TextMatrix(row, kDaysColumn);
-    DueRow& due = rows.emplace_back(DueRow{row, TimeOf(table, row), {}});
+  for (int row = 1; row < grid.Rows(); ++row) {
+    if (grid.RowHeight(row) < 1) continue;
+    const std::string& mask = grid.TextMatrix(row, kDaysColumn);
+    DueRow& due = rows.emplace_back(DueRow{row, TimeOf(grid, row), {}});
     for (std::size_t day = 0; day < due.Days.size(); ++day) {
       due.Days[day] = CharactersFrom(mask, day + 1, 1);
     }
@@ -52,10 +52,10 @@ bool ShareADay(const DueRow& earlier, const DueRow& later, std::set<int>& tooSho
 
 }  // namespace
 
-std::set<std::string> FindConflictPairs(const Grid& table,
+std::set<std::string> FindConflictPairs(const Grid& grid,
                                         const std::function<void(int, int)>& found) {
   std::set<int> tooShort;
-  const std::vector<DueRow> rows = RowsInPlace(table);
+  const std::vector<DueRow> rows = RowsInPlace(grid);
   for (auto row = rows.begin(); row != rows.end(); ++row) {
     // The table is sorted: the first row of another minute ends the search.
     for (auto later = row + 1; later != rows.end() && later->Time == row->Time; ++later) {
@@ -63,7 +63,7 @@ std::set<std::string> FindConflictPairs(const Grid& table,
     }
   }
   std::set<std::string> schedules;
-  for (const int row : tooShort) schedules.insert(table.TextMatrix(row, kNameColumn));
+  for (const int row : tooShort) schedules.insert(grid.TextMatrix(row, kNameColumn));
   return schedules;
 }
 

@@ -8,19 +8,19 @@ Conflicts::Conflicts(const Settings& settings, FrmMain& frmMain, const SoundLine
                      ScheduleColumns& columns, const StringTable& strings, Notices& notices)
     : TheSettings(settings),
       TheFrmMain(frmMain),
-      Table(frmMain.grdSchedule),
+      TheGrid(frmMain.grdSchedule),
       Lines(lines),
       Columns(columns),
       Strings(strings),
       TheNotices(notices) {
-  Table.OnDblClick = [this] { grdSchedule_DblClick(); };
+  TheGrid.OnDblClick = [this] { grdSchedule_DblClick(); };
 }
 
 void Conflicts::DetectConflicts() {
   ClearMarks();
   ConflictFound = false;
   const std::set<std::string> incomplete =
-      FindConflictPairs(Table, [this](int earlier, int later) { MarkPair(earlier, later); });
+      FindConflictPairs(TheGrid, [this](int earlier, int later) { MarkPair(earlier, later); });
   if (!incomplete.empty()) TellIncomplete(incomplete);
   if (ConflictFound) {
     ShowConflictNote();
@@ -33,9 +33,9 @@ void Conflicts::DetectConflicts() {
 
 /// Clears the current column only: the time after a build, the clicked column after a double-click.
 void Conflicts::ClearMarks() {
-  for (int row = 1; row < Table.Rows(); ++row) {
-    Table.SetRow(row);
-    Table.SetCellColors(kWhite, kBlack);
+  for (int row = 1; row < TheGrid.Rows(); ++row) {
+    TheGrid.SetRow(row);
+    TheGrid.SetCellColors(kWhite, kBlack);
   }
 }
 
@@ -46,11 +46,11 @@ void Conflicts::TellIncomplete(const std::set<std::string>& incomplete) {
 }
 
 void Conflicts::MarkPair(int earlierRow, int laterRow) {
-  Table.SetRow(earlierRow);
-  Table.SetCellColors(kRed, kWhite);
-  Table.SetCol(kTimeColumn);
-  Table.SetRow(laterRow);
-  Table.SetCellColors(kRed, kWhite);
+  TheGrid.SetRow(earlierRow);
+  TheGrid.SetCellColors(kRed, kWhite);
+  TheGrid.SetCol(kTimeColumn);
+  TheGrid.SetRow(laterRow);
+  TheGrid.SetCellColors(kRed, kWhite);
   ConflictFound = true;
 }
 
@@ -69,9 +69,9 @@ void Conflicts::ShowConflictNote() {
 /// Only a red time cell reacts: its row is removed. The other row of the pair stays and fires as
 /// usual.
 void Conflicts::grdSchedule_DblClick() {
-  const int row = Table.Row();
-  if (Table.CellBackColor() != kRed) return;
-  Table.SetRowHeight(row, 0);
+  const int row = TheGrid.Row();
+  if (TheGrid.CellBackColor() != kRed) return;
+  TheGrid.SetRowHeight(row, 0);
   DetectConflicts();
 }
 

@@ -34,7 +34,7 @@ class Conflicts {
 
   const Settings& TheSettings;
   FrmMain& TheFrmMain;
-  Grid& Table;
+  Grid& TheGrid;
   const SoundLines& Lines;
   ScheduleColumns& Columns;
   const StringTable& Strings;

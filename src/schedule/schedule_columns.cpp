@@ -6,13 +6,13 @@ namespace marlex {
 
 void ScheduleColumns::SetupScheduleGrid() {
   for (const int column : {kTimeColumn, kDaysColumn, kRoutingColumn}) {
-    Table.SetColAlignment(column, GridAlignment::Centre);
+    TheGrid.SetColAlignment(column, GridAlignment::Centre);
   }
-  Table.SetColAlignment(kNameColumn, GridAlignment::Left);
-  Table.SetColAlignment(kMessagesColumn, GridAlignment::Left);
-  Table.SetColWidth(kTimeColumn, 600);
-  Table.SetColWidth(kRoutingColumn, kRoutingWidth);
-  Table.SetColWidth(kMessagesColumn, 6500);
+  TheGrid.SetColAlignment(kNameColumn, GridAlignment::Left);
+  TheGrid.SetColAlignment(kMessagesColumn, GridAlignment::Left);
+  TheGrid.SetColWidth(kTimeColumn, 600);
+  TheGrid.SetColWidth(kRoutingColumn, kRoutingWidth);
+  TheGrid.SetColWidth(kMessagesColumn, 6500);
 }
 
 void ScheduleColumns::LayoutScheduleColumns() {
@@ -34,26 +34,27 @@ void ScheduleColumns::LayoutScheduleColumns() {
 }
 
 void ScheduleColumns::ShowDaysColumn() {
-  Table.SetColWidth(kDaysColumn, TheSettings.AllDaysView ? kDaysWidth : 0);
-  Table.SetTextMatrix(0, kDaysColumn, TheSettings.AllDaysView ? Strings.LoadString(kStrDays) : "");
+  TheGrid.SetColWidth(kDaysColumn, TheSettings.AllDaysView ? kDaysWidth : 0);
+  TheGrid.SetTextMatrix(0, kDaysColumn,
+                        TheSettings.AllDaysView ? Strings.LoadString(kStrDays) : "");
 }
 
 void ScheduleColumns::Show(int column, int headingId, int width) {
-  Table.SetTextMatrix(0, column, Strings.LoadString(headingId));
-  Table.SetColWidth(column, width);
+  TheGrid.SetTextMatrix(0, column, Strings.LoadString(headingId));
+  TheGrid.SetColWidth(column, width);
 }
 
 void ScheduleColumns::HideAndEmpty(int column) {
-  Table.SetColWidth(column, 0);
-  for (int row = 0; row < Table.Rows(); ++row) Table.SetTextMatrix(row, column, "");
+  TheGrid.SetColWidth(column, 0);
+  for (int row = 0; row < TheGrid.Rows(); ++row) TheGrid.SetTextMatrix(row, column, "");
 }
 
-std::string TimeOf(const Grid& table, int row) {
-  return std::string(FirstCharacters(table.TextMatrix(row, kTimeColumn), 5));
+std::string TimeOf(const Grid& grid, int row) {
+  return std::string(FirstCharacters(grid.TextMatrix(row, kTimeColumn), 5));
 }
 
-bool PlaysAtBreak(const Grid& table, int row) {
-  return table.TextMatrix(row, kTimeColumn).find('+') != std::string::npos;
+bool PlaysAtBreak(const Grid& grid, int row) {
+  return grid.TextMatrix(row, kTimeColumn).find('+') != std::string::npos;
 }
 
 }  // namespace marlex

@@ -10,7 +10,7 @@ namespace marlex {
 class ScheduleColumns {
  public:
   ScheduleColumns(const Settings& settings, FrmMain& frmMain, const StringTable& strings)
-      : TheSettings(settings), Table(frmMain.grdSchedule), Strings(strings) {}
+      : TheSettings(settings), TheGrid(frmMain.grdSchedule), Strings(strings) {}
 
   static constexpr int kDaysWidth = 800;
   static constexpr int kRoutingWidth = 800;
@@ -30,14 +30,14 @@ class ScheduleColumns {
   void HideAndEmpty(int column);
 
   const Settings& TheSettings;
-  Grid& Table;
+  Grid& TheGrid;
   const StringTable& Strings;
 };
 
 /// Firing time of a row: the first five characters of its time cell.
-std::string TimeOf(const Grid& table, int row);
+std::string TimeOf(const Grid& grid, int row);
 
 /// Whether a row waits for the next music break: its time has a "+" after it.
-bool PlaysAtBreak(const Grid& table, int row);
+bool PlaysAtBreak(const Grid& grid, int row);
 
 }  // namespace marlex

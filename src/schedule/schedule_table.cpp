@@ -11,7 +11,7 @@ ScheduleTable::ScheduleTable(SettingsStore& store, WallClock& clock, FrmMain& fr
                              Notices& notices)
     : Store(store),
       Clock(clock),
-      Table(frmMain.grdSchedule),
+      TheGrid(frmMain.grdSchedule),
       SeqFileList(frmPlayers.SeqFileList),
       Columns(columns),
       TheConflicts(conflicts),
@@ -20,14 +20,14 @@ ScheduleTable::ScheduleTable(SettingsStore& store, WallClock& clock, FrmMain& fr
 void ScheduleTable::RebuildScheduleTable() {
   Columns.ShowDaysColumn();
   NextTableRow = 1;
-  Table.SetRows(1);
+  TheGrid.SetRows(1);
   // Without an open file, neither conflicts nor columns are updated, and ConflictFound keeps its
   // value.
   if (SeqFileList.ListCount() == 0) return;
   AddAllFiles();
-  if (Table.Rows() > 1) {
-    Table.SetCol(kTimeColumn);
-    Table.Sort();
+  if (TheGrid.Rows() > 1) {
+    TheGrid.SetCol(kTimeColumn);
+    TheGrid.Sort();
   }
   TheConflicts.DetectConflicts();
   if (!TheConflicts.ConflictFound) Columns.LayoutScheduleColumns();
@@ -79,13 +79,13 @@ void ScheduleTable::AddSequenceRows() {
 
 void ScheduleTable::AddRow(const std::string& time, const std::string& weekdays,
                            const std::string& zones, const std::string& messages) {
-  Table.SetRows(Table.Rows() + 1);
-  Table.SetTextMatrix(NextTableRow, kDaysColumn, weekdays);
-  Table.SetTextMatrix(NextTableRow, kMessagesColumn, messages);
-  Table.SetTextMatrix(NextTableRow, kRoutingColumn, zones);
-  Table.SetTextMatrix(NextTableRow, kNameColumn, UpToFirstPoint(CurrentSequenceFile));
+  TheGrid.SetRows(TheGrid.Rows() + 1);
+  TheGrid.SetTextMatrix(NextTableRow, kDaysColumn, weekdays);
+  TheGrid.SetTextMatrix(NextTableRow, kMessagesColumn, messages);
+  TheGrid.SetTextMatrix(NextTableRow, kRoutingColumn, zones);
+  TheGrid.SetTextMatrix(NextTableRow, kNameColumn, UpToFirstPoint(CurrentSequenceFile));
   // A blank sorts before "+", so within a minute the rows at the set time come first.
-  Table.SetTextMatrix(NextTableRow, kTimeColumn, time + (TimerModeExact ? "  " : "+"));
+  TheGrid.SetTextMatrix(NextTableRow, kTimeColumn, time + (TimerModeExact ? "  " : "+"));
   ++NextTableRow;
 }
 

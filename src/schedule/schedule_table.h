@@ -42,7 +42,7 @@ class ScheduleTable {
 
   SettingsStore& Store;
   WallClock& Clock;
-  Grid& Table;
+  Grid& TheGrid;
   ListBox& SeqFileList;
   ScheduleColumns& Columns;
   Conflicts& TheConflicts;

@@ -10,10 +10,10 @@ ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, Frm
                            MessagePlayback& playback)
     : TheFlags(flags),
       Clock(clock),
-      Table(frmMain.grdSchedule),
+      TheGrid(frmMain.grdSchedule),
       TheFrmPlayers(frmPlayers),
-      Music(music),
-      TheTable(table),
+      MusicClock(music),
+      Table(table),
       Wavs(wavs),
       Playback(playback) {
   frmPlayers.tmrMessage.OnTimer = [this] { Tick(); };
@@ -24,15 +24,15 @@ void ScheduleTick::Tick() {
   // resumed the schedule meanwhile. What is due then follows afterwards, if the minute lasts.
   if (TheFlags.CallActive || TheFlags.MessagePlaying) return;
   if (!AcceptMinute() || !TheFlags.PriorityClear) return;
-  Music.CheckMusicStart();
-  Music.CheckMusicStop();
+  MusicClock.CheckMusicStart();
+  MusicClock.CheckMusicStop();
   // A call, ours or the amplifier's, may have begun during the fade that stops the music.
   if (TheFlags.CallActive || !TheFlags.PriorityClear) return;
   if (TheFlags.CurrentMinute == "00:00") StartNewDay();
   if (!FindDueRow() || !RunsToday(ScheduleRow)) return;
   MarkFiringRow();
-  CurrentMessageInfo = Table.TextMatrix(ScheduleRow, kMessagesColumn);
-  CurrentRouting = Table.TextMatrix(ScheduleRow, kRoutingColumn);
+  CurrentMessageInfo = TheGrid.TextMatrix(ScheduleRow, kMessagesColumn);
+  CurrentRouting = TheGrid.TextMatrix(ScheduleRow, kRoutingColumn);
   Wavs.BuildMessageList(CurrentMessageInfo);
   Dispatch();
 }
@@ -47,14 +47,15 @@ bool ScheduleTick::AcceptMinute() {
 }
 
 void ScheduleTick::StartNewDay() {
-  TheTable.RebuildScheduleTable();
+  Table.RebuildScheduleTable();
   TheFlags.MusicStoppedByUser = false;
 }
 
 /// Finds the first row of the minute that is not removed. A second one is never played.
 bool ScheduleTick::FindDueRow() {
-  for (ScheduleRow = 1; ScheduleRow < Table.Rows(); ++ScheduleRow) {
-    if (Table.RowHeight(ScheduleRow) != 0 && TimeOf(Table, ScheduleRow) == TheFlags.CurrentMinute)
+  for (ScheduleRow = 1; ScheduleRow < TheGrid.Rows(); ++ScheduleRow) {
+    if (TheGrid.RowHeight(ScheduleRow) != 0 &&
+        TimeOf(TheGrid, ScheduleRow) == TheFlags.CurrentMinute)
       return true;
   }
   return false;
@@ -63,7 +64,7 @@ bool ScheduleTick::FindDueRow() {
 /// Deliberate: tests the mask without its sixth character. On Saturdays it finds Sunday's digit
 /// instead; on Sundays it finds none, so the row fires. An empty cell fires every day.
 bool ScheduleTick::RunsToday(int row) const {
-  const std::string& mask = Table.TextMatrix(row, kDaysColumn);
+  const std::string& mask = TheGrid.TextMatrix(row, kDaysColumn);
   std::string tested(FirstCharacters(mask, 5));
   tested += CharactersFrom(mask, 7, 2);
   return DayIsOn(tested, Clock.Now().Weekday);
@@ -74,22 +75,22 @@ bool ScheduleTick::RunsToday(int row) const {
 void ScheduleTick::MarkFiringRow() {
   constexpr int kRowsAbove = 6;
   for (int row = 1; row <= ScheduleRow; ++row) PaintRow(row, kWhite, kBlack);
-  if (ScheduleRow > kRowsAbove) Table.SetTopRow(ScheduleRow - kRowsAbove);
+  if (ScheduleRow > kRowsAbove) TheGrid.SetTopRow(ScheduleRow - kRowsAbove);
   PaintRow(ScheduleRow, kNavy, kWhite);
 }
 
 void ScheduleTick::PaintRow(int row, Color back, Color text) {
-  Table.SetRow(row);
+  TheGrid.SetRow(row);
   for (int column = 0; column < Grid::kColumns; ++column) {
-    Table.SetCol(column);
-    Table.SetCellColors(back, text);
+    TheGrid.SetCol(column);
+    TheGrid.SetCellColors(back, text);
   }
 }
 
 void ScheduleTick::Dispatch() {
-  if (PlaysAtBreak(Table, ScheduleRow) && TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
+  if (PlaysAtBreak(TheGrid, ScheduleRow) && TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     TheFrmPlayers.HoldSchedule();
-    WaitingTime = Table.TextMatrix(ScheduleRow, kTimeColumn);
+    WaitingTime = TheGrid.TextMatrix(ScheduleRow, kTimeColumn);
     TheFlags.MessageAwaitingSongEnd = true;
     return;
   }

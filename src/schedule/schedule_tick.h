@@ -45,10 +45,10 @@ class ScheduleTick {
 
   Flags& TheFlags;
   WallClock& Clock;
-  Grid& Table;
+  Grid& TheGrid;
   FrmPlayers& TheFrmPlayers;
-  MusicSchedule& Music;
-  ScheduleTable& TheTable;
+  MusicSchedule& MusicClock;
+  ScheduleTable& Table;
   MessageWavs& Wavs;
   MessagePlayback& Playback;
 };

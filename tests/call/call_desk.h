@@ -11,11 +11,11 @@ namespace marlex {
 /// operator is about to press. The rows of its schedule, if any, begin at 12:01.
 class CallDesk : public Desk {
  public:
-  enum class Music { Plays, IsSilent };
+  enum class MusicAtStart { Plays, IsSilent };
 
-  explicit CallDesk(DeskOptions options = Chimes(), Music music = Music::Plays)
+  explicit CallDesk(DeskOptions options = Chimes(), MusicAtStart music = MusicAtStart::Plays)
       : Desk(WithMedia(std::move(options))) {
-    if (music == Music::Plays) Click("cmdPlay");
+    if (music == MusicAtStart::Plays) Click("cmdPlay");
     Advance(1000);
     Pc.Loop.AfterEvent = [this] {
       if (!MuteCheck(Sys->Mixer.MicLine)) MicrophoneOpened = true;

@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = CallDesk::Music::IsSilent;
+constexpr auto kSilent = CallDesk::MusicAtStart::IsSilent;
 constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
 
 /// A desk one second before a row of two messages into zone 3; the call goes into zone 4.

@@ -10,7 +10,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = CallDesk::Music::IsSilent;
+constexpr auto kSilent = CallDesk::MusicAtStart::IsSilent;
 constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
 
 TEST(CallOverSchedule, PressedInTheFadeAtASequencesEndItLosesTheRowsUnderIt) {

@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = CallDesk::Music::IsSilent;
+constexpr auto kSilent = CallDesk::MusicAtStart::IsSilent;
 
 constexpr const char* kRest = "Call, lamps off";
 constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
@@ -320,7 +320,7 @@ TEST(CallSequence, AReleaseWithoutACallDoesNothing) {
 
 TEST(CallSequence, AReleaseInTheSameInstantEndsItBeforeTheMicrophoneOpens) {
   for (const char* chime : {"", "chime"}) {
-    for (const auto music : {CallDesk::Music::Plays, kSilent}) {
+    for (const auto music : {CallDesk::MusicAtStart::Plays, kSilent}) {
       CallDesk desk({.PreChime = chime}, music);
       desk.Do([&] {
         desk.Pc.Loop.Post([&desk] { desk.Main().cmdCall.OnMouseUp(MouseButton::Left); });
@@ -332,7 +332,7 @@ TEST(CallSequence, AReleaseInTheSameInstantEndsItBeforeTheMicrophoneOpens) {
       EXPECT_EQ(desk.Station(), kRest);
       EXPECT_EQ(desk.Alive(), kAllAlive);
       EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
-      if (music == CallDesk::Music::Plays) {
+      if (music == CallDesk::MusicAtStart::Plays) {
         EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
       }
     }

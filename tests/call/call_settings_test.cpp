@@ -69,7 +69,7 @@ TEST(CallMeetsSettings, AnOkInItsMidstLeavesItsStepsAsTheyAre) {
 TEST(CallMeetsSettings, AnOkInTheMidstOfOneWithoutMusicClosesNothingOfIt) {
   for (const auto& [during, atMs] : kMoments) {
     SCOPED_TRACE(during);
-    CallDesk desk(CallDesk::Chimes(), CallDesk::Music::IsSilent);
+    CallDesk desk(CallDesk::Chimes(), CallDesk::MusicAtStart::IsSilent);
     CallWith(desk, atMs, [&] {
       desk.Click("mnuSettings");
       desk.Click("cmdOK");

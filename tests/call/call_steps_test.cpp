@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = CallDesk::Music::IsSilent;
+constexpr auto kSilent = CallDesk::MusicAtStart::IsSilent;
 constexpr const char* kRest = "Call, lamps off";
 constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
 constexpr const char* kMusic = "song march.mp3 at 20000";
@@ -110,7 +110,7 @@ TEST(CallSteps, AChimeOverMusicUnderAMessageIsNoMessageAnyMore) {
 }
 
 TEST(CallSteps, WithoutAPreChimeTheWaveLineIsMutedInTheSpeechToo) {
-  for (const auto music : {CallDesk::Music::Plays, kSilent}) {
+  for (const auto music : {CallDesk::MusicAtStart::Plays, kSilent}) {
     CallDesk desk(DeskOptions{}, music);
     desk.Click("cmdPlay");  // opens the line
     if (music == kSilent) desk.Click("cmdStop");

@@ -17,7 +17,7 @@ struct KeysDesk : EditorDesk {
     Do([this] { Main().mnuFKeys.OnClick(); });
   }
   void Choose(int key) {
-    Do([this, key] { Editor().mnuFKey[key].OnClick(); });
+    Do([this, key] { TheWavWindow().mnuFKey[key].OnClick(); });
   }
   std::string Stored(int key) {
     const std::string section = "Function key " + std::to_string(key);
@@ -29,8 +29,8 @@ struct KeysDesk : EditorDesk {
 TEST(FunctionKeys, AreOutOfTheOperatorsReach) {
   EditorDesk desk;
   EXPECT_FALSE(desk.Main().mnuFKeys.Enabled);
-  EXPECT_FALSE(desk.Editor().mnuKey.Enabled);
-  EXPECT_TRUE(desk.Editor().mnuKey.Visible);
+  EXPECT_FALSE(desk.TheWavWindow().mnuKey.Enabled);
+  EXPECT_TRUE(desk.TheWavWindow().mnuKey.Visible);
   EXPECT_EQ(desk.Text("mnuFKey_1") + desk.Text("mnuFKey_12"), "F1F12");
 }
 
@@ -41,7 +41,7 @@ TEST(FunctionKeys, CanBeSavedOnceOneIsChosen) {
   desk.Choose(7);
   EXPECT_TRUE(desk.Enabled("mnuSave"));
   EXPECT_EQ(desk.Sys->Keys.CurrentFunctionKey, 7);
-  EXPECT_EQ(desk.Editor().Caption.Get(), "Function key programming: F7");
+  EXPECT_EQ(desk.TheWavWindow().Caption.Get(), "Function key programming: F7");
 }
 
 TEST(FunctionKeys, AreWrittenWithoutACheckAndTheEditorStaysOpen) {
@@ -58,7 +58,7 @@ TEST(FunctionKeys, AreWrittenWithoutACheckAndTheEditorStaysOpen) {
             "0 write Functionkeys.ini [Function key 12] Routing=100006\n"
             "0 write Functionkeys.ini [Function key 12] Description=\n");
   desk.Advance(2000);
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
 }
 
@@ -93,7 +93,7 @@ TEST(FunctionKeys, AreReadIntoTheEditor) {
   desk.Choose(1);
   EXPECT_EQ(desk.Sequence(), "gong closing");
   EXPECT_EQ(desk.Zones(), "1-1-11");
-  EXPECT_EQ(desk.Editor().txtDescription.Text.Get(), "doors");
+  EXPECT_EQ(desk.TheWavWindow().txtDescription.Text.Get(), "doors");
   EXPECT_FALSE(desk.Visible("txtDescription"));
 }
 
@@ -106,7 +106,7 @@ TEST(FunctionKeys, OneThatWasNeverProgrammedKeepsWhatIsOnTheScreen) {
   desk.Choose(1);
   desk.Choose(2);
   EXPECT_EQ(desk.Sequence() + desk.Zones(), "gong11----");
-  EXPECT_EQ(desk.Editor().txtDescription.Text.Get(), "");
+  EXPECT_EQ(desk.TheWavWindow().txtDescription.Text.Get(), "");
   desk.Click("mnuSave");
   EXPECT_EQ(desk.Stored(2), "gong|120000|");
   EXPECT_EQ(desk.Stored(1), "gong|120000|doors");
@@ -139,7 +139,7 @@ TEST(FunctionKeys, ThatCannotBeWrittenAreToldOf) {
   EXPECT_EQ(desk.LastBox(), "Error: Save message schedule: /app/Functionkeys.ini");
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.back().Icon, BoxIcon::Critical);
   EXPECT_EQ(desk.Pc.Disk.Read(kKeys), old);
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
   EXPECT_EQ(desk.Sequence() + desk.Zones(), "gong welcome11----");
   desk.Pc.Disk.Heal(kKeys);
   desk.Click("mnuSave");

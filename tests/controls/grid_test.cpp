@@ -7,8 +7,8 @@
 namespace marlex {
 namespace {
 
-struct Table : Form {
-  Table() : Form("table", "") {}
+struct GridForm : Form {
+  GridForm() : Form("table", "") {}
   Grid grd{*this, "grd"};
 
   void Add(const std::string& time, const std::string& name) {
@@ -26,13 +26,13 @@ struct Table : Form {
 };
 
 TEST(Grid, BeginsWithItsHeadingAlone) {
-  Table table;
+  GridForm table;
   EXPECT_EQ(table.grd.Rows(), 1);
   EXPECT_EQ(table.grd.TextMatrix(0, 0), "");
 }
 
 TEST(Grid, ARowThatComesAfterOneWentIsFresh) {
-  Table table;
+  GridForm table;
   table.Add("12:00", "old");
   table.grd.SetRow(1);
   table.grd.SetCellColors(kRed, kWhite);
@@ -46,7 +46,7 @@ TEST(Grid, ARowThatComesAfterOneWentIsFresh) {
 }
 
 TEST(Grid, TheRowsThatStayKeepAllOfTheirs) {
-  Table table;
+  GridForm table;
   table.Add("12:00", "a");
   table.grd.SetRow(1);
   table.grd.SetCellColors(kRed, kWhite);
@@ -59,7 +59,7 @@ TEST(Grid, TheRowsThatStayKeepAllOfTheirs) {
 }
 
 TEST(Grid, TheCurrentRowNeverStandsBelowTheLast) {
-  Table table;
+  GridForm table;
   table.grd.SetRows(5);
   table.grd.SetRow(4);
   table.grd.SetTopRow(4);
@@ -72,7 +72,7 @@ TEST(Grid, TheCurrentRowNeverStandsBelowTheLast) {
 }
 
 TEST(Grid, SortsTheRowsBelowTheHeadingByTheCurrentColumn) {
-  Table table;
+  GridForm table;
   table.grd.SetTextMatrix(0, 0, "Z");
   table.Add("3", "a");
   table.Add("1", "c");
@@ -86,7 +86,7 @@ TEST(Grid, SortsTheRowsBelowTheHeadingByTheCurrentColumn) {
 }
 
 TEST(Grid, RowsOfEqualTextKeepTheirOrder) {
-  Table table;
+  GridForm table;
   for (const char* name : {"c", "a", "d", "b"}) table.Add("12:00", name);
   table.Add("11:00", "e");
   table.grd.Sort();
@@ -94,14 +94,14 @@ TEST(Grid, RowsOfEqualTextKeepTheirOrder) {
 }
 
 TEST(Grid, SortsByTheCodesOfTheCharacters) {
-  Table table;
+  GridForm table;
   for (const char* time : {"b", "a", "B", "10:00+", "10:00  "}) table.Add(time, "");
   table.grd.Sort();
   EXPECT_EQ(table.Texts(), " 10:00   10:00+ B a b ");
 }
 
 TEST(Grid, ARowTakesItsHeightAndColoursAlongWhenItIsSorted) {
-  Table table;
+  GridForm table;
   table.Add("2", "");
   table.Add("1", "");
   table.grd.SetRow(1);
@@ -114,7 +114,7 @@ TEST(Grid, ARowTakesItsHeightAndColoursAlongWhenItIsSorted) {
 }
 
 TEST(Grid, ColoursGoToTheCurrentCellAlone) {
-  Table table;
+  GridForm table;
   table.grd.SetRows(3);
   table.grd.SetRow(1);
   table.grd.SetCol(2);
@@ -126,7 +126,7 @@ TEST(Grid, ColoursGoToTheCurrentCellAlone) {
 }
 
 TEST(Grid, ARowOrColumnThatIsNotThereIsABrokenRule) {
-  Table table;
+  GridForm table;
   EXPECT_THROW(table.grd.SetRows(0), RuntimeFailure);
   EXPECT_THROW(table.grd.TextMatrix(1, 0), RuntimeFailure);
   EXPECT_THROW(table.grd.TextMatrix(-1, 0), RuntimeFailure);
@@ -139,7 +139,7 @@ TEST(Grid, ARowOrColumnThatIsNotThereIsABrokenRule) {
 }
 
 TEST(Grid, EachChangeTellsTheWatcher) {
-  Table table;
+  GridForm table;
   int paints = 0;
   table.grd.Watcher = [&] { ++paints; };
   table.grd.SetRows(3);

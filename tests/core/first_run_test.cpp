@@ -19,14 +19,14 @@ TEST(FirstRun, WithoutASettingsFileTheLanguageComesFirstThenTheSettings) {
   EXPECT_TRUE(desk.Sys->TheWindows.frmlangSel.Visible);
   desk.Click("cmdOK");
   desk.Advance(2500);
-  EXPECT_TRUE(desk.Dialog().Visible);
+  EXPECT_TRUE(desk.TheFrmSettings().Visible);
   EXPECT_FALSE(desk.Main().Visible);
   EXPECT_FALSE(desk.Sys->TheWindows.frmLogo.Visible);
 }
 
 TEST(FirstRun, TheSettingsComeInsteadOfTheMainWindowAndTheTickStandsStill) {
   SettingsDesk desk({}, FirstRun());
-  EXPECT_TRUE(desk.Dialog().Visible);
+  EXPECT_TRUE(desk.TheFrmSettings().Visible);
   EXPECT_FALSE(desk.Main().Loaded());
   EXPECT_FALSE(desk.Sys->TheFrmPlayers.tmrMessage.Enabled);
   EXPECT_EQ(desk.Text("lblBGDir_Name"), "");
@@ -42,7 +42,7 @@ TEST(FirstRun, ACancelEndsTheProgram) {
 
 TEST(FirstRun, TheCloseOfTheWindowEndsItToo) {
   SettingsDesk desk({}, FirstRun());
-  desk.Do([&] { desk.Dialog().Close(); });
+  desk.Do([&] { desk.TheFrmSettings().Close(); });
   EXPECT_TRUE(desk.Pc.Loop.Ended());
 }
 
@@ -57,7 +57,7 @@ TEST(FirstRun, TheMissingDirectoriesAreToldOneATry) {
   EXPECT_EQ(desk.BoxTexts(),
             "Error: Background music directory not entered\nError: Message directory not "
             "entered\n");
-  EXPECT_TRUE(desk.Dialog().Visible);
+  EXPECT_TRUE(desk.TheFrmSettings().Visible);
   EXPECT_FALSE(desk.Main().Visible);
   EXPECT_EQ(desk.Setting("Selected paths", "Music directory"), "");
 }
@@ -70,17 +70,17 @@ TEST(FirstRun, ABoxThatNobodyAnswersLeavesTheDialogInUse) {
   desk.Click("cmdOK");
   desk.Click("cmdOK");
   EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
-  EXPECT_TRUE(desk.Dialog().Visible);
+  EXPECT_TRUE(desk.TheFrmSettings().Visible);
 }
 
 TEST(FirstRun, TheOkOpensTheMainWindowOnWhatTheDialogWrote) {
   SettingsDesk desk({}, FirstRun());
   ChooseDirectories(desk);
   desk.Click("optTolvo_0");
-  desk.Type(desk.Dialog().txtZoneName[3], "Canteen");
+  desk.Type(desk.TheFrmSettings().txtZoneName[3], "Canteen");
   desk.Click("optPriority_1");
   desk.Click("cmdOK");
-  EXPECT_FALSE(desk.Dialog().Visible);
+  EXPECT_FALSE(desk.TheFrmSettings().Visible);
   EXPECT_TRUE(desk.Main().Visible);
   EXPECT_TRUE(desk.Visible("frRouting"));
   EXPECT_FALSE(desk.Visible("frCall"));
@@ -94,7 +94,7 @@ TEST(FirstRun, TheOkOpensTheMainWindowOnWhatTheDialogWrote) {
 TEST(FirstRun, PortOneIsUsedWhateverTheDialogSays) {
   SettingsDesk desk({}, FirstRun());
   desk.Pc.Journal.Only({"serial"});
-  EXPECT_TRUE(desk.Dialog().optCom[1].Value());
+  EXPECT_TRUE(desk.TheFrmSettings().optCom[1].Value());
   ChooseDirectories(desk);
   desk.Click("optTolvo_0");
   desk.Click("cmdOK");
@@ -104,18 +104,18 @@ TEST(FirstRun, PortOneIsUsedWhateverTheDialogSays) {
 
 TEST(FirstRun, TheLevelsOfTheSlidersHaveTheirEffectAlready) {
   SettingsDesk desk({}, FirstRun());
-  desk.Move(desk.Dialog().slMasterVolume, 7000);
+  desk.Move(desk.TheFrmSettings().slMasterVolume, 7000);
   EXPECT_EQ(desk.Slider(0), 7000);
   EXPECT_EQ(desk.Setting("Volume", "Master volume"), "7000");
 }
 
 TEST(FirstRun, AnEmptyMusicDirectoryAloneMakesOneThoughAllElseIsSet) {
   SettingsDesk desk({.Priority = "High"}, With("Selected paths", "Music directory", ""));
-  EXPECT_TRUE(desk.Dialog().Visible);
+  EXPECT_TRUE(desk.TheFrmSettings().Visible);
   EXPECT_FALSE(desk.Values().RouterPresent);
   EXPECT_EQ(desk.Values().MessageDirectory, "");
   EXPECT_EQ(desk.Text("lblMsgDir_Name"), "/messages/");
-  EXPECT_TRUE(desk.Dialog().optTolvo[0].Value());
+  EXPECT_TRUE(desk.TheFrmSettings().optTolvo[0].Value());
   desk.Click("cmdBgBrowse");
   desk.Choose(desk.DirSel().Drive1, "/");
   desk.DoubleClick(desk.DirSel().Dir1, "/music");
@@ -149,7 +149,7 @@ TEST(FirstRun, TheNextStartOpensTheMainWindow) {
   desk.Click("cmdOK");
   desk.Restart();
   EXPECT_TRUE(desk.Main().Visible);
-  EXPECT_FALSE(desk.Dialog().Visible);
+  EXPECT_FALSE(desk.TheFrmSettings().Visible);
   EXPECT_EQ(desk.Values().MusicDirectory, "/home/operator/songs/");
 }
 

@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 constexpr int kSpeakingMs = 3000;  // after a press: the fade is over, and the microphone open
 
 std::string Word(OnAir what) {

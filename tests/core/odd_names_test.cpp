@@ -82,8 +82,8 @@ TEST(OddNames, OfOpenSequencesSurviveSaving) {
 TEST(OddNames, OfZonesAndChimesSurviveSaving) {
   SettingsDesk desk({.Messages = {{"'ding'", 1000}}});
   desk.Open();
-  desk.Type(desk.Dialog().txtZoneName[0], "\"A\"");
-  desk.Do([&] { desk.Dialog().chkPreChime.Value = 1; });
+  desk.Type(desk.TheFrmSettings().txtZoneName[0], "\"A\"");
+  desk.Do([&] { desk.TheFrmSettings().chkPreChime.Value = 1; });
   desk.Click("cmdPreSelect");
   desk.Choose(desk.ChimeSelect().lstChimeList, "'ding'.wav");
   desk.Click("cmdOK");

@@ -60,8 +60,8 @@ TEST(OlderDesk, TheLanguageThatIsChosenAtTheFirstStartCounts) {
 TEST(OlderDesk, BytesThatNobodyChangesStay) {
   SettingsDesk desk({}, With("Zone names", "Zone:1", "K\xFC\x63he"));
   desk.Open();
-  EXPECT_EQ(desk.Dialog().txtZoneName[0].Text.Get(), "Küche");
-  desk.Type(desk.Dialog().txtZoneName[1], "Höfe");
+  EXPECT_EQ(desk.TheFrmSettings().txtZoneName[0].Text.Get(), "Küche");
+  desk.Type(desk.TheFrmSettings().txtZoneName[1], "Höfe");
   desk.Click("cmdOK");
   EXPECT_EQ(desk.Setting("Zone names", "Zone:1"), "K\xFC\x63he");
   EXPECT_EQ(desk.Setting("Zone names", "Zone:2"), "Höfe");

@@ -321,7 +321,7 @@ TEST(ChimePicker, ACancelChangesNothing) {
   desk.Choose(desk.ChimeSelect().lstChimeList, "welcome.wav");
   desk.Click("cmdCancel");
   EXPECT_FALSE(desk.ChimeSelect().Visible);
-  EXPECT_TRUE(desk.Dialog().Visible);
+  EXPECT_TRUE(desk.TheFrmSettings().Visible);
   EXPECT_EQ(desk.Values().PreChime, "");
   EXPECT_EQ(desk.Text("lblPreChime"), "");
 }

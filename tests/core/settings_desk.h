@@ -25,7 +25,7 @@ inline std::function<void(SimulatedPc&)> FirstRun(const std::string& text = "") 
 struct SettingsDesk : Desk {
   using Desk::Desk;
 
-  FrmSettings& Dialog() { return Sys->TheWindows.frmSettings; }
+  FrmSettings& TheFrmSettings() { return Sys->TheWindows.frmSettings; }
   FrmDirSel& DirSel() { return Sys->TheWindows.frmDirSel; }
   FrmChimeSelect& ChimeSelect() { return Sys->TheWindows.frmChimeSelect; }
 

@@ -8,10 +8,10 @@ namespace {
 
 TEST(SettingsDialogLoad, TheMenuOpensItWithTheTextsOfTheTable) {
   SettingsDesk desk;
-  desk.Dialog().Frame3.Caption = "of the design";
+  desk.TheFrmSettings().Frame3.Caption = "of the design";
   desk.Open();
-  EXPECT_TRUE(desk.Dialog().Visible);
-  EXPECT_EQ(desk.Dialog().Caption.Get(), "Settings");
+  EXPECT_TRUE(desk.TheFrmSettings().Visible);
+  EXPECT_EQ(desk.TheFrmSettings().Caption.Get(), "Settings");
   EXPECT_EQ(desk.Text("Frame3"), "Fading time");
   EXPECT_EQ(desk.Text("optTolvo_0"), "QRT4410/20");
   EXPECT_EQ(desk.Text("optTolvo_1"), "Other Tolvo");
@@ -25,14 +25,14 @@ TEST(SettingsDialogLoad, EachTextOfTheTableReachesItsControl) {
   SettingsDesk desk({.Language = "French"});
   desk.Open();
   std::string texts;
-  for (Control* control : desk.Dialog().Controls) {
+  for (Control* control : desk.TheFrmSettings().Controls) {
     auto* visual = dynamic_cast<VisualControl*>(control);
     if (visual && visual->Caption.Get() != "")
       texts += visual->ObjectName() + " " + visual->Caption.Get() + "\n";
   }
   const auto french = [&desk](const char* text) { return WithTexts(desk.Sys->Strings, text); };
   EXPECT_EQ(french("#600"), "Fermer");
-  EXPECT_EQ(desk.Dialog().Caption.Get(), french("#42"));
+  EXPECT_EQ(desk.TheFrmSettings().Caption.Get(), french("#42"));
   EXPECT_EQ(
       texts,
       french(
@@ -48,11 +48,11 @@ TEST(SettingsDialogLoad, EachTextOfTheTableReachesItsControl) {
 
 TEST(SettingsDialogLoad, TheCaptionsOverTheDirectoriesHaveTheColourOfTheVolumes) {
   SettingsDesk desk({}, nullptr, false);
-  desk.Dialog().frVolume.BackColor = 0x123456;
+  desk.TheFrmSettings().frVolume.BackColor = 0x123456;
   desk.Start();
   desk.Open();
-  EXPECT_EQ(desk.Dialog().Explain[0].BackColor, 0x123456u);
-  EXPECT_EQ(desk.Dialog().Explain[1].BackColor, 0x123456u);
+  EXPECT_EQ(desk.TheFrmSettings().Explain[0].BackColor, 0x123456u);
+  EXPECT_EQ(desk.TheFrmSettings().Explain[1].BackColor, 0x123456u);
 }
 
 TEST(SettingsDialogLoad, WithAMicrophoneTheChimesShow) {
@@ -87,11 +87,11 @@ TEST(SettingsDialogLoad, AStoredChimeIsCheckedAndShown) {
   With("Chime selection", "PostChime", "dong")(desk.Pc);
   desk.Open();
   EXPECT_EQ(desk.Values().PostChime, "dong");
-  EXPECT_EQ(desk.Dialog().chkPostChime.Value, 1);
+  EXPECT_EQ(desk.TheFrmSettings().chkPostChime.Value, 1);
   EXPECT_TRUE(desk.Enabled("cmdPostSelect"));
   EXPECT_TRUE(desk.Visible("lblPostChime"));
   EXPECT_EQ(desk.Text("lblPostChime"), "dong");
-  EXPECT_EQ(desk.Dialog().chkPreChime.Value, 0);
+  EXPECT_EQ(desk.TheFrmSettings().chkPreChime.Value, 0);
   EXPECT_FALSE(desk.Enabled("cmdPreSelect"));
   EXPECT_FALSE(desk.Visible("lblPreChime"));
 }
@@ -137,9 +137,9 @@ TEST(SettingsDialogLoad, TheRouterHasItsFramesAndTheKeysStandBelowThem) {
   for (const char* frame : {"frNames", "frPort", "frPriority"}) {
     EXPECT_TRUE(desk.Visible(frame)) << frame;
   }
-  EXPECT_TRUE(desk.Dialog().optTolvo[0].Value());
-  EXPECT_EQ(desk.Dialog().cmdOK.Top, 5640);
-  EXPECT_EQ(desk.Dialog().cmdCancel.Top, 5640);
+  EXPECT_TRUE(desk.TheFrmSettings().optTolvo[0].Value());
+  EXPECT_EQ(desk.TheFrmSettings().cmdOK.Top, 5640);
+  EXPECT_EQ(desk.TheFrmSettings().cmdCancel.Top, 5640);
 }
 
 TEST(SettingsDialogLoad, AnotherAmplifierHasNoneOfThem) {
@@ -148,22 +148,22 @@ TEST(SettingsDialogLoad, AnotherAmplifierHasNoneOfThem) {
   for (const char* frame : {"frNames", "frPort", "frPriority"}) {
     EXPECT_FALSE(desk.Visible(frame)) << frame;
   }
-  EXPECT_TRUE(desk.Dialog().optTolvo[1].Value());
-  EXPECT_EQ(desk.Dialog().cmdOK.Top, 4560);
-  EXPECT_EQ(desk.Dialog().cmdCancel.Top, 4560);
+  EXPECT_TRUE(desk.TheFrmSettings().optTolvo[1].Value());
+  EXPECT_EQ(desk.TheFrmSettings().cmdOK.Top, 4560);
+  EXPECT_EQ(desk.TheFrmSettings().cmdCancel.Top, 4560);
 }
 
 /// Showing the type acts like a click on it, and the window follows.
 TEST(SettingsDialogLoad, TheWindowEndsBelowTheKeysOfItsType) {
   for (const bool router : {true, false}) {
     SettingsDesk desk({.Router = router}, nullptr, false);
-    desk.Dialog().Height = 1000;
+    desk.TheFrmSettings().Height = 1000;
     desk.Start();
     desk.Open();
-    EXPECT_EQ(desk.Dialog().Height, router ? 6645 : 5565);
+    EXPECT_EQ(desk.TheFrmSettings().Height, router ? 6645 : 5565);
     desk.Click("cmdCancel");
     desk.Open();
-    EXPECT_EQ(desk.Dialog().Height, router ? 6645 : 5565);
+    EXPECT_EQ(desk.TheFrmSettings().Height, router ? 6645 : 5565);
   }
 }
 
@@ -172,18 +172,18 @@ TEST(SettingsDialogLoad, AnAbsentComPortShowsPortTwo) {
        std::vector<std::pair<std::string, int>>{{"1", 0}, {"2", 1}, {"", 1}, {"01", 1}, {"3", 1}}) {
     SettingsDesk desk({}, With("Used com port", "Com port", stored));
     desk.Open();
-    EXPECT_TRUE(desk.Dialog().optCom[shown].Value()) << stored;
-    EXPECT_FALSE(desk.Dialog().optCom[1 - shown].Value()) << stored;
+    EXPECT_TRUE(desk.TheFrmSettings().optCom[shown].Value()) << stored;
+    EXPECT_FALSE(desk.TheFrmSettings().optCom[1 - shown].Value()) << stored;
   }
 }
 
 TEST(SettingsDialogLoad, ZonesWithoutANameKeepTheirsOfTheDesign) {
   SettingsDesk desk;
   desk.Open();
-  EXPECT_EQ(desk.Dialog().txtZoneName[0].Text.Get(), "Hall");
-  EXPECT_EQ(desk.Dialog().txtZoneName[1].Text.Get(), "Yard");
-  EXPECT_EQ(desk.Dialog().txtZoneName[2].Text.Get(), "Zone 3");
-  EXPECT_EQ(desk.Dialog().txtZoneName[5].Text.Get(), "Zone 6");
+  EXPECT_EQ(desk.TheFrmSettings().txtZoneName[0].Text.Get(), "Hall");
+  EXPECT_EQ(desk.TheFrmSettings().txtZoneName[1].Text.Get(), "Yard");
+  EXPECT_EQ(desk.TheFrmSettings().txtZoneName[2].Text.Get(), "Zone 3");
+  EXPECT_EQ(desk.TheFrmSettings().txtZoneName[5].Text.Get(), "Zone 6");
 }
 
 TEST(SettingsDialogLoad, OnlyTheExactWordHighIsHigh) {
@@ -191,7 +191,7 @@ TEST(SettingsDialogLoad, OnlyTheExactWordHighIsHigh) {
        std::vector<std::pair<std::string, int>>{{"High", 1}, {"high", 0}, {"Low", 0}, {"", 0}}) {
     SettingsDesk desk({.Priority = stored});
     desk.Open();
-    EXPECT_TRUE(desk.Dialog().optPriority[shown].Value()) << stored;
+    EXPECT_TRUE(desk.TheFrmSettings().optPriority[shown].Value()) << stored;
   }
 }
 
@@ -202,20 +202,20 @@ TEST(SettingsDialogLoad, TheSlidersTakeTheirRangeFromTheMixersPanel) {
   panel.SldrVol[desk.Sys->Mixer.WaveLine].Max = 61000;
   panel.SldrVol[desk.Sys->Mixer.MicLine].Max = 62000;
   desk.Open();
-  EXPECT_EQ(desk.Dialog().slMasterVolume.Max, 60000);
-  EXPECT_EQ(desk.Dialog().slMusicVolume.Max, 61000);
-  EXPECT_EQ(desk.Dialog().slMessageVolume.Max, 61000);
-  EXPECT_EQ(desk.Dialog().slMicroVolume.Max, 62000);
+  EXPECT_EQ(desk.TheFrmSettings().slMasterVolume.Max, 60000);
+  EXPECT_EQ(desk.TheFrmSettings().slMusicVolume.Max, 61000);
+  EXPECT_EQ(desk.TheFrmSettings().slMessageVolume.Max, 61000);
+  EXPECT_EQ(desk.TheFrmSettings().slMicroVolume.Max, 62000);
 }
 
 TEST(SettingsDialogLoad, TheSlidersShowTheLevelsAndWriteThemAsIfMovedByHand) {
   SettingsDesk desk;
   desk.Values().MusicVolume = 21000;
   desk.Open();
-  EXPECT_EQ(desk.Dialog().slMasterVolume.Value, 5000);
-  EXPECT_EQ(desk.Dialog().slMusicVolume.Value, 21000);
-  EXPECT_EQ(desk.Dialog().slMicroVolume.Value, 15000);
-  EXPECT_EQ(desk.Dialog().slMessageVolume.Value, 10000);
+  EXPECT_EQ(desk.TheFrmSettings().slMasterVolume.Value, 5000);
+  EXPECT_EQ(desk.TheFrmSettings().slMusicVolume.Value, 21000);
+  EXPECT_EQ(desk.TheFrmSettings().slMicroVolume.Value, 15000);
+  EXPECT_EQ(desk.TheFrmSettings().slMessageVolume.Value, 10000);
   EXPECT_EQ(desk.Setting("Volume", "Music volume"), "21000");
   EXPECT_EQ(desk.WaveSlider(), 21000);
 }
@@ -248,8 +248,8 @@ TEST(SettingsDialogLoad, AnAbsentFadeTimeIsFastUntilTheDialogOpens) {
   EXPECT_EQ(desk.Values().FadeTime, 500);
   desk.Open();
   EXPECT_EQ(desk.Values().FadeTime, 1500);
-  EXPECT_TRUE(desk.Dialog().optSlow.Value());
-  EXPECT_FALSE(desk.Dialog().optFast.Value());
+  EXPECT_TRUE(desk.TheFrmSettings().optSlow.Value());
+  EXPECT_FALSE(desk.TheFrmSettings().optFast.Value());
   desk.Click("cmdCancel");
   EXPECT_EQ(desk.Values().FadeTime, 1500);
   EXPECT_EQ(desk.Setting("Volume", "Fade time"), "");
@@ -259,7 +259,7 @@ TEST(SettingsDialogLoad, OnlyTheExactWordFastIsFast) {
   SettingsDesk fast({.FadeTime = "Fast"});
   fast.Open();
   EXPECT_EQ(fast.Values().FadeTime, 500);
-  EXPECT_TRUE(fast.Dialog().optFast.Value());
+  EXPECT_TRUE(fast.TheFrmSettings().optFast.Value());
   SettingsDesk other({.FadeTime = "fast"});
   other.Open();
   EXPECT_EQ(other.Values().FadeTime, 1500);
@@ -268,30 +268,30 @@ TEST(SettingsDialogLoad, OnlyTheExactWordFastIsFast) {
 TEST(SettingsDialogLoad, ASecondOpeningReadsAllAnew) {
   SettingsDesk desk;
   desk.Open();
-  desk.Type(desk.Dialog().txtZoneName[0], "Gate");
+  desk.Type(desk.TheFrmSettings().txtZoneName[0], "Gate");
   desk.Click("optCom_1");
   desk.Click("optPriority_1");
   desk.Click("chkPreChime");
   desk.Click("optTolvo_1");
   desk.Click("cmdCancel");
-  EXPECT_FALSE(desk.Dialog().Visible);
+  EXPECT_FALSE(desk.TheFrmSettings().Visible);
   desk.Open();
-  EXPECT_EQ(desk.Dialog().txtZoneName[0].Text.Get(), "Hall");
-  EXPECT_TRUE(desk.Dialog().optCom[0].Value());
-  EXPECT_TRUE(desk.Dialog().optPriority[0].Value());
-  EXPECT_TRUE(desk.Dialog().optTolvo[0].Value());
-  EXPECT_EQ(desk.Dialog().chkPreChime.Value, 0);
+  EXPECT_EQ(desk.TheFrmSettings().txtZoneName[0].Text.Get(), "Hall");
+  EXPECT_TRUE(desk.TheFrmSettings().optCom[0].Value());
+  EXPECT_TRUE(desk.TheFrmSettings().optPriority[0].Value());
+  EXPECT_TRUE(desk.TheFrmSettings().optTolvo[0].Value());
+  EXPECT_EQ(desk.TheFrmSettings().chkPreChime.Value, 0);
   EXPECT_TRUE(desk.Visible("frNames"));
 }
 
 TEST(SettingsDialogLoad, TheMenuOnAnOpenDialogBringsItToTheFrontAsItStands) {
   SettingsDesk desk;
   desk.Open();
-  desk.Type(desk.Dialog().txtZoneName[0], "Gate");
-  const unsigned shown = desk.Dialog().ShowCount;
+  desk.Type(desk.TheFrmSettings().txtZoneName[0], "Gate");
+  const unsigned shown = desk.TheFrmSettings().ShowCount;
   desk.Open();
-  EXPECT_EQ(desk.Dialog().ShowCount, shown + 1);
-  EXPECT_EQ(desk.Dialog().txtZoneName[0].Text.Get(), "Gate");
+  EXPECT_EQ(desk.TheFrmSettings().ShowCount, shown + 1);
+  EXPECT_EQ(desk.TheFrmSettings().txtZoneName[0].Text.Get(), "Gate");
 }
 
 }  // namespace

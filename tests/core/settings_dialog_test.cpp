@@ -14,16 +14,16 @@ TEST(SettingsDialog, AnotherTypeHidesTheRoutersFramesAndTheWindowEndsHigher) {
   EXPECT_FALSE(desk.Visible("frNames"));
   EXPECT_FALSE(desk.Visible("frPort"));
   EXPECT_FALSE(desk.Visible("frPriority"));
-  EXPECT_EQ(desk.Dialog().Height, 5565);
-  EXPECT_EQ(desk.Dialog().cmdOK.Top, 4560);
-  EXPECT_EQ(desk.Dialog().cmdCancel.Top, 4560);
+  EXPECT_EQ(desk.TheFrmSettings().Height, 5565);
+  EXPECT_EQ(desk.TheFrmSettings().cmdOK.Top, 4560);
+  EXPECT_EQ(desk.TheFrmSettings().cmdCancel.Top, 4560);
   desk.Click("optTolvo_0");
   EXPECT_TRUE(desk.Visible("frNames"));
   EXPECT_TRUE(desk.Visible("frPort"));
   EXPECT_TRUE(desk.Visible("frPriority"));
-  EXPECT_EQ(desk.Dialog().Height, 6645);
-  EXPECT_EQ(desk.Dialog().cmdOK.Top, 5640);
-  EXPECT_EQ(desk.Dialog().cmdCancel.Top, 5640);
+  EXPECT_EQ(desk.TheFrmSettings().Height, 6645);
+  EXPECT_EQ(desk.TheFrmSettings().cmdOK.Top, 5640);
+  EXPECT_EQ(desk.TheFrmSettings().cmdCancel.Top, 5640);
   EXPECT_TRUE(desk.Values().RouterPresent) << "nothing counts before the OK";
 }
 
@@ -66,18 +66,18 @@ TEST(SettingsDialog, TheTwoFadingTimesExcludeEachOther) {
   SettingsDesk desk;
   desk.Open();
   desk.Click("optSlow");
-  EXPECT_FALSE(desk.Dialog().optFast.Value());
+  EXPECT_FALSE(desk.TheFrmSettings().optFast.Value());
   desk.Click("optFast");
-  EXPECT_FALSE(desk.Dialog().optSlow.Value());
-  EXPECT_TRUE(desk.Dialog().optTolvo[0].Value()) << "the other groups are left alone";
+  EXPECT_FALSE(desk.TheFrmSettings().optSlow.Value());
+  EXPECT_TRUE(desk.TheFrmSettings().optTolvo[0].Value()) << "the other groups are left alone";
 }
 
 TEST(SettingsDialog, ASliderActsAndWritesAtOnce) {
   SettingsDesk desk;
   desk.Open();
-  desk.Move(desk.Dialog().slMasterVolume, 100);
-  desk.Move(desk.Dialog().slMusicVolume, 200);
-  desk.Move(desk.Dialog().slMicroVolume, 300);
+  desk.Move(desk.TheFrmSettings().slMasterVolume, 100);
+  desk.Move(desk.TheFrmSettings().slMusicVolume, 200);
+  desk.Move(desk.TheFrmSettings().slMicroVolume, 300);
   EXPECT_EQ(desk.Slider(0), 100);
   EXPECT_EQ(desk.WaveSlider(), 200);
   EXPECT_EQ(desk.Slider(desk.Sys->Mixer.MicLine), 300);
@@ -93,14 +93,14 @@ TEST(SettingsDialog, ASliderActsAndWritesAtOnce) {
 TEST(SettingsDialog, TheMessageSliderActsOnTheWaveLineOnlyWhileAMessagePlays) {
   SettingsDesk desk({.Sequences = {{}}});
   desk.Open();
-  desk.Move(desk.Dialog().slMessageVolume, 400);
+  desk.Move(desk.TheFrmSettings().slMessageVolume, 400);
   EXPECT_EQ(desk.WaveSlider(), 20000);
   EXPECT_EQ(desk.Values().MessageVolume, 400);
   EXPECT_EQ(desk.Setting("Volume", "Message volume"), "400");
   desk.RunTo(12, 1, 2);
   ASSERT_TRUE(desk.State().MessagePlaying);
   EXPECT_EQ(desk.WaveSlider(), 400);
-  desk.Move(desk.Dialog().slMessageVolume, 500);
+  desk.Move(desk.TheFrmSettings().slMessageVolume, 500);
   EXPECT_EQ(desk.WaveSlider(), 500);
 }
 
@@ -133,7 +133,7 @@ TEST(SettingsDialog, WithoutAMicrophoneItsLevelIsStillWritten) {
   SettingsDesk desk({.Microphone = false});
   desk.Open();
   EXPECT_EQ(desk.Slider(0), 5000);
-  desk.Move(desk.Dialog().slMicroVolume, 300);
+  desk.Move(desk.TheFrmSettings().slMicroVolume, 300);
   EXPECT_EQ(desk.Slider(0), 5000);
   EXPECT_EQ(desk.Values().MicroVolume, 300);
   EXPECT_EQ(desk.Setting("Volume", "Micro volume"), "300");
@@ -142,9 +142,9 @@ TEST(SettingsDialog, WithoutAMicrophoneItsLevelIsStillWritten) {
 TEST(SettingsDialog, TheLevelsSurviveACancelAndNothingElseIsWritten) {
   SettingsDesk desk;
   desk.Open();
-  desk.Move(desk.Dialog().slMusicVolume, 200);
+  desk.Move(desk.TheFrmSettings().slMusicVolume, 200);
   const auto before = desk.Pc.Disk.Read(Desk::kIni);
-  desk.Type(desk.Dialog().txtZoneName[0], "Gate");
+  desk.Type(desk.TheFrmSettings().txtZoneName[0], "Gate");
   desk.Click("optCom_1");
   desk.Click("optSlow");
   desk.Click("optTolvo_1");
@@ -173,8 +173,8 @@ TEST(SettingsDialog, ACancelUndoesNothingInMemory) {
 TEST(SettingsDialog, ClosingItsWindowIsItsCancel) {
   SettingsDesk desk;
   desk.Open();
-  desk.Do([&] { desk.Dialog().Close(); });
-  EXPECT_FALSE(desk.Dialog().Visible);
+  desk.Do([&] { desk.TheFrmSettings().Close(); });
+  EXPECT_FALSE(desk.TheFrmSettings().Visible);
   EXPECT_FALSE(desk.Pc.Loop.Ended());
 }
 
@@ -188,7 +188,7 @@ TEST(SettingsDialog, AnEmptyMusicDirectoryIsToldFirstAndNothingIsWritten) {
   desk.Click("cmdOK");
   EXPECT_EQ(desk.BoxTexts(), "Error: Background music directory not entered\n");
   EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Icon, BoxIcon::Critical);
-  EXPECT_TRUE(desk.Dialog().Visible);
+  EXPECT_TRUE(desk.TheFrmSettings().Visible);
   EXPECT_EQ(desk.Pc.Disk.Read(Desk::kIni), before);
   EXPECT_TRUE(desk.Pc.Serial.PortOpen());
 }
@@ -199,14 +199,14 @@ TEST(SettingsDialog, AnEmptyMessageDirectoryIsToldWhenTheMusicHasOne) {
   const auto before = desk.Pc.Disk.Read(Desk::kIni);
   desk.Click("cmdOK");
   EXPECT_EQ(desk.BoxTexts(), "Error: Message directory not entered\n");
-  EXPECT_TRUE(desk.Dialog().Visible);
+  EXPECT_TRUE(desk.TheFrmSettings().Visible);
   EXPECT_EQ(desk.Pc.Disk.Read(Desk::kIni), before);
 }
 
 TEST(SettingsDialog, TheOkSetsTheValuesInMemory) {
   SettingsDesk desk;
   desk.Open();
-  desk.Type(desk.Dialog().txtZoneName[2], "Gate");
+  desk.Type(desk.TheFrmSettings().txtZoneName[2], "Gate");
   desk.Click("optPriority_1");
   desk.Click("optSlow");
   desk.Click("cmdOK");
@@ -215,7 +215,7 @@ TEST(SettingsDialog, TheOkSetsTheValuesInMemory) {
   EXPECT_EQ(desk.Values().PriorityLevelText, "High");
   EXPECT_EQ(desk.Values().OwnPriorityLevel, 128);
   EXPECT_EQ(desk.Values().FadeTime, 1500);
-  EXPECT_FALSE(desk.Dialog().Visible);
+  EXPECT_FALSE(desk.TheFrmSettings().Visible);
   desk.Open();
   desk.Click("optPriority_0");
   desk.Click("optFast");
@@ -379,7 +379,7 @@ TEST(SettingsDialog, TheOkPutsTheMusicsLevelLastOnTheWaveLineEvenUnderAMessage) 
 TEST(SettingsDialog, TheOkShowsTheZoneNamesAndBuildsTheTableAnew) {
   SettingsDesk desk({.Sequences = {{}}});
   desk.Open();
-  desk.Type(desk.Dialog().txtZoneName[0], "Gate");
+  desk.Type(desk.TheFrmSettings().txtZoneName[0], "Gate");
   desk.Pc.Profiles.WriteString("Schedule", "Hour(s)", "13", "/app/spot.sch");
   desk.Click("cmdOK");
   EXPECT_EQ(desk.Text("lblZoneName_0"), "Gate");
@@ -405,7 +405,7 @@ TEST(SettingsDialog, ALevelThatIsMovedInAFadeCountsFromTheNextAnnouncementOn) {
   desk.RunTo(12, 1, 0);
   desk.Pc.Loop.RunUntil([&] { return desk.State().FadeRunning; }, 2000);
   desk.Advance(100);
-  desk.Move(desk.Dialog().slMusicVolume, 30000);
+  desk.Move(desk.TheFrmSettings().slMusicVolume, 30000);
   EXPECT_EQ(desk.WaveSlider(), 30000);
   desk.Advance(33);
   EXPECT_EQ(desk.WaveSlider(), 31000);
@@ -422,7 +422,7 @@ TEST(SettingsDialog, WritesThatFailLeaveTheProgramRunningOnTheNewValues) {
   desk.Pc.Disk.FailWrites("/app");
   desk.Click("optSlow");
   desk.Click("cmdOK");
-  EXPECT_FALSE(desk.Dialog().Visible);
+  EXPECT_FALSE(desk.TheFrmSettings().Visible);
   EXPECT_EQ(desk.Values().FadeTime, 1500);
   EXPECT_EQ(desk.BoxTexts(), "Error: The settings cannot be saved: /app/Tolvo.ini\n");
 }

@@ -22,7 +22,7 @@ struct OrderDesk : SettingsDesk {
       return Main().grdSchedule.Rows() > 1 ? Cell(1, kTimeColumn).substr(0, 5) : "";
     });
     Watch(Main().lblZoneName[2], [this] { return Main().lblZoneName[2].Caption.Get(); });
-    Watch(Dialog(), [this] { return Told("frmSettings", Dialog().Visible); });
+    Watch(TheFrmSettings(), [this] { return Told("frmSettings", TheFrmSettings().Visible); });
     Watch(Main(), [this] { return "frmMain " + std::to_string(Main().ShowCount); });
   }
 
@@ -50,7 +50,7 @@ struct OrderDesk : SettingsDesk {
 
 /// Other names and times for everything that the OK takes over.
 void ChangeAll(OrderDesk& desk) {
-  desk.Type(desk.Dialog().txtZoneName[2], "Gate");
+  desk.Type(desk.TheFrmSettings().txtZoneName[2], "Gate");
   desk.Click("optPriority_1");
   desk.Click("optSlow");
   desk.Click("optCom_1");

@@ -335,7 +335,7 @@ TEST(Takeover, TheReleaseByteOfTheStopKeyIsNotHeldBack) {
 TEST(Takeover, EveryStateReturnsToFreeWithStatusZero) {
   struct Row {
     std::string Own;
-    bool Music;
+    bool MusicPlays;
     int Status;
     std::string Priority;
   };
@@ -347,12 +347,12 @@ TEST(Takeover, EveryStateReturnsToFreeWithStatusZero) {
                                  {"High", true, 192, "192 held preempted"}};
   for (const Row& row : rows) {
     LinkDesk desk({.Priority = row.Own});
-    if (row.Music) desk.PlayMusic();
+    if (row.MusicPlays) desk.PlayMusic();
     desk.Status(row.Status);
     EXPECT_EQ(desk.Priority(), row.Priority);
     desk.Status(0);
     EXPECT_EQ(desk.Priority(), "0");
-    EXPECT_EQ(desk.Heard(), row.Music ? "song march.mp3 at 20000" : "silence");
+    EXPECT_EQ(desk.Heard(), row.MusicPlays ? "song march.mp3 at 20000" : "silence");
   }
 }
 

@@ -17,7 +17,7 @@ struct PlaylistDesk : MusicDesk {
 
   static constexpr const char* kFile = "/app/new.lst";
 
-  FrmPlaylist& Editor() { return Sys->TheWindows.frmPlaylist; }
+  FrmPlaylist& TheFrmPlaylist() { return Sys->TheWindows.frmPlaylist; }
 
   static std::string Join(const ListBox& list) {
     std::string entries;
@@ -25,12 +25,12 @@ struct PlaylistDesk : MusicDesk {
       entries += (entry > 0 ? " " : "") + list.List(entry);
     return entries;
   }
-  std::string Available() { return Join(Editor().AvailMP3s); }
-  std::string Selected() { return Join(Editor().SelectedMP3s); }
+  std::string Available() { return Join(TheFrmPlaylist().AvailMP3s); }
+  std::string Selected() { return Join(TheFrmPlaylist().SelectedMP3s); }
 
   /// Clicks songs of the music directory, each once.
   void Add(const std::vector<std::string>& songs) {
-    for (const std::string& song : songs) Choose(Editor().AvailMP3s, song);
+    for (const std::string& song : songs) Choose(TheFrmPlaylist().AvailMP3s, song);
   }
 
   /// Which of the buttons of the selected songs are enabled.
@@ -45,7 +45,7 @@ struct PlaylistDesk : MusicDesk {
   /// The selected option, "Scheduled", "Manual" or "Autostart"; empty when there is none.
   std::string Choice() {
     std::string choices;
-    for (const auto& option : Editor().optScheduled) {
+    for (const auto& option : TheFrmPlaylist().optScheduled) {
       if (option->Value()) choices += option->Caption.Get();
     }
     return choices;
@@ -55,7 +55,7 @@ struct PlaylistDesk : MusicDesk {
   /// hidden frame are in brackets.
   std::string Times() {
     const auto text = [](const ComboBox& list) { return list.Text().empty() ? "__" : list.Text(); };
-    FrmPlaylist& form = Editor();
+    FrmPlaylist& form = TheFrmPlaylist();
     std::string shown = text(form.cmbStartHours) + ":" + text(form.cmbStartMinutes) + "-" +
                         text(form.cmbStopHours) + ":" + text(form.cmbStopMinutes) + " ";
     for (const auto& day : form.chkDays)
@@ -65,22 +65,22 @@ struct PlaylistDesk : MusicDesk {
 
   void SetTimes(const std::string& startHours, const std::string& startMinutes,
                 const std::string& stopHours, const std::string& stopMinutes) {
-    Choose(Editor().cmbStartHours, startHours);
-    Choose(Editor().cmbStartMinutes, startMinutes);
-    Choose(Editor().cmbStopHours, stopHours);
-    Choose(Editor().cmbStopMinutes, stopMinutes);
+    Choose(TheFrmPlaylist().cmbStartHours, startHours);
+    Choose(TheFrmPlaylist().cmbStartMinutes, startMinutes);
+    Choose(TheFrmPlaylist().cmbStopHours, stopHours);
+    Choose(TheFrmPlaylist().cmbStopMinutes, stopMinutes);
   }
 
   /// Chooses a menu item and a file in its dialog; an empty name cancels it.
-  void SaveAs(const std::string& file = kFile) { ChooseFile(Editor().mnuSave, file); }
-  void Open(const std::string& file) { ChooseFile(Editor().mnuOpen, file); }
+  void SaveAs(const std::string& file = kFile) { ChooseFile(TheFrmPlaylist().mnuSave, file); }
+  void Open(const std::string& file) { ChooseFile(TheFrmPlaylist().mnuOpen, file); }
   void OpenText(const std::string& text) {
     Pc.Disk.AddFile(kFile, text);
     Open(kFile);
   }
 
   void Exit() {
-    Do([this] { Editor().mnuExit.OnClick(); });
+    Do([this] { TheFrmPlaylist().mnuExit.OnClick(); });
   }
 
   /// Text of a file; empty if there is none.

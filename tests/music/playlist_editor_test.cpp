@@ -14,8 +14,8 @@ namespace {
 
 TEST(PlaylistEditor, OpensOnTheSongsOfTheDirectoryWithAnEmptyList) {
   PlaylistDesk desk;
-  EXPECT_TRUE(desk.Editor().Visible);
-  EXPECT_EQ(desk.Editor().Caption.Get(), "Music playlist:");
+  EXPECT_TRUE(desk.TheFrmPlaylist().Visible);
+  EXPECT_EQ(desk.TheFrmPlaylist().Caption.Get(), "Music playlist:");
   EXPECT_EQ(desk.Available(), "a b c");
   EXPECT_EQ(desk.Selected(), "");
   EXPECT_EQ(desk.SongKeys(), "RemAll_Key");
@@ -37,7 +37,7 @@ TEST(PlaylistEditor, LeavesTheMainWindowFree) {
 
 TEST(PlaylistEditor, TheTimeListsHoldEveryHourAndEveryMinuteAtTheirIndex) {
   PlaylistDesk desk;
-  FrmPlaylist& form = desk.Editor();
+  FrmPlaylist& form = desk.TheFrmPlaylist();
   for (ComboBox* hours : {&form.cmbStartHours, &form.cmbStopHours}) {
     ASSERT_EQ(hours->ListCount(), 24);
     EXPECT_EQ(hours->List(0), "00");
@@ -85,7 +85,7 @@ TEST(PlaylistEditor, ItsTextsComeFromTheTable) {
       "Label2: Stops at:\n"
       "Label5:  M  T  W   T   F   S   S\n";
   PlaylistDesk desk;
-  EXPECT_EQ(Captions(desk.Editor()), english);
+  EXPECT_EQ(Captions(desk.TheFrmPlaylist()), english);
   EXPECT_EQ(Captions(desk.Sys->TheWindows.frmPlaylist), english);
 }
 
@@ -122,7 +122,7 @@ TEST(PlaylistEditor, SongsWithACapitalExtensionAreShownAndSoughtWithASmallOne) {
   });
   EXPECT_EQ(desk.Available(), "a b c d LOUD");
   desk.Add({"d LOUD"});
-  desk.Choose(desk.Editor().SelectedMP3s, "d LOUD");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "d LOUD");
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Pc.Song.FileName(), "/music/d LOUD.mp3");
 }
@@ -137,12 +137,12 @@ TEST(PlaylistEditor, NamesOfAnyAlphabetKeepTheirLetters) {
   desk.SaveAs("/app/Λίστα.lst");
   desk.Click("mnuPlaylist");
   desk.Open("/app/Λίστα.lst");
-  EXPECT_EQ(desk.Editor().Caption.Get(), "Music playlist Λίστα.lst");
+  EXPECT_EQ(desk.TheFrmPlaylist().Caption.Get(), "Music playlist Λίστα.lst");
   std::vector<std::string> read;
-  for (int song = 0; song < desk.Editor().SelectedMP3s.ListCount(); ++song)
-    read.push_back(desk.Editor().SelectedMP3s.List(song));
+  for (int song = 0; song < desk.TheFrmPlaylist().SelectedMP3s.ListCount(); ++song)
+    read.push_back(desk.TheFrmPlaylist().SelectedMP3s.List(song));
   EXPECT_EQ(read, songs);
-  desk.Choose(desk.Editor().SelectedMP3s, "Подмосковные вечера");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "Подмосковные вечера");
   PlayAndStop(desk);
   desk.TakeJournal();
   desk.Click("PrevKey");
@@ -177,7 +177,7 @@ TEST(PlaylistEditor, AnEmptyDirectoryCountsAsMissingAndOneWithoutSongsDoesNot) {
     for (const char* song : {"a", "b", "c"}) pc.Disk.Remove(std::string("/music/") + song + ".mp3");
     pc.Disk.AddFile("/music/notes.txt");
   });
-  EXPECT_TRUE(songless.Editor().Visible);
+  EXPECT_TRUE(songless.TheFrmPlaylist().Visible);
   EXPECT_EQ(songless.Available(), "");
   songless.Click("cmdSelectAll");
   EXPECT_EQ(songless.Selected(), "");
@@ -201,7 +201,7 @@ TEST(PlaylistEditor, SelectAllTakesTheDirectoryOnceAndLeavesTheKeys) {
   desk.Click("cmdSelectAll");
   EXPECT_EQ(desk.Selected(), "a b c");
   EXPECT_EQ(desk.SongKeys(), "");
-  desk.Choose(desk.Editor().SelectedMP3s, "b");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "b");
   desk.Click("cmdSelectAll");
   EXPECT_EQ(desk.Selected(), "a b c");
   EXPECT_EQ(desk.SongKeys(), "RemoveKey PrevKey");
@@ -210,7 +210,7 @@ TEST(PlaylistEditor, SelectAllTakesTheDirectoryOnceAndLeavesTheKeys) {
 TEST(PlaylistEditor, RemoveTakesTheSelectedSongAndSwitchesItselfOff) {
   PlaylistDesk desk;
   desk.Click("cmdSelectAll");
-  desk.Choose(desk.Editor().SelectedMP3s, "b");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "b");
   EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
   desk.Click("RemoveKey");
   EXPECT_EQ(desk.Selected(), "a c");
@@ -220,7 +220,7 @@ TEST(PlaylistEditor, RemoveTakesTheSelectedSongAndSwitchesItselfOff) {
 TEST(PlaylistEditor, WithTheLastSongTheKeysGoOffToo) {
   PlaylistDesk desk;
   desk.Add({"a"});
-  desk.Choose(desk.Editor().SelectedMP3s, "a");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "a");
   desk.Click("RemoveKey");
   EXPECT_EQ(desk.Selected(), "");
   EXPECT_EQ(desk.SongKeys(), "");
@@ -229,7 +229,7 @@ TEST(PlaylistEditor, WithTheLastSongTheKeysGoOffToo) {
 TEST(PlaylistEditor, RemoveAllEmptiesTheListAndLeavesTheOtherKeys) {
   PlaylistDesk desk;
   desk.Add({"a", "b"});
-  desk.Choose(desk.Editor().SelectedMP3s, "a");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "a");
   desk.Click("RemAll_Key");
   EXPECT_EQ(desk.Selected(), "");
   EXPECT_EQ(desk.SongKeys(), "RemoveKey PrevKey");
@@ -240,11 +240,11 @@ TEST(PlaylistEditor, RemoveAllEmptiesTheListAndLeavesTheOtherKeys) {
 TEST(PlaylistEditor, RemoveWithNothingSelectedRemovesNothing) {
   PlaylistDesk desk;
   desk.Add({"a", "b"});
-  desk.Choose(desk.Editor().SelectedMP3s, "a");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "a");
   desk.Click("cmdRandomize");
   EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
   desk.Click("RemoveKey");
-  EXPECT_EQ(desk.Editor().SelectedMP3s.ListCount(), 2);
+  EXPECT_EQ(desk.TheFrmPlaylist().SelectedMP3s.ListCount(), 2);
   EXPECT_EQ(desk.SongKeys(), "RemAll_Key PrevKey");
   EXPECT_EQ(desk.Boxes(), "");
 }
@@ -267,7 +267,7 @@ TEST(PlaylistEditor, EachShuffleIsAPermutationThatKeepsASongThatStandsTwice) {
   }
   std::sort(orders.begin(), orders.end());
   EXPECT_GT(std::unique(orders.begin(), orders.end()) - orders.begin(), 4);
-  EXPECT_EQ(desk.Editor().lstRandom.ListCount(), 0);
+  EXPECT_EQ(desk.TheFrmPlaylist().lstRandom.ListCount(), 0);
 }
 
 /// Pressed second by second, as by an operator, and each time on the list in its original order.
@@ -278,7 +278,7 @@ TEST(PlaylistEditor, OverManyPressesEachOfSixSongsComesAsOftenAtEachPlace) {
   for (int press = 0; press < kPresses; ++press) {
     desk.Click("cmdSelectAll");
     desk.Click("cmdRandomize");
-    const ListBox& songs = desk.Editor().SelectedMP3s;
+    const ListBox& songs = desk.TheFrmPlaylist().SelectedMP3s;
     for (int place = 0; place < songs.ListCount(); ++place)
       ++counted[songs.List(place) + std::to_string(place)];
     desk.Advance(1000);
@@ -321,7 +321,7 @@ TEST(PlaylistEditor, ExitClosesItWithoutSavingOrAsking) {
   desk.Add({"a"});
   desk.Pc.Journal.Clear();
   desk.Exit();
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheFrmPlaylist().Visible);
   EXPECT_EQ(desk.Journal(), "");
   desk.Click("mnuPlaylist");
   EXPECT_EQ(desk.Selected(), "");
@@ -331,9 +331,9 @@ TEST(PlaylistEditor, ExitClosesItWithoutSavingOrAsking) {
 TEST(PlaylistEditor, AnotherCallOfItsMenuBringsItBeforeAndKeepsItsList) {
   PlaylistDesk desk;
   desk.Add({"a"});
-  const unsigned shown = desk.Editor().ShowCount;
+  const unsigned shown = desk.TheFrmPlaylist().ShowCount;
   desk.Click("mnuPlaylist");
-  EXPECT_EQ(desk.Editor().ShowCount, shown + 1);
+  EXPECT_EQ(desk.TheFrmPlaylist().ShowCount, shown + 1);
   EXPECT_EQ(desk.Selected(), "a");
   EXPECT_EQ(desk.Available(), "a b c");
 }

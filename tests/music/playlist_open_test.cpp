@@ -31,7 +31,7 @@ TEST(PlaylistOpen, AFileWithTimesFillsListFrameAndLiveTimes) {
   EXPECT_EQ(desk.Selected(), "b a");
   EXPECT_EQ(desk.Times(), "08:15-18:45 1-3-5--");
   EXPECT_EQ(desk.Choice(), "Scheduled");
-  EXPECT_EQ(desk.Editor().Caption.Get(), "Music playlist new.lst");
+  EXPECT_EQ(desk.TheFrmPlaylist().Caption.Get(), "Music playlist new.lst");
   // Whether the list that is playing has times does not change.
   EXPECT_EQ(desk.LiveTimes(), "08:15-18:45 1030500");
   EXPECT_EQ(desk.Entries(), "a b c");
@@ -90,9 +90,9 @@ TEST(PlaylistOpen, ACancelledDialogEmptiesTheListAndTheLiveTimes) {
   desk.Open("");
   EXPECT_EQ(desk.Selected(), "");
   EXPECT_EQ(desk.LiveTimes(), "-  scheduled");
-  EXPECT_EQ(desk.Editor().Caption.Get(), "Music playlist ");
+  EXPECT_EQ(desk.TheFrmPlaylist().Caption.Get(), "Music playlist ");
   EXPECT_EQ(desk.Choice(), "");
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheFrmPlaylist().Visible);
   EXPECT_EQ(desk.Boxes(), "");
 }
 
@@ -156,7 +156,7 @@ TEST(PlaylistOpen, ItsTitleShowsThePathFromWhereTheProgramsDirectoryWouldEnd) {
     PlaylistDesk desk;
     desk.Pc.Disk.AddFile(path, kTwoSongs);
     desk.Open(path);
-    EXPECT_EQ(desk.Editor().Caption.Get(), "Music playlist " + shown) << path;
+    EXPECT_EQ(desk.TheFrmPlaylist().Caption.Get(), "Music playlist " + shown) << path;
     EXPECT_EQ(desk.Selected(), "b a") << path;
   }
 }
@@ -187,7 +187,7 @@ TEST(PlaylistOpen, NamesInACodePageAreShownAsTextAndFindTheirSongs) {
   PlaylistDesk desk({}, [&](SimulatedPc& pc) { pc.Disk.AddMp3("/music/" + bytes + ".mp3", 5000); });
   desk.OpenText("[Playlist]\r\nSong:1=" + bytes + "\r\nSong:2=a\r\n");
   EXPECT_EQ(desk.Selected(), "Frühstück a");
-  desk.Choose(desk.Editor().SelectedMP3s, "Frühstück");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "Frühstück");
   PlayAndStop(desk);
   desk.TakeJournal();
   desk.Click("PrevKey");
@@ -249,7 +249,7 @@ TEST(PlaylistOpen, TheKeysStayAsTheyAre) {
   desk.Click("RemAll_Key");
   desk.OpenText(kTwoSongs);
   EXPECT_EQ(desk.SongKeys(), "");
-  desk.Choose(desk.Editor().SelectedMP3s, "a");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "a");
   desk.OpenText(kTwoSongs);
   EXPECT_EQ(desk.SongKeys(), "RemoveKey PrevKey");
 }
@@ -264,7 +264,7 @@ TEST(PlaylistOpen, AnEditorClosedUnderItsDialogTakesNothing) {
   EXPECT_EQ(desk.LiveTimes(), "12:30-12:40 1234567 scheduled");
   desk.Click("mnuPlaylist");
   EXPECT_EQ(desk.Selected(), "");
-  EXPECT_EQ(desk.Editor().Caption.Get(), "Music playlist:");
+  EXPECT_EQ(desk.TheFrmPlaylist().Caption.Get(), "Music playlist:");
 }
 
 TEST(PlaylistOpen, AFileForAnEditorThatWasClosedDoesNotReachTheNext) {
@@ -286,16 +286,16 @@ TEST(PlaylistOpen, TwentyThousandSongsAreListedShuffledSavedAndReadBack) {
     for (int song = 1; song <= kSongs; ++song)
       pc.Disk.AddMp3("/music/song " + std::to_string(song) + ".mp3", 1000);
   });
-  EXPECT_EQ(desk.Editor().AvailMP3s.ListCount(), kSongs + 3);
+  EXPECT_EQ(desk.TheFrmPlaylist().AvailMP3s.ListCount(), kSongs + 3);
   desk.Click("cmdSelectAll");
   desk.Click("cmdRandomize");
   const std::string shuffled = desk.Selected();
   EXPECT_NE(shuffled, desk.Available());
   desk.SaveAs();
-  ASSERT_FALSE(desk.Editor().Loaded());
+  ASSERT_FALSE(desk.TheFrmPlaylist().Loaded());
   desk.Click("mnuPlaylist");
   desk.Open(PlaylistDesk::kFile);
-  EXPECT_EQ(desk.Editor().SelectedMP3s.ListCount(), kSongs + 3);
+  EXPECT_EQ(desk.TheFrmPlaylist().SelectedMP3s.ListCount(), kSongs + 3);
   EXPECT_EQ(desk.Selected(), shuffled);
 }
 

@@ -13,7 +13,7 @@ struct PreviewDesk : PlaylistDesk {
       : PlaylistDesk(std::move(options)) {
     PlayAndStop(*this);
     Click("cmdSelectAll");
-    Choose(Editor().SelectedMP3s, song);
+    Choose(TheFrmPlaylist().SelectedMP3s, song);
     Pc.Journal.Clear();
   }
 };
@@ -34,7 +34,7 @@ TEST(PlaylistPreview, PlaysTheSelectedSongUntilTheSecondPress) {
 TEST(PlaylistPreview, OpensTheMastersAndTheWaveLinesMute) {
   PlaylistDesk desk;
   desk.Add({"b"});
-  desk.Choose(desk.Editor().SelectedMP3s, "b");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "b");
   ASSERT_TRUE(desk.MuteCheck(0));
   ASSERT_EQ(desk.WaveMute().Value, FrmMxr::kMuted);
   desk.Click("PrevKey");
@@ -80,7 +80,7 @@ TEST(PlaylistPreview, LooksForTheMainWindowsSongAndNotForItsOwn) {
 TEST(PlaylistPreview, BeforeAnySongOfTheMainWindowItIsSilent) {
   PlaylistDesk desk;
   desk.Add({"b"});
-  desk.Choose(desk.Editor().SelectedMP3s, "b");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "b");
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Heard(), "silence");
   EXPECT_EQ(desk.Text("PrevKey"), "Stop");
@@ -111,7 +111,7 @@ TEST(PlaylistPreview, ADirectoryWithoutItsFinalSeparatorGetsOne) {
   desk.Do([&] { desk.Values().MusicDirectory = "/music"; });
   desk.Click("mnuPlaylist");
   desk.Add({"c"});
-  desk.Choose(desk.Editor().SelectedMP3s, "c");
+  desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "c");
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Pc.Song.FileName(), "/music/c.mp3");
 }

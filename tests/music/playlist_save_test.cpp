@@ -30,7 +30,7 @@ TEST(PlaylistSave, WithoutSongsItIsRefusedAndAsksForNoFile) {
   EXPECT_EQ(desk.Boxes(), "!Error: No songs selected\n");
   EXPECT_TRUE(desk.Pc.Dialogs.FileDialogs.empty());
   EXPECT_EQ(desk.File(), "");
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheFrmPlaylist().Visible);
 }
 
 TEST(PlaylistSave, ItsDialogAsksForAPlaylistInTheProgramsDirectory) {
@@ -48,7 +48,7 @@ TEST(PlaylistSave, ItsDialogAsksForAPlaylistInTheProgramsDirectory) {
 TEST(PlaylistSave, ACancelledDialogSavesNothingAndTheEditorStays) {
   SaveDesk desk;
   desk.SaveAs("");
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheFrmPlaylist().Visible);
   EXPECT_EQ(desk.Selected(), "b a");
   EXPECT_EQ(desk.Boxes(), "");
 }
@@ -57,7 +57,7 @@ TEST(PlaylistSave, AnAutostartIsWrittenWithoutTimesAndClosesTheEditor) {
   SaveDesk desk;
   desk.SaveAs();
   EXPECT_EQ(desk.File(), kSongs + kNoTimes + "Autostart=True\r\n");
-  EXPECT_FALSE(desk.Editor().Loaded());
+  EXPECT_FALSE(desk.TheFrmPlaylist().Loaded());
   EXPECT_TRUE(desk.Values().MusicAutostart);
 }
 
@@ -80,7 +80,7 @@ TEST(PlaylistSave, TimesAreWrittenWithTheirDaysAndWithoutAnAutostart) {
   EXPECT_EQ(desk.File(), kSongs +
                              "[Background music]\r\nStart time=08:15\r\nStop time=18:45\r\n"
                              "Weekdays=1030500\r\n");
-  EXPECT_FALSE(desk.Editor().Loaded());
+  EXPECT_FALSE(desk.TheFrmPlaylist().Loaded());
   EXPECT_EQ(desk.LiveTimes(), "08:15-18:45 7654321 autostart");
 }
 
@@ -90,7 +90,7 @@ TEST(PlaylistSave, AScheduleWithNoListSetIsWrittenWithoutTimes) {
   desk.Click("chkDays_0");
   desk.SaveAs();
   EXPECT_EQ(desk.File(), kSongs + kNoTimes + "Autostart=False\r\n");
-  EXPECT_FALSE(desk.Editor().Loaded());
+  EXPECT_FALSE(desk.TheFrmPlaylist().Loaded());
   EXPECT_EQ(desk.Boxes(), "");
 }
 
@@ -112,7 +112,7 @@ TEST(PlaylistSave, TheFirstListThatIsNotSetIsNamedAndTheFileHoldsTheSongsAlone) 
     desk.SaveAs();
     EXPECT_EQ(desk.Boxes(), "!Error: " + word + "\n");
     EXPECT_EQ(desk.File(), kSongs);
-    EXPECT_TRUE(desk.Editor().Visible);
+    EXPECT_TRUE(desk.TheFrmPlaylist().Visible);
     EXPECT_EQ(desk.Selected(), "b a");
     EXPECT_EQ(desk.Times(), shown);
     EXPECT_EQ(desk.LiveTimes(), "- ");
@@ -150,7 +150,7 @@ TEST(PlaylistSave, AScheduleThatIsCompletedAfterTheWordIsSavedWhole) {
   desk.SaveAs();
   EXPECT_EQ(desk.Setting("Background music", "Start time", PlaylistDesk::kFile), "08:00");
   EXPECT_EQ(desk.Setting("Background music", "Stop time", PlaylistDesk::kFile), "09:30");
-  EXPECT_FALSE(desk.Editor().Loaded());
+  EXPECT_FALSE(desk.TheFrmPlaylist().Loaded());
 }
 
 TEST(PlaylistSave, NoDayAndAStopBeforeTheStartAreSavedWithoutAWord) {
@@ -204,14 +204,14 @@ TEST(PlaylistSave, AFileThatCannotBeWrittenIsToldOfAndNothingIsLost) {
     desk.SaveAs();
     EXPECT_EQ(desk.Boxes(), "!Error: Save playlist: /app/new.lst\n");
     EXPECT_EQ(desk.File(), "[Playlist]\r\nSong:1=old\r\n");
-    EXPECT_TRUE(desk.Editor().Visible);
+    EXPECT_TRUE(desk.TheFrmPlaylist().Visible);
     EXPECT_EQ(desk.Selected(), "b a");
     EXPECT_EQ(desk.Times(), shown);
     EXPECT_EQ(desk.Choice(), timed ? "Scheduled" : "Autostart");
     EXPECT_EQ(desk.LiveTimes(), "- ");
     desk.Pc.Disk.Heal(PlaylistDesk::kFile);
     desk.SaveAs();
-    EXPECT_FALSE(desk.Editor().Loaded());
+    EXPECT_FALSE(desk.TheFrmPlaylist().Loaded());
     EXPECT_EQ(desk.File().substr(0, kSongs.size()), kSongs);
   }
 }
@@ -230,7 +230,7 @@ TEST(PlaylistSave, ADirectoryThatHasGoneIsToldOf) {
   SaveDesk desk;
   desk.SaveAs("/stick/new.lst");
   EXPECT_EQ(desk.Boxes(), "!Error: Save playlist: /stick/new.lst\n");
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheFrmPlaylist().Visible);
 }
 
 TEST(PlaylistSave, TheMainWindowsListIsLeftAloneUntilTheFileIsOpenedThere) {

@@ -21,11 +21,11 @@ const Texts kBadMinutes{"",
                         "0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,"
                         "23,24,25,26,27,28,29,30"};
 
-WavWindow& Editor(WatchedDesk& desk) { return desk.Sys->TheWindows.TheWavWindow; }
+WavWindow& TheWavWindow(WatchedDesk& desk) { return desk.Sys->TheWindows.TheWavWindow; }
 
 /// A box or a file dialog blocks everything underneath it.
 bool IsAtHand(WatchedDesk& desk) {
-  return Editor(desk).Visible && desk.Pc.Dialogs.OpenBoxCount() == 0;
+  return TheWavWindow(desk).Visible && desk.Pc.Dialogs.OpenBoxCount() == 0;
 }
 
 Deed AtHand(const std::string& what, const std::function<void(WatchedDesk&)>& hand) {
@@ -40,11 +40,11 @@ Deed ClickAtHand(const std::string& control) {
 }
 
 void AddMessage(WatchedDesk& desk, int place) {
-  desk.Do([&] { ClickEntry(Editor(desk).AvailWavs, place); });
+  desk.Do([&] { ClickEntry(TheWavWindow(desk).AvailWavs, place); });
 }
 
 void Type(WatchedDesk& desk, TextBox WavWindow::*box, const std::string& text) {
-  desk.Do([&] { (Editor(desk).*box).Text = text; });
+  desk.Do([&] { (TheWavWindow(desk).*box).Text = text; });
 }
 
 /// Opens the editor if it is closed, and adds a message before pressing the button if there is
@@ -52,7 +52,7 @@ void Type(WatchedDesk& desk, TextBox WavWindow::*box, const std::string& text) {
 Deed DrawPreview(Dice& dice) {
   const int place = dice.Between(0, 1000);
   return {"preview with message " + std::to_string(place), [place](WatchedDesk& desk) {
-            if (!Editor(desk).Visible && desk.Shows("mnuSchedule")) desk.Click("mnuSchedule");
+            if (!TheWavWindow(desk).Visible && desk.Shows("mnuSchedule")) desk.Click("mnuSchedule");
             if (!IsAtHand(desk)) return;
             if (!desk.Enabled("PrevKey")) AddMessage(desk, place);
             desk.Click("PrevKey");
@@ -65,7 +65,7 @@ Deed DrawGlance(Dice& dice) {
   return {"open the editor for " + std::to_string(lengthMs) + " ms", [lengthMs](WatchedDesk& desk) {
             if (!desk.Shows("mnuSchedule")) return;
             desk.Click("mnuSchedule");
-            desk.Pc.Loop.Schedule(lengthMs, [&desk] { Editor(desk).Close(); });
+            desk.Pc.Loop.Schedule(lengthMs, [&desk] { TheWavWindow(desk).Close(); });
           }};
 }
 
@@ -74,7 +74,7 @@ Deed DrawList(Dice& dice) {
   switch (dice.Between(1, 5)) {
     case 1:
       return AtHand("select an entry of the sequence", [place](WatchedDesk& desk) {
-        ListBox& list = Editor(desk).SelectedWavs;
+        ListBox& list = TheWavWindow(desk).SelectedWavs;
         desk.Do([&] {
           if (list.ListCount() > 0) list.SetListIndex(place % list.ListCount());
           list.OnGotFocus();
@@ -90,7 +90,7 @@ Deed DrawList(Dice& dice) {
 
 /// While the drag goes on, the list may be emptied, or its window closed.
 void Drag(WatchedDesk& desk, int from, int to) {
-  ListBox& list = Editor(desk).SelectedWavs;
+  ListBox& list = TheWavWindow(desk).SelectedWavs;
   const auto moveTo = [&](int entry) {
     if (entry < list.ListCount()) list.SetListIndex(entry);
   };
@@ -112,7 +112,7 @@ Deed DrawDrag(Dice& dice) {
   const int to = dice.Between(0, 5);
   return AtHand("drag message " + std::to_string(from) + " to " + std::to_string(to),
                 [from, to](WatchedDesk& desk) {
-                  const int messages = Editor(desk).SelectedWavs.ListCount();
+                  const int messages = TheWavWindow(desk).SelectedWavs.ListCount();
                   if (from < messages && to < messages) Drag(desk, from, to);
                 });
 }
@@ -138,12 +138,12 @@ Deed DrawInterval(Dice& dice) {
       return ClickAtHand("optInterval_" + dice.Of(intervals));
     case 3:
       return AtHand("start the interval at " + std::to_string(start), [start](WatchedDesk& desk) {
-        desk.Do([&] { ClickEntry(Editor(desk).cmbStart, start); });
+        desk.Do([&] { ClickEntry(TheWavWindow(desk).cmbStart, start); });
       });
     default: {
       const std::string key = dice.OneIn(3) ? "cmdCancel" : "cmdOK";
       return AtHand(key + " of the interval", [key](WatchedDesk& desk) {
-        if (Editor(desk).frInterval.Visible) desk.Click(key);
+        if (TheWavWindow(desk).frInterval.Visible) desk.Click(key);
       });
     }
   }
@@ -157,7 +157,7 @@ Deed DrawChoice(Dice& dice) {
       return ClickAtHand(day);
     case 2:
       return AtHand("click " + zone, [zone](WatchedDesk& desk) {
-        if (Editor(desk).frZones.Visible) desk.Click(zone);
+        if (TheWavWindow(desk).frZones.Visible) desk.Click(zone);
       });
     default:
       return ClickAtHand(dice.OneIn(2) ? "optExact" : "optBetween");
@@ -170,7 +170,7 @@ Deed DrawOpen(Dice& dice) {
   const std::string file = dice.OneIn(3) ? dice.Of(others) : "/app/" + dice.Of(ScheduleNames());
   return AtHand("open \"" + file + "\" in the editor", [file](WatchedDesk& desk) {
     desk.Pc.Dialogs.OpenResults = {file};
-    desk.Do([&] { Editor(desk).mnuOpen.OnClick(); });
+    desk.Do([&] { TheWavWindow(desk).mnuOpen.OnClick(); });
   });
 }
 
@@ -201,8 +201,10 @@ Deed DrawSave(Dice& dice) {
 Deed DrawClose(Dice& dice) {
   const bool byMenu = dice.OneIn(2);
   return {byMenu ? "leave the editor" : "close the editor's window", [byMenu](WatchedDesk& desk) {
-            if (!Editor(desk).Visible) return;
-            desk.Do([&] { byMenu ? Editor(desk).mnuExit.OnClick() : Editor(desk).Close(); });
+            if (!TheWavWindow(desk).Visible) return;
+            desk.Do([&] {
+              byMenu ? TheWavWindow(desk).mnuExit.OnClick() : TheWavWindow(desk).Close();
+            });
           }};
 }
 

@@ -12,7 +12,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using Step = std::function<void(FrmPlaylist&)>;
 
-FrmPlaylist& Editor(WatchedDesk& desk) { return desk.Sys->TheWindows.frmPlaylist; }
+FrmPlaylist& TheFrmPlaylist(WatchedDesk& desk) { return desk.Sys->TheWindows.frmPlaylist; }
 
 Deed AtHand(const std::string& what, const Step& step) {
   return {what, [step](WatchedDesk& desk) { desk.StepAtPlaylist(step); }};
@@ -21,7 +21,8 @@ Deed AtHand(const std::string& what, const Step& step) {
 /// Opens the editor if it is closed.
 Deed OpenedAtHand(const std::string& what, const Step& step) {
   return {what, [step](WatchedDesk& desk) {
-            if (!Editor(desk).Visible && desk.Shows("mnuPlaylist")) desk.Click("mnuPlaylist");
+            if (!TheFrmPlaylist(desk).Visible && desk.Shows("mnuPlaylist"))
+              desk.Click("mnuPlaylist");
             desk.StepAtPlaylist(step);
           }};
 }
@@ -69,7 +70,7 @@ Deed DrawGlance(Dice& dice) {
           [lengthMs](WatchedDesk& desk) {
             if (!desk.Shows("mnuPlaylist")) return;
             desk.Click("mnuPlaylist");
-            desk.Pc.Loop.Schedule(lengthMs, [&desk] { Editor(desk).Close(); });
+            desk.Pc.Loop.Schedule(lengthMs, [&desk] { TheFrmPlaylist(desk).Close(); });
           }};
 }
 
@@ -154,7 +155,8 @@ Deed DrawOpen(Dice& dice) {
                             "/app/new.lst"};
   const std::string file = dice.OneIn(3) ? dice.Of(others) : dice.Of(PlaylistPaths());
   return {"open \"" + file + "\" in the playlist editor", [file](WatchedDesk& desk) {
-            if (!Editor(desk).Visible && desk.Shows("mnuPlaylist")) desk.Click("mnuPlaylist");
+            if (!TheFrmPlaylist(desk).Visible && desk.Shows("mnuPlaylist"))
+              desk.Click("mnuPlaylist");
             desk.Pc.Dialogs.OpenResults = {file};
             desk.StepAtPlaylist([](FrmPlaylist& editor) { Desk::Operate(editor.mnuOpen); });
           }};
@@ -193,7 +195,7 @@ Deed DrawSave(Dice& dice) {
   }
   return {
       what, [=](WatchedDesk& desk) {
-        if (composes && !Editor(desk).Visible && desk.Shows("mnuPlaylist"))
+        if (composes && !TheFrmPlaylist(desk).Visible && desk.Shows("mnuPlaylist"))
           desk.Click("mnuPlaylist");
         if (composes) {
           desk.StepAtPlaylist([=](FrmPlaylist& editor) { Compose(editor, place, choice, times); });
@@ -219,7 +221,7 @@ Deed DrawClose(Dice& dice) {
   const bool byMenu = dice.OneIn(2);
   return {byMenu ? "leave the playlist editor" : "close the playlist editor's window",
           [byMenu](WatchedDesk& desk) {
-            FrmPlaylist& editor = Editor(desk);
+            FrmPlaylist& editor = TheFrmPlaylist(desk);
             if (!editor.Visible) return;
             if (byMenu) return desk.Click(editor.mnuExit);
             desk.Do([&editor] { editor.Close(); });

@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 
 /// A row at 12:01 that waits for the music break; the first song ends at 12:01:30.5, 31 seconds
 /// into the journal.

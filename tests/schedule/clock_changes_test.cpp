@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 constexpr int kDaySeconds = 86'400;
 
 /// Names of the files that the wave player has started since the last call.

@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 constexpr int kConflictFrameHeight = 3855;
 constexpr int kNormalFrameHeight = 4095;
 

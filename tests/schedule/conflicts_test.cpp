@@ -138,8 +138,8 @@ TEST(Conflicts, ARemovalTouchesNoOtherRowOfItsSequenceAndNoFile) {
 // The warning and the heights.
 
 struct Heights {
-  int Frame;
-  int Table;
+  int FrameHeight;
+  int GridHeight;
   bool operator==(const Heights&) const = default;
 };
 

@@ -17,13 +17,13 @@ struct EditorDesk : Desk {
 
   static constexpr const char* kFile = "/app/new.sch";
 
-  WavWindow& Editor() { return Sys->TheWindows.TheWavWindow; }
+  WavWindow& TheWavWindow() { return Sys->TheWindows.TheWavWindow; }
 
   /// Clicks the messages in the list of available ones.
   void Add(const std::vector<std::string>& names) {
     for (const std::string& name : names) {
       Do([this, name] {
-        ListBox& list = Editor().AvailWavs;
+        ListBox& list = TheWavWindow().AvailWavs;
         const int before = list.ListIndex();
         for (int entry = 0; entry < list.ListCount(); ++entry) {
           if (list.List(entry) != name) continue;
@@ -37,8 +37,8 @@ struct EditorDesk : Desk {
   /// Clicks an entry of the sequence.
   void SelectEntry(int entry) {
     Do([this, entry] {
-      Editor().SelectedWavs.SetListIndex(entry);
-      Editor().SelectedWavs.OnGotFocus();
+      TheWavWindow().SelectedWavs.SetListIndex(entry);
+      TheWavWindow().SelectedWavs.OnGotFocus();
     });
   }
 
@@ -49,8 +49,8 @@ struct EditorDesk : Desk {
   /// A sequence that can be saved: welcome at 12:30 on Mondays.
   void Compose(const std::string& hours = "12", const std::string& minutes = "30") {
     Add({"welcome"});
-    Type(Editor().txtHours, hours);
-    Type(Editor().txtMinutes, minutes);
+    Type(TheWavWindow().txtHours, hours);
+    Type(TheWavWindow().txtMinutes, minutes);
     Click("WkDays_0");
   }
 
@@ -62,26 +62,26 @@ struct EditorDesk : Desk {
   }
   void Open(const std::string& file) {
     Pc.Dialogs.OpenResults.push_back(file);
-    Do([this] { Editor().mnuOpen.OnClick(); });
+    Do([this] { TheWavWindow().mnuOpen.OnClick(); });
     Advance(0);
   }
 
   std::string Sequence() {
     std::string names;
-    for (int entry = 0; entry < Editor().SelectedWavs.ListCount(); ++entry)
-      names += (entry > 0 ? " " : "") + Editor().SelectedWavs.List(entry);
+    for (int entry = 0; entry < TheWavWindow().SelectedWavs.ListCount(); ++entry)
+      names += (entry > 0 ? " " : "") + TheWavWindow().SelectedWavs.List(entry);
     return names;
   }
-  std::string Total() { return Editor().lblTotalTime.Caption; }
+  std::string Total() { return TheWavWindow().lblTotalTime.Caption; }
 
   std::string Days() {
     std::string days;
-    for (const auto& day : Editor().WkDays) days += day->Value != 0 ? '1' : '-';
+    for (const auto& day : TheWavWindow().WkDays) days += day->Value != 0 ? '1' : '-';
     return days;
   }
   std::string Zones() {
     std::string zones;
-    for (const auto& zone : Editor().cmdZone) zones += zone->Value ? '1' : '-';
+    for (const auto& zone : TheWavWindow().cmdZone) zones += zone->Value ? '1' : '-';
     return zones;
   }
 

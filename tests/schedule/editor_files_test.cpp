@@ -39,8 +39,9 @@ struct FilesDesk : EditorDesk {
 
   /// What the window shows of a sequence: messages, hours, minutes, days, zones, mode.
   std::string Shown() {
-    return Sequence() + "|" + Editor().txtHours.Text.Get() + "|" + Editor().txtMinutes.Text.Get() +
-           "|" + Days() + "|" + Zones() + "|" + (Editor().optExact.Value() ? "Exact" : "Between");
+    return Sequence() + "|" + TheWavWindow().txtHours.Text.Get() + "|" +
+           TheWavWindow().txtMinutes.Text.Get() + "|" + Days() + "|" + Zones() + "|" +
+           (TheWavWindow().optExact.Value() ? "Exact" : "Between");
   }
 };
 
@@ -51,7 +52,7 @@ TEST(EditorFiles, MayEndTheirLinesAsTheyLikeAndKeepThatWhenSaved) {
     FilesDesk desk;
     desk.OpenText(Joined(Lines(), lineEnd));
     EXPECT_EQ(desk.Shown(), kShown);
-    desk.Type(desk.Editor().txtHours, "11");
+    desk.Type(desk.TheWavWindow().txtHours, "11");
     desk.SaveAs(kFile);
     std::vector<std::string> lines = Lines();
     lines[2] = "Hour(s)=11";
@@ -79,7 +80,7 @@ TEST(EditorFiles, MayBeWrittenInUtf16AndStaySo) {
     FilesDesk desk;
     desk.OpenText(InUtf16(Joined(Lines()), bigEndian));
     EXPECT_EQ(desk.Shown(), kShown);
-    desk.Type(desk.Editor().txtHours, "11");
+    desk.Type(desk.TheWavWindow().txtHours, "11");
     desk.SaveAs(kFile);
     std::vector<std::string> lines = Lines();
     lines[2] = "Hour(s)=11";
@@ -102,7 +103,7 @@ TEST(EditorFiles, OnesWithoutASequenceAreToldOfAndChangeNothing) {
     desk.Advance(0);
     EXPECT_EQ(desk.LastBox(), "Error: new.sch: Weekday(s): \"\" is shorter than 7 characters");
     EXPECT_EQ(desk.Shown(), before);
-    EXPECT_EQ(desk.Editor().Caption.Get(), "Message schedule");
+    EXPECT_EQ(desk.TheWavWindow().Caption.Get(), "Message schedule");
     EXPECT_EQ(desk.Sys->Editor.ChosenFile, "");
   }
 }
@@ -136,7 +137,7 @@ TEST(EditorFiles, OneThatCannotBeReadIsNotWrittenOverEither) {
   desk.SaveAs(kFile);
   desk.Advance(1000);
   EXPECT_EQ(desk.LastBox(), "Error: Save message schedule: /app/new.sch");
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
   desk.Pc.Disk.Heal(kFile);
   EXPECT_EQ(desk.File(), Joined(Lines()));
 }
@@ -145,7 +146,7 @@ TEST(EditorFiles, AKeyThatIsAbsentIsAsGoodAsEmpty) {
   FilesDesk desk;
   desk.OpenText(Joined({"[Schedule]", "Weekday(s)=0000000", "Zone(s)=000000"}));
   EXPECT_EQ(desk.Shown(), "|||-------|------|Between");
-  EXPECT_EQ(desk.Editor().SelectedWavs.ListCount(), 1);
+  EXPECT_EQ(desk.TheWavWindow().SelectedWavs.ListCount(), 1);
 }
 
 TEST(EditorFiles, ASequenceSavedOverAForeignFileIsReadBack) {
@@ -169,15 +170,15 @@ TEST(EditorFiles, AValueBeyondTheLongestIsCutThereOnReading) {
   for (int message = 0; message < 300; ++message) messages += ",gong";  // 1504 characters
   FilesDesk desk;
   desk.OpenText(Joined(Lines(messages)));
-  ASSERT_EQ(desk.Editor().SelectedWavs.ListCount(), 300);
-  EXPECT_EQ(desk.Editor().SelectedWavs.List(299), "gong");
+  ASSERT_EQ(desk.TheWavWindow().SelectedWavs.ListCount(), 300);
+  EXPECT_EQ(desk.TheWavWindow().SelectedWavs.List(299), "gong");
   desk.SaveAs(kFile);
   EXPECT_EQ(desk.File(), Joined(Lines(messages.substr(0, 1499))));
 
   std::vector<std::string> lines = Lines();
   lines[2] = "Hour(s)=" + std::string(5000, '8');
   desk.OpenText(Joined(lines));
-  EXPECT_EQ(desk.Editor().txtHours.Text.Get(), std::string(1499, '8'));
+  EXPECT_EQ(desk.TheWavWindow().txtHours.Text.Get(), std::string(1499, '8'));
 }
 
 TEST(EditorFiles, ALongSequenceIsWrittenWhole) {
@@ -206,8 +207,8 @@ TEST(EditorFiles, NamesOfEveryAlphabetAreListedSavedOpenedAndHeard) {
   AlphabetsDesk desk;
   desk.Add(desk.kNames);
   EXPECT_EQ(desk.Total(), "6");
-  desk.Type(desk.Editor().txtHours, "12");
-  desk.Type(desk.Editor().txtMinutes, "02");
+  desk.Type(desk.TheWavWindow().txtHours, "12");
+  desk.Type(desk.TheWavWindow().txtMinutes, "02");
   desk.Click("WkDays_0");
   desk.SaveAs("/app/Πρωί İşte.sch");
   EXPECT_EQ(desk.Pc.Disk.Read("/app/Πρωί İşte.sch"),
@@ -219,8 +220,8 @@ TEST(EditorFiles, NamesOfEveryAlphabetAreListedSavedOpenedAndHeard) {
   desk.Open("/app/Πρωί İşte.sch");
   EXPECT_EQ(desk.Sequence(), "Καλωσήρθατε Закрытие ברוכים הבאים Günaydın Işık");
   EXPECT_EQ(desk.Total(), "1.5");
-  EXPECT_EQ(desk.Editor().Caption.Get(), "Message schedule Πρωί İşte.sch");
-  EXPECT_EQ(desk.Editor().txtDescription.Text.Get(), "Πρωί İşte");
+  EXPECT_EQ(desk.TheWavWindow().Caption.Get(), "Message schedule Πρωί İşte.sch");
+  EXPECT_EQ(desk.TheWavWindow().txtDescription.Text.Get(), "Πρωί İşte");
   desk.Click("mnuExit");
   desk.Pc.Dialogs.OpenResults = {"/app/Πρωί İşte.sch"};
   desk.Click("mnuSequence");
@@ -253,7 +254,7 @@ TEST(EditorFiles, AMessageWithACommaInItsNameComesBackAsTwo) {
   desk.SaveAs(kFile);
   EXPECT_EQ(desk.Saved("Message(s)"), "welcome,Hello, all");
   desk.Open(kFile);
-  EXPECT_EQ(desk.Editor().SelectedWavs.ListCount(), 3);
+  EXPECT_EQ(desk.TheWavWindow().SelectedWavs.ListCount(), 3);
 }
 
 TEST(EditorFiles, AFurtherPointInAFilesNameIsNotSaved) {

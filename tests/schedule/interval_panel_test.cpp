@@ -29,7 +29,7 @@ TEST(IntervalText, EveryTwoMinutesAreJustTheThirtyItemsThatAListMayHave) {
 
 struct PanelDesk : EditorDesk {
   PanelDesk() {
-    Type(Editor().txtMinutes, "05");
+    Type(TheWavWindow().txtMinutes, "05");
     Click("cmdInterval");
   }
   std::string Shown() {
@@ -45,15 +45,15 @@ TEST(IntervalPanel, TakesThePlaceOfTheMinutesUntilItsCancel) {
   desk.Click("optInterval_15");
   desk.Click("cmdCancel");
   EXPECT_EQ(desk.Shown(), "minutes");
-  EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), "05");
+  EXPECT_EQ(desk.TheWavWindow().txtMinutes.Text.Get(), "05");
 }
 
 TEST(IntervalPanel, ItsOkFillsTheMinutesFromTheChosenStart) {
   PanelDesk desk;
   desk.Click("optInterval_15");
-  desk.Do([&] { desk.Editor().cmbStart.SetListIndex(45); });
+  desk.Do([&] { desk.TheWavWindow().cmbStart.SetListIndex(45); });
   desk.Click("cmdOK");
-  EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), "45,00,15,30");
+  EXPECT_EQ(desk.TheWavWindow().txtMinutes.Text.Get(), "45,00,15,30");
   EXPECT_EQ(desk.Shown(), "minutes");
 }
 
@@ -61,17 +61,17 @@ TEST(IntervalPanel, WithoutAStartItBeginsAtTheFullHour) {
   PanelDesk desk;
   desk.Click("optInterval_30");
   desk.Click("cmdOK");
-  EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), "00,30");
+  EXPECT_EQ(desk.TheWavWindow().txtMinutes.Text.Get(), "00,30");
 }
 
 TEST(IntervalPanel, EveryTwoMinutesFromTheLastOneCanBeSaved) {
   PanelDesk desk;
   desk.Click("optInterval_2");
-  desk.Do([&] { desk.Editor().cmbStart.SetListIndex(59); });
+  desk.Do([&] { desk.TheWavWindow().cmbStart.SetListIndex(59); });
   desk.Click("cmdOK");
   const std::string minutes =
       "59,01,03,05,07,09,11,13,15,17,19,21,23,25,27,29,31,33,35,37,39,41,43,45,47,49,51,53,55,57";
-  EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), minutes);
+  EXPECT_EQ(desk.TheWavWindow().txtMinutes.Text.Get(), minutes);
   desk.Compose("12", minutes);
   desk.SaveAs(EditorDesk::kFile);
   EXPECT_EQ(desk.Saved("Minute(s)"), minutes);
@@ -85,16 +85,18 @@ TEST(IntervalPanel, WithoutAnIntervalItsOkIsAFailureAndChangesNothing) {
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.front().Icon, BoxIcon::Critical);
   EXPECT_EQ(desk.Shown(), "interval");
-  EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), "05");
+  EXPECT_EQ(desk.TheWavWindow().txtMinutes.Text.Get(), "05");
 }
 
 TEST(IntervalPanel, OffersSixIntervalsAndTheMinutesOfAnHour) {
   PanelDesk desk;
   std::string intervals;
-  for (const auto& interval : desk.Editor().optInterval) intervals += interval->Caption.Get() + " ";
+  for (const auto& interval : desk.TheWavWindow().optInterval)
+    intervals += interval->Caption.Get() + " ";
   EXPECT_EQ(intervals, "2 5 10 15 20 30 ");
-  ASSERT_EQ(desk.Editor().cmbStart.ListCount(), 60);
-  EXPECT_EQ(desk.Editor().cmbStart.List(0) + " " + desk.Editor().cmbStart.List(59), "0 59");
+  ASSERT_EQ(desk.TheWavWindow().cmbStart.ListCount(), 60);
+  EXPECT_EQ(desk.TheWavWindow().cmbStart.List(0) + " " + desk.TheWavWindow().cmbStart.List(59),
+            "0 59");
 }
 
 }  // namespace

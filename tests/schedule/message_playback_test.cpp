@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 
 TEST(MessagePlayback, ARowAtSetTimeFadesTheMusicAnnouncesAndGivesItBack) {
   SpotDesk desk;

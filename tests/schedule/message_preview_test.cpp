@@ -161,9 +161,9 @@ TEST(MessagePreview, AnEditorThatIsOpenedAgainAtOnceIsNotItsBusiness) {
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Do([&] {
-    desk.Editor().Close();
+    desk.TheWavWindow().Close();
     desk.Main().mnuSchedule.OnClick();
-    desk.Editor().AvailWavs.SetListIndex(0);
+    desk.TheWavWindow().AvailWavs.SetListIndex(0);
   });
   desk.Advance(10'000);
   EXPECT_EQ(desk.Journal(), "0 wav play welcome.wav\n1000 wav stop welcome.wav\n");
@@ -213,7 +213,7 @@ TEST(MessagePreview, ClosingTheEditorUnderACallLeavesItsChimeAlone) {
   desk.Advance(1000);
   desk.Press("cmdCall");
   desk.Advance(100);
-  desk.Do([&] { desk.Editor().Close(); });
+  desk.Do([&] { desk.TheWavWindow().Close(); });
   EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
   desk.Advance(600);
   EXPECT_TRUE(desk.MuteCheck(desk.Sys->Mixer.MicLine));

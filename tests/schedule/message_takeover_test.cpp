@@ -6,7 +6,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 constexpr int kInTheFade = 1250;
 constexpr int kInTheFirstMessage = 3000;
 constexpr int kInTheRise = 6900;

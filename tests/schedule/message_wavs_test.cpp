@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 
 std::vector<std::string> ListOf(Desk& desk, const std::string& messageInfo) {
   desk.Do([&] { desk.Sys->Wavs.BuildMessageList(messageInfo); });

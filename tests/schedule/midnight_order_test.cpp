@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 constexpr int kInTheFade = 1300;
 
 /// From a Sunday to a Monday, each with a row of its own at midnight, where the clock stops the

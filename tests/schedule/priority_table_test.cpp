@@ -35,18 +35,18 @@ DeskOptions AtBreak() {
 struct Moment {
   std::string Name;
   int AtMs = 0;
-  SpotDesk::Music Music = SpotDesk::Music::Plays;
+  SpotDesk::MusicAtStart AtStart = SpotDesk::MusicAtStart::Plays;
   DeskOptions Options = {};
 };
 
-const Moment kIdle{"idle", 500, SpotDesk::Music::IsSilent};
+const Moment kIdle{"idle", 500, SpotDesk::MusicAtStart::IsSilent};
 const Moment kMusic{"music", 500};
 const Moment kFadeDown{"fade down", 1250};
 const Moment kMessage{"message", 3000};
-const Moment kMessageAlone{"no music", 2000, SpotDesk::Music::IsSilent};
+const Moment kMessageAlone{"no music", 2000, SpotDesk::MusicAtStart::IsSilent};
 const Moment kFadeUp{"fade up", 6900};
-const Moment kWaiting{"waiting", 5000, SpotDesk::Music::Plays, AtBreak()};
-const Moment kBreak{"break", 32'000, SpotDesk::Music::Plays, AtBreak()};
+const Moment kWaiting{"waiting", 5000, SpotDesk::MusicAtStart::Plays, AtBreak()};
+const Moment kBreak{"break", 32'000, SpotDesk::MusicAtStart::Plays, AtBreak()};
 
 const std::vector<Moment> kMoments{kIdle,         kMusic,  kFadeDown, kMessage,
                                    kMessageAlone, kFadeUp, kWaiting,  kBreak};
@@ -57,7 +57,7 @@ std::string OrDash(const std::string& text) { return text.empty() ? "-" : text; 
 class TableDesk : public SpotDesk {
  public:
   TableDesk(const Moment& moment, const std::string& own)
-      : SpotDesk(WithPriority(moment.Options, own), moment.Music) {
+      : SpotDesk(WithPriority(moment.Options, own), moment.AtStart) {
     AdvanceTo(moment.AtMs);
     SentBefore = Pc.Serial.Sent().size();
   }

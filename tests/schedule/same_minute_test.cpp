@@ -7,7 +7,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 
 /// A row that waits for the music break, and a window of music.
 DeskOptions AtBreak(const std::string& startTime, const std::string& stopTime) {

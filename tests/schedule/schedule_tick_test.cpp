@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 
 /// Names of the files that the wave player has started since the last call.
 std::string TakePlays(SpotDesk& desk) {

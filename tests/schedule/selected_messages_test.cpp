@@ -74,7 +74,7 @@ TEST(SelectedMessages, RemovingTakesTheSelectedEntryAndItsTime) {
 TEST(SelectedMessages, TheRemoveKeyWithoutASelectionRemovesNothing) {
   EditorDesk desk;
   desk.Add({"welcome"});
-  desk.Do([&] { desk.Editor().SelectedWavs.OnGotFocus(); });
+  desk.Do([&] { desk.TheWavWindow().SelectedWavs.OnGotFocus(); });
   desk.Click("RemoveKey");
   EXPECT_EQ(desk.Sequence(), "welcome");
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
@@ -82,7 +82,7 @@ TEST(SelectedMessages, TheRemoveKeyWithoutASelectionRemovesNothing) {
 
 TEST(SelectedMessages, TheFocusOfAnEmptySequenceGivesNoRemoveKey) {
   EditorDesk desk;
-  desk.Do([&] { desk.Editor().SelectedWavs.OnGotFocus(); });
+  desk.Do([&] { desk.TheWavWindow().SelectedWavs.OnGotFocus(); });
   EXPECT_EQ(desk.Keys(), "");
 }
 
@@ -94,7 +94,7 @@ TEST(SelectedMessages, RemoveAllEmptiesSequenceAndTotal) {
   EXPECT_EQ(desk.Sequence(), "");
   EXPECT_EQ(desk.Total(), "");
   EXPECT_EQ(desk.Keys(), "");
-  EXPECT_EQ(desk.Editor().SelectedFiles.ListCount(), 0);
+  EXPECT_EQ(desk.TheWavWindow().SelectedFiles.ListCount(), 0);
 }
 
 /// Deliberate: the total of an opened sequence is the length of its last message only.
@@ -114,8 +114,8 @@ TEST(SelectedMessages, AnOpenedSequenceShowsItsLastLengthAndCanFallBelowZero) {
 TEST(SelectedMessages, AnEmptyListOfMessagesIsOneEmptyEntryOfNoLength) {
   EditorDesk desk({.Sequences = {{.Messages = ""}}});
   desk.Open("/app/spot.sch");
-  ASSERT_EQ(desk.Editor().SelectedWavs.ListCount(), 1);
-  EXPECT_EQ(desk.Editor().SelectedWavs.List(0), "");
+  ASSERT_EQ(desk.TheWavWindow().SelectedWavs.ListCount(), 1);
+  EXPECT_EQ(desk.TheWavWindow().SelectedWavs.List(0), "");
   EXPECT_EQ(desk.Total(), "0");
 }
 
@@ -151,7 +151,7 @@ TEST(SelectedMessages, AFurtherPointEndsANameAndTheSequenceLooksForTheShortOne) 
 TEST(SelectedMessages, ADraggedEntryChangesPlacesWithOneNeighbourAfterTheOther) {
   EditorDesk desk;
   desk.Add({"welcome", "closing", "gong", "alarm"});
-  ListBox& list = desk.Editor().SelectedWavs;
+  ListBox& list = desk.TheWavWindow().SelectedWavs;
   const auto dragTo = [&](int entry) {
     list.SetListIndex(entry);
     list.OnMouseMove();
@@ -175,7 +175,8 @@ TEST(SelectedMessages, ADraggedEntryChangesPlacesWithOneNeighbourAfterTheOther) 
   EXPECT_EQ(desk.Sequence(), "closing welcome gong alarm");
   desk.Do([&] { dragTo(3); });
   EXPECT_EQ(desk.Sequence(), "closing welcome gong alarm");
-  EXPECT_EQ(desk.Editor().SelectedFiles.List(0), "welcome.wav");  // the shadow stays as it was
+  EXPECT_EQ(desk.TheWavWindow().SelectedFiles.List(0),
+            "welcome.wav");  // the shadow stays as it was
 }
 
 TEST(SelectedMessages, FiveThousandMessagesAreListed) {

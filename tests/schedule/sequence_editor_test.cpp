@@ -12,9 +12,9 @@ constexpr const char* kFile = EditorDesk::kFile;
 
 TEST(SequenceEditor, OpensWithTheMessagesOfTheDirectoryAndNothingChosen) {
   EditorDesk desk;
-  EXPECT_EQ(desk.Editor().Caption.Get(), "Message schedule");
-  EXPECT_EQ(desk.Editor().AvailWavs.ListCount(), 4);
-  EXPECT_EQ(desk.Editor().AvailWavs.List(0), "alarm");
+  EXPECT_EQ(desk.TheWavWindow().Caption.Get(), "Message schedule");
+  EXPECT_EQ(desk.TheWavWindow().AvailWavs.ListCount(), 4);
+  EXPECT_EQ(desk.TheWavWindow().AvailWavs.List(0), "alarm");
   EXPECT_EQ(desk.Keys(), "");
   EXPECT_EQ(desk.Days() + desk.Zones(), "-------------");
   EXPECT_FALSE(desk.Visible("frInterval"));
@@ -29,7 +29,7 @@ TEST(SequenceEditor, OpensWithTheMessagesOfTheDirectoryAndNothingChosen) {
 TEST(SequenceEditor, TheIdsOfItsControlsStandInTheirTags) {
   EditorDesk desk;
   std::string tags;
-  for (Control* control : desk.Editor().Controls) {
+  for (Control* control : desk.TheWavWindow().Controls) {
     const auto* visual = dynamic_cast<VisualControl*>(control);
     if (visual && !visual->Tag.Get().empty())
       tags += control->ObjectName() + " " + visual->Tag.Get() + "\n";
@@ -45,7 +45,7 @@ TEST(SequenceEditor, TheIdsOfItsControlsStandInTheirTags) {
 TEST(SequenceEditor, SpeaksTheLanguageInEachOfItsTexts) {
   EditorDesk desk({.Language = "German"});
   std::string texts;
-  for (Control* control : desk.Editor().Controls) {
+  for (Control* control : desk.TheWavWindow().Controls) {
     const auto* visual = dynamic_cast<VisualControl*>(control);
     const bool menu = dynamic_cast<Menu*>(control) && control->Name != "mnuFKey";
     if (visual && (menu || !visual->Tag.Get().empty()))
@@ -65,14 +65,14 @@ TEST(SequenceEditor, SpeaksTheLanguageInEachOfItsTexts) {
 TEST(SequenceEditor, ShowsZonesWithTheRouterAlone) {
   EditorDesk router;
   EXPECT_TRUE(router.Visible("frZones"));
-  EXPECT_EQ(router.Editor().Height.Get(), 6825);
-  EXPECT_EQ(router.Editor().frTimeSetting.Height.Get(), 3015);
-  EXPECT_EQ(router.Editor().frZones.Top.Get(), 2160);
+  EXPECT_EQ(router.TheWavWindow().Height.Get(), 6825);
+  EXPECT_EQ(router.TheWavWindow().frTimeSetting.Height.Get(), 3015);
+  EXPECT_EQ(router.TheWavWindow().frZones.Top.Get(), 2160);
   EXPECT_EQ(router.Text("frTimeSetting"), "Time (in 24 hours format) and Zone setting");
   EditorDesk plain({.Router = false});
   EXPECT_FALSE(plain.Visible("frZones"));
-  EXPECT_EQ(plain.Editor().Height.Get(), 6090);
-  EXPECT_EQ(plain.Editor().frTimeSetting.Height.Get(), 2175);
+  EXPECT_EQ(plain.TheWavWindow().Height.Get(), 6090);
+  EXPECT_EQ(plain.TheWavWindow().frTimeSetting.Height.Get(), 2175);
   EXPECT_EQ(plain.Text("frTimeSetting"), "Time setting (in 24 hours format)");
   plain.Compose();
   plain.SaveAs(kFile);
@@ -103,7 +103,7 @@ TEST(SequenceEditor, WhileItIsOpenTheTableShowsAllDaysAndTheScheduleStandsStill)
   EXPECT_EQ(desk.Main().grdSchedule.Rows(), 3);
   desk.RunTo(12, 3);
   EXPECT_EQ(desk.Journal().find("welcome"), std::string::npos);
-  desk.Do([&] { desk.Editor().Close(); });
+  desk.Do([&] { desk.TheWavWindow().Close(); });
   EXPECT_EQ(desk.Main().grdSchedule.Rows(), 2);
   EXPECT_FALSE(desk.Values().AllDaysView);
   desk.RunTo(12, 4);
@@ -139,14 +139,14 @@ TEST(SequenceEditor, ReadsAFileIntoItsFieldsAsItStands) {
                                   .Zones = "103056",
                                   .Timer = "Between"}}});
   desk.Open("/app/day.two.sch");
-  EXPECT_EQ(desk.Editor().Caption.Get(), "Message schedule day.two.sch");
+  EXPECT_EQ(desk.TheWavWindow().Caption.Get(), "Message schedule day.two.sch");
   EXPECT_EQ(desk.Sequence(), "closing gong");
-  EXPECT_EQ(desk.Editor().txtHours.Text.Get(), "99-1,x");
-  EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), "07");
+  EXPECT_EQ(desk.TheWavWindow().txtHours.Text.Get(), "99-1,x");
+  EXPECT_EQ(desk.TheWavWindow().txtMinutes.Text.Get(), "07");
   EXPECT_EQ(desk.Days(), "1-111--");
   EXPECT_EQ(desk.Zones(), "1-1-11");
-  EXPECT_TRUE(desk.Editor().optBetween.Value());
-  EXPECT_EQ(desk.Editor().txtDescription.Text.Get(), "day");
+  EXPECT_TRUE(desk.TheWavWindow().optBetween.Value());
+  EXPECT_EQ(desk.TheWavWindow().txtDescription.Text.Get(), "day");
   EXPECT_EQ(desk.Sys->Editor.ChosenFile, "/app/day.two.sch");
   EXPECT_EQ(desk.Pc.Dialogs.FileDialogs.back().Filter, "Sequence files (*.sch)|*.sch");
   EXPECT_EQ(desk.Pc.Dialogs.FileDialogs.back().DefaultExtension, "seq");
@@ -157,12 +157,12 @@ TEST(SequenceEditor, CountsAnyTimerButExactAsBetween) {
   for (const char* timer : {"", "exact", "EXACT", "Between", "x"}) {
     EditorDesk desk({.Sequences = {{.Timer = timer}}});
     desk.Open("/app/spot.sch");
-    EXPECT_TRUE(desk.Editor().optBetween.Value()) << timer;
+    EXPECT_TRUE(desk.TheWavWindow().optBetween.Value()) << timer;
   }
   EditorDesk desk({.Sequences = {{}}});
   desk.Click("optBetween");
   desk.Open("/app/spot.sch");
-  EXPECT_TRUE(desk.Editor().optExact.Value());
+  EXPECT_TRUE(desk.TheWavWindow().optExact.Value());
 }
 
 TEST(SequenceEditor, AWeekdayThatIsNotTheDigitOfItsPlaceIsOffHere) {
@@ -182,9 +182,9 @@ TEST(SequenceEditor, AFileWithTooFewWeekdaysOrZonesLeavesTheScreenAsItIs) {
     desk.Advance(0);
     ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
     EXPECT_NE(desk.LastBox().find("is shorter than"), std::string::npos) << desk.LastBox();
-    EXPECT_EQ(desk.Editor().txtHours.Text.Get() + desk.Sequence(), "9welcome");
+    EXPECT_EQ(desk.TheWavWindow().txtHours.Text.Get() + desk.Sequence(), "9welcome");
     EXPECT_EQ(desk.Days() + desk.Zones(), "1---------1--");
-    EXPECT_EQ(desk.Editor().Caption.Get(), "Message schedule");
+    EXPECT_EQ(desk.TheWavWindow().Caption.Get(), "Message schedule");
   }
 }
 
@@ -192,15 +192,15 @@ TEST(SequenceEditor, ACancelledOpenDialogChangesNothing) {
   EditorDesk desk;
   desk.Compose("9", "15");
   desk.Open("");
-  EXPECT_EQ(desk.Editor().txtHours.Text.Get(), "9");
+  EXPECT_EQ(desk.TheWavWindow().txtHours.Text.Get(), "9");
   EXPECT_EQ(desk.Sequence(), "welcome");
 }
 
 TEST(SequenceEditor, WritesSixValuesInTheirOrderAndClosesHalfASecondLater) {
   EditorDesk desk;
   desk.Add({"closing", "gong"});
-  desk.Type(desk.Editor().txtHours, "8-10");
-  desk.Type(desk.Editor().txtMinutes, "00,30");
+  desk.Type(desk.TheWavWindow().txtHours, "8-10");
+  desk.Type(desk.TheWavWindow().txtMinutes, "00,30");
   for (const char* key : {"WkDays_0", "WkDays_6", "cmdZone_1", "cmdZone_5", "optBetween"})
     desk.Click(key);
   desk.Pc.Journal.Only({"write", "save"});
@@ -216,9 +216,9 @@ TEST(SequenceEditor, WritesSixValuesInTheirOrderAndClosesHalfASecondLater) {
   EXPECT_EQ(desk.Pc.Dialogs.FileDialogs.back().DefaultExtension, "seq");
   EXPECT_TRUE(desk.Pc.Dialogs.FileDialogs.back().Save);
   desk.Advance(499);
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
   desk.Advance(1);
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
   EXPECT_TRUE(desk.Sys->TheFrmPlayers.tmrMessage.Enabled);
 }
@@ -246,7 +246,7 @@ TEST(SequenceEditor, AFileThatIsOpenedAndSavedAgainKeepsItsSixValues) {
   EditorDesk desk({.Sequences = {sequence}});
   const auto before = desk.Pc.Disk.Read("/app/spot.sch");
   desk.Open("/app/spot.sch");
-  desk.Type(desk.Editor().txtDescription, "a name that is written nowhere");
+  desk.Type(desk.TheWavWindow().txtDescription, "a name that is written nowhere");
   desk.SaveAs(kFile);
   EXPECT_EQ(desk.Pc.Disk.Read(kFile), before);
   desk.Advance(500);
@@ -266,11 +266,11 @@ TEST(SequenceEditor, AsksForHoursMinutesMessagesAndWeekdaysInThisOrder) {
   desk.Click("mnuSave");
   desk.Advance(0);
   EXPECT_EQ(desk.LastBox(), title + italian(kStrHoursEmpty));
-  desk.Type(desk.Editor().txtHours, "x");
+  desk.Type(desk.TheWavWindow().txtHours, "x");
   desk.Click("mnuSave");
   desk.Advance(0);
   EXPECT_EQ(desk.LastBox(), title + italian(kStrMinutesEmpty));
-  desk.Type(desk.Editor().txtMinutes, "y");
+  desk.Type(desk.TheWavWindow().txtMinutes, "y");
   desk.Click("mnuSave");
   desk.Advance(0);
   EXPECT_EQ(desk.LastBox(), title + italian(kStrNoMessagesSelected));
@@ -294,7 +294,7 @@ TEST(SequenceEditor, ACancelledSaveWritesNothingAndStillClosesTheEditor) {
   desk.Pc.Journal.Only({"write"});
   desk.SaveAs("");
   desk.Advance(500);
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
   EXPECT_EQ(desk.Journal(), "");
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
 }
@@ -307,12 +307,12 @@ TEST(SequenceEditor, AConflictThatWasThereAtItsOpeningKeepsItOpenAfterEverySave)
   for (int save = 0; save < 2; ++save) {
     desk.SaveAs(kFile);
     desk.Advance(2000);
-    EXPECT_TRUE(desk.Editor().Visible);
+    EXPECT_TRUE(desk.TheWavWindow().Visible);
     EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
   }
   EXPECT_EQ(desk.Saved("Hour(s)"), "12");
   desk.Click("mnuExit");
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
 }
 
 /// Without an open file no table is built, so the flag of the last one remains.
@@ -325,7 +325,7 @@ TEST(SequenceEditor, AConflictOfFilesThatWereClosedSinceKeepsItOpenToo) {
   desk.Compose();
   desk.SaveAs(kFile);
   desk.Advance(2000);
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
   desk.Click("mnuExit");
   desk.Pc.Dialogs.OpenResults = {kFile};
   desk.Click("mnuSequence");  // the saved file alone, without a conflict
@@ -333,7 +333,7 @@ TEST(SequenceEditor, AConflictOfFilesThatWereClosedSinceKeepsItOpenToo) {
   desk.Compose();
   desk.SaveAs(kFile);
   desk.Advance(500);
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
 }
 
 TEST(SequenceEditor, AConflictThatTheSavedFileMakesClosesItAndIsFoundThen) {
@@ -341,7 +341,7 @@ TEST(SequenceEditor, AConflictThatTheSavedFileMakesClosesItAndIsFoundThen) {
   desk.Compose("12", "01");
   desk.SaveAs(kFile);
   desk.Advance(500);
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
   EXPECT_TRUE(desk.Sys->TheConflicts.ConflictFound);
   EXPECT_TRUE(desk.Visible("lblConflict"));
 }
@@ -354,13 +354,13 @@ TEST(SequenceEditor, ADiskThatTakesNoFileIsToldAndNothingIsLost) {
   desk.SaveAs("/app/spot.sch");
   desk.Advance(2000);
   EXPECT_EQ(desk.LastBox(), "Error: Save message schedule: /app/spot.sch");
-  EXPECT_TRUE(desk.Editor().Visible);
-  EXPECT_EQ(desk.Editor().txtHours.Text.Get() + desk.Sequence(), "9welcome");
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
+  EXPECT_EQ(desk.TheWavWindow().txtHours.Text.Get() + desk.Sequence(), "9welcome");
   EXPECT_EQ(desk.Pc.Disk.Read("/app/spot.sch"), before);
   desk.Pc.Disk.Heal("/app/spot.sch");
   desk.SaveAs("/app/spot.sch");
   desk.Advance(500);
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
   EXPECT_EQ(desk.Saved("Hour(s)", "/app/spot.sch"), "9");
 }
 
@@ -374,7 +374,7 @@ TEST(SequenceEditor, ClosedInThePauseAfterASaveItStaysAsItIsThen) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
   desk.Click("mnuSchedule");
   desk.Advance(2000);
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
   EXPECT_EQ(desk.Sequence(), "");
 }
 
@@ -383,11 +383,11 @@ TEST(SequenceEditor, ASecondSaveInThePauseOfTheFirstIsWrittenToo) {
   desk.Compose();
   desk.SaveAs(kFile);
   desk.Advance(100);
-  desk.Type(desk.Editor().txtHours, "13");
+  desk.Type(desk.TheWavWindow().txtHours, "13");
   desk.SaveAs("/app/other.sch");
   desk.Advance(2000);
   EXPECT_EQ(desk.Saved("Hour(s)") + desk.Saved("Hour(s)", "/app/other.sch"), "1213");
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
@@ -397,13 +397,13 @@ TEST(SequenceEditor, ADialogThatStandsWhenAnEarlierSaveIsOverIsStillItsOwn) {
   desk.SaveAs(kFile);
   desk.Advance(100);
   desk.Pc.Dialogs.AnswerAfterMs = 2000;
-  desk.Type(desk.Editor().txtHours, "13");
+  desk.Type(desk.TheWavWindow().txtHours, "13");
   desk.SaveAs("/app/other.sch");
   desk.Advance(1000);
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
   desk.Advance(2000);
   EXPECT_EQ(desk.Saved("Hour(s)", "/app/other.sch"), "13");
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
 }
 
 TEST(SequenceEditor, TheProgramCanBeLeftWhileItWaits) {
@@ -420,7 +420,7 @@ TEST(SequenceEditor, OpenedASecondTimeItOnlyComesToTheFront) {
   desk.Compose("9", "15");
   desk.Click("mnuSchedule");
   EXPECT_EQ(desk.Sequence(), "welcome");
-  EXPECT_EQ(desk.Editor().AvailWavs.ListCount(), 4);
+  EXPECT_EQ(desk.TheWavWindow().AvailWavs.ListCount(), 4);
   desk.Click("mnuExit");
   EXPECT_FALSE(desk.Values().AllDaysView);
 }
@@ -451,7 +451,7 @@ TEST(SequenceEditor, OpenedUnderAnAnnouncementItFindsTheTickOnAgainWhenThatEnds)
   ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
   desk.Click("mnuSchedule");
   desk.RunTo(12, 2, 2);
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
   EXPECT_EQ(desk.Heard(), "wav alarm.wav at 10000");
 }
 
@@ -460,15 +460,15 @@ TEST(SequenceEditor, TwoSaveKeysInOneTurnOpenOneDialogAfterWhichItCloses) {
   desk.Compose();
   desk.Pc.Dialogs.OpenResults = {kFile};
   desk.Do([&] {
-    desk.Editor().mnuSave.OnClick();
-    desk.Editor().mnuSave.OnClick();
+    desk.TheWavWindow().mnuSave.OnClick();
+    desk.TheWavWindow().mnuSave.OnClick();
   });
   desk.Advance(499);
   EXPECT_EQ(desk.Pc.Dialogs.FileDialogs.size(), 1U);
   EXPECT_EQ(desk.Saved("Hour(s)"), "12");
-  EXPECT_TRUE(desk.Editor().Visible);
+  EXPECT_TRUE(desk.TheWavWindow().Visible);
   desk.Advance(2);
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
 }
 
 TEST(SequenceEditor, ASaveKeyThatOpensNoDialogDoesNotHoldItOpen) {
@@ -481,7 +481,7 @@ TEST(SequenceEditor, ASaveKeyThatOpensNoDialogDoesNotHoldItOpen) {
   desk.Click("mnuSave");
   desk.Advance(2000);
   EXPECT_EQ(desk.Saved("Hour(s)"), "12");
-  EXPECT_FALSE(desk.Editor().Visible);
+  EXPECT_FALSE(desk.TheWavWindow().Visible);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace marlex {
 /// announces two messages into zone 3. The tick sees the row after 1000 ms.
 class SpotDesk : public Desk {
  public:
-  enum class Music { Plays, IsSilent };
+  enum class MusicAtStart { Plays, IsSilent };
 
   // Milliseconds of the journal, with a desk's default levels and lengths.
   static constexpr int kDue = 1000;
@@ -21,9 +21,9 @@ class SpotDesk : public Desk {
   static constexpr int kSecondMessageEnds = 6529;
   static constexpr int kFadedUp = 7104;
 
-  explicit SpotDesk(DeskOptions options = {}, Music music = Music::Plays)
+  explicit SpotDesk(DeskOptions options = {}, MusicAtStart music = MusicAtStart::Plays)
       : Desk(WithSpot(std::move(options))) {
-    if (music == Music::Plays) Click("cmdPlay");
+    if (music == MusicAtStart::Plays) Click("cmdPlay");
     const LocalTime now = Pc.Clock.Now();
     RunTo(now.Hour, now.Minute, 59);
     Pc.Journal.Clear();

@@ -8,7 +8,7 @@
 namespace marlex {
 namespace {
 
-constexpr auto kSilent = SpotDesk::Music::IsSilent;
+constexpr auto kSilent = SpotDesk::MusicAtStart::IsSilent;
 
 /// A row that waits for the music break; the first song ends 31 seconds into the journal.
 DeskOptions AtBreak() {

@@ -20,10 +20,10 @@ std::string Judge(const std::string& hours, const std::string& minutes) {
   EXPECT_EQ(saved, desk.Pc.Dialogs.Boxes.empty()) << hours << " " << minutes;
   EXPECT_LE(desk.Pc.Dialogs.Boxes.size(), 1U);
   for (const auto& box : desk.Pc.Dialogs.Boxes) EXPECT_EQ(box.Icon, BoxIcon::Critical);
-  EXPECT_EQ(desk.Editor().txtHours.Text.Get(), hours);
-  EXPECT_EQ(desk.Editor().txtMinutes.Text.Get(), minutes);
+  EXPECT_EQ(desk.TheWavWindow().txtHours.Text.Get(), hours);
+  EXPECT_EQ(desk.TheWavWindow().txtMinutes.Text.Get(), minutes);
   desk.Advance(500);
-  EXPECT_EQ(desk.Editor().Visible, !saved) << hours << " " << minutes;
+  EXPECT_EQ(desk.TheWavWindow().Visible, !saved) << hours << " " << minutes;
   return desk.LastBox();
 }
 
@@ -95,8 +95,8 @@ TEST(TimeFields, AreJudgedInTheWordsOfTheChosenLanguage) {
   desk.Sys->Strings.LanguageBase = 25000;
   const auto hebrew = [&desk](const char* text) { return WithTexts(desk.Sys->Strings, text); };
   const auto judge = [&desk](const char* hours, const char* minutes) {
-    desk.Type(desk.Editor().txtHours, hours);
-    desk.Type(desk.Editor().txtMinutes, minutes);
+    desk.Type(desk.TheWavWindow().txtHours, hours);
+    desk.Type(desk.TheWavWindow().txtMinutes, minutes);
     desk.Click("mnuSave");
     desk.Advance(0);
     return desk.LastBox();
@@ -117,8 +117,8 @@ TEST(TimeFields, SetAFlagForEachFieldAndClearTheOneThatFails) {
   EditorDesk desk;
   TimeFields& fields = desk.Sys->Times;
   const auto test = [&](const char* hours, const char* minutes) {
-    desk.Type(desk.Editor().txtHours, hours);
-    desk.Type(desk.Editor().txtMinutes, minutes);
+    desk.Type(desk.TheWavWindow().txtHours, hours);
+    desk.Type(desk.TheWavWindow().txtMinutes, minutes);
     desk.Do([&] { fields.TestValidity(); });
     return std::string(fields.HoursValid ? "hours " : "") + (fields.MinutesValid ? "minutes" : "");
   };

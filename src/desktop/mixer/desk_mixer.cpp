@@ -145,9 +145,9 @@ MixerLine* DeskMixer::LineOf(std::uint32_t controlId) const {
     case kSpeakers:
       return Parts.Speakers.get();
     case kWave:
-      return Parts.Wave.get();
+      return Parts.WaveSource.get();
     case kMicrophone:
-      return Parts.Microphone.get();
+      return Parts.MicrophoneSource.get();
     default:
       return nullptr;
   }

@@ -14,8 +14,8 @@ struct DeskMixerParts {
   bool HasOutput = true;  // without one there is no mixer device
   std::string CardName;   // for the operator, in UTF-8
   std::unique_ptr<MixerLine> Speakers;
-  std::unique_ptr<MixerLine> Wave;
-  std::unique_ptr<MixerLine> Microphone;  // null when the PC has none
+  std::unique_ptr<MixerLine> WaveSource;
+  std::unique_ptr<MixerLine> MicrophoneSource;  // null when the PC has none
 };
 
 /// The mixer of a real PC, with the numbers of the published mixer interface. Device 0 is the sound
@@ -45,7 +45,7 @@ class DeskMixer : public MixerFunctions {
   void Close(std::uint32_t handle) override;
 
  private:
-  std::uint32_t Sources() const { return Parts.Microphone ? 2 : 1; }
+  std::uint32_t Sources() const { return Parts.MicrophoneSource ? 2 : 1; }
   bool IsOpen(std::uint32_t handle) const { return Handles.contains(handle); }
   MixerLineInfo Describe(std::uint32_t line) const;
   MixerLine* LineOf(std::uint32_t controlId) const;

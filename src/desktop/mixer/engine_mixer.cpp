@@ -32,9 +32,9 @@ std::unique_ptr<MixerFunctions> MakeEngineMixer(EventLoop& loop, SoundEngine& en
     parts.Speakers = std::make_unique<MasterLine>(
         loop, engine.Master(), std::make_unique<MasterKeeper>(loop, MasterAt(engine.Address())),
         [&engine] { return engine.OutputAlive(); });
-    parts.Wave = std::make_unique<EngineLine>(engine.Wave());
+    parts.WaveSource = std::make_unique<EngineLine>(engine.Wave());
     if (engine.HasMicrophone()) {
-      parts.Microphone = std::make_unique<EngineLine>(engine.Microphone());
+      parts.MicrophoneSource = std::make_unique<EngineLine>(engine.Microphone());
     }
   }
   return std::make_unique<DeskMixer>(std::move(parts));

@@ -23,7 +23,7 @@ CardFill FillOfCard(int piece, int buffer, bool speaks) {
 AlsaOutput::AlsaOutput(std::unique_ptr<AlsaDevice> device, const std::string& name,
                        const MicrophoneLines& lines)
     : Device(std::move(device)),
-      Microphone(name, lines),
+      Input(name, lines),
       Block(std::size_t(FramesIn(kBlockMs)) * kChannels) {}
 
 AlsaOutput::~AlsaOutput() {
@@ -38,7 +38,7 @@ void AlsaOutput::Start(OutputSource& source) {
 }
 
 void AlsaOutput::Wake() {
-  Microphone.Follow();
+  Input.Follow();
   Waking.Wake();
 }
 
@@ -56,7 +56,7 @@ void AlsaOutput::Run() {
 /// larger pieces than it claims; until the speech is over, it is filled as for music.
 bool AlsaOutput::Step() {
   const int buffer = Device->BufferFrames();
-  const bool speaks = Microphone.Speaks();
+  const bool speaks = Input.Speaks();
   Coarse = Coarse && speaks;
   const CardFill fill = FillOfCard(Device->PieceFrames(), buffer, speaks && !Coarse);
   Device->SetReady(buffer - fill.Least);
@@ -73,7 +73,7 @@ bool AlsaOutput::Fill(int frames) {
   Waking.Drain();  // the block below covers what these asked for
   const std::int64_t delayUs = UsOf(Device->Delay());
   const bool sounds = Source->RenderBlock(Block.data(), frames, delayUs);
-  const bool speaks = Microphone.MixInto(Block.data(), frames);
+  const bool speaks = Input.MixInto(Block.data(), frames);
   if (!Device->Write(Block.data(), frames)) return false;
   if (Silence.Passed(sounds || speaks, frames)) Sleep();
   return true;

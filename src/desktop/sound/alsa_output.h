@@ -42,7 +42,7 @@ class AlsaOutput : public SoundOutput {
   void Sleep();
 
   std::unique_ptr<AlsaDevice> Device;
-  AlsaMicrophone Microphone;
+  AlsaMicrophone Input;
   OutputSource* Source = nullptr;
   SleepTimer Silence;
   bool Coarse = false;  // in speech the card takes nothing from a short queue

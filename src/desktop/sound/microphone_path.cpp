@@ -49,11 +49,11 @@ int Lengthen(float* stereo, int frames, int count) {
 }
 
 MicrophonePath::MicrophonePath(const MicrophoneLines& lines)
-    : Line(lines.Microphone), Microphone(lines.Microphone), Master(lines.Master) {}
+    : Line(lines.Microphone), LineRamp(lines.Microphone), MasterRamp(lines.Master) {}
 
 void MicrophonePath::Begin() {
-  Microphone.Silence();
-  Master.Jump();
+  LineRamp.Silence();
+  MasterRamp.Jump();
   Quiet = false;
   Observed = Excess = 0;
   Round = kFirstRound;
@@ -61,8 +61,8 @@ void MicrophonePath::Begin() {
 
 int MicrophonePath::Pass(float* stereo, int frames, int queued) {
   StereoPeak peak = PeakOf(stereo, frames);
-  const int moving = Microphone.Apply(stereo, frames, peak);
-  Master.Apply(stereo, frames, peak);
+  const int moving = LineRamp.Apply(stereo, frames, peak);
+  MasterRamp.Apply(stereo, frames, peak);
   Quiet = Line.Muted() && moving < frames;
   const int correction = Correction(frames, queued);
   if (correction > 0) return Shorten(stereo, frames, correction);

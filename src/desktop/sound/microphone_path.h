@@ -31,8 +31,8 @@ class MicrophonePath {
   int Judge(int frames);
 
   SoundLine& Line;
-  GainRamp Microphone;
-  GainRamp Master;
+  GainRamp LineRamp;
+  GainRamp MasterRamp;
   bool Quiet = false;
   int Lowest = 0;    // fewest frames left in the output in this round
   int Observed = 0;  // frames seen in this round

@@ -32,7 +32,7 @@ PulseOutput::PulseOutput(std::unique_ptr<PulseConnection> connection, const Puls
                          const MicrophoneLines& lines)
     : Connection(std::move(connection)), Card(card) {
   if (!card.Source.empty()) {
-    Microphone = std::make_unique<PulseMicrophone>(*Connection, card, lines);
+    Input = std::make_unique<PulseMicrophone>(*Connection, card, lines);
   }
   Connection->Locked([this] { Connection->OnLost = [this] { Lose(); }; });
 }
@@ -40,7 +40,7 @@ PulseOutput::PulseOutput(std::unique_ptr<PulseConnection> connection, const Puls
 PulseOutput::~PulseOutput() {
   Connection->Locked([this] {
     Connection->OnLost = nullptr;
-    Microphone.reset();
+    Input.reset();
     if (!Stream) return;
     pa_stream_set_state_callback(Stream, nullptr, nullptr);
     pa_stream_set_write_callback(Stream, nullptr, nullptr);
@@ -114,7 +114,7 @@ void PulseOutput::Start(OutputSource& source) {
   Connection->Locked([&] {
     Source = &source;
     SetCorked(false);
-    if (Microphone) Microphone->Follow();
+    if (Input) Input->Follow();
   });
 }
 
@@ -125,7 +125,7 @@ void PulseOutput::Wake() {
     } else {
       Rewrite();
     }
-    if (Microphone && Living) Microphone->Follow();
+    if (Input && Living) Input->Follow();
   });
 }
 

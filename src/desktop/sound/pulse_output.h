@@ -39,7 +39,7 @@ class PulseOutput : public SoundOutput {
 
   std::unique_ptr<PulseConnection> Connection;
   const PulseCard Card;
-  std::unique_ptr<PulseMicrophone> Microphone;  // null when the card has none
+  std::unique_ptr<PulseMicrophone> Input;  // null when the card has none
   pa_stream* Stream = nullptr;
   OutputSource* Source = nullptr;  // null before `Start`: silence
   SleepTimer Silence;

@@ -54,7 +54,7 @@ QPainterPath Note() {
   return path.simplified();
 }
 
-QPainterPath Microphone() {
+QPainterPath MicrophoneShape() {
   QPainterPath path;
   path.setFillRule(Qt::WindingFill);
   path.addRoundedRect(QRectF(8.8, 3, 6.4, 11), 3.2, 3.2);
@@ -133,7 +133,7 @@ QPainterPath PathOf(const QString& name) {
   if (name == "amplifier") return Warning();
   if (name == "clock") return ClockFace();
   if (name == "silence") return Dash();
-  return Microphone();
+  return MicrophoneShape();
 }
 
 /// Paints the picture at any size, in the colour of the button's state.

@@ -21,8 +21,8 @@ class DeskMixerTest : public testing::Test {
     DeskMixerParts parts;
     parts.CardName = "Card";
     parts.Speakers = std::make_unique<EngineLine>(Master);
-    parts.Wave = std::make_unique<EngineLine>(Wave);
-    if (withMicrophone) parts.Microphone = std::make_unique<EngineLine>(Microphone);
+    parts.WaveSource = std::make_unique<EngineLine>(Wave);
+    if (withMicrophone) parts.MicrophoneSource = std::make_unique<EngineLine>(Microphone);
     Mixer = std::make_unique<DeskMixer>(std::move(parts));
     ASSERT_EQ(Mixer->Open(0, Handle), kMixerNoError);
   }

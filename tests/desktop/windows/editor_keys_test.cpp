@@ -99,16 +99,16 @@ struct ComposingDesk : ShopDesk {
     QTest::keyClicks(&Find<QLineEdit>(Window(), "txtHours"), "8-10");
     QTest::keyClicks(&Find<QLineEdit>(Window(), "txtMinutes"), "30");
     Settle();
-    Editor.AvailWavs.SetListIndex(0);
+    TheWavWindow.AvailWavs.SetListIndex(0);
     Settle();
   }
   QWidget& Window() { return Screen.ScheduleEditor(); }
   std::string Composed() {
-    return Editor.txtHours.Text.Get() + " " + Editor.txtMinutes.Text.Get() + " " +
-           std::to_string(Editor.SelectedWavs.ListCount());
+    return TheWavWindow.txtHours.Text.Get() + " " + TheWavWindow.txtMinutes.Text.Get() + " " +
+           std::to_string(TheWavWindow.SelectedWavs.ListCount());
   }
 
-  WavWindow& Editor = Sys.TheWindows.TheWavWindow;
+  WavWindow& TheWavWindow = Sys.TheWindows.TheWavWindow;
 };
 
 TEST(EditorKeys, EscapeLeavesTheScheduleEditorOpenWithAllThatIsComposed) {
@@ -117,7 +117,7 @@ TEST(EditorKeys, EscapeLeavesTheScheduleEditorOpenWithAllThatIsComposed) {
                            "WkDays_0", "cmdZone_0", "optExact"}) {
     desk.PressKey(desk.Find<QWidget>(desk.Window(), part), Qt::Key_Escape);
     EXPECT_TRUE(desk.Window().isVisible()) << part;
-    EXPECT_TRUE(desk.Editor.Visible) << part;
+    EXPECT_TRUE(desk.TheWavWindow.Visible) << part;
     EXPECT_EQ(desk.Composed(), "8-10 30 1") << part;
     EXPECT_TRUE(desk.Find<QWidget>(desk.Window(), "frMinutes").isVisible()) << part;
   }

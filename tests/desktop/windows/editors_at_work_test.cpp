@@ -18,10 +18,10 @@ struct MessagesAtWork : WholeDesk {
 
   void Take(int messages) {
     for (int message = 0; message < messages; ++message) {
-      Editor.SelectedWavs.AddItem("m" + std::to_string(message));
-      Editor.SelectedFiles.AddItem("m" + std::to_string(message) + ".wav");
+      TheWavWindow.SelectedWavs.AddItem("m" + std::to_string(message));
+      TheWavWindow.SelectedFiles.AddItem("m" + std::to_string(message) + ".wav");
     }
-    Editor.RemAll_Key.Enabled = true;
+    TheWavWindow.RemAll_Key.Enabled = true;
     Settle();
     Chosen.scrollToTop();
   }
@@ -38,7 +38,7 @@ struct MessagesAtWork : WholeDesk {
   }
   std::string Sequence() { return Sys.Selected.BuildMessagesText(); }
 
-  WavWindow& Editor = Sys.TheWindows.TheWavWindow;
+  WavWindow& TheWavWindow = Sys.TheWindows.TheWavWindow;
   QListView& Available = Find<QListView>(Screen.ScheduleEditor(), "AvailWavs");
   QListView& Chosen = Find<QListView>(Screen.ScheduleEditor(), "SelectedWavs");
 };
@@ -54,14 +54,14 @@ std::string WithLast(int last, int count) {
 
 TEST(EditorsAtWork, TwoQuickClicksOnAMessageAddItTwice) {
   MessagesAtWork desk(3);
-  desk.Pc.Disk.AddWav(desk.Messages() + "m1.wav", 1500);
+  desk.Pc.Disk.AddWav(desk.MessageFolder() + "m1.wav", 1500);
   QWindow& window = *desk.Screen.ScheduleEditor().windowHandle();
   const QPoint there =
       desk.Available.viewport()->mapTo(&desk.Screen.ScheduleEditor(), desk.At(desk.Available, 1));
   QTest::mouseDClick(&window, Qt::LeftButton, {}, there);
   desk.Settle();
   EXPECT_EQ(desk.Sequence(), "m1,m1");
-  EXPECT_EQ(desk.Editor.lblTotalTime.Caption.Get(), "3");
+  EXPECT_EQ(desk.TheWavWindow.lblTotalTime.Caption.Get(), "3");
 }
 
 /// A call can be made at any moment.
@@ -131,7 +131,7 @@ TEST(EditorsAtWork, AFingerBelowALongSequenceDragsAMessageToItsEndAndScrolls) {
   finger.Move(below);
   ASSERT_TRUE(QTest::qWaitFor([&] {
     desk.Settle();
-    const int selected = desk.Editor.SelectedWavs.ListIndex();
+    const int selected = desk.TheWavWindow.SelectedWavs.ListIndex();
     EXPECT_TRUE(isInView(selected)) << selected;
     return selected == kMessages - 1;
   }));
@@ -139,7 +139,7 @@ TEST(EditorsAtWork, AFingerBelowALongSequenceDragsAMessageToItsEndAndScrolls) {
   finger.Release(below);
   desk.Settle();
   EXPECT_EQ(desk.Sequence(), WithLast(2, kMessages));
-  EXPECT_EQ(desk.Editor.SelectedWavs.Text(), "m2");
+  EXPECT_EQ(desk.TheWavWindow.SelectedWavs.Text(), "m2");
 }
 
 /// Moves a finger upwards over a list, as far and as fast as a hand does, and lifts it.
@@ -167,7 +167,7 @@ TEST(EditorsAtWork, AFingerThatScrollsTheSequenceLeavesItInItsOrder) {
     EXPECT_GT(desk.Chosen.verticalScrollBar()->value(), scrolled);
   }
   EXPECT_EQ(desk.Sequence(), before);
-  EXPECT_EQ(desk.Editor.SelectedWavs.ListIndex(), ListBox::kNoSelection);
+  EXPECT_EQ(desk.TheWavWindow.SelectedWavs.ListIndex(), ListBox::kNoSelection);
 }
 
 /// The playlist editor with `songs` selected songs, over a folder of one.
@@ -176,12 +176,13 @@ struct SongsAtWork : WholeDesk {
     Place.Write("music/s0.mp3", "");
     Start();
     Choose(Screen.Main(), "mnuPlaylist");
-    for (int song = 0; song < songs; ++song) Editor.SelectedMP3s.AddItem(std::to_string(song));
+    for (int song = 0; song < songs; ++song)
+      TheFrmPlaylist.SelectedMP3s.AddItem(std::to_string(song));
     Settle();
     Chosen.scrollToTop();
   }
 
-  FrmPlaylist& Editor = Sys.TheWindows.frmPlaylist;
+  FrmPlaylist& TheFrmPlaylist = Sys.TheWindows.frmPlaylist;
   QListView& Chosen = Find<QListView>(Screen.Playlist(), "SelectedMP3s");
 };
 
@@ -190,16 +191,16 @@ TEST(EditorsAtWork, AFingerScrollsTheChosenSongsAndATapSelectsOne) {
   SwipeUp(desk.Chosen, 60);
   desk.Settle();
   EXPECT_GT(desk.Chosen.verticalScrollBar()->value(), 0);
-  EXPECT_EQ(desk.Editor.SelectedMP3s.ListIndex(), ListBox::kNoSelection);
-  EXPECT_FALSE(desk.Editor.RemoveKey.Enabled);
+  EXPECT_EQ(desk.TheFrmPlaylist.SelectedMP3s.ListIndex(), ListBox::kNoSelection);
+  EXPECT_FALSE(desk.TheFrmPlaylist.RemoveKey.Enabled);
   const QScroller& scroller = *QScroller::scroller(&desk.Chosen);
   ASSERT_TRUE(QTest::qWaitFor([&] { return scroller.state() == QScroller::Inactive; }));
   const QPoint there(20, desk.Chosen.viewport()->height() / 2);
   const int row = desk.Chosen.indexAt(there).row();
   Finger(*desk.Chosen.viewport()).Tap(there);
   desk.Settle();
-  EXPECT_EQ(desk.Editor.SelectedMP3s.ListIndex(), row);
-  EXPECT_TRUE(desk.Editor.RemoveKey.Enabled);
+  EXPECT_EQ(desk.TheFrmPlaylist.SelectedMP3s.ListIndex(), row);
+  EXPECT_TRUE(desk.TheFrmPlaylist.RemoveKey.Enabled);
 }
 
 /// Presses the space bar on Remove, and then wherever the focus has moved.
@@ -221,7 +222,8 @@ TEST(EditorsAtWork, RemoveAndThenTheSpaceBarLeaveTheRestOfTheSequence) {
   RemoveThenSpace(desk, desk.Screen.ScheduleEditor());
   EXPECT_EQ(desk.Sequence(), "m0,m1,m3,m4");
   EXPECT_EQ(QApplication::focusWidget(), &desk.Chosen);
-  EXPECT_EQ(desk.Editor.SelectedWavs.Text(), "m3") << "what has moved up to the removed place";
+  EXPECT_EQ(desk.TheWavWindow.SelectedWavs.Text(), "m3")
+      << "what has moved up to the removed place";
   desk.PressKey(desk.Find<QPushButton>(desk.Screen.ScheduleEditor(), "RemAll_Key"), Qt::Key_Space);
   EXPECT_EQ(desk.Sequence(), "");
   EXPECT_EQ(QApplication::focusWidget(), &desk.Chosen);
@@ -231,20 +233,20 @@ TEST(EditorsAtWork, RemoveStaysAtItsPlaceInTwentyThousandSongs) {
   constexpr int kSongs = 20'000;
   constexpr int kPlace = 15'000;
   SongsAtWork desk(kSongs);
-  desk.Editor.SelectedMP3s.SetListIndex(kPlace);
+  desk.TheFrmPlaylist.SelectedMP3s.SetListIndex(kPlace);
   desk.Settle();
   desk.PressKey(desk.Find<QPushButton>(desk.Screen.Playlist(), "RemoveKey"), Qt::Key_Space);
-  EXPECT_EQ(desk.Editor.SelectedMP3s.ListCount(), kSongs - 1);
+  EXPECT_EQ(desk.TheFrmPlaylist.SelectedMP3s.ListCount(), kSongs - 1);
   EXPECT_EQ(QApplication::focusWidget(), &desk.Chosen);
   EXPECT_EQ(desk.Chosen.currentIndex().row(), kPlace);
   const QRect shown = desk.Chosen.visualRect(desk.Chosen.currentIndex());
   EXPECT_TRUE(desk.Chosen.viewport()->rect().contains(shown.center()));
-  EXPECT_EQ(desk.Editor.SelectedMP3s.ListIndex(), ListBox::kNoSelection);
+  EXPECT_EQ(desk.TheFrmPlaylist.SelectedMP3s.ListIndex(), ListBox::kNoSelection);
   QTest::keyClick(&desk.Chosen, Qt::Key_Down);
   desk.Settle();
-  EXPECT_EQ(desk.Editor.SelectedMP3s.ListIndex(), kPlace + 1);
+  EXPECT_EQ(desk.TheFrmPlaylist.SelectedMP3s.ListIndex(), kPlace + 1);
   RemoveThenSpace(desk, desk.Screen.Playlist());
-  EXPECT_EQ(desk.Editor.SelectedMP3s.ListCount(), kSongs - 2);
+  EXPECT_EQ(desk.TheFrmPlaylist.SelectedMP3s.ListCount(), kSongs - 2);
 }
 
 TEST(EditorsAtWork, AKeyThatSwitchesItselfOffHandsItsFocusToNoKey) {

@@ -14,8 +14,8 @@ namespace {
 
 constexpr int kMarginOfCell = 10;
 
-struct Table {
-  explicit Table(int rows) {
+struct GridForm {
+  explicit GridForm(int rows) {
     Shown.Forms.frmMain.Load();
     Texts().Fill(Shown.Forms);
     FillSchedule(Cells, rows);
@@ -32,7 +32,7 @@ struct Table {
 };
 
 TEST(GridBinding, TextsHeadingAndColoursAreThoseOfTheGrid) {
-  Table table(4);
+  GridForm table(4);
   PaintRow(table.Cells, 2, kNavy, kWhite);
   table.Shown.Settle();
   const QModelIndex cell = table.View.model()->index(1, kTimeColumn);
@@ -45,7 +45,7 @@ TEST(GridBinding, TextsHeadingAndColoursAreThoseOfTheGrid) {
 }
 
 TEST(GridBinding, AReaderHearsTheMarkOfARowBeforeItsTime) {
-  Table table(4);
+  GridForm table(4);
   PaintRow(table.Cells, 2, kNavy, kWhite);
   table.Cells.SetRow(3);
   table.Cells.SetCol(kTimeColumn);
@@ -60,7 +60,7 @@ TEST(GridBinding, AReaderHearsTheMarkOfARowBeforeItsTime) {
 }
 
 TEST(GridBinding, ColumnsOfNoWidthAndRowsOfNoHeightAreNotSeen) {
-  Table table(5);
+  GridForm table(5);
   EXPECT_TRUE(table.View.isColumnHidden(kDaysColumn));
   EXPECT_FALSE(table.View.isColumnHidden(kRoutingColumn));
   table.Cells.SetColWidth(kDaysColumn, 800);
@@ -74,7 +74,7 @@ TEST(GridBinding, ColumnsOfNoWidthAndRowsOfNoHeightAreNotSeen) {
 }
 
 TEST(GridBinding, ADoubleClickChoosesItsCellFirst) {
-  Table table(6);
+  GridForm table(6);
   std::string heard;
   table.Cells.OnDblClick = [&] {
     heard = std::to_string(table.Cells.Row()) + " " + std::to_string(table.Cells.Col());
@@ -85,7 +85,7 @@ TEST(GridBinding, ADoubleClickChoosesItsCellFirst) {
 }
 
 TEST(GridBinding, ADoubleClickOnARowThatHasGoneMeanwhileDoesNothing) {
-  Table table(6);
+  GridForm table(6);
   int heard = 0;
   table.Cells.OnDblClick = [&] { ++heard; };
   const QPoint place = table.At(5, kTimeColumn);
@@ -97,7 +97,7 @@ TEST(GridBinding, ADoubleClickOnARowThatHasGoneMeanwhileDoesNothing) {
 }
 
 TEST(GridBinding, TheTableBeginsWithTheRowThatTheSystemWants) {
-  Table table(200);
+  GridForm table(200);
   table.Cells.SetTopRow(120);
   table.Shown.Settle();
   EXPECT_EQ(table.FirstRow(), 120);
@@ -107,7 +107,7 @@ TEST(GridBinding, TheTableBeginsWithTheRowThatTheSystemWants) {
 }
 
 TEST(GridBinding, NoRowIsCutThroughWhereverTheTableBeginsAndHoweverHighItIs) {
-  Table table(200);
+  GridForm table(200);
   for (int height = 620; height < 760; height += 7) {
     table.Shown.Screen.Main().resize(1024, height);
     for (const int top : {1, 57, 200}) {
@@ -124,7 +124,7 @@ TEST(GridBinding, NoRowIsCutThroughWhereverTheTableBeginsAndHoweverHighItIs) {
 }
 
 TEST(GridBinding, RowsThatHaveGoneAreLeftOutOfTheWayToTheFirstRow) {
-  Table table(200);
+  GridForm table(200);
   for (int row = 20; row < 60; ++row) table.Cells.SetRowHeight(row, 0);
   table.Cells.SetTopRow(120);
   table.Shown.Settle();
@@ -135,7 +135,7 @@ TEST(GridBinding, RowsThatHaveGoneAreLeftOutOfTheWayToTheFirstRow) {
 }
 
 TEST(GridBinding, ShortNamesLeaveTheirRoomToTheMessages) {
-  Table table(3);
+  GridForm table(3);
   const auto widthWith = [&table](const char* name) {
     table.Cells.SetColWidth(kNameColumn, 1800);
     table.Cells.SetTextMatrix(2, kNameColumn, name);
@@ -165,7 +165,7 @@ TEST(GridBinding, ARowChosenBeforeTheWindowIsShownIsReachedWhenItIs) {
 }
 
 TEST(GridBinding, TheOperatorMayScrollAwayAndTheSystemBack) {
-  Table table(200);
+  GridForm table(200);
   table.Cells.SetTopRow(120);
   table.Shown.Settle();
   table.View.verticalScrollBar()->setValue(0);
@@ -180,7 +180,7 @@ TEST(GridBinding, TheOperatorMayScrollAwayAndTheSystemBack) {
 }
 
 TEST(GridBinding, PassesOverTheCurrentCellDoNotScroll) {
-  Table table(200);
+  GridForm table(200);
   for (int row = 1; row <= 200; ++row) table.Cells.SetRow(row);
   table.Shown.Settle();
   EXPECT_EQ(table.FirstRow(), 1);
@@ -188,7 +188,7 @@ TEST(GridBinding, PassesOverTheCurrentCellDoNotScroll) {
 }
 
 TEST(GridBinding, ATableOf32767RowsIsShownAtOnce) {
-  Table table(10);
+  GridForm table(10);
   FillSchedule(table.Cells, 32767);
   QElapsedTimer clock;
   clock.start();

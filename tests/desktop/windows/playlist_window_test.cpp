@@ -10,11 +10,13 @@ namespace {
 /// The playlist editor, open, with three songs to choose from.
 struct PlaylistPlace : PaintedWindows {
   PlaylistPlace() {
-    Editor.Load();
-    for (const char* song : {"march", "waltz", "polka"}) Editor.AvailMP3s.AddItem(song);
-    Editor.AvailMP3s.OnClick = [this] { Editor.SelectedMP3s.AddItem(Editor.AvailMP3s.Text()); };
-    Editor.frMusicTime.Visible = true;
-    Editor.Show();
+    TheFrmPlaylist.Load();
+    for (const char* song : {"march", "waltz", "polka"}) TheFrmPlaylist.AvailMP3s.AddItem(song);
+    TheFrmPlaylist.AvailMP3s.OnClick = [this] {
+      TheFrmPlaylist.SelectedMP3s.AddItem(TheFrmPlaylist.AvailMP3s.Text());
+    };
+    TheFrmPlaylist.frMusicTime.Visible = true;
+    TheFrmPlaylist.Show();
     Settle();
   }
 
@@ -37,7 +39,7 @@ struct PlaylistPlace : PaintedWindows {
     return entries;
   }
 
-  FrmPlaylist& Editor = Forms.frmPlaylist;
+  FrmPlaylist& TheFrmPlaylist = Forms.frmPlaylist;
 };
 
 TEST(PlaylistWindow, OneClickOnASongTakesItAndAnotherTakesItAgain) {
@@ -50,7 +52,8 @@ TEST(PlaylistWindow, OneClickOnASongTakesItAndAnotherTakesItAgain) {
 
 TEST(PlaylistWindow, TheNewestSongOfALongListIsInView) {
   PlaylistPlace windows;
-  for (int song = 0; song < 60; ++song) windows.Editor.SelectedMP3s.AddItem(std::to_string(song));
+  for (int song = 0; song < 60; ++song)
+    windows.TheFrmPlaylist.SelectedMP3s.AddItem(std::to_string(song));
   windows.Settle();
   windows.ClickSong("AvailMP3s", 2);
   auto& list = windows.Part<QListView>("SelectedMP3s");
@@ -61,8 +64,8 @@ TEST(PlaylistWindow, TheNewestSongOfALongListIsInView) {
 TEST(PlaylistWindow, KeysChoicesDaysAndMenusReachTheirControls) {
   PlaylistPlace windows;
   std::string clicked;
-  windows.Editor.cmdRandomize.OnClick = [&] { clicked += "randomize "; };
-  windows.Editor.mnuSave.OnClick = [&] { clicked += "save "; };
+  windows.TheFrmPlaylist.cmdRandomize.OnClick = [&] { clicked += "randomize "; };
+  windows.TheFrmPlaylist.mnuSave.OnClick = [&] { clicked += "save "; };
   for (const char* name : {"cmdRandomize", "optScheduled_1", "chkDays_6"}) {
     Mouse(windows.Part<QAbstractButton>(name)).Click();
     windows.Settle();
@@ -70,9 +73,9 @@ TEST(PlaylistWindow, KeysChoicesDaysAndMenusReachTheirControls) {
   windows.Part<QAction>("mnuSave").trigger();
   windows.Settle();
   EXPECT_EQ(clicked, "randomize save ");
-  EXPECT_TRUE(windows.Editor.optScheduled[FrmPlaylist::kManual].Value());
-  EXPECT_FALSE(windows.Editor.optScheduled[FrmPlaylist::kAutostart].Value());
-  EXPECT_EQ(windows.Editor.chkDays[6].Value, 1);
+  EXPECT_TRUE(windows.TheFrmPlaylist.optScheduled[FrmPlaylist::kManual].Value());
+  EXPECT_FALSE(windows.TheFrmPlaylist.optScheduled[FrmPlaylist::kAutostart].Value());
+  EXPECT_EQ(windows.TheFrmPlaylist.chkDays[6].Value, 1);
 }
 
 TEST(PlaylistWindow, EachDaysBoxStandsUnderItsLetter) {
@@ -106,7 +109,7 @@ TEST(PlaylistWindow, NothingMovesWhenTheTimesComeAndGo) {
   const QRect list = windows.Part<QListView>("SelectedMP3s").geometry();
   const QRect start = windows.Part<QWidget>("Frame1").geometry();
   const QSize size = windows.Screen.Playlist().size();
-  windows.Editor.frMusicTime.Visible = false;
+  windows.TheFrmPlaylist.frMusicTime.Visible = false;
   windows.Settle();
   EXPECT_EQ(windows.Part<QListView>("SelectedMP3s").geometry(), list);
   EXPECT_EQ(windows.Part<QWidget>("Frame1").geometry(), start);
@@ -124,7 +127,7 @@ TEST(PlaylistWindow, ItStandsBesideTheMainWindowAndBlocksNothing) {
   EXPECT_EQ(clicks, 1);
   windows.Screen.Playlist().close();
   windows.Settle();
-  EXPECT_FALSE(windows.Editor.Loaded());
+  EXPECT_FALSE(windows.TheFrmPlaylist.Loaded());
   EXPECT_FALSE(windows.Screen.Playlist().isVisible());
   EXPECT_TRUE(windows.Screen.Main().isVisible());
 }

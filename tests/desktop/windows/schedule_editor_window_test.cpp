@@ -12,9 +12,9 @@ struct EditorPlace : PaintedWindows {
   EditorPlace() { Open(); }
 
   void Open() {
-    Editor.Load();
-    Editor.frInterval.Visible = false;
-    Editor.Show();
+    TheWavWindow.Load();
+    TheWavWindow.frInterval.Visible = false;
+    TheWavWindow.Show();
     Settle();
   }
 
@@ -29,33 +29,33 @@ struct EditorPlace : PaintedWindows {
     Settle();
   }
 
-  WavWindow& Editor = Forms.TheWavWindow;
+  WavWindow& TheWavWindow = Forms.TheWavWindow;
 };
 
 TEST(ScheduleEditorWindow, WhatIsTypedAndClickedReachesItsControls) {
   EditorPlace windows;
   QTest::keyClicks(&windows.Part<QLineEdit>("txtHours"), "8-10");
   for (const char* key : {"WkDays_6", "cmdZone_2", "optBetween"}) windows.Click(key);
-  EXPECT_EQ(windows.Editor.txtHours.Text.Get(), "8-10");
-  EXPECT_EQ(windows.Editor.WkDays[6].Value, 1);
-  EXPECT_TRUE(windows.Editor.cmdZone[2].Value);
-  EXPECT_TRUE(windows.Editor.optBetween.Value());
-  EXPECT_FALSE(windows.Editor.optExact.Value());
+  EXPECT_EQ(windows.TheWavWindow.txtHours.Text.Get(), "8-10");
+  EXPECT_EQ(windows.TheWavWindow.WkDays[6].Value, 1);
+  EXPECT_TRUE(windows.TheWavWindow.cmdZone[2].Value);
+  EXPECT_TRUE(windows.TheWavWindow.optBetween.Value());
+  EXPECT_FALSE(windows.TheWavWindow.optExact.Value());
 }
 
 TEST(ScheduleEditorWindow, ThePanelsChangePlacesAndTheSequencesModeStays) {
   EditorPlace windows;
-  windows.Editor.frMinutes.Visible = false;
-  windows.Editor.frInterval.Visible = true;
+  windows.TheWavWindow.frMinutes.Visible = false;
+  windows.TheWavWindow.frInterval.Visible = true;
   windows.Settle();
   const int top = windows.Part<QWidget>("frInterval").y();
   windows.Click("optInterval_15");
   windows.Click("optInterval_30");
-  EXPECT_FALSE(windows.Editor.optInterval[15].Value());
-  EXPECT_TRUE(windows.Editor.optInterval[30].Value());
-  EXPECT_TRUE(windows.Editor.optExact.Value());
-  windows.Editor.frInterval.Visible = false;
-  windows.Editor.frMinutes.Visible = true;
+  EXPECT_FALSE(windows.TheWavWindow.optInterval[15].Value());
+  EXPECT_TRUE(windows.TheWavWindow.optInterval[30].Value());
+  EXPECT_TRUE(windows.TheWavWindow.optExact.Value());
+  windows.TheWavWindow.frInterval.Visible = false;
+  windows.TheWavWindow.frMinutes.Visible = true;
   windows.Settle();
   EXPECT_EQ(windows.Part<QWidget>("frMinutes").y(), top);
 }
@@ -65,7 +65,7 @@ TEST(ScheduleEditorWindow, AGivenPlaceAndSizeAreKeptUntilTheNextOpening) {
   QWidget& window = windows.Screen.ScheduleEditor();
   window.setGeometry(60, 50, 1000, 700);
   windows.Settle();
-  windows.Editor.Unload();
+  windows.TheWavWindow.Unload();
   windows.Settle();
   EXPECT_FALSE(window.isVisible());
   windows.Open();
@@ -111,8 +111,8 @@ TEST(ScheduleEditorWindow, TheTabGoesFromTheMessagesToTheMode) {
   auto& first = windows.Part<QWidget>("AvailWavs");
   const QStringList minutes{"txtMinutes", "cmdInterval"};
   EXPECT_EQ(TabOrder(first), sequence + minutes + rest);
-  windows.Editor.frMinutes.Visible = false;
-  windows.Editor.frInterval.Visible = true;
+  windows.TheWavWindow.frMinutes.Visible = false;
+  windows.TheWavWindow.frInterval.Visible = true;
   windows.Settle();
   const QStringList panel{"optInterval_2",  "optInterval_5",  "optInterval_10",
                           "optInterval_15", "optInterval_20", "optInterval_30",
@@ -123,14 +123,14 @@ TEST(ScheduleEditorWindow, TheTabGoesFromTheMessagesToTheMode) {
 TEST(ScheduleEditorWindow, ANewEntryOfTheSequenceIsInView) {
   EditorPlace windows;
   for (int entry = 0; entry < 100; ++entry)
-    windows.Editor.SelectedWavs.AddItem("m" + std::to_string(entry));
+    windows.TheWavWindow.SelectedWavs.AddItem("m" + std::to_string(entry));
   windows.Settle();
   auto& view = windows.Part<QListView>("SelectedWavs");
   const auto sees = [&](int entry) {
     return view.viewport()->rect().intersects(view.visualRect(view.model()->index(entry, 0)));
   };
   EXPECT_TRUE(sees(0));
-  windows.Editor.SelectedWavs.AddItem("newest");
+  windows.TheWavWindow.SelectedWavs.AddItem("newest");
   windows.Settle();
   EXPECT_TRUE(sees(100));
 }

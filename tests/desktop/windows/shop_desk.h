@@ -10,11 +10,11 @@ struct ShopDesk : WholeDesk {
   ShopDesk() {
     for (const char* song : {"march.mp3", "waltz.mp3"}) {
       Place.Write(std::string("music/") + song, "");
-      Pc.Disk.AddMp3(Music() + song, 180'000);
+      Pc.Disk.AddMp3(MusicFolder() + song, 180'000);
     }
     for (const char* message : {"closing.wav", "gong.wav"}) {
       Place.Write(std::string("messages/") + message, "");
-      Pc.Disk.AddWav(Messages() + message, 2000);
+      Pc.Disk.AddWav(MessageFolder() + message, 2000);
     }
     Place.Write("Day.lst", "[Playlist]\r\nSong:1=march\r\nSong:2=waltz\r\n");
     Place.Write("Functionkeys.ini", "[Function key 1]\r\nSchedule=gong\r\nRouting=123456\r\n");

@@ -18,18 +18,18 @@ namespace marlex {
 class WholeDesk {
  public:
   WholeDesk() {
-    std::filesystem::create_directories(Music());
-    std::filesystem::create_directories(Messages());
+    std::filesystem::create_directories(MusicFolder());
+    std::filesystem::create_directories(MessageFolder());
     Place.Write("Tolvo.ini",
                 "[User language]\r\nLanguage=English\r\n[Selected paths]\r\n"
                 "Music directory=" +
-                    Music() + "\r\nMessage directory=" + Messages() + "\r\n");
+                    MusicFolder() + "\r\nMessage directory=" + MessageFolder() + "\r\n");
     Pc.Process.Directory = Place.Path();
     Pc.Process.Directory.pop_back();
   }
 
-  std::string Music() const { return Place.Path("music") + kSeparator; }
-  std::string Messages() const { return Place.Path("messages") + kSeparator; }
+  std::string MusicFolder() const { return Place.Path("music") + kSeparator; }
+  std::string MessageFolder() const { return Place.Path("messages") + kSeparator; }
 
   /// Starts the application and goes on until its main window is open.
   void Start() {

@@ -31,7 +31,7 @@ void CornerCounter::CountAmplifier() {
   Count(AmplifierTookOver() && flags.MessagePlaying, "a takeover in a message");
   Count(AmplifierTookOver() && flags.MessageAwaitingSongEnd, "a takeover before a music break");
   Count(AmplifierTookOver() && Before.Flags.CallActive, "a takeover in a call");
-  Count(AmplifierTookOver() && Editor.WasOpen(), "a takeover in the editor");
+  Count(AmplifierTookOver() && SequenceEdits.WasOpen(), "a takeover in the editor");
   Count(AmplifierTookOver() && Playlists.WasOpen(), "a takeover in the playlist editor");
   Count(flags.PriorityPreempted && flags.PriorityClear, "a lower call after a takeover");
   Count(Bytes.HasSent() && TheDesk.Pc.Serial.CommPort() == 2, "a byte out of port 2");
@@ -62,12 +62,12 @@ void CornerCounter::CountCalls() {
 void CornerCounter::CountEditor() {
   const Flags& flags = State();
   Count(Preview.Sounds(), "a preview");
-  if (!Editor.WasOpen()) return;
+  if (!SequenceEdits.WasOpen()) return;
   Count(flags.FadeRunning, "the editor over a fade");
   Count(flags.MessagePlaying, "the editor over a message");
   Count(flags.CallActive, "the editor over a call");
   Count(flags.MessageAwaitingSongEnd, "the editor before a music break");
-  Count(!Editor.IsOpen() && flags.MessagePlaying, "an editor that closes in a message");
+  Count(!SequenceEdits.IsOpen() && flags.MessagePlaying, "an editor that closes in a message");
 }
 
 void CornerCounter::CountPlaylists() {
@@ -75,7 +75,7 @@ void CornerCounter::CountPlaylists() {
   Count(State().FadeRunning, "the playlist editor over a fade");
   Count(State().MessagePlaying, "the playlist editor over a message");
   Count(State().CallActive, "the playlist editor over a call");
-  Count(Editor.IsOpen(), "both editors");
+  Count(SequenceEdits.IsOpen(), "both editors");
 }
 
 void CornerCounter::CountSettings() {

@@ -15,7 +15,11 @@ class CornerCounter : public Inspector {
   CornerCounter(const Scene& scene, const SequenceEditorInspector& editor,
                 const PreviewInspector& preview, const PlaylistEditorInspector& playlists,
                 const BytesInspector& bytes)
-      : Inspector(scene), Editor(editor), Preview(preview), Playlists(playlists), Bytes(bytes) {}
+      : Inspector(scene),
+        SequenceEdits(editor),
+        Preview(preview),
+        Playlists(playlists),
+        Bytes(bytes) {}
   void Check() override;
   void Remember() override;
 
@@ -28,7 +32,7 @@ class CornerCounter : public Inspector {
   void CountPlaylists();
   void CountSettings();
 
-  const SequenceEditorInspector& Editor;
+  const SequenceEditorInspector& SequenceEdits;
   const PreviewInspector& Preview;
   const PlaylistEditorInspector& Playlists;
   const BytesInspector& Bytes;

@@ -4,7 +4,7 @@ namespace marlex {
 
 void FiringRowInspector::Check() {
   // The tick's timer shows whether a row has fired, but the editor switches that timer as well.
-  if (Editor.ComesOrGoes()) BegunInWaits.reset();
+  if (SequenceEdits.ComesOrGoes()) BegunInWaits.reset();
   CheckRowThatFires();
   CheckMinute();
   CheckSearch();
@@ -14,7 +14,7 @@ void FiringRowInspector::Check() {
 /// that fires.
 void FiringRowInspector::CheckRowThatFires() {
   if (!Before.TickOn || TickIsOn() || Call.HoldsTick()) return;
-  if (Editor.IsOpen() && !Editor.WasOpen()) return;
+  if (SequenceEdits.IsOpen() && !SequenceEdits.WasOpen()) return;
   Require(!Before.Flags.CallActive, "A row fires under a call");
   Require(State().PriorityClear || Before.Flags.PriorityClear,
           "A row fires under the amplifier's call");
@@ -42,11 +42,11 @@ void FiringRowInspector::CheckMinute() {
 void FiringRowInspector::CheckSearch() {
   if (!BegunInWaits) return;
   if (!TickIsOn()) {
-    Require(Table.IsDue(TheDesk.Sys->Tick.ScheduleRow, Tick.LastMinute()),
+    Require(Rows.IsDue(TheDesk.Sys->Tick.ScheduleRow, Tick.LastMinute()),
             "Another row fires than the one that is due");
     ++Corners["a row that fires"];
   } else if (TheDesk.Pc.Loop.Waits() <= *BegunInWaits) {
-    Require(Table.IsDue(0, Tick.LastMinute()), "A row that is due does not fire");
+    Require(Rows.IsDue(0, Tick.LastMinute()), "A row that is due does not fire");
   } else {
     return;
   }

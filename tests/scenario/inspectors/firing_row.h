@@ -18,7 +18,7 @@ class FiringRowInspector : public Inspector {
  public:
   FiringRowInspector(const Scene& scene, const SequenceEditorInspector& editor,
                      const CallTraces& call, const TickInspector& tick, const TableInspector& table)
-      : Inspector(scene), Editor(editor), Call(call), Tick(tick), Table(table) {}
+      : Inspector(scene), SequenceEdits(editor), Call(call), Tick(tick), Rows(table) {}
   void Check() override;
 
   void NotePress() { BegunInWaits.reset(); }  // that begins a call
@@ -28,10 +28,10 @@ class FiringRowInspector : public Inspector {
   void CheckMinute();
   void CheckSearch();
 
-  const SequenceEditorInspector& Editor;
+  const SequenceEditorInspector& SequenceEdits;
   const CallTraces& Call;
   const TickInspector& Tick;
-  const TableInspector& Table;
+  const TableInspector& Rows;
   std::optional<int> BegunInWaits;  // a minute whose row is not looked up yet
 };
 

@@ -53,18 +53,18 @@ class Inspectors {
   PlaylistEditorInspector Playlists;
 
  private:
-  SequenceEditorInspector Editor;
+  SequenceEditorInspector SequenceEdits;
   ViewInspector View;
   BytesInspector Bytes;
   MasterMuteInspector MasterMute;
   MessagesInspector Messages;
   PriorityInspector Priority;
   MixerInspector Mixer;
-  MicrophoneInspector Microphone;
+  MicrophoneInspector OpenMicrophone;
   PreviewInspector Preview;
   SequenceSaveInspector Save;
   TickInspector Tick;
-  TableInspector Table;
+  TableInspector Rows;
   FiringRowInspector FiringRow;
   MusicClockInspector MusicClock;
   RestInspector Rest;

@@ -6,11 +6,11 @@ void PreviewInspector::Check() {
   if (Journaled(" wav play ")) {
     const bool called =
         State().CallActive || Before.Flags.CallActive || Call.HoldsTick() || Call.Stands();
-    Sounding = Editor.IsOpen() && !State().MessagePlaying && !called;
+    Sounding = SequenceEdits.IsOpen() && !State().MessagePlaying && !called;
   }
   Sounding = Sounding && TheDesk.Pc.Wav.Mode() == kWavePlaying;
   if (!Sounding) return;
-  Require(Editor.IsOpen(), "A preview sounds, and the editor is closed");
+  Require(SequenceEdits.IsOpen(), "A preview sounds, and the editor is closed");
   Require(!OutrunsPreviews(), "A preview sounds under what goes before it");
 }
 

@@ -13,7 +13,7 @@ class PreviewInspector : public Inspector {
  public:
   PreviewInspector(const Scene& scene, const SequenceEditorInspector& editor,
                    const CallTraces& call)
-      : Inspector(scene), Editor(editor), Call(call) {}
+      : Inspector(scene), SequenceEdits(editor), Call(call) {}
   void Check() override;
   void Remember() override { Sounded = Sounding; }
 
@@ -21,7 +21,7 @@ class PreviewInspector : public Inspector {
   bool SoundedBefore() const { return Sounded; }  // before the event
 
  private:
-  const SequenceEditorInspector& Editor;
+  const SequenceEditorInspector& SequenceEdits;
   const CallTraces& Call;
   bool Sounding = false;
   bool Sounded = false;

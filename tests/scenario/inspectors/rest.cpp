@@ -20,9 +20,10 @@ void RestInspector::CheckSilence() {
 
 void RestInspector::CheckTick() {
   const bool awaiting = State().MessageAwaitingSongEnd;
-  Require(TickIsOn() || awaiting || Call.IsCutShort() || Editor.IsOpen(),
+  Require(TickIsOn() || awaiting || Call.IsCutShort() || SequenceEdits.IsOpen(),
           "At rest, and the tick is off without a reason");
-  Require(!TickIsOn() || !awaiting || Call.StandsOverWaitingRow() || Editor.StandsOverWaitingRow(),
+  Require(!TickIsOn() || !awaiting || Call.StandsOverWaitingRow() ||
+              SequenceEdits.StandsOverWaitingRow(),
           "At rest, and the tick is on too early");
 }
 

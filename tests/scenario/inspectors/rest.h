@@ -15,14 +15,14 @@ class RestInspector : public Inspector {
  public:
   RestInspector(const Scene& scene, const SequenceEditorInspector& editor,
                 const PreviewInspector& preview, const CallTraces& call)
-      : Inspector(scene), Editor(editor), Preview(preview), Call(call) {}
+      : Inspector(scene), SequenceEdits(editor), Preview(preview), Call(call) {}
   void Check() override;
 
  private:
   void CheckSilence();
   void CheckTick();
 
-  const SequenceEditorInspector& Editor;
+  const SequenceEditorInspector& SequenceEdits;
   const PreviewInspector& Preview;
   const CallTraces& Call;
 };

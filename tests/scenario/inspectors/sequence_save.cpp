@@ -30,7 +30,7 @@ void SequenceSaveInspector::Remember() {
 }
 
 std::vector<std::string> SequenceSaveInspector::ReadFields() const {
-  if (!Editor.IsOpen()) return {};
+  if (!SequenceEdits.IsOpen()) return {};
   WavWindow& window = TheDesk.Sys->TheWindows.TheWavWindow;
   std::string days;
   for (const auto& day : window.WkDays)

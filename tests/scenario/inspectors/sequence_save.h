@@ -14,7 +14,7 @@ namespace marlex {
 class SequenceSaveInspector : public Inspector {
  public:
   SequenceSaveInspector(const Scene& scene, const SequenceEditorInspector& editor)
-      : Inspector(scene), Editor(editor) {}
+      : Inspector(scene), SequenceEdits(editor) {}
   void Check() override;
   void Remember() override;
 
@@ -22,7 +22,7 @@ class SequenceSaveInspector : public Inspector {
   bool IsInPause() const { return TheDesk.Sys->TheWindows.TheWavWindow.tmrWriteDelay.Enabled; }
   std::vector<std::string> ReadFields() const;
 
-  const SequenceEditorInspector& Editor;
+  const SequenceEditorInspector& SequenceEdits;
   std::vector<std::string> Fields;  // in the order of the file, except for the messages
   bool WasInPause = false;
 };

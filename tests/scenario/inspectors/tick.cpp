@@ -21,7 +21,7 @@ std::int64_t SecondsOf(const LocalTime& time) {
 
 void TickInspector::Check() {
   constexpr int kTickMs = 1000;
-  if (Editor.ComesOrGoes()) Minute = LastMinute();
+  if (SequenceEdits.ComesOrGoes()) Minute = LastMinute();
   const LocalTime now = TheDesk.Pc.Clock.Now();
   const std::int64_t aheadS = SecondsOf(now) - NowMs() / 1000;
   if (IsDisturbed(aheadS)) SteadySinceMs = NowMs();

@@ -14,7 +14,7 @@ namespace marlex {
 class TickInspector : public Inspector {
  public:
   TickInspector(const Scene& scene, const SequenceEditorInspector& editor)
-      : Inspector(scene), Editor(editor) {}
+      : Inspector(scene), SequenceEdits(editor) {}
   void Check() override;
   void Remember() override { Minute = LastMinute(); }
 
@@ -28,7 +28,7 @@ class TickInspector : public Inspector {
  private:
   bool IsDisturbed(std::int64_t aheadS) const;
 
-  const SequenceEditorInspector& Editor;
+  const SequenceEditorInspector& SequenceEdits;
   std::string Minute;
   std::int64_t SteadySinceMs = 0;  // since then the tick has been on without a jump
   std::int64_t CheckedAtMs = 0;

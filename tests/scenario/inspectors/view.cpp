@@ -5,8 +5,9 @@ namespace marlex {
 void ViewInspector::Check() {
   const bool allDays = Main().mnuAllDays.Checked;
   Require(allDays != Main().mnuCurrentDay.Checked, "Both views are ticked, or none");
-  if (!Editor.WasOpen() && (allDays != AllDaysTicked || !Before.MainShown)) AllDaysOwed = allDays;
-  if (!Editor.IsOpen())
+  if (!SequenceEdits.WasOpen() && (allDays != AllDaysTicked || !Before.MainShown))
+    AllDaysOwed = allDays;
+  if (!SequenceEdits.IsOpen())
     Require(Values().AllDaysView == AllDaysOwed, "The view is not what the menus have made it");
 }
 

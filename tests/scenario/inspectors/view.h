@@ -11,12 +11,12 @@ namespace marlex {
 class ViewInspector : public Inspector {
  public:
   ViewInspector(const Scene& scene, const SequenceEditorInspector& editor)
-      : Inspector(scene), Editor(editor) {}
+      : Inspector(scene), SequenceEdits(editor) {}
   void Check() override;
   void Remember() override { AllDaysTicked = Main().mnuAllDays.Checked; }
 
  private:
-  const SequenceEditorInspector& Editor;
+  const SequenceEditorInspector& SequenceEdits;
   bool AllDaysTicked = false;
   bool AllDaysOwed = false;  // as the menus say, or as the editor found it
 };
