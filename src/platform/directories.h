@@ -15,8 +15,8 @@ namespace marlex {
 inline bool IsOffered(std::string_view name) { return !name.starts_with('.') && !HasLineEnd(name); }
 
 /// Look-ups in the file system. A path that cannot be read counts as missing. In every component of
-/// a path, where no entry has the exact name, one that is the same according to `NamesTheSame` is
-/// found instead.
+/// a path, where no entry has the exact name, the first one in sorting order that is the same
+/// according to `NamesTheSame` is found instead.
 class Directories {
  public:
   virtual ~Directories() = default;

@@ -47,8 +47,9 @@ class ProfileFiles {
     return WriteStrings({{section, key, value}}, file) != Writing::Failed;
   }
 
-  /// Replaces or creates the file of exactly this name, atomically, with one that contains only
-  /// these entries. False on failure; the old file is then unchanged.
+  /// Replaces or creates the file of exactly this name, in a directory found as by `Directories`,
+  /// atomically, with one that contains only these entries. False on failure; the old file is then
+  /// unchanged.
   virtual bool Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) = 0;
 };
 

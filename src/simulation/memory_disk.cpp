@@ -10,22 +10,10 @@ namespace marlex {
 
 namespace {
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-/// Whether `name` matches a pattern with `*` and `?`, ignoring the case of ASCII letters.
-bool Matches(std::string_view name, std::string_view pattern) {
-  if (pattern.empty()) return name.empty();
-  if (pattern.front() == '*') {
-    return Matches(name, pattern.substr(1)) || (!name.empty() && Matches(name.substr(1), pattern));
-  }
-  if (name.empty()) return false;
-  const bool same = pattern.front() == '?' || Lower(pattern.front()) == Lower(name.front());
-  return same && Matches(name.substr(1), pattern.substr(1));
-}
-
+/// The directory that holds this entry; a root holds itself.
 std::string ParentOf(const std::string& path) {
   const std::size_t separator = path.rfind(kSeparator);
-  return separator == std::string::npos ? "" : path.substr(0, separator);
+  return separator == std::string::npos ? "" : path.substr(0, std::max<std::size_t>(separator, 1));
 }
 
 }  // namespace
@@ -37,42 +25,50 @@ std::string MemoryDisk::Search(const std::string& path) const {
     const auto first = std::min_element(names.begin(), names.end(), NameComesBefore);
     return first == names.end() ? "" : *first;
   }
-  return Find(path) || HasDirectory(path) ? InUtf8(FileNameOf(Found(path)), NamesIn) : "";
+  const std::string found = Found(path);
+  return Exists(found) ? InUtf8(FileNameOf(found), NamesIn) : "";
 }
 
 std::vector<std::string> MemoryDisk::List(const std::string& directory,
                                           const std::string& pattern) const {
-  if (Covers(Unreadable, directory)) return {};
   std::vector<std::string> names = FilesOf(directory);
-  std::erase_if(names, [&](const std::string& name) { return !Matches(name, pattern); });
+  std::erase_if(names, [&](const std::string& name) { return !MatchesPattern(name, pattern); });
   std::sort(names.begin(), names.end(), NameComesBefore);
   return names;
 }
 
+std::vector<std::string> MemoryDisk::Drives() const {
+  std::vector<std::string> roots;
+  for (const std::string& place : Mounted) {
+    if (!HasLineEnd(place) && place != kHome) roots.push_back(InUtf8(place, NamesIn));
+  }
+  std::sort(roots.begin(), roots.end());
+  roots.erase(std::unique(roots.begin(), roots.end()), roots.end());
+  roots.insert(roots.begin(), kHome);
+  return roots;
+}
+
+bool MemoryDisk::HasDirectory(const std::string& path) const { return IsDirectory(Found(path)); }
+
 std::vector<std::string> MemoryDisk::Subdirectories(const std::string& directory) const {
   std::vector<std::string> names;
-  if (Covers(Unreadable, directory)) return names;
-  const std::string prefix = JoinPath(FoundDirectory(directory), "");
-  for (auto path = DirectoriesMade.lower_bound(prefix);
-       path != DirectoriesMade.end() && path->starts_with(prefix); ++path) {
-    const std::string name = path->substr(prefix.size());
-    const bool below = name.find(kSeparator) != std::string::npos;
-    if (!below && IsOffered(name) && HasDirectory(*path)) names.push_back(InUtf8(name, NamesIn));
+  const std::string found = WithoutFinalSeparator(Found(directory));
+  for (const std::string& name : EntriesOf(found)) {
+    if (IsOffered(name) && IsDirectory(JoinPath(found, name)))
+      names.push_back(InUtf8(name, NamesIn));
   }
   std::sort(names.begin(), names.end(), NameComesBefore);
   return names;
 }
 
 void MemoryDisk::AddDirectory(const std::string& path) {
-  for (std::string made = WithoutFinalSeparator(path); !made.empty(); made = ParentOf(made)) {
-    DirectoriesMade.insert(made);
-  }
+  std::string made = WithoutFinalSeparator(path);
+  while (DirectoriesMade.insert(made).second) made = ParentOf(made);
 }
 
 void MemoryDisk::AddDrive(const std::string& root) {
   AddDirectory(root);
-  DriveList.push_back(root);
-  std::sort(DriveList.begin() + 1, DriveList.end());  // the home directory stays first
+  Mounted.push_back(WithoutFinalSeparator(root));
 }
 
 void MemoryDisk::AddFile(const std::string& path, const std::string& text) { Put(path, {text}); }
@@ -92,30 +88,30 @@ void MemoryDisk::Heal(const std::string& path) {
 
 std::optional<std::string> MemoryDisk::Read(const std::string& path) const {
   const File* file = Find(path);
-  if (!file || Covers(Unreadable, path)) return std::nullopt;
-  return file->Text;
+  return file ? std::optional(file->Text) : std::nullopt;
 }
 
 bool MemoryDisk::Write(const std::string& path, const std::string& text) {
   if (Covers(Unwritable, path) || Covers(Vanished, path)) return false;
-  if (HasDirectory(path) || !HasDirectory(ParentOf(path))) return false;
+  if (IsDirectory(path) || !IsDirectory(ParentOf(path))) return false;
   Put(path, {text});
   return true;
 }
 
 std::optional<int> MemoryDisk::MediaLengthMs(const std::string& path, MediaKind kind) const {
   const File* file = Find(path);
-  if (!file || file->Media != kind || Covers(Unreadable, path)) return std::nullopt;
-  return file->LengthMs;
+  return file && file->Media == kind ? std::optional(file->LengthMs) : std::nullopt;
 }
 
 /// Whether the path or a directory above it is in `faults`.
 bool MemoryDisk::Covers(const std::set<std::string>& faults, const std::string& path) {
   if (faults.empty()) return false;
-  for (std::string part = WithoutFinalSeparator(path); !part.empty(); part = ParentOf(part)) {
-    if (faults.contains(part)) return true;
+  std::string part = WithoutFinalSeparator(path);
+  while (!faults.contains(part)) {
+    if (part.size() <= 1) return false;
+    part = ParentOf(part);
   }
-  return faults.contains(std::string(1, kSeparator));
+  return true;
 }
 
 void MemoryDisk::Put(const std::string& path, File file) {
@@ -123,48 +119,70 @@ void MemoryDisk::Put(const std::string& path, File file) {
   Files[path] = std::move(file);
 }
 
+/// The file that is found under this path; null when it is missing or cannot be read.
 const MemoryDisk::File* MemoryDisk::Find(const std::string& path) const {
   const auto found = Files.find(Found(path));
-  return found == Files.end() || Covers(Vanished, found->first) ? nullptr : &found->second;
+  const bool gone = found == Files.end() || Covers(Vanished, found->first);
+  return gone || Covers(Unreadable, found->first) ? nullptr : &found->second;
 }
 
-/// Path of an existing file of this name, or else of one whose name differs only in case. If there
-/// is none, the same for a directory; failing that, the path itself.
+bool MemoryDisk::Exists(const std::string& path) const {
+  return (Files.contains(path) && !Covers(Vanished, path)) || IsDirectory(path);
+}
+
+bool MemoryDisk::IsDirectory(const std::string& path) const {
+  const std::string plain = WithoutFinalSeparator(path);
+  return DirectoriesMade.contains(plain) && !Covers(Vanished, plain);
+}
+
 std::string MemoryDisk::Found(const std::string& path) const {
   // The common case, for speed: most files have exactly the name asked for, and a simulated week
   // asks for millions of them.
-  if (Files.contains(path) && !Covers(Vanished, path)) return path;
-  for (const auto& [name, file] : Files) {
-    if (NamesTheSame(name, path) && !Covers(Vanished, name)) return name;
-  }
-  return FoundDirectory(path);
-}
-
-/// The same for a directory. The result has no final separator.
-std::string MemoryDisk::FoundDirectory(const std::string& path) const {
+  if (Exists(path)) return path;
   const std::string plain = WithoutFinalSeparator(path);
-  if (DirectoriesMade.contains(plain)) return plain;
-  for (const std::string& name : DirectoriesMade) {
-    if (NamesTheSame(name, plain)) return name;
+  if (plain.size() <= 1 || plain.find(kSeparator) == std::string::npos || Exists(plain))
+    return path;
+  const std::string directory = Found(ParentOf(plain));
+  return JoinPath(directory, FoundName(directory, FileNameOf(plain))) + path.substr(plain.size());
+}
+
+/// The first entry, in sorting order, whose name equals `name` except for case; `name` itself if
+/// there is none.
+std::string MemoryDisk::FoundName(const std::string& directory, const std::string& name) const {
+  std::string found;
+  for (const std::string& candidate : EntriesOf(directory)) {
+    const bool first = found.empty() || NameComesBefore(candidate, found);
+    if (first && NamesTheSame(candidate, name)) found = candidate;
   }
-  return plain;
+  return found.empty() ? name : found;
 }
 
-bool MemoryDisk::HasDirectory(const std::string& path) const {
-  const std::string found = FoundDirectory(path);
-  const bool root = found.empty() || found == std::string(1, kSeparator);
-  return (root || DirectoriesMade.contains(found)) && !Covers(Vanished, found);
+/// Names of all entries of the directory with exactly this path, files first; empty when it cannot
+/// be read.
+std::vector<std::string> MemoryDisk::EntriesOf(const std::string& directory) const {
+  std::vector<std::string> names;
+  if (!IsDirectory(directory) || Covers(Unreadable, directory)) return names;
+  const std::string prefix = JoinPath(directory, "");
+  const auto add = [&](const std::string& path) {
+    const std::string name = path.substr(prefix.size());
+    const bool inside = !name.empty() && name.find(kSeparator) == std::string::npos;
+    if (inside && !Covers(Vanished, path)) names.push_back(name);
+  };
+  for (auto file = Files.lower_bound(prefix);
+       file != Files.end() && file->first.starts_with(prefix); ++file)
+    add(file->first);
+  for (auto made = DirectoriesMade.lower_bound(prefix);
+       made != DirectoriesMade.end() && made->starts_with(prefix); ++made)
+    add(*made);
+  return names;
 }
 
-/// Names of the files directly in one directory, in the order of their bytes.
+/// Names of the files in a directory that are offered, in UTF-8.
 std::vector<std::string> MemoryDisk::FilesOf(const std::string& directory) const {
   std::vector<std::string> names;
-  const std::string prefix = JoinPath(FoundDirectory(directory), "");
-  for (auto file = Files.lower_bound(prefix);
-       file != Files.end() && file->first.starts_with(prefix); ++file) {
-    const std::string name = file->first.substr(prefix.size());
-    const bool below = name.find(kSeparator) != std::string::npos;
-    if (!below && IsOffered(name) && !Covers(Vanished, file->first))
+  const std::string found = WithoutFinalSeparator(Found(directory));
+  for (const std::string& name : EntriesOf(found)) {
+    if (IsOffered(name) && Files.contains(JoinPath(found, name)))
       names.push_back(InUtf8(name, NamesIn));
   }
   return names;

@@ -13,7 +13,8 @@ namespace marlex {
 enum class MediaKind { None, Wav, Mp3 };
 
 /// One file tree in memory, shared by everything on the simulated PC that reads or writes files.
-/// Adding a file creates the directories above it. Paths are absolute.
+/// Adding a file creates the directories above it. Paths are absolute and have no components `.`
+/// or `..`.
 class MemoryDisk : public Directories {
  public:
   MemoryDisk() { AddDirectory(kHome); }
@@ -21,7 +22,7 @@ class MemoryDisk : public Directories {
   std::string Search(const std::string& path) const override;
   std::vector<std::string> List(const std::string& directory,
                                 const std::string& pattern) const override;
-  std::vector<std::string> Drives() const override { return DriveList; }
+  std::vector<std::string> Drives() const override;
   bool HasDirectory(const std::string& path) const override;
   std::vector<std::string> Subdirectories(const std::string& directory) const override;
 
@@ -47,12 +48,14 @@ class MemoryDisk : public Directories {
   void Return(const std::string& path) { Vanished.erase(WithoutFinalSeparator(path)); }
 
   /// Make writes or reads fail for this file, or for everything below this directory, as on a full,
-  /// protected or faulty disk. `Heal` undoes both.
+  /// protected or faulty disk. What is in a directory that cannot be read is not listed, but is
+  /// found under its exact name. `Heal` undoes both.
   void FailWrites(const std::string& path) { Unwritable.insert(WithoutFinalSeparator(path)); }
   void FailReads(const std::string& path) { Unreadable.insert(WithoutFinalSeparator(path)); }
   void Heal(const std::string& path);
 
-  /// Path under which the file or directory of this name is found.
+  /// Path under which the file or directory of this name is found, as `Directories` says; the path
+  /// itself where there is none.
   std::string Found(const std::string& path) const;
 
   /// Whole text of a file; empty optional when it is missing or cannot be read.
@@ -76,12 +79,15 @@ class MemoryDisk : public Directories {
   static bool Covers(const std::set<std::string>& faults, const std::string& path);
   void Put(const std::string& path, File file);
   const File* Find(const std::string& path) const;
-  std::string FoundDirectory(const std::string& path) const;
+  bool Exists(const std::string& path) const;
+  bool IsDirectory(const std::string& path) const;
+  std::string FoundName(const std::string& directory, const std::string& name) const;
+  std::vector<std::string> EntriesOf(const std::string& directory) const;
   std::vector<std::string> FilesOf(const std::string& directory) const;
 
   std::map<std::string, File> Files;
-  std::set<std::string> DirectoriesMade;
-  std::vector<std::string> DriveList{kHome, std::string(1, kSeparator)};
+  std::set<std::string> DirectoriesMade{std::string(1, kSeparator)};
+  std::vector<std::string> Mounted{std::string(1, kSeparator)};  // in the order of mounting
   std::set<std::string> Vanished;
   std::set<std::string> Unwritable;
   std::set<std::string> Unreadable;

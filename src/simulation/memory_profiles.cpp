@@ -38,7 +38,8 @@ std::optional<ProfileFileText> MemoryProfiles::TextOf(const std::string& file) c
 }
 
 bool MemoryProfiles::Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) {
-  if (!Disk.Write(file, NewProfileText(entries))) return false;
+  const std::string directory = file.substr(0, file.size() - FileNameOf(file).size());
+  if (!Disk.Write(Disk.Found(directory) + FileNameOf(file), NewProfileText(entries))) return false;
   Log.Write("rebuild", FileNameOf(file));
   Note(entries, file);
   return true;

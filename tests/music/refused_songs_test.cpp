@@ -68,14 +68,15 @@ TEST(RefusedSongs, TheLongestListOfThemNeitherOverflowsTheStackNorHangs) {
   for (int song = 0; song < kLongest; ++song) options.Music.push_back({std::to_string(song), 1000});
   MusicDesk desk(options);
   ASSERT_EQ(desk.List().ListCount(), kLongest);
-  desk.Pc.Disk.FailReads("/music");
+  const auto path = [](int song) { return "/music/" + std::to_string(song) + ".mp3"; };
+  for (int song = 0; song < kLongest; ++song) desk.Pc.Disk.FailReads(path(song));
   desk.Pc.Journal.Only({"song", "write", "failure"});
   desk.Click("cmdPlay");
   // The selected song, one round, and the position: written for the round's first and last song,
   // and by the button.
   EXPECT_EQ(desk.Pc.Journal.Lines().size(), 1u + kLongest + 3u);
   EXPECT_EQ(desk.Position(), 0);
-  desk.Pc.Disk.Heal("/music");
+  for (int song = 0; song < kLongest; ++song) desk.Pc.Disk.Heal(path(song));
   desk.Select(kLongest - 1);
   desk.Click("cmdPlay");
   desk.Advance(1000);

@@ -69,9 +69,10 @@ bool IsRegular(const fs::directory_entry& entry) {
 
 /// Name of the first regular file in a directory, in sorting order. Does not build a list of all: a
 /// folder can hold thousands of files and is searched over and over.
-std::string FirstFile(const std::string& directory) {
+std::string FirstFile(const std::string& directory, CodePage namesIn) {
   std::string first;
-  ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view name) {
+  ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view onDisk) {
+    const std::string name = InUtf8(onDisk, namesIn);
     const bool earlier = first.empty() || NameComesBefore(name, first);
     if (earlier && IsRegular(entry)) first = name;
   });
@@ -87,7 +88,7 @@ std::vector<std::string> Sorted(std::vector<std::string> names) {
 
 std::string DiskDirectories::Search(const std::string& path) const {
   if (path.empty()) return "";
-  if (path.back() == kSeparator) return InUtf8(FirstFile(path), NamesIn);
+  if (path.back() == kSeparator) return FirstFile(path, NamesIn);
   const std::string found = FoundPath(path);
   std::error_code fault;
   const fs::file_status status = fs::status(found, fault);
@@ -98,8 +99,9 @@ std::string DiskDirectories::Search(const std::string& path) const {
 std::vector<std::string> DiskDirectories::List(const std::string& directory,
                                                const std::string& pattern) const {
   std::vector<std::string> names;
-  ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view name) {
-    if (MatchesPattern(name, pattern) && IsRegular(entry)) names.push_back(InUtf8(name, NamesIn));
+  ForEachEntry(directory, [&](const fs::directory_entry& entry, std::string_view onDisk) {
+    const std::string name = InUtf8(onDisk, NamesIn);
+    if (MatchesPattern(name, pattern) && IsRegular(entry)) names.push_back(name);
   });
   return Sorted(std::move(names));
 }

@@ -2,6 +2,7 @@
 
 #include "desktop/files/found_path.h"
 #include "desktop/files/whole_file.h"
+#include "text/paths.h"
 #include "text/profile_text.h"
 
 namespace marlex {
@@ -41,7 +42,9 @@ Writing DiskProfileFiles::WriteStrings(const std::vector<ProfileEntry>& entries,
 }
 
 bool DiskProfileFiles::Rebuild(const std::vector<ProfileEntry>& entries, const std::string& file) {
-  return ReplaceFile(file, NewProfileText(entries));
+  const std::string name = FileNameOf(file);
+  const std::string directory = file.substr(0, file.size() - name.size());
+  return ReplaceFile(FoundPath(directory) + name, NewProfileText(entries));
 }
 
 }  // namespace marlex
