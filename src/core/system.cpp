@@ -20,8 +20,8 @@ System::System(const Pc& pc)
       Music(TheFlags, Store, pc.Files, TheWindows.frmMain, TheFrmPlayers, Lines, Routing,
             ThePreviews, Strings, TheNotices),
       Playlist(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows.frmMain, Music, Strings),
-      ThePlaylistEditor(TheFlags, Store, pc.Files, pc.Clock, pc.Boxes, TheWindows, TheFrmPlayers,
-                        Lines, Music, ThePreviews, Strings, TheNotices),
+      ThePlaylistEditor(Store, pc.Files, pc.Clock, pc.Boxes, TheWindows, TheFrmPlayers, Lines,
+                        TheFades, Music, ThePreviews, Strings, TheNotices),
       MusicClock(TheFlags, Store.Values, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Routing,
                  Music, TheFades),
       Columns(Store.Values, TheWindows.frmMain, Strings),
@@ -56,6 +56,7 @@ System::System(const Pc& pc)
   Store.OnNotSaved = [this] { StartUp_.TellNotSaved(); };
   TheSettingsDialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
   Link.ResumeMusic = [this] { Music.PlaySong(); };
+  Link.StopFade = [this] { TheFades.Stop(); };
   Music.AnnounceAtBreak = [this] { Wavs.PlayMessageWavs(); };
   ThePreviews.EndSong = [this] { ThePlaylistEditor.EndPreview(); };
   ThePreviews.EndMessages = [this] { Preview.End(); };

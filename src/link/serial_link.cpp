@@ -62,10 +62,9 @@ void SerialLink::ProcessPriority() {
   // Deliberate: in languages other than English this text is not a command of the player, and the
   // file plays on, unheard since the master is muted.
   TheFrmPlayers.WavPlayer.Command(Strings.LoadString(kStrClose));
-  TheFlags.FadeRunning = false;
+  StopFade();
   TheFlags.CallActive = false;
   TheFrmPlayers.tmrFlash.Enabled = false;
-  TheFrmPlayers.tmrFadeTime.Enabled = false;
   Lines.MuteMaster();
   Routing.ApplyMusicRouting();
   TheFrmMain.cmdCall.Enabled = false;

@@ -28,8 +28,9 @@ class SerialLink {
              SoundLines& lines, ZoneRouting& routing, Previews& previews,
              const StringTable& strings, Notices& notices);
 
-  /// Resumes the music; wired at composition.
+  // Wired at composition.
   std::function<void()> ResumeMusic;
+  std::function<void()> StopFade;  // where it is
 
   /// Call when the amplifier is no longer used: restores what its call has taken, since its end of
   /// call will never arrive.

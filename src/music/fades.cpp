@@ -77,6 +77,10 @@ void Fades::StepUp(int position) {
 
 void Fades::EndAt(int position) {
   Lines.SetWave(position);
+  Stop();
+}
+
+void Fades::Stop() {
   TheFrmPlayers.tmrFadeTime.Enabled = false;
   TheFlags.FadeRunning = false;
 }

@@ -22,15 +22,18 @@ class Fades {
 
   /// Fades to silence.
   ///
-  /// Waits until it is over, a call was released in the middle of it, or a takeover has ended it.
+  /// Waits until it is over, a call was released in the middle of it, or something has stopped it.
   /// Then test `CallActive` and `PriorityPreempted`.
   void FadeDown();
 
   /// Fades up from the slider's position, with the target and the speed of the last fade-down, even
   /// if the settings have changed since; if there was none, with those of the settings.
   ///
-  /// Waits until it is over or a takeover has ended it; a call may have begun and be over.
+  /// Waits until it is over or something has stopped it; a call may have begun and be over.
   void FadeUp();
+
+  /// Ends a fade where it is.
+  void Stop();
 
  private:
   void WorkOutSteps();

@@ -45,12 +45,11 @@ std::string SongName(const std::string& fileName) {
   return fileName.substr(0, end);
 }
 
-PlaylistEditor::PlaylistEditor(Flags& flags, SettingsStore& store, Directories& directories,
-                               WallClock& clock, Dialogs& dialogs, Windows& windows,
-                               FrmPlayers& frmPlayers, SoundLines& lines, MusicPlayer& player,
+PlaylistEditor::PlaylistEditor(SettingsStore& store, Directories& directories, WallClock& clock,
+                               Dialogs& dialogs, Windows& windows, FrmPlayers& frmPlayers,
+                               SoundLines& lines, Fades& fades, MusicPlayer& player,
                                Previews& previews, const StringTable& strings, Notices& notices)
-    : TheFlags(flags),
-      Store(store),
+    : Store(store),
       Values(store.Values),
       TheDirectories(directories),
       Clock(clock),
@@ -60,6 +59,7 @@ PlaylistEditor::PlaylistEditor(Flags& flags, SettingsStore& store, Directories& 
       TheFrmPlaylist(windows.frmPlaylist),
       TheFrmPlayers(frmPlayers),
       Lines(lines),
+      TheFades(fades),
       Player(player),
       ThePreviews(previews),
       Strings(strings),
@@ -184,8 +184,7 @@ void PlaylistEditor::EndPreview() {
   SongPlayer& player = TheFrmPlayers.MP3Player;
   if (!ThePreviews.HoldSongPlayer || player.PlayState() == kStopped) return;
   PreviewOpening.Holds() ? StopPreview() : player.Stop();
-  TheFrmPlayers.tmrFadeTime.Enabled = false;
-  TheFlags.FadeRunning = false;
+  TheFades.Stop();
 }
 
 void PlaylistEditor::StartPreview() {

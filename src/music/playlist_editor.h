@@ -7,11 +7,11 @@
 #include "i18n/notices.h"
 #include "i18n/string_table.h"
 #include "mixer/sound_lines.h"
+#include "music/fades.h"
 #include "music/music_player.h"
 #include "platform/dialogs.h"
 #include "platform/directories.h"
 #include "platform/wall_clock.h"
-#include "state/flags.h"
 #include "state/previews.h"
 #include "state/settings_store.h"
 #include "windows/frm_players.h"
@@ -23,8 +23,8 @@ namespace marlex {
 /// when the file is opened there, its times and its autostart at once. It closes without asking.
 class PlaylistEditor {
  public:
-  PlaylistEditor(Flags& flags, SettingsStore& store, Directories& directories, WallClock& clock,
-                 Dialogs& dialogs, Windows& windows, FrmPlayers& frmPlayers, SoundLines& lines,
+  PlaylistEditor(SettingsStore& store, Directories& directories, WallClock& clock, Dialogs& dialogs,
+                 Windows& windows, FrmPlayers& frmPlayers, SoundLines& lines, Fades& fades,
                  MusicPlayer& player, Previews& previews, const StringTable& strings,
                  Notices& notices);
 
@@ -67,7 +67,6 @@ class PlaylistEditor {
   /// Hour and minute of the start, then those of the stop.
   std::array<ComboBox*, 4> TimeLists() const;
 
-  Flags& TheFlags;
   SettingsStore& Store;
   Settings& Values;
   Directories& TheDirectories;
@@ -78,6 +77,7 @@ class PlaylistEditor {
   FrmPlaylist& TheFrmPlaylist;
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;
+  Fades& TheFades;
   MusicPlayer& Player;
   Previews& ThePreviews;
   const StringTable& Strings;

@@ -48,9 +48,9 @@ struct Flags {
 
   // The fade.
 
-  /// A fade is in progress. Set and cleared by the fades, also cleared by a takeover and when a
-  /// preview that is being faded ends; read by the waits of the fades, by the release of a call and
-  /// by previews.
+  /// A fade is in progress. Set and cleared by the fades, which a takeover stops, and the end of a
+  /// preview that is being faded; read by the waits of the fades, by the release of a call and by
+  /// previews.
   bool FadeRunning = false;
 
   // The music's clock.
