@@ -7,11 +7,6 @@ namespace {
 
 constexpr int kChecked = 1;
 
-void CopyRange(const Slider& from, Slider& to) {
-  to.Min = from.Min.Get();
-  to.Max = from.Max.Get();
-}
-
 /// Sets a slider and raises its event, even if it is at the level already.
 void Show(Slider& slider, int level) {
   const bool moves = slider.Value != level;
@@ -132,10 +127,10 @@ void SettingsDialog::ReadZoneNames() {
 
 /// Each slider takes effect and is saved, as if the operator had moved it.
 void SettingsDialog::ReadVolumes() {
-  CopyRange(Lines.MasterSlider(), TheFrmSettings.slMasterVolume);
-  CopyRange(Lines.WaveSlider(), TheFrmSettings.slMusicVolume);
-  CopyRange(Lines.WaveSlider(), TheFrmSettings.slMessageVolume);
-  CopyRange(Lines.MicrophoneSlider(), TheFrmSettings.slMicroVolume);
+  Lines.CopyMasterRange(TheFrmSettings.slMasterVolume);
+  Lines.CopyWaveRange(TheFrmSettings.slMusicVolume);
+  Lines.CopyWaveRange(TheFrmSettings.slMessageVolume);
+  Lines.CopyMicrophoneRange(TheFrmSettings.slMicroVolume);
   Show(TheFrmSettings.slMasterVolume, Values.MasterVolume);
   Show(TheFrmSettings.slMusicVolume, Values.MusicVolume);
   Show(TheFrmSettings.slMicroVolume, Values.MicroVolume);

@@ -36,13 +36,18 @@ class SoundLines {
     if (HasMicrophone()) Panel.SldrVol[Mixer.MicLine].Value = position;
   }
 
-  // The sliders themselves, for callers that show their ranges. Without a microphone, its slider is
-  // the master's.
-  Slider& MasterSlider() { return Panel.SldrVol[0]; }
-  Slider& WaveSlider() { return Panel.SldrVol[Mixer.WaveLine]; }
-  Slider& MicrophoneSlider() { return Panel.SldrVol[Mixer.MicLine]; }
+  // Give a slider of a window the range of a line's. Without a microphone, its range is the
+  // master's.
+  void CopyMasterRange(Slider& slider) const { CopyRange(0, slider); }
+  void CopyWaveRange(Slider& slider) const { CopyRange(Mixer.WaveLine, slider); }
+  void CopyMicrophoneRange(Slider& slider) const { CopyRange(Mixer.MicLine, slider); }
 
  private:
+  void CopyRange(int line, Slider& slider) const {
+    slider.Min = Panel.SldrVol[line].Min.Get();
+    slider.Max = Panel.SldrVol[line].Max.Get();
+  }
+
   FrmMxr& Panel;
   const MixerAccess& Mixer;
 };
