@@ -150,15 +150,13 @@ void SequenceEditor::mnuSave_Click() {
   Times.TestValidity();
   if (!Times.HoursValid || !Times.MinutesValid) return;
   MessagesText = Messages.BuildMessagesText();
-  const bool asked =
-      TheDialogs.LeaveOpen({.Filter = "Schedule files (*.sch)|*.sch",
-                            .DefaultExtension = "seq",
-                            .InitialDirectory = Store.ApplicationDirectory(),
-                            .Save = true},
-                           Window.WhileOpen([this, save = SavesAsked + 1](const std::string& file) {
-                             Save(file, save);
-                           }));
-  if (asked) ++SavesAsked;
+  const FileDialog dialog = {.Filter = "Schedule files (*.sch)|*.sch",
+                             .DefaultExtension = "seq",
+                             .InitialDirectory = Store.ApplicationDirectory(),
+                             .Save = true};
+  const bool asked = TheDialogs.LeaveOpen(
+      dialog, Window.WhileOpen([this](const std::string& file) { Save(file); }));
+  if (asked) LastSave.Cut();
 }
 
 /// Deliberate: in every language, the title of the box is the English heading of the weekdays.
@@ -183,19 +181,19 @@ bool SequenceEditor::FieldsAreFilled() {
 
 /// Deliberate: if the dialog is cancelled, nothing is written, but everything else happens as after
 /// a save.
-void SequenceEditor::Save(const std::string& file, int save) {
+void SequenceEditor::Save(const std::string& file) {
   if (!Write(file) && !file.empty()) {
     TellNotSaved(file);
     return;
   }
   const Lifeline::Tie opening = Window.ThisOpening();
+  const Lifeline::Tie last = LastSave.Now();
   WriteDone = false;
   Window.tmrWriteDelay.Enabled = true;
   Loop.PumpUntil([&] { return WriteDone || !opening.Holds(); });
   // Deliberate: this conflict is in the table as built when the editor opened, not in the file just
   // written.
-  const bool last = save == SavesAsked && opening.Holds();
-  if (last && !TheConflicts.ConflictFound) Window.Unload();
+  if (last.Holds() && opening.Holds() && !TheConflicts.ConflictFound) Window.Unload();
 }
 
 bool SequenceEditor::Write(const std::string& file) {

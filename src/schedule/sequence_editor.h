@@ -8,6 +8,7 @@
 #include "platform/dialogs.h"
 #include "platform/directories.h"
 #include "platform/event_loop.h"
+#include "platform/lifeline.h"
 #include "schedule/conflicts.h"
 #include "schedule/message_preview.h"
 #include "schedule/schedule_table.h"
@@ -56,7 +57,7 @@ class SequenceEditor {
 
   void mnuSave_Click();
   bool FieldsAreFilled();
-  void Save(const std::string& file, int save);  // waits half a second, or until the editor closes
+  void Save(const std::string& file);  // waits half a second, or until the editor closes
   bool Write(const std::string& file);
 
   SettingsStore& Store;
@@ -73,7 +74,8 @@ class SequenceEditor {
   MessagePreview& Preview;
   const StringTable& Strings;
   Notices& TheNotices;
-  int SavesAsked = 0;  // of several overlapping saves, the last closes the editor
+  /// Cut by the next save: of several that overlap, the last closes the editor.
+  Lifeline LastSave;
 };
 
 }  // namespace marlex
