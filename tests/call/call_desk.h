@@ -1,11 +1,17 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <utility>
 
 #include "desk/desk.h"
 
 namespace marlex {
+
+inline constexpr const char* kRest = "Call, lamps off";
+inline constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
+inline constexpr const char* kMusic = "song march.mp3 at 20000";
 
 /// A desk with chimes of 1000 and 800 ms, with or without music, whose journal begins when the
 /// operator is about to press. The rows of its schedule, if any, begin at 12:01.
@@ -75,5 +81,20 @@ class CallDesk : public Desk {
 
   std::int64_t StartMs = 0;
 };
+
+/// A call that is now made is heard, and leaves the desk as it should be.
+inline void ExpectWholeCall(CallDesk& desk) {
+  desk.Press("cmdCall");
+  desk.Advance(3000);
+  ASSERT_EQ(desk.Station(), "Speak, lamps green, speaks");
+  desk.Release("cmdCall");
+  ASSERT_FALSE(desk.Speaks());
+  desk.Advance(5000);
+  ASSERT_FALSE(desk.State().CallActive);
+  ASSERT_EQ(desk.Station(), kRest);
+  ASSERT_EQ(desk.Heard(), kMusic);
+  ASSERT_EQ(desk.Alive(), kAllAlive);
+  ASSERT_EQ(desk.Pc.Loop.Waits(), 1);
+}
 
 }  // namespace marlex

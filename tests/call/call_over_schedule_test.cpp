@@ -11,7 +11,6 @@ namespace marlex {
 namespace {
 
 constexpr auto kSilent = CallDesk::MusicAtStart::IsSilent;
-constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
 
 TEST(CallOverSchedule, PressedInTheFadeAtASequencesEndItLosesTheRowsUnderIt) {
   DeskOptions options{.Sequences = {{.Minutes = "01,02"}}, .FadeTime = "Slow"};

@@ -10,9 +10,6 @@ namespace {
 
 constexpr auto kSilent = CallDesk::MusicAtStart::IsSilent;
 
-constexpr const char* kRest = "Call, lamps off";
-constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
-
 TEST(CallSequence, OverMusicItIsFadeChimeVoiceChimeAndFade) {
   CallDesk desk;
   desk.PressAt(0);
@@ -155,7 +152,7 @@ TEST(CallSequence, AKeptReleaseIsTakenForThatOfTheNextPreChime) {
   desk.PressAt(2000);
   EXPECT_FALSE(desk.State().CallActive);
   EXPECT_FALSE(desk.State().CallEndedDuringChime);
-  EXPECT_EQ(desk.Alive(), "cmdPlay cmdSkip cmdStop");  // the tick stands until the next call
+  EXPECT_EQ(desk.Alive(), "cmdPlay cmdSkip cmdStop");  // the tick is off until the next call
   desk.ReleaseAt(4000);
   EXPECT_FALSE(desk.MicrophoneOpened);
   desk.Pc.Journal.Clear();

@@ -7,8 +7,6 @@
 namespace marlex {
 namespace {
 
-constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
-constexpr const char* kMusic = "song march.mp3 at 20000";
 constexpr int kReleaseMs = 5000;
 
 struct Moment {
@@ -132,7 +130,7 @@ TEST(CallMeetsSettings, ChangingTheAmplifierUnderATakeoverKeepsTheMicrophoneShut
 
 /// Showing the dialog's sliders has the same effect as moving them by hand: the fade continues from
 /// the music's level, and so takes longer.
-TEST(CallMeetsSettings, TheMereOpeningOverAFadeBeginsItAnew) {
+TEST(CallMeetsSettings, TheMereOpeningOverAFadeBeginsItAgain) {
   CallDesk desk;
   desk.PressAt(0);
   desk.AdvanceTo(200);

@@ -9,9 +9,6 @@ namespace marlex {
 namespace {
 
 constexpr auto kSilent = CallDesk::MusicAtStart::IsSilent;
-constexpr const char* kRest = "Call, lamps off";
-constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
-constexpr const char* kMusic = "song march.mp3 at 20000";
 
 /// A desk five seconds before a row of one message, with or without a chime before calls.
 DeskOptions WithRow(const std::string& preChime = "") {

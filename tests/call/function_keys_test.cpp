@@ -62,7 +62,7 @@ TEST(FunctionKeys, AreWrittenWithoutACheckAndTheEditorStaysOpen) {
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
 }
 
-TEST(FunctionKeys, KeepNamesAndDescriptionsThatStandInQuotes) {
+TEST(FunctionKeys, KeepNamesAndDescriptionsInQuotes) {
   KeysDesk desk;
   desk.Pc.Disk.AddWav("/messages/'one.wav", 1000);
   desk.Pc.Disk.AddWav("/messages/two'.wav", 1000);
@@ -127,7 +127,7 @@ TEST(FunctionKeys, OneWithTooFewZonesIsNotChosenAndChangesNothing) {
   EXPECT_EQ(desk.Sequence() + desk.Zones(), "gong11----");
 }
 
-TEST(FunctionKeys, ThatCannotBeWrittenAreToldOf) {
+TEST(FunctionKeys, ThatCannotBeWrittenAreReported) {
   KeysDesk desk;
   const std::string old = "[Function key 4]\r\nSchedule=gong\r\nRouting=120000\r\n";
   desk.Pc.Disk.AddFile(kKeys, old);

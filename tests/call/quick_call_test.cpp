@@ -8,8 +8,6 @@
 namespace marlex {
 namespace {
 
-constexpr const char* kAllAlive = "tick cmdPlay cmdSkip cmdStop";
-
 /// A desk one second before a row of two messages into zone 3; the call goes into zone 4.
 DeskOptions WithRow() {
   DeskOptions options = CallDesk::Chimes();
