@@ -63,7 +63,7 @@ double CardQueueMs(stage::Stage& desk) {
   const std::string text(std::istreambuf_iterator<char>(log), {});
   constexpr std::string_view kKey = "configured ";
   const std::size_t place = text.find(kKey);
-  if (place == std::string::npos) throw std::runtime_error("the sound server tells no latency");
+  if (place == std::string::npos) throw std::runtime_error("the sound server reports no latency");
   std::filesystem::remove(command.LogFile);
   return std::stod(text.substr(place + kKey.size())) / 1000;
 }

@@ -44,7 +44,7 @@ TEST(Control, AnIndexOutsideItsArrayIsABrokenRule) {
   EXPECT_EQ(panel.optPort[2].Index, 2);
 }
 
-TEST(Property, AnotherValueFromCodeTellsTheWatcherAndRaisesTheEvent) {
+TEST(Property, AnotherValueFromCodeCallsTheWatcherAndRaisesTheEvent) {
   Panel panel;
   std::string story;
   panel.chkMute.Watcher = [&] { story += "paint "; };
@@ -53,7 +53,7 @@ TEST(Property, AnotherValueFromCodeTellsTheWatcherAndRaisesTheEvent) {
   EXPECT_EQ(story, "paint click 1");
 }
 
-TEST(Property, AnEqualValueTellsAndRaisesNothing) {
+TEST(Property, AnEqualValueCallsAndRaisesNothing) {
   Panel panel;
   panel.chkMute.Value = 1;
   panel.txtName.Text = "march";
@@ -115,7 +115,7 @@ TEST(Slider, AValueOutsideIsHeldAtTheNearerEnd) {
   EXPECT_EQ(panel.sldVolume.Value, -100);
 }
 
-TEST(Slider, AValueBeyondTheEndOnWhichItStandsRaisesNothing) {
+TEST(Slider, AValueBeyondTheEndAtWhichItIsRaisesNothing) {
   Panel panel;
   panel.sldVolume.Value = 65535;
   int raised = 0;

@@ -88,7 +88,7 @@ TEST(Form, UnloadingBringsTheDesignBack) {
   EXPECT_EQ(panel.tmrBlink.Interval, 100);
 }
 
-TEST(Form, UnloadingRaisesNoEventOfAControlButTellsItsWatcher) {
+TEST(Form, UnloadingRaisesNoEventOfAControlButCallsItsWatcher) {
   VirtualLoop loop;
   Panel panel(loop);
   panel.Load();

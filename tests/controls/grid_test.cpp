@@ -58,7 +58,7 @@ TEST(Grid, TheRowsThatStayKeepAllOfTheirs) {
   EXPECT_EQ(table.grd.BackColorAt(1, 0), kRed);
 }
 
-TEST(Grid, TheCurrentRowNeverStandsBelowTheLast) {
+TEST(Grid, TheCurrentRowIsNeverBelowTheLast) {
   GridForm table;
   table.grd.SetRows(5);
   table.grd.SetRow(4);
@@ -138,7 +138,7 @@ TEST(Grid, ARowOrColumnThatIsNotThereIsABrokenRule) {
   EXPECT_THROW(table.grd.SetTopRow(1), RuntimeFailure);
 }
 
-TEST(Grid, EachChangeTellsTheWatcher) {
+TEST(Grid, EachChangeCallsTheWatcher) {
   GridForm table;
   int paints = 0;
   table.grd.Watcher = [&] { ++paints; };

@@ -210,7 +210,7 @@ TEST(Exit, InTheFadeWithWhichTheClockStopsTheMusicEndsTheProgramAtOnce) {
   ExpectTheEnd(desk, kFarewell);
 }
 
-TEST(Exit, AsksForNothingWritesNothingAndLeavesTheMixerAsItStands) {
+TEST(Exit, AsksForNothingWritesNothingAndLeavesTheMixerAsItIs) {
   Desk desk(Shop(true));
   ReachMessage(desk);
   desk.Pc.Journal.Only({"write", "mixer", "box", "open"});
@@ -235,7 +235,7 @@ TEST(Exit, UnloadsTheMixerThenTheEnginesThenTheMainWindow) {
   EXPECT_EQ(order, "FrmMxr frmPlayers frmMain ");
 }
 
-TEST(Exit, TheProgramStartsAnewAfterIt) {
+TEST(Exit, TheProgramStartsAgainAfterIt) {
   Desk desk(Shop(true));
   ReachMessage(desk);
   desk.Click("mnuExit");

@@ -24,7 +24,7 @@ TEST(FirstRun, WithoutASettingsFileTheLanguageComesFirstThenTheSettings) {
   EXPECT_FALSE(desk.Sys->TheWindows.frmLogo.Visible);
 }
 
-TEST(FirstRun, TheSettingsComeInsteadOfTheMainWindowAndTheTickStandsStill) {
+TEST(FirstRun, TheSettingsComeInsteadOfTheMainWindowAndTheTickIsOff) {
   SettingsDesk desk({}, FirstRun());
   EXPECT_TRUE(desk.TheFrmSettings().Visible);
   EXPECT_FALSE(desk.Main().Loaded());
@@ -46,7 +46,7 @@ TEST(FirstRun, TheCloseOfTheWindowEndsItToo) {
   EXPECT_TRUE(desk.Pc.Loop.Ended());
 }
 
-TEST(FirstRun, TheMissingDirectoriesAreToldOneATry) {
+TEST(FirstRun, TheMissingDirectoriesAreReportedOneAtEachTry) {
   SettingsDesk desk({}, FirstRun());
   desk.Click("cmdOK");
   EXPECT_EQ(desk.BoxTexts(), "Error: Background music directory not entered\n");

@@ -44,7 +44,7 @@ std::vector<Sequence> At(const std::string& hour, const std::vector<std::string>
   return rows;
 }
 
-TEST(Glance, TellsTheSongThatPlaysWhateverIsSelected) {
+TEST(Glance, NamesTheSongThatPlaysWhateverIsSelected) {
   SpotDesk desk;
   EXPECT_EQ(Now(desk), "music: march");
   desk.Select(1);
@@ -53,7 +53,7 @@ TEST(Glance, TellsTheSongThatPlaysWhateverIsSelected) {
   EXPECT_EQ(Now(desk), "silence: ");
 }
 
-TEST(Glance, TellsEachMessageWhileItPlaysAndThenTheSongAgain) {
+TEST(Glance, NamesEachMessageWhileItPlaysAndThenTheSongAgain) {
   SpotDesk desk;
   desk.AdvanceTo(SpotDesk::kFadedDown + 1);
   EXPECT_EQ(Now(desk), "message: welcome");
@@ -63,7 +63,7 @@ TEST(Glance, TellsEachMessageWhileItPlaysAndThenTheSongAgain) {
   EXPECT_EQ(Now(desk), "music: march");
 }
 
-TEST(Glance, TellsACallByTheTextOfItsKeyWithEitherTypeOfAmplifier) {
+TEST(Glance, ShowsACallByTheTextOfItsKeyWithEitherTypeOfAmplifier) {
   for (const bool router : {true, false}) {
     SpotDesk desk({.Sequences = At("13", {"01"}), .Router = router});
     const char* key = router ? "cmdCall" : "cmdCall2";
@@ -77,7 +77,7 @@ TEST(Glance, TellsACallByTheTextOfItsKeyWithEitherTypeOfAmplifier) {
   }
 }
 
-TEST(Glance, TellsACallOfTheAmplifierThatHoldsUsBackAndNoOther) {
+TEST(Glance, ShowsACallOfTheAmplifierThatHoldsUsBackAndNoOther) {
   SpotDesk desk;
   desk.Status(64);
   EXPECT_EQ(Now(desk), "amplifier: Higher priority call in progress");
@@ -90,7 +90,7 @@ TEST(Glance, TellsACallOfTheAmplifierThatHoldsUsBackAndNoOther) {
   EXPECT_EQ(Now(high), "amplifier: Higher priority call in progress");
 }
 
-TEST(Glance, TellsATakeoverOutOfACallAndOutOfAMessage) {
+TEST(Glance, ShowsATakeoverOutOfACallAndOutOfAMessage) {
   SpotDesk desk;
   desk.Press("cmdCall");
   desk.Advance(kSpeakingMs);
@@ -111,7 +111,7 @@ TEST(Glance, ShowsATakeoverUntilItsEndWhateverLevelComesMeanwhile) {
   EXPECT_EQ(Now(desk), "music: march");
 }
 
-TEST(Glance, TellsTheMessageThatComesNextUntilNoneIsLeftToday) {
+TEST(Glance, NamesTheMessageThatComesNextUntilNoneIsLeftToday) {
   SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
   EXPECT_EQ(Next(desk), "12:01  |at01");
   desk.AdvanceTo(SpotDesk::kDue);
@@ -120,7 +120,7 @@ TEST(Glance, TellsTheMessageThatComesNextUntilNoneIsLeftToday) {
   EXPECT_EQ(Next(desk), "|");
 }
 
-TEST(Glance, TellsARowOfThePresentMinuteUntilTheTickHasIt) {
+TEST(Glance, NamesARowOfThePresentMinuteUntilTheTickHasIt) {
   SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
   desk.Advance(SpotDesk::kDue - 1);
   EXPECT_EQ(Next(desk), "12:01  |at01");
@@ -129,7 +129,7 @@ TEST(Glance, TellsARowOfThePresentMinuteUntilTheTickHasIt) {
   EXPECT_EQ(Next(desk), "12:01  |at01");  // should the call end in this minute
 }
 
-TEST(Glance, TellsTheRowThatWaitsForTheMusicBreak) {
+TEST(Glance, NamesTheRowThatWaitsForTheMusicBreak) {
   std::vector<Sequence> rows = At("12", {"01", "02"});
   rows.front().Timer = "Between";
   SpotDesk desk({.Sequences = rows});
@@ -187,7 +187,7 @@ TEST(Glance, PassesOverAMinuteWhoseFirstRowDoesNotRunToday) {
 
 constexpr const char* kStopped = "|Schedule stopped";
 
-TEST(Glance, SaysThatTheScheduleStandsStillWhileTheEditorHoldsIt) {
+TEST(Glance, SaysThatTheScheduleIsStoppedWhileTheEditorHoldsIt) {
   SpotDesk desk({.Sequences = At("12", {"01", "02"})}, kSilent);
   desk.Click("mnuSchedule");
   EXPECT_EQ(Next(desk), kStopped);
@@ -198,7 +198,7 @@ TEST(Glance, SaysThatTheScheduleStandsStillWhileTheEditorHoldsIt) {
   EXPECT_EQ(Next(desk), "12:02  |at02");
 }
 
-TEST(Glance, SaysThatTheScheduleStandsStillAfterACallThatWasTakenOver) {
+TEST(Glance, SaysThatTheScheduleIsStoppedAfterACallThatWasTakenOver) {
   SpotDesk desk({.Sequences = At("13", {"01"})});
   desk.Press("cmdCall");
   desk.Advance(kSpeakingMs);

@@ -180,7 +180,7 @@ TEST(MainWindow, APortThatIsOpenAlreadyIsLeftAlone) {
   EXPECT_EQ(desk->Journal(), "");
 }
 
-TEST(MainWindow, APortThatCannotBeOpenedIsToldAndTheDeskGoesOn) {
+TEST(MainWindow, APortThatCannotBeOpenedIsReportedAndTheDeskGoesOn) {
   Desk desk({.Music = {{"march"}}}, [](SimulatedPc& pc) { pc.Serial.Unplug(); });
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
   EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Caption, "Error");
@@ -235,7 +235,7 @@ TEST(MainWindow, WithoutAMicrophoneTheMusicKeysFillBothRowsOfTheRoutingFrame) {
   EXPECT_EQ(desk.Main().lblMusic.Top, 1020);
 }
 
-TEST(MainWindow, WithAMicrophoneTheCallRowStands) {
+TEST(MainWindow, WithAMicrophoneTheCallRowIsShown) {
   Desk desk;
   for (const char* control : {"lblCall", "cmdCall", "lblBusy_0"}) {
     EXPECT_TRUE(desk.Visible(control)) << control;

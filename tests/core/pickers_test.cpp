@@ -326,7 +326,7 @@ TEST(ChimePicker, ACancelChangesNothing) {
   EXPECT_EQ(desk.Text("lblPreChime"), "");
 }
 
-TEST(ChimePicker, ASecondOpeningWaitsForAChoiceAnew) {
+TEST(ChimePicker, ASecondOpeningWaitsForAChoiceAgain) {
   Picking desk;
   desk.Click("chkPreChime");
   for (int opening = 0; opening < 2; ++opening) {

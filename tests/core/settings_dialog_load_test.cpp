@@ -63,7 +63,7 @@ TEST(SettingsDialogLoad, WithAMicrophoneTheChimesShow) {
   EXPECT_TRUE(desk.Enabled("frMicroVolume"));
 }
 
-TEST(SettingsDialogLoad, WithoutAMicrophoneAWordInEnglishStandsInTheirPlace) {
+TEST(SettingsDialogLoad, WithoutAMicrophoneAnEnglishNoteTakesTheirPlace) {
   SettingsDesk desk({.Microphone = false});
   desk.Open();
   EXPECT_FALSE(desk.Visible("frChimes"));
@@ -131,7 +131,7 @@ TEST(SettingsDialogLoad, WithoutAMessageDirectoryThereIsNoChimeToPick) {
   EXPECT_TRUE(with.Enabled("chkPostChime"));
 }
 
-TEST(SettingsDialogLoad, TheRouterHasItsFramesAndTheKeysStandBelowThem) {
+TEST(SettingsDialogLoad, TheRouterHasItsFramesAndTheKeysAreBelowThem) {
   SettingsDesk desk;
   desk.Open();
   for (const char* frame : {"frNames", "frPort", "frPriority"}) {
@@ -265,7 +265,7 @@ TEST(SettingsDialogLoad, OnlyTheExactWordFastIsFast) {
   EXPECT_EQ(other.Values().FadeTime, 1500);
 }
 
-TEST(SettingsDialogLoad, ASecondOpeningReadsAllAnew) {
+TEST(SettingsDialogLoad, ASecondOpeningReadsEverythingAgain) {
   SettingsDesk desk;
   desk.Open();
   desk.Type(desk.TheFrmSettings().txtZoneName[0], "Gate");
@@ -284,7 +284,7 @@ TEST(SettingsDialogLoad, ASecondOpeningReadsAllAnew) {
   EXPECT_TRUE(desk.Visible("frNames"));
 }
 
-TEST(SettingsDialogLoad, TheMenuOnAnOpenDialogBringsItToTheFrontAsItStands) {
+TEST(SettingsDialogLoad, TheMenuOnAnOpenDialogBringsItToTheFrontUnchanged) {
   SettingsDesk desk;
   desk.Open();
   desk.Type(desk.TheFrmSettings().txtZoneName[0], "Gate");

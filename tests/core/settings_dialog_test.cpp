@@ -178,7 +178,7 @@ TEST(SettingsDialog, ClosingItsWindowIsItsCancel) {
   EXPECT_FALSE(desk.Pc.Loop.Ended());
 }
 
-TEST(SettingsDialog, AnEmptyMusicDirectoryIsToldFirstAndNothingIsWritten) {
+TEST(SettingsDialog, AnEmptyMusicDirectoryIsReportedFirstAndNothingIsWritten) {
   SettingsDesk desk({},
                     [](SimulatedPc& pc) { With("Selected paths", "Message directory", "")(pc); });
   With("Selected paths", "Music directory", "")(desk.Pc);
@@ -193,7 +193,7 @@ TEST(SettingsDialog, AnEmptyMusicDirectoryIsToldFirstAndNothingIsWritten) {
   EXPECT_TRUE(desk.Pc.Serial.PortOpen());
 }
 
-TEST(SettingsDialog, AnEmptyMessageDirectoryIsToldWhenTheMusicHasOne) {
+TEST(SettingsDialog, AnEmptyMessageDirectoryIsReportedWhenTheMusicHasOne) {
   SettingsDesk desk({}, With("Selected paths", "Message directory", ""));
   desk.Open();
   const auto before = desk.Pc.Disk.Read(Desk::kIni);
@@ -376,7 +376,7 @@ TEST(SettingsDialog, TheOkPutsTheMusicsLevelLastOnTheWaveLineEvenUnderAMessage) 
   EXPECT_EQ(desk.WaveSlider(), 20000);
 }
 
-TEST(SettingsDialog, TheOkShowsTheZoneNamesAndBuildsTheTableAnew) {
+TEST(SettingsDialog, TheOkShowsTheZoneNamesAndRebuildsTheTable) {
   SettingsDesk desk({.Sequences = {{}}});
   desk.Open();
   desk.Type(desk.TheFrmSettings().txtZoneName[0], "Gate");

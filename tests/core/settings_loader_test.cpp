@@ -157,7 +157,7 @@ TEST(SettingsLoader, TheStoredLevelsReachACardThatStoodAnywhere) {
   }
 }
 
-TEST(SettingsLoader, VolumesThatAreNoNumbersAreToldInOneBoxAndCountAsAbsent) {
+TEST(SettingsLoader, VolumesThatAreNoNumbersShareOneBoxAndCountAsAbsent) {
   Desk desk({}, [](SimulatedPc& pc) {
     With("Volume", "Music volume", "loud")(pc);
     With("Volume", "Micro volume", "99999999999")(pc);
@@ -232,7 +232,7 @@ TEST(SettingsLoader, UnknownKeysAndCommentsSurviveARunOfTheProgram) {
   EXPECT_EQ(desk.Pc.Disk.Read(Desk::kIni), text + "[Routing]\r\nMusic routing=000000\r\n");
 }
 
-TEST(SettingsLoader, SettingsThatCannotBeWrittenAreToldOnceAndNothingIsLost) {
+TEST(SettingsLoader, SettingsThatCannotBeWrittenAreReportedOnceAndNothingIsLost) {
   Desk desk({.Music = {{"march"}}});
   const auto before = desk.Pc.Disk.Read(Desk::kIni);
   desk.Pc.Disk.FailWrites("/app");
@@ -261,7 +261,7 @@ TEST(SettingsLoader, AWriteWithNothingToChangeProvesNothing) {
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
 }
 
-TEST(SettingsLoader, AFaultThatComesAgainAfterAWriteIsToldAgain) {
+TEST(SettingsLoader, AFaultThatComesAgainAfterAWriteIsReportedAgain) {
   Desk desk;
   for (int fault = 0; fault < 2; ++fault) {
     desk.Pc.Disk.FailWrites("/app");

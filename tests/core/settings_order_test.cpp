@@ -16,13 +16,13 @@ struct OrderDesk : SettingsDesk {
   void Record() {
     TakeJournal();
     Pc.Journal.Only({"write", "serial", "show"});
-    Watch(Main().frCall, [this] { return Told("frCall", Main().frCall.Visible); });
-    Watch(Main().frRouting, [this] { return Told("frRouting", Main().frRouting.Visible); });
+    Watch(Main().frCall, [this] { return Line("frCall", Main().frCall.Visible); });
+    Watch(Main().frRouting, [this] { return Line("frRouting", Main().frRouting.Visible); });
     Watch(Main().grdSchedule, [this] {
       return Main().grdSchedule.Rows() > 1 ? Cell(1, kTimeColumn).substr(0, 5) : "";
     });
     Watch(Main().lblZoneName[2], [this] { return Main().lblZoneName[2].Caption.Get(); });
-    Watch(TheFrmSettings(), [this] { return Told("frmSettings", TheFrmSettings().Visible); });
+    Watch(TheFrmSettings(), [this] { return Line("frmSettings", TheFrmSettings().Visible); });
     Watch(Main(), [this] { return "frmMain " + std::to_string(Main().ShowCount); });
   }
 
@@ -31,7 +31,7 @@ struct OrderDesk : SettingsDesk {
     options.Sequences = {{}};
     return options;
   }
-  static std::string Told(const std::string& name, bool shown) {
+  static std::string Line(const std::string& name, bool shown) {
     return name + (shown ? " comes" : " goes");
   }
 

@@ -18,7 +18,7 @@ std::function<void(SimulatedPc&)> With(const std::string& section, const std::st
   return [=](SimulatedPc& pc) { pc.Profiles.WriteString(section, key, value, Desk::kIni); };
 }
 
-TEST(StartUp, TheSplashStandsForTwoAndAHalfSecondsBeforeTheMainWindow) {
+TEST(StartUp, TheSplashStaysForTwoAndAHalfSecondsBeforeTheMainWindow) {
   Desk desk({}, nullptr, false);
   desk.Do([&] { desk.Sys->Start(); });
   EXPECT_TRUE(desk.Sys->TheWindows.frmLogo.Visible);
@@ -113,7 +113,7 @@ TEST(StartUp, FileDialogsAskInTheLanguageOfTheProgram) {
   EXPECT_EQ(texts.Cancel, "Abbrechen");
 }
 
-TEST(StartUp, TheLanguagesStandInTheirOrderWithTheirBases) {
+TEST(StartUp, TheLanguagesAreInTheirOrderWithTheirBases) {
   std::string table;
   for (const Language& language : kLanguageTable) {
     table += std::string(language.Name) + " " + std::to_string(language.LanguageBase) + "\n";

@@ -9,38 +9,38 @@ namespace {
 
 void Leave(SimulatedPc& pc) { pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever; }
 
-void Tell(Desk& desk, const std::string& body) {
+void Report(Desk& desk, const std::string& body) {
   desk.Do([&desk, body] { desk.Sys->TheNotices.Leave(body, BoxIcon::Critical, "Error"); });
 }
 
 TEST(Notices, ABoxThatIsOpenIsNotOpenedTwice) {
   Desk desk({}, Leave);
-  Tell(desk, "No paper");
-  Tell(desk, "No paper");
+  Report(desk, "No paper");
+  Report(desk, "No paper");
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
   EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
 }
 
 TEST(Notices, ABoxThatWasAnsweredOpensAgain) {
   Desk desk({}, Leave);
-  Tell(desk, "No paper");
+  Report(desk, "No paper");
   desk.Pc.Dialogs.Answer();
   desk.Advance(0);
   EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 0);
-  Tell(desk, "No paper");
+  Report(desk, "No paper");
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 2u);
 }
 
-TEST(Notices, BoxesOfAnotherBodyStandBesideEachOther) {
+TEST(Notices, BoxesOfAnotherBodyAreOpenTogether) {
   Desk desk({}, Leave);
-  Tell(desk, "No paper");
-  Tell(desk, "No ink");
+  Report(desk, "No paper");
+  Report(desk, "No ink");
   EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 2);
 }
 
 TEST(Notices, AnOpenBoxDoesNotStopTheTicks) {
   Desk desk({.Music = {{"march"}}, .Sequences = {{.Minutes = "01"}}}, Leave);
-  Tell(desk, "No paper");
+  Report(desk, "No paper");
   desk.Pc.Journal.Only({"wav"});
   desk.Pc.Journal.Clear();
   desk.RunTo(12, 1, 30);
@@ -48,12 +48,12 @@ TEST(Notices, AnOpenBoxDoesNotStopTheTicks) {
   EXPECT_EQ(desk.Text("frSchedule").substr(0, 7), "12:01:3");
 }
 
-TEST(Notices, AnAnnouncementDoesNotStandStillBehindABoxThatNobodyReads) {
+TEST(Notices, AnAnnouncementDoesNotWaitForABoxThatNobodyReads) {
   Desk desk({.Music = {{"march"}}, .Sequences = {{.Minutes = "01"}}}, Leave);
   desk.Click("cmdPlay");
   desk.RunTo(12, 1, 1);
   ASSERT_TRUE(desk.State().MessagePlaying);
-  Tell(desk, "No paper");
+  Report(desk, "No paper");
   ASSERT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
   desk.Advance(10'000);
   EXPECT_FALSE(desk.State().MessagePlaying);

@@ -140,7 +140,7 @@ TEST(TranslateControls, TheMainWindowsControlsGetTheirTexts) {
   }
 }
 
-TEST(TranslateControls, TheIdsOfTheMainWindowsControlsStandInTheirTags) {
+TEST(TranslateControls, TheIdsOfTheMainWindowsControlsAreInTheirTags) {
   Desk desk;
   const FrmMain& window = desk.Main();
   std::string tags;
@@ -155,7 +155,7 @@ TEST(TranslateControls, TheIdsOfTheMainWindowsControlsStandInTheirTags) {
             "cmdCall2 260\n");
 }
 
-TEST(TranslateControls, TheSplashAndTheAboutWindowTellWhatTheProductIs) {
+TEST(TranslateControls, TheSplashAndTheAboutWindowSayWhatTheProductIs) {
   Desk desk({}, nullptr, false);
   desk.Sys->TheWindows.frmLogo.Lines.Label5.Caption = "of the design";
   desk.Sys->TheWindows.frmAbout.Lines.Label5.Caption = "of the design";

@@ -131,7 +131,7 @@ TEST(SerialLink, WithTheOtherAmplifierThePortStaysShutAndNothingIsSent) {
   EXPECT_EQ(desk.Journal(), "");
 }
 
-TEST(SerialLink, APortThatCannotBeOpenedIsToldOnceAndTheDeskGoesOn) {
+TEST(SerialLink, APortThatCannotBeOpenedIsReportedOnceAndTheDeskGoesOn) {
   LinkDesk desk({}, [](SimulatedPc& pc) { pc.Serial.Unplug(); });
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
   EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Caption, "Error");

@@ -198,7 +198,7 @@ TEST(ZoneRouting, TheLabelsFollowWhatThePcFeeds) {
   EXPECT_EQ(desk.LitZones(), "110000");
 }
 
-TEST(ZoneRouting, TheNamesOfTheZonesStandOnTheirLabels) {
+TEST(ZoneRouting, TheNamesOfTheZonesAreOnTheirLabels) {
   LinkDesk desk;
   EXPECT_EQ(desk.Main().lblZoneName[0].Caption.Get(), "Hall");
   EXPECT_EQ(desk.Main().lblZoneName[1].Caption.Get(), "Yard");

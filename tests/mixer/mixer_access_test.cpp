@@ -58,7 +58,7 @@ TEST(MixerAccess, ALevelAtStartIsKeptAsASliderPosition) {
   EXPECT_EQ(desk.Sys->Mixer.MixerLines[4].Mute, 1u);
 }
 
-TEST(MixerAccess, TheLevelsOfTheSettingsAreSentToALineThatStandsThereAlready) {
+TEST(MixerAccess, TheLevelsOfTheSettingsAreSentToALineThatHasThemAlready) {
   Desk desk({.MasterVolume = 5000}, [](SimulatedPc& pc) {
     SimulatedLine& speakers = *pc.Mixer.Line(kComponentSpeakers);
     speakers.Volume = {60535, 60535};
@@ -258,18 +258,18 @@ SimulatedDialogs::MessageBox FatalBox(const Prepare& prepare) {
   return box;
 }
 
-TEST(MixerAccess, WithoutAMixerTheProgramTellsItAndEnds) {
+TEST(MixerAccess, WithoutAMixerTheProgramSaysSoAndEnds) {
   EXPECT_EQ(FatalBox([](SimulatedPc& pc) { pc.Mixer.Devices.clear(); }).Body,
             "Unable to detect a mixer:\r\nPossible causes:\r\n"
             "No sound card present or correct drivers not installed\r\n\r\nTerminating...");
 }
 
-TEST(MixerAccess, WithAMixerThatCannotBeOpenedTheProgramTellsItAndEnds) {
+TEST(MixerAccess, WithAMixerThatCannotBeOpenedTheProgramSaysSoAndEnds) {
   EXPECT_EQ(FatalBox([](SimulatedPc& pc) { pc.Mixer.OpenResult = 4; }).Body,
             "Unable to open mixer.\r\n\r\nTerminating...");
 }
 
-TEST(MixerAccess, WithAMixerOfUnknownCapabilitiesTheProgramTellsItAndEnds) {
+TEST(MixerAccess, WithAMixerOfUnknownCapabilitiesTheProgramSaysSoAndEnds) {
   EXPECT_EQ(FatalBox([](SimulatedPc& pc) { pc.Mixer.CapsResult = 4; }).Body,
             "Unable to acquire mixer capabilities.\r\n\r\nTerminating...");
 }

@@ -23,7 +23,7 @@ void WithoutMeters(SimulatedPc& pc) {
   for (SimulatedLine& line : speakers.Sources) line.HasMeter = false;
 }
 
-TEST(MixerWindow, ItsStripsStandReadyAndHidden) {
+TEST(MixerWindow, ItsStripsAreReadyAndHidden) {
   Desk desk;
   FrmMxr& panel = desk.Sys->TheFrmMxr;
   EXPECT_TRUE(panel.Loaded());

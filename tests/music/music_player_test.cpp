@@ -82,7 +82,7 @@ std::string Untouched(MusicDesk& desk) {
          desk.Sys->Music.CurrentSongPath + "|" + (desk.MuteCheck(0) ? "muted" : "open");
 }
 
-TEST(MusicPlayer, WithoutItsDirectoryThePlayKeyTellsSoAndChangesNothing) {
+TEST(MusicPlayer, WithoutItsDirectoryThePlayKeySaysSoAndChangesNothing) {
   MusicDesk desk;
   desk.Pc.Disk.Vanish("/music");
   desk.Click("cmdPlay");

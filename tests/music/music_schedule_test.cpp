@@ -346,7 +346,7 @@ TEST(MusicSchedule, PausedMusicIsNotStopped) {
   EXPECT_EQ(desk.MusicFlags(), "Started");
 }
 
-TEST(MusicSchedule, ALostDirectoryIsToldOnceAMinute) {
+TEST(MusicSchedule, ALostDirectoryIsReportedOnceAMinute) {
   ClockDesk desk;
   desk.Pc.Disk.Vanish("/music");
   desk.RunTo(12, 8, 30);

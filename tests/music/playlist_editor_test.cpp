@@ -255,7 +255,7 @@ std::string Sorted(std::string entries) {
   return entries;
 }
 
-TEST(PlaylistEditor, EachShuffleIsAPermutationThatKeepsASongThatStandsTwice) {
+TEST(PlaylistEditor, EachShuffleIsAPermutationThatKeepsASongListedTwice) {
   PlaylistDesk desk;
   desk.Add({"a", "b", "c", "a", "b", "c", "c"});
   std::vector<std::string> orders;

@@ -73,7 +73,7 @@ TEST(PlaylistFiles, AnAutostartResumesAtTheLastSong) {
   EXPECT_EQ(desk.MusicFlags(), "");
 }
 
-TEST(PlaylistFiles, AnAutostartTellsTheMinuteToTheClockBeforeItsFirstTick) {
+TEST(PlaylistFiles, AnAutostartGivesTheClockTheMinuteBeforeItsFirstTick) {
   FileDesk desk(kThreeSongs);
   ASSERT_EQ(desk.State().CurrentMinute, "");
   desk.Pc.Disk.AddFile("/app/Auto.lst", kThreeSongs + "[BackGround music]\r\nAutostart=True\r\n");

@@ -194,7 +194,7 @@ TEST(PlaylistSave, TheOldFileIsReplacedWhole) {
   EXPECT_EQ(desk.File(), kSongs + kNoTimes + "Autostart=True\r\n");
 }
 
-TEST(PlaylistSave, AFileThatCannotBeWrittenIsToldOfAndNothingIsLost) {
+TEST(PlaylistSave, AFileThatCannotBeWrittenIsReportedAndNothingIsLost) {
   for (const bool timed : {false, true}) {
     SaveDesk desk;
     if (timed) desk.Schedule();
@@ -216,7 +216,7 @@ TEST(PlaylistSave, AFileThatCannotBeWrittenIsToldOfAndNothingIsLost) {
   }
 }
 
-TEST(PlaylistSave, OfAFullDiskAndAMissingTimeTheDiskIsToldOf) {
+TEST(PlaylistSave, OfAFullDiskAndAMissingTimeTheDiskIsReported) {
   SaveDesk desk;
   desk.Click("optScheduled_0");
   desk.SetTimes("08", "", "", "");
@@ -226,7 +226,7 @@ TEST(PlaylistSave, OfAFullDiskAndAMissingTimeTheDiskIsToldOf) {
   EXPECT_EQ(desk.File(), "");
 }
 
-TEST(PlaylistSave, ADirectoryThatHasGoneIsToldOf) {
+TEST(PlaylistSave, ADirectoryThatHasGoneIsReported) {
   SaveDesk desk;
   desk.SaveAs("/stick/new.lst");
   EXPECT_EQ(desk.Boxes(), "!Error: Save playlist: /stick/new.lst\n");

@@ -76,7 +76,7 @@ TEST_F(EventQueueTest, AStoppedTimerIsGoneAndItsCallbackEndsInPeace) {
   Queue.StopTimer(99);
 }
 
-TEST_F(EventQueueTest, AMarkTellsWhatWasQueuedSinceFromWhatWaited) {
+TEST_F(EventQueueTest, AMarkSeparatesWhatWasQueuedSinceFromWhatWaited) {
   Queue.Add(milliseconds(10), Word("a"));
   const auto newcomers = Queue.Newcomers();
   EXPECT_LT(Queue.FindNext()->Order, newcomers);

@@ -32,7 +32,7 @@ class Interrupted : public Story {
   static int CountEvents(const DeskOptions& options) {
     Interrupted desk(options);
     desk.RunTo(12, 1, 8);
-    EXPECT_TRUE(desk.Told().ends_with("send 67\n")) << desk.Told();
+    EXPECT_TRUE(desk.Transcript().ends_with("send 67\n")) << desk.Transcript();
     return desk.Events;
   }
 

@@ -57,7 +57,7 @@ TEST(Day, OfAShopFromItsFirstSongToItsLastAnnouncement) {
   shop.RunTo(11, 56);
   EXPECT_EQ(shop.Heard(), "silence");
   shop.RunTo(13, 0);
-  EXPECT_EQ(shop.Told(),
+  EXPECT_EQ(shop.Transcript(),
             "09:00:00.500 song play morning.mp3\n"
             "09:00:00.700 send 67\n"
             "09:27:00.500 song end\n"
@@ -130,7 +130,7 @@ TEST(Day, MidnightBuildsTheNewDayAndLetsTheClockStartMusic) {
   shop.RunTo(0, 3);
   EXPECT_EQ(shop.Rows(),
             (std::vector<std::string>{"00:00  ||000006||closing", "00:02  ||000006||closing"}));
-  EXPECT_EQ(shop.Told(),
+  EXPECT_EQ(shop.Transcript(),
             "23:56:33.500 song play night.mp3\n"
             "23:56:33.700 send 67\n"
             "23:57:30.500 song stop\n"
@@ -157,8 +157,8 @@ TEST(Day, MidnightBuildsTheNewDayAndLetsTheClockStartMusic) {
 std::string Played(const Story& story) {
   const std::string begins = " wav play ";
   std::string played;
-  std::istringstream told(story.Told());
-  for (std::string line; std::getline(told, line);) {
+  std::istringstream lines(story.Transcript());
+  for (std::string line; std::getline(lines, line);) {
     const auto place = line.find(begins);
     if (place == std::string::npos) continue;
     played += line.substr(0, 5) + " " + line.substr(place + begins.size()) + " ";
@@ -179,13 +179,13 @@ TEST(Day, OverTheEndOfALeapFebruaryEveryDayHasItsOwnAnnouncements) {
               .StopTime = "18:00",
               .WeekDays = "1234500",
               .Now = {2024, 2, 24, 0, 0, 0}});  // a Saturday
-  std::string told;
+  std::string transcript;
   for (const std::string day : {"Sat", "Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"}) {
     shop.Begin();
     shop.Advance(24 * 3'600'000);
-    told += day + ": " + Played(shop) + "\n";
+    transcript += day + ": " + Played(shop) + "\n";
   }
-  EXPECT_EQ(told,
+  EXPECT_EQ(transcript,
             "Sat: \n"
             "Sun: 10:30 closing.wav \n"
             "Mon: 12:00 welcome.wav \n"

@@ -241,7 +241,7 @@ Deed DrawFault(Dice& dice) {
 Deed DrawClock(Dice& dice) {
   if (dice.OneIn(5)) {
     const int ms = dice.Between(1, 90'000);
-    return {"the machine stands still for " + std::to_string(ms) + " ms",
+    return {"the machine stalls for " + std::to_string(ms) + " ms",
             [ms](WatchedDesk& desk) { desk.Pc.Loop.Block(ms); }};
   }
   static const std::vector<int> jumps{60, -60, 3600, -3600, 86'400, -86'400, 7 * 86'400};

@@ -55,8 +55,8 @@ void Live(WatchedDesk& desk, const RandomDay& day, const std::vector<Happening>&
 }
 
 /// Runs the day with only these happenings, and returns what went wrong.
-std::optional<Failure> Tell(const RandomDay& day, const std::vector<Happening>& happenings,
-                            CornerCounts& corners) {
+std::optional<Failure> FaultOf(const RandomDay& day, const std::vector<Happening>& happenings,
+                               CornerCounts& corners) {
   WatchedDesk desk(day.Installation, day.Prepare);
   try {
     Live(desk, day, happenings);
@@ -73,7 +73,7 @@ std::string FirstLine(const std::string& text) { return text.substr(0, text.find
 bool StillBreaks(const RandomDay& day, const std::vector<Happening>& happenings,
                  const std::string& rule) {
   CornerCounts corners;
-  const auto failure = Tell(day, happenings, corners);
+  const auto failure = FaultOf(day, happenings, corners);
   return failure && FirstLine(failure->Rule) == rule;
 }
 
@@ -104,7 +104,7 @@ std::string Tail(const std::string& text) {
 std::string Report(int seed, const RandomDay& day, const Failure& failure) {
   const std::vector<Happening> happenings = Shrink(day, FirstLine(failure.Rule));
   CornerCounts corners;
-  const Failure shrunk = Tell(day, happenings, corners).value_or(failure);
+  const Failure shrunk = FaultOf(day, happenings, corners).value_or(failure);
   std::string text = "seed " + std::to_string(seed) + "\n" + day.Describe() + "happenings:\n";
   for (const Happening& happening : happenings)
     text += "  " + std::to_string(happening.AtMs) + " " + happening.What + "\n";
@@ -177,7 +177,7 @@ TEST(RandomDays, WhateverHappensTheDeskKeepsItsRulesAndAnnouncesTheNextRow) {
   CornerCounts corners;
   for (int seed = seeds.First; seed <= seeds.Last && reports < kMostReports; ++seed) {
     const RandomDay day(static_cast<std::uint64_t>(seed));
-    const auto failure = Tell(day, day.Happenings, corners);
+    const auto failure = FaultOf(day, day.Happenings, corners);
     if (!failure) continue;
     ++reports;
     ADD_FAILURE() << Report(seed, day, *failure);
@@ -193,7 +193,7 @@ TEST(RandomDays, AWeekInWhichLittleHappensKeepsTheRulesToo) {
   CornerCounts corners;
   for (int seed = seeds.First; seed <= last; ++seed) {
     const RandomDay week(static_cast<std::uint64_t>(seed), RandomDay::Span::Week);
-    const auto failure = Tell(week, week.Happenings, corners);
+    const auto failure = FaultOf(week, week.Happenings, corners);
     if (failure) {
       ADD_FAILURE() << Report(seed, week, *failure);
       return;
@@ -202,14 +202,14 @@ TEST(RandomDays, AWeekInWhichLittleHappensKeepsTheRulesToo) {
   EXPECT_GT(corners["midnight"], 0);
 }
 
-TEST(RandomDays, ASeedTellsTheSameDayEachTime) {
-  const auto tell = [] {
+TEST(RandomDays, ASeedGivesTheSameDayEachTime) {
+  const auto run = [] {
     const RandomDay day(7);
     WatchedDesk desk(day.Installation, day.Prepare);
     Live(desk, day, day.Happenings);
     return day.Describe() + std::to_string(desk.NowMs()) + "\n" + desk.Journal();
   };
-  EXPECT_EQ(tell(), tell());
+  EXPECT_EQ(run(), run());
 }
 
 }  // namespace

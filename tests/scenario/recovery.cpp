@@ -40,7 +40,7 @@ void Recovery::Run() {
   TheDesk.Status(0);
   EndWaits();
   LetGoOfTheKey();
-  if (TickStandsStill()) Call();
+  if (TickIsHeld()) Call();
   StopAndPlay();
   TheDesk.Advance(kSettleMs);
   while (!Announce(AwaitRow())) {
@@ -134,7 +134,7 @@ void Recovery::LetGoOfTheKey() {
 }
 
 /// After a call that the amplifier has cut off, the tick stays off until another call.
-bool Recovery::TickStandsStill() {
+bool Recovery::TickIsHeld() {
   return !TheDesk.Sys->TheFrmPlayers.tmrMessage.Enabled && !TheDesk.State().MessageAwaitingSongEnd;
 }
 
@@ -346,7 +346,7 @@ void Recovery::RequireRestored() {
           "A mute stays behind");
   Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music is not back");
   for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"})
-    Require(TheDesk.Enabled(key), std::string("A key stays dead: ") + key);
+    Require(TheDesk.Enabled(key), std::string("A key stays disabled: ") + key);
 }
 
 }  // namespace marlex

@@ -33,7 +33,7 @@ class Recovery {
   void ChooseDirectory(const std::string& browse, const std::string& directory);
   void EndWaits();
   void LetGoOfTheKey();
-  bool TickStandsStill();
+  bool TickIsHeld();
   void Call();
   bool CallOnce();
   void StopAndPlay();

@@ -26,13 +26,13 @@ void Story::Begin() {
   Pc.Journal.Clear();
 }
 
-std::string Story::Told() const {
-  std::string told;
+std::string Story::Transcript() const {
+  std::string transcript;
   std::istringstream journal(Pc.Journal.Text());
   std::int64_t ms = 0;
   for (std::string line; journal >> ms && std::getline(journal, line);)
-    told += ClockText(BeganAtMs + ms) + line + "\n";
-  return told;
+    transcript += ClockText(BeganAtMs + ms) + line + "\n";
+  return transcript;
 }
 
 }  // namespace marlex

@@ -17,7 +17,7 @@ class Story : public Desk {
 
   /// All lines since the beginning. A line that is not an effect of the system, such as a byte from
   /// the amplifier, is added with `Note`.
-  std::string Told() const;
+  std::string Transcript() const;
   void Note(const std::string& line) { Pc.Journal.Write("-", line); }
 
  private:

@@ -114,7 +114,7 @@ TEST(BetweenRow, ASkippedSongEndsTheWaitAtOnce) {
   EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
 }
 
-TEST(BetweenRow, AStoppedSongLeavesTheWholeScheduleStandingStill) {
+TEST(BetweenRow, AStoppedSongLeavesTheWholeScheduleHeld) {
   DeskOptions options = AtBreak();
   options.Sequences.push_back({.File = "b.sch", .Minutes = "05,10"});
   options.StartTime = "12:02";

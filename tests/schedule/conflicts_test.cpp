@@ -210,7 +210,7 @@ TEST(Conflicts, WeekdaysThatEndBeforeACommonDayAreReportedOnce) {
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.front().Caption, "Error");
 }
 
-TEST(Conflicts, WeekdaysThatHaveBeenMadeCompleteAreNotToldAgain) {
+TEST(Conflicts, WeekdaysThatHaveBeenMadeCompleteAreNotReportedAgain) {
   ConflictDesk desk({"00", "1234567"});
   ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1U);
   desk.Pc.Profiles.WriteString("Schedule", "Weekday(s)", "0000007", "/app/a.sch");

@@ -89,7 +89,7 @@ TEST(EditorFiles, MayBeWrittenInUtf16AndStaySo) {
 }
 
 /// A file without weekdays and zones is not a sequence, and the screen stays as it was.
-TEST(EditorFiles, OnesWithoutASequenceAreToldOfAndChangeNothing) {
+TEST(EditorFiles, OnesWithoutASequenceAreReportedAndChangeNothing) {
   std::string noise;
   for (int byte = 0; byte < 4096; ++byte) noise += static_cast<char>(byte * 37 % 256);
   for (const std::string& text :
@@ -108,14 +108,14 @@ TEST(EditorFiles, OnesWithoutASequenceAreToldOfAndChangeNothing) {
   }
 }
 
-TEST(EditorFiles, OneThatIsUnfitIsToldOfWithItsFileAndItsField) {
+TEST(EditorFiles, OneThatIsUnfitIsReportedWithItsFileAndItsField) {
   FilesDesk desk;
   desk.OpenText("[Schedule]\r\nWeekday(s)=1030500\r\nZone(s)=0200\r\n");
   desk.Advance(0);
   EXPECT_EQ(desk.LastBox(), "Error: new.sch: Zone(s): \"0200\" is shorter than 6 characters");
 }
 
-TEST(EditorFiles, OnesThatAreMissingOrCannotBeReadAreToldOfAndChangeNothing) {
+TEST(EditorFiles, OnesThatAreMissingOrUnreadableAreReportedAndChangeNothing) {
   for (const bool missing : {true, false}) {
     FilesDesk desk;
     desk.Compose("9", "15");

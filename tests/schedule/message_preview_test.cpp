@@ -87,7 +87,7 @@ TEST(MessagePreview, AMessageThatWasAddedTwicePlaysTwice) {
             "4800 wav play closing.wav\n6800 wav end closing.wav\n");
 }
 
-TEST(MessagePreview, StoppedItLeavesTheRestUnplayedAndBeginsAnewNextTime) {
+TEST(MessagePreview, StoppedItLeavesTheRestUnplayedAndStartsOverNextTime) {
   PreviewDesk desk;
   desk.Click("PrevKey");
   desk.Advance(1000);

@@ -63,7 +63,7 @@ class TableDesk : public SpotDesk {
   }
 
   /// Delivers the bytes and returns all the cells that follow from them.
-  std::string Tell(const std::vector<int>& bytes) {
+  std::string OutcomeOf(const std::vector<int>& bytes) {
     for (std::size_t byte = 0; byte < bytes.size(); ++byte) {
       if (byte > 0) Advance(kSecondByteAfterMs);
       Status(bytes[byte]);
@@ -179,7 +179,7 @@ void ExpectTable(const Moment& moment, const std::string& own, std::size_t rows,
   const std::vector<Row> expected = RowsOf(table);
   EXPECT_EQ(expected.size(), rows);
   for (const Row& row : expected) {
-    EXPECT_EQ(TableDesk(moment, own).Tell(row.Bytes), row.Expected)
+    EXPECT_EQ(TableDesk(moment, own).OutcomeOf(row.Bytes), row.Expected)
         << Title(moment, own, row.Bytes);
   }
 }
@@ -468,9 +468,9 @@ TEST(PriorityTable, EveryByteCountsByItsTwoUpperBitsInEveryState) {
       std::map<int, std::string> known;
       const int step = own == "Low" ? 1 : kEverySo;
       for (int byte = 0; byte < 256; byte += step) {
-        const std::string told = TableDesk(moment, own).Tell({byte});
-        const std::string& expected = known.emplace(byte & kPriorityBits, told).first->second;
-        EXPECT_EQ(told, expected) << Title(moment, own, {byte});
+        const std::string outcome = TableDesk(moment, own).OutcomeOf({byte});
+        const std::string& expected = known.emplace(byte & kPriorityBits, outcome).first->second;
+        EXPECT_EQ(outcome, expected) << Title(moment, own, {byte});
       }
     }
   }

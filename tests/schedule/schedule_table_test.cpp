@@ -211,7 +211,7 @@ TEST(ScheduleTable, AFileThatWouldMakeTheTableTooLongIsNamedAndTheOthersStay) {
   EXPECT_THAT(desk.Pc.Dialogs.Boxes.front().Body, HasSubstr("f45.sch"));
 }
 
-TEST(ScheduleTable, TheLongestTableIsBuiltAndOneRowMoreIsTold) {
+TEST(ScheduleTable, TheLongestTableIsBuiltAndOneRowMoreIsReported) {
   for (const bool oneMore : {false, true}) {
     DeskOptions options = WholeDays(45);
     options.Sequences.push_back(
@@ -284,7 +284,7 @@ TEST(ScheduleColumns, WithNothingOnShowTheHiddenColumnsLoseHeadingWidthAndText) 
   EXPECT_THAT(desk.Rows(), ElementsAre("12:01  ||||welcome"));
 }
 
-TEST(ScheduleColumns, TimesDaysAndZonesAreCentredNamesAndMessagesStandLeft) {
+TEST(ScheduleColumns, TimesDaysAndZonesAreCentredNamesAndMessagesAreLeft) {
   Desk desk;
   const Grid& table = desk.Main().grdSchedule;
   for (const int column : {kTimeColumn, kDaysColumn, kRoutingColumn}) {

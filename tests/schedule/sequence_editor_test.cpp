@@ -26,7 +26,7 @@ TEST(SequenceEditor, OpensWithTheMessagesOfTheDirectoryAndNothingChosen) {
   EXPECT_FALSE(desk.Sys->Editor.FunctionKeyMode);
 }
 
-TEST(SequenceEditor, TheIdsOfItsControlsStandInTheirTags) {
+TEST(SequenceEditor, TheIdsOfItsControlsAreInTheirTags) {
   EditorDesk desk;
   std::string tags;
   for (Control* control : desk.TheWavWindow().Controls) {
@@ -98,7 +98,7 @@ TEST(SequenceEditor, WithoutAMessageItDoesNotOpenAndLeadsToTheSettings) {
   EXPECT_FALSE(desk.Sys->TheWindows.TheWavWindow.Visible);
 }
 
-TEST(SequenceEditor, WhileItIsOpenTheTableShowsAllDaysAndTheScheduleStandsStill) {
+TEST(SequenceEditor, WhileItIsOpenTheTableShowsAllDaysAndTheScheduleIsHeld) {
   EditorDesk desk({.Sequences = {{.Weekdays = "0234567"}, {.File = "due.sch", .Minutes = "02"}}});
   EXPECT_EQ(desk.Main().grdSchedule.Rows(), 3);
   desk.RunTo(12, 3);
@@ -112,7 +112,7 @@ TEST(SequenceEditor, WhileItIsOpenTheTableShowsAllDaysAndTheScheduleStandsStill)
   EXPECT_NE(desk.Journal().find("welcome"), std::string::npos);
 }
 
-TEST(SequenceEditor, TheMusicsClockStandsStillToo) {
+TEST(SequenceEditor, TheMusicsClockIsHeldToo) {
   DeskOptions options{
       .Music = {{"march"}}, .StartTime = "12:01", .StopTime = "12:30", .WeekDays = "1234567"};
   EditorDesk desk(options);
@@ -130,7 +130,7 @@ TEST(SequenceEditor, AnAllDaysViewIsBackAfterIt) {
   EXPECT_TRUE(desk.Values().AllDaysView);
 }
 
-TEST(SequenceEditor, ReadsAFileIntoItsFieldsAsItStands) {
+TEST(SequenceEditor, ReadsAFileIntoItsFieldsAsItIs) {
   EditorDesk desk({.Sequences = {{.File = "day.two.sch",
                                   .Messages = "closing,gong",
                                   .Hours = "99-1,x",
@@ -346,7 +346,7 @@ TEST(SequenceEditor, AConflictThatTheSavedFileMakesClosesItAndIsFoundThen) {
   EXPECT_TRUE(desk.Visible("lblConflict"));
 }
 
-TEST(SequenceEditor, ADiskThatTakesNoFileIsToldAndNothingIsLost) {
+TEST(SequenceEditor, ADiskThatTakesNoFileIsReportedAndNothingIsLost) {
   EditorDesk desk({.Sequences = {{}}});
   const auto before = desk.Pc.Disk.Read("/app/spot.sch");
   desk.Pc.Disk.FailWrites("/app/spot.sch");
@@ -391,7 +391,7 @@ TEST(SequenceEditor, ASecondSaveInThePauseOfTheFirstIsWrittenToo) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
-TEST(SequenceEditor, ADialogThatStandsWhenAnEarlierSaveIsOverIsStillItsOwn) {
+TEST(SequenceEditor, ADialogStillOpenWhenAnEarlierSaveIsOverIsStillItsOwn) {
   EditorDesk desk;
   desk.Compose();
   desk.SaveAs(kFile);

@@ -141,7 +141,7 @@ TEST(SequenceFiles, AFileOfAnotherExtensionIsRefusedWithoutAWord) {
   EXPECT_THAT(desk.Pc.Dialogs.Boxes, IsEmpty());
 }
 
-TEST(SequenceFiles, AChoiceWithoutASequenceFileInItsNamesIsToldAndChangesNothing) {
+TEST(SequenceFiles, AChoiceWithoutASequenceFileIsReportedAndChangesNothing) {
   Desk desk(TwoFiles());
   desk.Pc.Dialogs.OpenResults = {"/old.sch/spot.seq"};
   desk.Click("mnuSequence");

@@ -115,7 +115,7 @@ TEST(TimeExpressions, OnlyTheLastOfSeveralMinuteItemsIsCutAtTwoCharacters) {
   EXPECT_EQ(Minutes("1,2"), "01 02");
 }
 
-TEST(TimeExpressions, TheNoughtBeforeASingleMinuteStandsInTheExpressionToo) {
+TEST(TimeExpressions, TheZeroBeforeASingleMinuteIsInTheExpressionToo) {
   TimeExpressions times;
   times.MinuteExpression = "5";
   times.ParseMinutes();
@@ -179,7 +179,7 @@ TEST(TimeExpressions, CommasAreCountedAndTheirPlacesFound) {
   EXPECT_THROW(times.FindCommas(Items(32)), RuntimeFailure);
 }
 
-TEST(TimeExpressions, EachRunStartsAnew) {
+TEST(TimeExpressions, EachRunStartsFromTheBeginning) {
   TimeExpressions times;
   times.HourExpression = "1,2,3,4";
   times.ParseHours();

@@ -69,7 +69,7 @@ TEST(TimeFields, ShowOnlyTheFirstOfSeveralMessages) {
 }
 
 /// Faults without a message of their own get one plain message, and nothing is saved.
-TEST(TimeFields, TellInputThatCannotBeExpandedInPlainWords) {
+TEST(TimeFields, ReportInputThatCannotBeExpandedInPlainWords) {
   for (const char* hours : {"5-5", "0-24", "0-23,1"})
     EXPECT_EQ(JudgeHours(hours), "Error: More than 24 hours in a time expression");
   for (const char* hours : {"8,", "8,,9", ",8"})

@@ -49,7 +49,7 @@ TEST(Instruments, ThePlaceInASongIsHeardFromItsLadder) {
   }
 }
 
-TEST(Instruments, RoutingBytesAreToldInWords) {
+TEST(Instruments, RoutingBytesAreSpelledOut) {
   EXPECT_EQ(DescribeRouting(0), "release");
   EXPECT_EQ(DescribeRouting(69), "zones 1 3 low");
   EXPECT_EQ(DescribeRouting(130), "zones 2 high");

@@ -67,7 +67,7 @@ TEST(WindowManager, ItsCloseOfTheMainWindowIsTheExit) {
   EXPECT_THAT(desk.ByteValues(), ElementsAre(kMusicZones, 0));
 }
 
-TEST(WindowManager, ItsCloseIsNotRefusedWhileANoticeStands) {
+TEST(WindowManager, ItsCloseIsNotRefusedWhileANoticeIsOpen) {
   ManagedDesk desk(TwoSongs(40));
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(OpenNotice(desk));
@@ -75,7 +75,7 @@ TEST(WindowManager, ItsCloseIsNotRefusedWhileANoticeStands) {
   EXPECT_TRUE(desk.HasLeft());
 }
 
-TEST(WindowManager, ItsCloseIsNotRefusedWhileAFileDialogStands) {
+TEST(WindowManager, ItsCloseIsNotRefusedWhileAFileDialogIsOpen) {
   ManagedDesk desk(TwoSongs(40));
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(desk.Click("mnuFile"));
@@ -85,7 +85,7 @@ TEST(WindowManager, ItsCloseIsNotRefusedWhileAFileDialogStands) {
   EXPECT_TRUE(desk.HasLeft());
 }
 
-TEST(WindowManager, ItsCloseIsNotRefusedWhileAQuestionAboutAFileStands) {
+TEST(WindowManager, ItsCloseIsNotRefusedWhileAQuestionAboutAFileIsOpen) {
   ManagedDesk desk(TwoSongs(40));
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(desk.AskForAFileThatIsNotThere());

@@ -21,7 +21,7 @@ TEST(TextCase, KnowsTheCapitalsOfEveryAlphabetInUse) {
   }
 }
 
-TEST(TextCase, TellsLettersFromTheirNeighbours) {
+TEST(TextCase, DistinguishesLettersFromTheirNeighbours) {
   EXPECT_TRUE(SameButForCase("aZ09_", "Az09_"));
   EXPECT_FALSE(SameButForCase("@", "`"));
   EXPECT_FALSE(SameButForCase("[", "{"));
@@ -66,7 +66,7 @@ TEST(TextCase, APatternOfManyStarsIsDecidedSoon) {
   EXPECT_FALSE(MatchesPattern(std::string(255, 'a'), "*a*a*a*a*a*a*a*a*a*a*a*a*a*a*a*a*b"));
 }
 
-TEST(TextCase, NamesStandInOneOrderWithoutRegardToCase) {
+TEST(TextCase, NamesHaveOneOrderWhateverTheirCase) {
   std::vector<std::string> names = {"b", "C", "a", "A", "ab", "Ö", "ö2", "B1"};
   std::sort(names.begin(), names.end(), NameComesBefore);
   EXPECT_EQ(names, (std::vector<std::string>{"A", "a", "ab", "b", "B1", "C", "Ö", "ö2"}));

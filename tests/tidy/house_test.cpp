@@ -78,7 +78,7 @@ TEST(HouseRules, AnIncludeIsWrittenFromTheRootOfTheSources) {
             "");
 }
 
-TEST(HouseRules, ACircleIsToldWithItsWholeWay) {
+TEST(HouseRules, ACircleIsNamedWithItsWholeWay) {
   EXPECT_EQ(
       CircularIncludes(Tree({{"src/music/a.h", "#include \"music/b.h\"\n"},
                              {"src/music/b.cpp", "\n#include \"music/c.h\"\n"},

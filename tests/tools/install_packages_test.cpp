@@ -71,14 +71,14 @@ TEST_F(PackageMachine, LosesNothingToAnyOtherPackageEither) {
   EXPECT_FALSE(IsThere("library"));
 }
 
-TEST_F(PackageMachine, IsToldWhichPackageCannotBeHad) {
+TEST_F(PackageMachine, SeesWhichPackageCannotBeHad) {
   Write("unknown/library", "");
   EXPECT_EQ(Install(), 1);
   EXPECT_TRUE(Says("Unable to locate package library")) << Said;
   EXPECT_FALSE(IsThere("compiler"));
 }
 
-TEST_F(PackageMachine, ThatIsOfflineIsToldWhatIsMissingAndWhy) {
+TEST_F(PackageMachine, ThatIsOfflineSeesWhatIsMissingAndWhy) {
   Has({"compiler"});
   Write("offline", "");
   EXPECT_EQ(Install(), 1);
@@ -87,7 +87,7 @@ TEST_F(PackageMachine, ThatIsOfflineIsToldWhatIsMissingAndWhy) {
   EXPECT_FALSE(IsThere("library"));
 }
 
-TEST_F(PackageMachine, WithoutSudoIsToldSo) {
+TEST_F(PackageMachine, WithoutSudoSeesTheReason) {
   Program("id", "echo 1000");
   std::filesystem::remove(Root / "bin/sudo");
   EXPECT_EQ(Install(), 1);

@@ -109,14 +109,14 @@ TEST_F(SoundMachine, ThatIsOfflineTestsOnItsPipeWireAndSaysWhy) {
   EXPECT_FALSE(IsUnpacked());
 }
 
-TEST_F(SoundMachine, ThatIsOfflineWithoutAnyServerIsToldWhatIsMissingAndWhy) {
+TEST_F(SoundMachine, ThatIsOfflineWithoutAnyServerSeesWhatIsMissingAndWhy) {
   Write("offline", "");
   EXPECT_EQ(Unpack(), 1);
   EXPECT_TRUE(Says("Not unpacked: pulseaudio (E: Failed to fetch: Temporary failure resolving)"))
       << Said;
 }
 
-TEST_F(SoundMachine, WhereTheUnpackedOneDoesNotRunIsToldWhy) {
+TEST_F(SoundMachine, WhereTheUnpackedOneDoesNotRunSeesWhy) {
   Write("broken", "");
   EXPECT_EQ(Unpack("MARLEX_SOUND_SERVER=unpacked"), 1);
   EXPECT_TRUE(Says("Not unpacked: pulseaudio (error while loading shared libraries: libtdb.so.1)"))
@@ -168,7 +168,7 @@ TEST_F(SoundMachine, PutsNoOtherServerInPlaceOfTheOneThatIsAskedFor) {
   EXPECT_EQ(Read("log"), "");
 }
 
-TEST_F(SoundMachine, WithoutAnyServerIsToldWhatIsMissing) {
+TEST_F(SoundMachine, WithoutAnyServerSeesWhatIsMissing) {
   EXPECT_EQ(Serve(), 1);
   EXPECT_TRUE(Says("pipewire is not installed, and there is no PulseAudio")) << Said;
 }

@@ -12,7 +12,7 @@ void CallInspector::Check() {
 void CallInspector::CheckThatSomebodyHoldsIt() {
   if (!AtRest(TheDesk) || !State().CallActive || Held) return LeftAtMs.reset();
   if (!LeftAtMs) LeftAtMs = NowMs();
-  Require(NowMs() == *LeftAtMs, "A call stands that nobody holds");
+  Require(NowMs() == *LeftAtMs, "A call goes on that nobody holds");
 }
 
 bool CallKeysSay(Desk& desk, StringId caption) {

@@ -7,17 +7,17 @@ namespace marlex {
 void CallTraces::Check() {
   const Flags& flags = State();
   if (AmplifierTookOver() && (Before.Flags.CallActive || TickOff)) CutShort = true;
-  if (CutShort) Zones = DeadKeys = true;
+  if (CutShort) Zones = DisabledKeys = true;
   if (TickIsOn()) {
     TickOff = false;
     if (!flags.CallActive) CutShort = false;
   }
   const bool called = flags.CallActive || TickOff;
-  IsStanding = called || (IsStanding && TheDesk.Pc.Loop.Waits() > 1);
+  IsLasting = called || (IsLasting && TheDesk.Pc.Loop.Waits() > 1);
   // Without a router the end of a call paints no zones, whatever has painted them before.
-  if (IsStanding && !Values().RouterPresent) Zones = true;
-  OverWaitingRow = flags.MessageAwaitingSongEnd && (OverWaitingRow || IsStanding);
-  OverMessage = flags.MessagePlaying && (OverMessage || IsStanding);
+  if (IsLasting && !Values().RouterPresent) Zones = true;
+  OverWaitingRow = flags.MessageAwaitingSongEnd && (OverWaitingRow || IsLasting);
+  OverMessage = flags.MessagePlaying && (OverMessage || IsLasting);
   OwnWav = TheDesk.Pc.Wav.Mode() == kWavePlaying && (OwnWav || called || AmplifierTookOver());
   OwnFade = flags.FadeRunning && (OwnFade || flags.CallEndedDuringFade);
 }
@@ -31,7 +31,7 @@ void CallTraces::NotePress() {
 void CallTraces::Remember() {
   if (!Main().Loaded() || CutShort) return;
   if (Zones) Zones = !MusicZonesAreLit(TheDesk);
-  if (DeadKeys) DeadKeys = !Main().cmdPlay.Enabled;
+  if (DisabledKeys) DisabledKeys = !Main().cmdPlay.Enabled;
 }
 
 }  // namespace marlex

@@ -16,7 +16,7 @@ class CallTraces : public Inspector {
   void NotePress();  // that begins a call
 
   /// A call is active, or some of its waits have not ended yet.
-  bool Stands() const { return IsStanding; }
+  bool Lasts() const { return IsLasting; }
 
   /// A call switched the tick off, and nothing has switched it on again.
   bool HoldsTick() const { return TickOff; }
@@ -26,10 +26,10 @@ class CallTraces : public Inspector {
   bool IsCutShort() const { return CutShort; }
 
   /// A call began while a row waited for the song's end, and leaves that row with the tick on.
-  bool StandsOverWaitingRow() const { return OverWaitingRow; }
+  bool LastsOverWaitingRow() const { return OverWaitingRow; }
 
   /// A call cut off the message that is still playing according to the flags.
-  bool StandsOverMessage() const { return OverMessage; }
+  bool LastsOverMessage() const { return OverMessage; }
 
   /// The WAV that is heard began during a call, or during its takeover.
   bool OwnsWav() const { return OwnWav; }
@@ -41,18 +41,18 @@ class CallTraces : public Inspector {
   bool LeavesZones() const { return Zones; }
 
   /// The transport buttons may be disabled: those of an announcement that a call cut off.
-  bool LeavesKeysDead() const { return DeadKeys; }
+  bool LeavesKeysDisabled() const { return DisabledKeys; }
 
  private:
   bool CutShort = false;
   bool TickOff = false;
-  bool IsStanding = false;
+  bool IsLasting = false;
   bool OverWaitingRow = false;
   bool OverMessage = false;
   bool OwnWav = false;
   bool OwnFade = false;
   bool Zones = false;
-  bool DeadKeys = false;
+  bool DisabledKeys = false;
 };
 
 }  // namespace marlex

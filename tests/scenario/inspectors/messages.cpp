@@ -11,10 +11,10 @@ void MessagesInspector::Check() {
 }
 
 void MessagesInspector::CheckThatTheyGoOn() {
-  if (!State().MessagePlaying || !State().WavFinished || Call.StandsOverMessage())
+  if (!State().MessagePlaying || !State().WavFinished || Call.LastsOverMessage())
     return EndReportedAtMs.reset();
   if (!EndReportedAtMs) EndReportedAtMs = NowMs();
-  Require(NowMs() == *EndReportedAtMs, "A message has ended, and its sequence stands still");
+  Require(NowMs() == *EndReportedAtMs, "A message has ended, and its sequence does not go on");
 }
 
 }  // namespace marlex

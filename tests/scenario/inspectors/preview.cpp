@@ -5,7 +5,7 @@ namespace marlex {
 void PreviewInspector::Check() {
   if (Journaled(" wav play ")) {
     const bool called =
-        State().CallActive || Before.Flags.CallActive || Call.HoldsTick() || Call.Stands();
+        State().CallActive || Before.Flags.CallActive || Call.HoldsTick() || Call.Lasts();
     Sounding = SequenceEdits.IsOpen() && !State().MessagePlaying && !called;
   }
   Sounding = Sounding && TheDesk.Pc.Wav.Mode() == kWavePlaying;

@@ -7,8 +7,8 @@ void RestInspector::Check() {
   CheckSilence();
   CheckTick();
   const bool nothingToPlay = Main().lstPlaylist.ListIndex() == ListBox::kNoSelection;
-  Require(Main().cmdPlay.Enabled || Call.LeavesKeysDead() || nothingToPlay,
-          "At rest, and the play key is dead");
+  Require(Main().cmdPlay.Enabled || Call.LeavesKeysDisabled() || nothingToPlay,
+          "At rest, and the play key is disabled");
 }
 
 void RestInspector::CheckSilence() {
@@ -22,9 +22,9 @@ void RestInspector::CheckTick() {
   const bool awaiting = State().MessageAwaitingSongEnd;
   Require(TickIsOn() || awaiting || Call.IsCutShort() || SequenceEdits.IsOpen(),
           "At rest, and the tick is off without a reason");
-  Require(!TickIsOn() || !awaiting || Call.StandsOverWaitingRow() ||
-              SequenceEdits.StandsOverWaitingRow(),
-          "At rest, and the tick is on too early");
+  Require(
+      !TickIsOn() || !awaiting || Call.LastsOverWaitingRow() || SequenceEdits.LastsOverWaitingRow(),
+      "At rest, and the tick is on too early");
 }
 
 }  // namespace marlex

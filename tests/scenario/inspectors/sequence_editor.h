@@ -19,9 +19,9 @@ class SequenceEditorInspector : public Inspector {
   void Remember() override { Open = IsOpen(); }
 
   bool IsOpen() const { return TheDesk.Sys->TheWindows.TheWavWindow.Loaded(); }
-  bool WasOpen() const { return Open; }                         // before this event
-  bool ComesOrGoes() const { return IsOpen() != Open; }         // in this event
-  bool StandsOverWaitingRow() const { return OverWaitingRow; }  // and leaves it with the tick on
+  bool WasOpen() const { return Open; }                        // before this event
+  bool ComesOrGoes() const { return IsOpen() != Open; }        // in this event
+  bool LastsOverWaitingRow() const { return OverWaitingRow; }  // and leaves it with the tick on
 
  private:
   const CallTraces& Call;
