@@ -38,7 +38,7 @@ class Control {
   /// Called after each change of a property; notifies the watcher.
   virtual void Changed();
 
-  void KeepDesign();             // makes the current values the design values
+  void KeepDesign();             // ends the design: later values leave the design values alone
   virtual void ResetToDesign();  // restores the design values; raises no events
 
   Form& Owner;
@@ -72,7 +72,8 @@ class PropertyBase {
 
 /// A value of a control. Setting a different value notifies the control's watcher and raises the
 /// control's event, whether the value comes from code or from the operator. Setting an equal value
-/// does nothing.
+/// does nothing. What is set before the form is first loaded is the design value; it stays known
+/// when the value changes later, so that a view paints the same whenever it is bound.
 template <class T>
 class Property : public PropertyBase {
  public:
@@ -81,6 +82,7 @@ class Property : public PropertyBase {
 
   operator const T&() const { return Value; }
   const T& Get() const { return Value; }
+  const T& DesignValue() const { return Design; }
 
   Property& operator=(const T& value) {
     Set(value);
@@ -92,7 +94,7 @@ class Property : public PropertyBase {
   void Forget() { Known = false; }
   bool Forgotten() const { return !Known; }
 
-  void KeepDesign() override { Design = Value; }
+  void KeepDesign() override { InDesign = false; }
   void ResetToDesign() override { Value = Design; }
 
  protected:
@@ -100,6 +102,7 @@ class Property : public PropertyBase {
     if (Known && value == Value) return;
     Known = true;
     Value = value;
+    if (InDesign) Design = value;
     Owner.Changed();
     if (Event && *Event) (*Event)();
   }
@@ -107,6 +110,7 @@ class Property : public PropertyBase {
  private:
   T Value;
   T Design;
+  bool InDesign = true;
   bool Known = true;
   std::function<void()>* Event;
 };

@@ -52,6 +52,21 @@ TEST(Form, AFormThatItsOwnLoadUnloadsStaysHidden) {
   EXPECT_FALSE(panel.Visible);
 }
 
+TEST(Form, ADesignValueStaysKnownWhenTheValueChanges) {
+  VirtualLoop loop;
+  Panel panel(loop);
+  EXPECT_EQ(panel.Height.DesignValue(), 300);
+  panel.lblName.Height = 20;
+  panel.Load();
+  panel.lblName.Height = 40;
+  EXPECT_EQ(panel.lblName.Height, 40);
+  EXPECT_EQ(panel.lblName.Height.DesignValue(), 20);
+  panel.Unload();
+  panel.lblName.Height = 50;
+  panel.Load();
+  EXPECT_EQ(panel.lblName.Height.DesignValue(), 20);
+}
+
 TEST(Form, UnloadingBringsTheDesignBack) {
   VirtualLoop loop;
   Panel panel(loop);

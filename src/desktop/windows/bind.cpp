@@ -47,7 +47,7 @@ std::unique_ptr<Binding> BindMenu(Menu& menu, QWidget& window, Hand& hand) {
 /// A list that the design hides is a workspace of the system, for which no window has a widget.
 template <class List, class View, class ListView>
 std::unique_ptr<Binding> BindList(List& list, QWidget& window, Hand& hand) {
-  if (!list.Visible) return nullptr;
+  if (!list.Visible.DesignValue()) return nullptr;
   return std::make_unique<ListView>(list, Find<View>(window, list), hand);
 }
 

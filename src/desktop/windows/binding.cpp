@@ -7,7 +7,7 @@
 namespace marlex {
 
 WidgetBinding::WidgetBinding(VisualControl& control, QWidget& widget)
-    : Source(control), Widget(widget), DesignHeightTwips(control.Height) {
+    : Source(control), Widget(widget) {
   const bool isFixed = widget.sizePolicy().verticalPolicy() == QSizePolicy::Fixed;
   DesignHeightPixels = isFixed ? widget.minimumHeight() : 0;
   QSizePolicy policy = widget.sizePolicy();
@@ -59,8 +59,9 @@ void WidgetBinding::PaintColors() {
 }
 
 void WidgetBinding::PaintHeight() {
-  if (DesignHeightPixels == 0 || DesignHeightTwips == 0) return;
-  const int scaled = DesignHeightPixels * Source.Height / DesignHeightTwips;
+  const int designTwips = Source.Height.DesignValue();
+  if (DesignHeightPixels == 0 || designTwips == 0) return;
+  const int scaled = DesignHeightPixels * Source.Height / designTwips;
   const int height = std::max(scaled, Widget.minimumSizeHint().height());
   if (height != Widget.minimumHeight() || height != Widget.maximumHeight())
     Widget.setFixedHeight(height);

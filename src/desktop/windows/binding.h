@@ -50,7 +50,6 @@ class WidgetBinding : public Binding {
   Color PaintedBack = kButtonFace;
   Color PaintedText = kButtonText;
   Scheme PaintedScheme = ShownScheme();
-  int DesignHeightTwips;
   int DesignHeightPixels;
 };
 
