@@ -53,6 +53,7 @@ void GlanceBand::Paint(const Glance& glance) {
   if (glance == Painted) return;
   if (glance.What != Painted.What || glance.Name != Painted.Name) PaintOnAir(glance);
   NextTime.setText(ShownText(glance.Next.Time).trimmed());
+  NextTime.setVisible(!NextTime.text().isEmpty());
   NextMessages.setText(ShownText(glance.Next.Messages));
   NextBox.setVisible(glance.Next != ComingRow());
   Painted = glance;
