@@ -7,7 +7,7 @@ namespace marlex {
 
 MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
                        FrmMxr& frmMxr, SoundLines& lines, const StringTable& strings,
-                       ScheduleColumns& columns, PlaylistFiles& playlist, SequenceFiles& sequences,
+                       ScheduleColumns& columns, PlaylistFiles& playlist, OpenSequences& sequences,
                        ZoneRouting& routing, Notices& notices)
     : ThePc(pc),
       Store(store),

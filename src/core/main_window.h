@@ -6,8 +6,8 @@
 #include "mixer/sound_lines.h"
 #include "music/playlist_files.h"
 #include "platform/pc.h"
+#include "schedule/open_sequences.h"
 #include "schedule/schedule_columns.h"
-#include "schedule/sequence_files.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 
@@ -19,7 +19,7 @@ class MainWindow {
  public:
   MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
              SoundLines& lines, const StringTable& strings, ScheduleColumns& columns,
-             PlaylistFiles& playlist, SequenceFiles& sequences, ZoneRouting& routing,
+             PlaylistFiles& playlist, OpenSequences& sequences, ZoneRouting& routing,
              Notices& notices);
 
   /// Adapts the window after the type of amplifier has changed.
@@ -57,7 +57,7 @@ class MainWindow {
   const StringTable& Strings;
   ScheduleColumns& Columns;
   PlaylistFiles& Playlist;
-  SequenceFiles& Sequences;
+  OpenSequences& Sequences;
   ZoneRouting& Routing;
   Notices& TheNotices;
 };

@@ -26,13 +26,13 @@
 #include "schedule/message_playback.h"
 #include "schedule/message_preview.h"
 #include "schedule/message_wavs.h"
+#include "schedule/open_sequences.h"
 #include "schedule/schedule_columns.h"
 #include "schedule/schedule_table.h"
 #include "schedule/schedule_tick.h"
 #include "schedule/schedule_views.h"
 #include "schedule/selected_messages.h"
 #include "schedule/sequence_editor.h"
-#include "schedule/sequence_files.h"
 #include "schedule/time_fields.h"
 #include "state/flags.h"
 #include "state/previews.h"
@@ -75,7 +75,7 @@ class System {
   Conflicts TheConflicts;
   ScheduleTable Table;
   ScheduleViews Views;
-  SequenceFiles Sequences;
+  OpenSequences Sequences;
   MessageWavs Wavs;
   MessagePlayback Playback;
   ScheduleTick Tick;

@@ -16,7 +16,7 @@
 namespace marlex {
 
 /// The serial line to the amplifier. Sends routing bytes, computed from the zone labels
-/// (link/zone_routing.h), and receives status bytes. amplifier/priority.h explains their bits.
+/// (link/zone_routing.h), and receives status bytes. amplifier/bytes.h explains their bits.
 ///
 /// A status byte: the port reads it in the event loop -> `OnComm` sets `AmplifierStatus` and
 /// `PriorityClear` and shows the note -> 128 and 192 interrupt music, message or call through their

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "amplifier/priority.h"
+#include "amplifier/bytes.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"

@@ -1,6 +1,6 @@
 #include "schedule/message_wavs.h"
 
-#include "schedule/sequence_files.h"
+#include "schedule/open_sequences.h"
 #include "state/media_names.h"
 #include "text/split.h"
 

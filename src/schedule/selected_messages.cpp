@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "schedule/sequence_files.h"
+#include "schedule/open_sequences.h"
 #include "state/media_names.h"
 #include "text/numbers.h"
 #include "text/paths.h"

@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "amplifier/priority.h"
+#include "amplifier/bytes.h"
 
 namespace marlex {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "amplifier/priority.h"
+#include "amplifier/bytes.h"
 
 namespace marlex {
 namespace {

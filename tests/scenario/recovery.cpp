@@ -6,7 +6,7 @@
 #include "scenario/inspectors/call.h"
 #include "scenario/random_day.h"
 #include "scenario/random_installation.h"
-#include "schedule/sequence_files.h"
+#include "schedule/open_sequences.h"
 #include "state/week_time.h"
 #include "text/split.h"
 

@@ -5,7 +5,7 @@
 
 #include "desktop/windows/box_hand.h"
 #include "desktop/windows/call_place.h"
-#include "schedule/sequence_files.h"
+#include "schedule/open_sequences.h"
 
 namespace marlex {
 namespace {

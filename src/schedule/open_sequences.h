@@ -14,9 +14,9 @@ namespace marlex {
 
 /// The list of open sequence files, all in one directory: read from the settings at start, chosen
 /// and closed by the operator.
-class SequenceFiles {
+class OpenSequences {
  public:
-  SequenceFiles(SettingsStore& store, Dialogs& dialogs, FrmMain& frmMain, FrmPlayers& frmPlayers,
+  OpenSequences(SettingsStore& store, Dialogs& dialogs, FrmMain& frmMain, FrmPlayers& frmPlayers,
                 Conflicts& conflicts, ScheduleTable& table);
 
   /// Reads the list from the settings and, unless it is empty, builds the table from it.

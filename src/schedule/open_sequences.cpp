@@ -1,4 +1,4 @@
-#include "schedule/sequence_files.h"
+#include "schedule/open_sequences.h"
 
 #include "platform/directories.h"
 #include "platform/runtime_failure.h"
@@ -29,7 +29,7 @@ SequenceSelection ParseSequenceSelection(const std::string& result) {
   return {list, result.substr(0, result.size() + 1 - names.size())};
 }
 
-SequenceFiles::SequenceFiles(SettingsStore& store, Dialogs& dialogs, FrmMain& frmMain,
+OpenSequences::OpenSequences(SettingsStore& store, Dialogs& dialogs, FrmMain& frmMain,
                              FrmPlayers& frmPlayers, Conflicts& conflicts, ScheduleTable& table)
     : Store(store),
       TheDialogs(dialogs),
@@ -41,7 +41,7 @@ SequenceFiles::SequenceFiles(SettingsStore& store, Dialogs& dialogs, FrmMain& fr
   frmMain.mnuClose.OnClick = [this] { mnuClose_Click(); };
 }
 
-void SequenceFiles::LoadSequenceList() {
+void OpenSequences::LoadSequenceList() {
   SeqFileList.Clear();
   const std::string list = Store.Read(keys::kSequenceList);
   Store.Values.SequencePath = Store.Read(keys::kSequencePath);
@@ -50,7 +50,7 @@ void SequenceFiles::LoadSequenceList() {
   Table.RebuildScheduleTable();
 }
 
-void SequenceFiles::mnuSequence_Click() {
+void OpenSequences::mnuSequence_Click() {
   TheDialogs.LeaveOpen({.Filter = "Msg sequence files (*.sch)|*.sch",
                         .DefaultExtension = "sch",
                         .InitialDirectory = Store.ApplicationDirectory(),
@@ -58,7 +58,7 @@ void SequenceFiles::mnuSequence_Click() {
                        [this](const std::string& result) { Open(result); });
 }
 
-void SequenceFiles::Open(const std::string& result) {
+void OpenSequences::Open(const std::string& result) {
   if (result.find(".sch") == std::string::npos) return;
   const SequenceSelection selection = ParseSequenceSelection(result);
   Store.Write(keys::kSequenceList, QuotedName(selection.List));
@@ -67,7 +67,7 @@ void SequenceFiles::Open(const std::string& result) {
 }
 
 /// Keeps the directory in the settings, and the value of ConflictFound.
-void SequenceFiles::mnuClose_Click() {
+void OpenSequences::mnuClose_Click() {
   Store.Write(keys::kSequenceList, "");
   TheFrmMain.grdSchedule.SetRows(1);
   TheConflicts.SetNormalHeights();

@@ -1,4 +1,4 @@
-#include "schedule/sequence_files.h"
+#include "schedule/open_sequences.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -48,19 +48,19 @@ struct ClosedDesk : Desk {
 
 // The list of open files at the start.
 
-TEST(SequenceFiles, TheFilesOfTheListAreOpenedInTheirOrder) {
+TEST(OpenSequences, TheFilesOfTheListAreOpenedInTheirOrder) {
   Desk desk(TwoFiles());
   EXPECT_THAT(OpenFiles(desk), ElementsAre("a.sch", "b.sch"));
   EXPECT_EQ(desk.Values().SequencePath, "/app/");
   EXPECT_THAT(Times(desk), ElementsAre("07:01  closing", "08:01  welcome"));
 }
 
-TEST(SequenceFiles, AListOfOneFileHasNoBar) {
+TEST(OpenSequences, AListOfOneFileHasNoBar) {
   Desk desk({.Sequences = {{}}});
   EXPECT_THAT(OpenFiles(desk), ElementsAre("spot.sch"));
 }
 
-TEST(SequenceFiles, OnlyTheLastOfSeveralNamesIsCutAtAHundredCharacters) {
+TEST(OpenSequences, OnlyTheLastOfSeveralNamesIsCutAtAHundredCharacters) {
   const std::string longName = std::string(110, 'x') + ".sch";
   Desk desk({}, [&](SimulatedPc& pc) {
     pc.Profiles.WriteString(kSection, "Sequence list", longName + "|" + longName, Desk::kIni);
@@ -68,7 +68,7 @@ TEST(SequenceFiles, OnlyTheLastOfSeveralNamesIsCutAtAHundredCharacters) {
   EXPECT_THAT(OpenFiles(desk), ElementsAre(longName, std::string(100, 'x')));
 }
 
-TEST(SequenceFiles, AListEmptiedElsewhereClosesTheFilesAndLeavesTheTable) {
+TEST(OpenSequences, AListEmptiedElsewhereClosesTheFilesAndLeavesTheTable) {
   Desk desk(TwoFiles());
   desk.Pc.Profiles.WriteString(kSection, "Sequence list", "", Desk::kIni);
   desk.Do([&] { desk.Sys->Sequences.LoadSequenceList(); });
@@ -78,7 +78,7 @@ TEST(SequenceFiles, AListEmptiedElsewhereClosesTheFilesAndLeavesTheTable) {
 
 // The operator's choice.
 
-TEST(SequenceFiles, TheDialogOffersSeveralFilesOfTheProgramsDirectory) {
+TEST(OpenSequences, TheDialogOffersSeveralFilesOfTheProgramsDirectory) {
   ClosedDesk desk;
   desk.Choose("");
   ASSERT_EQ(desk.Pc.Dialogs.FileDialogs.size(), 1U);
@@ -89,7 +89,7 @@ TEST(SequenceFiles, TheDialogOffersSeveralFilesOfTheProgramsDirectory) {
   EXPECT_TRUE(dialog.AllowMultiselect);
 }
 
-TEST(SequenceFiles, OneFileChosenReplacesTheWholeList) {
+TEST(OpenSequences, OneFileChosenReplacesTheWholeList) {
   Desk desk(TwoFiles());
   desk.Pc.Dialogs.OpenResults = {"/app/b.sch"};
   desk.Click("mnuSequence");
@@ -98,7 +98,7 @@ TEST(SequenceFiles, OneFileChosenReplacesTheWholeList) {
   EXPECT_THAT(Times(desk), ElementsAre("07:01  closing"));
 }
 
-TEST(SequenceFiles, SeveralFilesChosenAreListedWithBarsAndRead) {
+TEST(OpenSequences, SeveralFilesChosenAreListedWithBarsAndRead) {
   ClosedDesk desk;
   desk.Choose("/app/ b.sch a.sch");
   EXPECT_EQ(desk.Setting(kSection, "Sequence list"), "b.sch|a.sch");
@@ -107,14 +107,14 @@ TEST(SequenceFiles, SeveralFilesChosenAreListedWithBarsAndRead) {
   EXPECT_THAT(Times(desk), ElementsAre("07:01  closing", "08:01  welcome"));
 }
 
-TEST(SequenceFiles, AChoiceIsRememberedOverARestart) {
+TEST(OpenSequences, AChoiceIsRememberedOverARestart) {
   ClosedDesk desk;
   desk.Choose("/app/ b.sch a.sch");
   desk.Restart();
   EXPECT_EQ(Times(desk).size(), 2U);
 }
 
-TEST(SequenceFiles, FilesOfAnotherDirectoryAreReadThere) {
+TEST(OpenSequences, FilesOfAnotherDirectoryAreReadThere) {
   ClosedDesk desk;
   desk.Pc.Disk.AddFile("/shows/x mas/late show.sch",
                        "[Schedule]\r\nMessage(s)=closing\r\nHour(s)=22\r\nMinute(s)=30\r\n"
@@ -124,14 +124,14 @@ TEST(SequenceFiles, FilesOfAnotherDirectoryAreReadThere) {
   EXPECT_THAT(Times(desk), ElementsAre("22:30  closing"));
 }
 
-TEST(SequenceFiles, ACancelledDialogLeavesTheList) {
+TEST(OpenSequences, ACancelledDialogLeavesTheList) {
   Desk desk(TwoFiles());
   desk.Click("mnuSequence");
   EXPECT_EQ(desk.Setting(kSection, "Sequence list"), "a.sch|b.sch");
   EXPECT_EQ(Times(desk).size(), 2U);
 }
 
-TEST(SequenceFiles, AFileOfAnotherExtensionIsRefusedWithoutAWord) {
+TEST(OpenSequences, AFileOfAnotherExtensionIsRefusedWithoutAWord) {
   Desk desk(TwoFiles());
   for (const char* result : {"/app/spot.seq", "/app/SPOT.SCH", "/app/ a.seq b.seq"}) {
     desk.Pc.Dialogs.OpenResults = {result};
@@ -141,7 +141,7 @@ TEST(SequenceFiles, AFileOfAnotherExtensionIsRefusedWithoutAWord) {
   EXPECT_THAT(desk.Pc.Dialogs.Boxes, IsEmpty());
 }
 
-TEST(SequenceFiles, AChoiceWithoutASequenceFileIsReportedAndChangesNothing) {
+TEST(OpenSequences, AChoiceWithoutASequenceFileIsReportedAndChangesNothing) {
   Desk desk(TwoFiles());
   desk.Pc.Dialogs.OpenResults = {"/old.sch/spot.seq"};
   desk.Click("mnuSequence");
@@ -152,7 +152,7 @@ TEST(SequenceFiles, AChoiceWithoutASequenceFileIsReportedAndChangesNothing) {
   EXPECT_EQ(Times(desk).size(), 2U);
 }
 
-TEST(SequenceFiles, TheFileDialogHoldsNoTickUp) {
+TEST(OpenSequences, TheFileDialogHoldsNoTickUp) {
   Desk desk({.Sequences = {{}}});
   desk.Pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
   desk.Click("mnuSequence");
@@ -161,7 +161,7 @@ TEST(SequenceFiles, TheFileDialogHoldsNoTickUp) {
   desk.Pc.Dialogs.Answer();
 }
 
-TEST(SequenceFiles, TheProgramCanBeLeftUnderTheFileDialog) {
+TEST(OpenSequences, TheProgramCanBeLeftUnderTheFileDialog) {
   Desk desk({.Sequences = {{}}});
   desk.Pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
   desk.Click("mnuSequence");
@@ -217,7 +217,7 @@ TEST(SequenceSelection, NamesWithoutASequenceFileAreAFailure) {
 
 // Closing.
 
-TEST(SequenceFiles, ClosingEmptiesTheListAndTheTableAndKeepsThePath) {
+TEST(OpenSequences, ClosingEmptiesTheListAndTheTableAndKeepsThePath) {
   Desk desk(TwoFiles());
   desk.Click("mnuClose");
   EXPECT_EQ(desk.Setting(kSection, "Sequence list"), "");
@@ -226,7 +226,7 @@ TEST(SequenceFiles, ClosingEmptiesTheListAndTheTableAndKeepsThePath) {
   EXPECT_THAT(OpenFiles(desk), IsEmpty());
 }
 
-TEST(SequenceFiles, ClosingEmptiesTheKeyInItsPlaceAndDeletesNothing) {
+TEST(OpenSequences, ClosingEmptiesTheKeyInItsPlaceAndDeletesNothing) {
   Desk desk(TwoFiles());
   std::string expected = *desk.Pc.Disk.Read(Desk::kIni);
   const std::string key = "Sequence list=";
@@ -236,7 +236,7 @@ TEST(SequenceFiles, ClosingEmptiesTheKeyInItsPlaceAndDeletesNothing) {
   EXPECT_EQ(*desk.Pc.Disk.Read(Desk::kIni), expected);
 }
 
-TEST(SequenceFiles, ClosingRestoresTheHeightsAndKeepsTheConflictFlag) {
+TEST(OpenSequences, ClosingRestoresTheHeightsAndKeepsTheConflictFlag) {
   DeskOptions options = TwoFiles();
   options.Sequences[0].Hours = "7";
   Desk desk(options);
@@ -250,14 +250,14 @@ TEST(SequenceFiles, ClosingRestoresTheHeightsAndKeepsTheConflictFlag) {
   EXPECT_TRUE(desk.Sys->TheConflicts.ConflictFound);
 }
 
-TEST(SequenceFiles, ClosingOnADeskWithoutRouterAndMicrophoneKeepsTheTallTable) {
+TEST(OpenSequences, ClosingOnADeskWithoutRouterAndMicrophoneKeepsTheTallTable) {
   Desk desk({.Sequences = {{}}, .Router = false, .Microphone = false});
   desk.Click("mnuClose");
   EXPECT_EQ(desk.Main().frSchedule.Height, 5655);
   EXPECT_EQ(desk.Main().grdSchedule.Height, 5325);
 }
 
-TEST(SequenceFiles, NothingPlaysAfterClosing) {
+TEST(OpenSequences, NothingPlaysAfterClosing) {
   Desk desk({.Sequences = {{}}});
   desk.Click("mnuClose");
   desk.RunTo(12, 1, 2);
@@ -274,7 +274,7 @@ std::string Row(const std::string& text) {
   return rows.size() == 1 ? rows.front() : std::to_string(rows.size()) + " rows";
 }
 
-TEST(SequenceFiles, AFileWithoutAScheduleShowsARowThatCanNeverFire) {
+TEST(OpenSequences, AFileWithoutAScheduleShowsARowThatCanNeverFire) {
   const std::string nothing = ":+|||bad|";
   EXPECT_EQ(Row(""), nothing);
   EXPECT_EQ(Row("[Other]\r\nHour(s)=8\r\n"), nothing);
@@ -283,19 +283,19 @@ TEST(SequenceFiles, AFileWithoutAScheduleShowsARowThatCanNeverFire) {
   EXPECT_EQ(Row("\xFF\xFE[\0S\0c\0h\0e\0d\0u\0l\0e\0]\0"), nothing);
 }
 
-TEST(SequenceFiles, ATruncatedFileKeepsWhatItStillHolds) {
+TEST(OpenSequences, ATruncatedFileKeepsWhatItStillHolds) {
   EXPECT_EQ(Row("[Schedule]\r\nMessage(s)=welcome\r\nHour(s)=8\r\nMinute(s)=0"),
             "08:00+|||bad|welcome");
   EXPECT_EQ(Row("[Schedule]\r\nMessage(s)=welcome\r\nHour(s)=8\r\nMin"), "08:+|||bad|welcome");
 }
 
-TEST(SequenceFiles, KeysAreFoundBlindToCaseAndOrder) {
+TEST(OpenSequences, KeysAreFoundBlindToCaseAndOrder) {
   EXPECT_EQ(Row("[SCHEDULE]\ntimer = Exact \nZONE(S)=020000\nweekday(s)=1000000\n"
                 "minute(s)=\"30\"\nHOUR(S)=9\nmessage(s)=welcome\n"),
             "09:30  |1000000|020000|bad|welcome");
 }
 
-TEST(SequenceFiles, AFileThatIsMissingOrCannotBeReadTakesNoOtherWithIt) {
+TEST(OpenSequences, AFileThatIsMissingOrCannotBeReadTakesNoOtherWithIt) {
   DeskOptions options = TwoFiles();
   options.Sequences.insert(options.Sequences.begin(), {.File = "gone.sch"});
   Desk desk(options, [](SimulatedPc& pc) { pc.Disk.FailReads("/app/gone.sch"); });
@@ -306,7 +306,7 @@ TEST(SequenceFiles, AFileThatIsMissingOrCannotBeReadTakesNoOtherWithIt) {
   EXPECT_THAT(desk.Pc.Dialogs.Boxes, IsEmpty());
 }
 
-TEST(SequenceFiles, TwoFilesThatCannotBeReadAreNamedInOneBox) {
+TEST(OpenSequences, TwoFilesThatCannotBeReadAreNamedInOneBox) {
   DeskOptions options = TwoFiles();
   options.Sequences.push_back({.File = "gone.sch"});
   options.Sequences.push_back({.File = "lost.sch"});
@@ -322,7 +322,7 @@ TEST(SequenceFiles, TwoFilesThatCannotBeReadAreNamedInOneBox) {
   EXPECT_EQ(Times(desk).size(), 5U);
 }
 
-TEST(SequenceFiles, AFileThatBreaksALimitIsNamedAndTheOthersAreBuilt) {
+TEST(OpenSequences, AFileThatBreaksALimitIsNamedAndTheOthersAreBuilt) {
   for (const char* hours : {"5-5", "0-24", "-5", "0-23,8",
                             "1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1"}) {
     DeskOptions options = TwoFiles();
@@ -335,7 +335,7 @@ TEST(SequenceFiles, AFileThatBreaksALimitIsNamedAndTheOthersAreBuilt) {
   }
 }
 
-TEST(SequenceFiles, SeveralFilesThatBreakLimitsShareOneBox) {
+TEST(OpenSequences, SeveralFilesThatBreakLimitsShareOneBox) {
   DeskOptions options = TwoFiles();
   options.Sequences.push_back({.File = "worse.sch", .Hours = "3-3"});
   options.Sequences.push_back(
@@ -350,7 +350,7 @@ TEST(SequenceFiles, SeveralFilesThatBreakLimitsShareOneBox) {
   EXPECT_EQ(Times(desk).size(), 2U);
 }
 
-TEST(SequenceFiles, ABoxAboutABadFileThatNobodyAnswersHoldsNothingUp) {
+TEST(OpenSequences, ABoxAboutABadFileThatNobodyAnswersHoldsNothingUp) {
   DeskOptions options{.Sequences = {{.File = "bad.sch", .Hours = "5-5"}, {}}};
   Desk desk(options, [](SimulatedPc& pc) { pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever; });
   desk.RunTo(12, 1, 2);
@@ -361,14 +361,14 @@ TEST(SequenceFiles, ABoxAboutABadFileThatNobodyAnswersHoldsNothingUp) {
   EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
 }
 
-TEST(SequenceFiles, AValueBeyondTheLongestIsCutThere) {
+TEST(OpenSequences, AValueBeyondTheLongestIsCutThere) {
   std::string messages;
   while (messages.size() < 1600) messages += "welcome,";
   Desk desk({.Sequences = {{.Messages = messages}}});
   EXPECT_EQ(desk.Cell(1, kMessagesColumn), messages.substr(0, 1499));
 }
 
-TEST(SequenceFiles, AVanishedDirectoryIsReadAgainOnceItIsBack) {
+TEST(OpenSequences, AVanishedDirectoryIsReadAgainOnceItIsBack) {
   Desk desk(TwoFiles());
   desk.Pc.Disk.Vanish("/app/a.sch");
   desk.Click("mnuAllDays");
