@@ -19,7 +19,7 @@ class SongPlayer {
   virtual std::string FileName() const = 0;
 
   /// Length in seconds; 0 when no file is loaded, and until the length of a file on a slow drive is
-  /// known.
+  /// known. One that is stopped before is not read on until it is played again.
   virtual double Duration() const = 0;
 
   /// Seconds played; kept to the sample during a pause, 0 after a stop.
@@ -27,7 +27,9 @@ class SongPlayer {
 
   virtual int PlayState() const = 0;  // one of `PlayStates`
 
-  virtual void Play() = 0;   // starts, or resumes after a pause; no effect without a file
+  /// Starts, or resumes after a pause; no effect without a file, or when the file has gone since it
+  /// was stopped or played to its end.
+  virtual void Play() = 0;
   virtual void Pause() = 0;  // no effect unless playing
   virtual void Stop() = 0;   // back to the beginning; reports no end
 

@@ -34,7 +34,8 @@ class WavePlayer {
   std::string FileName;
 
   /// "Open", "Play", "Pause", "Stop" or "Close", spelled exactly so; anything else is ignored.
-  /// "Play" resumes a paused file, and starts a stopped one from its beginning.
+  /// "Play" resumes a paused file, and starts a stopped one from its beginning. A file that has
+  /// gone since it was opened or played to its end is reported like one that could not be opened.
   virtual void Command(std::string_view command) = 0;
 
   /// Plays a file in place of any other.
@@ -49,11 +50,11 @@ class WavePlayer {
     Command("Play");
   }
 
-  /// Current mode. While a report is being delivered, the reported mode.
+  /// Current mode. While a report is being delivered, the reported mode, until "Open" or "Play".
   virtual int Mode() const = 0;
 
   /// Length of the open file in milliseconds; 0 when none is open, and until the length of a file
-  /// on a slow drive is known.
+  /// on a slow drive is known. One that is stopped before is not read on until it is played again.
   virtual long Length() const = 0;
 
   std::function<void()> OnDone;          // a file has played to its end

@@ -13,15 +13,30 @@ constexpr double kMsPerSecond = 1000.0;
 
 void SimulatedSongPlayer::SetFileName(const std::string& path) {
   Stop();
-  const std::optional<int> lengthMs = Disk.MediaLengthMs(path, MediaKind::Mp3);
-  Path = lengthMs ? path : "";
+  KnownSeconds = 0;
+  Path = path;
+  Loaded = Load();
+  if (!Loaded) Path.clear();
+  Log.Write("load", FileNameOf(path));
+  if (!Loaded && !path.empty()) Log.Write("song", "refuse " + FileNameOf(path));
+}
+
+/// Reads the file. False when it cannot be played.
+bool SimulatedSongPlayer::Load() {
+  const std::optional<int> lengthMs = Disk.MediaLengthMs(Path, MediaKind::Mp3);
   LengthMs = lengthMs.value_or(0);
   LoadedMs = Loop.NowMs();
-  Log.Write("load", FileNameOf(path));
-  if (!lengthMs && !path.empty()) Log.Write("song", "refuse " + FileNameOf(path));
+  return lengthMs.has_value();
+}
+
+/// Lets go of the file. A later `Play` reads it again.
+void SimulatedSongPlayer::Unload() {
+  KnownSeconds = Duration();
+  Loaded = false;
 }
 
 double SimulatedSongPlayer::Duration() const {
+  if (!Loaded) return KnownSeconds;
   return Loop.NowMs() - LoadedMs < LengthDelayMs ? 0 : LengthMs / kMsPerSecond;
 }
 
@@ -31,6 +46,8 @@ double SimulatedSongPlayer::CurrentPosition() const {
 
 void SimulatedSongPlayer::Play() {
   if (Path.empty() || State == kPlaying) return;
+  Loaded = Loaded || Load();
+  if (!Loaded) return;  // the file has gone since it was loaded
   Log.Write("song", (State == kPaused ? "resume " : "play ") + FileNameOf(Path));
   State = kPlaying;
   StartedMs = Loop.NowMs();
@@ -50,13 +67,15 @@ void SimulatedSongPlayer::Pause() {
 void SimulatedSongPlayer::Stop() {
   if (State == kStopped) return;
   Halt(kStopped);
+  Unload();
   Log.Write("song", "stop");
 }
 
 void SimulatedSongPlayer::Reset() {
   Halt(kStopped);
+  Unload();
   Path.clear();
-  LengthMs = 0;
+  KnownSeconds = 0;
   OnEndOfStream = nullptr;
 }
 
@@ -73,6 +92,7 @@ void SimulatedSongPlayer::Halt(PlayStates state) {
 
 void SimulatedSongPlayer::ReachEnd() {
   Halt(kStopped);
+  Unload();
   Log.Write("song", "end");
   if (OnEndOfStream) OnEndOfStream();
 }

@@ -34,6 +34,8 @@ class SimulatedSongPlayer : public SongPlayer {
 
  private:
   std::int64_t PositionMs() const;
+  bool Load();
+  void Unload();
   void Halt(PlayStates state);
   void ReachEnd();
 
@@ -42,7 +44,9 @@ class SimulatedSongPlayer : public SongPlayer {
   Journal& Log;
 
   std::string Path;
-  int LengthMs = 0;
+  bool Loaded = false;        // from loading or a start to a stop or the end
+  int LengthMs = 0;           // of the loaded song
+  double KnownSeconds = 0;    // length while the song is not loaded
   std::int64_t LoadedMs = 0;  // virtual time
   PlayStates State = kStopped;
   std::int64_t PlayedMs = 0;   // before the current start

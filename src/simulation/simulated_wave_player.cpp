@@ -19,10 +19,13 @@ void SimulatedWavePlayer::Command(std::string_view command) {
 }
 
 int SimulatedWavePlayer::Mode() const {
-  return ReportingStop ? static_cast<int>(kWaveStopped) : PresentMode;
+  return Reported.expired() ? PresentMode : static_cast<int>(kWaveStopped);
 }
 
-long SimulatedWavePlayer::Length() const { return LengthMs; }
+long SimulatedWavePlayer::Length() const {
+  if (!Loaded) return KnownLengthMs;
+  return Loop.NowMs() - LoadedMs < LengthDelayMs ? 0 : LengthMs;
+}
 
 std::int64_t SimulatedWavePlayer::PositionMs() const {
   const std::int64_t playedMs =
@@ -35,9 +38,10 @@ void SimulatedWavePlayer::Reset() {
   ++Started;
   Path.clear();
   PresentMode = kWaveNotOpen;
-  LengthMs = 0;
+  Unload();
+  KnownLengthMs = 0;
   PlayedMs = 0;
-  ReportingStop = false;
+  Reported.reset();
   Notify = Wait = Shareable = false;
   DeviceType.clear();
   FileName.clear();
@@ -49,19 +53,37 @@ void SimulatedWavePlayer::Open() {
   if (PresentMode == kWavePlaying) Note("stop " + ShortName());
   ++Opened;
   ++Started;
-  ReportingStop = false;
+  Reported.reset();
   PlayedMs = 0;
-  const std::optional<int> lengthMs = Disk.MediaLengthMs(FileName, MediaKind::Wav);
-  Path = lengthMs ? FileName : "";
-  LengthMs = lengthMs.value_or(0);
-  PresentMode = lengthMs ? kWaveStopped : kWaveNotOpen;
-  if (lengthMs) return;
+  KnownLengthMs = 0;
+  Path = FileName;
+  Loaded = Load();
+  PresentMode = Loaded ? kWaveStopped : kWaveNotOpen;
+  if (Loaded) return;
+  Path.clear();
   Note("refuse " + FileNameOf(FileName));
   QueueReport(false);
 }
 
+/// Reads the file. False when it cannot be played.
+bool SimulatedWavePlayer::Load() {
+  const std::optional<int> lengthMs = Disk.MediaLengthMs(Path, MediaKind::Wav);
+  LengthMs = lengthMs.value_or(0);
+  LoadedMs = Loop.NowMs();
+  return lengthMs.has_value();
+}
+
+/// Lets go of the file, as a play does at its end. A later "Play" reads it again.
+void SimulatedWavePlayer::Unload() {
+  KnownLengthMs = static_cast<int>(Length());
+  Loaded = false;
+}
+
 void SimulatedWavePlayer::Play() {
   if (PresentMode != kWaveStopped && PresentMode != kWavePaused) return;
+  Loaded = Loaded || Load();
+  if (!Loaded) return QueueReport(false);  // the file has gone since it was opened
+  Reported.reset();
   Note((PresentMode == kWavePaused ? "resume " : "play ") + ShortName());
   PresentMode = kWavePlaying;
   StartedMs = Loop.NowMs();
@@ -83,6 +105,7 @@ void SimulatedWavePlayer::Stop() {
   ++Started;
   PlayedMs = 0;
   PresentMode = kWaveStopped;
+  Unload();
   Note("stop " + ShortName());
   QueueReport(false);
 }
@@ -92,12 +115,14 @@ void SimulatedWavePlayer::Close() {
   ++Started;
   PresentMode = kWaveNotOpen;
   Path.clear();
-  LengthMs = 0;
+  Unload();
+  KnownLengthMs = 0;
 }
 
 void SimulatedWavePlayer::FinishPlaying() {
   PlayedMs = 0;
   PresentMode = kWaveStopped;
+  Unload();
   Note("end " + ShortName());
   QueueReport(true);
 }
@@ -111,10 +136,13 @@ void SimulatedWavePlayer::QueueReport(bool done) {
 /// A handler may open another file; the rest of the report is then void.
 void SimulatedWavePlayer::DeliverReport(bool done) {
   const std::uint64_t opening = Opened;
-  ReportingStop = true;
+  // Destroyed with this call, even if a handler throws.
+  const auto report = std::make_shared<char>();
+  Reported = report;
   if (done && OnDone) OnDone();
-  if (opening == Opened && OnStatusUpdate) OnStatusUpdate();
-  if (opening == Opened) ReportingStop = false;
+  if (opening != Opened || !OnStatusUpdate) return;
+  Reported = report;  // also when the handler has started the file again
+  OnStatusUpdate();
 }
 
 }  // namespace marlex

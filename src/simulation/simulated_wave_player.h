@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -35,8 +36,13 @@ class SimulatedWavePlayer : public WavePlayer {
   /// Milliseconds from the end of a play to its report, 0 to 20.
   int ReportDelayMs = 0;
 
+  /// Simulates a slow drive: how long after opening a file its length becomes known.
+  int LengthDelayMs = 0;
+
  private:
   void Open();
+  bool Load();
+  void Unload();
   void Play();
   void Pause();
   void Stop();
@@ -54,12 +60,15 @@ class SimulatedWavePlayer : public WavePlayer {
 
   std::string Path;
   int PresentMode = kWaveNotOpen;
-  int LengthMs = 0;
-  std::int64_t PlayedMs = 0;   // before the current start
-  std::int64_t StartedMs = 0;  // virtual time of the current start
-  std::uint64_t Opened = 0;    // counts openings; reports of an earlier one are void
-  std::uint64_t Started = 0;   // counts starts and halts; an end from before is void
-  bool ReportingStop = false;
+  bool Loaded = false;           // from an opening or a start to the end of the play
+  int LengthMs = 0;              // of the loaded file
+  int KnownLengthMs = 0;         // of the open file while it is not loaded
+  std::int64_t LoadedMs = 0;     // virtual time
+  std::int64_t PlayedMs = 0;     // before the current start
+  std::int64_t StartedMs = 0;    // virtual time of the current start
+  std::uint64_t Opened = 0;      // counts openings; reports of an earlier one are void
+  std::uint64_t Started = 0;     // counts starts and halts; an end from before is void
+  std::weak_ptr<char> Reported;  // lives while mode 525 is being delivered
 };
 
 }  // namespace marlex

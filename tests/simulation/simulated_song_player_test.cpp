@@ -31,49 +31,6 @@ TEST(SimulatedSongPlayer, SongPlaysToItsEndAndReportsItOnce) {
   EXPECT_EQ(desk.Pc.Journal.Text(), "0 song play march.mp3\n180000 song end\n");
 }
 
-TEST(SimulatedSongPlayer, PauseKeepsThePositionAndPlayResumesIt) {
-  SongDesk desk;
-  desk.Pc.Song.SetFileName("/m/waltz.mp3");
-  desk.Pc.Song.Play();
-  desk.Pc.Loop.RunFor(20'500);
-  desk.Pc.Song.Pause();
-  desk.Pc.Loop.RunFor(3'600'000);
-  EXPECT_EQ(desk.Pc.Song.PlayState(), kPaused);
-  EXPECT_DOUBLE_EQ(desk.Pc.Song.CurrentPosition(), 20.5);
-  desk.Pc.Song.Play();
-  desk.Pc.Loop.RunFor(39'499);
-  EXPECT_EQ(desk.Ends, 0);
-  desk.Pc.Loop.RunFor(1);
-  EXPECT_EQ(desk.Ends, 1);
-}
-
-TEST(SimulatedSongPlayer, StoppedOrReplacedSongReportsNoEnd) {
-  SongDesk desk;
-  desk.Pc.Song.SetFileName("/m/waltz.mp3");
-  desk.Pc.Song.Play();
-  desk.Pc.Song.Stop();
-  EXPECT_DOUBLE_EQ(desk.Pc.Song.CurrentPosition(), 0);
-  desk.Pc.Loop.RunFor(100'000);
-  desk.Pc.Song.Play();
-  desk.Pc.Song.SetFileName("/m/march.mp3");
-  EXPECT_EQ(desk.Pc.Song.PlayState(), kStopped);
-  desk.Pc.Loop.RunFor(100'000);
-  EXPECT_EQ(desk.Ends, 0);
-}
-
-TEST(SimulatedSongPlayer, FileThatCannotBePlayedIsRefused) {
-  SongDesk desk;
-  desk.Pc.Disk.AddBroken("/m/broken.mp3");
-  desk.Pc.Disk.AddWav("/m/wave.mp3", 1000);
-  for (const char* path : {"/m/broken.mp3", "/m/wave.mp3", "/m/none.mp3", ""}) {
-    desk.Pc.Song.SetFileName(path);
-    EXPECT_EQ(desk.Pc.Song.FileName(), "");
-    EXPECT_DOUBLE_EQ(desk.Pc.Song.Duration(), 0);
-    desk.Pc.Song.Play();
-    EXPECT_EQ(desk.Pc.Song.PlayState(), kStopped);
-  }
-}
-
 TEST(SimulatedSongPlayer, SongOfNoLengthTakesAMillisecondSoThatTheClockMovesOn) {
   SongDesk desk;
   desk.Pc.Disk.AddMp3("/m/empty.mp3", 0);

@@ -42,82 +42,6 @@ TEST(SimulatedWavePlayer, PlayIsReportedOnceAtItsEnd) {
   EXPECT_EQ(desk.Pc.Journal.Text(), "0 wav play door.wav\n1500 wav end door.wav\n");
 }
 
-TEST(SimulatedWavePlayer, ReportsNeverComeInsideACommand) {
-  WaveDesk desk;
-  desk.Open("none.wav");
-  EXPECT_EQ(desk.Reports, "");
-  desk.Play("door.wav");
-  desk.Pc.Wav.Command("Close");
-  EXPECT_EQ(desk.Reports, "");
-}
-
-TEST(SimulatedWavePlayer, FileThatCannotBeOpenedIsReportedAsStopped) {
-  WaveDesk desk;
-  desk.Pc.Disk.AddMp3("/m/song.wav", 1000);
-  for (const char* name : {"none.wav", "song.wav"}) {
-    desk.Reports.clear();
-    desk.Play(name);
-    EXPECT_EQ(desk.Pc.Wav.Mode(), kWaveNotOpen);
-    EXPECT_EQ(desk.Pc.Wav.Length(), 0);
-    desk.Pc.Loop.RunFor(20);
-    EXPECT_NE(desk.Reports.find("mode 525"), std::string::npos) << name;
-    EXPECT_EQ(desk.Pc.Wav.Mode(), kWaveNotOpen);
-  }
-}
-
-TEST(SimulatedWavePlayer, FileClosedWhileItPlaysIsReportedOnceAsStopped) {
-  WaveDesk desk;
-  desk.Play("door.wav");
-  desk.Pc.Loop.RunFor(500);
-  desk.Pc.Wav.Command("Close");
-  EXPECT_EQ(desk.Pc.Wav.Mode(), kWaveNotOpen);
-  desk.Pc.Loop.RunFor(5000);
-  EXPECT_EQ(desk.Reports, "500 mode 525\n");
-}
-
-TEST(SimulatedWavePlayer, StopIsReportedOnce) {
-  WaveDesk desk;
-  desk.Play("door.wav");
-  desk.Pc.Wav.Command("Stop");
-  desk.Pc.Wav.Command("Stop");
-  desk.Pc.Wav.Command("Close");
-  desk.Pc.Loop.RunFor(5000);
-  EXPECT_EQ(desk.Reports, "0 mode 525\n");
-}
-
-TEST(SimulatedWavePlayer, DeviceThatWasNeverOpenedReportsNothing) {
-  WaveDesk desk;
-  for (const char* command : {"Play", "Stop", "Pause", "Close"}) desk.Pc.Wav.Command(command);
-  desk.Pc.Loop.RunFor(1000);
-  EXPECT_EQ(desk.Reports, "");
-  EXPECT_EQ(desk.Pc.Wav.Mode(), kWaveNotOpen);
-}
-
-TEST(SimulatedWavePlayer, OpeningDropsReportsOfTheEarlierFile) {
-  WaveDesk desk;
-  desk.Play("door.wav");
-  desk.Pc.Loop.RunFor(500);
-  desk.Pc.Wav.Command("Close");
-  desk.Play("fire.wav");
-  desk.Pc.Loop.RunFor(2999);
-  EXPECT_EQ(desk.Reports, "");
-  desk.Pc.Loop.RunFor(1);
-  EXPECT_EQ(desk.Reports, "3500 done\n3500 mode 525\n");
-}
-
-TEST(SimulatedWavePlayer, OpeningInsideTheDoneEventDropsTheRestOfThatReport) {
-  WaveDesk desk;
-  desk.Pc.Wav.OnDone = [&] {
-    if (desk.Pc.Wav.OpenFile() == "/m/door.wav") desk.Play("fire.wav");
-  };
-  desk.Play("door.wav");
-  desk.Pc.Loop.RunFor(1500);
-  EXPECT_EQ(desk.Reports, "");
-  EXPECT_EQ(desk.Pc.Wav.Mode(), kWavePlaying);
-  desk.Pc.Loop.RunFor(3000);
-  EXPECT_EQ(desk.Reports, "4500 mode 525\n");
-}
-
 TEST(SimulatedWavePlayer, PauseKeepsThePositionAndDelaysTheEnd) {
   WaveDesk desk;
   desk.Play("door.wav");
@@ -142,13 +66,6 @@ TEST(SimulatedWavePlayer, StoppedFilePlaysAgainFromItsBeginning) {
   EXPECT_EQ(desk.Reports, "3500 done\n3500 mode 525\n");
 }
 
-TEST(SimulatedWavePlayer, AnyOtherWordIsNoCommand) {
-  WaveDesk desk;
-  desk.Play("door.wav");
-  for (const char* word : {"Chiudi", "close", "CLOSE", ""}) desk.Pc.Wav.Command(word);
-  EXPECT_EQ(desk.Pc.Wav.Mode(), kWavePlaying);
-}
-
 TEST(SimulatedWavePlayer, ReportMayComeUpToItsDelayLater) {
   WaveDesk desk;
   desk.Pc.Wav.ReportDelayMs = 20;
@@ -165,17 +82,6 @@ TEST(SimulatedWavePlayer, FileOfNoLengthEndsAMillisecondLater) {
   desk.Play("empty.wav");
   desk.Pc.Loop.RunFor(1);
   EXPECT_EQ(desk.Reports, "1 done\n1 mode 525\n");
-}
-
-TEST(SimulatedWavePlayer, ModeIsTheReportedOneWhileAReportOfAClosedFileIsDelivered) {
-  WaveDesk desk;
-  int during = 0;
-  desk.Pc.Wav.OnStatusUpdate = [&] { during = desk.Pc.Wav.Mode(); };
-  desk.Play("door.wav");
-  desk.Pc.Wav.Command("Close");
-  desk.Pc.Loop.RunFor(0);
-  EXPECT_EQ(during, kWaveStopped);
-  EXPECT_EQ(desk.Pc.Wav.Mode(), kWaveNotOpen);
 }
 
 }  // namespace

@@ -83,11 +83,12 @@ void EngineWavePlayer::ReportStopped() {
 /// next file ends the report of this one.
 void EngineWavePlayer::DeliverStopped(bool played) {
   const Lifeline::Tie opening = Opening.Now();
-  if (played && OnDone) OnDone();
-  if (!opening.Holds() || !OnStatusUpdate) return;
-  // Destroyed with this call, even if the listener throws.
+  // Destroyed with this call, even if a listener throws.
   const auto report = std::make_shared<char>();
   Reported = report;
+  if (played && OnDone) OnDone();
+  if (!opening.Holds() || !OnStatusUpdate) return;
+  Reported = report;  // also when the listener has started the file again
   OnStatusUpdate();
 }
 

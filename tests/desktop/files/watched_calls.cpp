@@ -11,6 +11,8 @@
 #include <filesystem>
 #include <utility>
 
+#include "desktop/files/slow_drive.h"
+
 namespace marlex::test {
 
 namespace {
@@ -123,6 +125,7 @@ int __wrap_open(const char* path, int flags, ...) {
     mode = va_arg(more, mode_t);
     va_end(more);
   }
+  marlex::test::AwaitDrive(path);
   return Instead(__real_open, "open", path, flags, mode);
 }
 int __wrap_stat(const char* path, struct stat* status) {

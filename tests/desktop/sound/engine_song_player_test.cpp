@@ -52,21 +52,6 @@ TEST(EngineSongPlayer, PauseKeepsThePositionAndGoesOnThere) {
   EXPECT_NEAR(double(rest.size()) / 2, 1.5 * 44100, 2 * OfflineDesk::kBlock);
 }
 
-TEST(EngineSongPlayer, AStoppedSongReportsNoEndAndStartsAnew) {
-  OfflineDesk desk;
-  desk.Song.SetFileName(desk.Files.Mp3("song.mp3", 1));
-  desk.Song.Play();
-  desk.Render(22050);
-  desk.Song.Stop();
-  EXPECT_EQ(desk.Song.CurrentPosition(), 0);
-  EXPECT_NEAR(desk.Song.Duration(), 1, 1e-6);
-  desk.Render(88200);
-  EXPECT_EQ(desk.Journal, "");
-  EXPECT_NE(desk.Song.FileName(), "");
-  desk.Song.Play();
-  EXPECT_NEAR(double(desk.RenderUntil("end").size()) / 2, 44100, 2 * OfflineDesk::kBlock);
-}
-
 TEST(EngineSongPlayer, AnEndThatWasNotDeliveredYetIsDroppedByAStopAndByTheNextSong) {
   OfflineDesk desk;
   const std::string song = desk.Files.Mp3("song.mp3", 0.1);
@@ -133,20 +118,6 @@ TEST(EngineSongPlayer, ASongWhoseFileVanishesInMidPlayEndsByItself) {
   EXPECT_EQ(desk.Journal, "end ");
   desk.Song.SetFileName(song);
   EXPECT_EQ(desk.Song.FileName(), "");
-}
-
-TEST(EngineSongPlayer, WithoutASongNothingHappens) {
-  OfflineDesk desk;
-  desk.Song.Play();
-  desk.Song.Pause();
-  desk.Song.Stop();
-  EXPECT_EQ(desk.Song.PlayState(), kStopped);
-  EXPECT_EQ(desk.Song.Duration(), 0);
-  desk.Song.SetFileName(desk.Files.Path("nothing.mp3"));
-  EXPECT_EQ(desk.Song.FileName(), "");
-  desk.Song.Play();
-  desk.Render(4410);
-  EXPECT_EQ(desk.Journal, "");
 }
 
 TEST(EngineSongPlayer, ManySongsStartedAndReplacedInOneBlockLeaveOneSounding) {

@@ -38,27 +38,6 @@ TEST(EngineWavePlayer, FirstSampleIsNotFadedIn) {
   EXPECT_NEAR(desk.Render(441)[0], 0.5, 0.001);
 }
 
-TEST(EngineWavePlayer, AFileThatIsNotThereIsReportedOnceAndNotInsideTheCommand) {
-  OfflineDesk desk;
-  desk.Wave.FileName = desk.Files.Path("nothing.wav");
-  desk.Wave.Command("Open");
-  EXPECT_EQ(desk.Journal, "");
-  EXPECT_EQ(desk.Wave.Mode(), kWaveNotOpen);
-  EXPECT_EQ(desk.Wave.Length(), 0);
-  desk.Wave.Command("Play");
-  desk.Render(4410);
-  EXPECT_EQ(desk.Journal, "525 ");
-  EXPECT_EQ(desk.Wave.Mode(), kWaveNotOpen);
-}
-
-TEST(EngineWavePlayer, ADeviceThatWasNeverOpenedReportsNothing) {
-  OfflineDesk desk;
-  for (const char* word : {"Play", "Pause", "Stop", "Close", "open", "Chiudi", ""})
-    desk.Wave.Command(word);
-  desk.Render(4410);
-  EXPECT_EQ(desk.Journal, "");
-}
-
 TEST(EngineWavePlayer, AFileThatIsClosedWhileItPlaysIsReportedOnceAndFallsSilent) {
   OfflineDesk desk;
   desk.Wave.FileName = desk.Files.Wav("long.wav", 5);
@@ -74,30 +53,6 @@ TEST(EngineWavePlayer, AFileThatIsClosedWhileItPlaysIsReportedOnceAndFallsSilent
   desk.Render(441);
   EXPECT_EQ(desk.Journal, "525 ");
   EXPECT_EQ(desk.Wave.Length(), 0);
-}
-
-TEST(EngineWavePlayer, ClosingAStoppedFileReportsNothing) {
-  OfflineDesk desk;
-  desk.Wave.FileName = desk.Files.Wav("chime.wav", 0.1);
-  desk.Wave.Command("Open");
-  desk.Wave.Command("Close");
-  desk.Render(4410);
-  EXPECT_EQ(desk.Journal, "");
-}
-
-TEST(EngineWavePlayer, StopReportsOnceAndPlayStartsFromTheBeginning) {
-  OfflineDesk desk;
-  desk.Wave.FileName = desk.Files.Wav("chime.wav", 0.5);
-  desk.Wave.Command("Open");
-  desk.Wave.Command("Play");
-  desk.Render(8820);
-  desk.Wave.Command("Stop");
-  desk.Render(441);
-  EXPECT_EQ(desk.Journal, "525 ");
-  desk.Journal.clear();
-  desk.Wave.Command("Play");
-  EXPECT_NEAR(double(desk.RenderUntil("525").size()) / 2, 22050, 2 * OfflineDesk::kBlock);
-  EXPECT_EQ(desk.Journal, "done 525 ");
 }
 
 TEST(EngineWavePlayer, PauseKeepsThePlaceToTheSample) {
@@ -123,69 +78,6 @@ TEST(EngineWavePlayer, PauseKeepsThePlaceToTheSample) {
   while (last > 0 && rest[last * 2 - 2] == 0) --last;
   EXPECT_NEAR(double(10000 + faded + last - held), 44100, 3);
   EXPECT_EQ(desk.Journal, "done 525 ");
-}
-
-TEST(EngineWavePlayer, OpeningDropsReportsOfTheEarlierFile) {
-  OfflineDesk desk;
-  const std::string chime = desk.Files.Wav("chime.wav", 0.2);
-  desk.Wave.FileName = chime;
-  desk.Wave.Command("Open");
-  desk.Wave.Command("Play");
-  std::vector<float> block(2 * 8820);
-  desk.Engine.Render(block.data(), 4096);
-  desk.Wave.Command("Close");  // posts a report that nobody has delivered yet
-  desk.Wave.Command("Open");
-  desk.Wave.Command("Play");
-  desk.Render(441);
-  EXPECT_EQ(desk.Journal, "");
-  desk.RenderUntil("525");
-  desk.Render(4410);
-  EXPECT_EQ(desk.Journal, "done 525 ");
-}
-
-TEST(EngineWavePlayer, AListenerThatOpensTheNextFileHearsNoMoreOfThisOne) {
-  OfflineDesk desk;
-  const std::string chime = desk.Files.Wav("chime.wav", 0.1);
-  desk.Wave.FileName = chime;
-  int played = 0;
-  desk.Wave.OnDone = [&] {
-    desk.Journal += "done ";
-    if (++played == 3) return;
-    desk.Wave.Command("Close");
-    desk.Wave.Command("Open");
-    desk.Wave.Command("Play");
-  };
-  desk.Wave.Command("Open");
-  desk.Wave.Command("Play");
-  desk.RenderUntil("525");
-  EXPECT_EQ(desk.Journal, "done done done 525 ");
-}
-
-TEST(EngineWavePlayer, ReportedModeIsReadableWhileItIsDeliveredAndOnlyThen) {
-  OfflineDesk desk;
-  desk.Wave.FileName = desk.Files.Path("nothing.wav");
-  int inside = 0;
-  desk.Wave.OnStatusUpdate = [&] {
-    inside = desk.Wave.Mode();
-    throw RuntimeFailure("a listener fails");
-  };
-  desk.Wave.Command("Open");
-  desk.Render(441);
-  EXPECT_EQ(inside, kWaveStopped);
-  EXPECT_EQ(desk.Wave.Mode(), kWaveNotOpen);
-}
-
-TEST(EngineWavePlayer, AFileThatVanishesBeforeItIsPlayedAgainIsReported) {
-  OfflineDesk desk;
-  desk.Wave.FileName = desk.Files.Wav("chime.wav", 0.1);
-  desk.Wave.Command("Open");
-  desk.Wave.Command("Play");
-  desk.RenderUntil("525");
-  std::filesystem::remove(desk.Wave.FileName);
-  desk.Journal.clear();
-  desk.Wave.Command("Play");
-  desk.Render(441);
-  EXPECT_EQ(desk.Journal, "525 ");
 }
 
 TEST(EngineWavePlayer, NothingIsReportedAfterThePlayerIsGone) {
