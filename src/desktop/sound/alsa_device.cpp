@@ -140,12 +140,13 @@ bool AlsaDevice::Read(float* stereo, int frames) {
     data = Whole.data();
   }
   const snd_pcm_sframes_t got = snd_pcm_readi(Handle, data, snd_pcm_uframes_t(frames));
-  if (got < frames) return got >= 0 || got == -EAGAIN || (Recover(got) && Start());
+  const auto samples = std::clamp<snd_pcm_sframes_t>(got, 0, frames) * kChannels;
   if (!Floating) {
-    std::transform(Whole.begin(), Whole.end(), stereo,
+    std::transform(Whole.begin(), Whole.begin() + samples, stereo,
                    [](short sample) { return float(sample) / kFullWhole; });
   }
-  return true;
+  std::fill(stereo + samples, stereo + frames * kChannels, 0.0f);
+  return got >= 0 || got == -EAGAIN || (Recover(got) && Start());
 }
 
 bool AlsaDevice::Start() {

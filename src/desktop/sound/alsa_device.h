@@ -50,7 +50,8 @@ class AlsaDevice {
   int Delay() const;
 
   /// Writes or reads `frames` frames, no more than `Await` has returned. A device that has run
-  /// dry since then may transfer fewer, and is restarted. False when the device is gone.
+  /// dry since then may transfer fewer, and is restarted; what is missing of a reading is silence.
+  /// False when the device is gone.
   bool Write(const float* stereo, int frames);
   bool Read(float* stereo, int frames);
 

@@ -1,6 +1,7 @@
 #include "desktop/sound/render_path.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #include "desktop/sound/sound_format.h"
@@ -8,12 +9,10 @@
 namespace marlex {
 namespace {
 
-/// Clamps samples to full scale; a NaN becomes 1.
+/// Clamps samples to full scale; a NaN becomes silence.
 void Clip(float* samples, int count) {
-  for (int i = 0; i < count; ++i) {
-    const float top = samples[i] < 1.0f ? samples[i] : 1.0f;
-    samples[i] = top > -1.0f ? top : -1.0f;
-  }
+  for (int i = 0; i < count; ++i)
+    samples[i] = std::isnan(samples[i]) ? 0.0f : std::clamp(samples[i], -1.0f, 1.0f);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "desktop/sound/media_files.h"
 #include "desktop/sound/offline_desk.h"
@@ -92,6 +93,44 @@ TEST(RenderPath, NoMoreIsTakenBackThanWasRenderedSinceTheBeginning) {
   road.Mixer.Add(road.Stream);
   road.Render(150);
   EXPECT_EQ(road.Path.Rewind(1, 1000), 150);
+}
+
+/// A file that is broken in its middle: a NaN, and samples beyond full scale.
+class BrokenFile : public Decoder {
+ public:
+  int Rate() const override { return 44100; }
+  double Seconds() const override { return 1; }
+  int Read(float* stereo, int frames) override {
+    std::fill(stereo, stereo + 2 * frames, 0.25f);
+    if (!Begun && frames > 10) {
+      stereo[10] = stereo[13] = std::numeric_limits<float>::quiet_NaN();
+      stereo[16] = 3;
+      stereo[19] = -3;
+    }
+    Begun = true;
+    return frames;
+  }
+
+ private:
+  bool Begun = false;
+};
+
+TEST(RenderPath, WhatIsBeyondFullScaleIsCutAndANaNIsSilence) {
+  Road road;
+  const OpenDecoder open = [](const std::string&) -> std::unique_ptr<Decoder> {
+    return std::make_unique<BrokenFile>();
+  };
+  const auto stream = SoundStream::Open("broken", open, EndReport::kHeard, road.Family);
+  ASSERT_TRUE(stream);
+  stream->Play();
+  road.Mixer.Add(stream);
+  const std::vector<float> sound = road.Render(1000);
+  EXPECT_EQ(sound[10], 0);
+  EXPECT_EQ(sound[13], 0);
+  EXPECT_EQ(sound[16], 1);
+  EXPECT_EQ(sound[19], -1);
+  EXPECT_EQ(sound[30], 0.25f);
+  road.Mixer.Remove(stream);
 }
 
 TEST(RenderPath, TakingBackAtAnyMomentLeavesTheSoundWhole) {
