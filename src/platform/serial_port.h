@@ -21,11 +21,13 @@ class SerialPort {
  public:
   virtual ~SerialPort() = default;
 
-  /// Number of the port that the next opening takes, from 1; initially 1.
+  /// Number of the port that the next opening takes, from 1; initially 1. A port that is open stays
+  /// what it is, also when its device comes back.
   virtual void SetCommPort(int number) = 0;
   virtual int CommPort() const = 0;
 
   /// Whether the port should be open. Opening an open port and closing a closed one have no effect.
+  /// Closing empties the input buffer; what was output before is still sent.
   virtual void SetPortOpen(bool open) = 0;
   virtual bool PortOpen() const = 0;
 
@@ -35,9 +37,9 @@ class SerialPort {
   /// Takes the whole input buffer; each char is one byte from the wire, 0 to 255.
   virtual std::string Input() = 0;
 
-  /// Sends bytes; each char is one byte on the wire, 0 to 255. Does not wait: what the device does
-  /// not take at once is sent as it takes more, and of a long backlog the oldest bytes are dropped.
-  /// A closed port discards them.
+  /// Sends bytes; each char is one byte on the wire, 0 to 255. Those that the device takes at once
+  /// have left the program when the call returns. Does not wait: the others are sent as it takes
+  /// more, and of a long backlog the oldest bytes are dropped. A closed port discards them.
   virtual void Output(std::string_view bytes) = 0;
 
   /// Called when at least one byte waits in the input buffer.

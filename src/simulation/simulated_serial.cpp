@@ -18,12 +18,13 @@ void SimulatedSerial::SetPortOpen(bool open) {
   Buffer.clear();
   Owed.reset();
   Alive = false;
+  if (open) OpenNumber = Number;
   Log.Write("serial", open ? "open " + std::to_string(Number) : "close");
   if (!open) return;
   Connect();
   if (Alive) return;
-  Loop.Post([this] {
-    if (OnFault) OnFault("COM" + std::to_string(Number) + " cannot be opened.");
+  Loop.Post([this, number = Number] {
+    if (OnFault) OnFault("COM" + std::to_string(number) + " cannot be opened.");
   });
 }
 
@@ -76,13 +77,14 @@ void SimulatedSerial::Reset() {
   Alive = false;
   Owed.reset();
   Number = 1;
+  OpenNumber = 1;
   Buffer.clear();
   OnComm = nullptr;
   OnFault = nullptr;
 }
 
 void SimulatedSerial::Connect() {
-  Alive = Open && Plugged && Number == Device;
+  Alive = Open && Plugged && OpenNumber == Device;
   if (Alive && Owed) Send(*std::exchange(Owed, std::nullopt));
 }
 

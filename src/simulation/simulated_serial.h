@@ -69,7 +69,8 @@ class SimulatedSerial : public SerialPort {
 
   VirtualLoop& Loop;
   Journal& Log;
-  int Number = 1;
+  int Number = 1;      // the port that the next opening takes
+  int OpenNumber = 1;  // the port that should be open
   bool Plugged = true;
   bool Open = false;
   bool Alive = false;

@@ -15,35 +15,6 @@ TEST(SimulatedSerial, BytesThatReachTheAmplifierAreRecordedWithTheirTime) {
   EXPECT_EQ(pc.Serial.Sent()[1].AtMs, 200);
 }
 
-TEST(SimulatedSerial, ReceivedBytesAreReportedAsAnEvent) {
-  SimulatedPc pc;
-  std::string got;
-  int calls = 0;
-  pc.Serial.OnComm = [&] {
-    ++calls;
-    got += pc.Serial.Input();
-  };
-  pc.Serial.SetPortOpen(true);
-  pc.Serial.Receive({128, 0});
-  EXPECT_EQ(pc.Serial.InBufferCount(), 2);
-  EXPECT_EQ(calls, 0);
-  pc.Serial.ReceiveIn(50, {64});
-  pc.Loop.RunFor(49);
-  EXPECT_EQ(got, std::string("\x80\x00", 2));
-  pc.Loop.RunFor(1);
-  EXPECT_EQ(got, std::string("\x80\x00\x40", 3));
-  EXPECT_EQ(calls, 2);
-  EXPECT_EQ(pc.Serial.InBufferCount(), 0);
-}
-
-TEST(SimulatedSerial, InputBufferHolds1024BytesAndLosesTheRest) {
-  SimulatedPc pc;
-  pc.Serial.SetPortOpen(true);
-  pc.Serial.Receive(std::vector<int>(2000, 7));
-  EXPECT_EQ(pc.Serial.InBufferCount(), 1024);
-  EXPECT_EQ(pc.Serial.Input().size(), 1024u);
-}
-
 TEST(SimulatedSerial, PortThatCannotBeOpenedReportsOnceAndSwallowsOutput) {
   SimulatedPc pc;
   int faults = 0;

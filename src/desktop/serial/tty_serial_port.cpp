@@ -56,13 +56,13 @@ void TtySerialPort::SetPortOpen(bool open) {
   if (open == Wanted) return;
   Wanted = open;
   Owed.clear();
+  Received.clear();
   if (!open) {
     StopRetrying();
     CloseLine();
     return;
   }
   Number = NextNumber;
-  Received.clear();
   if (const int error = TryOpen(); error != 0) {
     ReportFault(error);
     Retry();

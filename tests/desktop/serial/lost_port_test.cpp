@@ -49,18 +49,6 @@ TEST_F(SerialPortTest, AnAdapterThatComesBackUnderAnotherNameIsOpenedWithoutAWor
   EXPECT_TRUE(Port->PortOpen());
 }
 
-TEST_F(SerialPortTest, OfTheBytesThatFoundNoDeviceTheNewestGoesOutAtItsReturn) {
-  Port->SetPortOpen(true);
-  Port->Output("a");
-  Port->Output("bc");
-  PseudoTerminal line;
-  Link("program/com1", line);
-  std::string arrived;
-  ASSERT_TRUE(Await([&] { return !(arrived += line.Take()).empty(); }));
-  LetPass(1200ms);
-  EXPECT_EQ(arrived + line.Take(), "c");
-}
-
 TEST_F(SerialPortTest, AByteThatMeetsTheLossBeforeTheLoopDoesGoesOutAtTheReturn) {
   PseudoTerminal line;
   Link("program/com1", line);
@@ -95,32 +83,6 @@ TEST_F(SerialPortTest, OfTheBytesThatALostLineHeldBackTheNewestGoesOutOnce) {
   EXPECT_EQ(third.Take(), "");
 }
 
-TEST_F(SerialPortTest, AByteThatWentOutIsNotSentAgainAtTheReturn) {
-  PseudoTerminal line;
-  Link("program/com1", line);
-  Port->SetPortOpen(true);
-  Port->Output("x");
-  ASSERT_EQ(line.Take(), "x");
-  line.Vanish();
-  PseudoTerminal other;
-  Link("program/com1", other);
-  ASSERT_TRUE(Await([&] { return other.IsOpen(); }));
-  LetPass(50ms);
-  EXPECT_EQ(other.Take(), "");
-}
-
-TEST_F(SerialPortTest, AByteThatFoundNoDeviceIsForgottenWhenThePortIsClosed) {
-  Port->SetPortOpen(true);
-  Port->Output("a");
-  Port->SetPortOpen(false);
-  Port->Output("b");
-  PseudoTerminal line;
-  Link("program/com1", line);
-  Port->SetPortOpen(true);
-  LetPass(50ms);
-  EXPECT_EQ(line.Take(), "");
-}
-
 TEST_F(SerialPortTest, ALineWhoseFarEndIsGoneCostsNothing) {
   PseudoTerminal line;
   Link("program/com1", line);
@@ -137,25 +99,6 @@ TEST_F(SerialPortTest, ALineWhoseFarEndIsGoneCostsNothing) {
   RecordProperty("wakeUps", wakeUps);
   EXPECT_LT(cpuMs, 20.0);
   EXPECT_LT(wakeUps, 20);
-}
-
-TEST_F(SerialPortTest, ANewNumberCountsFromTheNextOpening) {
-  auto first = std::make_unique<PseudoTerminal>();
-  PseudoTerminal second;
-  Link("program/com1", *first);
-  Link("program/com2", second);
-  EXPECT_EQ(Port->CommPort(), 1);
-  Port->SetPortOpen(true);
-  Port->SetCommPort(2);
-  EXPECT_EQ(Port->CommPort(), 2);
-  EXPECT_TRUE(Reaches(*first));
-  first.reset();
-  PseudoTerminal again;
-  Link("program/com1", again);
-  ASSERT_TRUE(Await([&] { return Reaches(again); })) << "a lost port comes back as what it was";
-  Port->SetPortOpen(false);
-  Port->SetPortOpen(true);
-  EXPECT_TRUE(Reaches(second));
 }
 
 }  // namespace

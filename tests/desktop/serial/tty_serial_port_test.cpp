@@ -176,14 +176,6 @@ TEST_F(SerialPortTest, TheOutputBufferHoldsTheNewest512BytesInTheirOrder) {
   EXPECT_EQ(arrived.substr(arrived.size() - 513), "a" + numbered.substr(600 - 512));
 }
 
-TEST_F(SerialPortTest, AByteOutHasLeftTheProgramWhenTheCallReturns) {
-  PseudoTerminal line;
-  Link("program/com1", line);
-  Port->SetPortOpen(true);
-  Port->Output(std::string_view("\0", 1));
-  EXPECT_EQ(line.Take(), std::string("\0", 1));
-}
-
 TEST_F(SerialPortTest, ClosingRightAfterAByteOutDoesNotDiscardIt) {
   for (int round = 0; round < 200; ++round) {
     PseudoTerminal line;
@@ -197,20 +189,6 @@ TEST_F(SerialPortTest, ClosingRightAfterAByteOutDoesNotDiscardIt) {
   }
 }
 
-TEST_F(SerialPortTest, AClosedPortSwallowsOutputAndHearsNothing) {
-  PseudoTerminal line;
-  Link("program/com1", line);
-  Port->Output("a");
-  Port->SetPortOpen(true);
-  Port->SetPortOpen(false);
-  Port->Output("b");
-  line.Send("x");
-  LetPass(100ms);
-  EXPECT_EQ(line.Take(), "");
-  EXPECT_EQ(Events, 0);
-  EXPECT_FALSE(Port->PortOpen());
-}
-
 TEST_F(SerialPortTest, OpeningAnOpenPortAndClosingAClosedOneDoNothing) {
   PseudoTerminal line, other;
   Link("program/com1", line);
@@ -219,36 +197,6 @@ TEST_F(SerialPortTest, OpeningAnOpenPortAndClosingAClosedOneDoNothing) {
   Link("program/com1", other);
   Port->SetPortOpen(true);
   EXPECT_TRUE(Reaches(line));
-}
-
-TEST_F(SerialPortTest, TheInputBufferHolds1024BytesAndLosesTheRest) {
-  PseudoTerminal line;
-  Link("program/com1", line);
-  Port->OnComm = [this] { ++Events; };
-  Port->SetPortOpen(true);
-  std::string sent;
-  for (int i = 0; i < 300; ++i) sent += std::to_string(i) + ",";
-  for (int block = 0; block < 3; ++block) {
-    line.Send(sent);
-    const int before = Events;
-    ASSERT_TRUE(Await([&] { return Events > before; }));
-  }
-  ASSERT_TRUE(Await([&] { return Port->InBufferCount() == 1024; }));
-  EXPECT_EQ(Port->Input().substr(0, sent.size()), sent.substr(0, 1024));
-  EXPECT_EQ(Port->InBufferCount(), 0);
-  EXPECT_EQ(Port->Input(), "");
-}
-
-TEST_F(SerialPortTest, BytesThatArriveTogetherAreOneEvent) {
-  PseudoTerminal line;
-  Link("program/com1", line);
-  Port->SetPortOpen(true);
-  line.Send("abc");
-  ASSERT_TRUE(Await([&] { return Heard == "abc"; }));
-  EXPECT_EQ(Events, 1);
-  line.Send("d");
-  ASSERT_TRUE(Await([&] { return Heard == "abcd"; }));
-  EXPECT_EQ(Events, 2);
 }
 
 TEST_F(SerialPortTest, AByteIsHeardWhileTheEventOfAnEarlierOneStillWaits) {
