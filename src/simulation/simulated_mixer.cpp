@@ -7,10 +7,8 @@ namespace marlex {
 
 namespace {
 
-// Error numbers of the published multimedia interface.
-constexpr std::uint32_t kBadDevice = 2;
+// Error number of the published multimedia interface.
 constexpr std::uint32_t kNotSupported = 8;
-constexpr std::uint32_t kInvalidParameter = 11;
 
 // Size of the id range of a destination: the destination itself and its sources.
 constexpr std::uint32_t kLinesOfDestination = 256;
@@ -56,16 +54,16 @@ SimulatedMixer::SimulatedMixer(Journal& journal) : Log(journal) {
 
 std::uint32_t SimulatedMixer::Open(std::uint32_t device, std::uint32_t& handle) {
   if (OpenResult != kMixerNoError) return OpenResult;
-  if (device >= Devices.size()) return kBadDevice;
-  handle = device + 1;
-  OpenHandles.push_back(handle);
+  if (device >= Devices.size()) return kMixerBadDevice;
+  handle = ++LastHandle;
+  OpenHandles[handle] = device;
   Log.Write("mixer", "open");
   return kMixerNoError;
 }
 
 std::uint32_t SimulatedMixer::GetDevCaps(std::uint32_t device, MixerCaps& caps) {
   if (CapsResult != kMixerNoError) return CapsResult;
-  if (device >= Devices.size()) return kBadDevice;
+  if (device >= Devices.size()) return kMixerBadDevice;
   caps = {Devices[device].ProductName,
           static_cast<std::uint32_t>(Devices[device].Destinations.size())};
   return kMixerNoError;
@@ -118,6 +116,7 @@ std::vector<std::uint32_t> SimulatedMixer::GetControlDetails(std::uint32_t handl
                                                              std::uint32_t channels) {
   const std::optional<Control> control = ControlById(handle, controlId);
   if (!control || UnreadableTypes.contains(control->Type)) return {};
+  if (channels > control->Line->Channels) return {};
   std::vector<std::uint32_t> values(channels, control->Line->Mute);
   if (control->Type == kControlMute) return values;
   const auto& levels =
@@ -130,19 +129,24 @@ std::vector<std::uint32_t> SimulatedMixer::GetControlDetails(std::uint32_t handl
 std::uint32_t SimulatedMixer::SetControlDetails(std::uint32_t handle, std::uint32_t controlId,
                                                 const std::vector<std::uint32_t>& values) {
   const std::optional<Control> control = ControlById(handle, controlId);
-  if (!control || values.empty()) return kInvalidParameter;
+  if (!OpenHandles.contains(handle)) return kMixerInvalidHandle;
+  if (!control || control->Type == kControlPeakMeter) return kMixerInvalidControl;
+  if (values.size() != 1 && values.size() != control->Line->Channels) return kMixerInvalidParameter;
   if (RefusesSettings) {
     MissedSettings.insert({control->Line, control->Type});
     return kNotSupported;
   }
   MissedSettings.erase({control->Line, control->Type});
-  if (control->Type == kControlVolume) return SetVolume(*control->Line, values);
-  if (control->Type == kControlMute) return SetMute(*control->Line, values);
-  return kNotSupported;
+  if (control->Type == kControlVolume) {
+    SetVolume(*control->Line, values);
+  } else {
+    SetMute(*control->Line, values.front() != 0);
+  }
+  return kMixerNoError;
 }
 
 void SimulatedMixer::Close(std::uint32_t handle) {
-  if (std::erase(OpenHandles, handle) > 0) Log.Write("mixer", "close");
+  if (OpenHandles.erase(handle) > 0) Log.Write("mixer", "close");
 }
 
 SimulatedLine* SimulatedMixer::Line(std::uint32_t componentType) {
@@ -179,8 +183,9 @@ SimulatedLine& SimulatedMixer::AddSource(std::uint32_t componentType, const std:
 }
 
 SimulatedMixerDevice* SimulatedMixer::Device(std::uint32_t handle) {
-  const bool open = std::find(OpenHandles.begin(), OpenHandles.end(), handle) != OpenHandles.end();
-  return open && handle <= Devices.size() ? &Devices[handle - 1] : nullptr;
+  const auto opened = OpenHandles.find(handle);
+  const bool there = opened != OpenHandles.end() && opened->second < Devices.size();
+  return there ? &Devices[opened->second] : nullptr;
 }
 
 SimulatedLine* SimulatedMixer::LineById(std::uint32_t handle, std::uint32_t lineId) {
@@ -203,25 +208,18 @@ std::optional<SimulatedMixer::Control> SimulatedMixer::ControlById(std::uint32_t
   return Control{line, type};
 }
 
-std::uint32_t SimulatedMixer::SetVolume(SimulatedLine& line,
-                                        const std::vector<std::uint32_t>& values) {
-  if (values.size() != 1 && values.size() != line.Channels) return kInvalidParameter;
-  if (*std::max_element(values.begin(), values.end()) > kFullLevel) return kInvalidParameter;
-  line.Volume = {values.front(), values.size() > 1 ? values[1] : values.front()};
-  if (Log.Records("mixer")) {
-    std::string text = "volume " + ShortName(line);
-    for (const std::uint32_t value : values) text += " " + std::to_string(value);
-    Log.Write("mixer", text);
-  }
-  return kMixerNoError;
+void SimulatedMixer::SetVolume(SimulatedLine& line, const std::vector<std::uint32_t>& values) {
+  const auto level = [](std::uint32_t value) { return std::min(value, kFullLevel); };
+  line.Volume = {level(values.front()), level(values.back())};
+  if (!Log.Records("mixer")) return;
+  std::string text = "volume " + ShortName(line);
+  for (const std::uint32_t value : values) text += " " + std::to_string(value);
+  Log.Write("mixer", text);
 }
 
-std::uint32_t SimulatedMixer::SetMute(SimulatedLine& line,
-                                      const std::vector<std::uint32_t>& values) {
-  if (values.front() > 1) return kInvalidParameter;
-  line.Mute = values.front();
+void SimulatedMixer::SetMute(SimulatedLine& line, bool muted) {
+  line.Mute = muted ? 1 : 0;
   Log.Write("mixer", "mute " + ShortName(line) + " " + std::to_string(line.Mute));
-  return kMixerNoError;
 }
 
 }  // namespace marlex

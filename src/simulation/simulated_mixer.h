@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -109,11 +110,12 @@ class SimulatedMixer : public MixerFunctions {
   SimulatedMixerDevice* Device(std::uint32_t handle);
   SimulatedLine* LineById(std::uint32_t handle, std::uint32_t lineId);
   std::optional<Control> ControlById(std::uint32_t handle, std::uint32_t controlId);
-  std::uint32_t SetVolume(SimulatedLine& line, const std::vector<std::uint32_t>& values);
-  std::uint32_t SetMute(SimulatedLine& line, const std::vector<std::uint32_t>& values);
+  void SetVolume(SimulatedLine& line, const std::vector<std::uint32_t>& values);
+  void SetMute(SimulatedLine& line, bool muted);
 
   Journal& Log;
-  std::vector<std::uint32_t> OpenHandles;
+  std::map<std::uint32_t, std::uint32_t> OpenHandles;  // with the device of each
+  std::uint32_t LastHandle = 0;
   std::set<std::pair<const SimulatedLine*, std::uint32_t>> MissedSettings;
 };
 

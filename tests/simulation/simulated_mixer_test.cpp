@@ -20,50 +20,13 @@ struct MixerDesk {
   std::uint32_t Handle = 0;
 };
 
-TEST(SimulatedMixer, HasSpeakersWithWaveOutputAndMicrophone) {
-  MixerDesk desk;
-  EXPECT_EQ(desk.Pc.Mixer.GetNumDevs(), 1u);
-  const auto speakers = desk.Pc.Mixer.GetDestination(desk.Handle, 0);
-  ASSERT_TRUE(speakers);
-  EXPECT_EQ(speakers->ComponentType, kComponentSpeakers);
-  EXPECT_EQ(speakers->Connections, 2u);
-  EXPECT_EQ(speakers->Channels, 2u);
-  EXPECT_EQ(desk.Pc.Mixer.GetSource(desk.Handle, 0, 0)->ComponentType, kComponentWaveOut);
-  EXPECT_EQ(desk.Pc.Mixer.GetSource(desk.Handle, 0, 1)->Channels, 1u);
-  EXPECT_FALSE(desk.Pc.Mixer.GetSource(desk.Handle, 0, 2));
-  EXPECT_FALSE(desk.Pc.Mixer.GetDestination(desk.Handle, 1));
-}
-
-TEST(SimulatedMixer, ControlIdsAreDistinctAndNeverZero) {
-  MixerDesk desk;
-  std::set<std::uint32_t> ids;
-  for (const std::uint32_t line : {kComponentSpeakers, kComponentWaveOut, kComponentMicrophone}) {
-    for (const std::uint32_t control : {kControlVolume, kControlMute, kControlPeakMeter}) {
-      ids.insert(desk.ControlOf(line, control));
-    }
-  }
-  EXPECT_EQ(ids.size(), 9u);
-  EXPECT_FALSE(ids.contains(0));
-}
-
-TEST(SimulatedMixer, VolumeIsKeptForEachChannel) {
+TEST(SimulatedMixer, TheLevelIsThatOfTheLouderChannel) {
   MixerDesk desk;
   const std::uint32_t volume = desk.ControlOf(kComponentWaveOut, kControlVolume);
-  EXPECT_EQ(desk.Pc.Mixer.SetControlDetails(desk.Handle, volume, {100, 200}), kMixerNoError);
-  EXPECT_EQ(desk.Pc.Mixer.GetControlDetails(desk.Handle, volume, 2), (Values{100, 200}));
+  desk.Pc.Mixer.SetControlDetails(desk.Handle, volume, {100, 200});
   EXPECT_EQ(desk.Pc.Mixer.Level(kComponentWaveOut), 200u);
-  EXPECT_EQ(desk.Pc.Mixer.SetControlDetails(desk.Handle, volume, {300}), kMixerNoError);
-  EXPECT_EQ(desk.Pc.Mixer.GetControlDetails(desk.Handle, volume, 2), (Values{300, 300}));
-  EXPECT_EQ(desk.Pc.Mixer.Level(kComponentSpeakers), 65535u);
-}
-
-TEST(SimulatedMixer, MuteBelongsToItsLine) {
-  MixerDesk desk;
-  const std::uint32_t mute = desk.ControlOf(kComponentMicrophone, kControlMute);
+  EXPECT_FALSE(desk.Pc.Mixer.Muted(kComponentWaveOut));
   EXPECT_TRUE(desk.Pc.Mixer.Muted(kComponentMicrophone));
-  EXPECT_EQ(desk.Pc.Mixer.SetControlDetails(desk.Handle, mute, {0}), kMixerNoError);
-  EXPECT_FALSE(desk.Pc.Mixer.Muted(kComponentMicrophone));
-  EXPECT_EQ(desk.Pc.Mixer.GetControlDetails(desk.Handle, mute, 1), Values{0});
 }
 
 TEST(SimulatedMixer, MeterReadsWhatTheTestSets) {
@@ -72,28 +35,6 @@ TEST(SimulatedMixer, MeterReadsWhatTheTestSets) {
   desk.Pc.Mixer.Line(kComponentWaveOut)->Peak = {7, 9};
   EXPECT_EQ(desk.Pc.Mixer.GetControlDetails(desk.Handle, meter, 2), (Values{7, 9}));
   EXPECT_NE(desk.Pc.Mixer.SetControlDetails(desk.Handle, meter, {1, 1}), kMixerNoError);
-}
-
-TEST(SimulatedMixer, BadValuesAndUnknownControlsAreRefused) {
-  MixerDesk desk;
-  const std::uint32_t volume = desk.ControlOf(kComponentWaveOut, kControlVolume);
-  EXPECT_NE(desk.Pc.Mixer.SetControlDetails(desk.Handle, volume, {65536, 0}), kMixerNoError);
-  EXPECT_NE(desk.Pc.Mixer.SetControlDetails(desk.Handle, volume, {1, 2, 3}), kMixerNoError);
-  EXPECT_NE(desk.Pc.Mixer.SetControlDetails(desk.Handle, volume, {}), kMixerNoError);
-  for (const std::uint32_t id : {0u, 4u, 9999u}) {
-    EXPECT_NE(desk.Pc.Mixer.SetControlDetails(desk.Handle, id, {1}), kMixerNoError);
-    EXPECT_TRUE(desk.Pc.Mixer.GetControlDetails(desk.Handle, id, 1).empty());
-  }
-  EXPECT_EQ(desk.Pc.Mixer.Level(kComponentWaveOut), 65535u);
-}
-
-TEST(SimulatedMixer, ClosedHandleReachesNothing) {
-  MixerDesk desk;
-  const std::uint32_t volume = desk.ControlOf(kComponentWaveOut, kControlVolume);
-  desk.Pc.Mixer.Close(desk.Handle);
-  EXPECT_FALSE(desk.Pc.Mixer.IsOpen());
-  EXPECT_FALSE(desk.Pc.Mixer.GetDestination(desk.Handle, 0));
-  EXPECT_NE(desk.Pc.Mixer.SetControlDetails(desk.Handle, volume, {1}), kMixerNoError);
 }
 
 TEST(SimulatedMixer, EveryFailureCanBeSwitchedOn) {

@@ -7,12 +7,6 @@ namespace marlex {
 
 namespace {
 
-// Error numbers of the published interface.
-constexpr std::uint32_t kBadDeviceId = 2;        // MMSYSERR_BADDEVICEID
-constexpr std::uint32_t kInvalidHandle = 5;      // MMSYSERR_INVALHANDLE
-constexpr std::uint32_t kInvalidParameter = 11;  // MMSYSERR_INVALPARAM
-constexpr std::uint32_t kInvalidControl = 1025;  // MIXERR_INVALCONTROL
-
 constexpr std::uint32_t kChannels = 2;
 constexpr std::uint32_t kFull = kFullLevel;
 
@@ -46,14 +40,14 @@ int LevelOf(std::uint32_t value) { return static_cast<int>(std::min(value, kFull
 }  // namespace
 
 std::uint32_t DeskMixer::Open(std::uint32_t device, std::uint32_t& handle) {
-  if (device >= GetNumDevs()) return kBadDeviceId;
+  if (device >= GetNumDevs()) return kMixerBadDevice;
   handle = ++LastHandle;
   Handles.insert(handle);
   return kMixerNoError;
 }
 
 std::uint32_t DeskMixer::GetDevCaps(std::uint32_t device, MixerCaps& caps) {
-  if (device >= GetNumDevs()) return kBadDeviceId;
+  if (device >= GetNumDevs()) return kMixerBadDevice;
   caps.ProductName = Parts.CardName;
   caps.Destinations = 1;
   return kMixerNoError;
@@ -115,11 +109,11 @@ std::vector<std::uint32_t> DeskMixer::GetControlDetails(std::uint32_t handle,
 
 std::uint32_t DeskMixer::SetControlDetails(std::uint32_t handle, std::uint32_t controlId,
                                            const std::vector<std::uint32_t>& values) {
-  if (!IsOpen(handle)) return kInvalidHandle;
+  if (!IsOpen(handle)) return kMixerInvalidHandle;
   MixerLine* line = LineOf(controlId);
   const std::uint32_t kind = controlId % kIdsPerLine;
-  if (!line || kind == kPeak) return kInvalidControl;
-  if (values.empty() || values.size() > kChannels) return kInvalidParameter;
+  if (!line || kind == kPeak) return kMixerInvalidControl;
+  if (values.empty() || values.size() > kChannels) return kMixerInvalidParameter;
   if (kind == kVolume) {
     line->SetLevel({LevelOf(values.front()), LevelOf(values.back())});
   } else {

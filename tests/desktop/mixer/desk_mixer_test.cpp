@@ -1,7 +1,5 @@
 #include "desktop/mixer/desk_mixer.h"
 
-#include <set>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,7 +7,6 @@ namespace marlex {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using Values = std::vector<std::uint32_t>;
 
 /// A mixer of three lines without any device.
@@ -60,17 +57,6 @@ TEST_F(DeskMixerTest, TheOneDeviceIsTheCardAndItsOneDestinationTheSpeakers) {
   EXPECT_FALSE(Mixer->GetDestination(Handle, 1));
 }
 
-TEST_F(DeskMixerTest, TheSourcesAreTheWaveOutputAndTheMicrophone) {
-  const auto wave = Mixer->GetSource(Handle, 0, 0);
-  const auto microphone = Mixer->GetSource(Handle, 0, 1);
-  ASSERT_TRUE(wave && microphone);
-  EXPECT_EQ(wave->ComponentType, kComponentWaveOut);
-  EXPECT_EQ(microphone->ComponentType, kComponentMicrophone);
-  EXPECT_FALSE(wave->Name.empty());
-  EXPECT_FALSE(Mixer->GetSource(Handle, 0, 2));
-  EXPECT_FALSE(Mixer->GetSource(Handle, 1, 0));
-}
-
 TEST_F(DeskMixerTest, WithoutAMicrophoneThereIsNoLineOfIt) {
   const std::uint32_t mute = Control(kComponentMicrophone, kControlMute);
   Make(false);
@@ -92,19 +78,6 @@ TEST_F(DeskMixerTest, WithoutAnOutputThereIsNoMixer) {
   EXPECT_NE(none.GetDevCaps(0, caps), kMixerNoError);
 }
 
-TEST_F(DeskMixerTest, EveryLineHasThreeControlsWithIdsOfTheirOwnAndNoneIsNought) {
-  std::set<std::uint32_t> ids;
-  for (const auto component : {kComponentSpeakers, kComponentWaveOut, kComponentMicrophone}) {
-    for (const auto type : {kControlVolume, kControlMute, kControlPeakMeter}) {
-      ids.insert(Control(component, type));
-    }
-  }
-  EXPECT_EQ(ids.size(), 9u);
-  EXPECT_FALSE(ids.contains(0));
-  EXPECT_FALSE(Mixer->GetLineControl(Handle, 4711, kControlMute));
-  EXPECT_FALSE(Mixer->GetLineControl(Handle, Mixer->GetSource(Handle, 0, 0)->LineId, 4711));
-}
-
 TEST_F(DeskMixerTest, AVolumeGoesThroughBothWaysOneValueAChannel) {
   const std::uint32_t volume = Control(kComponentWaveOut, kControlVolume);
   EXPECT_THAT(Get(volume, 2), ElementsAre(65535, 65535));
@@ -114,14 +87,6 @@ TEST_F(DeskMixerTest, AVolumeGoesThroughBothWaysOneValueAChannel) {
   EXPECT_THAT(Get(volume, 1), ElementsAre(12345));
   EXPECT_EQ(Master.Level(), StereoLevel{});
   EXPECT_EQ(Microphone.Level(), StereoLevel{});
-}
-
-TEST_F(DeskMixerTest, ASingleVolumeCountsForBothChannelsAndTooMuchIsFull) {
-  const std::uint32_t volume = Control(kComponentMicrophone, kControlVolume);
-  EXPECT_EQ(Set(volume, {0}), kMixerNoError);
-  EXPECT_EQ(Microphone.Level(), (StereoLevel{0, 0}));
-  EXPECT_EQ(Set(volume, {65536, 0xFFFFFFFF}), kMixerNoError);
-  EXPECT_EQ(Microphone.Level(), (StereoLevel{65535, 65535}));
 }
 
 TEST_F(DeskMixerTest, AMuteIsOneValueForTheWholeLine) {
@@ -143,29 +108,6 @@ TEST_F(DeskMixerTest, AMeterReadsTheLoudestSampleSinceTheLastReading) {
   EXPECT_NEAR(values[0], 16384, 1);
   EXPECT_THAT(Get(peak, 1), ElementsAre(0));
   EXPECT_NE(Set(peak, {1}), kMixerNoError);
-}
-
-TEST_F(DeskMixerTest, AnUnknownControlIsRefusedWithoutConsequence) {
-  for (const std::uint32_t control : {0u, 4u, 15u, 16u, 52u, 0xFFFFFFFFu}) {
-    EXPECT_NE(Set(control, {0}), kMixerNoError) << control;
-    EXPECT_THAT(Get(control, 2), IsEmpty()) << control;
-  }
-  const std::uint32_t volume = Control(kComponentSpeakers, kControlVolume);
-  EXPECT_NE(Set(volume, {}), kMixerNoError);
-  EXPECT_NE(Set(volume, {1, 2, 3}), kMixerNoError);
-  EXPECT_EQ(Master.Level(), StereoLevel{});
-  EXPECT_EQ(Wave.Level(), StereoLevel{});
-}
-
-TEST_F(DeskMixerTest, AClosedMixerAnswersNothing) {
-  const std::uint32_t volume = Control(kComponentWaveOut, kControlVolume);
-  Mixer->Close(Handle);
-  EXPECT_NE(Set(volume, {0}), kMixerNoError);
-  EXPECT_THAT(Get(volume, 2), IsEmpty());
-  EXPECT_FALSE(Mixer->GetDestination(Handle, 0));
-  EXPECT_FALSE(Mixer->GetLineOfType(Handle, kComponentWaveOut));
-  EXPECT_EQ(Wave.Level(), StereoLevel{});
-  EXPECT_EQ(Mixer->GetNumDevs(), 1u);
 }
 
 }  // namespace
