@@ -80,15 +80,6 @@ TEST(FileDialogBox, APointInANameThatIsSavedIsNoExtension) {
   EXPECT_EQ(folder.Typed(whole, folder.Save("lst")), "Vol. 3.lst");
 }
 
-TEST(FileDialogBox, AFileThatTheExtensionMakesOfANameIsTakenAfterAQuestion) {
-  TypingFolder folder;
-  folder.Make("Vol. 2.sch");
-  EXPECT_EQ(folder.Typed("Vol. 2", folder.Save("sch")),
-            "? Vol. 2.sch\nThe file already exists. Replace it?");
-  Answer(StandingQuestion(), "Replace");
-  EXPECT_EQ(folder.Chosen(), "Vol. 2.sch");
-}
-
 TEST(FileDialogBox, QuotesAroundANameThatIsSavedComeOff) {
   TypingFolder folder;
   EXPECT_EQ(folder.Typed("\"Vol. 2\"", folder.Save("lst")), "Vol. 2.lst");
@@ -193,24 +184,25 @@ TEST(FileDialogBox, AQuestionThatIsLeftReplacesNothing) {
   EXPECT_FALSE(folder.Result);
 }
 
-TEST(FileDialogBox, ANameInAnotherCaseIsThatOfTheFileThatExists) {
-  TypingFolder folder;
-  EXPECT_EQ(folder.Typed("A.SCH", folder.Save("sch")),
-            "? a.sch\nThe file already exists. Replace it?");
-  Answer(StandingQuestion(), "Replace");
-  EXPECT_EQ(folder.Chosen(), "a.sch");
-}
-
 /// "München", as a desk of code page 1252 wrote it.
 constexpr const char* kOldName = "M\xFCnchen.sch";
 
-TEST(FileDialogBox, ANameInACodePageIsTakenAfterAQuestion) {
-  TypingFolder folder;
-  folder.Make(kOldName);
-  EXPECT_EQ(folder.Typed("münchen", folder.Save("sch")),
-            "? München.sch\nThe file already exists. Replace it?");
-  Answer(StandingQuestion(), "Replace");
-  EXPECT_EQ(folder.Chosen(), "München.sch");
+TEST(FileDialogBox, ANameIsThatOfTheFileThatItFinds) {
+  struct Row {
+    const char* File;
+    const char* Typed;
+    std::string Found;
+  };
+  for (const Row& row : {Row{"Vol. 2.sch", "Vol. 2", "Vol. 2.sch"},   // by the extension
+                         Row{"a.sch", "A.SCH", "a.sch"},              // in another case
+                         Row{kOldName, "münchen", "München.sch"}}) {  // in a code page
+    TypingFolder folder;
+    folder.Make(row.File);
+    EXPECT_EQ(folder.Typed(row.Typed, folder.Save("sch")),
+              "? " + row.Found + "\nThe file already exists. Replace it?");
+    Answer(StandingQuestion(), "Replace");
+    EXPECT_EQ(folder.Chosen(), row.Found);
+  }
 }
 
 TEST(FileDialogBox, ANameInACodePageIsOpenedAsItIsTyped) {
@@ -277,7 +269,7 @@ TEST(FileDialogBox, TheListOfNamesInACodePageIsThatOfTheFolder) {
   EXPECT_FALSE(list.isVisible());
 }
 
-TEST(FileDialogBox, APlaceThatHasGoneIsToldOf) {
+TEST(FileDialogBox, APlaceThatHasGoneIsReported) {
   TypingFolder folder;
   ASSERT_TRUE(QDir(folder.Place.path()).mkdir("stick"));
   QFileDialog& box = folder.Type("stick", folder.Open());
