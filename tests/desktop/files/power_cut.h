@@ -20,7 +20,7 @@ class PowerCut {
   /// Call this after each system call that succeeded, with its path.
   void Done(const std::string& call, const std::string& path);
 
-  /// The whole texts that a reader of this name may find if the power fails now; nothing stands for
+  /// The whole texts that a reader of this name may find if the power fails now; none means
   /// an absent file.
   std::set<std::optional<std::string>> Texts(const std::string& name);
 

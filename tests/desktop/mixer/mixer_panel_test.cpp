@@ -169,7 +169,7 @@ TEST_F(MixerPanelTest, ItsMetersShowTheToneAtEachLevelAndSilenceAsDark) {
   });
 }
 
-TEST_F(MixerPanelTest, ItStandsReadyWithAStripForEachLineOfTheCard) {
+TEST_F(MixerPanelTest, ItIsReadyWithAStripForEachLineOfTheCard) {
   Functions->SetControlDetails(Access->MixerHandle, Access->Record(kWave).VolumeControlId,
                                {45535, 45535});
   Access->InitMixer();

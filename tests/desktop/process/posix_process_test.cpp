@@ -97,7 +97,7 @@ TEST(Process, AClaimEndsWithItsProcessObject) {
   EXPECT_FALSE(second.FindWindow(caption));
 }
 
-TEST(Process, CaptionsOfAnyLengthAndAlphabetAreToldApart) {
+TEST(Process, CaptionsOfAnyLengthAndAlphabetAreDistinguished) {
   PosixProcess claiming;
   PosixProcess looking;
   const std::string longCaption = OwnCaption(std::string(500, 'x'));

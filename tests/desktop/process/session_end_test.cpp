@@ -52,7 +52,7 @@ TEST_F(SessionEndTest, SignalsThatComeTogetherAreOneEndAndLaterOnesAreTakenToo) 
   EXPECT_TRUE(AwaitEnds(2));
 }
 
-TEST_F(SessionEndTest, ASignalComesThroughWaitsAndLoopsOfQtThatStandOnEachOther) {
+TEST_F(SessionEndTest, ASignalComesThroughNestedWaitsAndLoopsOfQt) {
   bool released = false;
   Loop.Post([&] { Loop.PumpUntil([&] { return released; }); });
   QEventLoop box;

@@ -24,7 +24,7 @@ TEST(MarkedBytes, AByteWithAnErrorIsDroppedWhateverItIs) {
   }
 }
 
-TEST(MarkedBytes, AZeroThatStandsAloneIsAByte) {
+TEST(MarkedBytes, AZeroOnItsOwnIsAByte) {
   MarkedBytes marks;
   EXPECT_EQ(marks.Take(Bytes({0x00, 0xFF, 0xFF, 0x00, 0x00})), Bytes({0x00, 0xFF, 0x00, 0x00}));
 }

@@ -28,7 +28,7 @@ double PlayedSeconds(const std::string& path) {
   return double(Play(converter).size()) / 2 / 44100;
 }
 
-double ToldSeconds(const std::string& path) {
+double ReportedSeconds(const std::string& path) {
   const auto decoder = OpenMp3(path);
   return decoder ? decoder->Seconds() : -1;
 }
@@ -40,7 +40,7 @@ std::string PictureTag(std::size_t bytes) {
   return tag + Noise(bytes, 7);
 }
 
-TEST(Mp3Decoder, TellsAndPlaysTheTrueLengthOfEveryKindOfFile) {
+TEST(Mp3Decoder, ReportsAndPlaysTheTrueLengthOfEveryKindOfFile) {
   MediaFiles files;
   // At the lowest bitrates lame has no room for the header that says how much silence it added.
   for (const char* options : {"-b 128", "-V 2", "-b 64 -m m", "-b 320 --resample 48", "--abr 100",
@@ -48,16 +48,16 @@ TEST(Mp3Decoder, TellsAndPlaysTheTrueLengthOfEveryKindOfFile) {
     const bool exact = std::string(options).find("--resample 48") != std::string::npos ||
                        std::string(options).find("--resample") == std::string::npos;
     const std::string song = files.Mp3("song.mp3", 3, 0.5, 44100, options);
-    EXPECT_NEAR(ToldSeconds(song), 3, exact ? 0.001 : 0.2) << options;
-    EXPECT_NEAR(PlayedSeconds(song), ToldSeconds(song), 0.001) << options;
+    EXPECT_NEAR(ReportedSeconds(song), 3, exact ? 0.001 : 0.2) << options;
+    EXPECT_NEAR(PlayedSeconds(song), ReportedSeconds(song), 0.001) << options;
   }
 }
 
 TEST(Mp3Decoder, WithoutALengthHeaderTheFileIsReadThrough) {
   MediaFiles files;
   const std::string song = files.Mp3("song.mp3", 20, 0.5, 44100, "-V 4 -t");
-  EXPECT_NEAR(ToldSeconds(song), PlayedSeconds(song), 0.001);
-  EXPECT_NEAR(ToldSeconds(song), 20, 0.1);
+  EXPECT_NEAR(ReportedSeconds(song), PlayedSeconds(song), 0.001);
+  EXPECT_NEAR(ReportedSeconds(song), 20, 0.1);
 }
 
 TEST(Mp3Decoder, ALengthHeaderThatLiesIsNotBelieved) {
@@ -70,7 +70,7 @@ TEST(Mp3Decoder, ALengthHeaderThatLiesIsNotBelieved) {
     std::string lie = bytes;
     lie.replace(tag + 8, 4, claim);
     files.Write("lie.mp3", lie);
-    EXPECT_NEAR(ToldSeconds(files.Path("lie.mp3")), 5, 0.1);
+    EXPECT_NEAR(ReportedSeconds(files.Path("lie.mp3")), 5, 0.1);
     EXPECT_NEAR(PlayedSeconds(files.Path("lie.mp3")), 5, 0.1);
   }
 }
@@ -92,10 +92,10 @@ TEST(Mp3Decoder, AJoinedFileWhoseHeaderCountsNoBytesIsReadThrough) {
     const std::string second =
         WithoutByteCount(MediaFiles::Read(files.Mp3("second.mp3", 3, 0.5, rate)));
     const std::string joined = files.Write("joined.mp3", first + second);
-    EXPECT_NEAR(ToldSeconds(joined), 8, 0.2) << rate;
+    EXPECT_NEAR(ReportedSeconds(joined), 8, 0.2) << rate;
     EXPECT_NEAR(PlayedSeconds(joined), 8, 0.2) << rate;
   }
-  EXPECT_NEAR(ToldSeconds(files.Write("alone.mp3", first)), 5, 0.1);
+  EXPECT_NEAR(ReportedSeconds(files.Write("alone.mp3", first)), 5, 0.1);
   EXPECT_NEAR(PlayedSeconds(files.Path("alone.mp3")), 5, 0.1);
 }
 
@@ -117,7 +117,7 @@ TEST(Mp3Decoder, PlaysOnBehindJunkInMidFile) {
   }
   const std::string joined = files.Write("joined.mp3", bytes + second);
   EXPECT_NEAR(PlayedSeconds(joined), 8, 0.2);
-  EXPECT_NEAR(ToldSeconds(joined), 8, 0.2);
+  EXPECT_NEAR(ReportedSeconds(joined), 8, 0.2);
 }
 
 /// Waves of the left channel, and how many of them are not `frames` frames long, within 3 %.
@@ -201,7 +201,7 @@ TEST(Mp3Decoder, ACutFilePlaysAsFarAsItGoes) {
   const std::string bytes = MediaFiles::Read(files.Mp3("song.mp3", 4));
   const std::string cut = files.Write("cut.mp3", bytes.substr(0, bytes.size() / 2 + 77));
   EXPECT_NEAR(PlayedSeconds(cut), 2, 0.2);
-  EXPECT_NEAR(ToldSeconds(cut), 2, 0.2);
+  EXPECT_NEAR(ReportedSeconds(cut), 2, 0.2);
 }
 
 TEST(Mp3Decoder, RefusesWhatIsNoMp3) {

@@ -17,7 +17,7 @@ TEST(SoundLine, StartsFullAndCutsLevelsToItsRange) {
   EXPECT_FALSE(line.Muted());
 }
 
-TEST(SoundLine, TellsEveryChange) {
+TEST(SoundLine, ReportsEveryChange) {
   SoundLine line;
   int changes = 0;
   line.OnChange = [&] { ++changes; };

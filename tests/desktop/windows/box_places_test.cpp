@@ -38,7 +38,7 @@ struct CallDesk : PaintedWindows {
     return nullptr;
   }
 
-  void Tell(const std::string& text) { Boxes.LeaveMsgBox(text, BoxIcon::Critical, "Error"); }
+  void Report(const std::string& text) { Boxes.LeaveMsgBox(text, BoxIcon::Critical, "Error"); }
 
   int Presses = 0;
   int Releases = 0;
@@ -53,7 +53,7 @@ struct CallDesk : PaintedWindows {
 
 TEST(BoxPlaces, ANoticeOverTheMainWindowBarsNothing) {
   CallDesk desk;
-  desk.Tell("No paper");
+  desk.Report("No paper");
   QMessageBox* const box = desk.Box();
   ASSERT_TRUE(box);
   EXPECT_EQ(box->windowModality(), Qt::NonModal);
@@ -68,11 +68,11 @@ TEST(BoxPlaces, ANoticeOverTheMainWindowBarsNothing) {
 
 TEST(BoxPlaces, ANoticeOnANoticeBarsNothingEitherAndOutlivesIt) {
   CallDesk desk;
-  desk.Tell("one");
+  desk.Report("one");
   QMessageBox* const first = desk.Box();
   first->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(first));
-  desk.Tell("two");
+  desk.Report("two");
   first->accept();
   desk.Settle();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -87,12 +87,12 @@ TEST(BoxPlaces, ANoticeInACallOpensAfterItAndDoesNotEndIt) {
   CallDesk desk;
   desk.Press();
   ASSERT_EQ(desk.Presses, 1);
-  desk.Tell("No paper");
+  desk.Report("No paper");
   QTest::qWait(200);
   desk.Settle();
   EXPECT_EQ(desk.Releases, 0);
   EXPECT_FALSE(desk.Box());
-  desk.Tell("No paper");  // waits already
+  desk.Report("No paper");  // waits already
   desk.Release();
   EXPECT_EQ(desk.Releases, 1);
   EXPECT_TRUE(QTest::qWaitFor([&] { return desk.Box() != nullptr; }));
@@ -136,7 +136,7 @@ TEST(BoxPlaces, TheQuestionOfAnEditorsSaveDialogBarsTheEditorAlone) {
   EXPECT_EQ(desk.Presses, 1);
   desk.Release();
   EXPECT_EQ(desk.Releases, 1);
-  desk.Tell("No paper");
+  desk.Report("No paper");
   EXPECT_EQ(Standing<QMessageBox>().size(), 2);
   for (QMessageBox* box : Standing<QMessageBox>()) {
     if (box == question) continue;
@@ -183,7 +183,7 @@ TEST(BoxPlaces, ABoxOfAnEditorBarsTheEditorAlone) {
   desk.Settle();
   desk.Screen.Playlist().activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&desk.Screen.Playlist()));
-  desk.Tell("No name");
+  desk.Report("No name");
   ASSERT_TRUE(desk.Box());
   EXPECT_EQ(desk.Box()->parentWidget(), &desk.Screen.Playlist());
   EXPECT_EQ(desk.Box()->windowModality(), Qt::WindowModal);

@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(Refusals, EditorsOnDisk, testing::ValuesIn(kRefusals),
                            return name;
                          });
 
-TEST_P(EditorsOnDisk, ASequenceThatCannotBeWrittenIsToldOfAndCanBeSavedLater) {
+TEST_P(EditorsOnDisk, ASequenceThatCannotBeWrittenIsReportedAndCanBeSavedLater) {
   Shop.Choose(Shop.Screen.Main(), "mnuSchedule");
   QWidget& window = Shop.Screen.ScheduleEditor();
   Schedule.AvailWavs.SetListIndex(0);
@@ -119,7 +119,7 @@ TEST_P(EditorsOnDisk, ASequenceThatCannotBeWrittenIsToldOfAndCanBeSavedLater) {
             "Weekday(s)=1000000\r\nZone(s)=020000\r\nTimer=Exact\r\n");
 }
 
-TEST_P(EditorsOnDisk, APlaylistThatCannotBeWrittenIsToldOfAndCanBeSavedLater) {
+TEST_P(EditorsOnDisk, APlaylistThatCannotBeWrittenIsReportedAndCanBeSavedLater) {
   Shop.Choose(Shop.Screen.Main(), "mnuPlaylist");
   QWidget& window = Shop.Screen.Playlist();
   Shop.PressKey(Shop.Find<QPushButton>(window, "cmdSelectAll"), Qt::Key_Space);

@@ -140,8 +140,8 @@ TEST(Hand, TheSameKeyWorksAgainWhileItsFirstClickStillWaits) {
 TEST(Hand, AFailureInAnEventGoesToTheLoopAndTheWidgetShowsWhatHolds) {
   PaintedWindows windows;
   windows.ShowMain();
-  std::string told;
-  windows.Loop.OnFailure = [&](const RuntimeFailure& failure) { told = failure.what(); };
+  std::string reported;
+  windows.Loop.OnFailure = [&](const RuntimeFailure& failure) { reported = failure.what(); };
   ToggleButton& zone = windows.Forms.frmMain.cmdMusicZones[0];
   zone.OnChange = [&] {
     if (!zone.Value) return;
@@ -151,7 +151,7 @@ TEST(Hand, AFailureInAnEventGoesToTheLoopAndTheWidgetShowsWhatHolds) {
   auto& key = windows.Find<QPushButton>("cmdMusicZones_0");
   Mouse(key).Click();
   windows.Settle();
-  EXPECT_EQ(told, "no such zone");
+  EXPECT_EQ(reported, "no such zone");
   EXPECT_FALSE(key.isChecked());
 }
 
@@ -212,7 +212,7 @@ class HandOnCallKey : public testing::TestWithParam<const char*> {
 INSTANTIATE_TEST_SUITE_P(BothKeys, HandOnCallKey, testing::Values("cmdCall", "cmdCall2"),
                          [](const auto& key) { return std::string(key.param); });
 
-TEST_P(HandOnCallKey, APressAndItsReleaseAreTold) {
+TEST_P(HandOnCallKey, APressAndItsReleaseArePassedOn) {
   Mouse mouse(Key());
   mouse.Press();
   Shown.Settle();
@@ -232,7 +232,7 @@ TEST_P(HandOnCallKey, AFingerHoldsItUntilItIsLifted) {
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AReleaseOutsideTheKeyIsToldToo) {
+TEST_P(HandOnCallKey, AReleaseOutsideTheKeyIsPassedOnToo) {
   Mouse mouse(Key());
   mouse.Press();
   mouse.Move({-50, -50});
@@ -243,7 +243,7 @@ TEST_P(HandOnCallKey, AReleaseOutsideTheKeyIsToldToo) {
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AFingerThatIsLiftedOutsideTheKeyIsToldToo) {
+TEST_P(HandOnCallKey, AFingerThatIsLiftedOutsideTheKeyIsPassedOnToo) {
   Finger finger(Key());
   finger.Press();
   finger.Move({-50, -50});
@@ -337,7 +337,7 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsWindowCloses) {
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AKeyIsReleasedWhereverACancelledTouchIsTold) {
+TEST_P(HandOnCallKey, AKeyIsReleasedWhereverACancelledTouchIsReported) {
   QObject& other = Shown.Find<QPushButton>("cmdPlay");
   for (QObject* receiver :
        std::initializer_list<QObject*>{&Key(), &Window(), &other, qApp, Window().windowHandle()}) {
@@ -377,7 +377,7 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenABoxBlocksItsWindow) {
       "box", [&box] { box.show(); }, [&box] { box.hide(); });
 }
 
-TEST_P(HandOnCallKey, AReleaseDuringTheWaitOfItsOwnPressIsToldInsideThatWait) {
+TEST_P(HandOnCallKey, AReleaseInTheWaitOfItsOwnPressIsPassedOnInsideThatWait) {
   Mouse mouse(Key());
   bool up = false;
   Call().OnMouseUp = [&](MouseButton) {

@@ -13,14 +13,14 @@ namespace {
 struct Playlist {
   explicit Playlist(int songs) {
     for (int song = 0; song < songs; ++song) List.AddItem("s" + std::to_string(song));
-    List.OnMouseDown = [this](MouseButton) { Tell("down"); };
-    List.OnMouseMove = [this] { Tell("move"); };
-    List.OnMouseUp = [this] { Tell("up"); };
-    List.OnDblClick = [this] { Tell("double"); };
+    List.OnMouseDown = [this](MouseButton) { Note("down"); };
+    List.OnMouseMove = [this] { Note("move"); };
+    List.OnMouseUp = [this] { Note("up"); };
+    List.OnDblClick = [this] { Note("double"); };
     Shown.ShowMain();
   }
 
-  void Tell(const std::string& what) {
+  void Note(const std::string& what) {
     Heard += what + " " + std::to_string(List.ListIndex()) + ", ";
   }
   QPoint At(int row) { return View.visualRect(View.model()->index(row, 0)).center(); }
@@ -42,7 +42,7 @@ TEST(ListBinding, APressSelectsItsEntryFirst) {
 
 TEST(ListBinding, AClickOnTheSelectedEntryIsAClickToo) {
   Playlist songs(5);
-  songs.List.OnClick = [&] { songs.Tell("click"); };
+  songs.List.OnClick = [&] { songs.Note("click"); };
   Mouse(*songs.View.viewport()).Click(songs.At(2));
   Mouse(*songs.View.viewport()).Click(songs.At(2));
   songs.Shown.Settle();
@@ -105,7 +105,7 @@ TEST(ListBinding, MovingWithoutAKeyOrWithTheRightOneSelectsNothing) {
 struct ActingList : Playlist {
   explicit ActingList(int songs = 5) : Playlist(songs) {
     List.ClickActs = true;
-    List.OnClick = [this] { Tell("click"); };
+    List.OnClick = [this] { Note("click"); };
     List.OnMouseDown = nullptr;
     List.OnMouseMove = nullptr;
     List.OnMouseUp = nullptr;
@@ -304,7 +304,7 @@ TEST(ListBinding, TheSystemLeadsOnFromWhereTheArrowsHaveLed) {
   EXPECT_FALSE(songs.View.currentIndex().isValid());
 }
 
-TEST(ListBinding, DeleteIsToldAndArrowsMoveTheSelection) {
+TEST(ListBinding, DeleteIsPassedOnAndArrowsMoveTheSelection) {
   Playlist songs(5);
   int code = 0;
   songs.List.OnKeyDown = [&](int key) { code = key; };
@@ -346,11 +346,11 @@ TEST(ListBinding, AnInstantsSelectionFurtherDownShowsTheComingEntries) {
   }
 }
 
-TEST(ListBinding, TellsThatItGotTheFocus) {
+TEST(ListBinding, ReportsThatItGotTheFocus) {
   Playlist songs(3);
   songs.View.clearFocus();
   songs.Shown.Settle();
-  songs.List.OnGotFocus = [&] { songs.Tell("focus"); };
+  songs.List.OnGotFocus = [&] { songs.Note("focus"); };
   songs.View.setFocus();
   songs.Shown.Settle();
   EXPECT_EQ(songs.Heard, "focus -1, ");
@@ -418,7 +418,7 @@ TEST(ListBinding, WhereTheLastEntryIsRemovedTheArrowsGoOnFromTheOneBeforeIt) {
   EXPECT_EQ(songs.List.ListIndex(), 1);
 }
 
-TEST(ListBinding, AListThatIsFilledAnewBeginsAtItsTop) {
+TEST(ListBinding, AListThatIsFilledAgainBeginsAtItsTop) {
   Playlist songs(60);
   songs.List.SetListIndex(40);
   songs.Shown.Settle();

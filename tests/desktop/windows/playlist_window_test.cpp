@@ -78,7 +78,7 @@ TEST(PlaylistWindow, KeysChoicesDaysAndMenusReachTheirControls) {
   EXPECT_EQ(windows.TheFrmPlaylist.chkDays[6].Value, 1);
 }
 
-TEST(PlaylistWindow, EachDaysBoxStandsUnderItsLetter) {
+TEST(PlaylistWindow, EachDaysBoxIsUnderItsLetter) {
   PlaylistPlace windows;
   windows.Screen.Playlist().resize(1100, 760);
   windows.Settle();
@@ -116,7 +116,7 @@ TEST(PlaylistWindow, NothingMovesWhenTheTimesComeAndGo) {
   EXPECT_EQ(windows.Screen.Playlist().size(), size);
 }
 
-TEST(PlaylistWindow, ItStandsBesideTheMainWindowAndBlocksNothing) {
+TEST(PlaylistWindow, ItOpensBesideTheMainWindowAndBlocksNothing) {
   PlaylistPlace windows;
   windows.ShowMain();
   EXPECT_EQ(windows.Screen.Playlist().windowModality(), Qt::NonModal);

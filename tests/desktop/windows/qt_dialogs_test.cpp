@@ -38,7 +38,7 @@ TEST(QtDialogs, TimersGoOnUnderABox) {
   EXPECT_GE(ticks, 3);
 }
 
-TEST(QtDialogs, ABoxThatIsLeftStandsUntilItIsAnsweredAndHoldsNobodyUp) {
+TEST(QtDialogs, ABoxThatIsLeftStaysUntilItIsAnsweredAndHoldsNobodyUp) {
   QtEventLoop loop;
   EnglishBoxes dialogs(loop);
   dialogs.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
@@ -54,7 +54,7 @@ TEST(QtDialogs, ABoxThatIsLeftStandsUntilItIsAnsweredAndHoldsNobodyUp) {
   Standing<QMessageBox>().front()->close();
 }
 
-TEST(QtDialogs, AnotherBoxMayStandOnTheFirst) {
+TEST(QtDialogs, AnotherBoxMayOpenOverTheFirst) {
   QtEventLoop loop;
   EnglishBoxes dialogs(loop);
   std::string story;
@@ -73,7 +73,7 @@ TEST(QtDialogs, AnotherBoxMayStandOnTheFirst) {
   EXPECT_EQ(story + "one", "two, one");
 }
 
-TEST(QtDialogs, OnlyOneFileDialogStandsAtATime) {
+TEST(QtDialogs, OnlyOneFileDialogIsOpenAtATime) {
   Folder folder;
   QtEventLoop loop;
   EnglishBoxes dialogs(loop);
@@ -114,7 +114,7 @@ TEST(QtDialogs, BoxesShowTheirTextsWhole) {
   Chosen(loop, dialogs, folder.Asked(true));
 }
 
-TEST(QtDialogs, ANoticeThatStandsBarsNoCallKey) {
+TEST(QtDialogs, AnOpenNoticeBarsNoCallKey) {
   CallPlace desk;
   desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
   desk.Settle();

@@ -14,7 +14,7 @@ std::string NameOf(QWidget& window, const char* widget) {
   return spoken ? spoken->text(QAccessible::Name).toStdString() : "(none)";
 }
 
-TEST(ReaderNames, AKeyOfAZoneIsToldByItsRowAndItsZone) {
+TEST(ReaderNames, AKeyOfAZoneIsNamedByItsRowAndItsZone) {
   PaintedWindows windows;
   windows.Forms.frmMain.Load();
   Texts().Fill(windows.Forms);
@@ -28,7 +28,7 @@ TEST(ReaderNames, AKeyOfAZoneIsToldByItsRowAndItsZone) {
   EXPECT_EQ(windows.Find<QWidget>("grdSchedule").accessibleName(), "Message time schedule today");
 }
 
-TEST(ReaderNames, FieldsListsSlidersAndDaysAreToldByTheirLabelsOrFrames) {
+TEST(ReaderNames, FieldsListsSlidersAndDaysAreNamedByTheirLabelsOrFrames) {
   PaintedWindows windows;
   windows.Forms.TheWavWindow.Load();
   windows.Forms.frmPlaylist.Load();
@@ -50,7 +50,7 @@ TEST(ReaderNames, FieldsListsSlidersAndDaysAreToldByTheirLabelsOrFrames) {
   EXPECT_EQ(NameOf(windows.Screen.Settings(), "slMusicVolume"), "Music");
 }
 
-TEST(ReaderNames, ABoxThatOpensIsToldByItsEntryAndDescribedByItsLabel) {
+TEST(ReaderNames, ABoxThatOpensIsNamedByItsEntryAndDescribedByItsLabel) {
   PaintedWindows windows;
   windows.Forms.frmPlaylist.Load();
   Texts().Fill(windows.Forms);
@@ -66,7 +66,7 @@ TEST(ReaderNames, ABoxThatOpensIsToldByItsEntryAndDescribedByItsLabel) {
   EXPECT_EQ(spoken.text(QAccessible::Description), "Stops at: 2/2");
 }
 
-TEST(ReaderNames, WhatSharesItsWordsIsToldByWhatStandsAroundItOrByItsPlace) {
+TEST(ReaderNames, WhatSharesItsWordsIsNamedByWhatIsAroundItOrByItsPlace) {
   PaintedWindows windows;
   windows.Forms.frmSettings.Load();
   Texts().Fill(windows.Forms);

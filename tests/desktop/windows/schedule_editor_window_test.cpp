@@ -91,7 +91,7 @@ TEST(ScheduleEditorWindow, FitsASmallScreen) {
   EXPECT_LE(need.height(), 728);
 }
 
-TEST(ScheduleEditorWindow, EachWeekdayStandsOverItsBox) {
+TEST(ScheduleEditorWindow, EachWeekdayIsOverItsBox) {
   EditorPlace windows;
   auto& header = windows.Part<WeekdayHeader>("lblWeekdays");
   for (int day = 0; day < kWeekdays; ++day) {

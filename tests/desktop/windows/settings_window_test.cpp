@@ -98,7 +98,7 @@ TEST(SettingsWindow, EachGroupOfChoicesKeepsItsOwn) {
   EXPECT_TRUE(windows.Part<QRadioButton>("optSlow").isChecked());
 }
 
-TEST(SettingsWindow, TheChimesAndTheWordAboutTheMicrophoneStandOnOnePlace) {
+TEST(SettingsWindow, TheChimesAndTheNoteAboutTheMicrophoneShareOnePlace) {
   SettingsPlace windows;
   windows.Settings.frSound.Visible = false;
   windows.Settle();
@@ -267,7 +267,7 @@ TEST(PickerWindow, TheBoxOfDrivesShowsThemAndTakesAChoice) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST(PickerWindow, APickerStandsBeforeTheSettingsAndLeavesTheMainWindowFree) {
+TEST(PickerWindow, APickerOpensOverTheSettingsAndLeavesTheMainWindowFree) {
   PickerPlace windows;
   windows.ShowMain();
   EXPECT_EQ(windows.Screen.DirSel().windowModality(), Qt::WindowModal);

@@ -26,7 +26,7 @@ class Theme : public ::testing::TestWithParam<Scheme> {
   }
 };
 
-TEST_P(Theme, ItsTextsCanBeReadOnEveryGroundThatTheyStandOn) {
+TEST_P(Theme, ItsTextsCanBeReadOnEveryGroundThatTheyHave) {
   for (const char* ground : {"face", "card", "tile"}) {
     for (const char* text : {"text", "muted", "strong"}) ExpectContrast(text, ground, kReadable);
   }
