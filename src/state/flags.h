@@ -48,8 +48,8 @@ struct Flags {
 
   // The fade.
 
-  /// A fade is in progress. Set and cleared by the fades, which a takeover stops, and the end of a
-  /// preview that is being faded; read by the waits of the fades, by the release of a call and by
+  /// A fade is in progress. Set and cleared by the fades; a takeover stops one, and so does the end
+  /// of the preview that it fades. Read by the waits of the fades, by the release of a call and by
   /// previews.
   bool FadeRunning = false;
 
