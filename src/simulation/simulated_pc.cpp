@@ -42,6 +42,7 @@ marlex::Pc SimulatedPc::Ports(ProfileFiles& profiles, Directories& files) {
 void SimulatedPc::Restart() {
   Loop.Restart();
   Loop.AfterEvent = nullptr;
+  Loop.AfterTurn = nullptr;
   Serial.Reset();
   Wav.Reset();
   WavControl.Reset();

@@ -72,6 +72,7 @@ bool VirtualLoop::RunUntil(const std::function<bool()>& condition, std::int64_t 
   if (!Gone) HandOver();
   const bool holds = condition();
   if (!holds) Ms = std::max(Ms, DeadlineMs);
+  if (AfterTurn) AfterTurn();
   return holds;
 }
 

@@ -87,6 +87,10 @@ class VirtualLoop : public EventLoop {
   /// Called on the system's thread after every event, including nested ones: for invariants.
   std::function<void()> AfterEvent;
 
+  /// Called on the test's thread each time it has its turn again: for what follows the system's
+  /// state, and must not run on the system's thread.
+  std::function<void()> AfterTurn;
+
  private:
   enum class Side { Test, System };
 

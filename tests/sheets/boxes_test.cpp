@@ -17,12 +17,12 @@ using Box = SimulatedDialogs::MessageBox;
 
 constexpr const char* kGone = "/home/operator/Music/Background/Autumn and winter/Quiet evenings/";
 
-void LoseTheDirectories(ShownDesk& desk) {
+void LoseTheDirectories(Desk& desk) {
   desk.Do([&desk] { desk.Values().MusicDirectory = desk.Values().MessageDirectory = kGone; });
   for (const char* control : {"cmdPlay", "mnuPlaylist", "mnuSchedule"}) desk.Click(control);
 }
 
-void EmptyTheSettings(ShownDesk& desk) {
+void EmptyTheSettings(Desk& desk) {
   desk.Click("mnuSettings");
   FrmSettings& settings = desk.Sys->TheWindows.frmSettings;
   for (Label* directory : {&settings.lblMsgDir_Name, &settings.lblBGDir_Name}) {
@@ -32,7 +32,7 @@ void EmptyTheSettings(ShownDesk& desk) {
 }
 
 /// Saves what is in the schedule editor, one fault after the other.
-void MistakeTheTimes(ShownDesk& desk) {
+void MistakeTheTimes(Desk& desk) {
   desk.Click("mnuSchedule");
   WavWindow& editor = desk.Sys->TheWindows.TheWavWindow;
   const auto save = [&](const char* hours, const char* minutes) {
@@ -58,7 +58,7 @@ void MistakeTheTimes(ShownDesk& desk) {
 }
 
 /// The same in the playlist editor.
-void MistakeThePlaylist(ShownDesk& desk) {
+void MistakeThePlaylist(Desk& desk) {
   desk.Click("mnuPlaylist");
   FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
   const auto save = [&] {
@@ -83,10 +83,8 @@ void MistakeThePlaylist(ShownDesk& desk) {
 /// The boxes that the system shows when `provoke` is done after its start, or when a fault occurred
 /// before it.
 void Listen(const DeskOptions& options, const std::function<void(SimulatedPc&)>& fault,
-            const std::function<void(ShownDesk&)>& provoke, std::vector<Box>& heard) {
-  ShownDesk desk(options);
-  if (fault) fault(desk.Pc);
-  desk.ReachMainWindow();
+            const std::function<void(Desk&)>& provoke, std::vector<Box>& heard) {
+  Desk desk(options, fault);
   if (provoke) provoke(desk);
   for (const Box& box : desk.Pc.Dialogs.Boxes) heard.push_back(box);
 }
@@ -99,7 +97,7 @@ std::vector<Box> AllThatIsTold(const char* language) {
        {LoseTheDirectories, EmptyTheSettings, MistakeTheTimes, MistakeThePlaylist})
     Listen(shop, nullptr, provoke, told);
   Listen(
-      shop, nullptr, [](ShownDesk& desk) { desk.Click("mnuAdresses"); }, told);
+      shop, nullptr, [](Desk& desk) { desk.Click("mnuAdresses"); }, told);
   Listen(
       shop, [](SimulatedPc& pc) { pc.Mixer.Devices.clear(); }, nullptr, told);
   shop.AllDays = true;
@@ -155,7 +153,7 @@ TEST(Boxes, AskAboutFilesWholeInEveryLanguage) {
     Sheet sheet;
     DeskOptions shop = Shop();
     shop.Language = language.Name;
-    dialogs.FileTexts = ShownDesk(shop).Pc.Dialogs.FileTexts;
+    dialogs.FileTexts = Desk(shop).Pc.Dialogs.FileTexts;
     for (const bool saves : {false, true}) {
       dialogs.LeaveOpen({"Schedules (*.sch)|*.sch", "sch", "/", false, saves},
                         [](const std::string&) {});

@@ -18,7 +18,7 @@ TEST(Place, ATableThatIsRebuiltBeginsWhereTheSystemHasIt) {
   EXPECT_EQ(FirstRow(window), desk.Main().grdSchedule.TopRow());
   FrmMain& main = desk.Main();
   for (const Menu* menu : {&main.mnuAllDays, &main.mnuScheduleName, &main.mnuCurrentDay}) {
-    desk.Pc.Loop.Post([menu] { menu->OnClick(); });
+    desk.Do([menu] { menu->OnClick(); });
     desk.Settle();
     EXPECT_EQ(main.grdSchedule.TopRow(), 1) << menu->Name;
     EXPECT_EQ(FirstRow(window), 1) << menu->Name;

@@ -80,18 +80,19 @@ DeskOptions Wordy() {
   return shop;
 }
 
-QWidget& MainOf(ShownDesk& desk) {
-  QWidget& window = desk.Screen().Main();
-  window.resize(kSmallScreen);
-  desk.Settle();
-  return window;
-}
+QWidget& MainOf(ShownDesk& desk) { return desk.Screen().Main(); }
 
 /// Opens the main window with the music playing.
 void Open(ShownDesk& desk) {
   desk.ReachMainWindow();
   if (desk.Enabled("cmdPlay")) desk.Click("cmdPlay");
   desk.Advance(42'000);
+}
+
+QWidget& BeforeTheMusic(ShownDesk& desk) {
+  desk.ReachMainWindow();
+  desk.Advance(1000);
+  return MainOf(desk);
 }
 
 QWidget& AtRest(ShownDesk& desk) {
@@ -163,7 +164,7 @@ QWidget& AfterACallThatTheAmplifierCutOff(ShownDesk& desk) {
 
 QWidget& OnALargeScreen(ShownDesk& desk) {
   QWidget& window = AtRest(desk);
-  window.resize(1920, 1080);
+  window.resize(kLargeScreen);
   desk.Settle();
   return window;
 }
@@ -273,6 +274,14 @@ QWidget& EditorOfLongSongs(ShownDesk& desk) {
   return desk.Screen().Playlist();
 }
 
+/// The splash stays while the operator reads why the program cannot go on.
+QWidget& EndOfSplash(ShownDesk& desk) {
+  desk.Pc.Mixer.Devices.clear();
+  desk.Pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
+  desk.Advance(2500);
+  return desk.Screen().Logo();
+}
+
 QWidget& AboutBox(ShownDesk& desk) {
   desk.ReachMainWindow();
   desk.Click("mnuAboutbox");
@@ -302,6 +311,8 @@ std::vector<Scene> MainScenes() {
   const auto router = Shop();
   return {
       {"main_music", router, AtRest},
+      {"main_idle", With([](DeskOptions& shop) { shop.StartTime = shop.StopTime = ""; }),
+       BeforeTheMusic},
       {"main_message", router, InAMessage},
       {"main_call", router, [](ShownDesk& desk) -> QWidget& { return InACall(desk, "cmdCall"); }},
       {"main_chime", With([](DeskOptions& shop) { shop.PreChime = "three_tones"; }),
@@ -361,6 +372,7 @@ std::vector<Scene> OtherScenes() {
       {"playlist_editor_long_names", Wordy(), EditorOfLongSongs},
       {"playlist_editor_times", Shop(), PlaylistWithTimes},
       {"splash", Shop(), [](ShownDesk& desk) -> QWidget& { return desk.Screen().Logo(); }},
+      {"splash_end", Shop(), EndOfSplash},
       {"about", Shop(), AboutBox},
   };
 }

@@ -9,8 +9,6 @@
 
 namespace marlex {
 
-inline constexpr QSize kSmallScreen(1024, 700);  // 1024 x 768 without the desktop's own bars
-
 /// One state of one window, which the operator may come to see.
 struct Scene {
   std::string Name;  // of the picture

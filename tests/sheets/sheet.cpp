@@ -12,12 +12,24 @@ constexpr int kGap = 12;
 constexpr int kCaptionHeight = 22;
 constexpr int kThumbnailWidth = 560;
 
+/// Path of a file of the sheets of this density, whose folder exists.
+QString PathOf(const QString& name) {
+  const int percent = qRound(100 * qApp->devicePixelRatio());
+  const QFileInfo file(QString(MARLEX_BINARY_DIR "/sheets/%1/%2").arg(percent).arg(name));
+  EXPECT_TRUE(QDir().mkpath(file.path()));
+  return file.filePath();
+}
+
 }  // namespace
 
 void Keep(const QImage& picture, const QString& name) {
-  const int percent = qRound(100 * qApp->devicePixelRatio());
-  const QFileInfo file(QString(MARLEX_BINARY_DIR "/sheets/%1/%2.png").arg(percent).arg(name));
-  EXPECT_TRUE(QDir().mkpath(file.path()) && picture.save(file.filePath())) << name.toStdString();
+  EXPECT_TRUE(picture.save(PathOf(name + ".png"))) << name.toStdString();
+}
+
+void Keep(const QString& text, const QString& name) {
+  QFile file(PathOf(name + ".txt"));
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0)
+      << name.toStdString();
 }
 
 void Sheet::Add(const QString& caption, const QPixmap& picture) {

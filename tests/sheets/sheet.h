@@ -8,6 +8,9 @@ namespace marlex {
 /// without the extension.
 void Keep(const QImage& picture, const QString& name);
 
+/// The same for a text, in a file beside the picture.
+void Keep(const QString& text, const QString& name);
+
 /// Pictures side by side, each above its caption.
 class Sheet {
  public:

@@ -4,6 +4,7 @@
 #include "desktop/windows/theme_colors.h"
 #include "i18n/languages.h"
 #include "screen/measure.h"
+#include "screen/parts.h"
 #include "sheets/content.h"
 #include "sheets/scenes.h"
 #include "sheets/sheet.h"
@@ -37,8 +38,12 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
     EXPECT_TRUE(window.isVisible());
     ExpectContentShown(FormOf(desk, window), window);
   }
+  if (window.objectName() == "frmMain") {
+    EXPECT_EQ(window.size(), scene.Name == "main_large" ? kLargeScreen : kSmallScreen);
+  }
   const QPixmap picture = window.grab();
   Keep(picture.toImage(), name + "/" + language);
+  Keep(PartsOf(window), name + "/" + language);
   return picture;
 }
 
@@ -98,7 +103,7 @@ TEST(Sheets, ACallOfTheAmplifierIsToldWholeInLettersForThosePassingBy) {
 }
 
 /// The only window that is shown before a language is chosen.
-TEST(Sheets, TheLanguageDialogIsWhole) {
+void AddLanguageDialog(const char* caption, Sheet& sheet) {
   DeskOptions options;
   options.Language = "";
   ShownDesk desk(options);
@@ -106,7 +111,16 @@ TEST(Sheets, TheLanguageDialogIsWhole) {
   ASSERT_TRUE(window.isVisible());
   ExpectNothingClipped(window);
   ExpectContentShown(FormOf(desk, window), window);
-  Keep(window.grab().toImage(), "languages");
+  sheet.Add(caption, window.grab());
+}
+
+TEST(Sheets, TheLanguageDialogIsWholeInLightAndDark) {
+  Sheet sheet;
+  AddLanguageDialog("light", sheet);
+  QApplication::setPalette(PaletteOf(Scheme::Dark));
+  AddLanguageDialog("dark", sheet);
+  QApplication::setPalette(PaletteOf(Scheme::Light));
+  sheet.Save("languages");
 }
 
 }  // namespace

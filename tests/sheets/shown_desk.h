@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QtWidgets>
 
 #include "desk/desk.h"
@@ -7,42 +9,53 @@
 
 namespace marlex {
 
-/// The application on a simulated PC, whose windows are shown on the screen on request. Everything
-/// that the operator does comes before: the simulated PC runs the system on its own thread, where
-/// no widget may be used.
+inline constexpr QSize kSmallScreen(1024, 700);  // 1024 x 768 without the desktop's own bars
+inline constexpr QSize kLargeScreen(1920, 1080);
+
+/// The application on a simulated PC, with its windows on the screen. As in the program, they exist
+/// before the system starts, and follow it from then on. The simulated PC runs the system on its
+/// own thread, where no widget may be used: so the windows have a loop of their own, and paint
+/// whenever the system has stopped, after each thing that the operator does.
 class ShownDesk : public Desk {
  public:
   explicit ShownDesk(const DeskOptions& options) : Desk(options, NameZones, false) {
-    Pc.Loop.Do([this] { Sys->Start(); });
+    Painting.OnFailure = [](const RuntimeFailure& failure) { ADD_FAILURE() << failure.what(); };
+    Pc.Loop.AfterTurn = [this] { Follow(); };
+    Do([this] { Sys->Start(); });
   }
 
-  /// Lets the splash pass.
-  void ReachMainWindow() { Advance(2500); }
+  /// Lets the splash pass, and gives the main window the size of a small screen, which it then
+  /// keeps.
+  void ReachMainWindow() {
+    Advance(2500);
+    Shown.Main().resize(kSmallScreen);
+    Settle();
+  }
 
   Views& Screen() {
-    if (!Shown)
-      Shown = std::make_unique<Views>(Sys->TheWindows, Pc.Loop,
-                                      [this] { return Sys->ThePasserby.Look(); });
     Settle();
-    return *Shown;
+    return Shown;
   }
 
-  /// Delivers the pending events of both sides, on the thread of the windows.
+  /// Delivers what the windows have queued for the system, and paints again.
   void Settle() {
-    for (int round = 0; round < 3; ++round) {
-      Pc.Loop.Pump();
-      QApplication::processEvents();
-    }
+    for (int round = 0; round < 3; ++round) Advance(0);
   }
 
  private:
+  void Follow() {
+    Painting.Pump();
+    QApplication::processEvents();
+  }
+
   static void NameZones(SimulatedPc& pc) {
     int zone = 0;
     for (const char* name : {"Entrance", "Hall A", "Hall B", "Canteen", "Workshop", "Car park"})
       pc.Profiles.WriteString("Zone names", "Zone:" + std::to_string(++zone), name, kIni);
   }
 
-  std::unique_ptr<Views> Shown;
+  VirtualLoop Painting;
+  Views Shown{Sys->TheWindows, Painting, [this] { return Sys->ThePasserby.Look(); }};
 };
 
 }  // namespace marlex

@@ -1,8 +1,12 @@
 #include "simulation/virtual_loop.h"
 
+#include <gmock/gmock.h>
+
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace marlex {
 namespace {
@@ -342,6 +346,20 @@ TEST(VirtualLoop, WatcherSeesEveryEventNestedOnesToo) {
   loop.Schedule(3, [&] { released = true; });
   loop.RunFor(10);
   EXPECT_EQ(seen, 3);
+}
+
+TEST(VirtualLoop, ATestHasItsTurnAgainAfterEachOfItsCalls) {
+  VirtualLoop loop;
+  std::vector<std::int64_t> turns;
+  loop.AfterTurn = [&, test = std::this_thread::get_id()] {
+    EXPECT_EQ(std::this_thread::get_id(), test);
+    turns.push_back(loop.NowMs());
+  };
+  loop.Schedule(1, [&] { loop.PumpUntil([] { return false; }); });
+  loop.Schedule(2, [] {});
+  loop.RunFor(10);
+  loop.Do([] {});
+  EXPECT_THAT(turns, ::testing::ElementsAre(10, 10));
 }
 
 TEST(VirtualLoop, EventsThatFeedEachOtherForEverAreAnErrorAndNotAHang) {
