@@ -10,6 +10,8 @@
 #include <QSocketNotifier>
 #include <cstring>
 
+#include "screen/parts.h"
+
 namespace marlex::probe {
 namespace {
 
@@ -97,8 +99,13 @@ void Probe::ReadQueries() {
 
 void Probe::Answer(const QString& query) {
   QStringList words = query.split(' ');
-  bool isGeometry = words.size() > 2 && words.at(1) == "geometry";
-  Write("= " + words.at(0) + "\t" + (isGeometry ? GeometryOf(words.mid(2)) : QString()));
+  QString answer;
+  if (words.size() > 2 && words.at(1) == "geometry") answer = GeometryOf(words.mid(2));
+  if (words.size() > 2 && words.at(1) == "parts") {
+    QWidget* window = FindWidget(words.at(2));
+    if (window && window->isVisible()) answer = PartsOf(*window);
+  }
+  Write("= " + words.at(0) + "\t" + OneLine(answer));
 }
 
 void Probe::Write(const QString& line) {

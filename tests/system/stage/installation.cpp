@@ -17,6 +17,10 @@ void WriteSettings(const std::string& folder, const InstallationFiles& files) {
   for (const SequenceFile& sequence : files.Sequences) {
     list += (list.empty() ? "" : "|") + sequence.Name + ".sch";
   }
+  std::string zones;
+  for (std::size_t zone = 0; zone < files.ZoneNames.size(); ++zone) {
+    zones += "Zone:" + std::to_string(zone + 1) + "=" + files.ZoneNames[zone] + "\n";
+  }
   std::ofstream(folder + "/Tolvo.ini")
       << "[User language]\nLanguage=English\n"
       << "[Selected paths]\nMusic directory=" << folder << "/Music/\nMessage directory=" << folder
@@ -28,9 +32,12 @@ void WriteSettings(const std::string& folder, const InstallationFiles& files) {
       << "\n[Selected type]\nQRT4410/20=" << (files.HasRouter ? "Yes" : "No") << "\n"
       << "[Used com port]\nCom port=1\n"
       << "[Priority level]\nPriority=" << files.Priority << "\n"
-      << "[Routing]\nMusic routing=" << files.MusicRouting << "\nCall routing=100000\n"
+      << "[Routing]\nMusic routing=" << files.MusicRouting << "\nCall routing=" << files.CallRouting
+      << "\n"
       << "[Playlist]\nCurrent List=" << folder << "/Day.lst\n"
-      << "[Current sequence list]\nSequence list=" << list << "\nSequence path=" << folder << "/\n";
+      << "[Current sequence list]\nSequence list=" << list << "\nSequence path=" << folder << "/\n"
+      << "[Zone names]\n"
+      << zones;
 }
 
 void WritePlaylist(const std::string& folder, const InstallationFiles& files) {

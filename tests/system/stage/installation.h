@@ -33,6 +33,8 @@ struct InstallationFiles {
   std::string FadeTime = "Fast";
   std::string Priority = "High";
   std::string MusicRouting = "110000";
+  std::string CallRouting = "100000";
+  std::vector<std::string> ZoneNames;  // from the first zone on
   int MicroVolume = 20'000;
   std::string PreChime;  // names of messages; empty for none
   std::string PostChime;

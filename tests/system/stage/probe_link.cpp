@@ -99,9 +99,19 @@ std::vector<WindowEvent> ProbeLink::Events() const {
 }
 
 std::optional<ScreenArea> ProbeLink::Geometry(const std::string& object) {
+  ScreenArea area;
+  std::istringstream numbers(Ask("geometry " + object));
+  numbers >> area.X >> area.Y >> area.Width >> area.Height;
+  return numbers ? std::optional(area) : std::nullopt;
+}
+
+std::string ProbeLink::Parts(const std::string& window) { return Ask("parts " + window); }
+
+/// The answer of the probe; empty when there is none.
+std::string ProbeLink::Ask(const std::string& question) {
   constexpr double kAnswerLimitSeconds = 10;
   int query = ++LastQuery;
-  std::string line = std::to_string(query) + " geometry " + object + "\n";
+  std::string line = std::to_string(query) + " " + question + "\n";
   if (!Reader || send(Reader->Descriptor(), line.data(), line.size(), MSG_NOSIGNAL) < 0) return {};
   auto answered = [this, query] {
     std::lock_guard guard(Lock);
@@ -109,10 +119,7 @@ std::optional<ScreenArea> ProbeLink::Geometry(const std::string& object) {
   };
   if (!WaitUntil(answered, kAnswerLimitSeconds)) return {};
   std::lock_guard guard(Lock);
-  ScreenArea area;
-  std::istringstream numbers(Answers[query]);
-  numbers >> area.X >> area.Y >> area.Width >> area.Height;
-  return numbers ? std::optional(area) : std::nullopt;
+  return Answers[query];
 }
 
 void ProbeLink::Accept(double, std::string_view bytes) {
@@ -132,7 +139,7 @@ void ProbeLink::TakeLine(const std::string& line) {
   if (line.size() < 2) return;
   std::vector<std::string> parts = Split(line.substr(2), '\t');
   parts.resize(4);
-  if (line[0] == '=') Answers[std::stoi(parts[0])] = parts[1];
+  if (line[0] == '=') Answers[std::stoi(parts[0])] = Unescape(parts[1]);
   if (line[0] != '!') return;
   WindowEvent event{std::stod(parts[0]) * kMicrosecond, parts[1], parts[2], Unescape(parts[3])};
   Shown[event.Object][event.Property] = event.Value;

@@ -47,7 +47,12 @@ class ProbeLink {
   /// heading). Empty when it cannot be seen.
   std::optional<ScreenArea> Geometry(const std::string& object);
 
+  /// What a window shows, a line for each of its parts, as the sheets of all windows have it; empty
+  /// when it cannot be seen.
+  std::string Parts(const std::string& window);
+
  private:
+  std::string Ask(const std::string& question);
   void Accept(double time, std::string_view bytes);
   void TakeLine(const std::string& line);
 

@@ -78,6 +78,11 @@ bool VirtualDisplay::CloseWindow(const std::string& title) {
   return stage::CloseWindow(Name, title);
 }
 
+void VirtualDisplay::Resize(const std::string& title, int width, int height) {
+  Tool({"search", "--onlyvisible", "--name", "^" + title + "$", "windowsize", std::to_string(width),
+        std::to_string(height)});
+}
+
 void VirtualDisplay::Key(const std::string& name) { Tool({"key", name}); }
 
 void VirtualDisplay::Kill() {

@@ -37,6 +37,9 @@ class VirtualDisplay {
   /// is clicked. False when there is no such window.
   bool CloseWindow(const std::string& title);
 
+  /// Gives the window with this title another size, as a hand at its frame would.
+  void Resize(const std::string& title, int width, int height);
+
   /// Opens a window of another program, which exists as long as the result.
   std::unique_ptr<ForeignWindow> Open(ForeignWindow::Kind kind) {
     return std::make_unique<ForeignWindow>(Name, kind);
