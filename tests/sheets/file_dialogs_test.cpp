@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include <QtWidgets>
+
+#include "desktop/files/temporary_directory.h"
+#include "desktop/windows/qt_dialogs.h"
+#include "desktop/windows/theme.h"
+#include "i18n/languages.h"
+#include "screen/measure.h"
+#include "sheets/scenes.h"
+#include "sheets/sheet.h"
+
+namespace marlex {
+namespace {
+
+/// The dialogs of an operator who opens a playlist and several schedules, and saves a playlist.
+std::vector<FileDialog> AskedFor(Desk& desk) {
+  desk.Click("mnuOpen");
+  desk.Click("mnuSequence");
+  desk.Click("mnuPlaylist");
+  FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
+  desk.Choose(editor.AvailMP3s, "Blue tram");
+  desk.Click(editor.mnuSave);
+  desk.Advance(0);
+  return desk.Pc.Dialogs.FileDialogs;
+}
+
+/// A folder with some files of each kind, and some names in the code page of an older PC.
+class Folder {
+ public:
+  explicit Folder(MemoryDisk& disk) {
+    for (const char* file : {"Day.lst", "Evening.lst", "Morning.sch", "Offers.sch", "Closing.sch"})
+      Place.Write(file, "");
+    for (const char* file : {"Fr\xC3\xBChling.lst", "Fr\xC3\xBChling.sch"})
+      disk.AddFile(Place.Path(file));
+    QDir(QString::fromStdString(Place.Path())).mkdir("Winter");
+  }
+  std::string Path() const { return Place.Path(); }
+
+ private:
+  test::TemporaryDirectory Place;
+};
+
+/// The file dialog in front, once it has read its folder.
+QFileDialog* ReadyDialog() {
+  QElapsedTimer waited;
+  waited.start();
+  while (waited.elapsed() < 5000) {
+    QApplication::processEvents();
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeWindow());
+    if (!dialog) continue;
+    const auto* list = dialog->findChild<QListView*>("listView");
+    if (list->model()->rowCount(list->rootIndex()) > 0) return dialog;
+  }
+  return nullptr;
+}
+
+TEST(FileDialogs, AreWholeInEveryLanguage) {
+  const Theme theme(*qApp);
+  VirtualLoop loop;
+  MemoryDisk disk;
+  const Folder folder(disk);
+  QtDialogs dialogs(loop, disk);
+  for (const Language& language : PaintedLanguages()) {
+    SCOPED_TRACE(language.Name);
+    DeskOptions shop = Shop();
+    shop.Language = language.Name;
+    Desk desk(shop);
+    Sheet sheet;
+    const std::vector<FileDialog> asked = AskedFor(desk);
+    EXPECT_EQ(asked.size(), 3u);
+    dialogs.FileTexts = desk.Pc.Dialogs.FileTexts;
+    for (FileDialog dialog : asked) {
+      dialog.InitialDirectory = folder.Path();
+      dialogs.LeaveOpen(dialog, [](const std::string&) {});
+      QFileDialog* shown = ReadyDialog();
+      ASSERT_TRUE(shown);
+      ExpectNothingClipped(*shown);
+      sheet.Add(shown->windowTitle(), shown->grab());
+      shown->close();
+      QApplication::processEvents();
+      loop.Pump();
+    }
+    sheet.Save(QString("file_dialogs/") + language.Name);
+  }
+}
+
+}  // namespace
+}  // namespace marlex
