@@ -29,10 +29,12 @@ void HideTip() {
   }
 }
 
-void AddTip(QWidget& part, QPoint place, const QString& caption, Sheet& sheet) {
+/// Adds the tip, which must say that text.
+void AddTip(QWidget& part, QPoint place, const std::string& text, const QString& caption,
+            Sheet& sheet) {
   QLabel* tip = TipAt(part, place);
-  ASSERT_TRUE(tip) << caption.toStdString();
-  EXPECT_FALSE(tip->text().isEmpty());
+  ASSERT_TRUE(tip) << text;
+  EXPECT_EQ(tip->text().toStdString(), text);
   ExpectNothingClipped(*tip);
   sheet.Add(caption, tip->grab());
   HideTip();
@@ -45,8 +47,10 @@ TEST(ToolTips, SayWholeWhatAClickDoesInEveryLanguage) {
     shop.Language = language.Name;
     ShownDesk desk(shop);
     auto& songs = *SceneOf("main_music").Reach(desk).findChild<QListView*>("lstPlaylist");
-    AddTip(*songs.viewport(), songs.viewport()->rect().bottomLeft() + QPoint(20, -4), language.Name,
-           sheet);
+    const std::string text = desk.Main().lstPlaylist.ToolTipText;
+    const QRect area = songs.viewport()->rect();
+    for (const QPoint place : {area.topLeft(), area.bottomLeft()})  // on an entry, and on none
+      AddTip(*songs.viewport(), place, text, language.Name, sheet);
   }
   sheet.Save("tool_tips");
 }
@@ -58,14 +62,15 @@ TEST(ToolTips, SayWholeWhatIsElided) {
   QWidget& window = scene.Reach(desk);
   auto& songs = *window.findChild<QListView*>("lstPlaylist");
   auto& table = *window.findChild<QTableView*>("grdSchedule");
-  AddTip(*songs.viewport(), QPoint(20, 10), "song", sheet);
+  AddTip(*songs.viewport(), QPoint(20, 10), desk.Main().lstPlaylist.List(0), "song", sheet);
   const QModelIndex first = table.indexAt(QPoint(4, 4));
   for (const int column : {3, 4}) {
     const QRect cell = table.visualRect(first.siblingAtColumn(column));
-    AddTip(*table.viewport(), cell.center(), "column " + QString::number(column), sheet);
+    const std::string text = first.siblingAtColumn(column).data().toString().toStdString();
+    AddTip(*table.viewport(), cell.center(), text, QString::number(column), sheet);
   }
   auto& band = *window.findChild<QLabel*>("paneOnAirName");
-  AddTip(band, band.rect().center(), "band", sheet);
+  AddTip(band, band.rect().center(), band.text().toStdString(), "band", sheet);
   sheet.Save("tool_tips_elided");
 }
 

@@ -13,6 +13,8 @@ QSize EntryPainter::sizeHint(const QStyleOptionViewItem& option, const QModelInd
 
 bool EntryPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                              const QStyleOptionViewItem& option, const QModelIndex& index) {
+  // Below the last entry, the option still has the text of another one.
+  if (!index.isValid()) return QStyledItemDelegate::helpEvent(event, view, option, index);
   QStyleOptionViewItem shown = option;
   initStyleOption(&shown, index);
   const QStyle& style = *view->style();
