@@ -80,9 +80,29 @@ void MistakeThePlaylist(Desk& desk) {
   save();
 }
 
+void LoseTheSettings(Desk& desk) {
+  desk.Pc.Disk.FailWrites("/app");
+  desk.Click("cmdMusicZones_5");
+  desk.Advance(0);
+}
+
+using Fault = std::function<void(SimulatedPc&)>;
+
+/// Faults of the PC that the program meets at its start.
+std::vector<Fault> FaultsAtTheStart() {
+  return {[](SimulatedPc& pc) { pc.Mixer.Devices.clear(); },
+          [](SimulatedPc& pc) { pc.Mixer.OpenResult = kMixerNoError + 1; },
+          [](SimulatedPc& pc) { pc.Mixer.CapsResult = kMixerNoError + 1; },
+          [](SimulatedPc& pc) { pc.Process.OtherWindows.insert(FrmMain::kCaption); },
+          [](SimulatedPc& pc) { pc.Serial.Device = 7; },
+          [](SimulatedPc& pc) {
+            pc.Profiles.WriteString("Volume", "Music volume", "loud", Desk::kIni);
+          }};
+}
+
 /// The boxes that the system shows when `provoke` is done after its start, or when a fault occurred
 /// before it.
-void Listen(const DeskOptions& options, const std::function<void(SimulatedPc&)>& fault,
+void Listen(const DeskOptions& options, const Fault& fault,
             const std::function<void(Desk&)>& provoke, std::vector<Box>& heard) {
   Desk desk(options, fault);
   if (provoke) provoke(desk);
@@ -94,12 +114,11 @@ std::vector<Box> AllThatIsTold(const char* language) {
   shop.Language = language;
   std::vector<Box> told;
   for (const auto& provoke :
-       {LoseTheDirectories, EmptyTheSettings, MistakeTheTimes, MistakeThePlaylist})
+       {LoseTheDirectories, EmptyTheSettings, MistakeTheTimes, MistakeThePlaylist, LoseTheSettings})
     Listen(shop, nullptr, provoke, told);
   Listen(
       shop, nullptr, [](Desk& desk) { desk.Click("mnuAdresses"); }, told);
-  Listen(
-      shop, [](SimulatedPc& pc) { pc.Mixer.Devices.clear(); }, nullptr, told);
+  for (const Fault& fault : FaultsAtTheStart()) Listen(shop, fault, nullptr, told);
   shop.AllDays = true;
   shop.Sequences.push_back({.File = "Broken.sch", .Hours = "-7"});
   shop.Sequences.push_back(
@@ -116,7 +135,7 @@ TEST(Boxes, TellAllThatTheSystemHasToTellWholeInEveryLanguage) {
   for (const Language& language : PaintedLanguages()) {
     Sheet sheet;
     const std::vector<Box> told = AllThatIsTold(language.Name);
-    EXPECT_EQ(told.size(), 24u) << language.Name;
+    EXPECT_EQ(told.size(), 30u) << language.Name;
     for (const Box& box : told) {
       SCOPED_TRACE(std::string(language.Name) + ": " + box.Body);
       dialogs.LeaveMsgBox(box.Body, box.Icon, box.Caption);
