@@ -221,7 +221,7 @@ TEST(SoundServer, WhenItDiesInMidSongTheMusicGoesOnAtItsReturnOnTheSameCard) {
   ASSERT_TRUE(desk.Program->IsRunning());
   desk.Server->Start({{"other", "card"}, false});  // the other card is the default now
   double back = stage::Now();
-  desk.RecordAnew();
+  desk.StartRecording();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong, 20));
   double silent = stage::Now() - back;
   EXPECT_LT(silent, 3);

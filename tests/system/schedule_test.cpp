@@ -139,7 +139,7 @@ TEST(SoundServer, WhenItDiesInMidMessageTheSequenceEndsAndTheMusicComesBack) {
   ASSERT_TRUE(desk.Program->IsRunning());
   desk.Server->Start({{"card"}, false});
   const double back = stage::Now();
-  desk.RecordAnew();
+  desk.StartRecording();
   ASSERT_TRUE(desk.AwaitTone(kMessage, 20));
   EXPECT_LT(stage::Now() - back, 3);
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));

@@ -46,7 +46,7 @@ void Binder::PaintSoon() {
   Operator.ForwardAlways([this] { PaintAll(); });
 }
 
-void Binder::PaintAnew() {
+void Binder::RepaintAll() {
   for (const auto& bound : Controls) bound->Dirty = true;
   PaintSoon();
 }

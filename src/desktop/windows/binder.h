@@ -21,7 +21,7 @@ class Binder : public QObject {
   ~Binder() override;
 
   /// Repaints everything; call when the colours have changed.
-  void PaintAnew();
+  void RepaintAll();
 
   /// Called before the window is shown, to set its position and size.
   std::function<void(QWidget&)> OnShow;

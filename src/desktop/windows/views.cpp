@@ -93,7 +93,7 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
   ConnectPicker(windows.frmDirSel, *DirSelWindow, loop);
   ConnectPicker(windows.frmChimeSelect, *ChimeSelectWindow, loop);
   Look.OnChange = [this] {
-    for (const auto& binder : Binders) binder->PaintAnew();
+    for (const auto& binder : Binders) binder->RepaintAll();
   };
 }
 

@@ -55,7 +55,7 @@ Stage::Stage(const StageOptions& options)
   Display = std::make_unique<VirtualDisplay>(Folder);
   if (options.HasSound) {
     Server = std::make_unique<SoundServer>(Folder, options.Cards);
-    RecordAnew();
+    StartRecording();
   }
   if (options.HasAmplifier) Line = std::make_unique<Amplifier>(File("com1"));
   Clock = std::make_unique<ShiftedClock>(Folder, Helpers + "/libmarlex_shifted_clock.so");
@@ -142,7 +142,7 @@ std::optional<ScreenArea> Stage::AwaitPlace(const std::string& object, ProbeLink
   return area;
 }
 
-void Stage::RecordAnew() {
+void Stage::StartRecording() {
   Card.reset();
   Card = std::make_unique<Recorder>(*Server, FirstOutput);
 }

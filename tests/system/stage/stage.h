@@ -69,7 +69,7 @@ class Stage {
 
   /// Ends the recording of the card and begins a new one. For use after the sound server was
   /// restarted.
-  void RecordAnew();
+  void StartRecording();
 
   /// Names of the media files that the program has open now.
   std::vector<std::string> OpenMedia() const;
