@@ -84,7 +84,7 @@ void MeasureSilence(Report& report) {
       desk.Card.reset();
       Sleep(0.5);
       const double queueMs = CardQueueMs(desk);
-      desk.RecordAnew();
+      desk.StartRecording();
       Sleep(0.5 + 0.013 * i);  // not in step with anything
       const double recordedQueueMs = CardQueueMs(desk);
       const double sent = stage::Now();

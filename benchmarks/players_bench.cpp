@@ -130,7 +130,7 @@ class Place {
   /// players. It therefore listens only before and after a measurement.
   void ExpectSound(const char* otherwise) {
     constexpr double kHeardSeconds = 0.1;
-    Room.RecordAnew();
+    Room.StartRecording();
     const bool isHeard = stage::WaitUntil(
         [this] { return Room.Card->LevelNowDb(kHeardSeconds) > kSilentDb; }, kSoundLimitSeconds);
     Room.Card.reset();
