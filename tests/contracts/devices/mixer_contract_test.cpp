@@ -45,8 +45,8 @@ class RealMixerBench : public MixerBench {
     DeskMixerParts parts;
     parts.CardName = "Card";
     parts.Speakers = std::make_unique<EngineLine>(Master);
-    parts.Wave = std::make_unique<EngineLine>(Wave);
-    parts.Microphone = std::make_unique<EngineLine>(Microphone);
+    parts.WaveSource = std::make_unique<EngineLine>(Wave);
+    parts.MicrophoneSource = std::make_unique<EngineLine>(Microphone);
     return parts;
   }
 
