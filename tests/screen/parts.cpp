@@ -4,12 +4,13 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QHash>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMap>
 #include <QSlider>
 #include <algorithm>
+#include <utility>
 
 namespace marlex {
 
@@ -25,14 +26,18 @@ QRect AreaOf(const QWidget& part) {
 QString MainColour(const QImage& picture, const QRect& area) {
   const qreal ratio = picture.devicePixelRatio();
   const QRect pixels = QRect(area.topLeft() * ratio, area.size() * ratio) & picture.rect();
-  QHash<QRgb, int> counts;
-  QRgb best = 0;
+  QMap<QRgb, int> counts;
+  QRgb run = 0;  // colour of the last pixels, which are counted together
+  int length = 0;
   for (int y = pixels.top(); y <= pixels.bottom(); y += kSampleStep) {
     for (int x = pixels.left(); x <= pixels.right(); x += kSampleStep) {
       const QRgb pixel = picture.pixel(x, y);
-      if (++counts[pixel] > counts.value(best)) best = pixel;
+      if (pixel != run) counts[std::exchange(run, pixel)] += std::exchange(length, 0);
+      ++length;
     }
   }
+  counts[run] += length;
+  const QRgb best = std::max_element(counts.begin(), counts.end()).key();
   return QColor(best).name();
 }
 
