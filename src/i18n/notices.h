@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "i18n/string_table.h"
 #include "platform/dialogs.h"
@@ -38,7 +39,7 @@ class Notices {
   /// A box with any other caption.
   void Leave(const std::string& body, BoxIcon icon, const std::string& caption,
              Answered onAnswer = {}) {
-    Loop.Post([this, body, icon, caption, onAnswer] {
+    Loop.Post([this, body, icon, caption, onAnswer = std::move(onAnswer)] {
       TheDialogs.LeaveMsgBox(body, icon, caption, [this, onAnswer] {
         if (onAnswer) Loop.Post(onAnswer);
       });

@@ -214,7 +214,8 @@ Deed DrawFault(Dice& dice) {
   const std::string path = dice.Of(BreakablePaths());
   const int lengthMs =
       dice.OneIn(2) ? dice.Between(100, 5000) : dice.Between(5000, RandomDay::kLongestMs);
-  const auto fault = [&](const std::string& what, std::function<void(WatchedDesk&)> breakIt) {
+  const auto fault = [&](const std::string& what,
+                         const std::function<void(WatchedDesk&)>& breakIt) {
     return Deed{what + " for " + std::to_string(lengthMs) + " ms",
                 [lengthMs, breakIt](WatchedDesk& desk) {
                   breakIt(desk);

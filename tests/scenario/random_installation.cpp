@@ -56,8 +56,8 @@ std::string Hours(Dice& dice, int hour) {
   const std::string next = std::to_string((hour + 1) % 24);
   if (dice.OneIn(10)) {
     return dice.Of(Texts{"", "abc", now + "-" + now, "-3", now + "-", "0-23,5", "99",
-                         "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,0,1,2,3,4,5,"
-                         "6,7,8"});
+                         ("1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,0,1,2,3,4,5,"
+                          "6,7,8")});
   }
   return dice.Of(Texts{"0-23", "0-23", now + "," + next, now + "-" + next, next + "," + now,
                        TwoDigits(hour) + "," + now, "22-" + next});
@@ -66,8 +66,8 @@ std::string Hours(Dice& dice, int hour) {
 std::string Minutes(Dice& dice) {
   if (dice.OneIn(12)) {
     return dice.Of(Texts{"", "7", "007", "x", "61", "00,,10",
-                         "0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24,25,26,"
-                         "27,28,29,30,31"});
+                         ("0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24,25,26,"
+                          "27,28,29,30,31")});
   }
   std::string minutes;
   int minute = dice.Between(0, 9);

@@ -280,7 +280,7 @@ TEST(OpenSequences, AFileWithoutAScheduleShowsARowThatCanNeverFire) {
   EXPECT_EQ(Row("[Other]\r\nHour(s)=8\r\n"), nothing);
   EXPECT_EQ(Row("Hour(s)=8\r\nMinute(s)=00\r\n"), nothing);
   EXPECT_EQ(Row(std::string("RIFF\x24\x00\x00\x00WAVEfmt \x10", 17)), nothing);
-  EXPECT_EQ(Row("\xFF\xFE[\0S\0c\0h\0e\0d\0u\0l\0e\0]\0"), nothing);
+  EXPECT_EQ(Row(std::string("\xFF\xFE[\0S\0c\0h\0e\0d\0u\0l\0e\0]\0", 22)), nothing);
 }
 
 TEST(OpenSequences, ATruncatedFileKeepsWhatItStillHolds) {

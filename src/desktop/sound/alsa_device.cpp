@@ -76,7 +76,7 @@ std::string AlsaDevice::CardName() const {
   char* text = nullptr;
   const int card = CardNumber();
   if (card < 0 || snd_card_get_name(card, &text) != 0) return snd_pcm_name(Handle);
-  const std::string name = text;
+  std::string name = text;
   std::free(text);
   return name;
 }

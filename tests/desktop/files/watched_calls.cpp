@@ -100,6 +100,7 @@ constexpr std::size_t kPiece = 100;  // bytes of one write
 
 // The linker redirects the calls of the code under test to these (tests/CMakeLists.txt), so their
 // names are fixed.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
 int __real_open(const char* path, int flags, ...);
@@ -181,3 +182,4 @@ int __wrap_rename(const char* from, const char* to) {
 }
 
 }  // extern "C"
+// NOLINTEND(bugprone-reserved-identifier)

@@ -216,9 +216,9 @@ TEST(Binder, KeysShrinkAndGrowInTheRelationOfTheirHeights) {
   main.cmdPlay.Height = FrmMain::kShrunkenTransportHeight;
   main.cmdMusicZones[0].Height = FrmMain::kTallZoneButtonHeight;
   windows.Settle();
-  EXPECT_NEAR(play.height(), tall * 255 / 615, 4);
+  EXPECT_NEAR(play.height(), tall * 255.0 / 615, 4);
   EXPECT_GE(play.height(), play.minimumSizeHint().height());
-  EXPECT_NEAR(zone.height(), low * 616 / 255, 2);
+  EXPECT_NEAR(zone.height(), low * 616.0 / 255, 2);
   main.cmdPlay.Height = FrmMain::kTransportHeight;
   windows.Settle();
   EXPECT_EQ(play.height(), tall);
