@@ -150,7 +150,7 @@ TEST(MainWindow, APlaylistThatWasLoadedNamesItself) {
 /// The name taken from the settings is in English in every language.
 TEST(MainWindow, InAnotherLanguageOnlyAPlaylistThatWasLoadedIsNamedInIt) {
   Desk loaded({.Music = {{"march"}}, .Language = "German"});
-  EXPECT_EQ(loaded.Text("frBGMusic"), "Playlist Hintergrundmusik: Day.lst");
+  EXPECT_EQ(loaded.Text("frBGMusic"), "Playlist der Hintergrundmusik: Day.lst");
   Desk absent({.Music = {{"march"}}, .Language = "German"},
               [](SimulatedPc& pc) { pc.Disk.Remove(Desk::kPlaylist); });
   EXPECT_EQ(absent.Text("frBGMusic"), "Background music playlist:/app/Day ");

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
+#include <sstream>
 
 #include "i18n/languages.h"
 
@@ -106,14 +108,26 @@ TEST_P(Block, EndsItsTextsWithTheSignsOfTheEnglishOnes) {
   EXPECT_EQ(Different("(:|\\.\\.\\.) ?$"), std::set<int>());
 }
 
-/// Seven single letters, above the boxes of the week.
-TEST_P(Block, HasALetterForEachDayOfTheWeek) {
-  const std::string letter = "(?:[A-Z]|[\xC3-\xD7][\x80-\xBF])";
-  std::string pattern;
-  for (const char* blanks : {" ", "  ", "  ", "   ", "   ", "   ", "   "})
-    pattern += blanks + letter;
-  const std::string header = TextsOf(GetParam()).at(871);
-  EXPECT_TRUE(std::regex_match(header, std::regex(pattern))) << header;
+std::vector<std::string> WordsOf(const std::string& text) {
+  std::istringstream words(text);
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
+/// Above the boxes of the week, a capital and at most two letters more, as calendars have them.
+TEST_P(Block, HasAShortNameForEachDayOfTheWeek) {
+  const std::string capital = "(?:[A-Z]|[\xC3-\xD7][\x80-\xBF])";
+  const std::string letter = "(?:[a-z]|[\xC3-\xD7][\x80-\xBF])";
+  const std::regex day(capital + letter + "{0,2}");
+  const std::vector<std::string> days = WordsOf(TextsOf(GetParam()).at(871));
+  EXPECT_EQ(days.size(), 7u);
+  for (const std::string& name : days) EXPECT_TRUE(std::regex_match(name, day)) << name;
+}
+
+/// English keeps its agreed letters, of which two stand for two days each.
+TEST_P(Block, TellsTheDaysOfTheWeekApart) {
+  const std::vector<std::string> days = WordsOf(TextsOf(GetParam()).at(871));
+  const std::size_t names = std::string(GetParam()) == "English" ? 5 : 7;
+  EXPECT_EQ(std::set<std::string>(days.begin(), days.end()).size(), names);
 }
 
 /// The word on a button that plays or calls is the only sign of its state.
