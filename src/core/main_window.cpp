@@ -28,8 +28,14 @@ MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayer
   TheFrmMain.mnuExit.OnClick = [this] { mnuExit_Click(); };
   TheFrmMain.mnuAdresses.OnClick = [this] { mnuAdresses_Click(); };
   TheFrmMain.mnuAboutbox.OnClick = [this] { TheFrmAbout.Show(); };
-  TheFrmAbout.OnLoad = [this] { TranslateControls(TheFrmAbout, Strings); };
+  TheFrmAbout.OnLoad = [this] { LoadAbout(); };
   TheFrmAbout.cmdOK.OnClick = [this] { TheFrmAbout.Unload(); };
+}
+
+void MainWindow::LoadAbout() {
+  TranslateControls(TheFrmAbout, Strings);
+  TheFrmAbout.Caption = Strings.LoadString(kStrAbout);
+  TheFrmAbout.cmdOK.Caption = Strings.LoadString(kStrOk);
 }
 
 void MainWindow::Load() {

@@ -38,6 +38,7 @@ class MainWindow {
 
  private:
   void Load();
+  void LoadAbout();
   void WriteHeadings();
   void ShowViewMenus();
   void LoadCurrentPlaylist();

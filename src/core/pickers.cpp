@@ -78,6 +78,7 @@ void Pickers::LoadChimeSelect() {
   TheFrmChimeSelect.lstChimeList.SetPath(Values.MessageDirectory);
   TheFrmChimeSelect.cmdOK.Enabled = false;
   TheFrmChimeSelect.Caption = Strings.LoadString(kStrChimeSelection);
+  TheFrmChimeSelect.cmdOK.Caption = Strings.LoadString(kStrOk);
 }
 
 /// Deliberate: a name is cut at its first dot, so a chime with another dot before its extension is

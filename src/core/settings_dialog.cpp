@@ -64,6 +64,8 @@ void SettingsDialog::Load() {
   TranslateControls(TheFrmSettings, Strings);
   ShowMicrophone();
   TheFrmSettings.Caption = Strings.LoadString(kStrSettings);
+  TheFrmSettings.cmdOK.Caption = Strings.LoadString(kStrOk);
+  NameSelectKeys();
   TheFrmSettings.Explain[0].BackColor = TheFrmSettings.frVolume.BackColor;
   TheFrmSettings.Explain[1].BackColor = TheFrmSettings.frVolume.BackColor;
   ReadDirectories();
@@ -71,6 +73,14 @@ void SettingsDialog::Load() {
   ReadAmplifier();
   ReadVolumes();
   ReadFadeTime();
+}
+
+/// Deliberate: French has no text for these keys, and they keep the English one of their design.
+void SettingsDialog::NameSelectKeys() {
+  const auto text = Strings.Find(kStrSelect);
+  if (!text) return;
+  TheFrmSettings.cmdPreSelect.Caption = *text;
+  TheFrmSettings.cmdPostSelect.Caption = *text;
 }
 
 void SettingsDialog::ShowMicrophone() {

@@ -32,6 +32,7 @@ class SettingsDialog {
   void WireSliders();
 
   void Load();
+  void NameSelectKeys();
   void ShowMicrophone();
   void ReadDirectories();
   void ReadChimes();

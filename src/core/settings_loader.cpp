@@ -9,7 +9,7 @@ namespace marlex {
 
 SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, Windows& windows,
                                FrmPlayers& frmPlayers, MixerAccess& mixer, SoundLines& lines,
-                               Notices& notices)
+                               const StringTable& strings, Notices& notices)
     : TheFlags(flags),
       Store(store),
       Values(store.Values),
@@ -18,6 +18,7 @@ SettingsLoader::SettingsLoader(Flags& flags, SettingsStore& store, Windows& wind
       TheFrmPlayers(frmPlayers),
       Mixer(mixer),
       Lines(lines),
+      Strings(strings),
       TheNotices(notices) {}
 
 void SettingsLoader::LoadSettings() {
@@ -58,7 +59,7 @@ void SettingsLoader::ReadVolumes() {
   Values.MicroVolume = ReadVolume(keys::kMicroVolume, faults);
   Values.CdVolume = ReadVolume(keys::kCdVolume, faults);
   if (faults.empty()) return;
-  TheNotices.Error("These volumes are not numbers and count as missing:" + faults);
+  TheNotices.Error(Strings.LoadString(kStrVolumesNoNumbers) + faults);
 }
 
 /// A slider position; a number outside the slider's range is set to its nearer end. A text that is

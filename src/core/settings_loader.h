@@ -15,7 +15,8 @@ namespace marlex {
 class SettingsLoader {
  public:
   SettingsLoader(Flags& flags, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
-                 MixerAccess& mixer, SoundLines& lines, Notices& notices);
+                 MixerAccess& mixer, SoundLines& lines, const StringTable& strings,
+                 Notices& notices);
 
   /// Loads the engine window, opens the mixer, reads all settings and shows the main window. On a
   /// first run, when there is no music directory, shows the settings dialog instead; its OK then
@@ -41,6 +42,7 @@ class SettingsLoader {
   FrmPlayers& TheFrmPlayers;
   MixerAccess& Mixer;
   SoundLines& Lines;
+  const StringTable& Strings;
   Notices& TheNotices;
 };
 

@@ -66,6 +66,7 @@ void StartUp::LoadLogo() {
   }
   UseLanguage(LanguageOf(language));
   TranslateControls(TheFrmLogo, Strings);
+  TheFrmLogo.Caption = Strings.LoadString(kStrStarts);
   Store.Values.OperatingSystemText = OperatingSystemName(ThePc.TheProcess.GetVersion());
   TheFrmLogo.tmrView.Enabled = true;
   if (ThePc.TheProcess.FindWindow(FrmMain::kCaption)) EndSecondInstance();
@@ -79,7 +80,8 @@ void StartUp::UseLanguage(const Language& language) {
                            .NotFound = Strings.LoadString(kStrFileNotFound),
                            .Exists = Strings.LoadString(kStrFileExists),
                            .Replace = Strings.LoadString(kStrReplace),
-                           .Cancel = Strings.LoadString(kStrCancel)};
+                           .Cancel = Strings.LoadString(kStrCancel),
+                           .Ok = Strings.LoadString(kStrOk)};
 }
 
 void StartUp::EndSecondInstance() {
@@ -119,7 +121,7 @@ void StartUp::ChooseLanguage() {
 }
 
 void StartUp::TellNotSaved() {
-  TheNotices.Error("The settings cannot be saved: " + Store.TolvoIni());
+  TheNotices.Error(Strings.LoadString(kStrSettingsNotSaved) + Store.TolvoIni());
 }
 
 }  // namespace marlex

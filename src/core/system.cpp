@@ -26,7 +26,8 @@ System::System(const Pc& pc)
                  Music, TheFades),
       Columns(Store.Values, TheWindows.frmMain, Strings),
       TheConflicts(Store.Values, TheWindows.frmMain, Lines, Columns, Strings, TheNotices),
-      Table(Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Columns, TheConflicts, TheNotices),
+      Table(Store, pc.Clock, TheWindows.frmMain, TheFrmPlayers, Columns, TheConflicts, Strings,
+            TheNotices),
       Views(Store, TheWindows.frmMain, Table),
       Sequences(Store, pc.Boxes, TheWindows.frmMain, TheFrmPlayers, TheConflicts, Table),
       Wavs(TheFlags, Store.Values, pc.Loop, TheFrmPlayers, Lines, TheWindows.frmSettings),
@@ -49,7 +50,7 @@ System::System(const Pc& pc)
       TheSettingsDialog(TheFlags, Store, pc.TheProcess, TheWindows, TheFrmPlayers, Lines, Strings,
                         TheNotices, Table, TheMainWindow),
       ThePickers(Store, TheWindows, Strings),
-      Loader(TheFlags, Store, TheWindows, TheFrmPlayers, Mixer, Lines, TheNotices),
+      Loader(TheFlags, Store, TheWindows, TheFrmPlayers, Mixer, Lines, Strings, TheNotices),
       ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, pc.Clock, Strings),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader, TheNotices) {
   // Calls from a lower floor of the house to a higher one.

@@ -49,14 +49,14 @@ enum StringId : int {
   kStrWait = 262,
   kStrSpeak = 263,
   kStrMessageSchedule = 340,
-  kStrSaveMessageSchedule = 342,
   kStrSurfTo = 570,
   kStrNearestContact = 580,
+  kStrAbout = 590,
   kStrClose = 600,
   kStrPlaylist = 660,
+  kStrSelect = 761,  // the French block has none
   kStrRouting = 860,
   kStrWeekdayHeader = 871,
-  kStrSavePlaylist = 882,
   kStrHoursEmpty = 1020,
   kStrMinutesEmpty = 1030,
   kStrNoMessagesSelected = 1040,
@@ -90,6 +90,14 @@ enum StringId : int {
   kStrFileNotFound = 1410,
   kStrFileExists = 1420,
   kStrReplace = 1430,
+  kStrUnusableSchedules = 1440,
+  kStrIncompleteWeekdays = 1450,
+  kStrVolumesNoNumbers = 1460,
+  kStrSettingsNotSaved = 1470,
+  kStrPortNotOpened = 1480,
+  kStrOk = 1500,
+  kStrFileNotSaved = 1510,
+  kStrStarts = 1520,
 };
 
 }  // namespace marlex

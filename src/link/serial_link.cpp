@@ -15,7 +15,9 @@ SerialLink::SerialLink(Flags& flags, const Settings& settings, FrmMain& frmMain,
   frmPlayers.tmrIODelay.OnTimer = [this] { SendRoutingByte(); };
   frmPlayers.tmrDwellTimer.OnTimer = [this] { ReturnMusicZones(); };
   frmPlayers.TolvoPort.OnComm = [this] { OnComm(); };
-  frmPlayers.TolvoPort.OnFault = [&notices](const std::string& fault) { notices.Error(fault); };
+  frmPlayers.TolvoPort.OnFault = [this, &notices](const std::string& fault) {
+    notices.Error(Strings.LoadString(kStrPortNotOpened) + "\r\n" + fault);
+  };
 }
 
 /// While the amplifier holds the outputs, the timer keeps running, so that the byte goes out once

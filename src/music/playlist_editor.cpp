@@ -280,7 +280,7 @@ void PlaylistEditor::Save(const std::string& file) {
   std::vector<ProfileEntry> entries = SongEntries();
   if (missing == 0) AddStart(entries, timed);
   if (!Store.RebuildProfile(entries, file)) {
-    return TheNotices.Error(Strings.LoadString(kStrSavePlaylist) + ": " + file);
+    return TheNotices.Error(Strings.LoadString(kStrFileNotSaved) + file);
   }
   if (missing != 0) return TheNotices.Error(missing);
   if (timed) {

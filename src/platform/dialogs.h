@@ -21,13 +21,14 @@ struct FileDialog {
   bool Save = false;
 };
 
-/// What a file dialog itself says or asks, in the operator's language.
+/// What boxes and file dialogs themselves say or ask, in the operator's language.
 struct FileDialogTexts {
   std::string Caption;
   std::string NotFound;  // in an open dialog: no file has that name
   std::string Exists;    // in a save dialog: a file has that name; replace it?
   std::string Replace;   // the two answers to that
   std::string Cancel;
+  std::string Ok = "OK";  // the one key of a message box
 };
 
 /// Message boxes and file dialogs. `MsgBox` returns when the operator has answered; events are

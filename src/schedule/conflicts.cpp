@@ -40,7 +40,7 @@ void Conflicts::ClearMarks() {
 }
 
 void Conflicts::TellIncomplete(const std::set<std::string>& incomplete) {
-  std::string body = "The weekdays of these message schedules are incomplete:";
+  std::string body = Strings.LoadString(kStrIncompleteWeekdays);
   for (const std::string& schedule : incomplete) body += "\r\n" + schedule;
   TheNotices.Error(body);
 }

@@ -8,13 +8,14 @@ namespace marlex {
 
 ScheduleTable::ScheduleTable(SettingsStore& store, WallClock& clock, FrmMain& frmMain,
                              FrmPlayers& frmPlayers, ScheduleColumns& columns, Conflicts& conflicts,
-                             Notices& notices)
+                             const StringTable& strings, Notices& notices)
     : Store(store),
       Clock(clock),
       TheGrid(frmMain.grdSchedule),
       SeqFileList(frmPlayers.SeqFileList),
       Columns(columns),
       TheConflicts(conflicts),
+      Strings(strings),
       TheNotices(notices) {}
 
 void ScheduleTable::RebuildScheduleTable() {
@@ -47,7 +48,7 @@ void ScheduleTable::AddAllFiles() {
 }
 
 void ScheduleTable::TellBadFiles(const std::vector<std::string>& badFiles) {
-  std::string body = "These message schedules cannot be used:";
+  std::string body = Strings.LoadString(kStrUnusableSchedules);
   for (const std::string& file : badFiles) body += "\r\n" + file;
   TheNotices.Error(body);
 }

@@ -20,7 +20,8 @@ namespace marlex {
 class ScheduleTable {
  public:
   ScheduleTable(SettingsStore& store, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
-                ScheduleColumns& columns, Conflicts& conflicts, Notices& notices);
+                ScheduleColumns& columns, Conflicts& conflicts, const StringTable& strings,
+                Notices& notices);
 
   static constexpr int kMostRows = 32767;
 
@@ -46,6 +47,7 @@ class ScheduleTable {
   ListBox& SeqFileList;
   ScheduleColumns& Columns;
   Conflicts& TheConflicts;
+  const StringTable& Strings;
   Notices& TheNotices;
   TimeExpressions Times;
 };

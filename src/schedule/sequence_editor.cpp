@@ -61,6 +61,8 @@ void SequenceEditor::Load() {
   WriteMenuIds(Window);
   TranslateControls(Window, Strings);
   Window.Caption = Strings.LoadString(kStrScheduleEditor);
+  Window.cmdOK.Caption = Strings.LoadString(kStrOk);
+  Window.cmdCancel.Caption = Strings.LoadString(kStrCancel);
   Window.lblDescription.Visible = false;
   Window.txtDescription.Visible = false;
   StandStill();
@@ -208,7 +210,7 @@ bool SequenceEditor::Write(const std::string& file) {
 }
 
 void SequenceEditor::TellNotSaved(const std::string& file) {
-  TheNotices.Error(Strings.LoadString(kStrSaveMessageSchedule) + ": " + file);
+  TheNotices.Error(Strings.LoadString(kStrFileNotSaved) + file);
 }
 
 }  // namespace marlex

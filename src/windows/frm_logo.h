@@ -29,7 +29,7 @@ struct ProductLines {
     text(Label4, "Release 3.1", "90");
     text(lblNotice,
          "Announcements are only as safe as the installation behind them: test yours regularly.",
-         "");
+         "1490");
   }
 
   Label Label1;

@@ -136,7 +136,7 @@ TEST(FunctionKeys, ThatCannotBeWrittenAreReported) {
   desk.Add({"welcome"});
   desk.Click("mnuSave");
   desk.Advance(2000);
-  EXPECT_EQ(desk.LastBox(), "Error: Save message schedule: /app/Functionkeys.ini");
+  EXPECT_EQ(desk.LastBox(), "Error: The file cannot be saved: /app/Functionkeys.ini");
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.back().Icon, BoxIcon::Critical);
   EXPECT_EQ(desk.Pc.Disk.Read(kKeys), old);
   EXPECT_TRUE(desk.TheWavWindow().Visible);

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "i18n/languages.h"
+#include "i18n/string_table.h"
 
 namespace marlex {
 namespace {
@@ -78,6 +79,8 @@ std::set<int> SharedWith(const std::string& language) {
   const auto found = shared.find(language);
   std::set<int> ids = found == shared.end() ? std::set<int>() : found->second;
   ids.insert({840, 850});  // Com 1, Com 2
+  static const std::set<std::string> withAWordForOk = {"Hebrew", "Spanish", "Turkish"};
+  if (!withAWordForOk.contains(language)) ids.insert(kStrOk);
   return ids;
 }
 

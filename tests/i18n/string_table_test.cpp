@@ -17,9 +17,9 @@ constexpr int kFirstOwnText = 1400;  // after the agreed ones
 
 TEST(EnglishStrings, AreAllThereInAscendingOrder) {
   const auto& strings = StringsOf("English");
-  EXPECT_EQ(strings.size(), 162u);
+  EXPECT_EQ(strings.size(), 171u);
   EXPECT_EQ(strings.front().Id, 10);
-  EXPECT_EQ(strings.back().Id, kStrReplace);
+  EXPECT_EQ(strings.back().Id, kStrStarts);
   for (std::size_t i = 1; i < strings.size(); ++i) {
     EXPECT_LT(strings[i - 1].Id, strings[i].Id);
     EXPECT_FALSE(strings[i].Text.empty()) << strings[i].Id;
@@ -72,7 +72,9 @@ TEST(EnglishStrings, KeepTheBlanksAtTheirEndsAndNoOthersHaveAny) {
             "871[ M  T  W   T   F   S   S]\n"
             "1110[Could not find directory ]\n"
             "1200[Could not find music directory: ]\n"
-            "1210[Could not find message directory: ]\n");
+            "1210[Could not find message directory: ]\n"
+            "1470[The settings cannot be saved: ]\n"
+            "1510[The file cannot be saved: ]\n");
 }
 
 TEST(StringTable, ATextIsThatOfTheLanguage) {
@@ -119,6 +121,14 @@ TEST(StringTable, CodeFindsTheTextsThatItAsksForByName) {
       {kStrFileNotFound, "File not found"},
       {kStrFileExists, "The file already exists. Replace it?"},
       {kStrReplace, "Replace"},
+      {kStrUnusableSchedules, "These message schedules cannot be used:"},
+      {kStrIncompleteWeekdays, "The weekdays of these message schedules are incomplete:"},
+      {kStrVolumesNoNumbers, "These volumes are not numbers and count as missing:"},
+      {kStrSettingsNotSaved, "The settings cannot be saved: "},
+      {kStrPortNotOpened, "The com port cannot be opened:"},
+      {kStrOk, "OK"},
+      {kStrFileNotSaved, "The file cannot be saved: "},
+      {kStrStarts, "Tolvo Marlex starts"},
   };
   for (const auto& [id, text] : texts) EXPECT_EQ(strings.LoadString(id), text) << id;
 }

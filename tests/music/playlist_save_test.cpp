@@ -137,7 +137,7 @@ TEST(PlaylistSave, ItsWordsAreThoseOfTheChosenLanguage) {
   EXPECT_EQ(desk.Boxes(),
             WithTexts(desk.Sys->Strings,
                       "!#101: #1130\n!#101: #1140\n!#101: #1150\n!#101: #1160\n!#101: #1170\n"
-                      "!#101: #882: /app/new.lst\n"));
+                      "!#101: #1510/app/new.lst\n"));
   EXPECT_EQ(desk.Sys->Strings.LoadString(kStrError), "Ошибка");
 }
 
@@ -202,7 +202,7 @@ TEST(PlaylistSave, AFileThatCannotBeWrittenIsReportedAndNothingIsLost) {
     desk.Pc.Disk.AddFile(PlaylistDesk::kFile, "[Playlist]\r\nSong:1=old\r\n");
     desk.Pc.Disk.FailWrites(PlaylistDesk::kFile);
     desk.SaveAs();
-    EXPECT_EQ(desk.Boxes(), "!Error: Save playlist: /app/new.lst\n");
+    EXPECT_EQ(desk.Boxes(), "!Error: The file cannot be saved: /app/new.lst\n");
     EXPECT_EQ(desk.File(), "[Playlist]\r\nSong:1=old\r\n");
     EXPECT_TRUE(desk.TheFrmPlaylist().Visible);
     EXPECT_EQ(desk.Selected(), "b a");
@@ -222,14 +222,14 @@ TEST(PlaylistSave, OfAFullDiskAndAMissingTimeTheDiskIsReported) {
   desk.SetTimes("08", "", "", "");
   desk.Pc.Disk.FailWrites("/app");
   desk.SaveAs();
-  EXPECT_EQ(desk.Boxes(), "!Error: Save playlist: /app/new.lst\n");
+  EXPECT_EQ(desk.Boxes(), "!Error: The file cannot be saved: /app/new.lst\n");
   EXPECT_EQ(desk.File(), "");
 }
 
 TEST(PlaylistSave, ADirectoryThatHasGoneIsReported) {
   SaveDesk desk;
   desk.SaveAs("/stick/new.lst");
-  EXPECT_EQ(desk.Boxes(), "!Error: Save playlist: /stick/new.lst\n");
+  EXPECT_EQ(desk.Boxes(), "!Error: The file cannot be saved: /stick/new.lst\n");
   EXPECT_TRUE(desk.TheFrmPlaylist().Visible);
 }
 

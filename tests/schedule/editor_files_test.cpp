@@ -136,7 +136,7 @@ TEST(EditorFiles, OneThatCannotBeReadIsNotWrittenOverEither) {
   desk.Compose("9", "15");
   desk.SaveAs(kFile);
   desk.Advance(1000);
-  EXPECT_EQ(desk.LastBox(), "Error: Save message schedule: /app/new.sch");
+  EXPECT_EQ(desk.LastBox(), "Error: The file cannot be saved: /app/new.sch");
   EXPECT_TRUE(desk.TheWavWindow().Visible);
   desk.Pc.Disk.Heal(kFile);
   EXPECT_EQ(desk.File(), Joined(Lines()));

@@ -353,7 +353,7 @@ TEST(SequenceEditor, ADiskThatTakesNoFileIsReportedAndNothingIsLost) {
   desk.Compose("9", "15");
   desk.SaveAs("/app/spot.sch");
   desk.Advance(2000);
-  EXPECT_EQ(desk.LastBox(), "Error: Save message schedule: /app/spot.sch");
+  EXPECT_EQ(desk.LastBox(), "Error: The file cannot be saved: /app/spot.sch");
   EXPECT_TRUE(desk.TheWavWindow().Visible);
   EXPECT_EQ(desk.TheWavWindow().txtHours.Text.Get() + desk.Sequence(), "9welcome");
   EXPECT_EQ(desk.Pc.Disk.Read("/app/spot.sch"), before);

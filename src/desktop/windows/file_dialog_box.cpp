@@ -268,7 +268,8 @@ void FileDialogBox::Choose(const QStringList& paths) {
 }
 
 void FileDialogBox::TellNotFound(const QString& name) {
-  Ask(name, Texts.NotFound).addButton(QMessageBox::Ok);
+  QPushButton* ok = Ask(name, Texts.NotFound).addButton(QMessageBox::Ok);
+  ok->setText(QString::fromStdString(Texts.Ok));
   LeaveStanding(Question, Pointers);
 }
 

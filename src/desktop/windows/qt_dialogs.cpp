@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <memory>
 #include <utility>
@@ -60,11 +61,12 @@ std::string Result(const QStringList& files, bool mayBeSeveral) {
   return directory.toStdString();
 }
 
-QMessageBox* MakeNotice(const std::string& body, BoxIcon icon, const std::string& caption) {
+QMessageBox* MakeNotice(const std::string& body, BoxIcon icon, const std::string& caption,
+                        const std::string& ok) {
   const bool isCritical = icon == BoxIcon::Critical;
   QMessageBox* box = MakeBox(isCritical ? QMessageBox::Critical : QMessageBox::Information, caption,
                              body, FrontWindowOfNotices());
-  box->addButton(QMessageBox::Ok);
+  box->addButton(QMessageBox::Ok)->setText(QString::fromStdString(ok));
   return box;
 }
 
@@ -89,12 +91,12 @@ void QtDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
 }
 
 void QtDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) {
-  std::unique_ptr<QMessageBox>(MakeNotice(body, icon, caption))->exec();
+  std::unique_ptr<QMessageBox>(MakeNotice(body, icon, caption, FileTexts.Ok))->exec();
 }
 
 void QtDialogs::OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
                         std::function<void()> onAnswer) {
-  QMessageBox* box = MakeNotice(body, icon, caption);
+  QMessageBox* box = MakeNotice(body, icon, caption, FileTexts.Ok);
   QObject::connect(box, &QDialog::finished, std::move(onAnswer));
   LeaveStanding(box, Pointers);
 }

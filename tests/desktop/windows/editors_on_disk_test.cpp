@@ -106,7 +106,7 @@ TEST_P(EditorsOnDisk, ASequenceThatCannotBeWrittenIsReportedAndCanBeSavedLater) 
   Schedule.txtMinutes.Text = "30";
   Schedule.WkDays[0].Value = 1;
   Schedule.cmdZone[1].Value = true;
-  EXPECT_EQ(SaveRefused(window, "new.sch"), "Error: Save message schedule: " + File("new.sch"));
+  EXPECT_EQ(SaveRefused(window, "new.sch"), "Error: The file cannot be saved: " + File("new.sch"));
   EXPECT_TRUE(window.isVisible());
   EXPECT_EQ(Schedule.txtHours.Text.Get() + Schedule.txtMinutes.Text.Get(), "8-1030");
   EXPECT_EQ(Schedule.SelectedWavs.ListCount() + Schedule.WkDays[0].Value, 2);
@@ -123,7 +123,7 @@ TEST_P(EditorsOnDisk, APlaylistThatCannotBeWrittenIsReportedAndCanBeSavedLater) 
   Shop.Choose(Shop.Screen.Main(), "mnuPlaylist");
   QWidget& window = Shop.Screen.Playlist();
   Shop.PressKey(Shop.Find<QPushButton>(window, "cmdSelectAll"), Qt::Key_Space);
-  EXPECT_EQ(SaveRefused(window, "new.lst"), "Error: Save playlist: " + File("new.lst"));
+  EXPECT_EQ(SaveRefused(window, "new.lst"), "Error: The file cannot be saved: " + File("new.lst"));
   EXPECT_TRUE(window.isVisible());
   EXPECT_EQ(Playlist.SelectedMP3s.ListCount(), 2);
   Save(window, "new.lst");
