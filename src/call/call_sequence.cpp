@@ -224,8 +224,12 @@ void CallSequence::RestoreMusic() {
 /// Plays a chime in place of any other file, with the microphone closed. Returns when it has ended,
 /// or earlier when the release or the amplifier has ended the call.
 void CallSequence::PlayChime(int call, const std::string& chime) {
+  WavePlayer& player = TheFrmPlayers.WavPlayer;
+  player.FileName = MessagePath(TheSettings, chime);
+  player.Command("Close");
+  player.Command("Open");
   TheFlags.WavFinished = false;
-  TheFrmPlayers.WavPlayer.Start(MessagePath(TheSettings, chime));
+  player.Command("Play");
   Lines.SetWave(TheSettings.MessageVolume);
   Lines.OpenMaster();
   Lines.OpenWave();

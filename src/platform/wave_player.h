@@ -38,8 +38,8 @@ class WavePlayer {
   /// gone since it was opened or played to its end is reported like one that could not be opened.
   virtual void Command(std::string_view command) = 0;
 
-  /// Plays a file in place of any other.
-  void Start(const std::string& path) {
+  /// Opens a message in place of any other file. "Play" then plays it.
+  void OpenMessage(const std::string& path) {
     Notify = false;
     Wait = true;
     Shareable = false;
@@ -47,7 +47,6 @@ class WavePlayer {
     FileName = path;
     Command("Close");
     Command("Open");
-    Command("Play");
   }
 
   /// Current mode. While a report is being delivered, the reported mode, until "Open" or "Play".

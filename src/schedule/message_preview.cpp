@@ -76,8 +76,9 @@ void MessagePreview::PlayMessages() {
 
 /// Leaves the microphone closed.
 void MessagePreview::PlayMessage(const std::string& name) {
+  TheFrmPlayers.WavPlayer.OpenMessage(MessagePath(TheSettings, name));
   TheFlags.WavFinished = false;
-  TheFrmPlayers.WavPlayer.Start(MessagePath(TheSettings, name));
+  TheFrmPlayers.WavPlayer.Command("Play");
   Lines.OpenMaster();
   Lines.OpenWave();
   Lines.CloseMicrophone();

@@ -53,8 +53,9 @@ void MessageWavs::OpenMessageLine() {
 }
 
 void MessageWavs::PlayWav(const std::string& fileName) {
+  TheFrmPlayers.WavPlayer.OpenMessage(TheSettings.MessageDirectory + fileName);
   TheFlags.WavFinished = false;
-  TheFrmPlayers.WavPlayer.Start(TheSettings.MessageDirectory + fileName);
+  TheFrmPlayers.WavPlayer.Command("Play");
   Loop.PumpUntil([this] { return TheFlags.WavFinished || TheFlags.CallActive; });
 }
 
