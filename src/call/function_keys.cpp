@@ -57,7 +57,7 @@ void FunctionKeys::Save() {
        EntryOf({section, keys::kKeyRouting}, zones),
        EntryOf({section, keys::kKeyDescription}, QuotedName(Window.txtDescription.Text.Get()))},
       File());
-  if (!written) Editor.TellNotSaved(File());
+  if (!written) Editor.ReportNotSaved(File());
 }
 
 std::string FunctionKeys::File() const { return JoinPath(Store.ApplicationDirectory(), kFile); }

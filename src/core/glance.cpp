@@ -17,7 +17,7 @@ Glance Passerby::Look() const {
 
 /// The row that waits for the music break, otherwise the next one that the tick will fire today.
 ComingRow Passerby::Next() const {
-  if (StandsStill()) return {"", Strings.LoadString(kStrScheduleStopped)};
+  if (HasStopped()) return {"", Strings.LoadString(kStrScheduleStopped)};
   if (RowWaits()) return {Tick.WaitingTime, Tick.CurrentMessageInfo};
   return NextToday();
 }
@@ -32,7 +32,7 @@ bool Passerby::RowWaits() const {
 /// Whether the schedule is held although no call, message or fade is in progress and no row waits:
 /// its editor is open, the amplifier has cut off a call, or Stop has ended the song that a row was
 /// waiting for.
-bool Passerby::StandsStill() const {
+bool Passerby::HasStopped() const {
   const bool isHeld =
       TheFlags.CallActive || RowWaits() || TheFlags.MessagePlaying || TheFlags.FadeRunning;
   return TheFrmPlayers.ScheduleIsHeld() && !isHeld;

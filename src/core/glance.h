@@ -54,7 +54,7 @@ class Passerby {
   std::string NameOf(OnAir what) const;
   ComingRow Next() const;
   ComingRow NextToday() const;
-  bool StandsStill() const;
+  bool HasStopped() const;
   bool RowWaits() const;
 
   const Flags& TheFlags;

@@ -114,13 +114,14 @@ void StartUp::ChooseLanguage() {
     UseLanguage(language);
     // A failed write is reported each time: the splash reads the language from the file, so this
     // dialog comes back.
-    if (!Store.WriteProfileValue(keys::kLanguage, language.Name, Store.TolvoIni())) TellNotSaved();
+    if (!Store.WriteProfileValue(keys::kLanguage, language.Name, Store.TolvoIni()))
+      ReportNotSaved();
   }
   TheFrmLangSel.Unload();
   TheFrmLogo.Show();
 }
 
-void StartUp::TellNotSaved() {
+void StartUp::ReportNotSaved() {
   TheNotices.Error(Strings.LoadString(kStrSettingsNotSaved) + Store.TolvoIni());
 }
 

@@ -23,7 +23,7 @@ class StartUp {
   void Start() { TheFrmLogo.Show(); }
 
   /// Reports to the operator that the settings file cannot be written.
-  void TellNotSaved();
+  void ReportNotSaved();
 
  private:
   void LoadLogo();

@@ -54,7 +54,7 @@ System::System(const Pc& pc)
       ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, pc.Clock, Strings),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader, TheNotices) {
   // Calls from a lower floor of the house to a higher one.
-  Store.OnNotSaved = [this] { StartUp_.TellNotSaved(); };
+  Store.OnNotSaved = [this] { StartUp_.ReportNotSaved(); };
   TheSettingsDialog.ForgetAmplifier = [this] { Link.ForgetAmplifier(); };
   Link.ResumeMusic = [this] { Music.PlaySong(); };
   Link.StopFade = [this] { TheFades.Stop(); };

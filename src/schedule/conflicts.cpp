@@ -21,7 +21,7 @@ void Conflicts::DetectConflicts() {
   ConflictFound = false;
   const std::set<std::string> incomplete =
       FindConflictPairs(TheGrid, [this](int earlier, int later) { MarkPair(earlier, later); });
-  if (!incomplete.empty()) TellIncomplete(incomplete);
+  if (!incomplete.empty()) ReportIncomplete(incomplete);
   if (ConflictFound) {
     ShowConflictNote();
   } else {
@@ -39,7 +39,7 @@ void Conflicts::ClearMarks() {
   }
 }
 
-void Conflicts::TellIncomplete(const std::set<std::string>& incomplete) {
+void Conflicts::ReportIncomplete(const std::set<std::string>& incomplete) {
   std::string body = Strings.LoadString(kStrIncompleteWeekdays);
   for (const std::string& schedule : incomplete) body += "\r\n" + schedule;
   TheNotices.Error(body);

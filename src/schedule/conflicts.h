@@ -27,7 +27,7 @@ class Conflicts {
  private:
   void grdSchedule_DblClick();
   void ClearMarks();
-  void TellIncomplete(const std::set<std::string>& incomplete);
+  void ReportIncomplete(const std::set<std::string>& incomplete);
   void MarkPair(int earlierRow, int laterRow);
   void ShowConflictNote();
   bool CompactLayout() const;

@@ -44,10 +44,10 @@ void ScheduleTable::AddAllFiles() {
       badFiles.emplace_back(failure.what());
     }
   }
-  if (!badFiles.empty()) TellBadFiles(badFiles);
+  if (!badFiles.empty()) ReportBadFiles(badFiles);
 }
 
-void ScheduleTable::TellBadFiles(const std::vector<std::string>& badFiles) {
+void ScheduleTable::ReportBadFiles(const std::vector<std::string>& badFiles) {
   std::string body = Strings.LoadString(kStrUnusableSchedules);
   for (const std::string& file : badFiles) body += "\r\n" + file;
   TheNotices.Error(body);

@@ -39,7 +39,7 @@ class ScheduleTable {
   void AddSequenceRows();
   void AddRow(const std::string& time, const std::string& weekdays, const std::string& zones,
               const std::string& messages);
-  void TellBadFiles(const std::vector<std::string>& badFiles);
+  void ReportBadFiles(const std::vector<std::string>& badFiles);
 
   SettingsStore& Store;
   WallClock& Clock;

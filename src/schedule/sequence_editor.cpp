@@ -45,13 +45,13 @@ SequenceEditor::SequenceEditor(SettingsStore& store, EventLoop& loop, Dialogs& d
 void SequenceEditor::mnuSchedule_Click() {
   FunctionKeyMode = false;
   if (TheDirectories.Search(Store.Values.MessageDirectory).empty()) {
-    TellNoDirectory();
+    ReportNoDirectory();
   } else {
     Window.Show();
   }
 }
 
-void SequenceEditor::TellNoDirectory() {
+void SequenceEditor::ReportNoDirectory() {
   TheNotices.Error(Strings.LoadString(kStrNoMessageDirectoryFound) + Store.Values.MessageDirectory +
                        "\r" + Strings.LoadString(kStrOpenConfiguration),
                    [this] { TheFrmSettings.Show(); });
@@ -65,7 +65,7 @@ void SequenceEditor::Load() {
   Window.cmdCancel.Caption = Strings.LoadString(kStrCancel);
   Window.lblDescription.Visible = false;
   Window.txtDescription.Visible = false;
-  StandStill();
+  HoldAndShowAllDays();
   Messages.ListAvailable();
   PrepareControls();
   ArrangeZones();
@@ -73,7 +73,7 @@ void SequenceEditor::Load() {
 
 /// From now on no row fires, and the clock neither starts nor stops the music, until the editor
 /// closes or the end of an announcement or of a call resumes the schedule.
-void SequenceEditor::StandStill() {
+void SequenceEditor::HoldAndShowAllDays() {
   SavedAllDaysView = Store.Values.AllDaysView;
   Store.Values.AllDaysView = true;
   Table.RebuildScheduleTable();
@@ -185,7 +185,7 @@ bool SequenceEditor::FieldsAreFilled() {
 /// a save.
 void SequenceEditor::Save(const std::string& file) {
   if (!Write(file) && !file.empty()) {
-    TellNotSaved(file);
+    ReportNotSaved(file);
     return;
   }
   const Lifeline::Tie opening = Window.ThisOpening();
@@ -209,7 +209,7 @@ bool SequenceEditor::Write(const std::string& file) {
       file);
 }
 
-void SequenceEditor::TellNotSaved(const std::string& file) {
+void SequenceEditor::ReportNotSaved(const std::string& file) {
   TheNotices.Error(Strings.LoadString(kStrFileNotSaved) + file);
 }
 

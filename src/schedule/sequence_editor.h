@@ -41,13 +41,13 @@ class SequenceEditor {
   std::function<void()> SaveFunctionKey;
 
   /// Reports to the operator that a file could not be written.
-  void TellNotSaved(const std::string& file);
+  void ReportNotSaved(const std::string& file);
 
  private:
   void mnuSchedule_Click();
-  void TellNoDirectory();
+  void ReportNoDirectory();
   void Load();
-  void StandStill();
+  void HoldAndShowAllDays();
   void PrepareControls();
   void ArrangeZones();
   bool Unload();

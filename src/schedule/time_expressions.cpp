@@ -27,7 +27,7 @@ void TimeExpressions::FindCommas(const std::string& expression) {
     const std::size_t comma = expression.find(',', position);
     if (comma == std::string::npos) break;
     if (ItemCount + 1 > kMostItems) throw RuntimeFailure("More than 30 items in a time expression");
-    CommaPositions[static_cast<std::size_t>(ItemCount + 1)] = static_cast<int>(comma) + 1;
+    CommaPositions[static_cast<std::size_t>(ItemCount) + 1] = static_cast<int>(comma) + 1;
     position = comma + 1;
     ++ItemCount;
   }

@@ -23,9 +23,9 @@ std::string InOneLine(const std::string& text) {
 void SimulatedDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
   FileDialogs.push_back(dialog);
   Log.Write(dialog.Save ? "save" : "open", dialog.Filter);
-  FileDialogStands = true;
-  LeaveStanding([this, onChosen = std::move(onChosen), dialog] {
-    FileDialogStands = false;
+  FileDialogOpened = true;
+  AnswerLater([this, onChosen = std::move(onChosen), dialog] {
+    FileDialogOpened = false;
     const std::string result = NextOpenResult();
     if (dialog.Save) LastSavePath = result;
     Loop.Post([this, onChosen, dialog, result] {
@@ -58,7 +58,7 @@ void SimulatedDialogs::Answer(Box& box) {
 
 void SimulatedDialogs::Reset() {
   Open.clear();
-  FileDialogStands = false;
+  FileDialogOpened = false;
   ForgetAll();
 }
 
@@ -70,10 +70,10 @@ void SimulatedDialogs::ShowBox(const std::string& body, BoxIcon icon, const std:
 void SimulatedDialogs::OpenBox(const std::string& body, BoxIcon icon, const std::string& caption,
                                std::function<void()> onAnswer) {
   Record(body, icon, caption);
-  LeaveStanding(std::move(onAnswer));
+  AnswerLater(std::move(onAnswer));
 }
 
-void SimulatedDialogs::LeaveStanding(std::function<void()> onAnswer) {
+void SimulatedDialogs::AnswerLater(std::function<void()> onAnswer) {
   if (AnswerAfterMs == 0) return onAnswer();
   Open.push_back({false, std::move(onAnswer)});
   if (AnswerAfterMs == kNever) return;

@@ -38,7 +38,7 @@ class SimulatedDialogs : public Dialogs {
   int OpenBoxCount() const { return static_cast<int>(Open.size()); }
 
   /// Whether one of the open boxes is a file dialog.
-  bool FileDialogIsOpen() const { return FileDialogStands; }
+  bool FileDialogIsOpen() const { return FileDialogOpened; }
 
   /// Closes all boxes, as the end of the process does.
   void Reset();
@@ -71,7 +71,7 @@ class SimulatedDialogs : public Dialogs {
 
   void Record(const std::string& body, BoxIcon icon, const std::string& caption);
   void WaitForAnswer();
-  void LeaveStanding(std::function<void()> onAnswer);
+  void AnswerLater(std::function<void()> onAnswer);
   std::string NextOpenResult();
   void Answer(Box& box);
   void Close(const Box& box);
@@ -79,7 +79,7 @@ class SimulatedDialogs : public Dialogs {
   VirtualLoop& Loop;
   Journal& Log;
   std::list<Box> Open;  // the topmost comes last
-  bool FileDialogStands = false;
+  bool FileDialogOpened = false;
 };
 
 }  // namespace marlex

@@ -57,7 +57,7 @@ void VirtualLoop::Pump() {
 
 void VirtualLoop::PumpUntil(const std::function<bool()>& done) {
   if (Ending || Gone) return RefuseToRunOn();
-  const Counted standing(WaitCount);
+  const Counted wait(WaitCount);
   while (!done()) DeliverNext(WaitForEvent());
 }
 
@@ -118,7 +118,7 @@ void VirtualLoop::MoveClock(std::int64_t dueMs) {
     EventsThisInstant = 0;
   }
   if (++EventsThisInstant > kMostEventsOfAnInstant) {
-    throw std::logic_error("events feed each other and the clock stands still");
+    throw std::logic_error("events feed each other and the clock does not advance");
   }
 }
 

@@ -26,7 +26,7 @@ class SettingsStore : public ProfileStore {
   bool ReadFlag(const ProfileKey& key) const { return Read(key) == "Yes"; }
   void WriteFlag(const ProfileKey& key, bool value) { Write(key, value ? "Yes" : "No"); }
 
-  /// Reports it to the operator (`StartUp::TellNotSaved`); wired at composition.
+  /// Reports it to the operator (`StartUp::ReportNotSaved`); wired at composition.
   /// Called when `Write` cannot write the settings file; then not again until it has been written
   /// successfully. A write that changes nothing does not count as successful.
   std::function<void()> OnNotSaved;

@@ -53,7 +53,7 @@ class CallDesk : public Desk {
   }
   /// The caption of the button, in English whatever the language.
   std::string KeyWord() {
-    const std::string shown = Text("cmdCall");
+    std::string shown = Text("cmdCall");
     for (const int id : {kStrCall, kStrWait, kStrSpeak}) {
       if (shown == Sys->Strings.LoadString(id)) return Sys->Strings.LoadEnglish(id);
     }

@@ -33,9 +33,10 @@ std::string Installation(const DeskOptions& options) {
 
 }  // namespace
 
-Desk::Desk(DeskOptions options) : Desk(std::move(options), nullptr) {}
+Desk::Desk(const DeskOptions& options) : Desk(options, nullptr) {}
 
-Desk::Desk(DeskOptions options, const std::function<void(SimulatedPc&)>& prepare, bool start) {
+Desk::Desk(const DeskOptions& options, const std::function<void(SimulatedPc&)>& prepare,
+           bool start) {
   LayOut(options);
   if (prepare) prepare(Pc);
   MakeSystem();

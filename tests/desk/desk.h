@@ -62,11 +62,12 @@ struct DeskOptions {
 class Desk {
  public:
   /// Creates the installation and starts the program up to its main window.
-  explicit Desk(DeskOptions options = {});
+  explicit Desk(const DeskOptions& options = {});
 
   /// The same, with a last change to the PC before the start. When `start` is false the program is
   /// not started.
-  Desk(DeskOptions options, const std::function<void(SimulatedPc&)>& prepare, bool start = true);
+  Desk(const DeskOptions& options, const std::function<void(SimulatedPc&)>& prepare,
+       bool start = true);
   ~Desk();
 
   static constexpr const char* kIni = "/app/Tolvo.ini";

@@ -126,7 +126,7 @@ TEST_P(Block, HasAShortNameForEachDayOfTheWeek) {
   for (const std::string& name : days) EXPECT_TRUE(std::regex_match(name, day)) << name;
 }
 
-/// English keeps its agreed letters, of which two stand for two days each.
+/// English keeps its agreed letters, of which two are each used for two days.
 TEST_P(Block, TellsTheDaysOfTheWeekApart) {
   const std::vector<std::string> days = WordsOf(TextsOf(GetParam()).at(871));
   const std::size_t names = std::string(GetParam()) == "English" ? 5 : 7;

@@ -54,9 +54,10 @@ Deed DrawTalk(Dice& dice) {
   for (const Stroke& stroke : strokes)
     what += (stroke.Down ? " down " : " up ") + std::to_string(stroke.AfterMs);
   return {what, [strokes, first](WatchedDesk& desk) {
-            for (const auto& [afterMs, down] : strokes) {
-              desk.Pc.Loop.Schedule(
-                  afterMs, [&desk, first, down] { desk.StrikeCallKey(first ? 1 : 2, down); });
+            for (const Stroke& stroke : strokes) {
+              desk.Pc.Loop.Schedule(stroke.AfterMs, [&desk, first, down = stroke.Down] {
+                desk.StrikeCallKey(first ? 1 : 2, down);
+              });
             }
             desk.Advance(0);
           }};

@@ -343,7 +343,7 @@ void Recovery::RequireRestored() {
           "The music's level is " + std::to_string(slider) + ", not " + std::to_string(volume));
   Require(TheDesk.Slider(0) == TheDesk.Values().MasterVolume, "The master's level is not back");
   Require(!TheDesk.MuteCheck(0) && !TheDesk.MuteCheck(TheDesk.Sys->Mixer.WaveLine),
-          "A mute stays behind");
+          "A mute stays on");
   Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music is not back");
   for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"})
     Require(TheDesk.Enabled(key), std::string("A key stays disabled: ") + key);

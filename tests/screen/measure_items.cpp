@@ -59,12 +59,12 @@ void ExpectItemWhole(QAbstractItemView& view, const QModelIndex& index) {
 /// The texts of an action do not run into its key, which is painted after them.
 void ExpectKeyApart(const QAction& action, const QList<Piece>& pieces) {
   const QString key = action.shortcut().toString(QKeySequence::NativeText);
-  const auto behind = std::find_if(pieces.begin(), pieces.end(),
-                                   [&key](const Piece& piece) { return piece.Text == key; });
-  ASSERT_NE(behind, pieces.end()) << action.text().toStdString() << " shows no key";
+  const auto keyPiece = std::find_if(pieces.begin(), pieces.end(),
+                                     [&key](const Piece& piece) { return piece.Text == key; });
+  ASSERT_NE(keyPiece, pieces.end()) << action.text().toStdString() << " shows no key";
   for (const Piece& piece : pieces) {
-    if (&piece == &*behind) continue;
-    EXPECT_LE(piece.Place.right() + kKeyGap, behind->Place.left())
+    if (&piece == &*keyPiece) continue;
+    EXPECT_LE(piece.Place.right() + kKeyGap, keyPiece->Place.left())
         << piece.Text.toStdString() << " touches its key";
   }
 }

@@ -109,34 +109,34 @@ void Listen(const DeskOptions& options, const Fault& fault,
   for (const Box& box : desk.Pc.Dialogs.Boxes) heard.push_back(box);
 }
 
-std::vector<Box> AllThatIsTold(const char* language) {
+std::vector<Box> AllReports(const char* language) {
   DeskOptions shop = Shop();
   shop.Language = language;
-  std::vector<Box> told;
+  std::vector<Box> reports;
   for (const auto& provoke :
        {LoseTheDirectories, EmptyTheSettings, MistakeTheTimes, MistakeThePlaylist, LoseTheSettings})
-    Listen(shop, nullptr, provoke, told);
+    Listen(shop, nullptr, provoke, reports);
   Listen(
-      shop, nullptr, [](Desk& desk) { desk.Click("mnuAdresses"); }, told);
-  for (const Fault& fault : FaultsAtTheStart()) Listen(shop, fault, nullptr, told);
+      shop, nullptr, [](Desk& desk) { desk.Click("mnuAdresses"); }, reports);
+  for (const Fault& fault : FaultsAtTheStart()) Listen(shop, fault, nullptr, reports);
   shop.AllDays = true;
   shop.Sequences.push_back({.File = "Broken.sch", .Hours = "-7"});
   shop.Sequences.push_back(
       {.File = "Short week.sch", .Hours = "12", .Minutes = "21", .Weekdays = "00"});
-  Listen(shop, nullptr, nullptr, told);
-  return told;
+  Listen(shop, nullptr, nullptr, reports);
+  return reports;
 }
 
-TEST(Boxes, TellAllThatTheSystemHasToTellWholeInEveryLanguage) {
+TEST(Boxes, ShowEveryReportWholeInEveryLanguage) {
   const Theme theme(*qApp);
   VirtualLoop loop;
   const MemoryDisk disk;
   QtDialogs dialogs(loop, disk);
   for (const Language& language : PaintedLanguages()) {
     Sheet sheet;
-    const std::vector<Box> told = AllThatIsTold(language.Name);
-    EXPECT_EQ(told.size(), 30u) << language.Name;
-    for (const Box& box : told) {
+    const std::vector<Box> reports = AllReports(language.Name);
+    EXPECT_EQ(reports.size(), 30u) << language.Name;
+    for (const Box& box : reports) {
       SCOPED_TRACE(std::string(language.Name) + ": " + box.Body);
       dialogs.LeaveMsgBox(box.Body, box.Icon, box.Caption);
       QApplication::processEvents();

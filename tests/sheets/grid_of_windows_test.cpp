@@ -95,7 +95,7 @@ double RoomBefore(const PaintedTexts::Piece& shortcut, const QList<PaintedTexts:
   return shortcut.Place.left() - end;
 }
 
-TEST(GridOfWindows, AShortcutStandsApartFromItsItemInEveryLanguage) {
+TEST(GridOfWindows, AShortcutIsApartFromItsItemInEveryLanguage) {
   constexpr double kApart = 24;
   for (const Language& language : PaintedLanguages()) {
     const auto texts = Shown("menu_file", language.Name).Texts();

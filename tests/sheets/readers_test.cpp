@@ -14,7 +14,7 @@ namespace {
 
 /// What a screen reader says about the widget with the keyboard focus: its name, or its description
 /// for a combo box, whose name is its current entry.
-QString Told(QWidget& widget) {
+QString Announced(QWidget& widget) {
   QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&widget);
   const bool opens = qobject_cast<QComboBox*>(&widget);
   return spoken->text(opens ? QAccessible::Description : QAccessible::Name);
@@ -34,19 +34,19 @@ std::vector<QWidget*> Stops(const QWidget& window) {
 
 class Readers : public ::testing::TestWithParam<Language> {};
 
-TEST_P(Readers, TellEachPartOfAWindowFromAllOthers) {
+TEST_P(Readers, NameEachPartOfAWindowUniquely) {
   std::size_t most = 0;
   for (const Scene& scene : Scenes()) {
     DeskOptions options = scene.Options;
     options.Language = GetParam().Name;
     ShownDesk desk(options);
     QWidget& window = scene.Reach(desk);
-    std::map<QString, QString> told;
+    std::map<QString, QString> named;
     const std::vector<QWidget*> stops = Stops(window);
     for (QWidget* stop : stops) {
-      QString& first = told[Told(*stop)];
+      QString& first = named[Announced(*stop)];
       EXPECT_EQ(first.toStdString(), "") << scene.Name << ": " << stop->objectName().toStdString()
-                                         << " is " << Told(*stop).toStdString();
+                                         << " is " << Announced(*stop).toStdString();
       first = stop->objectName();
     }
     most = std::max(most, stops.size());

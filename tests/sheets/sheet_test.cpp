@@ -89,16 +89,16 @@ TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguage) {
   }
 }
 
-TEST(Sheets, ACallOfTheAmplifierIsToldWholeInLettersForThosePassingBy) {
+TEST(Sheets, TheAmplifiersCallIsWholeInLettersForPassersBy) {
   const Scene& scene = SceneOf("main_conflict_takeover");
   for (const Language& language : PaintedLanguages()) {
     DeskOptions options = scene.Options;
     options.Language = language.Name;
     ShownDesk desk(options);
-    auto* told = dynamic_cast<ElidedLabel*>(scene.Reach(desk).findChild<QLabel*>("paneOnAirName"));
-    ASSERT_TRUE(told);
-    EXPECT_EQ(told->ShownLine(), QString::fromStdString(desk.Text("lblHiPrio")));
-    EXPECT_GE(told->font().pointSize(), 19) << language.Name;
+    auto* onAir = dynamic_cast<ElidedLabel*>(scene.Reach(desk).findChild<QLabel*>("paneOnAirName"));
+    ASSERT_TRUE(onAir);
+    EXPECT_EQ(onAir->ShownLine(), QString::fromStdString(desk.Text("lblHiPrio")));
+    EXPECT_GE(onAir->font().pointSize(), 19) << language.Name;
   }
 }
 

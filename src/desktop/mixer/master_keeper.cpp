@@ -192,8 +192,8 @@ MasterKeeper::MasterKeeper(EventLoop& loop, OpenMaster open) {
   const auto changed = Life.Guard([this] {
     if (OnChange) OnChange();
   });
-  const auto tell = [&loop, changed] { loop.Post(changed); };
-  Work = std::make_shared<Worker>(std::move(open), tell);
+  const auto report = [&loop, changed] { loop.Post(changed); };
+  Work = std::make_shared<Worker>(std::move(open), report);
   Thread = std::thread([work = Work] { work->Run(); });
   Work->AwaitFirstAnswer();
 }

@@ -50,7 +50,7 @@ void TtySerialPort::DeleteLater::operator()(QSocketNotifier* notifier) const {
 TtySerialPort::TtySerialPort(EventLoop& loop, SerialPlaces places)
     : Loop(loop), Places(std::move(places)) {}
 
-TtySerialPort::~TtySerialPort() { SetPortOpen(false); }
+TtySerialPort::~TtySerialPort() { TtySerialPort::SetPortOpen(false); }
 
 void TtySerialPort::SetPortOpen(bool open) {
   if (open == Wanted) return;

@@ -30,9 +30,9 @@ int Shorten(float* stereo, int frames, int count) {
   count = std::clamp(count, 0, frames);
   const int kept = frames - count;
   const int blend = std::min(count, kept);
-  const float* const behind = stereo + std::size_t(count) * kChannels;
-  Crossfade(stereo, behind, stereo, blend);
-  std::memmove(stereo + blend * kChannels, behind + blend * kChannels,
+  const float* const next = stereo + std::size_t(count) * kChannels;
+  Crossfade(stereo, next, stereo, blend);
+  std::memmove(stereo + blend * kChannels, next + blend * kChannels,
                std::size_t(kept - blend) * kChannels * sizeof(float));
   return kept;
 }

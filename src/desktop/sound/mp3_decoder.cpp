@@ -13,8 +13,8 @@
 namespace marlex {
 namespace {
 
-constexpr double kSlowestMp3 = 8000 / 8;          // bytes per second at the lowest bitrate
-constexpr double kFastestMp3 = 320000 / 8 * 1.1;  // and at the highest, with some margin
+constexpr double kSlowestMp3 = 8000 / 8.0;          // bytes per second at the lowest bitrate
+constexpr double kFastestMp3 = 320000 / 8.0 * 1.1;  // and at the highest, with some margin
 // Bytes that can be scanned within some tens of milliseconds.
 constexpr std::int64_t kScanLimit = 64 * 1024 * 1024;
 constexpr std::int64_t kTagRoom = 4096;  // bytes of trailing tags that a claim leaves out

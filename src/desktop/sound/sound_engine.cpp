@@ -25,7 +25,7 @@ class SoundEngine::Body : public OutputSource {
       : Loop(loop),
         Family(std::make_shared<StreamFamily>()),
         Mixer([](void* self,
-                 const SoundStream& stream) { return static_cast<Body*>(self)->TellEnd(stream); },
+                 const SoundStream& stream) { return static_cast<Body*>(self)->ReportEnd(stream); },
               this),
         Path(Mixer, Wave, Master) {}
 
@@ -59,7 +59,7 @@ class SoundEngine::Body : public OutputSource {
 
  private:
   SoundDevice FindDevice(const SoundOptions& options);
-  bool TellEnd(const SoundStream& stream);
+  bool ReportEnd(const SoundStream& stream);
   void PostEnd(std::uint64_t stream);
 
   RenderPath Path;
@@ -109,7 +109,7 @@ bool SoundEngine::Body::RenderBlock(float* stereo, int frames, std::int64_t dela
 
 /// Called on the rendering thread. The stream's last frame is heard before the end of the block, by
 /// as much as the stream left the block empty.
-bool SoundEngine::Body::TellEnd(const SoundStream& stream) {
+bool SoundEngine::Body::ReportEnd(const SoundStream& stream) {
   if (!Reports) {  // offline: this is the system's thread
     PostEnd(stream.Id());
     return true;

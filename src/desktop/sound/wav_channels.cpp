@@ -57,9 +57,9 @@ std::vector<ChannelShare> SharesOf(SNDFILE* file, int channels) {
   if (channels == 1) return {{1, 1}};
   if (channels == 2) return {kLeft, kRight};
   std::vector<int> places = UsualPlaces(channels);
-  std::vector<int> told(places.size());
-  const int bytes = int(told.size() * sizeof(int));
-  if (sf_command(file, SFC_GET_CHANNEL_MAP_INFO, told.data(), bytes) == SF_TRUE) places = told;
+  std::vector<int> known(places.size());
+  const int bytes = int(known.size() * sizeof(int));
+  if (sf_command(file, SFC_GET_CHANNEL_MAP_INFO, known.data(), bytes) == SF_TRUE) places = known;
   std::vector<ChannelShare> shares(places.size());
   std::transform(places.begin(), places.end(), shares.begin(), ShareOf);
   return shares;

@@ -14,7 +14,7 @@
 #include <QUrl>
 #include <algorithm>
 
-#include "desktop/windows/standing_box.h"
+#include "desktop/windows/open_box.h"
 
 namespace marlex {
 
@@ -125,7 +125,7 @@ void FileDialogBox::LeaveOutWhatWaits() {
 
 void FileDialogBox::GoTo(const QString& folder) {
   if (folder.isEmpty() || QFileInfo(folder).isDir()) return setDirectory(folder);
-  TellNotFound(folder);
+  ReportNotFound(folder);
 }
 
 /// Enables the Open or Save button for any name. Qt would disable it for a name that is not listed
@@ -246,7 +246,7 @@ void FileDialogBox::Open(const QStringList& names) {
   QStringList paths;
   for (const QString& name : names) {
     paths.append(FileToOpen(name));
-    if (paths.back().isEmpty()) return TellNotFound(name);
+    if (paths.back().isEmpty()) return ReportNotFound(name);
   }
   Choose(paths);
 }
@@ -267,10 +267,10 @@ void FileDialogBox::Choose(const QStringList& paths) {
   QDialog::accept();
 }
 
-void FileDialogBox::TellNotFound(const QString& name) {
+void FileDialogBox::ReportNotFound(const QString& name) {
   QPushButton* ok = Ask(name, Texts.NotFound).addButton(QMessageBox::Ok);
   ok->setText(QString::fromStdString(Texts.Ok));
-  LeaveStanding(Question, Pointers);
+  LeaveOpen(Question, Pointers);
 }
 
 void FileDialogBox::AskWhetherToReplace(const QString& path) {
@@ -284,7 +284,7 @@ void FileDialogBox::AskWhetherToReplace(const QString& path) {
   connect(&question, &QDialog::finished, this, [this, &question, replace, path] {
     if (question.clickedButton() == replace) Choose({path});
   });
-  LeaveStanding(&question, Pointers);
+  LeaveOpen(&question, Pointers);
 }
 
 QMessageBox& FileDialogBox::Ask(const QString& name, const std::string& text) {

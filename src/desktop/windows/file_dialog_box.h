@@ -54,7 +54,7 @@ class FileDialogBox : public QFileDialog {
   void Open(const QStringList& names);
   QString FileToOpen(const QString& name) const;
   void Choose(const QStringList& paths);
-  void TellNotFound(const QString& name);
+  void ReportNotFound(const QString& name);
   void AskWhetherToReplace(const QString& path);
   QMessageBox& Ask(const QString& name, const std::string& text);
 

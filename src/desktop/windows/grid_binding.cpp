@@ -173,14 +173,14 @@ void GridBinding::ForwardDoubleClick(int row, int column) {
 }
 
 void GridBinding::ForwardScroll() {
-  const auto tell = [this] {
+  const auto report = [this] {
     const int row = View.rowAt(0) + 1;
     if (Painting || row == 0) return;
     Operator.Forward(Cells, [this, row] {
       if (row < Cells.Rows() && row != Cells.TopRow()) Cells.SetTopRow(row);
     });
   };
-  connect(View.verticalScrollBar(), &QScrollBar::valueChanged, this, tell, Qt::DirectConnection);
+  connect(View.verticalScrollBar(), &QScrollBar::valueChanged, this, report, Qt::DirectConnection);
 }
 
 /// Makes a cell the current one; false if the table has lost it in the meantime.

@@ -6,14 +6,14 @@ namespace marlex {
 
 namespace {
 
-bool Stands(const QPointer<QWindow>& window) { return window && window->isVisible(); }
+bool IsShown(const QPointer<QWindow>& window) { return window && window->isVisible(); }
 
 }  // namespace
 
 PointersDown::PointersDown() { qGuiApp->installEventFilter(this); }
 
 bool PointersDown::Any() const {
-  return QGuiApplication::mouseButtons() != Qt::NoButton || Stands(Clicked) || Stands(Touched);
+  return QGuiApplication::mouseButtons() != Qt::NoButton || IsShown(Clicked) || IsShown(Touched);
 }
 
 /// Every event reaches the window before its widgets; the end of a touch may go to any object.

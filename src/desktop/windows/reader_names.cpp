@@ -140,7 +140,7 @@ Named ByName(const QWidget& window) {
 }
 
 /// A screen reader announces a combo box by its entry; the description says what it is for.
-void Tell(QWidget& widget, const QString& name) {
+void SetName(QWidget& widget, const QString& name) {
   if (name.isEmpty() || name == widget.accessibleName()) return;
   widget.setAccessibleName(name);
   if (qobject_cast<QComboBox*>(&widget)) widget.setAccessibleDescription(name);
@@ -153,7 +153,7 @@ void NameForReaders(QWidget& window) {
     const auto count = static_cast<qsizetype>(widgets.size());
     qsizetype place = 0;
     for (QWidget* widget : widgets)
-      Tell(*widget, count > 1 && !name.isEmpty() ? Placed(name, ++place, count) : name);
+      SetName(*widget, count > 1 && !name.isEmpty() ? Placed(name, ++place, count) : name);
   }
 }
 

@@ -66,25 +66,25 @@ class SimulatedDialogsBench : public DialogsBench {
 class RealDialogsBench : public DialogsBench {
  public:
   ~RealDialogsBench() override {
-    for (QDialog* dialog : Standing<QDialog>()) dialog->close();
+    for (QDialog* dialog : OpenDialogs<QDialog>()) dialog->close();
   }
 
   Dialogs& Boxes() override { return TheBoxes; }
   EventLoop& Loop() override { return TheLoop; }
 
-  int OpenBoxes() override { return static_cast<int>(Standing<QMessageBox>().size()); }
-  bool FileDialogIsOpen() override { return !Standing<QFileDialog>().isEmpty(); }
+  int OpenBoxes() override { return static_cast<int>(OpenDialogs<QMessageBox>().size()); }
+  bool FileDialogIsOpen() override { return !OpenDialogs<QFileDialog>().isEmpty(); }
 
   void PressOk() override {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (!box) box = Standing<QMessageBox>().front();
+    if (!box) box = OpenDialogs<QMessageBox>().front();
     box->button(QMessageBox::Ok)->click();
   }
   std::string ChooseFile() override {
-    Choose(*Standing<QFileDialog>().front(), "a.sch");
+    Choose(*OpenDialogs<QFileDialog>().front(), "a.sch");
     return Files.Place.path().toStdString() + "/a.sch";
   }
-  void CancelFile() override { Standing<QFileDialog>().front()->reject(); }
+  void CancelFile() override { OpenDialogs<QFileDialog>().front()->reject(); }
 
   bool Await(const std::function<bool()>& done) override { return marlex::Await(TheLoop, done); }
 

@@ -26,7 +26,7 @@ class OtherProcess {
     if (Id == 0) {
       PosixProcess process;
       process.ClaimWindow(caption);
-      [[maybe_unused]] const auto told = write(ready[1], "r", 1);
+      [[maybe_unused]] const auto written = write(ready[1], "r", 1);
       while (true) pause();
     }
     close(ready[1]);

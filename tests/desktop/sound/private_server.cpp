@@ -78,7 +78,7 @@ PrivateServer::~PrivateServer() {
 
 void PrivateServer::Start() {
   const std::vector<std::string> words = {
-      MARLEX_SOURCE_DIR "/tests/sound/private_server",
+      (MARLEX_SOURCE_DIR "/tests/sound/private_server"),
       Directory.string(),
       "module-null-sink sink_name=desk sink_properties=device.description=Desk",
       "module-null-sink sink_name=other",

@@ -33,7 +33,7 @@ std::string WriteSound(MediaFiles& files, int format, int channels, int rate,
   info.samplerate = rate;
   info.channels = channels;
   info.format = format;
-  const std::string path = files.Path("sound.wav");
+  std::string path = files.Path("sound.wav");
   SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
   for (int i = 0; i < rate; ++i) sf_writef_float(file, frame.data(), 1);
   sf_close(file);
@@ -99,7 +99,7 @@ std::pair<long, long> HeardOf(int format, int channels, int channel) {
 TEST(WavDecoder, OfManyChannelsEachIsHeardWhereItBelongs) {
   using Sides = std::pair<long, long>;
   const Sides left(100, 0), right(0, 100), centre(71, 71), none(0, 0);
-  const Sides leftBehind(71, 0), rightBehind(0, 71);
+  const Sides leftRear(71, 0), rightRear(0, 71);
   // Left, right, centre, low frequencies, and two or four rear channels, as the file says or as is
   // usual.
   for (const int format : {SF_FORMAT_WAVEX, SF_FORMAT_WAV}) {
@@ -108,21 +108,21 @@ TEST(WavDecoder, OfManyChannelsEachIsHeardWhereItBelongs) {
       EXPECT_EQ(HeardOf(format, channels, 1), right) << channels;
       EXPECT_EQ(HeardOf(format, channels, 2), centre) << channels;
       EXPECT_EQ(HeardOf(format, channels, 3), none) << channels;
-      for (int behind = 4; behind < channels; behind += 2) {
-        EXPECT_EQ(HeardOf(format, channels, behind), leftBehind) << channels;
-        EXPECT_EQ(HeardOf(format, channels, behind + 1), rightBehind) << channels;
+      for (int rear = 4; rear < channels; rear += 2) {
+        EXPECT_EQ(HeardOf(format, channels, rear), leftRear) << channels;
+        EXPECT_EQ(HeardOf(format, channels, rear + 1), rightRear) << channels;
       }
     }
-    EXPECT_EQ(HeardOf(format, 4, 2), leftBehind);
-    EXPECT_EQ(HeardOf(format, 4, 3), rightBehind);
+    EXPECT_EQ(HeardOf(format, 4, 2), leftRear);
+    EXPECT_EQ(HeardOf(format, 4, 3), rightRear);
   }
   for (const int channels : {3, 5, 7}) {
     EXPECT_EQ(HeardOf(SF_FORMAT_WAV, channels, 0), left) << channels;
     EXPECT_EQ(HeardOf(SF_FORMAT_WAV, channels, 1), right) << channels;
     EXPECT_EQ(HeardOf(SF_FORMAT_WAV, channels, 2), centre) << channels;
   }
-  EXPECT_EQ(HeardOf(SF_FORMAT_WAV, 5, 3), leftBehind);
-  EXPECT_EQ(HeardOf(SF_FORMAT_WAV, 5, 4), rightBehind);
+  EXPECT_EQ(HeardOf(SF_FORMAT_WAV, 5, 3), leftRear);
+  EXPECT_EQ(HeardOf(SF_FORMAT_WAV, 5, 4), rightRear);
   EXPECT_EQ(HeardOf(SF_FORMAT_WAV, 16, 15), centre);
 }
 

@@ -17,7 +17,7 @@ std::set<std::string> ControlNames(const Form& form) {
   return names;
 }
 
-/// Names in a layout that stand for a control; those of panes and of Qt's own parts do not.
+/// Names in a layout that belong to a control; those of panes and of Qt's own parts do not.
 std::set<std::string> WidgetNames(const QWidget& window) {
   std::set<std::string> names;
   for (const QObject* object : window.findChildren<QObject*>()) {

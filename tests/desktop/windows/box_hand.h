@@ -40,13 +40,13 @@ inline QWidget* DialogInFront() {
 
 /// The visible dialogs of type T.
 template <class T>
-QList<T*> Standing() {
-  QList<T*> standing;
+QList<T*> OpenDialogs() {
+  QList<T*> open;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     auto* dialog = qobject_cast<T*>(window);
-    if (dialog && dialog->isVisible()) standing.append(dialog);
+    if (dialog && dialog->isVisible()) open.append(dialog);
   }
-  return standing;
+  return open;
 }
 
 /// Does `action` with the next dialog of type T that opens.
@@ -111,16 +111,16 @@ inline void Answer(QMessageBox& box, const QString& caption) {
 }
 
 /// The only message box that is open.
-inline QMessageBox& StandingQuestion() {
-  const auto standing = Standing<QMessageBox>();
-  if (standing.size() != 1) throw std::runtime_error("There is not one question");
-  return *standing.front();
+inline QMessageBox& OpenQuestion() {
+  const auto open = OpenDialogs<QMessageBox>();
+  if (open.size() != 1) throw std::runtime_error("There is not one question");
+  return *open.front();
 }
 
 /// A folder, and an operator who types names into its file dialogs.
 struct TypingFolder : Folder {
   ~TypingFolder() {
-    for (QDialog* dialog : Standing<QDialog>()) dialog->close();
+    for (QDialog* dialog : OpenDialogs<QDialog>()) dialog->close();
   }
 
   FileDialog Save(const std::string& extension) const {
@@ -135,16 +135,16 @@ struct TypingFolder : Folder {
   QFileDialog& Type(const QString& name, const FileDialog& dialog) {
     Result.reset();
     Dialogs.LeaveOpen(dialog, [this](const std::string& result) { Result = result; });
-    const auto standing = Standing<QFileDialog>();
-    if (standing.size() != 1) throw std::runtime_error("There is not one file dialog");
-    Choose(*standing.front(), name);
-    return *standing.front();
+    const auto open = OpenDialogs<QFileDialog>();
+    if (open.size() != 1) throw std::runtime_error("There is not one file dialog");
+    Choose(*open.front(), name);
+    return *open.front();
   }
 
   /// The chosen file name; empty when the dialog was cancelled.
   std::string Chosen() {
-    Loop.PumpUntil([this] { return Result || !Standing<QMessageBox>().isEmpty(); });
-    if (!Result) return "? " + StandingQuestion().text().toStdString();
+    Loop.PumpUntil([this] { return Result || !OpenDialogs<QMessageBox>().isEmpty(); });
+    if (!Result) return "? " + OpenQuestion().text().toStdString();
     return QFileInfo(QString::fromStdString(*Result)).fileName().toStdString();
   }
   std::string Typed(const QString& name, const FileDialog& dialog) {

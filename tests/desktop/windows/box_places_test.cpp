@@ -137,8 +137,8 @@ TEST(BoxPlaces, TheQuestionOfAnEditorsSaveDialogBarsTheEditorAlone) {
   desk.Release();
   EXPECT_EQ(desk.Releases, 1);
   desk.Report("No paper");
-  EXPECT_EQ(Standing<QMessageBox>().size(), 2);
-  for (QMessageBox* box : Standing<QMessageBox>()) {
+  EXPECT_EQ(OpenDialogs<QMessageBox>().size(), 2);
+  for (QMessageBox* box : OpenDialogs<QMessageBox>()) {
     if (box == question) continue;
     EXPECT_EQ(box->parentWidget(), &desk.Screen.Main()) << "where it can be answered";
     box->close();
@@ -168,7 +168,7 @@ TEST(BoxPlaces, AFileThatIsNotFoundBarsNothingOfTheMainWindow) {
   EXPECT_EQ(desk.Releases, 1);
   EXPECT_TRUE(notice->isVisible());
   Choose(*dialog, "night.lst");
-  ASSERT_EQ(Standing<QMessageBox>().size(), 1) << "the first one is over";
+  ASSERT_EQ(OpenDialogs<QMessageBox>().size(), 1) << "the first one is over";
   EXPECT_EQ(desk.Box()->text(), "night.lst\nFile not found");
   QCloseEvent close;  // like the window manager's; a box that blocks the window would refuse it
   QApplication::sendEvent(desk.Screen.Main().windowHandle(), &close);

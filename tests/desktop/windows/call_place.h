@@ -17,7 +17,7 @@ struct CallPlace : PaintedWindows {
     ShowMain();
   }
   ~CallPlace() {
-    for (QDialog* dialog : Standing<QDialog>()) dialog->close();
+    for (QDialog* dialog : OpenDialogs<QDialog>()) dialog->close();
   }
 
   QPoint KeyPlace() {

@@ -101,7 +101,7 @@ TEST(FileDialogBox, TwoQuotesAloneAreNoName) {
   TypingFolder folder;
   QFileDialog& box = folder.Type("\"\"", folder.Save("lst"));
   EXPECT_TRUE(box.isVisible());
-  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+  EXPECT_TRUE(OpenDialogs<QMessageBox>().isEmpty());
 }
 
 TEST(FileDialogBox, AFolderThatIsTypedIsEnteredAndNoName) {
@@ -148,26 +148,26 @@ TEST(FileDialogBox, AFileThatIsNotThereIsNotOpened) {
   TypingFolder folder;
   for (const char* typed : {"c.sch", "c", "no such folder/a.sch"}) {
     QFileDialog& box = folder.Type(typed, folder.Open());
-    EXPECT_EQ(StandingQuestion().text(), QString(typed) + "\nFile not found");
-    EXPECT_EQ(StandingQuestion().windowTitle(), "Warning");
-    Answer(StandingQuestion(), "OK");
+    EXPECT_EQ(OpenQuestion().text(), QString(typed) + "\nFile not found");
+    EXPECT_EQ(OpenQuestion().windowTitle(), "Warning");
+    Answer(OpenQuestion(), "OK");
     EXPECT_TRUE(box.isVisible());
     Choose(box, "a.sch");
     EXPECT_EQ(folder.Chosen(), "a.sch");
   }
   folder.Type("\"a.sch\" \"c.sch\"", folder.Open(true));
-  EXPECT_EQ(StandingQuestion().text(), "c.sch\nFile not found");
+  EXPECT_EQ(OpenQuestion().text(), "c.sch\nFile not found");
 }
 
 TEST(FileDialogBox, TheNameOfAFileThatExistsIsTakenAfterAQuestion) {
   TypingFolder folder;
   const std::string question = "? a.sch\nThe file already exists. Replace it?";
   EXPECT_EQ(folder.Typed("a", folder.Save("sch")), question);
-  Answer(StandingQuestion(), "Replace");
+  Answer(OpenQuestion(), "Replace");
   EXPECT_EQ(folder.Chosen(), "a.sch");
   QFileDialog& box = folder.Type("a.sch", folder.Save("sch"));
   EXPECT_EQ(folder.Chosen(), question);
-  Answer(StandingQuestion(), "Cancel");
+  Answer(OpenQuestion(), "Cancel");
   EXPECT_TRUE(box.isVisible());
   EXPECT_FALSE(folder.Result);
   Choose(box, "b.sch");
@@ -177,9 +177,9 @@ TEST(FileDialogBox, TheNameOfAFileThatExistsIsTakenAfterAQuestion) {
 TEST(FileDialogBox, AQuestionThatIsLeftReplacesNothing) {
   TypingFolder folder;
   QFileDialog& box = folder.Type("a.sch", folder.Save("sch"));
-  EXPECT_EQ(StandingQuestion().defaultButton()->text(), "Cancel");
-  QTest::keyClick(&StandingQuestion(), Qt::Key_Escape);
-  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+  EXPECT_EQ(OpenQuestion().defaultButton()->text(), "Cancel");
+  QTest::keyClick(&OpenQuestion(), Qt::Key_Escape);
+  EXPECT_TRUE(OpenDialogs<QMessageBox>().isEmpty());
   EXPECT_TRUE(box.isVisible());
   EXPECT_FALSE(folder.Result);
 }
@@ -200,7 +200,7 @@ TEST(FileDialogBox, ANameIsThatOfTheFileThatItFinds) {
     folder.Make(row.File);
     EXPECT_EQ(folder.Typed(row.Typed, folder.Save("sch")),
               "? " + row.Found + "\nThe file already exists. Replace it?");
-    Answer(StandingQuestion(), "Replace");
+    Answer(OpenQuestion(), "Replace");
     EXPECT_EQ(folder.Chosen(), row.Found);
   }
 }
@@ -211,9 +211,9 @@ TEST(FileDialogBox, ANameInACodePageIsOpenedAsItIsTyped) {
   EXPECT_EQ(folder.Typed("münchen", folder.Open()), "München.sch");
   ASSERT_EQ(::mkdir((folder.Place.path().toStdString() + "/M\xFCnchen").c_str(), 0700), 0);
   EXPECT_EQ(folder.Typed("münchen/day.sch", folder.Open()), "? münchen/day.sch\nFile not found");
-  Answer(StandingQuestion(), "OK");
+  Answer(OpenQuestion(), "OK");
   folder.Make("M\xFCnchen/Day.sch");
-  Choose(*Standing<QFileDialog>().front(), "münchen/day.sch");
+  Choose(*OpenDialogs<QFileDialog>().front(), "münchen/day.sch");
   EXPECT_EQ(folder.Chosen(), "Day.sch");
   EXPECT_TRUE(folder.Dialogs.Disk.Search(*folder.Result) == "Day.sch") << *folder.Result;
 }
@@ -278,8 +278,8 @@ TEST(FileDialogBox, APlaceThatHasGoneIsReported) {
   places.showPopup();
   places.hidePopup();
   emit places.textActivated(places.currentText());
-  EXPECT_EQ(StandingQuestion().text(), folder.Place.filePath("stick") + "\nFile not found");
-  EXPECT_EQ(StandingQuestion().windowModality(), Qt::WindowModal);
+  EXPECT_EQ(OpenQuestion().text(), folder.Place.filePath("stick") + "\nFile not found");
+  EXPECT_EQ(OpenQuestion().windowModality(), Qt::WindowModal);
 }
 
 TEST(FileDialogBox, APlaceThatIsChosenIsEntered) {

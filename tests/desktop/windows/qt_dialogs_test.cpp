@@ -51,7 +51,7 @@ TEST(QtDialogs, AnOpenNoticeBarsNoCallKey) {
   CallPlace desk;
   desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
   desk.Settle();
-  ASSERT_EQ(Standing<QMessageBox>().size(), 1);
+  ASSERT_EQ(OpenDialogs<QMessageBox>().size(), 1);
   desk.Press();
   EXPECT_EQ(desk.Heard, "down ");
   desk.Release();
@@ -63,7 +63,7 @@ TEST(QtDialogs, AFileDialogOfTheMainWindowBarsNoCallKey) {
   CallPlace desk;
   desk.Boxes.LeaveOpen(folder.Asked(true), [](const std::string&) {});
   desk.Settle();
-  ASSERT_EQ(Standing<QFileDialog>().size(), 1);
+  ASSERT_EQ(OpenDialogs<QFileDialog>().size(), 1);
   desk.Press();
   desk.Release();
   EXPECT_EQ(desk.Heard, "down up ");
@@ -79,7 +79,7 @@ TEST(QtDialogs, ANoticeThatComesWhileTheKeyIsHeldWaitsUntilItIsLetGo) {
     desk.Settle();
     EXPECT_EQ(desk.Heard, "down ") << "the operator still speaks";
     byFinger ? finger.Release() : desk.Release();
-    EXPECT_TRUE(QTest::qWaitFor([] { return Standing<QMessageBox>().size() == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([] { return OpenDialogs<QMessageBox>().size() == 1; }));
     desk.Settle();
     EXPECT_EQ(desk.Heard, "down up ");
   }
@@ -97,9 +97,9 @@ TEST(QtDialogs, ANoticeWaitsForTheFingerWhateverTheMouseDoes) {
   QTest::qWait(200);
   desk.Settle();
   EXPECT_EQ(desk.Heard, "down ") << "the operator still speaks";
-  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+  EXPECT_TRUE(OpenDialogs<QMessageBox>().isEmpty());
   finger.Release();
-  EXPECT_TRUE(QTest::qWaitFor([] { return Standing<QMessageBox>().size() == 1; }));
+  EXPECT_TRUE(QTest::qWaitFor([] { return OpenDialogs<QMessageBox>().size() == 1; }));
   desk.Settle();
   EXPECT_EQ(desk.Heard, "down up ");
 }
@@ -112,9 +112,9 @@ TEST(QtDialogs, ANoticeWaitsForTheMouseAlsoWhenAFingerTaps) {
   QTest::qWait(200);
   desk.Settle();
   EXPECT_EQ(desk.Heard, "down ") << "the operator still speaks";
-  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+  EXPECT_TRUE(OpenDialogs<QMessageBox>().isEmpty());
   desk.Release();
-  EXPECT_TRUE(QTest::qWaitFor([] { return Standing<QMessageBox>().size() == 1; }));
+  EXPECT_TRUE(QTest::qWaitFor([] { return OpenDialogs<QMessageBox>().size() == 1; }));
   desk.Settle();
   EXPECT_EQ(desk.Heard, "down up ");
 }
@@ -127,7 +127,7 @@ TEST(QtDialogs, ATouchThatIsCancelledHoldsNoNoticeBack) {
   Finger::Cancel(key);
   QTest::mouseClick(desk.Screen.Main().windowHandle(), Qt::LeftButton, {}, QPoint(30, 30));
   desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
-  EXPECT_TRUE(QTest::qWaitFor([] { return Standing<QMessageBox>().size() == 1; }));
+  EXPECT_TRUE(QTest::qWaitFor([] { return OpenDialogs<QMessageBox>().size() == 1; }));
   finger.Release();
 }
 
@@ -152,15 +152,15 @@ TEST(QtDialogs, TheFileDialogOfAnEditorBlocksItAloneAndANoticeOverItStays) {
   desk.Press();
   desk.Release();
   EXPECT_EQ(desk.Heard, "down up ");
-  Standing<QFileDialog>().front()->close();
+  OpenDialogs<QFileDialog>().front()->close();
   desk.Settle();
-  ASSERT_EQ(Standing<QMessageBox>().size(), 1);
-  QMessageBox& notice = *Standing<QMessageBox>().front();
+  ASSERT_EQ(OpenDialogs<QMessageBox>().size(), 1);
+  QMessageBox& notice = *OpenDialogs<QMessageBox>().front();
   const QPushButton& answer = *qobject_cast<QPushButton*>(notice.button(QMessageBox::Ok));
   QTest::mouseClick(notice.windowHandle(), Qt::LeftButton, {},
                     answer.mapTo(&notice, answer.rect().center()));
   desk.Settle();
-  EXPECT_TRUE(Standing<QMessageBox>().isEmpty());
+  EXPECT_TRUE(OpenDialogs<QMessageBox>().isEmpty());
 }
 
 TEST(QtDialogs, ANoticeOverAnotherStaysWhenThatOneIsAnswered) {
@@ -169,12 +169,12 @@ TEST(QtDialogs, ANoticeOverAnotherStaysWhenThatOneIsAnswered) {
   desk.Settle();
   desk.Boxes.LeaveMsgBox("No ink", BoxIcon::Critical, "Error");
   desk.Settle();
-  for (QMessageBox* box : Standing<QMessageBox>()) {
+  for (QMessageBox* box : OpenDialogs<QMessageBox>()) {
     if (box->text() == "No paper") box->accept();
   }
   QTest::qWait(1);
-  ASSERT_EQ(Standing<QMessageBox>().size(), 1);
-  EXPECT_EQ(Standing<QMessageBox>().front()->text(), "No ink");
+  ASSERT_EQ(OpenDialogs<QMessageBox>().size(), 1);
+  EXPECT_EQ(OpenDialogs<QMessageBox>().front()->text(), "No ink");
 }
 
 }  // namespace

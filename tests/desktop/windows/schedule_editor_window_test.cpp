@@ -98,7 +98,7 @@ TEST(ScheduleEditorWindow, EachWeekdayIsOverItsBox) {
     auto& box = windows.Part<QCheckBox>(("WkDays_" + std::to_string(day)).c_str());
     const QPoint middle = box.mapTo(&windows.Screen.ScheduleEditor(), box.rect().center());
     const int left = header.mapTo(&windows.Screen.ScheduleEditor(), QPoint()).x();
-    EXPECT_NEAR(middle.x(), left + header.width() * (2 * day + 1) / 14, 3) << day;
+    EXPECT_NEAR(middle.x(), left + header.width() * (2 * day + 1) / 14.0, 3) << day;
   }
 }
 

@@ -11,10 +11,10 @@
 #include <thread>
 
 #include "places.h"
+#include "reporter.h"
 #include "system/stage/signals.h"
 #include "system/stage/stage.h"
 #include "system/stage/wait.h"
-#include "teller.h"
 
 namespace marlex::watch {
 namespace {
@@ -49,30 +49,30 @@ class FirstAnnouncement {
   bool HasPlayed = false;
 };
 
-/// Keeps the teller looking until the condition holds; false when the program ended or the limit
+/// Keeps the reporter looking until the condition holds; false when the program ended or the limit
 /// passed first.
-bool Watch(stage::Stage& desk, Teller& teller, const std::function<bool()>& condition,
+bool Watch(stage::Stage& desk, Reporter& reporter, const std::function<bool()>& condition,
            double limit) {
   constexpr std::chrono::milliseconds kBetweenLooks{20};
   double end = stage::Now() + limit;
   while (!condition()) {
     if (stage::Now() > end || !desk.Program->IsRunning()) return false;
-    teller.Look();
+    reporter.Look();
     std::this_thread::sleep_for(kBetweenLooks);
   }
-  teller.Look();
+  reporter.Look();
   return true;
 }
 
 /// Exits by the menu, as the operator would.
-void Leave(stage::Stage& desk, Teller& teller) {
+void Leave(stage::Stage& desk, Reporter& reporter) {
   constexpr double kExitLimitSeconds = 10;
   desk.Click("mnuFile");
   desk.Click("mnuExit");
   stage::WaitUntil([&] { return !desk.Program->IsRunning(); }, kExitLimitSeconds);
-  teller.Look();
+  reporter.Look();
   int code = desk.Program->ExitCode().value_or(-1);
-  teller.Say("the program has ended with code " + std::to_string(code));
+  reporter.Say("the program has ended with code " + std::to_string(code));
 }
 
 void Keep(const stage::Stage& desk, const std::string& recording) {
@@ -89,22 +89,22 @@ int Run(const std::string& program, const std::string& installation, const std::
   options.Installation = fs::absolute(installation).string();
   options.Cards.Microphone = true;
   stage::Stage desk(options);
-  Teller teller(desk);
+  Reporter reporter(desk);
   desk.Start(kStart);
-  teller.Say("the program is started in " + options.Installation);
+  reporter.Say("the program is started in " + options.Installation);
   FirstAnnouncement announcement(desk);
   bool isGood = Watch(
-      desk, teller, [&] { return announcement.IsPlaying(); }, kLimitSeconds);
+      desk, reporter, [&] { return announcement.IsPlaying(); }, kLimitSeconds);
   std::string picture = output + "/marlex.png";
   std::optional<stage::ScreenArea> window = desk.Window->Geometry("frmMain");
   if (window && desk.Display->Picture(picture, *window))
     printf("Screenshot: %s\n", picture.c_str());
   isGood = isGood && Watch(
-                         desk, teller, [&] { return announcement.IsOver(); }, kLimitSeconds);
+                         desk, reporter, [&] { return announcement.IsOver(); }, kLimitSeconds);
   if (isGood)
     Watch(
-        desk, teller, [] { return false; }, kMusicAfterwardsSeconds);
-  if (isGood) Leave(desk, teller);
+        desk, reporter, [] { return false; }, kMusicAfterwardsSeconds);
+  if (isGood) Leave(desk, reporter);
   Keep(desk, output + "/marlex.wav");
   if (!isGood) fprintf(stderr, "The announcement did not come.\n%s", desk.ProgramLog().c_str());
   return isGood ? 0 : 1;

@@ -1,4 +1,4 @@
-#include "teller.h"
+#include "reporter.h"
 
 #include <array>
 #include <cmath>
@@ -54,31 +54,31 @@ std::string Number(double value) {
 
 }  // namespace
 
-void Teller::Look() {
-  TellWindow();
-  TellBytes();
-  if (Watched.Card) TellSound();
+void Reporter::Look() {
+  ReportWindow();
+  ReportBytes();
+  if (Watched.Card) ReportSound();
   fflush(stdout);
 }
 
-void Teller::Say(const std::string& text) const { Tell(stage::Now(), "watch", text); }
+void Reporter::Say(const std::string& text) const { Print(stage::Now(), "watch", text); }
 
-void Teller::TellBytes() {
+void Reporter::ReportBytes() {
   if (!Watched.Line) return;
   std::vector<stage::LineByte> bytes = Watched.Line->Received();
-  for (; BytesTold < bytes.size(); ++BytesTold) {
-    const stage::LineByte& byte = bytes[BytesTold];
-    Tell(byte.Time, "amplifier",
-         "<- " + std::to_string(byte.Value) + "  " + stage::DescribeRouting(byte.Value));
+  for (; BytesReported < bytes.size(); ++BytesReported) {
+    const stage::LineByte& byte = bytes[BytesReported];
+    Print(byte.Time, "amplifier",
+          "<- " + std::to_string(byte.Value) + "  " + stage::DescribeRouting(byte.Value));
   }
 }
 
-void Teller::TellWindow() {
+void Reporter::ReportWindow() {
   std::vector<stage::WindowEvent> events = Watched.Window->Events();
-  for (; EventsTold < events.size(); ++EventsTold) TellEvent(events[EventsTold]);
+  for (; EventsReported < events.size(); ++EventsReported) ReportEvent(events[EventsReported]);
 }
 
-void Teller::TellEvent(const stage::WindowEvent& event) {
+void Reporter::ReportEvent(const stage::WindowEvent& event) {
   std::string& seen = Seen[event.Object + " " + event.Property];
   bool isFlag = event.Property == "visible" || event.Property == "enabled";
   bool isNews = seen != event.Value && (!isFlag || !seen.empty() || event.Value == "yes");
@@ -88,16 +88,16 @@ void Teller::TellEvent(const stage::WindowEvent& event) {
                   Watched.Window->Read("frmMain", "visible") != "yes" &&
                   event.Object.starts_with("frmMain");
   if (IsSight(event) && isNews && !isDesign && !event.Value.empty()) {
-    Tell(event.Time, "window", InWords(event));
+    Print(event.Time, "window", InWords(event));
   }
   bool isCellColour = event.Property.starts_with("cell ") && event.Property.ends_with(" 0 colour");
-  if (event.Object == "frmMain.grdSchedule" && isCellColour) TellRow(event);
+  if (event.Object == "frmMain.grdSchedule" && isCellColour) ReportRow(event);
   if (event.Object.starts_with("frmMain.lblCurrentZone") && event.Property == "colour")
-    TellZones(event.Time);
+    ReportZones(event.Time);
 }
 
 /// A row that fires turns navy, and green while its messages play.
-void Teller::TellRow(const stage::WindowEvent& event) {
+void Reporter::ReportRow(const stage::WindowEvent& event) {
   if (event.Value != kGreen && event.Value != kNavy) return;
   IsAnnouncing = event.Value == kGreen;
   std::string row = event.Property.substr(5, event.Property.find(' ', 5) - 5);
@@ -105,47 +105,47 @@ void Teller::TellRow(const stage::WindowEvent& event) {
   std::string messages = Watched.Window->Read(event.Object, "cell " + row + " 4");
   std::string state =
       event.Value == kGreen ? "green: its messages play" : "navy: the row that fired last";
-  Tell(event.Time, "window", "schedule row " + time + " " + messages + " is " + state);
+  Print(event.Time, "window", "schedule row " + time + " " + messages + " is " + state);
 }
 
-void Teller::TellZones(double time) {
+void Reporter::ReportZones(double time) {
   std::string zones;
   for (int zone = 0; zone < kZones; ++zone) {
     std::string lamp = "frmMain.lblCurrentZone_" + std::to_string(zone);
     if (Watched.Window->Read(lamp, "colour") == kGreen) zones += " " + std::to_string(zone + 1);
   }
-  if (zones == ZonesTold) return;
-  ZonesTold = zones;
-  Tell(time, "window", zones.empty() ? "no zone is green" : "green zones:" + zones);
+  if (zones == ZonesReported) return;
+  ZonesReported = zones;
+  Print(time, "window", zones.empty() ? "no zone is green" : "green zones:" + zones);
 }
 
-void Teller::TellSound() {
+void Reporter::ReportSound() {
   constexpr double kChangeDb = 8;
   double now = stage::Now();
   std::string media = WhatSounds();
   double level = Watched.Card->LevelNowDb(kLevelSeconds);
   bool isSounding = level > kSilenceDb;
-  bool isSame = media == MediaTold && isSounding == WasSounding &&
-                (!isSounding || std::abs(level - LevelToldDb) < kChangeDb);
-  if (isSame) AsToldUntil = now;
-  if (now - AsToldUntil < kLevelSeconds) return;
-  MediaTold = media;
+  bool isSame = media == MediaReported && isSounding == WasSounding &&
+                (!isSounding || std::abs(level - LevelReportedDb) < kChangeDb);
+  if (isSame) AsReportedUntil = now;
+  if (now - AsReportedUntil < kLevelSeconds) return;
+  MediaReported = media;
   WasSounding = isSounding;
-  LevelToldDb = level;
-  AsToldUntil = now;
-  Tell(now, "sound", isSounding ? media + " at " + Number(level) + " dB" : "silence");
+  LevelReportedDb = level;
+  AsReportedUntil = now;
+  Print(now, "sound", isSounding ? media + " at " + Number(level) + " dB" : "silence");
 }
 
 /// A song that is paused for a message stays open, and a short message is closed before it has
 /// ended.
-std::string Teller::WhatSounds() {
+std::string Reporter::WhatSounds() {
   for (const std::string& name : Watched.OpenMedia()) {
     (name.ends_with(".mp3") ? Song : Message) = name;
   }
   return IsAnnouncing ? Message : Song;
 }
 
-void Teller::Tell(double time, const char* kind, const std::string& text) const {
+void Reporter::Print(double time, const char* kind, const std::string& text) const {
   printf("%s  %-9s %s\n", Watched.Clock->TimeAt(time).c_str(), kind, text.c_str());
 }
 

@@ -1,4 +1,4 @@
-#include "desktop/windows/standing_box.h"
+#include "desktop/windows/open_box.h"
 
 #include <QAbstractButton>
 #include <QDialogButtonBox>
@@ -55,7 +55,7 @@ QMessageBox* MakeBox(QMessageBox::Icon icon, const std::string& caption, const s
   return box;
 }
 
-void LeaveStanding(QDialog* box, const PointersDown& pointers) {
+void LeaveOpen(QDialog* box, const PointersDown& pointers) {
   const bool blocks = box->parentWidget() && !WouldBlockAFreeOne(*box);
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setWindowModality(blocks ? Qt::WindowModal : Qt::NonModal);

@@ -10,9 +10,9 @@ namespace marlex::watch {
 
 /// Reports on the standard output, one line each, what a stage's program does: what sounds, which
 /// bytes pass, and what the window shows.
-class Teller {
+class Reporter {
  public:
-  explicit Teller(const stage::Stage& watched) : Watched(watched) {}
+  explicit Reporter(const stage::Stage& watched) : Watched(watched) {}
 
   /// Looks once; to be called many times a second.
   void Look();
@@ -21,27 +21,27 @@ class Teller {
   void Say(const std::string& text) const;
 
  private:
-  void TellBytes();
-  void TellWindow();
-  void TellEvent(const stage::WindowEvent& event);
-  void TellRow(const stage::WindowEvent& event);
-  void TellZones(double time);
-  void TellSound();
+  void ReportBytes();
+  void ReportWindow();
+  void ReportEvent(const stage::WindowEvent& event);
+  void ReportRow(const stage::WindowEvent& event);
+  void ReportZones(double time);
+  void ReportSound();
   std::string WhatSounds();
-  void Tell(double time, const char* kind, const std::string& text) const;
+  void Print(double time, const char* kind, const std::string& text) const;
 
   const stage::Stage& Watched;
-  size_t BytesTold = 0;
-  size_t EventsTold = 0;
-  std::string ZonesTold;
+  size_t BytesReported = 0;
+  size_t EventsReported = 0;
+  std::string ZonesReported;
   std::map<std::string, std::string> Seen;  // object and property to the last value seen
   bool IsAnnouncing = false;                // a row is green
   std::string Song;  // file opened last; files are read ahead, and closed early
   std::string Message;
-  std::string MediaTold;
+  std::string MediaReported;
   bool WasSounding = false;
-  double LevelToldDb = 0;
-  double AsToldUntil = 0;  // when the sound last matched what was reported
+  double LevelReportedDb = 0;
+  double AsReportedUntil = 0;  // when the sound last matched what was reported
 };
 
 }  // namespace marlex::watch

@@ -9,8 +9,8 @@ namespace {
 using Fault = std::function<void(SimulatedPc&)>;
 
 /// The only box of a desk, in another language than English, that met a fault before its start.
-struct ToldAtTheStart {
-  explicit ToldAtTheStart(DeskOptions options, const Fault& fault = nullptr) {
+struct ReportedAtTheStart {
+  explicit ReportedAtTheStart(DeskOptions options, const Fault& fault = nullptr) {
     options.Language = "German";
     const Desk desk(std::move(options), fault);
     const auto& boxes = desk.Pc.Dialogs.Boxes;
@@ -24,34 +24,34 @@ struct ToldAtTheStart {
   std::string Body;
 };
 
-TEST(ToldFaults, OfAMessageScheduleNameTheFileAndTheLimitThatItBreaks) {
-  const ToldAtTheStart told({.Sequences = {{.File = "worse.sch", .Hours = "3-3"}}});
-  EXPECT_EQ(told.Caption, "Fehler");
-  EXPECT_EQ(told.Body,
+TEST(ReportedFaults, OfAMessageScheduleNameTheFileAndTheLimitThatItBreaks) {
+  const ReportedAtTheStart reported({.Sequences = {{.File = "worse.sch", .Hours = "3-3"}}});
+  EXPECT_EQ(reported.Caption, "Fehler");
+  EXPECT_EQ(reported.Body,
             "Diese Ansagen-Zeitpläne können nicht verwendet werden:\r\nworse.sch: Hour(s): More "
             "than 24 hours in a time expression");
 }
 
-TEST(ToldFaults, OfWeekdaysNameTheSchedule) {
-  const ToldAtTheStart told(
+TEST(ReportedFaults, OfWeekdaysNameTheSchedule) {
+  const ReportedAtTheStart reported(
       {.Sequences = {{.File = "a.sch", .Weekdays = "00"}, {.File = "b.sch"}}, .AllDays = true});
-  EXPECT_EQ(told.Body, "Bei diesen Ansagen-Zeitplänen sind die Wochentage unvollständig:\r\na");
+  EXPECT_EQ(reported.Body, "Bei diesen Ansagen-Zeitplänen sind die Wochentage unvollständig:\r\na");
 }
 
-TEST(ToldFaults, OfAVolumeNameItsKey) {
-  const ToldAtTheStart told({}, [](SimulatedPc& pc) {
+TEST(ReportedFaults, OfAVolumeNameItsKey) {
+  const ReportedAtTheStart reported({}, [](SimulatedPc& pc) {
     pc.Profiles.WriteString("Volume", "Music volume", "loud", Desk::kIni);
   });
-  EXPECT_EQ(told.Body,
+  EXPECT_EQ(reported.Body,
             "Diese Lautstärken sind keine Zahlen und gelten als fehlend:\r\nMusic volume=loud");
 }
 
-TEST(ToldFaults, OfThePortNameItAndWhatTheSystemSays) {
-  const ToldAtTheStart told({}, [](SimulatedPc& pc) { pc.Serial.Unplug(); });
-  EXPECT_EQ(told.Body, "Der Com-Port lässt sich nicht öffnen:\r\nCOM1 cannot be opened.");
+TEST(ReportedFaults, OfThePortNameItAndWhatTheSystemSays) {
+  const ReportedAtTheStart reported({}, [](SimulatedPc& pc) { pc.Serial.Unplug(); });
+  EXPECT_EQ(reported.Body, "Der Com-Port lässt sich nicht öffnen:\r\nCOM1 cannot be opened.");
 }
 
-TEST(ToldFaults, OfTheSettingsNameTheirFile) {
+TEST(ReportedFaults, OfTheSettingsNameTheirFile) {
   Desk desk({.Language = "German"});
   desk.Pc.Disk.FailWrites("/app");
   desk.Click("cmdMusicZones_5");
@@ -61,7 +61,7 @@ TEST(ToldFaults, OfTheSettingsNameTheirFile) {
             "Die Einstellungen können nicht gespeichert werden: /app/Tolvo.ini");
 }
 
-TEST(ToldFaults, OfAPlaylistNameItsFile) {
+TEST(ReportedFaults, OfAPlaylistNameItsFile) {
   Desk desk({.Music = {{"march"}}, .Language = "German"});
   desk.Click("mnuPlaylist");
   FrmPlaylist& editor = desk.Sys->TheWindows.frmPlaylist;
@@ -75,7 +75,7 @@ TEST(ToldFaults, OfAPlaylistNameItsFile) {
 }
 
 /// The box that leads to the settings names the key that stands below it.
-TEST(ToldFaults, TheWordOnTheKeyOfABoxIsTheOneThatItsTextNames) {
+TEST(ReportedFaults, TheWordOnTheKeyOfABoxIsTheOneThatItsTextNames) {
   for (const auto& language : {"German", "Spanish", "Turkish", "Hebrew"}) {
     Desk desk({.Messages = {}, .Language = language});
     desk.Click("mnuSchedule");
