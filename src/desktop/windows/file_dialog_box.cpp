@@ -270,7 +270,7 @@ void FileDialogBox::Choose(const QStringList& paths) {
 void FileDialogBox::ReportNotFound(const QString& name) {
   QPushButton* ok = Ask(name, Texts.NotFound).addButton(QMessageBox::Ok);
   ok->setText(QString::fromStdString(Texts.Ok));
-  LeaveOpen(Question, Pointers);
+  OpenWithoutWaiting(Question, Pointers);
 }
 
 void FileDialogBox::AskWhetherToReplace(const QString& path) {
@@ -284,7 +284,7 @@ void FileDialogBox::AskWhetherToReplace(const QString& path) {
   connect(&question, &QDialog::finished, this, [this, &question, replace, path] {
     if (question.clickedButton() == replace) Choose({path});
   });
-  LeaveOpen(&question, Pointers);
+  OpenWithoutWaiting(&question, Pointers);
 }
 
 QMessageBox& FileDialogBox::Ask(const QString& name, const std::string& text) {

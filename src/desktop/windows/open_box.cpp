@@ -55,7 +55,7 @@ QMessageBox* MakeBox(QMessageBox::Icon icon, const std::string& caption, const s
   return box;
 }
 
-void LeaveOpen(QDialog* box, const PointersDown& pointers) {
+void OpenWithoutWaiting(QDialog* box, const PointersDown& pointers) {
   const bool blocks = box->parentWidget() && !WouldBlockAFreeOne(*box);
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setWindowModality(blocks ? Qt::WindowModal : Qt::NonModal);

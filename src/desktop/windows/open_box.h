@@ -21,6 +21,6 @@ QMessageBox* MakeBox(QMessageBox::Icon icon, const std::string& caption, const s
 /// blocking a dialog also blocks its owner. A box that appears takes the keyboard focus from the
 /// front window, which would cut off the call of an operator who is speaking; so it appears only
 /// when no mouse button and no finger is down.
-void LeaveOpen(QDialog* box, const PointersDown& pointers);
+void OpenWithoutWaiting(QDialog* box, const PointersDown& pointers);
 
 }  // namespace marlex

@@ -87,7 +87,7 @@ void QtDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChosen) {
                          code == QDialog::Accepted ? Result(box->Chosen, mayBeSeveral) : "";
                      Loop.Post([onChosen, result] { onChosen(result); });
                    });
-  LeaveOpen(box, Pointers);
+  OpenWithoutWaiting(box, Pointers);
 }
 
 void QtDialogs::ShowBox(const std::string& body, BoxIcon icon, const std::string& caption) {
@@ -98,7 +98,7 @@ void QtDialogs::OpenBox(const std::string& body, BoxIcon icon, const std::string
                         std::function<void()> onAnswer) {
   QMessageBox* box = MakeNotice(body, icon, caption, FileTexts.Ok);
   QObject::connect(box, &QDialog::finished, std::move(onAnswer));
-  LeaveOpen(box, Pointers);
+  OpenWithoutWaiting(box, Pointers);
 }
 
 }  // namespace marlex
