@@ -12,21 +12,14 @@ constexpr const char* kLastMinuteOfDay = "23:59";
 
 Glance Passerby::Look() const {
   const OnAir what = What();
-  return {what, NameOf(what), Next()};
+  return {what, NameOf(what), Next(), TheDay.Look()};
 }
 
 /// The row that waits for the music break, otherwise the next one that the tick will fire today.
 ComingRow Passerby::Next() const {
   if (HasStopped()) return {"", Strings.LoadString(kStrScheduleStopped)};
-  if (RowWaits()) return {Tick.WaitingTime, Tick.CurrentMessageInfo};
+  if (Tick.RowWaits()) return {Tick.CurrentTime, Tick.CurrentMessageInfo};
   return NextToday();
-}
-
-/// Whether a row still waits for the music break. A call or a takeover drops its messages, and
-/// after Stop no song ends.
-bool Passerby::RowWaits() const {
-  return TheFlags.MessageAwaitingSongEnd && TheFrmPlayers.lstMsgSequence.ListCount() > 0 &&
-         TheFrmPlayers.MP3Player.PlayState() != kStopped;
 }
 
 /// Whether the schedule is held although no call, message or fade is in progress and no row waits:
@@ -34,7 +27,7 @@ bool Passerby::RowWaits() const {
 /// waiting for.
 bool Passerby::HasStopped() const {
   const bool isHeld =
-      TheFlags.CallActive || RowWaits() || TheFlags.MessagePlaying || TheFlags.FadeRunning;
+      TheFlags.CallActive || Tick.RowWaits() || TheFlags.MessagePlaying || TheFlags.FadeRunning;
   return TheFrmPlayers.ScheduleIsHeld() && !isHeld;
 }
 

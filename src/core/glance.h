@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/day_ribbon.h"
 #include "i18n/string_table.h"
 #include "platform/wall_clock.h"
 #include "schedule/schedule_tick.h"
@@ -30,20 +31,23 @@ struct Glance {
   OnAir What = OnAir::Silence;
   std::string Name;  // of the song or message; for a call, the text of its button or note
   ComingRow Next;    // without a time: the note that the schedule has stopped
+  DayRibbon Day;
 
   bool operator==(const Glance&) const = default;
 };
 
-/// Sums up what is playing and what comes next, for the band at the top of the main window. Changes
+/// Sums up what is playing, what comes next, and the day, for the top of the main window. Changes
 /// nothing.
 class Passerby {
  public:
   Passerby(const Flags& flags, const Windows& windows, const FrmPlayers& frmPlayers,
-           const ScheduleTick& tick, WallClock& clock, const StringTable& strings)
+           const ScheduleTick& tick, const DayPlan& day, WallClock& clock,
+           const StringTable& strings)
       : TheFlags(flags),
         TheFrmMain(windows.frmMain),
         TheFrmPlayers(frmPlayers),
         Tick(tick),
+        TheDay(day),
         Clock(clock),
         Strings(strings) {}
 
@@ -55,12 +59,12 @@ class Passerby {
   ComingRow Next() const;
   ComingRow NextToday() const;
   bool HasStopped() const;
-  bool RowWaits() const;
 
   const Flags& TheFlags;
   const FrmMain& TheFrmMain;
   const FrmPlayers& TheFrmPlayers;
   const ScheduleTick& Tick;
+  const DayPlan& TheDay;
   WallClock& Clock;
   const StringTable& Strings;
 };

@@ -51,7 +51,8 @@ System::System(const Pc& pc)
                         TheNotices, Table, TheMainWindow),
       ThePickers(Store, TheWindows, Strings),
       Loader(TheFlags, Store, TheWindows, TheFrmPlayers, Mixer, Lines, Strings, TheNotices),
-      ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, pc.Clock, Strings),
+      TheDay(TheFlags, Store.Values, TheWindows.frmMain, Tick, pc.Clock),
+      ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, TheDay, pc.Clock, Strings),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader, TheNotices) {
   // Calls from a lower floor of the house to a higher one.
   Store.OnNotSaved = [this] { StartUp_.ReportNotSaved(); };

@@ -2,6 +2,7 @@
 
 #include "call/call_sequence.h"
 #include "call/function_keys.h"
+#include "core/day_ribbon.h"
 #include "core/glance.h"
 #include "core/main_window.h"
 #include "core/pickers.h"
@@ -90,6 +91,7 @@ class System {
   SettingsDialog TheSettingsDialog;
   Pickers ThePickers;
   SettingsLoader Loader;
+  DayPlan TheDay;
   Passerby ThePasserby;
 
  private:

@@ -31,6 +31,7 @@ void ScheduleTick::Tick() {
   if (TheFlags.CurrentMinute == "00:00") StartNewDay();
   if (!FindDueRow() || !RunsToday(ScheduleRow)) return;
   MarkFiringRow();
+  CurrentTime = TheGrid.TextMatrix(ScheduleRow, kTimeColumn);
   CurrentMessageInfo = TheGrid.TextMatrix(ScheduleRow, kMessagesColumn);
   CurrentRouting = TheGrid.TextMatrix(ScheduleRow, kRoutingColumn);
   Wavs.BuildMessageList(CurrentMessageInfo);
@@ -70,6 +71,11 @@ bool ScheduleTick::RunsToday(int row) const {
   return DayIsOn(tested, Clock.Now().Weekday);
 }
 
+bool ScheduleTick::RowWaits() const {
+  return TheFlags.MessageAwaitingSongEnd && TheFrmPlayers.lstMsgSequence.ListCount() > 0 &&
+         TheFrmPlayers.MP3Player.PlayState() != kStopped;
+}
+
 /// Clears the marks of the rows above the firing one, conflict marks included, marks the firing
 /// row, and leaves it the current row.
 void ScheduleTick::MarkFiringRow() {
@@ -90,7 +96,6 @@ void ScheduleTick::PaintRow(int row, Color back, Color text) {
 void ScheduleTick::Dispatch() {
   if (PlaysAtBreak(TheGrid, ScheduleRow) && TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     TheFrmPlayers.HoldSchedule();
-    WaitingTime = TheGrid.TextMatrix(ScheduleRow, kTimeColumn);
     TheFlags.MessageAwaitingSongEnd = true;
     return;
   }

@@ -25,15 +25,19 @@ class ScheduleTick {
 
   std::string LastMinute;          // the last accepted minute, "HH:MM"; empty at start
   int ScheduleRow = 0;             // row being examined; after a match, the firing row
-  std::string CurrentMessageInfo;  // messages of the firing row
+  std::string CurrentTime;         // time cell of the row that fired last
+  std::string CurrentMessageInfo;  // its messages
   std::string CurrentRouting;      // its zones
-  std::string WaitingTime;         // time cell of the row that last waited for the music break
 
   /// Waits for the fade of the music's stop, and for the announcement of a row.
   void Tick();
 
   /// Whether the tick would fire a row today, going by the row's weekdays.
   bool RunsToday(int row) const;
+
+  /// Whether the row that fired last still waits for the music break. A call or a takeover drops
+  /// its messages, and after Stop no song ends.
+  bool RowWaits() const;
 
  private:
   bool AcceptMinute();
