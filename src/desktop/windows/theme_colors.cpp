@@ -51,6 +51,11 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"ready", "#1b7a3c", "#1b7a3c"},
       {"alarm", "#c62828", "#cf3535"},
       {"fired", "#12306b", "#2c5aa8"},
+      // The ribbon of the day, on a card
+      {"day-gone", "#8391a2", "#6b7a8e"},
+      {"day-conflict", "#c62828", "#f26060"},
+      {"day-playing", "#1b7a3c", "#3ddc6c"},
+      {"day-music", "#6f8fb3", "#5f86b5"},
   };
   return colors;
 }

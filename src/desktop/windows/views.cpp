@@ -79,9 +79,11 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
   ChimeSelectWindow = Make<QDialog>(Ui::frmChimeSelect(), kDialog);
   PlaylistWindow = Make<QMainWindow>(Ui::frmPlaylist());
   Band = std::make_unique<GlanceBand>(*MainWindow);
+  Ribbon = dynamic_cast<DayRibbonView*>(MainWindow->findChild<QFrame*>("paneDay"));
+  Ribbon->WatchWindow();
   Binder& main = Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
-  // The clock in the window is painted every second, and the band with it.
-  if (look) main.OnPaint = [this, look] { Band->Paint(look()); };
+  // The clock in the window is painted every second, and band and ribbon with it.
+  if (look) main.OnPaint = [this, look] { PaintGlance(look()); };
   Connect(windows.frmLogo, *LogoWindow, loop, Centre);
   // Closing the language dialog ends the program, and closing the directory picker accepts the
   // directory: too much to happen on an accidental Escape.
@@ -98,6 +100,11 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
 }
 
 Views::~Views() = default;
+
+void Views::PaintGlance(const Glance& glance) {
+  Band->Paint(glance);
+  Ribbon->Paint(glance.Day);
+}
 
 /// A picker blocks only the settings dialog: the main window stays free, so that a call can be made
 /// at any moment.

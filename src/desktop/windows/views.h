@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "desktop/windows/binder.h"
+#include "desktop/windows/day_ribbon_view.h"
 #include "desktop/windows/glance_band.h"
 #include "desktop/windows/theme.h"
 #include "platform/event_loop.h"
@@ -17,7 +18,8 @@ namespace marlex {
 /// everything that `look` uses must outlive it.
 class Views {
  public:
-  /// `look` returns what the band of the main window shows; without it the band is never updated.
+  /// `look` returns what the band and the ribbon of the main window show; without it they are never
+  /// updated.
   Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look = nullptr);
   ~Views();
 
@@ -32,6 +34,7 @@ class Views {
   QWidget& Playlist() { return *PlaylistWindow; }
 
  private:
+  void PaintGlance(const Glance& glance);
   void ConnectPicker(Form& form, QWidget& window, EventLoop& loop);
   Binder& Connect(Form& form, QWidget& window, EventLoop& loop,
                   std::function<void(QWidget&)> place);
@@ -47,6 +50,7 @@ class Views {
   std::unique_ptr<QWidget> ChimeSelectWindow;
   std::unique_ptr<QWidget> PlaylistWindow;
   std::unique_ptr<GlanceBand> Band;
+  DayRibbonView* Ribbon = nullptr;               // of the main window
   std::vector<std::unique_ptr<Binder>> Binders;  // destroyed before the windows
 };
 
