@@ -66,6 +66,16 @@ DeskOptions InConflict(DeskOptions shop) {
   return shop;
 }
 
+/// Every quarter of an hour from morning to night.
+DeskOptions Busy() {
+  return With([](DeskOptions& shop) {
+    shop.Sequences.push_back(
+        {"Quarters.sch", "gong", "8-20", "05,35,50", "1234567", "100000", "Between"});
+    shop.Sequences.push_back({"Early.sch", "good_morning", "5-7", "10", "1234567", "100000"});
+    shop.Sequences.push_back({"Late.sch", "closing_time", "21-23", "40", "1234567", "100000"});
+  });
+}
+
 /// An operator whose file names are whole sentences.
 DeskOptions Wordy() {
   const char* song = "A very long title of a song & its two composers, remastered for the hall";
@@ -162,11 +172,18 @@ QWidget& AfterACallThatTheAmplifierCutOff(ShownDesk& desk) {
   return MainOf(desk);
 }
 
-QWidget& OnALargeScreen(ShownDesk& desk) {
-  QWidget& window = AtRest(desk);
-  window.resize(kLargeScreen);
+QWidget& Resized(ShownDesk& desk, QWidget& window, QSize size) {
+  window.resize(size);
   desk.Settle();
   return window;
+}
+
+QWidget& OnALargeScreen(ShownDesk& desk) { return Resized(desk, AtRest(desk), kLargeScreen); }
+
+QWidget& InAUsualWindow(ShownDesk& desk) { return Resized(desk, AtRest(desk), kUsualWindow); }
+
+QWidget& InAMessageOfAFullDay(ShownDesk& desk) {
+  return Resized(desk, InAMessage(desk), kUsualWindow);
 }
 
 QWidget& WithAllDays(ShownDesk& desk) {
@@ -332,7 +349,14 @@ std::vector<Scene> MainScenes() {
       {"main_conflict_plain", InConflict(Plain()), AtRest},
       {"main_conflict_no_microphone", InConflict(Deaf()), AtRest},
       {"main_long_names", Wordy(), WithAllDays},
-      {"main_large", router, OnALargeScreen},
+      {"main_large", router, OnALargeScreen, kLargeScreen},
+      {"main_full_day", Busy(), InAMessageOfAFullDay, kUsualWindow},
+      {"main_full_day_conflict", InConflict(Busy()), InAUsualWindow, kUsualWindow},
+      {"main_empty_day", With([](DeskOptions& shop) {
+         shop.Sequences.clear();
+         shop.StartTime = shop.StopTime = "";
+       }),
+       InAUsualWindow, kUsualWindow},
       {"main_all_days", router, WithAllDays},
       {"main_plain", Plain(), AtRest},
       {"main_plain_call", Plain(),

@@ -14,6 +14,7 @@ struct Scene {
   std::string Name;  // of the picture
   DeskOptions Options;
   std::function<QWidget&(ShownDesk&)> Reach;  // brings the desk there, returns its window
+  QSize MainSize = kSmallScreen;              // of the main window
 };
 
 const std::vector<Scene>& Scenes();

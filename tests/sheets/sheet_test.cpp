@@ -39,7 +39,7 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
     ExpectContentShown(FormOf(desk, window), window);
   }
   if (window.objectName() == "frmMain") {
-    EXPECT_EQ(window.size(), scene.Name == "main_large" ? kLargeScreen : kSmallScreen);
+    EXPECT_EQ(window.size(), scene.MainSize);
   }
   const QPixmap picture = window.grab();
   Keep(picture.toImage(), name + "/" + language);

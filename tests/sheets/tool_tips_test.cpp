@@ -2,6 +2,7 @@
 
 #include <QHelpEvent>
 
+#include "desktop/windows/day_ribbon_view.h"
 #include "i18n/languages.h"
 #include "screen/measure.h"
 #include "sheets/scenes.h"
@@ -72,6 +73,22 @@ TEST(ToolTips, SayWholeWhatIsElided) {
   auto& band = *window.findChild<QLabel*>("paneOnAirName");
   AddTip(band, band.rect().center(), band.text().toStdString(), "band", sheet);
   sheet.Save("tool_tips_elided");
+}
+
+TEST(ToolTips, NameAnAnnouncementOfTheDayAndAllThatAreInConflict) {
+  Sheet sheet;
+  const Scene& scene = SceneOf("main_full_day_conflict");
+  ShownDesk desk(scene.Options);
+  auto& ribbon = dynamic_cast<DayRibbonView&>(*scene.Reach(desk).findChild<QFrame*>("paneDay"));
+  const auto placeOf = [&ribbon](int hour, int minute) {
+    return QPoint(ribbon.PlaceOf(hour * 60 + minute), ribbon.height() / 2);
+  };
+  AddTip(ribbon, placeOf(21, 40), "21:40 closing_time", "a time", sheet);
+  AddTip(ribbon, placeOf(20, 5), "20:05+ gong", "a break", sheet);
+  AddTip(ribbon, placeOf(14, 24), "14:21 gong,offers_of_the_day,gong\n14:21 gong", "a conflict",
+         sheet);
+  EXPECT_FALSE(TipAt(ribbon, placeOf(1, 0)));
+  sheet.Save("tool_tips_day");
 }
 
 }  // namespace
