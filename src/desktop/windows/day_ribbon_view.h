@@ -15,9 +15,10 @@ class DayRibbonView : public QFrame {
  public:
   explicit DayRibbonView(QWidget* parent = nullptr);
 
-  /// Least height of the window in which the ribbon is shown: what a small screen offers, and the
-  /// ribbon.
-  static constexpr int kLeastWindowHeight = 700 + 50;
+  /// Least height of the window in which the ribbon is shown. Above the height that the main window
+  /// has at first: while the ribbon is shown, the window cannot be made smaller in one step than
+  /// its content and the ribbon.
+  static constexpr int kLeastWindowHeight = 780;
 
   /// Follows the height of its window from now on.
   void WatchWindow();

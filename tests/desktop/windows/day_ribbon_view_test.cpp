@@ -287,8 +287,8 @@ TEST(DayRibbonPlace, LeavesTheRestItsRoomInTheLowestWindowThatHasIt) {
   windows.Screen.Main().resize(1024, DayRibbonView::kLeastWindowHeight);
   windows.Settle();
   EXPECT_TRUE(windows.Find<QFrame>("paneDay").isVisible());
-  EXPECT_EQ(windows.Screen.Main().minimumSizeHint().height(),
-            without + DayRibbonView::kLeastWindowHeight - 700);
+  EXPECT_EQ(windows.Screen.Main().minimumSizeHint().height(), without + 50);
+  EXPECT_LE(without + 50, DayRibbonView::kLeastWindowHeight);
 }
 
 }  // namespace
