@@ -40,6 +40,8 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
   }
   if (window.objectName() == "frmMain") {
     EXPECT_EQ(window.size(), scene.MainSize);
+    const auto& ribbon = *window.findChild<QWidget*>("paneDay");
+    EXPECT_TRUE(!ribbon.isVisible() || ribbon.height() == ribbon.sizeHint().height());
   }
   const QPixmap picture = window.grab();
   Keep(picture.toImage(), name + "/" + language);

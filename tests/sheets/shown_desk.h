@@ -10,7 +10,7 @@
 namespace marlex {
 
 inline constexpr QSize kSmallScreen(1024, 700);  // 1024 x 768 without the desktop's own bars
-inline constexpr QSize kUsualWindow(1160, 800);  // room for the ribbon of the day
+inline constexpr QSize kUsualWindow(1160, 760);  // as at first, with the ribbon of the day
 inline constexpr QSize kLargeScreen(1920, 1080);
 
 /// The application on a simulated PC, with its windows on the screen. As in the program, they exist

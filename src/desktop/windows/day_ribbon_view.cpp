@@ -52,7 +52,7 @@ bool StandsOut(DayMarkState state) {
 }  // namespace
 
 DayRibbonView::DayRibbonView(QWidget* parent) : QFrame(parent) {
-  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   hide();
 }
 

@@ -15,10 +15,9 @@ class DayRibbonView : public QFrame {
  public:
   explicit DayRibbonView(QWidget* parent = nullptr);
 
-  /// Least height of the window in which the ribbon is shown. Above the height that the main window
-  /// has at first: while the ribbon is shown, the window cannot be made smaller in one step than
-  /// its content and the ribbon.
-  static constexpr int kLeastWindowHeight = 780;
+  /// Least height of the window in which the ribbon is shown. Below the height that the main window
+  /// has at first, and above that of the lowest screen, where the table needs the room.
+  static constexpr int kLeastWindowHeight = 740;
 
   /// Follows the height of its window from now on.
   void WatchWindow();
@@ -30,7 +29,8 @@ class DayRibbonView : public QFrame {
   QRect PlaceOfMusic() const;  // empty when there is none
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
+  /// None, so that a window can be made low in one step, which hides the ribbon.
+  QSize minimumSizeHint() const override { return {0, 0}; }
 
  protected:
   bool event(QEvent* event) override;
