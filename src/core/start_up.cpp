@@ -81,7 +81,15 @@ void StartUp::UseLanguage(const Language& language) {
                            .Exists = Strings.LoadString(kStrFileExists),
                            .Replace = Strings.LoadString(kStrReplace),
                            .Cancel = Strings.LoadString(kStrCancel),
-                           .Ok = Strings.LoadString(kStrOk)};
+                           .Ok = Strings.LoadString(kStrOk),
+                           .Folder = Strings.LoadString(kStrFolder),
+                           .FileName = Strings.LoadString(kStrFileName),
+                           .FileType = Strings.LoadString(kStrFileType),
+                           .Open = Strings.LoadString(kStrOpen),
+                           .Save = Strings.LoadString(kStrSave),
+                           .Back = Strings.LoadString(kStrBack),
+                           .Forward = Strings.LoadString(kStrForward),
+                           .ParentFolder = Strings.LoadString(kStrParentFolder)};
 }
 
 void StartUp::EndSecondInstance() {

@@ -98,6 +98,14 @@ enum StringId : int {
   kStrOk = 1500,
   kStrFileNotSaved = 1510,
   kStrStarts = 1520,
+  kStrFolder = 1530,
+  kStrFileName = 1540,
+  kStrFileType = 1550,
+  kStrOpen = 1560,
+  kStrSave = 1570,
+  kStrBack = 1580,
+  kStrForward = 1590,
+  kStrParentFolder = 1600,
 };
 
 }  // namespace marlex

@@ -29,6 +29,16 @@ struct FileDialogTexts {
   std::string Replace;   // the two answers to that
   std::string Cancel;
   std::string Ok = "OK";  // the one key of a message box
+
+  // Of a file dialog's own parts.
+  std::string Folder;
+  std::string FileName;
+  std::string FileType;
+  std::string Open;
+  std::string Save;
+  std::string Back;
+  std::string Forward;
+  std::string ParentFolder;
 };
 
 /// Message boxes and file dialogs. `MsgBox` returns when the operator has answered; events are

@@ -111,6 +111,14 @@ TEST(StartUp, FileDialogsAskInTheLanguageOfTheProgram) {
   EXPECT_EQ(texts.Exists, "Die Datei ist bereits vorhanden. Ersetzen?");
   EXPECT_EQ(texts.Replace, "Ersetzen");
   EXPECT_EQ(texts.Cancel, "Abbrechen");
+  EXPECT_EQ(texts.Folder, "Ordner:");
+  EXPECT_EQ(texts.FileName, "Dateiname:");
+  EXPECT_EQ(texts.FileType, "Dateityp:");
+  EXPECT_EQ(texts.Open, "Öffnen");
+  EXPECT_EQ(texts.Save, "Speichern");
+  EXPECT_EQ(texts.Back, "Zurück");
+  EXPECT_EQ(texts.Forward, "Vor");
+  EXPECT_EQ(texts.ParentFolder, "Übergeordneter Ordner");
 }
 
 TEST(StartUp, TheLanguagesAreInTheirOrderWithTheirBases) {

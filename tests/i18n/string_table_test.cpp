@@ -17,9 +17,9 @@ constexpr int kFirstOwnText = 1400;  // after the agreed ones
 
 TEST(EnglishStrings, AreAllThereInAscendingOrder) {
   const auto& strings = StringsOf("English");
-  EXPECT_EQ(strings.size(), 171u);
+  EXPECT_EQ(strings.size(), 179u);
   EXPECT_EQ(strings.front().Id, 10);
-  EXPECT_EQ(strings.back().Id, kStrStarts);
+  EXPECT_EQ(strings.back().Id, kStrParentFolder);
   for (std::size_t i = 1; i < strings.size(); ++i) {
     EXPECT_LT(strings[i - 1].Id, strings[i].Id);
     EXPECT_FALSE(strings[i].Text.empty()) << strings[i].Id;
@@ -129,6 +129,14 @@ TEST(StringTable, CodeFindsTheTextsThatItAsksForByName) {
       {kStrOk, "OK"},
       {kStrFileNotSaved, "The file cannot be saved: "},
       {kStrStarts, "Tolvo Marlex starts"},
+      {kStrFolder, "Folder:"},
+      {kStrFileName, "File name:"},
+      {kStrFileType, "File type:"},
+      {kStrOpen, "Open"},
+      {kStrSave, "Save"},
+      {kStrBack, "Back"},
+      {kStrForward, "Forward"},
+      {kStrParentFolder, "Parent folder"},
   };
   for (const auto& [id, text] : texts) EXPECT_EQ(strings.LoadString(id), text) << id;
 }

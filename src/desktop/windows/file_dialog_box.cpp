@@ -91,24 +91,63 @@ FileDialogBox::FileDialogBox(QWidget* parent, const FileDialog& dialog,
       Pointers(pointers),
       Patterns(PatternsOf(dialog.Filter)),
       Known(Endings(dialog)),
+      Suffix(QString::fromStdString(dialog.DefaultExtension)),
       OlderNames(*new QListWidget(this)) {
   setObjectName("fileDialog");
-  setOption(DontUseNativeDialog);
-  setOption(ReadOnly);  // files are chosen here, never renamed or deleted
-  setProxyModel(new OfferedNames(this));
   setAcceptMode(dialog.Save ? AcceptSave : AcceptOpen);
   setFileMode(ModeOf(dialog));
-  setDefaultSuffix(QString::fromStdString(dialog.DefaultExtension));
   setNameFilters(NameFilters(dialog.Filter));
   setDirectory(QString::fromStdString(dialog.InitialDirectory));
+  setWindowTitle(QString::fromStdString(dialog.Save ? Texts.Save : Texts.Open));
+  OlderNames.hide();
+  if (!IsTheDesktops()) Prepare();
+}
+
+/// The list is destroyed after this object, and would signal to it once more.
+FileDialogBox::~FileDialogBox() { OlderNames.disconnect(this); }
+
+/// Qt makes no parts of its own for a dialog that the desktop shows.
+bool FileDialogBox::IsTheDesktops() const { return !findChild<QLineEdit*>("fileNameEdit"); }
+
+void FileDialogBox::Prepare() {
+  setOption(ReadOnly);  // files are chosen here, never renamed or deleted
+  setProxyModel(new OfferedNames(this));
   resize(kSize);
+  ShowNamesAlone();
+  Translate();
   LeaveOutWhatWaits();
   KeepItsButtonWorking();
   ListOlderNames();
 }
 
-/// The list is destroyed after this object, and would signal to it once more.
-FileDialogBox::~FileDialogBox() { OlderNames.disconnect(this); }
+/// No sizes, kinds and dates, and of the places those that an operator goes to: where the dialog
+/// begins, and home.
+void FileDialogBox::ShowNamesAlone() {
+  setViewMode(List);
+  setSidebarUrls(
+      {QUrl::fromLocalFile(directory().absolutePath()), QUrl::fromLocalFile(QDir::homePath())});
+  for (const char* key : {"listModeButton", "detailModeButton", "newFolderButton"})
+    Find<QWidget>(*this, key).hide();
+}
+
+void FileDialogBox::Translate() {
+  const auto& action = acceptMode() == AcceptSave ? Texts.Save : Texts.Open;
+  const std::pair<DialogLabel, std::string> labels[] = {{LookIn, Texts.Folder},
+                                                        {FileName, Texts.FileName},
+                                                        {FileType, Texts.FileType},
+                                                        {Accept, action},
+                                                        {Reject, Texts.Cancel}};
+  for (const auto& [label, text] : labels) setLabelText(label, QString::fromStdString(text));
+  const std::pair<const char*, std::string> keys[] = {{"backButton", Texts.Back},
+                                                      {"forwardButton", Texts.Forward},
+                                                      {"toParentButton", Texts.ParentFolder}};
+  for (const auto& [name, text] : keys) {
+    auto& key = Find<QWidget>(*this, name);
+    key.setToolTip(QString::fromStdString(text));
+    key.setAccessibleName(QString::fromStdString(text));
+    key.setAccessibleDescription("");
+  }
+}
 
 /// Removes what would wait for an answer: the context menus, which offer nothing useful here, and
 /// the question that the list of places asks about a place that is gone.
@@ -173,7 +212,7 @@ void FileDialogBox::TakeOlderNames() {
 
 void FileDialogBox::accept() {
   delete Question;
-  const QStringList names = TypedNames();
+  const QStringList names = IsTheDesktops() ? selectedFiles() : TypedNames();
   const bool entered =
       std::any_of(names.begin(), names.end(), [this](const QString& name) { return Enter(name); });
   if (entered || names.isEmpty()) return;
@@ -203,7 +242,7 @@ QStringList FileDialogBox::TypedNames() const {
 }
 
 bool FileDialogBox::LacksExtension(const QString& name) const {
-  if (defaultSuffix().isEmpty()) return false;
+  if (Suffix.isEmpty()) return false;
   return std::none_of(Known.begin(), Known.end(), [&name](const QString& ending) {
     return name.endsWith(ending, Qt::CaseInsensitive);
   });
@@ -224,8 +263,10 @@ QString FileDialogBox::OnDisk(const QString& path) const {
   return QDir(OnDisk(QFileInfo(path).path())).filePath(name);
 }
 
-/// Changes to the folder of that name; false if there is none.
+/// Changes to the folder of that name; false if there is none, or in the desktop's dialog, which
+/// does so itself.
 bool FileDialogBox::Enter(const QString& name) {
+  if (IsTheDesktops()) return false;
   const QString folder = OnDisk(PathOf(name));
   if (!QFileInfo(folder).isDir()) return false;
   setDirectory(folder);
@@ -234,11 +275,12 @@ bool FileDialogBox::Enter(const QString& name) {
 }
 
 void FileDialogBox::Save(const QString& name) {
-  const QString whole = LacksExtension(name) ? name + '.' + defaultSuffix() : name;
+  const QString whole = LacksExtension(name) ? name + '.' + Suffix : name;
   if (Enter(whole)) return;
   const QString path = PathOf(whole);
   const QString existing = OnDisk(path);
-  if (existing.isEmpty()) return Choose({path});
+  const bool hasBeenAsked = IsTheDesktops() && existing == name;
+  if (existing.isEmpty() || hasBeenAsked) return Choose({path});
   AskWhetherToReplace(existing);
 }
 
@@ -254,7 +296,7 @@ void FileDialogBox::Open(const QStringList& names) {
 /// Path of the file of that name, with or without the default extension; empty if there is none.
 QString FileDialogBox::FileToOpen(const QString& name) const {
   QStringList names = {name};
-  if (LacksExtension(name)) names.prepend(name + '.' + defaultSuffix());
+  if (LacksExtension(name)) names.prepend(name + '.' + Suffix);
   for (const QString& each : names) {
     const QString path = OnDisk(PathOf(each));
     if (!path.isEmpty() && !Files.HasDirectory(path.toStdString())) return path;
@@ -270,6 +312,7 @@ void FileDialogBox::Choose(const QStringList& paths) {
 void FileDialogBox::ReportNotFound(const QString& name) {
   QPushButton* ok = Ask(name, Texts.NotFound).addButton(QMessageBox::Ok);
   ok->setText(QString::fromStdString(Texts.Ok));
+  connect(Question, &QDialog::finished, this, [this] { GoBackToTheNames(); });
   OpenWithoutWaiting(Question, Pointers);
 }
 
@@ -282,7 +325,8 @@ void FileDialogBox::AskWhetherToReplace(const QString& path) {
   question.setDefaultButton(cancel);
   question.setEscapeButton(cancel);
   connect(&question, &QDialog::finished, this, [this, &question, replace, path] {
-    if (question.clickedButton() == replace) Choose({path});
+    if (question.clickedButton() == replace) return Choose({path});
+    GoBackToTheNames();
   });
   OpenWithoutWaiting(&question, Pointers);
 }
@@ -290,6 +334,10 @@ void FileDialogBox::AskWhetherToReplace(const QString& path) {
 QMessageBox& FileDialogBox::Ask(const QString& name, const std::string& text) {
   Question = MakeBox(QMessageBox::Warning, Texts.Caption, name.toStdString() + '\r' + text, this);
   return *Question;
+}
+
+void FileDialogBox::GoBackToTheNames() {
+  if (IsTheDesktops()) reject();
 }
 
 }  // namespace marlex

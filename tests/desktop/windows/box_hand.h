@@ -26,7 +26,15 @@ class EnglishBoxes : public QtDialogs {
                  .NotFound = "File not found",
                  .Exists = "The file already exists. Replace it?",
                  .Replace = "Replace",
-                 .Cancel = "Cancel"};
+                 .Cancel = "Cancel",
+                 .Folder = "Folder:",
+                 .FileName = "File name:",
+                 .FileType = "File type:",
+                 .Open = "Open",
+                 .Save = "Save",
+                 .Back = "Back",
+                 .Forward = "Forward",
+                 .ParentFolder = "Parent folder"};
   }
 
   DiskDirectories Disk;
