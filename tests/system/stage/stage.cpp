@@ -45,9 +45,9 @@ std::string ReadWhole(const std::string& file) {
 Stage::Stage(const StageOptions& options)
     : Folder(MakeFolder()),
       Installation(options.Installation),
+      MoreVariables(options.Variables),
       Helpers(options.Helpers),
-      FirstOutput(options.Cards.Outputs.front()),
-      MoreVariables(options.Variables) {
+      FirstOutput(options.Cards.Outputs.front()) {
   if (Installation.empty()) Installation = Folder + "/installation";
   fs::create_directories(Installation);
   fs::remove(File("marlex"));  // the old one may still be running

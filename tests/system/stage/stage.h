@@ -83,6 +83,7 @@ class Stage {
   std::unique_ptr<ShiftedClock> Clock;
   std::unique_ptr<ProbeLink> Window;
   std::unique_ptr<ChildProcess> Program;
+  Environment MoreVariables;  // for the program, on top of the stage's own
 
  private:
   std::optional<ScreenArea> AwaitPlace(const std::string& object, ProbeLink& link) const;
@@ -91,7 +92,6 @@ class Stage {
 
   std::string Helpers;
   std::string FirstOutput;
-  Environment MoreVariables;
 };
 
 }  // namespace marlex::stage
