@@ -92,7 +92,7 @@ TEST(DesktopDialogs, AFileThatIsNotThereIsReportedAndThenAnotherOneOpens) {
   EXPECT_TRUE(desk.Await("frmMain.lstPlaylist", "rows", "1"));
 }
 
-TEST(DesktopDialogs, ANameThatIsSavedGetsItsExtensionAndIsAskedAboutWhereThatExists) {
+TEST(DesktopDialogs, ASavedNameGetsItsExtensionAndIsAskedAbout) {
   PortalDesk desk;
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.OpenPlaylistEditor());

@@ -167,14 +167,19 @@ void FileDialogBox::GoTo(const QString& folder) {
   ReportNotFound(folder);
 }
 
-/// Enables the Open or Save button for any name. Qt would disable it for a name that is not listed
-/// exactly as typed.
+/// Enables the Open or Save button for any name, and keeps its word. Qt would disable it for a name
+/// that is not listed exactly as typed, and rename it for a folder.
 void FileDialogBox::KeepItsButtonWorking() {
   auto& keys = Find<QDialogButtonBox>(*this, "buttonBox");
   QPushButton& key =
       *keys.button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
-  connect(&Name(), &QLineEdit::textChanged, this,
-          [&key](const QString& name) { key.setEnabled(!name.isEmpty()); });
+  const auto keep = [this, &key, word = key.text()] {
+    key.setEnabled(!Name().text().isEmpty());
+    key.setText(word);
+  };
+  connect(&Name(), &QLineEdit::textChanged, this, keep);
+  connect(Find<QListView>(*this, "listView").selectionModel(),
+          &QItemSelectionModel::selectionChanged, this, keep, Qt::QueuedConnection);
 }
 
 void FileDialogBox::ListOlderNames() {

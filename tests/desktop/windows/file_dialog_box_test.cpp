@@ -23,6 +23,56 @@ TEST(FileDialogBox, AFileDialogIsSetAsAsked) {
   EXPECT_EQ(Chosen(loop, dialogs, folder.Asked(true)), "");
 }
 
+TEST(FileDialogBox, ShowsNamesAlone) {
+  TypingFolder folder;
+  const QFileDialog& box = folder.Type("none", folder.Open());
+  EXPECT_EQ(box.viewMode(), QFileDialog::List);
+  for (const char* key : {"listModeButton", "detailModeButton", "newFolderButton"})
+    EXPECT_FALSE(box.findChild<QWidget*>(key)->isVisible()) << key;
+  const QList<QUrl> places{QUrl::fromLocalFile(folder.Place.path()),
+                           QUrl::fromLocalFile(QDir::homePath())};
+  EXPECT_EQ(box.sidebarUrls(), places);
+}
+
+TEST(FileDialogBox, NamesItsPartsInTheOperatorsLanguage) {
+  for (const bool saves : {false, true}) {
+    TypingFolder folder;
+    FileDialogTexts& texts = folder.Dialogs.FileTexts;
+    texts.Cancel = "Abbrechen";
+    texts.Folder = "Ordner:";
+    texts.FileName = "Name:";
+    texts.FileType = "Typ:";
+    texts.Open = "Öffnen";
+    texts.Save = "Speichern";
+    texts.Back = "Zurück";
+    texts.Forward = "Vor";
+    texts.ParentFolder = "Hinauf";
+    const QFileDialog& box = folder.Type("\"\"", saves ? folder.Save("lst") : folder.Open());
+    EXPECT_EQ(box.windowTitle(), saves ? "Speichern" : "Öffnen");
+    EXPECT_EQ(box.labelText(QFileDialog::Accept), saves ? "Speichern" : "Öffnen");
+    const auto& list = *box.findChild<QListView*>("listView");
+    QDir(folder.Place.path()).mkdir("Winter");
+    const auto winter = [&] {
+      return list.model()->match(list.model()->index(0, 0, list.rootIndex()), Qt::DisplayRole,
+                                 "Winter");
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !winter().isEmpty(); }));
+    list.selectionModel()->select(winter().front(), QItemSelectionModel::ClearAndSelect);
+    QApplication::processEvents();
+    EXPECT_EQ(box.labelText(QFileDialog::Accept), saves ? "Speichern" : "Öffnen");
+    EXPECT_EQ(box.labelText(QFileDialog::Reject), "Abbrechen");
+    EXPECT_EQ(box.labelText(QFileDialog::LookIn), "Ordner:");
+    EXPECT_EQ(box.labelText(QFileDialog::FileName), "Name:");
+    EXPECT_EQ(box.labelText(QFileDialog::FileType), "Typ:");
+    const std::map<const char*, const char*> tips{
+        {"backButton", "Zurück"}, {"forwardButton", "Vor"}, {"toParentButton", "Hinauf"}};
+    for (const auto& [key, tip] : tips) {
+      EXPECT_EQ(box.findChild<QWidget*>(key)->toolTip(), tip);
+      EXPECT_EQ(box.findChild<QWidget*>(key)->accessibleName(), tip);
+    }
+  }
+}
+
 TEST(FileDialogBox, OneFileComesBackAsItsPath) {
   Folder folder;
   QtEventLoop loop;
