@@ -15,8 +15,9 @@ class PaintedTexts::Engine : public QPaintEngine {
   void drawImage(const QRectF&, const QImage&, const QRectF&, Qt::ImageConversionFlags) override {}
   Type type() const override { return User; }
 
+  /// Blanks have no shape, and neither have the marks that direct a text.
   void drawTextItem(const QPointF& foot, const QTextItem& item) override {
-    if (item.text().trimmed().isEmpty()) return;
+    if (item.text().trimmed().isEmpty() || item.width() == 0) return;
     const QRectF place(foot.x(), foot.y() - item.ascent(), item.width(),
                        item.ascent() + item.descent());
     Kept.append({item.text(), painter()->deviceTransform().mapRect(place)});

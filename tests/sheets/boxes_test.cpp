@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "desktop/windows/qt_dialogs.h"
+#include "desktop/windows/shown_body.h"
 #include "desktop/windows/shown_text.h"
 #include "desktop/windows/theme.h"
 #include "i18n/languages.h"
@@ -142,7 +143,7 @@ TEST(Boxes, ShowEveryReportWholeInEveryLanguage) {
       QApplication::processEvents();
       auto* shown = qobject_cast<QMessageBox*>(QApplication::activeWindow());
       ASSERT_TRUE(shown);
-      EXPECT_EQ(shown->text().toStdString(), ShownText(box.Body).toStdString());
+      EXPECT_EQ(WithoutMarks(shown->text()).toStdString(), ShownText(box.Body).toStdString());
       ExpectNothingClipped(*shown);
       sheet.Add(shown->windowTitle(), shown->grab());
       shown->close();
@@ -181,7 +182,7 @@ TEST(Boxes, AskAboutFilesWholeInEveryLanguage) {
       auto* question = qobject_cast<QMessageBox*>(QApplication::activeWindow());
       ASSERT_TRUE(question);
       ExpectNothingClipped(*question);
-      sheet.Add(question->text().section('\n', 0, 0), question->grab());
+      sheet.Add(WithoutMarks(question->text()).section('\n', 0, 0), question->grab());
       QPointer<QWidget> dialog = question->parentWidget();
       question->close();
       dialog->close();

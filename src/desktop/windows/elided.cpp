@@ -4,6 +4,7 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 
+#include "desktop/windows/shown_body.h"
 #include "desktop/windows/whole_text.h"
 
 namespace marlex {
@@ -43,7 +44,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   drawFrame(&painter);
   style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(),
-                        isEnabled(), ShownLine(), foregroundRole());
+                        isEnabled(), ShownPath(ShownLine()), foregroundRole());
 }
 
 QString ElidedButton::ShownLine() const {

@@ -105,6 +105,28 @@ QPainterPath Warning() {
   return path;
 }
 
+/// A disc with an "i" cut out.
+QPainterPath InformationSign() {
+  QPainterPath path;
+  path.setFillRule(Qt::OddEvenFill);
+  path.addEllipse(QRectF(1.5, 1.5, 21, 21));
+  path.addRoundedRect(QRectF(10.7, 10.2, 2.6, 7.8), 1.3, 1.3);
+  path.addEllipse(QRectF(10.5, 5.6, 3, 3));
+  return path;
+}
+
+/// A disc with a cross cut out.
+QPainterPath ErrorSign() {
+  QPainterPath disc;
+  disc.addEllipse(QRectF(1.5, 1.5, 21, 21));
+  QPainterPath cross;
+  cross.moveTo(8, 8);
+  cross.lineTo(16, 16);
+  cross.moveTo(16, 8);
+  cross.lineTo(8, 16);
+  return disc.subtracted(Stroked(cross));
+}
+
 QPainterPath ClockFace() {
   QPainterPath ring;
   ring.addEllipse(QRectF(3.5, 3.5, 17, 17));
@@ -130,7 +152,9 @@ QPainterPath PathOf(const QString& name) {
   if (name == "stop") return Stop();
   if (name == "note" || name == "music") return Note();
   if (name == "message") return Loudspeaker();
-  if (name == "amplifier") return Warning();
+  if (name == "amplifier" || name == "warning") return Warning();
+  if (name == "error") return ErrorSign();
+  if (name == "information") return InformationSign();
   if (name == "clock") return ClockFace();
   if (name == "silence") return Dash();
   return MicrophoneShape();
@@ -174,6 +198,23 @@ const char* RestColour(const QAbstractButton& key) {
 }
 
 }  // namespace
+
+QPixmap GlyphPicture(const QString& glyph, const QColor& color, int size, qreal ratio) {
+  QPixmap picture(QSize(size, size) * ratio);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(size * ratio / kField, size * ratio / kField);
+  painter.fillPath(PathOf(glyph), color);
+  painter.end();
+  picture.setDevicePixelRatio(ratio);
+  return picture;
+}
+
+QRectF PaintedPart(const QString& glyph) {
+  const QRectF part = PathOf(glyph).boundingRect();
+  return {part.topLeft() / kField, part.size() / kField};
+}
 
 void GlyphSign::paintEvent(QPaintEvent*) {
   const int side = qMin(width(), height());

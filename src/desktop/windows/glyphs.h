@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QLabel>
+#include <QPixmap>
+#include <QRectF>
 #include <QWidget>
 
 namespace marlex {
@@ -9,6 +11,12 @@ namespace marlex {
 /// layout gets the picture of that name ("play", "skip", "stop", "note", "microphone"), in white on
 /// buttons of a strong colour.
 void PutGlyphs(QWidget& window);
+
+/// The picture of that name, alone, in one colour.
+QPixmap GlyphPicture(const QString& glyph, const QColor& color, int size, qreal ratio);
+
+/// The part of its square that a picture covers; the square is 1 by 1.
+QRectF PaintedPart(const QString& glyph);
 
 /// A picture by itself, in the colour that a text in its place would have. Its property `glyph`
 /// names it ("music", "message", "call", "amplifier", "silence", "clock").

@@ -2,9 +2,10 @@
 
 #include <QAbstractButton>
 #include <QDialogButtonBox>
-#include <QLayout>
 #include <QTimer>
 
+#include "desktop/windows/message_box.h"
+#include "desktop/windows/shown_body.h"
 #include "desktop/windows/shown_text.h"
 
 namespace marlex {
@@ -12,7 +13,6 @@ namespace marlex {
 namespace {
 
 constexpr int kHeldStepMs = 20;
-constexpr QMargins kBoxMargins(20, 18, 20, 16);
 
 /// Whether the box would block a window that must stay free.
 bool WouldBlockAFreeOne(const QDialog& box) {
@@ -37,6 +37,7 @@ void ShowWhenNothingIsHeld(QDialog* box, const QPointer<const PointersDown>& poi
     QTimer::singleShot(kHeldStepMs, box, [box, pointers] { ShowWhenNothingIsHeld(box, pointers); });
     return;
   }
+  if (auto* message = dynamic_cast<MessageBox*>(box)) message->MarkPrimaryKey();
   WidenButtons(*box);
   box->show();
   box->activateWindow();
@@ -48,11 +49,7 @@ bool StaysFree(const QWidget& window) { return window.property("staysFree").toBo
 
 QMessageBox* MakeBox(QMessageBox::Icon icon, const std::string& caption, const std::string& body,
                      QWidget* parent) {
-  auto* box = new QMessageBox(icon, ShownText(caption), ShownText(body), {}, parent);
-  box->setObjectName("messageBox");
-  box->setTextFormat(Qt::PlainText);
-  box->layout()->setContentsMargins(kBoxMargins);
-  return box;
+  return new MessageBox(icon, ShownText(caption), ShownBody(body), parent);
 }
 
 void OpenWithoutWaiting(QDialog* box, const PointersDown& pointers) {

@@ -15,6 +15,7 @@
 #include "desktop/files/disk_directories.h"
 #include "desktop/process/qt_event_loop.h"
 #include "desktop/windows/qt_dialogs.h"
+#include "desktop/windows/shown_body.h"
 
 namespace marlex {
 
@@ -152,7 +153,7 @@ struct TypingFolder : Folder {
   /// The chosen file name; empty when the dialog was cancelled.
   std::string Chosen() {
     Loop.PumpUntil([this] { return Result || !OpenDialogs<QMessageBox>().isEmpty(); });
-    if (!Result) return "? " + OpenQuestion().text().toStdString();
+    if (!Result) return "? " + WithoutMarks(OpenQuestion().text()).toStdString();
     return QFileInfo(QString::fromStdString(*Result)).fileName().toStdString();
   }
   std::string Typed(const QString& name, const FileDialog& dialog) {

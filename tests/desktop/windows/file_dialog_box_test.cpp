@@ -196,7 +196,7 @@ TEST(FileDialogBox, AFileThatIsNotThereIsNotOpened) {
   TypingFolder folder;
   for (const char* typed : {"c.sch", "c", "no such folder/a.sch"}) {
     QFileDialog& box = folder.Type(typed, folder.Open());
-    EXPECT_EQ(OpenQuestion().text(), QString(typed) + "\nFile not found");
+    EXPECT_EQ(WithoutMarks(OpenQuestion().text()), QString(typed) + "\nFile not found");
     EXPECT_EQ(OpenQuestion().windowTitle(), "Warning");
     Answer(OpenQuestion(), "OK");
     EXPECT_TRUE(box.isVisible());
@@ -326,7 +326,8 @@ TEST(FileDialogBox, APlaceThatHasGoneIsReported) {
   places.showPopup();
   places.hidePopup();
   emit places.textActivated(places.currentText());
-  EXPECT_EQ(OpenQuestion().text(), folder.Place.filePath("stick") + "\nFile not found");
+  EXPECT_EQ(WithoutMarks(OpenQuestion().text()),
+            folder.Place.filePath("stick") + "\nFile not found");
   EXPECT_EQ(OpenQuestion().windowModality(), Qt::WindowModal);
 }
 

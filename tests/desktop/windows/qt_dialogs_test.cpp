@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "desktop/windows/box_hand.h"
 #include "desktop/windows/call_place.h"
 #include "desktop/windows/finger.h"
+#include "desktop/windows/message_box.h"
+#include "desktop/windows/shown_body.h"
+#include "desktop/windows/theme.h"
 #include "places.h"
 
 namespace marlex {
@@ -18,11 +23,62 @@ TEST(QtDialogs, AMessageBoxShowsItsTextsAndIcon) {
     EXPECT_EQ(box.icon(), QMessageBox::Critical);
     EXPECT_EQ(box.objectName(), "messageBox");
     EXPECT_EQ(box.windowTitle(), "Problem");
-    seen = box.text();
+    seen = WithoutMarks(box.text());
     box.accept();
   });
   dialogs.MsgBox("<b>Cannot</b> find\rC:\\Music\\\r\nClick & go", BoxIcon::Critical, "Problem");
   EXPECT_EQ(seen, "<b>Cannot</b> find\nC:\\Music\\\nClick & go");
+}
+
+/// Whether the picture has a pixel of that colour.
+bool HasColor(const QImage& picture, const QColor& color) {
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixelColor(x, y) == color) return true;
+    }
+  }
+  return false;
+}
+
+TEST(QtDialogs, ABoxWearsTheProgramsSignAlsoAfterAChangeOfTheLook) {
+  const std::map<QMessageBox::Icon, const char*> signs = {{QMessageBox::Critical, "alarm"},
+                                                          {QMessageBox::Warning, "notice-text"},
+                                                          {QMessageBox::Information, "accent"}};
+  for (const auto& [icon, color] : signs) {
+    MessageBox box(icon, "Caption", "Body", nullptr);
+    EXPECT_EQ(box.icon(), icon);
+    const auto& sign = *box.findChild<QLabel*>("qt_msgboxex_icon_label");
+    EXPECT_TRUE(HasColor(sign.pixmap().toImage(), ThemeColorNow(color))) << color;
+    QEvent change(QEvent::StyleChange);
+    QApplication::sendEvent(&box, &change);
+    EXPECT_TRUE(HasColor(sign.pixmap().toImage(), ThemeColorNow(color))) << color;
+  }
+}
+
+TEST(QtDialogs, APathInABoxIsReadAndCopiedWithoutMarks) {
+  const QString body = "Not found: /home/Autumn and winter/";
+  MessageBox box(QMessageBox::Critical, "Caption", ShownBody(body.toStdString()), nullptr);
+  box.show();
+  EXPECT_NE(box.text(), body);
+  QAccessibleInterface& spoken =
+      *QAccessible::queryAccessibleInterface(box.findChild<QLabel*>("qt_msgbox_label"));
+  EXPECT_EQ(spoken.text(QAccessible::Name), body);
+  QTest::keySequence(&box, QKeySequence::Copy);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), body);
+}
+
+TEST(QtDialogs, TheKeyThatEnterPressesIsThePrimaryOne) {
+  MessageBox notice(QMessageBox::Critical, "Caption", "Body", nullptr);
+  notice.addButton(QMessageBox::Ok);
+  notice.show();
+  EXPECT_EQ(notice.button(QMessageBox::Ok)->property("face"), "primary");
+  MessageBox question(QMessageBox::Warning, "Caption", "Body", nullptr);
+  const QPushButton* replace = question.addButton("Replace", QMessageBox::AcceptRole);
+  QPushButton* cancel = question.addButton("Cancel", QMessageBox::RejectRole);
+  question.setDefaultButton(cancel);
+  question.show();
+  EXPECT_EQ(cancel->property("face"), "primary");
+  EXPECT_FALSE(replace->property("face").isValid());
 }
 
 TEST(QtDialogs, BoxesShowTheirTextsWhole) {

@@ -1,0 +1,75 @@
+#include "desktop/windows/message_box.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QPushButton>
+#include <QStyle>
+
+#include "desktop/windows/glyphs.h"
+#include "desktop/windows/shown_body.h"
+#include "desktop/windows/theme.h"
+
+namespace marlex {
+
+namespace {
+
+constexpr int kSignSize = 36;
+constexpr QMargins kBoxMargins(20, 18, 20, 16);
+
+QPixmap SignOf(QMessageBox::Icon icon, qreal ratio) {
+  if (icon == QMessageBox::Critical)
+    return GlyphPicture("error", ThemeColorNow("alarm"), kSignSize, ratio);
+  if (icon == QMessageBox::Warning)
+    return GlyphPicture("warning", ThemeColorNow("notice-text"), kSignSize, ratio);
+  return GlyphPicture("information", ThemeColorNow("accent"), kSignSize, ratio);
+}
+
+}  // namespace
+
+MessageBox::MessageBox(QMessageBox::Icon icon, const QString& caption, const QString& body,
+                       QWidget* parent)
+    : QMessageBox(icon, caption, body, {}, parent) {
+  setObjectName("messageBox");
+  setTextFormat(Qt::PlainText);
+  layout()->setContentsMargins(kBoxMargins);
+  // A screen reader would spell a word whose letters are joined by marks.
+  if (auto* text = findChild<QLabel*>("qt_msgbox_label"))
+    text->setAccessibleName(WithoutMarks(body));
+  PutSign();
+}
+
+/// Qt puts its own sign back at a change of the style.
+void MessageBox::changeEvent(QEvent* event) {
+  QMessageBox::changeEvent(event);
+  if (event->type() == QEvent::StyleChange) PutSign();
+}
+
+/// A path that is copied can be used elsewhere.
+void MessageBox::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Copy)) return QMessageBox::keyPressEvent(event);
+  QGuiApplication::clipboard()->setText(WithoutMarks(text()));
+}
+
+void MessageBox::showEvent(QShowEvent* event) {
+  MarkPrimaryKey();
+  QMessageBox::showEvent(event);
+}
+
+void MessageBox::PutSign() {
+  auto* sign = findChild<QLabel*>("qt_msgboxex_icon_label");
+  if (sign) sign->setPixmap(SignOf(icon(), devicePixelRatioF()));
+}
+
+void MessageBox::MarkPrimaryKey() {
+  const QList<QAbstractButton*> keys = buttons();
+  QAbstractButton* primary = keys.size() == 1 ? keys.front() : defaultButton();
+  if (!primary || primary->property("face") == "primary") return;
+  primary->setProperty("face", "primary");
+  primary->style()->unpolish(primary);
+  primary->style()->polish(primary);
+}
+
+}  // namespace marlex

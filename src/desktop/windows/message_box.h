@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QMessageBox>
+
+namespace marlex {
+
+/// A message box with the program's own sign, and with the key that Enter presses as its primary
+/// one. It runs from left to right in every language, like all windows.
+class MessageBox : public QMessageBox {
+ public:
+  MessageBox(QMessageBox::Icon icon, const QString& caption, const QString& body, QWidget* parent);
+
+  /// Call before the keys are measured; `showEvent` calls it, too.
+  void MarkPrimaryKey();
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void PutSign();
+};
+
+}  // namespace marlex

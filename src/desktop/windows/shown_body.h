@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace marlex {
+
+/// Converts the text of a message box for display. A path, which runs to the end of its line, is
+/// one piece from left to right in any language, and is broken nowhere; one that is too long for a
+/// line is broken after its separators. Each line runs in its own direction and begins on the left.
+QString ShownBody(const std::string& body);
+
+/// Converts one line for display. The folders of a path follow one another from left to right, even
+/// where their names run from right to left.
+QString ShownPath(const QString& line);
+
+/// The same text without the marks that keep it in order.
+QString WithoutMarks(QString shown);
+
+}  // namespace marlex
