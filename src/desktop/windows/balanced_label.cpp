@@ -5,7 +5,8 @@
 
 namespace marlex {
 
-/// The narrowest centred area in which the text takes no more lines than at full width.
+/// The narrowest area in which the text takes no more lines than at full width, where the label
+/// aligns it.
 QRect BalancedLabel::TextArea() const {
   const QRect room = contentsRect();
   const auto needed = [this](int width) {
@@ -21,7 +22,7 @@ QRect BalancedLabel::TextArea() const {
     const bool fits = text.height() <= lines && text.width() <= width;
     (fits ? wideEnough : tooNarrow) = width;
   }
-  return QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, {wideEnough, room.height()}, room);
+  return QStyle::alignedRect(layoutDirection(), alignment(), {wideEnough, room.height()}, room);
 }
 
 void BalancedLabel::paintEvent(QPaintEvent*) {
