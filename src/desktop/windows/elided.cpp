@@ -21,9 +21,7 @@ int Letters(const QWidget& widget, int count) {
 }  // namespace
 
 QString ElidedLabel::ShownLine() const {
-  const bool isPath = text().contains('/') || text().contains('\\');
-  return fontMetrics().elidedText(text(), isPath ? Qt::ElideMiddle : Qt::ElideRight,
-                                  contentsRect().width());
+  return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
 }
 
 QSize ElidedLabel::RoomFor(int letters) const {
@@ -51,7 +49,7 @@ QString ElidedButton::ShownLine() const {
   QStyleOptionButton option;
   QPushButton::initStyleOption(&option);
   const int room = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).width();
-  return fontMetrics().elidedText(text(), Qt::ElideRight, room, Qt::TextShowMnemonic);
+  return fontMetrics().elidedText(text(), Qt::ElideMiddle, room, Qt::TextShowMnemonic);
 }
 
 /// A short name asks for as much room as a long one, so that buttons side by side look alike.

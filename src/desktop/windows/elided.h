@@ -6,7 +6,8 @@
 namespace marlex {
 
 /// One line with a name that the operator chose, of any length. What does not fit is replaced by an
-/// ellipsis, at the end or, in a path, in the middle; the tool tip then shows the whole name.
+/// ellipsis in the middle, so that names with a common beginning stay apart; the tool tip then
+/// shows the whole name.
 class ElidedLabel : public QLabel {
  public:
   using QLabel::QLabel;

@@ -53,6 +53,7 @@ ListBinding::ListBinding(ListBox& list, QListView& view, Hand& hand)
   view.setItemDelegate(&Painter);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
   view.setUniformItemSizes(true);
+  view.setTextElideMode(Qt::ElideMiddle);
   view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   view.installEventFilter(this);

@@ -94,6 +94,55 @@ TEST(Elided, AFileOfOneLongWordInATitleMakesNoWindowWider) {
   EXPECT_EQ(windows.Screen.Main().minimumSizeHint().width(), least);
 }
 
+const char* const kCommonBeginning =
+    "offers_of_the_day_in_the_departments_of_the_upper_and_of_the_lower_floor_and_the_hall_";
+
+TEST(Elided, NamesWithACommonBeginningStayApartInLabelAndKey) {
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
+  WavWindow& editor = windows.Forms.TheWavWindow;
+  main.Load();
+  editor.Load();
+  for (const int zone : {0, 1}) {
+    main.lblZoneName[zone].Caption = kCommonBeginning + std::to_string(zone);
+    editor.cmdZone[zone].Caption = kCommonBeginning + std::to_string(zone);
+  }
+  editor.Show();
+  windows.ShowMain();
+  EXPECT_NE(windows.Find<ElidedLabel>("lblZoneName_0").ShownLine(),
+            windows.Find<ElidedLabel>("lblZoneName_1").ShownLine());
+  const QWidget& window = windows.Screen.ScheduleEditor();
+  EXPECT_NE(window.findChild<ElidedButton*>("cmdZone_0")->ShownLine(),
+            window.findChild<ElidedButton*>("cmdZone_1")->ShownLine());
+}
+
+/// What the view paints of an entry.
+QImage PictureOf(QAbstractItemView& view, int row, int column) {
+  const QRect area = view.visualRect(view.model()->index(row, column));
+  return view.viewport()->grab(area.adjusted(1, 1, -2, -2)).toImage();
+}
+
+TEST(Elided, NamesWithACommonBeginningStayApartInListAndTable) {
+  PaintedWindows windows;
+  FrmMain& main = windows.Forms.frmMain;
+  main.Load();
+  FillSchedule(main.grdSchedule, 4);
+  main.grdSchedule.SetColWidth(kMessagesColumn, 6500);
+  for (const int row : {1, 2, 3, 4}) {
+    const std::string name = kCommonBeginning + std::string(row == 2 ? "two" : "one");
+    main.lstPlaylist.AddItem(name);
+    main.grdSchedule.SetTextMatrix(row, kMessagesColumn, name);
+  }
+  windows.ShowMain();
+  auto& list = windows.Find<QListView>("lstPlaylist");
+  auto& table = windows.Find<QTableView>("grdSchedule");
+  const int first = list.model()->rowCount() - 4;
+  EXPECT_EQ(PictureOf(list, first + 2, 0), PictureOf(list, first + 3, 0));
+  EXPECT_NE(PictureOf(list, first + 1, 0), PictureOf(list, first + 2, 0));
+  EXPECT_EQ(PictureOf(table, 2, kMessagesColumn), PictureOf(table, 3, kMessagesColumn));
+  EXPECT_NE(PictureOf(table, 1, kMessagesColumn), PictureOf(table, 2, kMessagesColumn));
+}
+
 QString ToolTipOf(QAbstractItemView& view, const QModelIndex& entry) {
   view.scrollTo(entry);
   QToolTip::hideText();
