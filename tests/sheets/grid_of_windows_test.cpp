@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -24,6 +25,7 @@ class Shown {
   }
   QSize Size() const { return Window.size(); }
   QList<PaintedTexts::Piece> Texts() const { return PaintedTexts::Of(Window); }
+  QWidget& Part(const char* name) const { return *Window.findChild<QWidget*>(name); }
 
  private:
   static DeskOptions In(DeskOptions options, const char* language) {
@@ -51,6 +53,7 @@ TEST(GridOfWindows, TheColumnsOfTheScheduleEditorAreEvenInEveryLanguage) {
     EXPECT_EQ(editor.Area("AvailWavs").bottom(), editor.Area("PrevKey").bottom());
     EXPECT_EQ(editor.Area("SelectedWavs").left(), editor.Area("RemoveKey").left());
     EXPECT_EQ(editor.Area("SelectedWavs").right(), editor.Area("RemAll_Key").right());
+    ExpectEvenWidths(editor, {"RemoveKey", "RemAll_Key"});
   }
 }
 
@@ -62,6 +65,7 @@ TEST(GridOfWindows, TheColumnsOfThePlaylistEditorAreEvenInEveryLanguage) {
     EXPECT_EQ(editor.Area("cmdSelectAll").bottom(), editor.Area("PrevKey").bottom());
     EXPECT_EQ(editor.Area("SelectedMP3s").left(), editor.Area("RemoveKey").left());
     EXPECT_EQ(editor.Area("SelectedMP3s").right(), editor.Area("cmdRandomize").right());
+    ExpectEvenWidths(editor, {"RemoveKey", "RemAll_Key", "cmdRandomize"});
   }
 }
 
@@ -80,6 +84,114 @@ TEST(GridOfWindows, AnEditorKeepsItsSizeWhenAPanelOpensInIt) {
     EXPECT_EQ(Measured("playlist_editor", name, "Frame1"),
               Measured("playlist_editor_times", name, "Frame1"))
         << name;
+  }
+}
+
+TEST(GridOfWindows, TheTransportKeysAreUnderTheirTilesInEveryLanguage) {
+  for (const Language& language : PaintedLanguages()) {
+    SCOPED_TRACE(language.Name);
+    const Shown window("main_music", language.Name);
+    const std::vector<const char*> tiles = {"Frame2", "Frame3", "Frame1"};
+    const std::vector<const char*> keys = {"cmdPlay", "cmdSkip", "cmdStop"};
+    ExpectEvenWidths(window, tiles);
+    for (std::size_t column = 0; column < keys.size(); ++column) {
+      EXPECT_EQ(window.Area(keys[column]).left(), window.Area(tiles[column]).left());
+      EXPECT_EQ(window.Area(keys[column]).right(), window.Area(tiles[column]).right());
+    }
+  }
+}
+
+TEST(GridOfWindows, NothingMovesWhenTheFirstSongBegins) {
+  for (const Language& language : PaintedLanguages()) {
+    for (const char* part : {"lblMP3Number", "Frame2"}) {
+      EXPECT_EQ(Measured("main_idle", language.Name, part),
+                Measured("main_music", language.Name, part))
+          << part << " in " << language.Name;
+    }
+  }
+}
+
+TEST(GridOfWindows, NothingMovesWhenACallBegins) {
+  for (const Language& language : PaintedLanguages()) {
+    for (const char* part : {"cmdCall", "cmdCallZone_5"}) {
+      const auto before = Measured("main_music", language.Name, part);
+      for (const char* scene : {"main_chime", "main_call", "main_post_chime"})
+        EXPECT_EQ(Measured(scene, language.Name, part), before) << scene << " " << language.Name;
+    }
+  }
+}
+
+/// Pixels between the picture of a key and its word, which is beside or below it.
+int RoomBeforeWord(QWidget& key, bool isBelow) {
+  QImage image = key.grab().toImage();
+  const qreal ratio = image.devicePixelRatio();
+  QRectF word = PaintedTexts::Of(key).first().Place;
+  if (isBelow) {
+    image = image.transformed(QTransform(0, 1, 1, 0, 0, 0));
+    word = QTransform(0, 1, 1, 0, 0, 0).mapRect(word);
+  }
+  const int end = qRound(word.left() * ratio) - 1;
+  const QRgb ground = image.pixel(end, image.height() / 2);
+  int x = end;
+  const auto isGround = [&] {
+    for (int y = image.height() / 4; y < image.height() * 3 / 4; ++y) {
+      if (image.pixel(x, y) != ground) return false;
+    }
+    return true;
+  };
+  while (x > 0 && isGround()) --x;
+  return qRound((end - x) / ratio);
+}
+
+TEST(GridOfWindows, PictureAndWordOfAKeyKeepOneDistanceInEveryLanguage) {
+  constexpr int kBeside = 8;
+  constexpr int kBelow = 7;
+  for (const Language& language : PaintedLanguages()) {
+    const Shown window("main_music", language.Name);
+    EXPECT_NEAR(RoomBeforeWord(window.Part("cmdCall"), false), kBeside, 1) << language.Name;
+    for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"})
+      EXPECT_NEAR(RoomBeforeWord(window.Part(key), true), kBelow, 1) << key << language.Name;
+  }
+}
+
+/// The widths of the painted lines of a text, from top to bottom.
+std::vector<double> LineWidths(QWidget& label) {
+  std::map<int, QRectF> lines;
+  for (const auto& [text, place] : PaintedTexts::Of(label)) {
+    QRectF& line = lines[qRound(place.center().y() / 6)];
+    line = line.united(place);
+  }
+  std::vector<double> widths;
+  for (const auto& [height, line] : lines) widths.push_back(line.width());
+  return widths;
+}
+
+TEST(GridOfWindows, NoWordIsAloneBelowALineOfSplashAndAboutBox) {
+  for (const Language& language : PaintedLanguages()) {
+    for (const char* scene : {"splash", "about"}) {
+      const Shown window(scene, language.Name);
+      for (const char* part : {"Label3", "lblNotice"}) {
+        const std::vector<double> lines = LineWidths(window.Part(part));
+        EXPECT_GE(lines.back(), lines.front() / 2) << scene << " in " << language.Name;
+      }
+    }
+  }
+}
+
+std::string TextOf(const Shown& window, const char* label) {
+  return dynamic_cast<const QLabel&>(window.Part(label)).text().toStdString();
+}
+
+TEST(GridOfWindows, SplashAndAboutBoxHoldNoEnglishInAnotherLanguage) {
+  for (const Language& language : PaintedLanguages()) {
+    if (std::string(language.Name) == "English") continue;
+    for (const char* scene : {"splash", "about"}) {
+      const Shown english(scene, "English");
+      const Shown window(scene, language.Name);
+      for (const char* part : {"Label5", "Label6", "Label7", "Label3", "Label4", "lblNotice"}) {
+        EXPECT_NE(TextOf(window, part), TextOf(english, part)) << scene << " in " << language.Name;
+      }
+    }
   }
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "i18n/languages.h"
 #include "sheets/scenes.h"
 
 namespace marlex {
@@ -22,6 +23,31 @@ TEST(Place, ATableThatIsRebuiltBeginsWhereTheSystemHasIt) {
     desk.Settle();
     EXPECT_EQ(main.grdSchedule.TopRow(), 1) << menu->Name;
     EXPECT_EQ(FirstRow(window), 1) << menu->Name;
+  }
+}
+
+/// The marks of the rows in sight: "!" for each one in conflict.
+QString MarksInSight(const QTableView& table) {
+  QString marks;
+  const int last = table.rowAt(table.viewport()->height() - 1);
+  for (int row = table.rowAt(0); row <= last; ++row) {
+    const QModelIndex time = table.model()->index(row, 0);
+    marks += time.data(Qt::AccessibleTextRole).toString().left(1);
+  }
+  return marks;
+}
+
+TEST(Place, ARowInConflictIsInSightWithItsNoteInEveryLanguage) {
+  for (const Scene& scene : Scenes()) {
+    if (!QString::fromStdString(scene.Name).startsWith("main_conflict")) continue;
+    for (const Language& language : PaintedLanguages()) {
+      DeskOptions options = scene.Options;
+      options.Language = language.Name;
+      ShownDesk desk(options);
+      const QWidget& window = scene.Reach(desk);
+      EXPECT_TRUE(MarksInSight(*window.findChild<QTableView*>("grdSchedule")).contains('!'))
+          << scene.Name << " in " << language.Name;
+    }
   }
 }
 

@@ -5,6 +5,8 @@
 #include <QStyleOptionGroupBox>
 #include <QStylePainter>
 
+#include "desktop/windows/even_row.h"
+
 namespace marlex {
 
 namespace {
@@ -31,19 +33,6 @@ QString Breakable(const QString& title) {
 
 bool HasFace(const QWidget& card, const char* face) {
   return card.property("face").toString() == face;
-}
-
-/// Width of a row whose cells have equal stretch: they are all as wide as the widest needs to be. 0
-/// for any other layout.
-int EvenWidth(const QLayout* layout) {
-  const auto* row = qobject_cast<const QHBoxLayout*>(layout);
-  if (!row) return 0;
-  int widest = 0;
-  for (int cell = 0; cell < row->count(); ++cell) {
-    if (row->stretch(cell) == 0 || row->stretch(cell) != row->stretch(0)) return 0;
-    widest = qMax(widest, row->itemAt(cell)->minimumSize().width());
-  }
-  return row->count() * (widest + row->spacing()) - row->spacing();
 }
 
 }  // namespace

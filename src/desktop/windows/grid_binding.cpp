@@ -104,7 +104,7 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->setFont(option.font);
   const QRect area = TextArea(option);
   const QString text =
-      option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width());
+      option.fontMetrics.elidedText(index.data().toString(), Qt::ElideMiddle, area.width());
   painter->drawText(area, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine, text);
   const QRect margin(option.rect.left(), option.rect.top(), kMarkWidth, option.rect.height());
   painter->drawText(margin, Qt::AlignCenter, index.data(kMarkRole).toString());
@@ -120,7 +120,13 @@ bool CellPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
 }
 
 GridBinding::GridBinding(Grid& grid, QTableView& view, Hand& hand)
-    : WidgetBinding(grid, view), Cells(grid), View(view), Operator(hand), Model(grid) {
+    : WidgetBinding(grid, view),
+      Cells(grid),
+      View(view),
+      Operator(hand),
+      Model(grid),
+      Place(grid),
+      Room(*view.parentWidget()) {
   view.setModel(&Model);
   view.setItemDelegate(&Painter);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -135,6 +141,7 @@ GridBinding::GridBinding(Grid& grid, QTableView& view, Hand& hand)
   ForwardScroll();
   view.installEventFilter(this);
   view.viewport()->installEventFilter(this);
+  Room.installEventFilter(this);
 }
 
 void GridBinding::SetUpHeaders() {
@@ -175,9 +182,11 @@ void GridBinding::ForwardDoubleClick(int row, int column) {
 void GridBinding::ForwardScroll() {
   const auto report = [this] {
     const int row = View.rowAt(0) + 1;
-    if (Painting || row == 0) return;
+    if (Painting || Resizing || row == 0) return;
     Operator.Forward(Cells, [this, row] {
-      if (row < Cells.Rows() && row != Cells.TopRow()) Cells.SetTopRow(row);
+      if (row >= Cells.Rows()) return;
+      Place.ScrolledByHand(row);
+      if (row != Cells.TopRow()) Cells.SetTopRow(row);
     });
   };
   connect(View.verticalScrollBar(), &QScrollBar::valueChanged, this, report, Qt::DirectConnection);
@@ -194,6 +203,7 @@ bool GridBinding::Choose(int row, int column) {
 void GridBinding::Paint() {
   WidgetBinding::Paint();
   const PaintGuard guard(Painting);
+  Resizing = false;
   Model.Refresh();
   PaintColumns();
   PaintRows();
@@ -212,7 +222,7 @@ void GridBinding::PaintColumns() {
     if (!isLast) View.setColumnWidth(column, width);
     needed += width;
   }
-  if (needed != View.minimumWidth()) View.setMinimumWidth(needed);
+  if (needed != Room.minimumWidth()) Room.setMinimumWidth(needed);
 }
 
 int GridBinding::HeadingWidth(int column) const {
@@ -254,32 +264,27 @@ void GridBinding::PaintRows() {
   }
 }
 
-/// Cuts no row off: as many rows as fit share the height, and the heading takes the few pixels that
-/// are left over.
+/// Cuts no row off: as many rows as fit share the height, and the few pixels that are left over
+/// stay free below the table. So its heading and its first row keep their places, whatever comes
+/// and goes below it.
 void GridBinding::ShareHeight() {
-  QHeaderView& heading = *View.horizontalHeader();
-  const int plain = heading.sizeHint().height();
-  const int room = View.viewport()->height() + heading.height() - plain;
+  const int around = View.height() - View.viewport()->height();
+  const int room = Room.height() - around;
   const int least = View.fontMetrics().height() + kRowAir;
-  const int rows = std::max(room / least, 1);
-  const int height = std::max(room / rows, least);
+  RowsInSight = std::max(room / least, 1);
+  const int height = std::max(room / RowsInSight, least);
   if (height != View.verticalHeader()->defaultSectionSize())
     View.verticalHeader()->setDefaultSectionSize(height);
-  const int headingHeight = plain + std::max(room - rows * height, 0);
-  if (headingHeight == heading.minimumHeight()) return;
-  heading.setMinimumHeight(headingHeight);
-  emit heading.geometriesChanged();
+  const int left = std::max(room - RowsInSight * height, 0);
+  View.setGeometry(0, 0, Room.width(), Room.height() - left);
 }
 
-/// Sets the view's current cell and first visible row to those of the grid.
+/// Sets the view's current cell to that of the grid, and its first row.
 void GridBinding::PaintPlace() {
   const QModelIndex current = Model.index(Cells.Row() - 1, Cells.Col());
   if (current != View.currentIndex())
     View.selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-  const int top = Cells.TopRow() - 1;
-  if (top >= Model.rowCount() || View.rowAt(0) == top) return;
-  const QHeaderView& rows = *View.verticalHeader();
-  View.verticalScrollBar()->setValue(rows.sectionPosition(top) / rows.defaultSectionSize());
+  View.verticalScrollBar()->setValue(Place.RowsAbove(RowsInSight));
 }
 
 /// Enter is a double-click on the first cell of the current row, from any column. It counts only
@@ -297,11 +302,13 @@ bool GridBinding::eventFilter(QObject* object, QEvent* event) {
   // A table that grows, or is shown for the first time, can scroll closer to the row that it should
   // begin with.
   const bool isResized = event->type() == QEvent::Resize || event->type() == QEvent::Show;
-  if (isResized && !Painting) {
+  if (!isResized) return false;
+  Resizing = true;
+  if (!Painting) {
     const PaintGuard guard(Painting);
     ShareHeight();
   }
-  if (isResized && Cells.Watcher) Cells.Watcher();
+  if (Cells.Watcher) Cells.Watcher();
   return false;
 }
 

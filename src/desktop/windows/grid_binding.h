@@ -6,6 +6,7 @@
 
 #include "controls/grid.h"
 #include "desktop/windows/binding.h"
+#include "desktop/windows/grid_place.h"
 
 namespace marlex {
 
@@ -77,7 +78,11 @@ class GridBinding : public QObject, public WidgetBinding {
   Hand& Operator;
   GridModel Model;
   CellPainter Painter;
+  GridPlace Place;
+  QWidget& Room;  // around the view alone: what is left of it below the last row stays free
+  int RowsInSight = 1;
   bool Painting = false;
+  bool Resizing = false;  // until painted: what the new size scrolls is not the operator's doing
 };
 
 }  // namespace marlex

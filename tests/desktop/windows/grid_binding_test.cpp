@@ -123,6 +123,94 @@ TEST(GridBinding, NoRowIsCutThroughWhereverTheTableBeginsAndHoweverHighItIs) {
   }
 }
 
+TEST(GridBinding, HeadingAndFirstRowKeepTheirPlacesWhenANoteComes) {
+  GridForm table(200);
+  Label& note = table.Shown.Forms.frmMain.lblConflict;
+  const auto places = [&](const char* text) {
+    note.Caption = text;
+    note.Visible = *text != 0;
+    table.Shown.Settle();
+    return std::pair(table.View.horizontalHeader()->height(),
+                     table.View.viewport()->mapTo(&table.Shown.Screen.Main(), QPoint(0, 0)));
+  };
+  for (int height = 640; height < 720; height += 7) {
+    table.Shown.Screen.Main().resize(1024, height);
+    const auto before = places("");
+    EXPECT_EQ(places("Conflict"), before) << height;
+    EXPECT_EQ(places("Conflict\nConflict"), before) << height;
+    EXPECT_EQ(places(""), before) << height;
+  }
+}
+
+void PaintTime(Grid& grid, int row, Color color) {
+  grid.SetRow(row);
+  grid.SetCol(kTimeColumn);
+  grid.SetCellColors(color, kWhite);
+}
+
+int LastRow(GridForm& table) { return table.View.rowAt(table.View.viewport()->height() - 1) + 1; }
+
+TEST(GridBinding, AConflictThatComesIsScrolledIntoSight) {
+  GridForm table(200);
+  for (const int conflict : {3, 90, 200}) {
+    PaintTime(table.Cells, conflict, kRed);
+    table.Shown.Settle();
+    EXPECT_LE(table.FirstRow(), conflict);
+    EXPECT_GE(LastRow(table), conflict);
+    PaintTime(table.Cells, conflict, kWhite);
+    table.Shown.Settle();
+    EXPECT_EQ(table.FirstRow(), 1) << "the system's place again";
+  }
+  table.Cells.SetTopRow(120);
+  PaintTime(table.Cells, 40, kRed);
+  table.Shown.Settle();
+  EXPECT_EQ(table.FirstRow(), 40) << "none follows";
+}
+
+TEST(GridBinding, AConflictStaysInSightWhenItsNoteTakesTheRoom) {
+  GridForm table(200);
+  table.Shown.Forms.frmMain.frCall.Visible = false;
+  table.Shown.Screen.Main().resize(1024, 700);
+  table.Shown.Settle();
+  const int last = LastRow(table);
+  PaintTime(table.Cells, last, kRed);
+  table.Shown.Forms.frmMain.lblConflict.Caption = "Conflict\nConflict";
+  table.Shown.Forms.frmMain.lblConflict.Visible = true;
+  table.Shown.Settle();
+  EXPECT_EQ(LastRow(table), last);
+  EXPECT_GT(table.FirstRow(), 1);
+}
+
+TEST(GridBinding, TheOperatorMayScrollAwayFromAConflictUntilAnotherComes) {
+  GridForm table(200);
+  PaintTime(table.Cells, 90, kRed);
+  table.Shown.Settle();
+  table.View.verticalScrollBar()->setValue(9);
+  table.Shown.Settle();
+  table.Cells.SetTextMatrix(1, 4, "gong");
+  table.Shown.Settle();
+  EXPECT_EQ(table.FirstRow(), 10);
+  PaintTime(table.Cells, 90, kWhite);
+  table.Shown.Settle();
+  EXPECT_EQ(table.FirstRow(), 10);
+  PaintTime(table.Cells, 90, kRed);
+  table.Shown.Settle();
+  EXPECT_EQ(LastRow(table), 90);
+}
+
+TEST(GridBinding, NoConflictPushesTheFiredRowOutOfSight) {
+  GridForm table(200);
+  table.Cells.SetTopRow(50);
+  PaintTime(table.Cells, 56, kNavy);
+  const int rows = LastRow(table) - table.FirstRow() + 1;
+  PaintTime(table.Cells, 56 + rows, kRed);
+  table.Shown.Settle();
+  EXPECT_EQ(table.FirstRow(), 50);
+  PaintTime(table.Cells, 55 + rows, kRed);
+  table.Shown.Settle();
+  EXPECT_EQ(table.FirstRow(), 56);
+}
+
 TEST(GridBinding, RowsThatHaveGoneAreLeftOutOfTheWayToTheFirstRow) {
   GridForm table(200);
   for (int row = 20; row < 60; ++row) table.Cells.SetRowHeight(row, 0);
