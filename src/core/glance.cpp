@@ -12,7 +12,7 @@ constexpr const char* kLastMinuteOfDay = "23:59";
 
 Glance Passerby::Look() const {
   const OnAir what = What();
-  return {what, NameOf(what), Next(), TheDay.Look()};
+  return {what, NameOf(what), Next(), TheDay.Look(), SpeechIsOn(), IsHeldBack()};
 }
 
 /// The row that waits for the music break, otherwise the next one that the tick will fire today.
@@ -48,14 +48,30 @@ ComingRow Passerby::NextToday() const {
 }
 
 OnAir Passerby::What() const {
-  if (TheFlags.CallActive) return OnAir::Call;
-  // A takeover lasts until the amplifier reports the end of the call, at whatever level in between.
-  const bool holdsUsBack = TheFlags.PriorityPreempted || !TheFlags.PriorityClear;
-  if (holdsUsBack && TheFrmMain.lblHiPrio.Visible) return OnAir::Amplifier;
-  // Chimes and previews count as messages, but do not set the flag.
-  const bool wavePlays = TheFrmPlayers.WavPlayer.Mode() == kWavePlaying;
-  if (TheFlags.MessagePlaying || wavePlays) return OnAir::Message;
+  if (TheFlags.CallActive) return SpeechIsOn() ? OnAir::Call : OnAir::Wait;
+  if (IsHeldBack()) return OnAir::Amplifier;
+  if (MessageIsOn()) return OnAir::Message;
   return TheFrmPlayers.MP3Player.PlayState() == kPlaying ? OnAir::Music : OnAir::Silence;
+}
+
+/// During a takeover the master is muted, whatever goes on playing.
+bool Passerby::SpeechIsOn() const {
+  if (TheFlags.PriorityPreempted) return false;
+  return TheFlags.CallActive ? CallWord() == Strings.LoadString(kStrSpeak) : MessageIsOn();
+}
+
+/// A takeover lasts until the amplifier reports the end of the call, at whatever level in between.
+bool Passerby::IsHeldBack() const {
+  return (TheFlags.PriorityPreempted || !TheFlags.PriorityClear) && TheFrmMain.lblHiPrio.Visible;
+}
+
+/// Chimes and previews count as messages, but do not set the flag.
+bool Passerby::MessageIsOn() const {
+  return TheFlags.MessagePlaying || TheFrmPlayers.WavPlayer.Mode() == kWavePlaying;
+}
+
+const std::string& Passerby::CallWord() const {
+  return TheFrmMain.frCall.Visible ? TheFrmMain.cmdCall2.Caption : TheFrmMain.cmdCall.Caption;
 }
 
 std::string Passerby::NameOf(OnAir what) const {
@@ -66,8 +82,9 @@ std::string Passerby::NameOf(OnAir what) const {
       return SoundName(TheFrmPlayers.WavPlayer.FileName);
     case OnAir::Amplifier:
       return TheFrmMain.lblHiPrio.Caption;
+    case OnAir::Wait:
     case OnAir::Call:
-      return TheFrmMain.frCall.Visible ? TheFrmMain.cmdCall2.Caption : TheFrmMain.cmdCall.Caption;
+      return CallWord();
     case OnAir::Silence:
       break;
   }

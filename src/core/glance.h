@@ -14,8 +14,9 @@ namespace marlex {
 
 /// What the installation is doing; if several apply, the one listed last. An amplifier's call that
 /// keeps us from beginning anything takes precedence over the music or the message that may go on
-/// playing during it.
-enum class OnAir { Silence, Music, Message, Amplifier, Call };
+/// playing during it. `Wait` is the part of a call in which the microphone is closed: what is said
+/// then is lost.
+enum class OnAir { Silence, Music, Message, Amplifier, Wait, Call };
 
 /// A row that has not fired yet: its time cell, in which a "+" marks a row that waits for a music
 /// break, and its messages. Both are empty if there is none.
@@ -32,6 +33,8 @@ struct Glance {
   std::string Name;  // of the song or message; for a call, the text of its button or note
   ComingRow Next;    // without a time: the note that the schedule has stopped
   DayRibbon Day;
+  bool SpeechIsOn = false;  // the loudspeakers carry our speech or message, whatever else holds
+  bool IsHeldBack = false;  // by a call of the amplifier
 
   bool operator==(const Glance&) const = default;
 };
@@ -55,6 +58,10 @@ class Passerby {
 
  private:
   OnAir What() const;
+  bool SpeechIsOn() const;
+  bool IsHeldBack() const;
+  bool MessageIsOn() const;
+  const std::string& CallWord() const;
   std::string NameOf(OnAir what) const;
   ComingRow Next() const;
   ComingRow NextToday() const;

@@ -20,6 +20,8 @@ std::string Word(OnAir what) {
       return "message";
     case OnAir::Amplifier:
       return "amplifier";
+    case OnAir::Wait:
+      return "wait";
     case OnAir::Call:
       break;
   }
@@ -68,13 +70,51 @@ TEST(Glance, ShowsACallByTheTextOfItsKeyWithEitherTypeOfAmplifier) {
     SpotDesk desk({.Sequences = At("13", {"01"}), .Router = router});
     const char* key = router ? "cmdCall" : "cmdCall2";
     desk.Press(key);
-    EXPECT_EQ(Now(desk), "call: Wait") << key;
+    EXPECT_EQ(Now(desk), "wait: Wait") << key;
     desk.Advance(kSpeakingMs);
     EXPECT_EQ(Now(desk), "call: Speak") << key;
     desk.Release(key);
     desk.Advance(kSpeakingMs);
     EXPECT_EQ(Now(desk), "music: march") << key;
   }
+}
+
+bool SpeechIsOn(const Desk& desk) { return desk.Sys->ThePasserby.Look().SpeechIsOn; }
+
+TEST(Glance, KnowsThatNothingSaidBeforeTheChimeHasEndedIsHeard) {
+  SpotDesk desk({.Sequences = At("13", {"01"}), .PreChime = "welcome", .PostChime = "welcome"});
+  EXPECT_FALSE(SpeechIsOn(desk));
+  desk.Press("cmdCall");
+  desk.Advance(1700);
+  ASSERT_EQ(desk.Sys->TheFrmPlayers.WavPlayer.Mode(), kWavePlaying);
+  EXPECT_EQ(Now(desk), "wait: Wait");
+  EXPECT_FALSE(SpeechIsOn(desk));
+  desk.Advance(5000);
+  EXPECT_EQ(Now(desk), "call: Speak");
+  EXPECT_TRUE(SpeechIsOn(desk));
+  desk.Release("cmdCall");
+  desk.Advance(100);
+  EXPECT_EQ(Now(desk), "wait: Wait");
+  EXPECT_FALSE(SpeechIsOn(desk));
+}
+
+TEST(Glance, KnowsThatAMessageIsHeardUnlessTheAmplifierTakesOver) {
+  for (const int status : {64, 128}) {
+    SpotDesk desk;
+    desk.AdvanceTo(SpotDesk::kFadedDown + 1);
+    EXPECT_TRUE(SpeechIsOn(desk));
+    desk.Status(status);
+    EXPECT_EQ(Now(desk), "amplifier: Higher priority call in progress");
+    EXPECT_EQ(SpeechIsOn(desk), status == 64);
+  }
+}
+
+TEST(Glance, IsHeldBackOnlyByACallThatStopsOurOwn) {
+  SpotDesk desk({.Priority = "High"});
+  desk.Status(64);
+  EXPECT_FALSE(desk.Sys->ThePasserby.Look().IsHeldBack);
+  desk.Status(128);
+  EXPECT_TRUE(desk.Sys->ThePasserby.Look().IsHeldBack);
 }
 
 TEST(Glance, ShowsACallOfTheAmplifierThatHoldsUsBackAndNoOther) {

@@ -37,9 +37,11 @@ void WidgetBinding::LeaveFocus() {
   next ? next->setFocus() : Widget.clearFocus();
 }
 
-/// The two palette colours leave the look to the style sheet. Any other background is a signal:
-/// bold text and a thick border make it visible to the colour-blind, too.
+/// A lamp is painted by `Lamps`. The two palette colours leave the look to the style sheet. Any
+/// other background is a signal: bold text and a thick border make it visible to the colour-blind,
+/// too.
 void WidgetBinding::PaintColors() {
+  if (Widget.property(kLampProperty).isValid()) return;
   const Scheme scheme = ShownScheme();
   const bool isSame = Source.BackColor == PaintedBack && Source.ForeColor == PaintedText;
   if (isSame && scheme == PaintedScheme) return;
@@ -62,7 +64,8 @@ void WidgetBinding::PaintHeight() {
   const int designTwips = Source.Height.DesignValue();
   if (DesignHeightPixels == 0 || designTwips == 0) return;
   const int scaled = DesignHeightPixels * Source.Height / designTwips;
-  const int height = std::max(scaled, Widget.minimumSizeHint().height());
+  const int height =
+      std::max(scaled, Widget.minimumSizeHint().height());
   if (height != Widget.minimumHeight() || height != Widget.maximumHeight())
     Widget.setFixedHeight(height);
 }

@@ -11,6 +11,9 @@
 
 namespace marlex {
 
+/// The property in which a lamp keeps how it is lit. The style sheet paints it.
+inline constexpr const char* kLampProperty = "lit";
+
 /// Connects one control to the widget or action that shows it.
 class Binding {
  public:

@@ -27,6 +27,8 @@ const char* FaceOf(OnAir what) {
       return "message";
     case OnAir::Amplifier:
       return "amplifier";
+    case OnAir::Wait:
+      return "wait";
     case OnAir::Call:
       return "call";
     case OnAir::Silence:
@@ -62,7 +64,7 @@ void GlanceBand::Paint(const Glance& glance) {
 void GlanceBand::PaintOnAir(const Glance& glance) {
   OnAirName.setText(ShownText(glance.Name));
   // The name of a sound may be shortened, a word of the system may not.
-  const bool isOwnWord = glance.What == OnAir::Amplifier || glance.What == OnAir::Call;
+  const bool isOwnWord = glance.What >= OnAir::Amplifier;
   OnAirName.ensurePolished();
   const int whole = OnAirName.fontMetrics().horizontalAdvance(OnAirName.text());
   OnAirName.setMinimumWidth(isOwnWord ? whole + kPartOfPixel : 0);

@@ -167,7 +167,7 @@ class GlyphEngine : public QIconEngine {
   GlyphEngine(QPainterPath path, const char* atRest) : Path(std::move(path)), AtRest(atRest) {}
 
   void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
-    const char* enabled = state == QIcon::On ? "on-accent" : AtRest;
+    const char* enabled = state == QIcon::On ? "on-text" : AtRest;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(area.topLeft());

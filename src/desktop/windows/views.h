@@ -7,6 +7,7 @@
 #include "desktop/windows/binder.h"
 #include "desktop/windows/day_ribbon_view.h"
 #include "desktop/windows/glance_band.h"
+#include "desktop/windows/lamps.h"
 #include "desktop/windows/theme.h"
 #include "platform/event_loop.h"
 #include "windows/windows.h"
@@ -18,8 +19,8 @@ namespace marlex {
 /// everything that `look` uses must outlive it.
 class Views {
  public:
-  /// `look` returns what the band and the ribbon of the main window show; without it they are never
-  /// updated.
+  /// `look` returns what the band, the ribbon and the lamps of the main window show; without it they
+  /// show that nothing is on the air.
   Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look = nullptr);
   ~Views();
 
@@ -51,6 +52,7 @@ class Views {
   std::unique_ptr<QWidget> PlaylistWindow;
   std::unique_ptr<GlanceBand> Band;
   DayRibbonView* Ribbon = nullptr;               // of the main window
+  std::unique_ptr<Lamps> MainLamps;
   std::vector<std::unique_ptr<Binder>> Binders;  // destroyed before the windows
 };
 

@@ -186,23 +186,22 @@ QColor MiddleOf(QWidget& widget) {
   return picture.pixelColor(picture.width() / 5, picture.height() / 2);
 }
 
-TEST(Binder, LampsShowTheColoursOfTheSystem) {
+TEST(Binder, SignalsShowTheColoursOfTheSystem) {
   PaintedWindows windows;
   FrmMain& main = windows.Forms.frmMain;
   main.lblConflict.Visible = true;
+  main.lblConflict.BackColor = kButtonFace;
   windows.ShowMain();
-  auto& lamp = windows.Find<QLabel>("lblCurrentZone_2");
-  const QColor dark = MiddleOf(lamp);
-  main.lblCurrentZone[2].BackColor = kGreen;
-  main.lblConflict.BackColor = kRed;
+  auto& note = windows.Find<QLabel>("lblConflict");
+  const QColor plain = MiddleOf(note);
+  for (const Color color : {kRed, kGreen, kDarkGreen}) {
+    main.lblConflict.BackColor = color;
+    windows.Settle();
+    EXPECT_EQ(MiddleOf(note), ShownColor(color));
+  }
+  main.lblConflict.BackColor = kButtonFace;
   windows.Settle();
-  EXPECT_EQ(MiddleOf(lamp), ShownColor(kGreen));
-  main.lblCurrentZone[2].BackColor = kDarkGreen;
-  windows.Settle();
-  EXPECT_EQ(MiddleOf(lamp), ShownColor(kDarkGreen));
-  main.lblCurrentZone[2].BackColor = kButtonFace;
-  windows.Settle();
-  EXPECT_EQ(MiddleOf(lamp), dark);
+  EXPECT_EQ(MiddleOf(note), plain);
 }
 
 TEST(Binder, KeysShrinkAndGrowInTheRelationOfTheirHeights) {

@@ -112,7 +112,8 @@ void Reporter::ReportZones(double time) {
   std::string zones;
   for (int zone = 0; zone < kZones; ++zone) {
     std::string lamp = "frmMain.lblCurrentZone_" + std::to_string(zone);
-    if (Watched.Window->Read(lamp, "colour") == kGreen) zones += " " + std::to_string(zone + 1);
+    std::string colour = Watched.Window->Read(lamp, "colour");
+    if (colour == kGreen || colour == kPaleGreen) zones += " " + std::to_string(zone + 1);
   }
   if (zones == ZonesReported) return;
   ZonesReported = zones;

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QLabel>
+#include <vector>
+
+#include "core/glance.h"
+#include "windows/frm_main.h"
+
+namespace marlex {
+
+/// Paints the lamps of the main window: those of the zones with their names, the call lamp, and the
+/// note about a call of the amplifier. In the system's colours a zone is green whenever it is fed,
+/// and the call lamp flashes in green during a chime. On the screen full green means that speech or
+/// a message is on the air now: a zone that is fed with anything else is pale, and the call lamp
+/// flashes in grey.
+class Lamps {
+ public:
+  /// `window` must contain the widgets of the lamps. Construct the lamps before the bindings, which
+  /// leave their colours alone from then on.
+  Lamps(FrmMain& form, QWidget& window);
+
+  void Paint(const Glance& glance);
+
+ private:
+  struct Lamp {
+    const Label& Source;
+    QLabel& Widget;
+  };
+
+  std::vector<Lamp> Zones;
+  std::vector<QLabel*> ZoneNames;
+  std::vector<Lamp> Calls;
+  QLabel& AmplifierNote;
+};
+
+}  // namespace marlex
