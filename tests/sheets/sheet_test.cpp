@@ -25,6 +25,18 @@ const Form& FormOf(const ShownDesk& desk, const QWidget& window) {
   throw RuntimeFailure("No form " + window.objectName().toStdString());
 }
 
+/// Nothing is lost while the parts of the main window grow with it, and it shrinks again.
+void ExpectWholeAtEverySize(ShownDesk& desk, QWidget& window) {
+  constexpr QSize kWhereItGrows(1280, 875);
+  for (const QSize size : {kWhereItGrows, kLargeScreen, kSmallScreen}) {
+    SCOPED_TRACE(std::to_string(size.width()) + " wide");
+    window.resize(size);
+    desk.Settle();
+    EXPECT_EQ(window.size(), size);
+    ExpectNothingClipped(window);
+  }
+}
+
 /// Brings the desk to the scene in a language, measures its window, and saves its picture under
 /// `name`.
 QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
@@ -46,6 +58,7 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
   const QPixmap picture = window.grab();
   Keep(picture.toImage(), name + "/" + language);
   Keep(PartsOf(window), name + "/" + language);
+  if (window.objectName() == "frmMain") ExpectWholeAtEverySize(desk, window);
   return picture;
 }
 
@@ -101,6 +114,30 @@ TEST(Sheets, TheAmplifiersCallIsWholeInLettersForPassersBy) {
     ASSERT_TRUE(onAir);
     EXPECT_EQ(onAir->ShownLine(), QString::fromStdString(desk.Text("lblHiPrio")));
     EXPECT_GE(onAir->font().pointSize(), 19) << language.Name;
+  }
+}
+
+/// The name as it is painted, elided or not.
+QString ShownZone(QWidget& window, int zone) {
+  auto* name =
+      dynamic_cast<ElidedLabel*>(window.findChild<QLabel*>("lblZoneName_" + QString::number(zone)));
+  if (!name) throw RuntimeFailure("No name of zone " + std::to_string(zone));
+  EXPECT_GE(name->font().pointSizeF(), 11);
+  return name->ShownLine();
+}
+
+TEST(Sheets, ZoneNamesAreWholeOnASmallScreenInEveryLanguage) {
+  const Scene& scene = Scenes().front();
+  for (const Language& language : PaintedLanguages()) {
+    DeskOptions options = scene.Options;
+    options.Language = language.Name;
+    ShownDesk desk(options);
+    QWidget& window = scene.Reach(desk);
+    EXPECT_EQ(window.size(), kSmallScreen);
+    for (int zone = 0; zone < kZones; ++zone) {
+      const std::string whole = desk.Main().lblZoneName[zone].Caption;
+      EXPECT_EQ(ShownZone(window, zone).toStdString(), whole) << language.Name;
+    }
   }
 }
 

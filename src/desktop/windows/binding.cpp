@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "desktop/windows/growth.h"
 #include "desktop/windows/shown_text.h"
 
 namespace marlex {
@@ -63,9 +64,10 @@ void WidgetBinding::PaintColors() {
 void WidgetBinding::PaintHeight() {
   const int designTwips = Source.Height.DesignValue();
   if (DesignHeightPixels == 0 || designTwips == 0) return;
+  const qreal grown = Widget.window()->property(kGrowthProperty).toReal();
   const int scaled = DesignHeightPixels * Source.Height / designTwips;
   const int height =
-      std::max(scaled, Widget.minimumSizeHint().height());
+      std::max(grown > 1 ? qRound(scaled * grown) : scaled, Widget.minimumSizeHint().height());
   if (height != Widget.minimumHeight() || height != Widget.maximumHeight())
     Widget.setFixedHeight(height);
 }

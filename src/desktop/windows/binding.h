@@ -39,7 +39,8 @@ class WidgetBinding : public Binding {
   WidgetBinding(VisualControl& control, QWidget& widget);
 
   /// Shows visibility, enabled state, tool tip and colours. A widget whose layout fixes its height
-  /// is scaled with the control's height, but never below its minimum size.
+  /// is scaled with the control's height and the growth of its window, but never below its minimum
+  /// size.
   void Paint() override;
 
  private:

@@ -13,21 +13,39 @@ namespace {
 
 constexpr int kFewestLetters = 6;  // minimum width of a line
 constexpr int kUsualLetters = 12;  // preferred width of a line
+constexpr int kNarrowestPercent = 75;
+constexpr int kStepPercent = 5;
 
 int Letters(const QWidget& widget, int count) {
   return count * widget.fontMetrics().averageCharWidth();
 }
 
+bool Narrows(const QWidget& widget) { return widget.property("face").toString() == "zone"; }
+
 }  // namespace
 
+/// As narrow as the text needs it. Letters are as wide as whole pixels, so each width is tried.
+QFont ElidedLabel::ShownFont() const {
+  QFont shown = font();
+  if (!Narrows(*this)) return shown;
+  for (int percent = 100; percent >= kNarrowestPercent; percent -= kStepPercent) {
+    shown.setStretch(percent);
+    const QFontMetrics letters(shown, this);
+    if (letters.elidedText(text(), Qt::ElideRight, contentsRect().width()) == text()) break;
+  }
+  return shown;
+}
+
 QString ElidedLabel::ShownLine() const {
-  return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+  const QFontMetrics letters(ShownFont(), this);
+  return letters.elidedText(text(), Qt::ElideMiddle, contentsRect().width());
 }
 
 QSize ElidedLabel::RoomFor(int letters) const {
   const QSize frame = size() - contentsRect().size();
   const int line = qMin(fontMetrics().horizontalAdvance(text()), Letters(*this, letters));
-  return {line + frame.width(), fontMetrics().height() + frame.height()};
+  const int percent = Narrows(*this) ? kNarrowestPercent : 100;
+  return {line * percent / 100 + frame.width(), fontMetrics().height() + frame.height()};
 }
 
 QSize ElidedLabel::minimumSizeHint() const { return RoomFor(kFewestLetters); }
@@ -41,6 +59,7 @@ bool ElidedLabel::event(QEvent* event) {
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   drawFrame(&painter);
+  painter.setFont(ShownFont());
   style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(),
                         isEnabled(), ShownPath(ShownLine()), foregroundRole());
 }

@@ -7,7 +7,7 @@ namespace marlex {
 
 /// One line with a name that the operator chose, of any length. What does not fit is replaced by an
 /// ellipsis in the middle, so that names with a common beginning stay apart; the tool tip then
-/// shows the whole name.
+/// shows the whole name. With the face "zone" the letters get narrower before any is left out.
 class ElidedLabel : public QLabel {
  public:
   using QLabel::QLabel;
@@ -22,6 +22,7 @@ class ElidedLabel : public QLabel {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QFont ShownFont() const;
   QSize RoomFor(int letters) const;
 };
 

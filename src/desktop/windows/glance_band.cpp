@@ -61,13 +61,17 @@ void GlanceBand::Paint(const Glance& glance) {
   Painted = glance;
 }
 
-void GlanceBand::PaintOnAir(const Glance& glance) {
-  OnAirName.setText(ShownText(glance.Name));
-  // The name of a sound may be shortened, a word of the system may not.
-  const bool isOwnWord = glance.What >= OnAir::Amplifier;
+/// The name of a sound may be shortened, a word of the system may not.
+void GlanceBand::MakeRoom() {
   OnAirName.ensurePolished();
   const int whole = OnAirName.fontMetrics().horizontalAdvance(OnAirName.text());
-  OnAirName.setMinimumWidth(isOwnWord ? whole + kPartOfPixel : 0);
+  OnAirName.setMinimumWidth(IsOwnWord ? whole + kPartOfPixel : 0);
+}
+
+void GlanceBand::PaintOnAir(const Glance& glance) {
+  OnAirName.setText(ShownText(glance.Name));
+  IsOwnWord = glance.What >= OnAir::Amplifier;
+  MakeRoom();
   const char* face = FaceOf(glance.What);
   if (OnAirBox.property("air") == face) return;
   OnAirBox.setProperty("air", face);

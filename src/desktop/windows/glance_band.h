@@ -15,6 +15,9 @@ class GlanceBand {
 
   void Paint(const Glance& glance);
 
+  /// Makes room for the text after its letters have changed.
+  void MakeRoom();
+
  private:
   void PaintOnAir(const Glance& glance);
 
@@ -25,6 +28,7 @@ class GlanceBand {
   QLabel& NextTime;
   QLabel& NextMessages;
   Glance Painted;
+  bool IsOwnWord = false;  // the text is the system's, not the name of a sound
 };
 
 }  // namespace marlex

@@ -230,7 +230,7 @@ void PutGlyphs(QWidget& window) {
     const QString name = key->property("glyph").toString();
     if (name.isEmpty()) continue;
     key->setIcon(QIcon(new GlyphEngine(PathOf(name), RestColour(*key))));
-    key->setIconSize(QSize(22, 22));
+    key->setIconSize(kGlyphSize);
   }
 }
 

@@ -3,9 +3,12 @@
 #include <QLabel>
 #include <QPixmap>
 #include <QRectF>
+#include <QSize>
 #include <QWidget>
 
 namespace marlex {
+
+inline constexpr QSize kGlyphSize(22, 22);
 
 /// Puts pictures on the buttons of a window: each button whose property `glyph` is set in the
 /// layout gets the picture of that name ("play", "skip", "stop", "note", "microphone"), in white on

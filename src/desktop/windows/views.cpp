@@ -81,10 +81,15 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
   Band = std::make_unique<GlanceBand>(*MainWindow);
   Ribbon = dynamic_cast<DayRibbonView*>(MainWindow->findChild<QFrame*>("paneDay"));
   Ribbon->WatchWindow();
+  MainGrowth = std::make_unique<Growth>(*MainWindow);
   MainLamps = std::make_unique<Lamps>(windows.frmMain, *MainWindow);
   Binder& main = Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
   // The clock in the window is painted every second, and band, ribbon and lamps with it.
   main.OnPaint = [this, look] { PaintGlance(look ? look() : Glance()); };
+  MainGrowth->OnChange = [this, &main] {
+    Band->MakeRoom();
+    main.RepaintAll();
+  };
   Connect(windows.frmLogo, *LogoWindow, loop, Centre);
   // Closing the language dialog ends the program, and closing the directory picker accepts the
   // directory: too much to happen on an accidental Escape.
@@ -106,6 +111,7 @@ void Views::PaintGlance(const Glance& glance) {
   Band->Paint(glance);
   Ribbon->Paint(glance.Day);
   MainLamps->Paint(glance);
+  MainGrowth->TakePainted();
 }
 
 /// A picker blocks only the settings dialog: the main window stays free, so that a call can be made

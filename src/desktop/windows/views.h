@@ -7,6 +7,7 @@
 #include "desktop/windows/binder.h"
 #include "desktop/windows/day_ribbon_view.h"
 #include "desktop/windows/glance_band.h"
+#include "desktop/windows/growth.h"
 #include "desktop/windows/lamps.h"
 #include "desktop/windows/theme.h"
 #include "platform/event_loop.h"
@@ -53,6 +54,7 @@ class Views {
   std::unique_ptr<GlanceBand> Band;
   DayRibbonView* Ribbon = nullptr;               // of the main window
   std::unique_ptr<Lamps> MainLamps;
+  std::unique_ptr<Growth> MainGrowth;
   std::vector<std::unique_ptr<Binder>> Binders;  // destroyed before the windows
 };
 
