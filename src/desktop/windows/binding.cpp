@@ -54,8 +54,9 @@ void WidgetBinding::PaintColors() {
   if (PaintedBack != kButtonFace) {
     const QColor ground = ShownColor(PaintedBack);
     if (PaintedText == kButtonText) text = TextOn(ground);
-    rules += "background-color: " + ground.name() + "; border: 2px solid " +
-             ground.darker(170).name() + "; font-weight: 700; ";
+    const QColor border = scheme == Scheme::Dark ? ground.lighter(130) : ground.darker(170);
+    rules += "background-color: " + ground.name() + "; border: 2px solid " + border.name() +
+             "; font-weight: 700; ";
   }
   if (!rules.isEmpty() || PaintedText != kButtonText) rules += "color: " + text.name() + "; ";
   Widget.setStyleSheet(rules.isEmpty() ? rules : "#" + Widget.objectName() + " { " + rules + "}");

@@ -20,8 +20,8 @@ namespace marlex {
 /// everything that `look` uses must outlive it.
 class Views {
  public:
-  /// `look` returns what the band, the ribbon and the lamps of the main window show; without it they
-  /// show that nothing is on the air.
+  /// `look` returns what the band, the ribbon and the lamps of the main window show; without it
+  /// they show that nothing is on the air.
   Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look = nullptr);
   ~Views();
 
@@ -52,7 +52,7 @@ class Views {
   std::unique_ptr<QWidget> ChimeSelectWindow;
   std::unique_ptr<QWidget> PlaylistWindow;
   std::unique_ptr<GlanceBand> Band;
-  DayRibbonView* Ribbon = nullptr;               // of the main window
+  DayRibbonView* Ribbon = nullptr;  // of the main window
   std::unique_ptr<Lamps> MainLamps;
   std::unique_ptr<Growth> MainGrowth;
   std::vector<std::unique_ptr<Binder>> Binders;  // destroyed before the windows

@@ -37,12 +37,17 @@ TEST_P(Theme, ItsTextsCanBeReadOnEveryGroundThatTheyHave) {
   ExpectContrast("on-signal", "live", kReadable);
   ExpectContrast("notice-text", "notice", kReadable);
   ExpectContrast("strong", "menu-lit", kReadable);
+  for (const char* ground : {"on", "on-lit"}) ExpectContrast("on-text", ground, kReadable);
+  for (const char* ground : {"fed", "wait"}) ExpectContrast("text", ground, kReadable);
+  // A disabled part says what could be done at another time.
+  for (const char* ground : {"off", "card", "tile"}) ExpectContrast("off-text", ground, kVisible);
 }
 
 TEST_P(Theme, ItsMarksAndItsFocusCanBeSeen) {
   for (const char* ground : {"card", "tile", "key", "face"}) {
     ExpectContrast("focus", ground, kVisible);
-    ExpectContrast("mark-line", ground, kVisible);
+    for (const char* line : {"mark-line", "key-line", "key-line-lit", "wait-line", "fed-line"})
+      ExpectContrast(line, ground, kVisible);
     ExpectContrast("glyph", ground, kVisible);
     ExpectContrast("accent-line", ground, kVisible);
   }
