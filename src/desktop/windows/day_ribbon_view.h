@@ -17,7 +17,7 @@ class DayRibbonView : public QFrame {
 
   /// Least height of the window in which the ribbon is shown. Below the height that the main window
   /// has at first, and above that of the lowest screen, where the table needs the room.
-  static constexpr int kLeastWindowHeight = 740;
+  static constexpr int kLeastWindowHeight = 750;
 
   /// Follows the height of its window from now on.
   void WatchWindow();

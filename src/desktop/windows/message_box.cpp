@@ -23,7 +23,7 @@ QPixmap SignOf(QMessageBox::Icon icon, qreal ratio) {
   if (icon == QMessageBox::Critical)
     return GlyphPicture("error", ThemeColorNow("alarm"), kSignSize, ratio);
   if (icon == QMessageBox::Warning)
-    return GlyphPicture("warning", ThemeColorNow("notice-text"), kSignSize, ratio);
+    return GlyphPicture("warning", ThemeColorNow("text"), kSignSize, ratio);
   return GlyphPicture("information", ThemeColorNow("accent"), kSignSize, ratio);
 }
 

@@ -31,16 +31,18 @@ TEST(BusyLamp, AtRestItsBulbIsSeenInItsGlass) {
   QApplication::setPalette(PaletteOf(Scheme::Light));
 }
 
-TEST(BusyLamp, LitItShinesInTheColourOfTheSystem) {
+TEST(BusyLamp, LitItShinesInItsColour) {
   PaintedWindows windows;
   windows.Forms.frmMain.Load();
   windows.ShowMain();
   const QColor dark = LampPicture(windows).Bulb();
-  windows.Forms.frmMain.PaintBusyLamps(kGreen);
-  windows.Settle();
-  const LampPicture lit(windows);
-  EXPECT_EQ(lit.Glass(), ShownColor(kGreen));
-  EXPECT_GT(lit.Bulb().lightness(), dark.lightness());
+  auto& lamp = windows.Find<QLabel>("lblBusy_0");
+  for (const char* color : {"live", "wait-line"}) {
+    lamp.setStyleSheet("background: " + NamedColor(color, Scheme::Light).name());
+    const LampPicture lit(windows);
+    EXPECT_EQ(lit.Glass(), NamedColor(color, Scheme::Light));
+    EXPECT_GT(lit.Bulb().lightness(), dark.lightness());
+  }
 }
 
 }  // namespace

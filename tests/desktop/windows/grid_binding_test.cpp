@@ -133,7 +133,7 @@ TEST(GridBinding, HeadingAndFirstRowKeepTheirPlacesWhenANoteComes) {
     return std::pair(table.View.horizontalHeader()->height(),
                      table.View.viewport()->mapTo(&table.Shown.Screen.Main(), QPoint(0, 0)));
   };
-  for (int height = 640; height < 720; height += 7) {
+  for (int height = 810; height < 870; height += 7) {
     table.Shown.Screen.Main().resize(1024, height);
     const auto before = places("");
     EXPECT_EQ(places("Conflict"), before) << height;
