@@ -7,8 +7,8 @@
 
 #include "desktop/sound/microphone_delay.h"
 #include "real_program.h"
+#include "sound/wait.h"
 #include "system/stage/installation.h"
-#include "system/stage/wait.h"
 
 namespace marlex::bench {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "process_cost.h"
 #include "real_program.h"
+#include "sound/wait.h"
 #include "system/stage/installation.h"
-#include "system/stage/wait.h"
 #include "windows/frm_main.h"
 
 namespace marlex::bench {

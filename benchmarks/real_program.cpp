@@ -6,7 +6,7 @@
 
 #include "desktop/process/posix_process.h"
 #include "places.h"
-#include "system/stage/wait.h"
+#include "sound/wait.h"
 #include "windows/frm_main.h"
 
 namespace marlex::bench {

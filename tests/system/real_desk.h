@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "places.h"
+#include "sound/wait.h"
 #include "system/stage/installation.h"
 #include "system/stage/signals.h"
 #include "system/stage/stage.h"
-#include "system/stage/wait.h"
 #include "system/stage/wav_file.h"
 
 namespace marlex {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "system/stage/child_process.h"
+#include "sound/child_process.h"
 
 namespace marlex::stage {
 

@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "wait.h"
+#include "sound/wait.h"
 
 namespace marlex::stage {
 

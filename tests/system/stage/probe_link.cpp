@@ -10,7 +10,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "wait.h"
+#include "sound/wait.h"
 
 namespace marlex::stage {
 namespace {

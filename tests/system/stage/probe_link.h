@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "byte_reader.h"
-#include "child_process.h"
+#include "sound/child_process.h"
 #include "virtual_display.h"
 
 namespace marlex::stage {

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "wait.h"
+#include "sound/wait.h"
 
 namespace marlex::stage {
 

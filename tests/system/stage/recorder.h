@@ -6,7 +6,7 @@
 
 #include "byte_reader.h"
 #include "recording.h"
-#include "sound_server.h"
+#include "sound/sound_server.h"
 
 namespace marlex::stage {
 

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "amplifier.h"
-#include "child_process.h"
 #include "probe_link.h"
 #include "recorder.h"
-#include "sound_server.h"
+#include "sound/child_process.h"
+#include "sound/sound_server.h"
 #include "virtual_display.h"
 #include "wall_clock.h"
 

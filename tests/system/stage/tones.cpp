@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <numbers>
 
-#include "child_process.h"
+#include "sound/child_process.h"
 #include "wav_file.h"
 
 namespace marlex::stage {

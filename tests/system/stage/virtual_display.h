@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "child_process.h"
+#include "sound/child_process.h"
 #include "window_manager.h"
 
 namespace marlex::stage {

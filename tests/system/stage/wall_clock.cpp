@@ -8,7 +8,7 @@
 #include <atomic>
 #include <stdexcept>
 
-#include "wait.h"
+#include "sound/wait.h"
 
 namespace marlex::stage {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "child_process.h"
+#include "sound/child_process.h"
 
 namespace marlex::stage {
 

@@ -12,9 +12,9 @@
 
 #include "places.h"
 #include "reporter.h"
+#include "sound/wait.h"
 #include "system/stage/signals.h"
 #include "system/stage/stage.h"
-#include "system/stage/wait.h"
 
 namespace marlex::watch {
 namespace {

@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <string_view>
 
+#include "sound/wait.h"
 #include "system/stage/signals.h"
-#include "system/stage/wait.h"
 
 namespace marlex::watch {
 namespace {

@@ -1,4 +1,4 @@
-#include "child_process.h"
+#include "sound/child_process.h"
 
 #include <fcntl.h>
 #include <sys/prctl.h>
@@ -8,7 +8,7 @@
 
 #include <stdexcept>
 
-#include "wait.h"
+#include "sound/wait.h"
 
 extern char** environ;
 

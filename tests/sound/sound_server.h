@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "child_process.h"
+#include "sound/child_process.h"
 
 namespace marlex::stage {
 

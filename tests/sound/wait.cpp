@@ -1,4 +1,4 @@
-#include "wait.h"
+#include "sound/wait.h"
 
 #include <time.h>
 

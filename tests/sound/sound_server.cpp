@@ -1,4 +1,4 @@
-#include "sound_server.h"
+#include "sound/sound_server.h"
 
 #include <unistd.h>
 
@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "places.h"
-#include "wait.h"
+#include "sound/wait.h"
 
 namespace marlex::stage {
 namespace {
