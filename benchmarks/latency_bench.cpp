@@ -1,7 +1,5 @@
 #include "latency_bench.h"
 
-#include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <stdexcept>
 
@@ -53,18 +51,10 @@ double SilenceAfterMs(stage::Stage& desk, double moment) {
 /// Milliseconds of sound that the card buffers while music plays, as the server derives them from
 /// the requests of its clients.
 double CardQueueMs(stage::Stage& desk) {
-  stage::Command command;
-  command.Arguments = {"pactl", "list", "sinks"};
-  command.Variables = desk.Server->Variables();
-  command.Variables["LC_ALL"] = "C";
-  command.LogFile = desk.Folder + "/sinks.log";
-  if (stage::Run(command) != 0) throw std::runtime_error("the sound server does not answer");
-  std::ifstream log(command.LogFile);
-  const std::string text(std::istreambuf_iterator<char>(log), {});
+  const std::string text = desk.Server->Control("list sinks");
   constexpr std::string_view kKey = "configured ";
   const std::size_t place = text.find(kKey);
   if (place == std::string::npos) throw std::runtime_error("the sound server reports no latency");
-  std::filesystem::remove(command.LogFile);
   return std::stod(text.substr(place + kKey.size())) / 1000;
 }
 

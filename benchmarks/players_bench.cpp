@@ -82,9 +82,8 @@ class Place {
  private:
   /// Does what every desktop's sound server does, only sooner.
   void LetIdleCardsSleep() {
-    Command load = Starting({"pactl", "load-module", "module-suspend-on-idle", "timeout=1"});
-    load.Variables = Room.Server->Variables();
-    if (stage::Run(load) != 0) throw std::runtime_error("The sound server lacks a module.");
+    if (Room.Server->Control("load-module module-suspend-on-idle timeout=1").empty())
+      throw std::runtime_error("The sound server lacks a module.");
   }
 
   /// Two channels of noise, which gives a decoder all the work that its bit rate allows.

@@ -1,11 +1,13 @@
 #include "sound/child_process.h"
 
 #include <fcntl.h>
+#include <sched.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <stdexcept>
 
 #include "sound/wait.h"
@@ -18,6 +20,7 @@ namespace {
 constexpr int kCannotStart = 127;  // the shell's own code for a program that does not exist
 constexpr int kSignalBase = 128;
 constexpr int kBeforeOthers = -10;
+constexpr sched_param kInRealTime = {.sched_priority = 10};
 
 std::vector<std::string> Merge(const Environment& variables) {
   std::vector<std::string> merged;
@@ -56,7 +59,8 @@ ChildProcess::ChildProcess(const Command& command) {
   if (Id < 0) throw std::runtime_error("The system has no room for another process.");
   if (Id == 0) {
     prctl(PR_SET_PDEATHSIG, command.DeathSignal);
-    if (command.GoesFirst) setpriority(PRIO_PROCESS, 0, kBeforeOthers);
+    if (command.GoesFirst || command.IsRealTime) setpriority(PRIO_PROCESS, 0, kBeforeOthers);
+    if (command.IsRealTime) sched_setscheduler(0, SCHED_RR, &kInRealTime);
     if (getppid() != parent) _exit(kCannotStart);
     if (!command.Directory.empty() && chdir(command.Directory.c_str()) != 0) _exit(kCannotStart);
     dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
@@ -100,6 +104,20 @@ int Run(const Command& command, double limitSeconds) {
   process.WaitForEnd(limitSeconds);
   process.End();
   return process.ExitCode().value_or(kCannotStart);
+}
+
+std::string OutputOf(Command command) {
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("The system has no pipe left.");
+  command.Output = ends[1];
+  ChildProcess process(command);
+  close(ends[1]);
+  std::string output;
+  std::array<char, 4096> piece;
+  for (ssize_t count = 0; (count = read(ends[0], piece.data(), piece.size())) > 0;)
+    output.append(piece.data(), size_t(count));
+  close(ends[0]);
+  return output;
 }
 
 }  // namespace marlex::stage

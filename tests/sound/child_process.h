@@ -21,6 +21,7 @@ struct Command {
   int Output = -1;            // descriptor that receives its standard output instead; -1 for none
   int Kept = -1;              // one more descriptor that stays open in it; -1 for none
   bool GoesFirst = false;     // runs at higher priority, where the system permits it
+  bool IsRealTime = false;    // also runs in real time, where the system permits it
   int DeathSignal = SIGKILL;  // sent to it by the system when we die, however we die
 };
 
@@ -53,5 +54,8 @@ class ChildProcess {
 
 /// Runs a program to its end and returns its exit code.
 int Run(const Command& command, double limitSeconds = 60);
+
+/// Runs a program to its end and returns what it writes to its standard output.
+std::string OutputOf(Command command);
 
 }  // namespace marlex::stage

@@ -2,7 +2,10 @@
 
 #include <unistd.h>
 
+#include <cctype>
 #include <fstream>
+#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -12,13 +15,23 @@
 namespace marlex::stage {
 namespace {
 
+std::string TextOf(const std::string& file) {
+  std::ifstream stream(file);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::string Description(std::string output) {
+  output[0] = char(std::toupper(output[0]));
+  return output;
+}
+
 std::vector<std::string> Modules(const SoundCards& cards) {
-  const std::string rate = " rate=" + std::to_string(SoundServer::kSampleRate);
+  const std::string rate = cards.Rate > 0 ? " rate=" + std::to_string(cards.Rate) : "";
   const std::string channels = " channels=" + std::to_string(SoundServer::kChannels);
   std::vector<std::string> modules;
   for (const std::string& output : cards.Outputs) {
     modules.push_back("module-null-sink sink_name=" + output + rate + channels +
-                      " sink_properties=device.description=" + output);
+                      " sink_properties=device.description=" + Description(output));
   }
   if (cards.Microphone) {
     modules.push_back("module-null-sink sink_name=mouth" + rate);
@@ -54,48 +67,41 @@ void SoundServer::Kill() {
 void SoundServer::Start(const SoundCards& cards) {
   constexpr double kStartLimitSeconds = 20;
   Kill();
-  unlink((Folder + "/native").c_str());
-  Command command;
-  command.Arguments = {MARLEX_SOURCE_DIR "/tests/sound/private_server", Folder};
+  Command command = Prepare({MARLEX_SOURCE_DIR "/tests/sound/private_server", Folder}, "sound");
   for (const std::string& module : Modules(cards)) command.Arguments.push_back(module);
-  command.Variables = Variables();
   command.Variables["HOME"] = Folder;
   command.Variables.erase("PULSE_SERVER");
-  command.LogFile = Folder + "/sound.log";
-  command.GoesFirst = true;
   Server = std::make_unique<ChildProcess>(command);
-  bool isUp = WaitUntil([this] { return !Server->IsRunning() || IsUp(); }, kStartLimitSeconds);
-  if (!isUp || !Server->IsRunning()) {
-    throw std::runtime_error("The sound server did not start: " + Folder + "/sound.log");
-  }
-  Control({"set-default-sink", cards.Outputs.front()});
-  if (cards.Microphone) Control({"set-default-source", "microphone"});
+  const auto isOver = [&] { return !Server->IsRunning() || IsReady(cards); };
+  if (!WaitUntil(isOver, kStartLimitSeconds) || !Server->IsRunning())
+    throw std::runtime_error("The sound server did not start:\n" + TextOf(command.LogFile));
 }
 
-void SoundServer::Control(std::vector<std::string> arguments) const {
-  Command command;
-  command.Arguments = std::move(arguments);
-  command.Arguments.insert(command.Arguments.begin(), "pactl");
-  command.Variables = Variables();
-  command.LogFile = Folder + "/sound.log";
-  // One kind of server accepts connections before everything inside it is ready.
-  constexpr double kLimitSeconds = 20;
-  if (!WaitUntil([&] { return Run(command) == 0; }, kLimitSeconds))
-    throw std::runtime_error("The sound server does not obey: " + Folder + "/sound.log");
+/// One kind of server answers before everything inside it is ready.
+bool SoundServer::IsReady(const SoundCards& cards) const {
+  if (access((Folder + "/native").c_str(), F_OK) != 0) return false;
+  const auto isDefault = [this](const std::string& kind, const std::string& name) {
+    Control("set-default-" + kind + " " + name);
+    return Control("get-default-" + kind) == name + "\n";
+  };
+  return isDefault("sink", cards.Outputs.front()) &&
+         (!cards.Microphone || isDefault("source", "microphone"));
+}
+
+std::string SoundServer::Control(const std::string& words) const {
+  Command command = Prepare({"pactl"}, "sound");
+  command.IsRealTime = false;
+  command.Variables["LC_ALL"] = "C";
+  std::istringstream rest(words);
+  for (std::string word; rest >> word;) command.Arguments.push_back(word);
+  return OutputOf(command);
 }
 
 std::unique_ptr<ChildProcess> SoundServer::Record(const std::string& output, int descriptor) const {
-  Command command;
-  command.Arguments = {"parec",
-                       "--raw",
-                       "--device=" + output + ".monitor",
-                       "--format=s16le",
-                       "--rate=" + std::to_string(kSampleRate),
-                       "--channels=" + std::to_string(kChannels),
-                       "--latency-msec=10"};
-  command.Variables = Variables();
-  command.LogFile = Folder + "/record.log";
-  command.GoesFirst = true;
+  Command command = Prepare({"parec", "--raw", "--device=" + output + ".monitor", "--format=s16le",
+                             "--rate=" + std::to_string(kSampleRate),
+                             "--channels=" + std::to_string(kChannels), "--latency-msec=10"},
+                            "record");
   command.Output = descriptor;
   auto recorder = std::make_unique<ChildProcess>(command);
   close(descriptor);
@@ -103,12 +109,17 @@ std::unique_ptr<ChildProcess> SoundServer::Record(const std::string& output, int
 }
 
 std::unique_ptr<ChildProcess> SoundServer::Speak(const std::string& file) const {
+  return std::make_unique<ChildProcess>(
+      Prepare({"paplay", "--device=mouth", "--latency-msec=50", file}, "speak"));
+}
+
+Command SoundServer::Prepare(std::vector<std::string> arguments, const std::string& log) const {
   Command command;
-  command.Arguments = {"paplay", "--device=mouth", "--latency-msec=50", file};
+  command.Arguments = std::move(arguments);
   command.Variables = Variables();
-  command.LogFile = Folder + "/speak.log";
-  command.GoesFirst = true;
-  return std::make_unique<ChildProcess>(command);
+  command.LogFile = Folder + "/" + log + ".log";
+  command.IsRealTime = true;  // a busy machine must not spoil the sound
+  return command;
 }
 
 void SoundServer::WriteAlsaConfiguration() const {
@@ -117,7 +128,5 @@ void SoundServer::WriteAlsaConfiguration() const {
           "pcm.!default { type pulse }\n"
           "ctl.!default { type pulse }\n";
 }
-
-bool SoundServer::IsUp() const { return access((Folder + "/native").c_str(), F_OK) == 0; }
 
 }  // namespace marlex::stage

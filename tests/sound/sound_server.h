@@ -8,10 +8,11 @@
 
 namespace marlex::stage {
 
-/// What is attached to the sound server of a stage.
+/// What is attached to a sound server of the tests.
 struct SoundCards {
   std::vector<std::string> Outputs = {"card"};  // the first is the default
-  bool Microphone = false;                      // one that hears what `Speak` plays
+  bool Microphone = false;  // "microphone", which hears what is played into the output "mouth"
+  int Rate = 48'000;        // frames a second of the cards; 0 leaves it to the server
 };
 
 /// A sound server of our own with silent cards, separate from any other server of the machine. A
@@ -29,8 +30,17 @@ class SoundServer {
   /// Kills it without warning, as a crash would.
   void Kill();
 
-  /// Starts it again after `Kill`, possibly with other cards.
+  /// Starts it again after `Kill`, possibly with other cards. Until it answers, the socket of the
+  /// killed one remains: clients see a server that is starting. It ends with the thread that starts
+  /// it.
   void Start(const SoundCards& cards);
+
+  /// Stops answering, and later continues where it stopped.
+  void Freeze() { Server->Signal(SIGSTOP); }
+  void Thaw() { Server->Signal(SIGCONT); }
+
+  /// Runs `pactl` with these words and returns what it prints.
+  std::string Control(const std::string& words) const;
 
   /// Records what an output plays, as raw 16-bit stereo at `kSampleRate`, into a descriptor, of
   /// which it takes ownership.
@@ -43,9 +53,9 @@ class SoundServer {
   static constexpr int kChannels = 2;
 
  private:
-  void Control(std::vector<std::string> arguments) const;
+  Command Prepare(std::vector<std::string> arguments, const std::string& log) const;
+  bool IsReady(const SoundCards& cards) const;
   void WriteAlsaConfiguration() const;
-  bool IsUp() const;
 
   std::string Folder;
   std::unique_ptr<ChildProcess> Server;

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -26,7 +25,7 @@ class TemporaryDirectory {
   explicit TemporaryDirectory(
       const std::filesystem::path& place = std::filesystem::temp_directory_path()) {
     std::string name = (place / "marlex-XXXXXX").string();
-    if (!::mkdtemp(name.data())) ADD_FAILURE() << "no temporary directory";
+    if (!::mkdtemp(name.data())) throw std::runtime_error("no temporary directory: " + name);
     Root = name;
   }
   TemporaryDirectory(const TemporaryDirectory&) = delete;

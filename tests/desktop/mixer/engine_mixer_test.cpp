@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/await.h"
-#include "desktop/mixer/private_sound_server.h"
+#include "desktop/sound/private_server.h"
 
 namespace marlex {
 namespace {
@@ -13,8 +13,6 @@ namespace {
 class EngineMixerTest : public testing::Test {
  protected:
   void SetUp() override {
-    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs a sound server and pactl";
-    ASSERT_TRUE(Server.Start());
     Engine = std::make_unique<SoundEngine>(Loop);
     Mixer = MakeEngineMixer(Loop, *Engine);
     ASSERT_EQ(Mixer->Open(0, Handle), kMixerNoError);
@@ -32,7 +30,7 @@ class EngineMixerTest : public testing::Test {
     return marlex::Await(Loop, done);
   }
 
-  PrivateSoundServer Server;
+  PrivateServer Server{kOneCard};
   QtEventLoop Loop;
   std::unique_ptr<SoundEngine> Engine;
   std::unique_ptr<MixerFunctions> Mixer;
@@ -62,7 +60,7 @@ TEST_F(EngineMixerTest, LevelAndMuteAreAsSetWhenTheServerStartsAgain) {
   ASSERT_TRUE(Await([&] { return !Engine->OutputAlive(); }));
   EXPECT_TRUE(Await([&] { return Engine->Master().Level() == StereoLevel{20000, 20000}; }));
   Set(kComponentSpeakers, kControlVolume, {30000, 30000});
-  ASSERT_TRUE(Server.Start());
+  Server.Start();
   ASSERT_TRUE(Await([&] { return Engine->OutputAlive(); }));
   EXPECT_TRUE(Await([&] { return Server.Level(0) == 30000 && Server.IsMuted(); }));
   EXPECT_TRUE(Await([&] { return Engine->Master().Level() == StereoLevel{}; }));
@@ -72,12 +70,12 @@ TEST_F(EngineMixerTest, LevelAndMuteAreAsSetWhenTheServerStartsAgain) {
 TEST_F(EngineMixerTest, TheSpeakersAreTheOutputOfTheSoundAndNeverAnother) {
   Set(kComponentSpeakers, kControlVolume, {20000, 20000});
   ASSERT_TRUE(Await([&] { return Server.Level(0) == 20000; }));
-  Server.Ask("load-module module-null-sink sink_name=headphones");
-  Server.Ask("set-default-sink headphones");
-  Server.RemoveCard();
+  Server.Control("load-module module-null-sink sink_name=headphones");
+  Server.Control("set-default-sink headphones");
+  Server.RemoveOutput("card");
   ASSERT_TRUE(Await([&] { return !Engine->OutputAlive(); }));
   EXPECT_TRUE(Await([&] { return Engine->Master().Level() == StereoLevel{20000, 20000}; }));
-  Server.AddCard();
+  Server.AddOutput("card");
   ASSERT_TRUE(Await([&] { return Engine->OutputAlive(); }));
   EXPECT_TRUE(Await([&] { return Server.Level(0) == 20000; }));
   Set(kComponentSpeakers, kControlVolume, {30000, 10000});
@@ -91,19 +89,19 @@ TEST_F(EngineMixerTest, TheSpeakersAreTheOutputOfTheSoundAndNeverAnother) {
 /// A desk that was started before its card was plugged in.
 TEST_F(EngineMixerTest, TheFirstCardOfAServerThatHadNoneIsTheSpeakers) {
   Mixer.reset();
-  Server.RemoveCard();
-  Server.Ask("load-module module-always-sink");
+  Server.RemoveOutput("card");
+  Server.Control("load-module module-always-sink");
   Engine = std::make_unique<SoundEngine>(Loop);
   Mixer = MakeEngineMixer(Loop, *Engine);
   ASSERT_EQ(Mixer->Open(0, Handle), kMixerNoError);
   Set(kComponentSpeakers, kControlVolume, {20000, 20000});
   ASSERT_TRUE(Await([&] { return Server.Level(0, "auto_null") == 20000; }));
-  Server.AddCard();
+  Server.AddOutput("card");
   EXPECT_TRUE(Await([&] { return Server.Level(0) == 20000; }));
 }
 
 TEST_F(EngineMixerTest, WithoutAServerTheSpeakersAreThoseOfTheEnginesDevice) {
-  Server.Ask("load-module module-null-sink sink_name=other");
+  Server.Control("load-module module-null-sink sink_name=other");
   Mixer.reset();
   Engine = std::make_unique<SoundEngine>(
       Loop, SoundOptions{.UseServer = false, .CardDevice = "pulse:other"});

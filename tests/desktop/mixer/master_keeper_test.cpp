@@ -11,8 +11,8 @@
 
 #include "desktop/await.h"
 #include "desktop/mixer/alsa_master.h"
-#include "desktop/mixer/private_sound_server.h"
 #include "desktop/mixer/pulse_master.h"
+#include "desktop/sound/private_server.h"
 
 namespace marlex {
 namespace {
@@ -45,11 +45,6 @@ const Door kDoors[] = {
 
 class MasterKeeperTest : public testing::TestWithParam<Door> {
  protected:
-  void SetUp() override {
-    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs a sound server and pactl";
-    ASSERT_TRUE(Server.Start());
-  }
-
   void Make() {
     Master = std::make_unique<MasterKeeper>(Loop, GetParam().Open);
     Master->OnChange = [this] { ++Changes; };
@@ -59,15 +54,15 @@ class MasterKeeperTest : public testing::TestWithParam<Door> {
     return marlex::Await(Loop, done);
   }
 
-  PrivateSoundServer Server;
+  PrivateServer Server{kOneCard};
   QtEventLoop Loop;
   std::unique_ptr<MasterKeeper> Master;
   int Changes = 0;
 };
 
 TEST_P(MasterKeeperTest, TheMasterIsFoundWithItsLevelAndMute) {
-  Server.Ask("set-sink-volume card 32768 16384");
-  Server.Ask("set-sink-mute card 1");
+  Server.Control("set-sink-volume card 32768 16384");
+  Server.Control("set-sink-mute card 1");
   Make();
   ASSERT_TRUE(Master->Found());
   EXPECT_EQ(*Master->Found(), (CardState{{32768, 16384}, true}));
@@ -107,7 +102,7 @@ TEST_P(MasterKeeperTest, AServerThatStartsAgainGetsLevelAndMuteAsTheyWereSet) {
   Master->Settle();
   Server.Kill();
   ASSERT_TRUE(Await([&] { return !Master->Found() && Changes == 1; }));
-  ASSERT_TRUE(Server.Start());
+  Server.Start();
   ASSERT_TRUE(Await([&] { return Master->Found() && Changes == 2; }));
   EXPECT_EQ(Server.Level(0), Step(30000));
   EXPECT_EQ(Server.Level(1), Step(20000));
@@ -120,7 +115,7 @@ TEST_P(MasterKeeperTest, ACardThatWasAwayGetsItsLevelWhenItIsWantedAgain) {
   Master->Settle();
   Master->SetWanted(false);
   ASSERT_TRUE(Await([&] { return !Master->Found(); }));
-  Server.Ask("set-sink-volume card 65536");
+  Server.Control("set-sink-volume card 65536");
   Master->Wish({StereoLevel{20000, 20000}, std::nullopt});
   Master->Settle();
   EXPECT_EQ(Server.Level(0), kServerFull) << "touched while it was not wanted";
@@ -190,9 +185,7 @@ TEST_P(MasterKeeperTest, AMasterThatRestsCostsNothing) {
 }
 
 TEST(AlsaMaster, ADeviceThatPassedToAnotherCardIsNotTouched) {
-  if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs pulseaudio and pactl";
-  PrivateSoundServer server;
-  ASSERT_TRUE(server.Start());
+  const PrivateServer server{kOneCard};
   EXPECT_NE(AlsaMaster::Open("pulse:card", "PulseAudio"), nullptr);
   EXPECT_EQ(AlsaMaster::Open("pulse:card", "USB Audio"), nullptr);
 }

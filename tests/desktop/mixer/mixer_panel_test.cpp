@@ -8,10 +8,10 @@
 #include <optional>
 
 #include "desktop/mixer/engine_mixer.h"
-#include "desktop/mixer/private_sound_server.h"
 #include "desktop/process/qt_event_loop.h"
 #include "desktop/sound/engine_wave_player.h"
 #include "desktop/sound/media_files.h"
+#include "desktop/sound/private_server.h"
 #include "mixer/mixer_window.h"
 
 namespace marlex {
@@ -65,8 +65,6 @@ class EndedProcess : public Process {
 class MixerPanelTest : public testing::Test {
  protected:
   void SetUp() override {
-    if (!PrivateSoundServer::IsInstalled()) GTEST_SKIP() << "needs a sound server and pactl";
-    ASSERT_TRUE(Server.Start());
     Engine = std::make_unique<SoundEngine>(Loop);
     Functions = MakeEngineMixer(Loop, *Engine);
     Access = std::make_unique<MixerAccess>(*Functions, Panel, Boxes, Program, Strings);
@@ -130,7 +128,7 @@ class MixerPanelTest : public testing::Test {
             [this, top] { return IsLitFrom(kWave, top) && IsLitFrom(kMaster, top); }};
   }
 
-  PrivateSoundServer Server;
+  PrivateServer Server{kOneCard};
   QtEventLoop Loop;
   MediaFiles Files;
   NoDialogs Boxes;

@@ -7,6 +7,7 @@
 #include "desktop/sound/engine_song_player.h"
 #include "desktop/sound/media_files.h"
 #include "desktop/sound/private_server.h"
+#include "desktop/sound/recording.h"
 #include "desktop/sound/test_loop.h"
 
 namespace marlex {

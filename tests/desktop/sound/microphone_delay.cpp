@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <numbers>
 
+#include "desktop/sound/recording.h"
+
 namespace marlex {
 namespace {
 

@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 #include <math.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -12,6 +9,7 @@
 #include "desktop/sound/media_files.h"
 #include "desktop/sound/microphone_path.h"
 #include "desktop/sound/private_server.h"
+#include "desktop/sound/recording.h"
 #include "desktop/sound/sound_engine.h"
 #include "desktop/sound/test_loop.h"
 
@@ -122,23 +120,11 @@ TEST(Microphone, MutedLineFadesOutAndThenSaysSo) {
 
 /// Somebody speaks into the microphone of a private server.
 struct Booth {
-  Booth() {
-    const std::string tone = Files.Wav("voice.wav", 60, 0.5);
-    Voice = fork();
-    if (Voice == 0) {
-      execlp("paplay", "paplay", "-d", "mouth", "--latency-msec=50", tone.c_str(), nullptr);
-      _exit(127);
-    }
-  }
-  ~Booth() {
-    kill(Voice, SIGKILL);
-    waitpid(Voice, nullptr, 0);
-  }
   std::string Streams() const { return Server.Control("list short source-outputs"); }
 
   PrivateServer Server;
   MediaFiles Files;
-  pid_t Voice = -1;
+  std::unique_ptr<stage::ChildProcess> Voice = Server.Speak(Files.Wav("voice.wav", 60, 0.5));
   TestLoop Loop;
   SoundEngine Engine{Loop, {.UseCard = false}};
 };
@@ -198,7 +184,8 @@ TEST(Microphone, ComesBackWhenItWasPulledOutInMidCall) {
   booth.Server.Control("unload-module module-remap-source");
   EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() == 0; }));
   EXPECT_TRUE(booth.Engine.OutputAlive());
-  booth.Server.Control("load-module module-remap-source source_name=mic master=mouth.monitor");
+  booth.Server.Control(
+      "load-module module-remap-source source_name=microphone master=mouth.monitor");
   EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
 }
 
@@ -217,7 +204,7 @@ std::string SourceNumber(const PrivateServer& server, const std::string& name) {
 /// Numbers of the streams that capture from the microphone.
 std::string Captures(const PrivateServer& server) {
   std::istringstream streams(server.Control("list short source-outputs"));
-  const std::string microphone = SourceNumber(server, "mic");
+  const std::string microphone = SourceNumber(server, "microphone");
   std::string numbers;
   for (std::string line; std::getline(streams, line);) {
     std::istringstream words(line);

@@ -1,86 +1,71 @@
 #pragma once
 
-#include <sys/types.h>
-
-#include <filesystem>
+#include <memory>
 #include <string>
-#include <vector>
+
+#include "desktop/files/temporary_directory.h"
+#include "sound/sound_server.h"
 
 namespace marlex {
 
-/// A sound server of the test's own, with null sinks. This process and the tools that it runs use
-/// it instead of any other.
+/// A single output "card", at the server's own rate.
+inline const stage::SoundCards kOneCard = {{"card"}, false, 0};
+
+/// A sound server of the test's own. This process and the tools that it runs use it instead of any
+/// other, and afterwards none.
 class PrivateServer {
  public:
-  /// Starts it with the sinks "desk" (the default) and "other", and a microphone "mic" that hears
-  /// what is played into the sink "mouth".
+  /// Starts it with the outputs "desk", which plays promptly what it receives, and "other", and a
+  /// microphone. Throws when it does not come up.
   PrivateServer();
+  explicit PrivateServer(const stage::SoundCards& cards);
   ~PrivateServer();
   PrivateServer(const PrivateServer&) = delete;
   PrivateServer& operator=(const PrivateServer&) = delete;
 
+  /// Starts it again after `Kill`. The server ends with the thread that starts it.
   void Start();
+
+  /// Kills it without warning; its socket remains.
   void Kill();
 
-  /// Waits until the sink plays immediately what it receives: without listeners a null sink is
-  /// seconds ahead.
-  void Settle();
+  /// Stops answering, and later continues where it stopped.
+  void Freeze() { Server->Freeze(); }
+  void Thaw() { Server->Thaw(); }
 
-  /// Runs `pactl` with these arguments and returns what it prints.
-  std::string Control(const std::string& arguments) const;
+  /// Runs `pactl` with these words and returns what it prints.
+  std::string Control(const std::string& words) const { return Server->Control(words); }
+
+  /// Takes an output away, and brings it back.
+  void RemoveOutput(const std::string& name) const;
+  void AddOutput(const std::string& name) const;
+
+  /// Level of a channel (0 left, 1 right) of an output, the first one unless named, in the server's
+  /// steps (0 to 65536); -1 when unknown.
+  int Level(int channel) const { return Level(channel, Cards.Outputs.front()); }
+  int Level(int channel, const std::string& output) const;
+  bool IsMuted() const { return IsMuted(Cards.Outputs.front()); }
+  bool IsMuted(const std::string& output) const;
+
+  /// Plays a WAV file into the microphone, until the file or the process ends.
+  std::unique_ptr<stage::ChildProcess> Speak(const std::string& file) const {
+    return Server->Speak(file);
+  }
 
   /// Replaces the microphone by a dead one, which exists but delivers nothing. False where the
   /// server has no such thing.
   bool SuspendMicrophone() const;
-  void ResumeMicrophone() const { Control("suspend-source mic 0"); }
-
-  /// Takes the sink "desk" away.
-  void RemoveDesk() const;
-
-  pid_t Process() const { return Server; }
+  void ResumeMicrophone() const { Control("suspend-source microphone 0"); }
 
  private:
-  std::filesystem::path Directory;
-  pid_t Server = -1;
-  pid_t Listener = -1;  // keeps the latency of the sink low
+  void Listen();
+  void AwaitPromptness() const;
+
+  const stage::SoundCards Cards;
+  const test::TemporaryDirectory Folder;
+  std::unique_ptr<stage::SoundServer> Server;
+  bool IsPrompt = false;
+  std::unique_ptr<stage::ChildProcess> Listener;  // keeps the latency of the first output low
 };
-
-/// Records the monitor of a sink for as long as it lives: stereo, 44100 frames a second.
-class Recording {
- public:
-  explicit Recording(const std::string& sink);
-  ~Recording();
-  Recording(const Recording&) = delete;
-  Recording& operator=(const Recording&) = delete;
-
-  /// Everything recorded so far.
-  const std::vector<float>& Sound();
-
-  /// When the frame was passed on, on the steady clock in seconds. A late delivery is corrected by
-  /// the prompt ones that follow it within half a second. The frame must have been recorded.
-  double TimeOf(std::size_t frame) const;
-
-  /// The loudest of the last `frames` recorded frames.
-  float Latest(int frames = 2205);
-
- private:
-  pid_t Process = -1;
-  int Pipe = -1;
-  std::string Bytes;
-  std::vector<float> Samples;
-
-  struct Delivery {
-    std::size_t Frames;  // recorded so far at that moment
-    double Seconds;      // when, on the steady clock
-  };
-  std::vector<Delivery> Deliveries;
-};
-
-/// Processor time of a process in seconds, and how often its threads went to sleep.
-struct ProcessCost {
-  double Seconds = 0;
-  long Wakeups = 0;
-};
-ProcessCost CostOf(pid_t process);
 
 }  // namespace marlex

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -13,6 +12,8 @@
 #include "desktop/sound/engine_wave_player.h"
 #include "desktop/sound/media_files.h"
 #include "desktop/sound/private_server.h"
+#include "desktop/sound/process_cost.h"
+#include "desktop/sound/recording.h"
 #include "desktop/sound/test_loop.h"
 
 namespace marlex {
@@ -210,13 +211,13 @@ TEST(ServerOutput, StaysWithItsCardAndMovesToNoOther) {
   desk.PlaySong();
   ASSERT_TRUE(desk.Loop.Within(5s, [&] { return desk.Song.CurrentPosition() > 0.2; }));
   Recording other("other");
-  desk.Server.RemoveDesk();
+  desk.Server.RemoveOutput("desk");
   ASSERT_TRUE(desk.Loop.Within(5s, [&] { return !desk.Engine.OutputAlive(); }));
   desk.Loop.Within(3s, [] { return false; });
   EXPECT_FALSE(desk.Engine.OutputAlive());
   EXPECT_EQ(other.Latest(44100 * 3), 0);
   EXPECT_EQ(desk.Server.Control("list short sink-inputs"), "");
-  desk.Server.Control("load-module module-null-sink sink_name=desk");
+  desk.Server.AddOutput("desk");
   ASSERT_TRUE(desk.Loop.Within(3s, [&] { return desk.Engine.OutputAlive(); }));
   Recording again("desk");
   EXPECT_TRUE(desk.Loop.Within(5s, [&] { return again.Latest() > 0.4; }));
@@ -226,21 +227,21 @@ TEST(ServerOutput, AServerThatHangsIsLeftForTheTimerUntilItGoesOn) {
   ServerDesk desk;
   desk.PlaySong();
   ASSERT_TRUE(desk.Loop.Within(5s, [&] { return desk.Song.CurrentPosition() > 0.2; }));
-  kill(desk.Server.Process(), SIGSTOP);
+  desk.Server.Freeze();
   EXPECT_TRUE(desk.Loop.Within(6s, [&] { return !desk.Engine.OutputAlive(); }));
   const double before = desk.Song.CurrentPosition();
   EXPECT_TRUE(desk.Loop.Within(3s, [&] { return desk.Song.CurrentPosition() > before + 1; }));
-  kill(desk.Server.Process(), SIGCONT);
+  desk.Server.Thaw();
   EXPECT_TRUE(desk.Loop.Within(6s, [&] { return desk.Engine.OutputAlive(); }));
 }
 
 TEST(ServerOutput, AServerThatAnswersLateAtTheStartIsWaitedFor) {
   PrivateServer server;
   TestLoop loop;
-  kill(server.Process(), SIGSTOP);
+  server.Freeze();
   std::thread logOn([&server] {
     std::this_thread::sleep_for(3s);
-    kill(server.Process(), SIGCONT);
+    server.Thaw();
   });
   SoundEngine engine(loop, {.UseCard = false});
   logOn.join();
@@ -250,15 +251,17 @@ TEST(ServerOutput, AServerThatAnswersLateAtTheStartIsWaitedFor) {
 
 TEST(ServerOutput, AServerThatIsStillStartingAtTheStartIsWaitedFor) {
   PrivateServer server;
-  TestLoop loop;
   server.Kill();  // its socket remains, but nobody listens there
-  std::thread logOn([&server] {
-    std::this_thread::sleep_for(2s);
-    server.Start();
+  bool hasOutput = false;
+  std::jthread desk([&hasOutput] {
+    TestLoop loop;
+    const SoundEngine engine(loop, {.UseCard = false});
+    hasOutput = engine.HasOutput();
   });
-  SoundEngine engine(loop, {.UseCard = false});
-  logOn.join();
-  EXPECT_TRUE(engine.HasOutput());
+  std::this_thread::sleep_for(2s);
+  server.Start();
+  desk.join();
+  EXPECT_TRUE(hasOutput);
 }
 
 /// A session in which the server answers before its cards are there.
@@ -282,7 +285,7 @@ class CardsToCome : public testing::Test {
           "load-module module-null-sink sink_name=desk sink_properties=device.description=Desk");
       Server.Control("set-default-sink desk");
       Server.Control("load-module module-null-sink sink_name=mouth");
-      Server.Control("load-module module-remap-source source_name=mic master=mouth.monitor");
+      Server.Control("load-module module-remap-source source_name=microphone master=mouth.monitor");
     });
     Engine = std::make_unique<SoundEngine>(Loop, SoundOptions{.UseCard = false});
     session.join();
