@@ -173,6 +173,7 @@ void FileDialogBox::KeepItsButtonWorking() {
   auto& keys = Find<QDialogButtonBox>(*this, "buttonBox");
   QPushButton& key =
       *keys.button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
+  key.setProperty("face", "primary");
   const auto keep = [this, &key, word = key.text()] {
     key.setEnabled(!Name().text().isEmpty());
     key.setText(word);

@@ -61,6 +61,8 @@ TEST(FileDialogBox, NamesItsPartsInTheOperatorsLanguage) {
     QApplication::processEvents();
     EXPECT_EQ(box.labelText(QFileDialog::Accept), saves ? "Speichern" : "Öffnen");
     EXPECT_EQ(box.labelText(QFileDialog::Reject), "Abbrechen");
+    const auto save = saves ? QDialogButtonBox::Save : QDialogButtonBox::Open;
+    EXPECT_EQ(box.findChild<QDialogButtonBox*>()->button(save)->property("face"), "primary");
     EXPECT_EQ(box.labelText(QFileDialog::LookIn), "Ordner:");
     EXPECT_EQ(box.labelText(QFileDialog::FileName), "Name:");
     EXPECT_EQ(box.labelText(QFileDialog::FileType), "Typ:");

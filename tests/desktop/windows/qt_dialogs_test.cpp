@@ -42,7 +42,7 @@ bool HasColor(const QImage& picture, const QColor& color) {
 
 TEST(QtDialogs, ABoxWearsTheProgramsSignAlsoAfterAChangeOfTheLook) {
   const std::map<QMessageBox::Icon, const char*> signs = {{QMessageBox::Critical, "alarm"},
-                                                          {QMessageBox::Warning, "notice-text"},
+                                                          {QMessageBox::Warning, "text"},
                                                           {QMessageBox::Information, "accent"}};
   for (const auto& [icon, color] : signs) {
     MessageBox box(icon, "Caption", "Body", nullptr);
