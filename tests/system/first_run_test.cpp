@@ -2,11 +2,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <strings.h>
 
-#include <algorithm>
 #include <filesystem>
 
+#include "system/directory_picker.h"
 #include "system/real_desk.h"
 
 namespace marlex {
@@ -41,7 +40,7 @@ class EmptyDesk : public RealDesk {
   /// Opens a directory of the home in the picker, which starts there.
   bool ChooseDirectory(const std::string& browseKey, const std::string& name) {
     return Click("frmSettings." + browseKey) && Await("frmDirSel", "visible", "yes") &&
-           DoubleClick("frmDirSel.Dir1 " + std::to_string(RowOf(name))) &&
+           DoubleClick("frmDirSel.Dir1 " + std::to_string(RowInPicker(Folder, name))) &&
            Await("frmDirSel.lstFiles", "rows", "1") && Click("frmDirSel.cmdOK") &&
            Await("frmDirSel", "visible", "no");
   }
@@ -62,21 +61,6 @@ class EmptyDesk : public RealDesk {
     if (!Await("fileDialog", "visible", "yes")) return false;
     for (const char* key : {"D", "a", "y", "period", "l", "s", "t", "Return"}) Display->Key(key);
     return Await("frmMain.lstPlaylist", "rows", "1");
-  }
-
- private:
-  /// The list begins with the path down to the home, followed by the contents of the home.
-  int RowOf(const std::string& name) const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(Folder)) {
-      const std::string found = entry.path().filename().string();
-      if (entry.is_directory() && !found.starts_with('.')) names.push_back(found);
-    }
-    const auto before = std::count_if(names.begin(), names.end(), [&](const std::string& other) {
-      return ::strcasecmp(other.c_str(), name.c_str()) < 0;
-    });
-    const auto way = std::count(Folder.begin(), Folder.end(), '/') + 1;
-    return static_cast<int>(way + before);
   }
 };
 

@@ -123,6 +123,22 @@ class RealDesk : public stage::Stage {
     return stage::WaitUntil(isLast, limitSeconds);
   }
 
+  /// A window manager, which gives each new window the focus.
+  std::unique_ptr<stage::ChildProcess> StartWindowManager() const {
+    stage::Command command;
+    command.Arguments = {"evilwm", "-fn", "fixed"};
+    command.Variables = Display->Variables();
+    command.Variables["HOME"] = Folder;
+    command.LogFile = Folder + "/manager.log";
+    return std::make_unique<stage::ChildProcess>(command);
+  }
+
+  /// Types letters, digits and points.
+  void Type(const std::string& text) const {
+    for (const char letter : text)
+      Display->Key(letter == '.' ? "period" : letter == '/' ? "slash" : std::string(1, letter));
+  }
+
   /// From now on somebody speaks into the microphone, for a hundred seconds.
   void Speak() {
     const std::string speech = Folder + "/speech.wav";

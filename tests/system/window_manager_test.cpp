@@ -22,12 +22,7 @@ bool OpenNotice(RealDesk& desk) {
 class ManagedDesk : public RealDesk {
  public:
   explicit ManagedDesk(const stage::InstallationFiles& files) : RealDesk(files, WithMicrophone()) {
-    stage::Command command;
-    command.Arguments = {"evilwm", "-fn", "fixed"};
-    command.Variables = Display->Variables();
-    command.Variables["HOME"] = Folder;
-    command.LogFile = Folder + "/manager.log";
-    Manager = std::make_unique<stage::ChildProcess>(command);
+    Manager = StartWindowManager();
     Start();
   }
 

@@ -83,6 +83,7 @@ Properties Read(QWidget* widget) {
   properties["visible"] = YesNo(widget->isVisible());
   properties["enabled"] = YesNo(widget->isEnabled());
   properties["text"] = TextOf(widget);
+  properties["focus"] = YesNo(widget->hasFocus());
   if (auto* button = qobject_cast<QAbstractButton*>(widget); button && button->isCheckable()) {
     properties["checked"] = YesNo(button->isChecked());
   }
