@@ -136,6 +136,9 @@ TEST(Boxes, ShowEveryReportWholeInEveryLanguage) {
   for (const Language& language : PaintedLanguages()) {
     Sheet sheet;
     const std::vector<Box> reports = AllReports(language.Name);
+    DeskOptions shop = Shop();
+    shop.Language = language.Name;
+    dialogs.FileTexts = Desk(shop).Pc.Dialogs.FileTexts;
     EXPECT_EQ(reports.size(), 30u) << language.Name;
     for (const Box& box : reports) {
       SCOPED_TRACE(std::string(language.Name) + ": " + box.Body);

@@ -25,11 +25,15 @@ QRect BalancedLabel::TextArea() const {
   return QStyle::alignedRect(layoutDirection(), alignment(), {wideEnough, room.height()}, room);
 }
 
+/// A text runs in the direction of its language in a window that does not.
 void BalancedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   drawFrame(&painter);
-  style()->drawItemText(&painter, TextArea(), static_cast<int>(alignment()) | Qt::TextWordWrap,
-                        palette(), isEnabled(), text(), foregroundRole());
+  const int direction =
+      text().isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+  style()->drawItemText(&painter, TextArea(),
+                        static_cast<int>(alignment()) | Qt::TextWordWrap | direction, palette(),
+                        isEnabled(), text(), foregroundRole());
 }
 
 }  // namespace marlex

@@ -126,8 +126,8 @@ void FileDialogBox::ShowNamesAlone() {
   setViewMode(List);
   setSidebarUrls(
       {QUrl::fromLocalFile(directory().absolutePath()), QUrl::fromLocalFile(QDir::homePath())});
-  for (const char* key : {"listModeButton", "detailModeButton", "newFolderButton"})
-    Find<QWidget>(*this, key).hide();
+  for (const char* button : {"listModeButton", "detailModeButton", "newFolderButton"})
+    Find<QWidget>(*this, button).hide();
 }
 
 void FileDialogBox::Translate() {
@@ -138,14 +138,14 @@ void FileDialogBox::Translate() {
                                                         {Accept, action},
                                                         {Reject, Texts.Cancel}};
   for (const auto& [label, text] : labels) setLabelText(label, QString::fromStdString(text));
-  const std::pair<const char*, std::string> keys[] = {{"backButton", Texts.Back},
-                                                      {"forwardButton", Texts.Forward},
-                                                      {"toParentButton", Texts.ParentFolder}};
-  for (const auto& [name, text] : keys) {
-    auto& key = Find<QWidget>(*this, name);
-    key.setToolTip(QString::fromStdString(text));
-    key.setAccessibleName(QString::fromStdString(text));
-    key.setAccessibleDescription("");
+  const std::pair<const char*, std::string> buttons[] = {{"backButton", Texts.Back},
+                                                         {"forwardButton", Texts.Forward},
+                                                         {"toParentButton", Texts.ParentFolder}};
+  for (const auto& [name, text] : buttons) {
+    auto& button = Find<QWidget>(*this, name);
+    button.setToolTip(QString::fromStdString(text));
+    button.setAccessibleName(QString::fromStdString(text));
+    button.setAccessibleDescription("");
   }
 }
 
@@ -170,13 +170,13 @@ void FileDialogBox::GoTo(const QString& folder) {
 /// Enables the Open or Save button for any name, and keeps its word. Qt would disable it for a name
 /// that is not listed exactly as typed, and rename it for a folder.
 void FileDialogBox::KeepItsButtonWorking() {
-  auto& keys = Find<QDialogButtonBox>(*this, "buttonBox");
-  QPushButton& key =
-      *keys.button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
-  key.setProperty("face", "primary");
-  const auto keep = [this, &key, word = key.text()] {
-    key.setEnabled(!Name().text().isEmpty());
-    key.setText(word);
+  auto& buttons = Find<QDialogButtonBox>(*this, "buttonBox");
+  QPushButton& button =
+      *buttons.button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
+  button.setProperty("face", "primary");
+  const auto keep = [this, &button, word = button.text()] {
+    button.setEnabled(!Name().text().isEmpty());
+    button.setText(word);
   };
   connect(&Name(), &QLineEdit::textChanged, this, keep);
   connect(Find<QListView>(*this, "listView").selectionModel(),

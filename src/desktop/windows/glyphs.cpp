@@ -191,8 +191,8 @@ class GlyphEngine : public QIconEngine {
   const char* AtRest;
 };
 
-const char* RestColour(const QAbstractButton& key) {
-  const QString face = key.property("face").toString();
+const char* RestColour(const QAbstractButton& button) {
+  const QString face = button.property("face").toString();
   if (face == "primary" || face == "call") return "on-accent";
   return face == "toggle" ? "off-glyph" : "glyph";
 }
@@ -226,11 +226,11 @@ void GlyphSign::paintEvent(QPaintEvent*) {
 }
 
 void PutGlyphs(QWidget& window) {
-  for (QAbstractButton* key : window.findChildren<QAbstractButton*>()) {
-    const QString name = key->property("glyph").toString();
+  for (QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+    const QString name = button->property("glyph").toString();
     if (name.isEmpty()) continue;
-    key->setIcon(QIcon(new GlyphEngine(PathOf(name), RestColour(*key))));
-    key->setIconSize(kGlyphSize);
+    button->setIcon(QIcon(new GlyphEngine(PathOf(name), RestColour(*button))));
+    button->setIconSize(kGlyphSize);
   }
 }
 

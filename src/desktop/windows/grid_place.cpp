@@ -13,8 +13,11 @@ int GridPlace::RowsAbove(int rowsInSight) {
   if (!conflict || RowOfHand == Cells.TopRow()) return place;
   RowOfHand.reset();
   if (*conflict < place) return marks.Fired ? place : *conflict;
-  const int least = std::max(place, *conflict - rowsInSight + 1);
-  return marks.Fired && *marks.Fired < least ? place : least;
+  for (const int last : {std::min(marks.ConflictEnd, *conflict + rowsInSight - 1), *conflict}) {
+    const int least = std::max(place, last - rowsInSight + 1);
+    if (!marks.Fired || *marks.Fired >= least) return least;
+  }
+  return place;
 }
 
 GridPlace::Marks GridPlace::MarksAround(int place) const {
@@ -24,7 +27,9 @@ GridPlace::Marks GridPlace::MarksAround(int place) const {
     if (Cells.RowHeight(row) == 0) continue;
     const Color color = Cells.BackColorAt(row, Cells.MarkColumn);
     if (color == kRed && above < place) marks.ConflictAbove = above;
-    if (color == kRed && above >= place && !marks.Conflict) marks.Conflict = above;
+    if (color == kRed && above >= place && !marks.Conflict)
+      marks.Conflict = marks.ConflictEnd = above;
+    if (color == kRed && above == marks.ConflictEnd + 1) marks.ConflictEnd = above;
     if (color != kRed && color != kWhite) marks.Fired = above;
     ++above;
   }

@@ -8,8 +8,8 @@ namespace marlex {
 
 /// The row that a table begins with: the one that the system wants, or to which the operator has
 /// scrolled. Where the system's would leave all rows in conflict out of sight, the table is
-/// scrolled to the next one; the row that fired last stays in sight, and so does the operator's
-/// place until another conflict comes.
+/// scrolled to the next one, and to the others of its minute; the row that fired last stays in
+/// sight, and so does the operator's place until another conflict comes.
 class GridPlace {
  public:
   explicit GridPlace(const Grid& grid) : Cells(grid) {}
@@ -24,7 +24,8 @@ class GridPlace {
  private:
   struct Marks {                       // by the number of rows above
     std::optional<int> ConflictAbove;  // the last one above the system's place
-    std::optional<int> Conflict;       // the first one from there on
+    std::optional<int> Conflict;       // the first one from there on ...
+    int ConflictEnd = 0;               // ... and the last of those that follow it at once
     std::optional<int> Fired;
   };
   Marks MarksAround(int place) const;

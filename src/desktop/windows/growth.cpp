@@ -29,7 +29,7 @@ constexpr GrowingText kTexts[] = {
     {R"(QLabel[face="figure"])", 17},
     {R"(QLabel[face="lamp"])", 12},
     {R"(QLabel[face="notice"])", 11.5},
-    {R"(QLabel[face="zone"], QPushButton[face="key"])", 11},
+    {R"(QLabel[face="zone"], QPushButton[face="large"])", 11},
     {R"(#frSchedule, QLabel[face="row"])", 10.5},
 };
 
@@ -112,8 +112,8 @@ void Growth::GrowParts(qreal factor) {
     if (part.Highest < QWIDGETSIZE_MAX) part.Widget.setMaximumHeight(qRound(part.Highest * factor));
   }
   for (const Gap& gap : Gaps) SetGap(gap.Layout, gap.Designed * factor);
-  for (QAbstractButton* key : Window.findChildren<QAbstractButton*>())
-    key->setIconSize(kGlyphSize * factor);
+  for (QAbstractButton* button : Window.findChildren<QAbstractButton*>())
+    button->setIconSize(kGlyphSize * factor);
 }
 
 void Growth::TakePainted() {

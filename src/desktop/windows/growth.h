@@ -11,8 +11,8 @@ namespace marlex {
 inline constexpr const char* kGrowthProperty = "growth";
 
 /// Enlarges with the main window what is read from across the room or pressed in a hurry: the band,
-/// the clock, the transport keys, the zones and the call key. Lists and tables keep their letters,
-/// and show more rows instead.
+/// the clock, the transport buttons, the zones and the call button. Lists and tables keep their
+/// letters, and show more rows instead.
 class Growth : public QObject {
  public:
   /// Construct before the bindings, which change the sizes of parts.

@@ -54,7 +54,7 @@ void MessageBox::keyPressEvent(QKeyEvent* event) {
 }
 
 void MessageBox::showEvent(QShowEvent* event) {
-  MarkPrimaryKey();
+  MarkPrimaryButton();
   QMessageBox::showEvent(event);
 }
 
@@ -63,9 +63,9 @@ void MessageBox::PutSign() {
   if (sign) sign->setPixmap(SignOf(icon(), devicePixelRatioF()));
 }
 
-void MessageBox::MarkPrimaryKey() {
-  const QList<QAbstractButton*> keys = buttons();
-  QAbstractButton* primary = keys.size() == 1 ? keys.front() : defaultButton();
+void MessageBox::MarkPrimaryButton() {
+  const QList<QAbstractButton*> all = buttons();
+  QAbstractButton* primary = all.size() == 1 ? all.front() : defaultButton();
   if (!primary || primary->property("face") == "primary") return;
   primary->setProperty("face", "primary");
   primary->style()->unpolish(primary);

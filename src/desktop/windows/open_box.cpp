@@ -1,8 +1,8 @@
 #include "desktop/windows/open_box.h"
 
 #include <QAbstractButton>
-#include <QDialogButtonBox>
 #include <QTimer>
+#include <algorithm>
 
 #include "desktop/windows/message_box.h"
 #include "desktop/windows/shown_body.h"
@@ -22,14 +22,16 @@ bool WouldBlockAFreeOne(const QDialog& box) {
   return false;
 }
 
-/// The style sheet's least width of a button would let a narrow box cut its word.
-void WidenButtons(const QDialog& box) {
-  const auto* keys = box.findChild<QDialogButtonBox*>();
-  if (!keys) return;
-  for (QAbstractButton* button : keys->buttons()) {
+/// Makes the buttons of a message box even, with room on either side of their words. The style
+/// sheet's least width of a button would let a narrow box cut its word.
+void WidenButtons(const QMessageBox& box) {
+  constexpr int kMoreRoom = 16;
+  int widest = 0;
+  for (QAbstractButton* button : box.buttons()) {
     button->ensurePolished();
-    button->setMinimumWidth(button->sizeHint().width());
+    widest = std::max(widest, button->sizeHint().width() + kMoreRoom);
   }
+  for (QAbstractButton* button : box.buttons()) button->setMinimumWidth(widest);
 }
 
 void ShowWhenNothingIsHeld(QDialog* box, const QPointer<const PointersDown>& pointers) {
@@ -37,8 +39,10 @@ void ShowWhenNothingIsHeld(QDialog* box, const QPointer<const PointersDown>& poi
     QTimer::singleShot(kHeldStepMs, box, [box, pointers] { ShowWhenNothingIsHeld(box, pointers); });
     return;
   }
-  if (auto* message = dynamic_cast<MessageBox*>(box)) message->MarkPrimaryKey();
-  WidenButtons(*box);
+  if (auto* message = dynamic_cast<MessageBox*>(box)) {
+    message->MarkPrimaryButton();
+    WidenButtons(*message);
+  }
   box->show();
   box->activateWindow();
 }

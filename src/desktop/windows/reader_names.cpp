@@ -22,7 +22,7 @@ namespace {
 constexpr int kDays = 7;
 
 bool IsWordless(const QWidget& widget) {
-  if (auto* key = qobject_cast<const QAbstractButton*>(&widget)) return key->text().isEmpty();
+  if (auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text().isEmpty();
   if (qobject_cast<const QScrollBar*>(&widget)) return false;
   return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
          qobject_cast<const QAbstractItemView*>(&widget) ||
@@ -31,8 +31,8 @@ bool IsWordless(const QWidget& widget) {
 
 /// The text that a button shows.
 QString WordsOf(const QWidget& widget) {
-  auto* key = qobject_cast<const QAbstractButton*>(&widget);
-  return key ? key->text().replace("&&", "&") : QString();
+  auto* button = qobject_cast<const QAbstractButton*>(&widget);
+  return button ? button->text().replace("&&", "&") : QString();
 }
 
 /// The grid below `layout` that contains the widget.

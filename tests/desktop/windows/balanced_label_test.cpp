@@ -44,6 +44,18 @@ TEST(BalancedLabel, NoLineEndsOnALoneWord) {
   }
 }
 
+TEST(BalancedLabel, ATextRunsInTheDirectionOfItsLanguage) {
+  BalancedLabel label;
+  label.resize(600, 40);
+  label.setText(QString::fromUtf8("\u05e9\u05dc\u05d5\u05dd Tolvo."));
+  QString fromLeft;
+  std::map<qreal, QString> pieces;
+  for (const PaintedTexts::Piece& piece : PaintedTexts::Of(label))
+    pieces[piece.Place.left()] = piece.Text;
+  for (const auto& [left, text] : pieces) fromLeft += text.trimmed();
+  EXPECT_TRUE(fromLeft.startsWith(".") || fromLeft.startsWith("Tolvo")) << fromLeft.toStdString();
+}
+
 TEST(BalancedLabel, ItTakesNoMoreLinesThanAnyLabelAndStaysWithinIt) {
   BalancedLabel balanced;
   QLabel plain;

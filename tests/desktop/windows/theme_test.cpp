@@ -30,7 +30,7 @@ TEST_P(Theme, ItsTextsCanBeReadOnEveryGroundThatTheyHave) {
   for (const char* ground : {"face", "card", "tile"}) {
     for (const char* text : {"text", "muted", "strong"}) ExpectContrast(text, ground, kReadable);
   }
-  for (const char* ground : {"key", "key-lit", "key-down"})
+  for (const char* ground : {"button", "button-lit", "button-down"})
     ExpectContrast("text", ground, kReadable);
   for (const char* ground : {"accent", "accent-lit", "accent-down", "ready", "alarm", "fired"})
     ExpectContrast("on-accent", ground, kReadable);
@@ -44,9 +44,10 @@ TEST_P(Theme, ItsTextsCanBeReadOnEveryGroundThatTheyHave) {
 }
 
 TEST_P(Theme, ItsMarksAndItsFocusCanBeSeen) {
-  for (const char* ground : {"card", "tile", "key", "face"}) {
+  for (const char* ground : {"card", "tile", "button", "face"}) {
     ExpectContrast("focus", ground, kVisible);
-    for (const char* line : {"mark-line", "key-line", "key-line-lit", "wait-line", "fed-line"})
+    for (const char* line :
+         {"mark-line", "button-line", "button-line-lit", "wait-line", "fed-line"})
       ExpectContrast(line, ground, kVisible);
     ExpectContrast("glyph", ground, kVisible);
     ExpectContrast("accent-line", ground, kVisible);

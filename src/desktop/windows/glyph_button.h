@@ -4,11 +4,11 @@
 
 namespace marlex {
 
-/// A key with a picture and a word in its middle: side by side or, where its property `picture` is
-/// "above", one above the other, so that keys in a row can be even in any language. Their distance
-/// is the same on every key, whatever room it has: it counts from the last pixel of the picture. A
-/// key that is too low for one above the other shows the word alone.
-class GlyphKey : public QPushButton {
+/// A button with a picture and a word in its middle: side by side or, where its property `picture`
+/// is "above", one above the other, so that buttons in a row can be even in any language. Their
+/// distance is the same on every button, whatever room it has: it counts from the last pixel of the
+/// picture. A button that is too low for one above the other shows the word alone.
+class GlyphButton : public QPushButton {
  public:
   static constexpr int kGap = 8;
   static constexpr int kGapBelow = 7;
@@ -31,7 +31,7 @@ class GlyphKey : public QPushButton {
   Places PlacesBeside(const QRectF& room) const;
   Places PlacesBelow(const QRectF& room) const;
 
-  /// The painted part of the picture, at its size on the key.
+  /// The painted part of the picture, at its size on the button.
   QRectF Picture() const;
   QSize WordSize() const;
 };

@@ -1,4 +1,4 @@
-#include "desktop/windows/glyph_key.h"
+#include "desktop/windows/glyph_button.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -15,18 +15,18 @@ constexpr int kUnderField = 3;
 
 }  // namespace
 
-QRectF GlyphKey::Picture() const {
+QRectF GlyphButton::Picture() const {
   const QRectF part = PaintedPart(property("glyph").toString());
   const QSizeF size = iconSize();
   return {part.left() * size.width(), part.top() * size.height(), part.width() * size.width(),
           part.height() * size.height()};
 }
 
-bool GlyphKey::IsAbove() const { return property("picture") == "above"; }
+bool GlyphButton::IsAbove() const { return property("picture") == "above"; }
 
-QSize GlyphKey::WordSize() const { return fontMetrics().size(Qt::TextShowMnemonic, text()); }
+QSize GlyphButton::WordSize() const { return fontMetrics().size(Qt::TextShowMnemonic, text()); }
 
-QSize GlyphKey::sizeHint() const {
+QSize GlyphButton::sizeHint() const {
   const QSize plain = QPushButton::sizeHint();
   const QSize word = WordSize();
   if (!IsAbove()) {
@@ -38,13 +38,13 @@ QSize GlyphKey::sizeHint() const {
   return {besides + qMax(iconSize().width(), word.width()), plain.height() + kUnderField + lower};
 }
 
-QSize GlyphKey::minimumSizeHint() const {
+QSize GlyphButton::minimumSizeHint() const {
   return {sizeHint().width(), QPushButton::sizeHint().height()};
 }
 
-bool GlyphKey::HasPicture() const { return !IsAbove() || height() >= sizeHint().height(); }
+bool GlyphButton::HasPicture() const { return !IsAbove() || height() >= sizeHint().height(); }
 
-GlyphKey::Places GlyphKey::PlacesBeside(const QRectF& room) const {
+GlyphButton::Places GlyphButton::PlacesBeside(const QRectF& room) const {
   const QRectF picture = Picture();
   const int word = WordSize().width();
   const int left = qRound(room.center().x() - (picture.width() + kGap + word) / 2);
@@ -54,7 +54,7 @@ GlyphKey::Places GlyphKey::PlacesBeside(const QRectF& room) const {
                    qRound(room.height())}};
 }
 
-GlyphKey::Places GlyphKey::PlacesBelow(const QRectF& room) const {
+GlyphButton::Places GlyphButton::PlacesBelow(const QRectF& room) const {
   const QSize word = WordSize();
   const int above = HasPicture() ? iconSize().height() + kUnderField : 0;
   const int top = qRound(room.center().y() - (above + word.height()) / 2.0) + above;
@@ -64,7 +64,7 @@ GlyphKey::Places GlyphKey::PlacesBelow(const QRectF& room) const {
       .Word = {qRound(room.center().x() - word.width() / 2.0), top, word.width(), word.height()}};
 }
 
-void GlyphKey::paintEvent(QPaintEvent*) {
+void GlyphButton::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
   QStyleOptionButton option;
   initStyleOption(&option);
