@@ -132,9 +132,13 @@ TEST(EditorsAtWork, AFingerBelowALongSequenceDragsAMessageToItsEndAndScrolls) {
   ASSERT_TRUE(QTest::qWaitFor([&] {
     desk.Settle();
     const int selected = desk.TheWavWindow.SelectedWavs.ListIndex();
-    EXPECT_TRUE(isInView(selected)) << selected;
+    // The timer of the drag may move it on while the screen is painted.
+    const bool isFollowed = isInView(selected) || isInView(selected - 1) || isInView(selected - 2);
+    EXPECT_TRUE(isFollowed) << selected;
     return selected == kMessages - 1;
   }));
+  desk.Settle();
+  EXPECT_TRUE(isInView(kMessages - 1));
   EXPECT_EQ(desk.Sequence(), WithLast(2, kMessages));
   finger.Release(below);
   desk.Settle();
