@@ -167,6 +167,14 @@ TEST(GridBinding, AConflictThatComesIsScrolledIntoSight) {
   EXPECT_EQ(table.FirstRow(), 40) << "none follows";
 }
 
+TEST(GridBinding, AllRowsOfAConflictAreScrolledIntoSight) {
+  GridForm table(200);
+  for (const int row : {90, 91, 95}) PaintTime(table.Cells, row, kRed);
+  table.Shown.Settle();
+  EXPECT_LE(table.FirstRow(), 90);
+  EXPECT_EQ(LastRow(table), 91);
+}
+
 TEST(GridBinding, AConflictStaysInSightWhenItsNoteTakesTheRoom) {
   GridForm table(200);
   table.Shown.Forms.frmMain.frCall.Visible = false;
