@@ -2,20 +2,22 @@
 
 #include <QPainter>
 
+#include "desktop/windows/lamps.h"
 #include "desktop/windows/theme.h"
 
 namespace marlex {
 
 void BusyLamp::paintEvent(QPaintEvent* event) {
   QLabel::paintEvent(event);
-  const bool isLit = palette().color(QPalette::Window) != ThemeColorNow("face");
+  const bool isLit = IsLit(*this);
   const QRectF glass = QRectF(rect()).adjusted(3, 3, -3, -3);
   const qreal radius = glass.height() / 2;
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(isLit ? QColor(255, 255, 255, 220) : ThemeColorNow("off-glyph"));
+  painter.setPen(isLit ? QPen(ThemeColorNow("on-signal"), 2) : QPen(Qt::NoPen));
+  painter.setBrush(isLit ? QColor(Qt::white) : ThemeColorNow("off-glyph"));
   painter.drawEllipse(glass.center(), radius, radius);
+  painter.setPen(Qt::NoPen);
   painter.setBrush(QColor(255, 255, 255, 120));
   painter.drawEllipse(glass.center() - QPointF(radius, radius) / 3, radius / 3, radius / 3);
 }

@@ -26,7 +26,7 @@ class DayRibbonView : public QFrame {
 
   int PlaceOf(int minute) const;  // in pixels from the left
   QRect PlaceOf(const DayMark& mark) const;
-  QRect PlaceOfMusic() const;  // empty when there is none
+  QRect PlaceOfMusic() const;  // empty without music
 
   QSize sizeHint() const override;
   /// None, so that a window can be made low in one step, which hides the ribbon.

@@ -29,7 +29,8 @@ GridPlace::Marks GridPlace::MarksAround(int place) const {
     if (color == kRed && above < place) marks.ConflictAbove = above;
     if (color == kRed && above >= place && !marks.Conflict)
       marks.Conflict = marks.ConflictEnd = above;
-    if (color == kRed && above == marks.ConflictEnd + 1) marks.ConflictEnd = above;
+    if (color == kRed && marks.Conflict && above == marks.ConflictEnd + 1)
+      marks.ConflictEnd = above;
     if (color != kRed && color != kWhite) marks.Fired = above;
     ++above;
   }

@@ -34,6 +34,11 @@ QLabel& LampOf(QWidget& window, const Label& control) {
 
 }  // namespace
 
+bool IsLit(const QWidget& lamp) {
+  const QVariant how = lamp.property(kLampProperty);
+  return how.isValid() && how != kDark;
+}
+
 Lamps::Lamps(FrmMain& form, QWidget& window) : AmplifierNote(LampOf(window, form.lblHiPrio)) {
   for (const auto& zone : form.lblCurrentZone) Zones.push_back({*zone, LampOf(window, *zone)});
   for (const auto& name : form.lblZoneName) ZoneNames.push_back(&LampOf(window, *name));

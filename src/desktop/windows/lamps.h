@@ -8,6 +8,9 @@
 
 namespace marlex {
 
+/// Whether a lamp is lit, in whatever colour.
+bool IsLit(const QWidget& lamp);
+
 /// Paints the lamps of the main window: those of the zones with their names, the call lamp, and the
 /// note about a call of the amplifier. In the system's colours a zone is green whenever it is fed,
 /// and the call lamp flashes in green during a chime. On the screen full green means that speech or

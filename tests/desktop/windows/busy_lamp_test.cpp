@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desktop/windows/binding.h"
 #include "desktop/windows/contrast.h"
 #include "desktop/windows/painted_windows.h"
 #include "desktop/windows/theme_colors.h"
@@ -14,7 +15,10 @@ struct LampPicture {
       : Image(windows.Find<QLabel>("lblBusy_0").grab().toImage()) {}
 
   QColor Bulb() const { return Image.pixelColor(Image.rect().center() + QPoint(0, 3)); }
+  QColor Ring() const { return Image.pixelColor(Image.rect().center() + QPoint(0, Radius())); }
   QColor Glass() const { return Image.pixelColor(Image.width() / 4, Image.height() * 3 / 4); }
+
+  int Radius() const { return Image.height() / 2 - 3; }
 
   QImage Image;
 };
@@ -31,18 +35,23 @@ TEST(BusyLamp, AtRestItsBulbIsSeenInItsGlass) {
   QApplication::setPalette(PaletteOf(Scheme::Light));
 }
 
-TEST(BusyLamp, LitItShinesInItsColour) {
-  PaintedWindows windows;
-  windows.Forms.frmMain.Load();
-  windows.ShowMain();
-  const QColor dark = LampPicture(windows).Bulb();
-  auto& lamp = windows.Find<QLabel>("lblBusy_0");
-  for (const char* color : {"live", "wait-line"}) {
-    lamp.setStyleSheet("background: " + NamedColor(color, Scheme::Light).name());
-    const LampPicture lit(windows);
-    EXPECT_EQ(lit.Glass(), NamedColor(color, Scheme::Light));
-    EXPECT_GT(lit.Bulb().lightness(), dark.lightness());
+TEST(BusyLamp, LitItShinesInItsColourInARing) {
+  for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+    QApplication::setPalette(PaletteOf(scheme));
+    PaintedWindows windows;
+    windows.Forms.frmMain.Load();
+    windows.ShowMain();
+    auto& lamp = windows.Find<QLabel>("lblBusy_0");
+    for (const auto& [how, color] : {std::pair{"live", "live"}, {"wait", "wait-line"}}) {
+      lamp.setProperty(kLampProperty, how);
+      lamp.style()->polish(&lamp);
+      const LampPicture lit(windows);
+      EXPECT_EQ(lit.Glass(), NamedColor(color, scheme)) << how;
+      EXPECT_EQ(lit.Bulb(), QColor(Qt::white)) << how;
+      EXPECT_GE(Contrast(lit.Ring(), lit.Glass()), kVisible) << how << int(scheme);
+    }
   }
+  QApplication::setPalette(PaletteOf(Scheme::Light));
 }
 
 }  // namespace
