@@ -1,7 +1,7 @@
 #include "core/day_ribbon.h"
 
 #include <algorithm>
-#include <ranges>
+#include <iterator>
 
 #include "state/week_time.h"
 
@@ -18,9 +18,13 @@ std::string TextOf(int minute) {
 /// How many minutes of the day come before a time. Times are compared as texts, as the music's
 /// clock does.
 int MinutesBefore(const std::string& time) {
-  const auto minutes = std::views::iota(0, kMinutesPerDay);
-  const auto found = std::ranges::lower_bound(minutes, time, {}, TextOf);
-  return static_cast<int>(found - minutes.begin());
+  int first = 0;
+  int end = kMinutesPerDay;
+  while (first < end) {
+    const int middle = (first + end) / 2;
+    TextOf(middle) < time ? first = middle + 1 : end = middle;
+  }
+  return first;
 }
 
 /// The minute of the day that a time names; none for one that no clock ever shows.

@@ -8,8 +8,8 @@ namespace marlex {
 namespace {
 
 /// A desk whose main window has not been loaded yet, so that a test can change its design.
-std::unique_ptr<Desk> BeforeTheStart(DeskOptions options = {}) {
-  return std::make_unique<Desk>(std::move(options), nullptr, false);
+std::unique_ptr<Desk> BeforeTheStart(const DeskOptions& options = {}) {
+  return std::make_unique<Desk>(options, nullptr, false);
 }
 
 const Sequence kTwoAtOnce[] = {{.File = "a.sch"}, {.File = "b.sch"}};

@@ -12,7 +12,7 @@ using Fault = std::function<void(SimulatedPc&)>;
 struct ReportedAtTheStart {
   explicit ReportedAtTheStart(DeskOptions options, const Fault& fault = nullptr) {
     options.Language = "German";
-    const Desk desk(std::move(options), fault);
+    const Desk desk(options, fault);
     const auto& boxes = desk.Pc.Dialogs.Boxes;
     EXPECT_EQ(boxes.size(), 1u);
     if (boxes.empty()) return;

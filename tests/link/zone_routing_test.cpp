@@ -162,10 +162,10 @@ TEST(ZoneRouting, TheZonesOfARowAreOnWhereTheDigitIsThatOfItsPlace) {
   const std::vector<std::pair<std::string, std::string>> zones = {
       {"123456", "111111"}, {"100000", "100000"}, {"003006", "001001"}, {"111111", "100000"},
       {"", "000000"},       {"12", "110000"},     {"023450", "011110"}, {"1234567", "111111"}};
-  for (const auto& [text, lit] : zones) {
+  for (const auto& row : zones) {
     LinkDesk desk;
-    desk.Do([&] { desk.Sys->Routing.ShowMessageZones(text); });
-    EXPECT_EQ(desk.LitZones(), lit) << text;
+    desk.Do([&] { desk.Sys->Routing.ShowMessageZones(row.first); });
+    EXPECT_EQ(desk.LitZones(), row.second) << row.first;
   }
 }
 

@@ -69,20 +69,23 @@ TEST(GridOfWindows, TheColumnsOfThePlaylistEditorAreEvenInEveryLanguage) {
   }
 }
 
-/// The size of a whole window and the area of one of its parts.
-std::pair<QSize, QRect> Measured(const std::string& scene, const char* language, const char* part) {
+/// The size of a whole window and the areas of some of its parts.
+std::pair<QSize, QList<QRect>> Measured(const std::string& scene, const char* language,
+                                        const std::vector<const char*>& parts) {
   const Shown window(scene, language);
-  return {window.Size(), window.Area(part)};
+  QList<QRect> areas;
+  for (const char* part : parts) areas.append(window.Area(part));
+  return {window.Size(), areas};
 }
 
 TEST(GridOfWindows, AnEditorKeepsItsSizeWhenAPanelOpensInIt) {
   for (const Language& language : PaintedLanguages()) {
     const char* name = language.Name;
-    EXPECT_EQ(Measured("schedule_editor", name, "frMinutes"),
-              Measured("schedule_editor_interval", name, "frInterval"))
+    EXPECT_EQ(Measured("schedule_editor", name, {"frMinutes"}),
+              Measured("schedule_editor_interval", name, {"frInterval"}))
         << name;
-    EXPECT_EQ(Measured("playlist_editor", name, "Frame1"),
-              Measured("playlist_editor_times", name, "Frame1"))
+    EXPECT_EQ(Measured("playlist_editor", name, {"Frame1"}),
+              Measured("playlist_editor_times", name, {"Frame1"}))
         << name;
   }
 }
@@ -103,21 +106,19 @@ TEST(GridOfWindows, TheTransportKeysAreUnderTheirTilesInEveryLanguage) {
 
 TEST(GridOfWindows, NothingMovesWhenTheFirstSongBegins) {
   for (const Language& language : PaintedLanguages()) {
-    for (const char* part : {"lblMP3Number", "Frame2"}) {
-      EXPECT_EQ(Measured("main_idle", language.Name, part),
-                Measured("main_music", language.Name, part))
-          << part << " in " << language.Name;
-    }
+    const std::vector<const char*> parts = {"lblMP3Number", "Frame2"};
+    EXPECT_EQ(Measured("main_idle", language.Name, parts),
+              Measured("main_music", language.Name, parts))
+        << language.Name;
   }
 }
 
 TEST(GridOfWindows, NothingMovesWhenACallBegins) {
   for (const Language& language : PaintedLanguages()) {
-    for (const char* part : {"cmdCall", "cmdCallZone_5"}) {
-      const auto before = Measured("main_music", language.Name, part);
-      for (const char* scene : {"main_chime", "main_call", "main_post_chime"})
-        EXPECT_EQ(Measured(scene, language.Name, part), before) << scene << " " << language.Name;
-    }
+    const std::vector<const char*> parts = {"cmdCall", "cmdCallZone_5"};
+    const auto before = Measured("main_music", language.Name, parts);
+    for (const char* scene : {"main_chime", "main_call", "main_post_chime"})
+      EXPECT_EQ(Measured(scene, language.Name, parts), before) << scene << " " << language.Name;
   }
 }
 

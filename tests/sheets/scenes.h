@@ -21,7 +21,7 @@ const std::vector<Scene>& Scenes();
 const Scene& SceneOf(const std::string& name);
 
 /// The languages in which the scenes are shown: all of them. The sanitizers make each step slow, so
-/// with them only a few are shown that differ in letters, lengths and directions: a memory fault
+/// with them only two are shown that differ in letters, lengths and directions: a memory fault
 /// appears in any language.
 std::vector<Language> PaintedLanguages();
 

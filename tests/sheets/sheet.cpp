@@ -22,6 +22,8 @@ QString PathOf(const QString& name) {
 
 }  // namespace
 
+bool IsDense() { return qApp->devicePixelRatio() > 1; }
+
 void Keep(const QImage& picture, const QString& name) {
   constexpr int kFast = 85;  // compression that takes half as long and a quarter more room
   EXPECT_TRUE(picture.save(PathOf(name + ".png"), "PNG", kFast)) << name.toStdString();

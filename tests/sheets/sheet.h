@@ -4,6 +4,10 @@
 
 namespace marlex {
 
+/// Whether the screen is one of high density. Its sheets are saved, but no single pictures: to save
+/// those takes longer than to paint and measure them.
+bool IsDense();
+
 /// Saves a picture for people to look at. `name` is its file below the sheets of this density,
 /// without the extension.
 void Keep(const QImage& picture, const QString& name);

@@ -13,6 +13,25 @@ inline constexpr QSize kSmallScreen(1024, 700);  // 1024 x 768 without the deskt
 inline constexpr QSize kUsualWindow(1160, 760);  // as at first, with the ribbon of the day
 inline constexpr QSize kLargeScreen(1920, 1080);
 
+/// Keeps the windows from being painted on the screen, which takes longer than their layout, until
+/// somebody looks at them.
+class PaintGate : public QObject {
+ public:
+  PaintGate() { Close(); }
+
+  void Close() { qApp->installEventFilter(this); }
+
+  void Resume() {
+    qApp->removeEventFilter(this);
+    for (QWidget* window : QApplication::topLevelWidgets()) window->repaint();
+  }
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    return event->type() == QEvent::UpdateRequest;
+  }
+};
+
 /// The application on a simulated PC, with its windows on the screen. As in the program, they exist
 /// before the system starts, and follow it from then on. The simulated PC runs the system on its
 /// own thread, where no widget may be used: so the windows have a loop of their own, and paint
@@ -33,7 +52,9 @@ class ShownDesk : public Desk {
     Settle();
   }
 
+  /// The windows, painted. Before the first call they follow the system without painting.
   Views& Screen() {
+    Paints.Resume();
     Settle();
     return Shown;
   }
@@ -42,6 +63,8 @@ class ShownDesk : public Desk {
   void Settle() {
     for (int round = 0; round < 3; ++round) Advance(0);
   }
+
+  PaintGate Paints;
 
  private:
   void Follow() {

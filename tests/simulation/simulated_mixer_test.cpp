@@ -1,5 +1,7 @@
 #include "simulation/simulated_mixer.h"
 
+#include <gtest/gtest.h>
+
 #include "simulation/simulated_pc.h"
 
 namespace marlex {

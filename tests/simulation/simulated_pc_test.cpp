@@ -1,5 +1,7 @@
 #include "simulation/simulated_pc.h"
 
+#include <gtest/gtest.h>
+
 namespace marlex {
 namespace {
 

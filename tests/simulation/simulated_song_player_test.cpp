@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include "simulation/simulated_pc.h"
 
 namespace marlex {

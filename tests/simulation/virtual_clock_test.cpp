@@ -1,5 +1,7 @@
 #include "simulation/virtual_clock.h"
 
+#include <gtest/gtest.h>
+
 namespace marlex {
 namespace {
 

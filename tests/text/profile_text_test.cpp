@@ -132,7 +132,7 @@ Values ValuesOneAfterTheOther(std::string_view text, std::size_t maxCharacters) 
 TEST(ProfileText, NumberedValuesAreThoseOfTheirKeysOneAfterTheOther) {
   constexpr std::size_t kMost = 4;
   const auto numbered = [](std::string_view text) {
-    const Values values = NumberedProfileValues(text, " s ", "k:", kMost);
+    Values values = NumberedProfileValues(text, " s ", "k:", kMost);
     EXPECT_EQ(values, ValuesOneAfterTheOther(text, kMost)) << testing::PrintToString(text);
     return values;
   };

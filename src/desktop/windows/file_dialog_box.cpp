@@ -269,8 +269,8 @@ QString FileDialogBox::OnDisk(const QString& path) const {
   return QDir(OnDisk(QFileInfo(path).path())).filePath(name);
 }
 
-/// Changes to the folder of that name. False if there is none, or in the desktop's own dialog, which
-/// does this itself.
+/// Changes to the folder of that name. False if there is none, or in the desktop's own dialog,
+/// which does this itself.
 bool FileDialogBox::Enter(const QString& name) {
   if (IsTheDesktops()) return false;
   const QString folder = OnDisk(PathOf(name));
@@ -304,7 +304,7 @@ QString FileDialogBox::FileToOpen(const QString& name) const {
   QStringList names = {name};
   if (LacksExtension(name)) names.prepend(name + '.' + Suffix);
   for (const QString& each : names) {
-    const QString path = OnDisk(PathOf(each));
+    QString path = OnDisk(PathOf(each));
     if (!path.isEmpty() && !Files.HasDirectory(path.toStdString())) return path;
   }
   return "";
@@ -312,7 +312,7 @@ QString FileDialogBox::FileToOpen(const QString& name) const {
 
 void FileDialogBox::Choose(const QStringList& paths) {
   Chosen = paths;
-  QDialog::accept();
+  done(Accepted);
 }
 
 void FileDialogBox::ReportNotFound(const QString& name) {

@@ -35,6 +35,12 @@ constexpr GrowingText kTexts[] = {
 
 constexpr const char* kUngrown = "#frSchedule * { font-size: 10.5pt; }";
 
+/// The size that a part has at least, before it grows.
+QSize SmallestOf(const QWidget& part) {
+  const auto* sign = dynamic_cast<const GlyphSign*>(&part);
+  return sign ? sign->sizeHint() : part.minimumSize();
+}
+
 QString SheetOf(qreal factor) {
   if (factor == 1) return {};
   QString sheet = kUngrown;
@@ -73,8 +79,7 @@ Growth::Growth(QWidget& window) : Window(window) {
 /// The bindings set the fixed heights.
 void Growth::Take(QWidget& area) {
   for (QWidget* part : area.findChildren<QWidget*>()) {
-    const auto* sign = dynamic_cast<const GlyphSign*>(part);
-    const QSize smallest = sign ? sign->sizeHint() : part->minimumSize();
+    const QSize smallest = SmallestOf(*part);
     const bool isFixed = part->sizePolicy().verticalPolicy() == QSizePolicy::Fixed;
     if (!smallest.isNull() && !isFixed) Parts.push_back({*part, smallest, part->maximumHeight()});
   }

@@ -49,7 +49,8 @@ QString HeadingAt(const QGridLayout& grid, int row, int column) {
   QLayoutItem* item = grid.itemAtPosition(row, column);
   QWidget* widget = item ? item->widget() : nullptr;
   if (auto* label = qobject_cast<QLabel*>(widget)) return label->text();
-  return qobject_cast<QCheckBox*>(widget) ? WordsOf(*widget) : QString();
+  auto* box = qobject_cast<QCheckBox*>(widget);
+  return box ? WordsOf(*box) : QString();
 }
 
 /// Text of the label whose buddy is the widget.

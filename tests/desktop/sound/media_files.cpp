@@ -29,7 +29,7 @@ std::string MediaFiles::Wav(const std::string& name, double seconds, double ampl
   info.samplerate = rate;
   info.channels = 2;
   info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
-  const std::string path = Path(name);
+  std::string path = Path(name);
   SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
   if (!file) throw std::runtime_error("cannot write " + path);
   std::vector<float> samples;

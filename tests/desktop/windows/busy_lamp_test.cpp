@@ -14,11 +14,17 @@ struct LampPicture {
   explicit LampPicture(PaintedWindows& windows)
       : Image(windows.Find<QLabel>("lblBusy_0").grab().toImage()) {}
 
-  QColor Bulb() const { return Image.pixelColor(Image.rect().center() + QPoint(0, 3)); }
-  QColor Ring() const { return Image.pixelColor(Image.rect().center() + QPoint(0, Radius())); }
+  QColor Bulb() const { return Image.pixelColor(Image.rect().center() + QPoint(0, 2)); }
+  QColor Ring() const { return Image.pixelColor(DarkestBelowTheMiddle()); }
   QColor Glass() const { return Image.pixelColor(Image.width() / 4, Image.height() * 3 / 4); }
 
-  int Radius() const { return Image.height() / 2 - 3; }
+  QPoint DarkestBelowTheMiddle() const {
+    QPoint darkest = Image.rect().center();
+    for (QPoint at = darkest; at.y() < Image.height() - 3; at += QPoint(0, 1)) {
+      if (Image.pixelColor(at).lightness() < Image.pixelColor(darkest).lightness()) darkest = at;
+    }
+    return darkest;
+  }
 
   QImage Image;
 };
