@@ -74,7 +74,8 @@ TEST(Shuffle, AllOrdersAreEquallyLikely) {
   std::vector<int> counts;
   for (const auto& [order, count] : counted) counts.push_back(count);
   ASSERT_EQ(counts.size(), static_cast<std::size_t>(kOrders));
-  EXPECT_LT(ChiSquare(counts, kPresses / kOrders), 58);  // 23 on average; 58 once in 15,000 runs
+  EXPECT_LT(ChiSquare(counts, double(kPresses) / kOrders),
+            58);  // 23 on average; 58 once in 15,000 runs
 }
 
 /// The shuffle that looks right but is biased: each song is swapped with any other.
@@ -97,7 +98,7 @@ TEST(Shuffle, AllOrdersOfSixSongsAreEquallyLikelyWhichABiasedShuffleFails) {
     for (std::uint32_t press = 0; press < kPresses; ++press) ++counted[shuffled(6, press * 7919)];
     std::vector<int> counts(kOrders - counted.size());  // orders that never occurred
     for (const auto& [order, count] : counted) counts.push_back(count);
-    return ChiSquare(counts, kPresses / kOrders);
+    return ChiSquare(counts, double(kPresses) / kOrders);
   };
   // 719 degrees of freedom, plus six standard deviations of the sum.
   const double bound = 719 + 6 * std::sqrt(2.0 * 719);
@@ -111,12 +112,11 @@ TEST(Shuffle, EverySongIsEquallyLikelyAtEveryPlaceOfALongList) {
   std::vector<int> counts(kSongs * kSongs);
   for (std::uint32_t press = 0; press < kPresses; ++press) {
     const std::vector<int> order = Shuffled(kSongs, press * 7919);
-    for (int place = 0; place < kSongs; ++place) {
-      ++counts[static_cast<std::size_t>(place * kSongs + order[static_cast<std::size_t>(place)])];
-    }
+    for (std::size_t place = 0; place < kSongs; ++place)
+      ++counts[place * kSongs + static_cast<std::size_t>(order[place])];
   }
   // 49 times 49 degrees of freedom, plus eight standard deviations of the sum.
-  EXPECT_LT(ChiSquare(counts, kPresses / kSongs), 49 * 49 + 8 * std::sqrt(2.0 * 49 * 49));
+  EXPECT_LT(ChiSquare(counts, double(kPresses) / kSongs), 49 * 49 + 8 * std::sqrt(2.0 * 49 * 49));
 }
 
 TEST(Shuffle, NumbersReachFromNoughtToJustBelowOne) {

@@ -140,8 +140,8 @@ TEST(Songs, FilesOfEveryRateSoundAtTheirOwnPitchAndLength) {
   ASSERT_TRUE(desk.AwaitTone(3500, 60));
   ASSERT_TRUE(desk.Await("frmMain.cmdPlay", "enabled", "yes"));
   stage::Recording heard = desk.Card->Take();
-  for (double frequency = 300; frequency < 300 + 400 * double(std::size(kSongRates));
-       frequency += 400) {
+  for (std::size_t each = 0; each < std::size(kSongRates); ++each) {
+    const double frequency = 300 + 400 * double(each);
     std::vector<stage::Span> song = heard.Tone(frequency, -25);
     ASSERT_EQ(song.size(), 1U) << frequency;
     EXPECT_NEAR(song[0].Sounding, 2, 0.08) << frequency;

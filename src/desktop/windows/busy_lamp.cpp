@@ -11,7 +11,8 @@ void BusyLamp::paintEvent(QPaintEvent* event) {
   QLabel::paintEvent(event);
   const bool isLit = IsLit(*this);
   const QRectF glass = QRectF(rect()).adjusted(3, 3, -3, -3);
-  const qreal radius = glass.height() / 2 - (isLit ? 0.5 : 0);  // off the thick border of a lit lamp
+  const qreal ofRing = isLit ? 0.5 : 0;  // keeps it off the thick border of a lit lamp
+  const qreal radius = glass.height() / 2 - ofRing;
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(isLit ? QPen(ThemeColorNow("on-signal"), 1.5) : QPen(Qt::NoPen));

@@ -59,8 +59,8 @@ QSize Card::minimumSizeHint() const {
           .boundingRect(QRect(0, 0, 1, QWIDGETSIZE_MAX), kTitleFlags, Breakable(title()))
           .width();
   const int content = qMax(word, EvenWidth(layout()));
-  const QSize smallest =
-      QWidget::minimumSizeHint().expandedTo(QSize(content + margins.left() + margins.right(), 0));
+  const QSize inside = layout() ? layout()->totalMinimumSize() : QSize();
+  const QSize smallest = inside.expandedTo(QSize(content + margins.left() + margins.right(), 0));
   if (!layout() || !layout()->hasHeightForWidth()) return smallest;
   const int wrapped = layout()->totalHeightForWidth(qMax(width(), smallest.width()));
   return smallest.expandedTo(QSize(0, wrapped));

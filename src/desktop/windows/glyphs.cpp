@@ -164,7 +164,7 @@ QPainterPath PathOf(const QString& name) {
 class GlyphEngine : public QIconEngine {
  public:
   /// `atRest` names the colour of the button in its normal state.
-  GlyphEngine(QPainterPath path, const char* atRest) : Path(std::move(path)), AtRest(atRest) {}
+  GlyphEngine(const QPainterPath& path, const char* atRest) : Path(path), AtRest(atRest) {}
 
   void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
     const char* enabled = state == QIcon::On ? "on-text" : AtRest;
