@@ -8,7 +8,8 @@ namespace marlex {
 enum PlayStates : int { kStopped = 0, kPaused = 1, kPlaying = 2 };
 
 /// Plays one MP3 file at a time. Calls and callbacks are on the system's thread; callbacks never
-/// run inside a call.
+/// run inside a call. A file on a slow drive plays in silence until it is open; one that then turns
+/// out to be unplayable ends like a song that has played to its end.
 class SongPlayer {
  public:
   virtual ~SongPlayer() = default;

@@ -15,7 +15,8 @@ enum WaveMode : int {
 };
 
 /// Plays one WAV file at a time. Calls and callbacks are on the system's thread; callbacks never
-/// run inside a call.
+/// run inside a call. A file on a slow drive plays in silence until it is open; one that then turns
+/// out to be unplayable ends like a message that has played to its end.
 ///
 /// Mode 525 is reported through `OnStatusUpdate` within 20 ms, exactly once, for every play that
 /// ends, for a file that could not be opened, and for a file that is closed while it is playing or

@@ -1,6 +1,5 @@
 #include "schedule/message_wavs.h"
 
-#include "schedule/open_sequences.h"
 #include "state/media_names.h"
 #include "text/split.h"
 

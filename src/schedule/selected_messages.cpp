@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "schedule/open_sequences.h"
 #include "state/media_names.h"
 #include "text/numbers.h"
 #include "text/paths.h"
