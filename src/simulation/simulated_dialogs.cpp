@@ -37,7 +37,7 @@ void SimulatedDialogs::OpenFileDialog(const FileDialog& dialog, OnChosen onChose
 
 std::string SimulatedDialogs::NextOpenResult() {
   if (OpenResults.empty()) return "";
-  const std::string result = OpenResults.front();
+  std::string result = OpenResults.front();
   OpenResults.pop_front();
   return result;
 }

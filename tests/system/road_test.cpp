@@ -174,10 +174,12 @@ TEST_F(Road, NothingOfTheSongIsHeardBeforeTheFirstStepOfItsFadeUp) {
   // was kept waiting, the song is heard late, when more steps are due.
   double ended = Only(kSecondTone).To;
   double came = SongComes();
-  for (double time = ended + 0.005; time < came; time += 0.0025) {
+  double time = ended + 0.005;
+  while (time < came) {
     int stepsDue = 1 + static_cast<int>((time + 0.005 - ended) / kFadeInterval);
     double loudest = kToneDb + stage::LineDb(65'535 - kFadeStep * stepsDue);
     EXPECT_LT(Heard.LevelDb(time, time + 0.005), loudest + 1.5) << Levels(came - 0.1, 60);
+    time += 0.0025;
   }
 }
 
@@ -187,10 +189,12 @@ TEST_F(Road, TheFadeUpRunsPastItsTargetForOneEventAndFallsBack) {
   double loudest = stage::LineDb(kLoudestOnTheWayUp) - stage::LineDb(kMusicVolume);
   double louderFor = 0;
   double peak = Recording::kSilenceDb;
-  for (double time = SongComes(); time < Heard.EndTime() - 0.8; time += 0.01) {
+  double time = SongComes();
+  while (time < Heard.EndTime() - 0.8) {
     double above = Heard.LevelDb(time, time + 0.02) - target;
     peak = std::max(peak, above);
     if (above > loudest / 2) louderFor += 0.01;
+    time += 0.01;
   }
   EXPECT_NEAR(peak, loudest, 0.5);
   EXPECT_GT(louderFor, kFadeInterval / 2);
