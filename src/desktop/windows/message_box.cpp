@@ -56,6 +56,19 @@ void MessageBox::keyPressEvent(QKeyEvent* event) {
 void MessageBox::showEvent(QShowEvent* event) {
   MarkPrimaryButton();
   QMessageBox::showEvent(event);
+  PutPathsApart();
+}
+
+/// The size of the box, which Qt chooses when it appears, says what fits on a line.
+void MessageBox::PutPathsApart() {
+  const auto* label = findChild<QLabel*>("qt_msgbox_label");
+  if (!label || !label->wordWrap()) return;
+  layout()->activate();
+  const int room = label->contentsRect().width();
+  const QFontMetrics letters = label->fontMetrics();
+  const QString apart = WithPathsApart(
+      text(), [&](const QString& line) { return letters.horizontalAdvance(line) <= room; });
+  if (apart != text()) setText(apart);
 }
 
 void MessageBox::PutSign() {

@@ -20,6 +20,7 @@ class MessageBox : public QMessageBox {
 
  private:
   void PutSign();
+  void PutPathsApart();
 };
 
 }  // namespace marlex

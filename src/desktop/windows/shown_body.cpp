@@ -20,6 +20,7 @@ constexpr QChar kJoiner(0x2060);  // no line ends here
 constexpr QChar kNoBreakSpace(0x00A0);
 constexpr QChar kMayEnd(0x200B);    // a line may end here
 constexpr QChar kLeftMark(0x200E);  // a letter without a shape that runs from left to right
+constexpr QChar kEndsHere(QChar::LineSeparator);  // in place of a blank: the line ends here
 
 /// Where the path of a line begins: at its root, or its drive.
 qsizetype PathStart(const QString& line) {
@@ -69,6 +70,12 @@ QString WithPathJoined(const QString& line) {
   return start < 0 ? line : line.left(start) + InOrder(Joined(line.mid(start)));
 }
 
+/// Where the path begins in a line that is shown: at its mark, after a blank.
+qsizetype ShownPathStart(const QString& line) {
+  static const QRegularExpression path(QString(R"((?<= )%1)").arg(kFromLeft));
+  return line.indexOf(path);
+}
+
 QString InItsDirection(const QString& line) {
   return (line.isRightToLeft() ? kFromRight : kFromLeft) + line + kEnd;
 }
@@ -86,12 +93,22 @@ QString ShownBody(const std::string& body) {
   return lines.join('\n');
 }
 
+QString WithPathsApart(const QString& shown, const std::function<bool(const QString&)>& fits) {
+  QStringList lines = shown.split('\n');
+  for (QString& line : lines) {
+    const qsizetype start = ShownPathStart(line);
+    if (start > 0 && !fits(line)) line[start - 1] = kEndsHere;
+  }
+  return lines.join('\n');
+}
+
 QString ShownPath(const QString& line) {
   return PathStart(line) >= 0 && HasLettersFromRight(line) ? InOrder(line) : line;
 }
 
 QString WithoutMarks(QString shown) {
   shown.replace(QString(kNoBreakSpace) + kJoiner, " ");
+  shown.replace(kEndsHere, ' ');
   for (const QChar mark : {kFromLeft, kFromRight, kEnd, kJoiner, kMayEnd, kLeftMark})
     shown.remove(mark);
   return shown;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <string>
 
 namespace marlex {
@@ -9,6 +10,10 @@ namespace marlex {
 /// one piece from left to right in any language, and is broken nowhere; one that is too long for a
 /// line is broken after its separators. Each line runs in its own direction and begins on the left.
 QString ShownBody(const std::string& body);
+
+/// The same text, in which a path begins a line of its own where it does not fit beside the words
+/// before it.
+QString WithPathsApart(const QString& shown, const std::function<bool(const QString& line)>& fits);
 
 /// Converts one line for display. The folders of a path follow one another from left to right, even
 /// where their names run from right to left.

@@ -67,6 +67,20 @@ TEST(QtDialogs, APathInABoxIsReadAndCopiedWithoutMarks) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), body);
 }
 
+TEST(QtDialogs, ALongPathInABoxBeginsALineOfItsOwn) {
+  const QString text = "The file cannot be saved: ";
+  const QString folders = "/home/operator/Music/Background/Autumn and winter/";
+  for (const bool isLong : {false, true}) {
+    const QString body = text + (isLong ? folders + folders.mid(1) : "/home/Day.sch");
+    MessageBox box(QMessageBox::Critical, "Caption", ShownBody(body.toStdString()), nullptr);
+    box.show();
+    EXPECT_EQ(box.text().startsWith(text.trimmed() + QChar::LineSeparator), isLong);
+    EXPECT_EQ(box.findChild<QLabel*>("qt_msgbox_label")->accessibleName(), body);
+    QTest::keySequence(&box, QKeySequence::Copy);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), body);
+  }
+}
+
 TEST(QtDialogs, TheKeyThatEnterPressesIsThePrimaryOne) {
   MessageBox notice(QMessageBox::Critical, "Caption", "Body", nullptr);
   notice.addButton(QMessageBox::Ok);

@@ -52,6 +52,17 @@ TEST(ShownBody, NoLineEndsWithTheRootOfAPathThatIsTooLong) {
   }
 }
 
+TEST(ShownBody, APathThatDoesNotFitBesideItsWordsBeginsALine) {
+  const QString body = "Not found: /home/music/\nNo file: /a/\n/b c/ /d";
+  const QString shown = ShownBody(body.toStdString());
+  const QString apart =
+      WithPathsApart(shown, [](const QString& line) { return line.startsWith("No file"); });
+  EXPECT_EQ(Lines(apart, 2000).front(), "Not found:");
+  EXPECT_EQ(apart.count(QChar::LineSeparator), 1);
+  EXPECT_EQ(WithoutMarks(apart), body);
+  EXPECT_EQ(WithPathsApart(shown, [](const QString&) { return true; }), shown);
+}
+
 TEST(ShownBody, TheBlanksOfATextStayAsTheyAre) {
   EXPECT_EQ(WithoutMarks(ShownBody("Introuvable\u00A0: /a b/")), "Introuvable\u00A0: /a b/");
 }
