@@ -90,6 +90,46 @@ TEST(GridOfWindows, AnEditorKeepsItsSizeWhenAPanelOpensInIt) {
   }
 }
 
+int Centre(const Shown& window, const char* part) { return window.Area(part).center().y(); }
+
+TEST(GridOfWindows, TheWeekdaysAreOnTheLineOfTheStopTimeInEveryLanguage) {
+  for (const Language& language : PaintedLanguages()) {
+    const Shown editor("playlist_editor_times", language.Name);
+    for (const char* part : {"chkDays_0", "chkDays_6", "cmbStopMinutes", "Label2"})
+      EXPECT_NEAR(Centre(editor, part), Centre(editor, "cmbStopHours"), 1)
+          << part << " in " << language.Name;
+  }
+}
+
+/// From the left edge of each part to that of the next.
+std::vector<int> Steps(const Shown& window, const std::vector<const char*>& parts) {
+  std::vector<int> steps;
+  for (std::size_t part = 1; part < parts.size(); ++part)
+    steps.push_back(window.Area(parts[part]).left() - window.Area(parts[part - 1]).left());
+  return steps;
+}
+
+/// Pixels from the right edge of a part to the left edge of the other.
+int Gap(const Shown& window, const char* part, const char* other) {
+  return window.Area(other).left() - window.Area(part).right() - 1;
+}
+
+TEST(GridOfWindows, TheIntervalsAndTheirButtonsAreEvenInEveryLanguage) {
+  for (const Language& language : PaintedLanguages()) {
+    SCOPED_TRACE(language.Name);
+    const Shown editor("schedule_editor_interval", language.Name);
+    const std::vector<int> steps =
+        Steps(editor, {"optInterval_2", "optInterval_5", "optInterval_10", "optInterval_15",
+                       "optInterval_20", "optInterval_30"});
+    for (const int step : steps) EXPECT_NEAR(step, steps.front(), 1);
+    ExpectEvenWidths(editor, {"cmdOK", "cmdCancel"});
+    for (const char* part : {"cmdOK", "cmdCancel"})
+      EXPECT_EQ(Centre(editor, part), Centre(editor, "cmbStart")) << part;
+    EXPECT_EQ(Gap(editor, "cmbStart", "cmdOK"), Gap(editor, "cmdOK", "cmdCancel"));
+    EXPECT_EQ(editor.Area("cmdCancel").right(), editor.Area("txtHours").right());
+  }
+}
+
 TEST(GridOfWindows, TheTransportKeysAreUnderTheirTilesInEveryLanguage) {
   for (const Language& language : PaintedLanguages()) {
     SCOPED_TRACE(language.Name);
