@@ -57,7 +57,7 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"fed-line", "#1b7a3c", "#4fb574"},
       {"ready", "#1b7a3c", "#1b7a3c"},
       {"alarm", "#c62828", "#c62828"},
-      {"fired", "#12306b", "#2c5aa8"},
+      {"fired", "#12306b", "#56687f"},
       {"wait", "#dde4ec", "#3a4552"},
       {"wait-line", "#5a6b7d", "#9fb0c2"},
       // The ribbon of the day, on a card

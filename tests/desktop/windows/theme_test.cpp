@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <cmath>
 #include <ostream>
 
 #include "desktop/windows/contrast.h"
@@ -52,6 +53,18 @@ TEST_P(Theme, ItsMarksAndItsFocusCanBeSeen) {
     ExpectContrast("glyph", ground, kVisible);
     ExpectContrast("accent-line", ground, kVisible);
   }
+}
+
+/// How far apart two colours are, in their three parts.
+double Distance(const QColor& one, const QColor& other) {
+  return std::hypot(one.red() - other.red(), one.green() - other.green(),
+                    one.blue() - other.blue());
+}
+
+TEST_P(Theme, TheRowThatFiredLastIsNoButtonToPress) {
+  const QColor fired = NamedColor("fired", GetParam());
+  for (const char* other : {"accent", "accent-lit", "live", "alarm", "on"})
+    EXPECT_GE(Distance(fired, NamedColor(other, GetParam())), 60) << other;
 }
 
 /// Texts that get their coloured background from the style sheet alone.
