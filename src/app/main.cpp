@@ -3,12 +3,15 @@
 #include "app/desktop_pc.h"
 #include "core/system.h"
 #include "desktop/process/session_end.h"
+#include "desktop/windows/toolkit_words.h"
 #include "desktop/windows/views.h"
+#include "i18n/languages.h"
 
 int main(int argc, char* argv[]) {
   QApplication application(argc, argv);
   marlex::DesktopPc pc;
   marlex::System system(pc.Ports());
+  marlex::ToolkitWords words([&system] { return marlex::LocaleOf(system.Strings.LanguageBase); });
   marlex::Views views(system.TheWindows, pc.Loop, [&system] { return system.ThePasserby.Look(); });
   marlex::SessionEnd sessionEnd(pc.Loop, [&system] { system.TheMainWindow.mnuExit_Click(); });
   pc.Loop.Post([&system] { system.Start(); });

@@ -1,0 +1,47 @@
+#include "desktop/windows/toolkit_words.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <string_view>
+#include <utility>
+
+namespace marlex {
+
+namespace {
+
+/// Other threads ask for other words, and get none.
+bool IsTranslated(std::string_view context, std::string_view source) {
+  if (context == "QFileSystemModel") return source == "Computer";
+  if (context == "QFileDialog") return source == "Recent Places";
+  return context == "QLineEdit" || context == "QWidgetTextControl" || context == "QScrollBar";
+}
+
+}  // namespace
+
+ToolkitWords::ToolkitWords(LocaleNow locale, const QString& folder)
+    : Locale(std::move(locale)), Folder(folder) {
+  QCoreApplication::installTranslator(this);
+}
+
+QString ToolkitWords::InstalledFolder() {
+  return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+}
+
+QString ToolkitWords::translate(const char* context, const char* source, const char* disambiguation,
+                                int n) const {
+  if (!IsTranslated(context, source)) return {};
+  Follow();
+  return Words.translate(context, source, disambiguation, n);
+}
+
+/// Reads the words when another language is chosen.
+void ToolkitWords::Follow() const {
+  const std::string locale = Locale();
+  if (locale == WordsIn) return;
+  WordsIn = locale;
+  const QLocale language(QString::fromStdString(locale));
+  if (!Words.load(language, "qtbase", "_", Folder)) static_cast<void>(Words.load("", Folder));
+}
+
+}  // namespace marlex
