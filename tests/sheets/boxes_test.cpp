@@ -8,6 +8,7 @@
 #include "desktop/windows/theme.h"
 #include "i18n/languages.h"
 #include "screen/measure.h"
+#include "sheets/dark_desktop.h"
 #include "sheets/scenes.h"
 #include "sheets/sheet.h"
 
@@ -128,31 +129,40 @@ std::vector<Box> AllReports(const char* language) {
   return reports;
 }
 
-TEST(Boxes, ShowEveryReportWholeInEveryLanguage) {
+/// Shows every report in a language, one after the other, and saves their pictures under `name`.
+void PaintReports(const char* language, const QString& name) {
   const Theme theme(*qApp);
   VirtualLoop loop;
   const MemoryDisk disk;
   QtDialogs dialogs(loop, disk);
-  for (const Language& language : PaintedLanguages()) {
-    Sheet sheet;
-    const std::vector<Box> reports = AllReports(language.Name);
-    DeskOptions shop = Shop();
-    shop.Language = language.Name;
-    dialogs.FileTexts = Desk(shop).Pc.Dialogs.FileTexts;
-    EXPECT_EQ(reports.size(), 30u) << language.Name;
-    for (const Box& box : reports) {
-      SCOPED_TRACE(std::string(language.Name) + ": " + box.Body);
-      dialogs.LeaveMsgBox(box.Body, box.Icon, box.Caption);
-      QApplication::processEvents();
-      auto* shown = qobject_cast<QMessageBox*>(QApplication::activeWindow());
-      ASSERT_TRUE(shown);
-      EXPECT_EQ(WithoutMarks(shown->text()).toStdString(), ShownText(box.Body).toStdString());
-      ExpectNothingClipped(*shown);
-      sheet.Add(shown->windowTitle(), shown->grab());
-      shown->close();
-    }
-    sheet.Save(QString("boxes/") + language.Name);
+  DeskOptions shop = Shop();
+  shop.Language = language;
+  dialogs.FileTexts = Desk(shop).Pc.Dialogs.FileTexts;
+  const std::vector<Box> reports = AllReports(language);
+  EXPECT_EQ(reports.size(), 30u) << language;
+  Sheet sheet;
+  for (const Box& box : reports) {
+    SCOPED_TRACE(std::string(language) + ": " + box.Body);
+    dialogs.LeaveMsgBox(box.Body, box.Icon, box.Caption);
+    QApplication::processEvents();
+    auto* shown = qobject_cast<QMessageBox*>(QApplication::activeWindow());
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(WithoutMarks(shown->text()).toStdString(), ShownText(box.Body).toStdString());
+    ExpectNothingClipped(*shown);
+    sheet.Add(shown->windowTitle(), shown->grab());
+    shown->close();
   }
+  sheet.Save(name);
+}
+
+TEST(Boxes, ShowEveryReportWholeInEveryLanguage) {
+  for (const Language& language : PaintedLanguages())
+    PaintReports(language.Name, QString("boxes/") + language.Name);
+}
+
+TEST(Boxes, ShowEveryReportWholeInTheDark) {
+  const DarkDesktop dark;
+  PaintReports("English", "boxes/dark/English");
 }
 
 /// Types the name into the open file dialog and presses its button.
@@ -165,34 +175,43 @@ void TypeName(const QString& name, QDialogButtonBox::StandardButton key) {
   QApplication::processEvents();
 }
 
-TEST(Boxes, AskAboutFilesWholeInEveryLanguage) {
+/// Asks about a file that is to be opened and is missing, and about one that would be replaced.
+void PaintQuestions(const char* language, const QString& name) {
+  SCOPED_TRACE(language);
   const Theme theme(*qApp);
   VirtualLoop loop;
   MemoryDisk disk;
   disk.AddFile("/app/Day.sch");
   QtDialogs dialogs(loop, disk);
-  for (const Language& language : PaintedLanguages()) {
-    SCOPED_TRACE(language.Name);
-    Sheet sheet;
-    DeskOptions shop = Shop();
-    shop.Language = language.Name;
-    dialogs.FileTexts = Desk(shop).Pc.Dialogs.FileTexts;
-    for (const bool saves : {false, true}) {
-      dialogs.LeaveOpen({"Schedules (*.sch)|*.sch", "sch", "/", false, saves},
-                        [](const std::string&) {});
-      saves ? TypeName("/app/Day.sch", QDialogButtonBox::Save)
-            : TypeName("/app/Night.sch", QDialogButtonBox::Open);
-      auto* question = qobject_cast<QMessageBox*>(QApplication::activeWindow());
-      ASSERT_TRUE(question);
-      ExpectNothingClipped(*question);
-      sheet.Add(WithoutMarks(question->text()).section('\n', 0, 0), question->grab());
-      QPointer<QWidget> dialog = question->parentWidget();
-      question->close();
-      dialog->close();
-      loop.Pump();
-    }
-    sheet.Save(QString("file_questions/") + language.Name);
+  Sheet sheet;
+  DeskOptions shop = Shop();
+  shop.Language = language;
+  dialogs.FileTexts = Desk(shop).Pc.Dialogs.FileTexts;
+  for (const bool saves : {false, true}) {
+    dialogs.LeaveOpen({"Schedules (*.sch)|*.sch", "sch", "/", false, saves},
+                      [](const std::string&) {});
+    saves ? TypeName("/app/Day.sch", QDialogButtonBox::Save)
+          : TypeName("/app/Night.sch", QDialogButtonBox::Open);
+    auto* question = qobject_cast<QMessageBox*>(QApplication::activeWindow());
+    ASSERT_TRUE(question);
+    ExpectNothingClipped(*question);
+    sheet.Add(WithoutMarks(question->text()).section('\n', 0, 0), question->grab());
+    QPointer<QWidget> dialog = question->parentWidget();
+    question->close();
+    dialog->close();
+    loop.Pump();
   }
+  sheet.Save(name);
+}
+
+TEST(Boxes, AskAboutFilesWholeInEveryLanguage) {
+  for (const Language& language : PaintedLanguages())
+    PaintQuestions(language.Name, QString("file_questions/") + language.Name);
+}
+
+TEST(Boxes, AskAboutFilesWholeInTheDark) {
+  const DarkDesktop dark;
+  PaintQuestions("English", "file_questions/dark/English");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "desktop/windows/theme.h"
 #include "desktop/windows/theme_colors.h"
 #include "screen/painted_contrast.h"
+#include "sheets/opened.h"
 #include "sheets/scenes.h"
 #include "sheets/sheet.h"
 
@@ -139,6 +140,10 @@ TEST_P(PaintedContrast, IsEnoughForEveryTextBorderAndMark) {
     MeasureToolTip(desk, window, contrasts);
     MeasureBoxes(contrasts);
     MeasureFileDialogs(contrasts);
+  }
+  for (const Scene& scene : OpenedScenes()) {
+    ShownDesk desk(scene.Options);
+    contrasts.Measure(scene.Reach(desk), scene.Name);
   }
   MeasureLanguageDialog(contrasts);
   contrasts.ExpectEnough();

@@ -7,6 +7,7 @@
 #include "desktop/windows/theme.h"
 #include "i18n/languages.h"
 #include "screen/measure.h"
+#include "sheets/dark_desktop.h"
 #include "sheets/scenes.h"
 #include "sheets/sheet.h"
 
@@ -55,34 +56,43 @@ QFileDialog* ReadyDialog() {
   return nullptr;
 }
 
-TEST(FileDialogs, AreWholeInEveryLanguage) {
+/// Opens each dialog in a language, and saves their pictures under `name`.
+void PaintDialogs(const char* language, const QString& name) {
+  SCOPED_TRACE(language);
   const Theme theme(*qApp);
   VirtualLoop loop;
   MemoryDisk disk;
   const Folder folder(disk);
   QtDialogs dialogs(loop, disk);
-  for (const Language& language : PaintedLanguages()) {
-    SCOPED_TRACE(language.Name);
-    DeskOptions shop = Shop();
-    shop.Language = language.Name;
-    Desk desk(shop);
-    Sheet sheet;
-    const std::vector<FileDialog> asked = AskedFor(desk);
-    EXPECT_EQ(asked.size(), 3u);
-    dialogs.FileTexts = desk.Pc.Dialogs.FileTexts;
-    for (FileDialog dialog : asked) {
-      dialog.InitialDirectory = folder.Path();
-      dialogs.LeaveOpen(dialog, [](const std::string&) {});
-      QFileDialog* shown = ReadyDialog();
-      ASSERT_TRUE(shown);
-      ExpectNothingClipped(*shown);
-      sheet.Add(shown->windowTitle(), shown->grab());
-      shown->close();
-      QApplication::processEvents();
-      loop.Pump();
-    }
-    sheet.Save(QString("file_dialogs/") + language.Name);
+  DeskOptions shop = Shop();
+  shop.Language = language;
+  Desk desk(shop);
+  Sheet sheet;
+  const std::vector<FileDialog> asked = AskedFor(desk);
+  EXPECT_EQ(asked.size(), 3u);
+  dialogs.FileTexts = desk.Pc.Dialogs.FileTexts;
+  for (FileDialog dialog : asked) {
+    dialog.InitialDirectory = folder.Path();
+    dialogs.LeaveOpen(dialog, [](const std::string&) {});
+    QFileDialog* shown = ReadyDialog();
+    ASSERT_TRUE(shown);
+    ExpectNothingClipped(*shown);
+    sheet.Add(shown->windowTitle(), shown->grab());
+    shown->close();
+    QApplication::processEvents();
+    loop.Pump();
   }
+  sheet.Save(name);
+}
+
+TEST(FileDialogs, AreWholeInEveryLanguage) {
+  for (const Language& language : PaintedLanguages())
+    PaintDialogs(language.Name, QString("file_dialogs/") + language.Name);
+}
+
+TEST(FileDialogs, AreWholeInTheDark) {
+  const DarkDesktop dark;
+  PaintDialogs("English", "file_dialogs/dark/English");
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "desktop/windows/combo_binding.h"
 
+#include <QStyledItemDelegate>
+
 namespace marlex {
 
 ComboBinding::ComboBinding(ListBox& list, QComboBox& widget, Hand& hand)
@@ -10,6 +12,8 @@ ComboBinding::ComboBinding(ListBox& list, QComboBox& widget, Hand& hand)
     });
   });
   widget.installEventFilter(this);
+  // The box's own delegate ignores the style sheet.
+  widget.setItemDelegate(new QStyledItemDelegate(&widget));
 }
 
 /// Scrolling the window with the wheel must not select another entry when the pointer happens to be

@@ -50,8 +50,7 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"groove", "#7d8b9b", "#6f7f90"},
       {"groove-lit", "#4f86c6", "#5d9ae6"},
       // Signals of the system: speech or a message is on the air, a zone is fed, ready, in
-      // conflict,
-      // fired last; and the call waits
+      // conflict, fired last; and the call waits
       {"live", "#3ddc6c", "#3ddc6c"},
       {"fed", "#b5e8c4", "#245c39"},
       {"fed-line", "#1b7a3c", "#4fb574"},
