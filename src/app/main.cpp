@@ -9,6 +9,7 @@
 
 int main(int argc, char* argv[]) {
   QApplication application(argc, argv);
+  QGuiApplication::setDesktopFileName("marlex");  // its desktop entry, whatever the file is named
   marlex::DesktopPc pc;
   marlex::System system(pc.Ports());
   marlex::ToolkitWords words([&system] { return marlex::LocaleOf(system.Strings.LanguageBase); });

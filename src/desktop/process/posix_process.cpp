@@ -13,6 +13,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "desktop/process/program_directory.h"
+
 namespace marlex {
 
 namespace {
@@ -49,15 +51,26 @@ class WindowAddress {
 /// no queue of connections that could fill up.
 int MakeSocket() { return socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0); }
 
+std::filesystem::path Executable(std::error_code& error) {
+  return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
 }  // namespace
+
+PosixProcess::PosixProcess() {
+  std::error_code error;
+  const auto executable = Executable(error);
+  if (!error) PackagedDirectory = LinkDirectory(executable, StartedPath()).string();
+}
 
 PosixProcess::~PosixProcess() {
   for (const auto& [caption, socket] : Claims) close(socket);
 }
 
 std::string PosixProcess::ApplicationDirectory() const {
+  if (!PackagedDirectory.empty()) return PackagedDirectory;
   std::error_code error;
-  const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
+  const auto executable = Executable(error);
   if (error) return std::filesystem::current_path(error).string();
   return executable.parent_path().string();
 }

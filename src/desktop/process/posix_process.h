@@ -12,11 +12,13 @@ namespace marlex {
 /// frees it when that process ends, even by a crash or a kill. It leaves no file behind.
 class PosixProcess : public Process {
  public:
-  PosixProcess() = default;
+  PosixProcess();
   ~PosixProcess() override;
   PosixProcess(const PosixProcess&) = delete;
   PosixProcess& operator=(const PosixProcess&) = delete;
 
+  /// The directory of the executable's file, even when a link started it. Only the program of a
+  /// package has the directory of that link.
   std::string ApplicationDirectory() const override;
 
   /// Does not find a window that this object itself has claimed.
@@ -34,6 +36,7 @@ class PosixProcess : public Process {
   [[noreturn]] void End() override;
 
  private:
+  std::string PackagedDirectory;      // found at the start, since an update replaces the executable
   std::map<std::string, int> Claims;  // caption to socket
 };
 

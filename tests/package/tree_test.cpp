@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <sstream>
+
+#include "places.h"
+
+namespace marlex {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Text(const fs::path& file) {
+  std::ostringstream text;
+  text << std::ifstream(file, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+/// The exit code of a shell command; its output is in `said`.
+int Shell(const std::string& command, std::string& said) {
+  FILE* const pipe = popen((command + " 2>&1").c_str(), "r");
+  char part[4096];
+  said.clear();
+  while (std::size_t count = std::fread(part, 1, sizeof part, pipe)) said.append(part, count);
+  return WEXITSTATUS(pclose(pipe));
+}
+
+bool Has(const std::string& program) {
+  std::string said;
+  return Shell("command -v " + program, said) == 0;
+}
+
+/// The tree that `cmake --install` makes, once for all tests.
+class InstalledTree : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    std::string pattern = (fs::temp_directory_path() / "tree_XXXXXX").string();
+    Root = mkdtemp(pattern.data());
+    std::string said;
+    ASSERT_EQ(Shell("cmake --install " MARLEX_BINARY_DIR " --prefix " + Root.string(), said), 0)
+        << said;
+  }
+  static void TearDownTestSuite() { fs::remove_all(Root); }
+
+  static std::set<std::string> Files() {
+    std::set<std::string> files;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(Root))
+      if (!entry.is_directory()) files.insert(fs::relative(entry.path(), Root).string());
+    return files;
+  }
+
+  static inline fs::path Root;
+  static inline const std::string Entry = "share/applications/marlex.desktop";
+  static inline const std::string Metadata = "share/metainfo/marlex.tolvo.marlex.metainfo.xml";
+};
+
+TEST_F(InstalledTree, HoldsWhatBelongsToTheProgramAndNothingElse) {
+  std::set<std::string> expected = {"bin/marlex",
+                                    "lib/udev/rules.d/60-marlex.rules",
+                                    "libexec/marlex/marlex-program",
+                                    Entry,
+                                    Metadata,
+                                    "share/doc/marlex/manual.html",
+                                    "share/icons/hicolor/scalable/apps/marlex.svg",
+                                    "share/man/man1/marlex.1"};
+  for (const char* size : {"16", "22", "24", "32", "48", "64", "128", "256", "512"})
+    expected.insert("share/icons/hicolor/" + std::string(size) + "x" + size + "/apps/marlex.png");
+  for (const auto& picture : fs::directory_iterator(MARLEX_SOURCE_DIR "/docs/pictures"))
+    expected.insert("share/doc/marlex/pictures/" + picture.path().filename().string());
+  EXPECT_EQ(Files(), expected);
+}
+
+TEST_F(InstalledTree, HasACommandAndAProgramThatAnybodyMayStart) {
+  const fs::perms anybody = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+  for (const char* file : {"bin/marlex", "libexec/marlex/marlex-program"})
+    EXPECT_EQ(fs::status(Root / file).permissions() & anybody, anybody) << file;
+  std::string said;
+  EXPECT_EQ(Shell((Root / "bin/marlex --help").string(), said), 0);
+  EXPECT_NE(said.find("Usage: marlex [FOLDER]"), std::string::npos) << said;
+}
+
+TEST_F(InstalledTree, HasIconsOfTheSizesOfTheirFolders) {
+  for (const unsigned size : {16u, 22u, 24u, 32u, 48u, 64u, 128u, 256u, 512u}) {
+    const std::string folder = std::to_string(size) + "x" + std::to_string(size);
+    const std::string icon = Text(Root / "share/icons/hicolor" / folder / "apps/marlex.png");
+    ASSERT_GT(icon.size(), 24u) << folder;
+    for (const std::size_t place : {16u, 20u}) {  // width and height, high byte first
+      const unsigned high = static_cast<unsigned char>(icon[place + 2]);
+      const unsigned low = static_cast<unsigned char>(icon[place + 3]);
+      EXPECT_EQ(high << 8 | low, size);
+    }
+  }
+}
+
+TEST_F(InstalledTree, HasAValidDesktopEntryForItsCommandAndIcon) {
+  const std::string entry = Text(Root / Entry);
+  EXPECT_NE(entry.find("\nExec=marlex\n"), std::string::npos);
+  EXPECT_NE(entry.find("\nIcon=marlex\n"), std::string::npos);
+  if (!Has("desktop-file-validate")) GTEST_SKIP() << "desktop-file-utils is not installed";
+  std::string said;
+  EXPECT_EQ(Shell("desktop-file-validate " + (Root / Entry).string(), said), 0);
+  EXPECT_EQ(said, "");
+}
+
+TEST_F(InstalledTree, HasValidMetadata) {
+  EXPECT_NE(Text(Root / Metadata).find(">marlex.desktop<"), std::string::npos);
+  if (!Has("appstreamcli")) GTEST_SKIP() << "appstream is not installed";
+  std::string said;
+  EXPECT_EQ(Shell("appstreamcli validate --no-net " + (Root / Metadata).string(), said), 0) << said;
+  EXPECT_EQ(said.find("W:"), std::string::npos) << said;
+}
+
+/// What the program is, in each of its languages, is the first text of its main window.
+TEST_F(InstalledTree, NamesTheProgramAsItNamesItself) {
+  const std::string entry = Text(Root / Entry);
+  const std::string metadata = Text(Root / Metadata);
+  int languages = 0;
+  for (const auto& file : fs::directory_iterator(MARLEX_SOURCE_DIR "/src/i18n/strings")) {
+    const std::string texts = Text(file.path());
+    const std::size_t begin = texts.find('"') + 1;
+    const std::string name = texts.substr(begin, texts.find('"', begin) - begin);
+    EXPECT_NE(entry.find("=" + name + "\n"), std::string::npos) << file.path() << ": " << name;
+    EXPECT_NE(metadata.find(">" + name + "</summary>"), std::string::npos) << file.path();
+    ++languages;
+  }
+  EXPECT_EQ(languages, 14);
+}
+
+TEST_F(InstalledTree, HasAManualWithAllItsPictures) {
+  const std::string page = Text(Root / "share/doc/marlex/manual.html");
+  EXPECT_NE(page.find("<title>Using Tolvo Marlex</title>"), std::string::npos);
+  const std::regex picture("<img [^>]*src=\"([^\"]*)\"");
+  int pictures = 0;
+  for (std::sregex_iterator at(page.begin(), page.end(), picture), end; at != end; ++at) {
+    EXPECT_TRUE(fs::exists(Root / "share/doc/marlex" / (*at)[1].str())) << (*at)[1];
+    ++pictures;
+  }
+  EXPECT_GT(pictures, 5);
+  EXPECT_EQ(page.find("]("), std::string::npos) << "a link has been left as it is written";
+}
+
+TEST_F(InstalledTree, HasAManPageThatFormatsCleanly) {
+  if (!Has("man")) GTEST_SKIP() << "man-db is not installed";
+  std::string said;
+  const std::string page = (Root / "share/man/man1/marlex.1").string();
+  EXPECT_EQ(Shell("LC_ALL=C MANWIDTH=80 man --warnings -l " + page + " > /dev/null", said), 0);
+  EXPECT_EQ(said, "");
+}
+
+}  // namespace
+}  // namespace marlex
