@@ -76,12 +76,14 @@ TEST_F(Launcher, StartsTheUpdatedProgramInEachFolder) {
   }
 }
 
-TEST_F(Launcher, FollowsAPackageThatLiesElsewhereNow) {
+TEST_F(Launcher, OfAnotherPlaceTakesTheFolderOver) {
   Start("../desk");
-  fs::remove_all(Root / "usr");
   Put("opt", "2");
   EXPECT_EQ(Run("../opt/bin/marlex ../desk"), 0) << Said;
   EXPECT_EQ(Said, StartedIn("desk", "2"));
+  fs::remove_all(Root / "opt");
+  EXPECT_EQ(Start("../desk"), 0) << Said;
+  EXPECT_EQ(Said, StartedIn("desk", "1"));
 }
 
 TEST_F(Launcher, LeavesAnInstallationWithAProgramOfItsOwnAsItIs) {
@@ -114,9 +116,24 @@ TEST_F(Launcher, RefusesAFolderThatCannotBeMade) {
   EXPECT_TRUE(Says("marlex: the folder ../desk/lower cannot be made\n")) << Said;
 }
 
+/// Root may write everywhere, so it asks as somebody else.
 TEST_F(Launcher, RefusesAFolderThatCannotBeWritten) {
-  EXPECT_EQ(Start("/proc/self"), 1);
-  EXPECT_TRUE(Says(" cannot be written\n") || Says(" cannot hold a link")) << Said;
+  const fs::perms readable = fs::perms(0755);
+  for (const char* place : {"", "usr/libexec/marlex/marlex-program"})
+    fs::permissions(Root / place, readable);
+  fs::create_directory(Root / "desk");
+  fs::permissions(Root / "desk", fs::perms(0555));
+  const std::string somebody = geteuid() == 0 ? "setpriv --reuid 65534 --clear-groups " : "";
+  EXPECT_EQ(Run(somebody + "../usr/bin/marlex ../desk"), 1);
+  EXPECT_EQ(Said, "marlex: the folder " + (fs::canonical(Root) / "desk").string() +
+                      " cannot be written\n");
+}
+
+TEST_F(Launcher, RefusesAFolderWithoutRoomForALink) {
+  EXPECT_EQ(Start("/proc"), 1);
+  EXPECT_TRUE(Says("marlex: /proc cannot hold a link to the program\n") ||
+              Says("marlex: the folder /proc cannot be written\n"))
+      << Said;
 }
 
 TEST_F(Launcher, RefusesAnEmptyName) {
