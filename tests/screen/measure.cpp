@@ -116,7 +116,7 @@ bool TakesAnyText(const QWidget& widget) {
 
 /// Returns the texts that a widget paints, and expects each to be inside it and not shortened.
 QList<Piece> ExpectPaintedWhole(QWidget& widget) {
-  const QList<Piece> pieces = PaintedTexts::Of(widget);
+  QList<Piece> pieces = PaintedTexts::Of(widget);
   const QRectF room = QRectF(widget.rect()).adjusted(-0.5, -0.5, 0.5, 0.5);
   for (const Piece& piece : TakesAnyText(widget) ? QList<Piece>() : pieces) {
     EXPECT_FALSE(piece.Text.contains(kLeftOut)) << Describe(widget, piece.Text);

@@ -22,7 +22,9 @@ TEST(PrivateServer, OneThatDoesNotComeUpIsAnErrorThatSaysWhy) {
 
 TEST(PrivateServer, AKilledOneLeavesItsSocketAndStartsAgainOnIt) {
   PrivateServer server(kOneCard);
-  const std::string socket = std::string(getenv("HOME")) + "/native";
+  const char* const home = getenv("HOME");
+  ASSERT_TRUE(home);
+  const std::string socket = std::string(home) + "/native";
   server.Kill();
   EXPECT_TRUE(std::filesystem::is_socket(socket));
   EXPECT_EQ(server.Level(0), -1);
