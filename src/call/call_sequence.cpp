@@ -210,15 +210,10 @@ bool CallSequence::RestoreRouting() {
 }
 
 void CallSequence::RestoreMusic() {
-  const bool resumed = MusicState() != kStopped;
-  if (resumed) Music.PlaySong();
-  if (resumed && TheSettings.FadeTime > 0) {
-    Lines.OpenWave();
-    Lines.SetWave(FrmMxr::kSilent);
-    TheFades.FadeUp();
-  } else {
-    Lines.SetWave(TheSettings.MusicVolume);
-  }
+  if (MusicState() == kStopped) return Lines.SetWave(TheSettings.MusicVolume);
+  Music.PlaySong();
+  if (TheSettings.FadeTime > 0) Lines.OpenWave();
+  TheFades.BringMusicUp();
 }
 
 /// Plays a chime in place of any other file, with the microphone closed. Returns when it has ended,

@@ -42,13 +42,13 @@ class CallSequence {
   /// Handles the press of a call button. No effect during a call, or while the amplifier reports a
   /// call that takes precedence.
   ///
-  /// Waits until the microphone is open, or the call has ended before that.
+  /// Waits until the microphone is open, or the call has ended before that. Then test `CallActive`.
   void StartCall();
 
   /// Handles the release of a call button. No effect unless a call is in progress.
   ///
   /// Waits for what still sounds: a pre-chime that has begun, the post-chime, the fade of the
-  /// music.
+  /// music. Then test `CallActive`, which may be that of another call.
   void EndCall();
 
  private:

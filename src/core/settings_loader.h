@@ -21,6 +21,9 @@ class SettingsLoader {
   /// Loads the engine window, opens the mixer, reads all settings and shows the main window. On a
   /// first run, when there is no music directory, shows the settings dialog instead; its OK then
   /// shows the main window.
+  ///
+  /// Waits, without a mixer, for the answer to its box; the process then ends. And like
+  /// `PlaylistFiles::LoadPlaylist`.
   void LoadSettings();
 
   /// Reads the volumes and the fade time. Sets the levels of the lines and mutes them all; music,

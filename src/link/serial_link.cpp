@@ -100,7 +100,7 @@ void SerialLink::EndPriority() {
 void SerialLink::ReturnMusicZones() {
   TheFrmPlayers.tmrDwellTimer.Enabled = false;
   if (!TheSettings.RouterPresent || TheFrmPlayers.MP3Player.PlayState() != kPlaying) return;
-  TheFrmPlayers.tmrIODelay.Enabled = true;
+  Routing.RequestRouting();
   Lines.OpenMaster();
 }
 

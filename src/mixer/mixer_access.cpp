@@ -9,7 +9,7 @@ namespace marlex {
 namespace {
 
 constexpr std::uint32_t kFullLevel = 65535;
-constexpr std::uint32_t kMostSources = 10;
+constexpr std::uint32_t kMostSources = FrmMxr::kLines - 1;  // the first line is the speakers
 constexpr std::uint32_t kDevice = 0;
 
 std::string UpToNul(const std::string& text) { return text.substr(0, text.find('\0')); }

@@ -80,6 +80,12 @@ void Fades::EndAt(int position) {
   Stop();
 }
 
+void Fades::BringMusicUp() {
+  if (TheSettings.FadeTime <= 0) return Lines.SetWave(TheSettings.MusicVolume);
+  Lines.SetWave(FrmMxr::kSilent);
+  FadeUp();
+}
+
 void Fades::Stop() {
   TheFrmPlayers.tmrFadeTime.Enabled = false;
   TheFlags.FadeRunning = false;

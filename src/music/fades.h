@@ -29,8 +29,14 @@ class Fades {
   /// Fades up from the slider's position, with the target and the speed of the last fade-down, even
   /// if the settings have changed since; if there was none, with those of the settings.
   ///
-  /// Waits until it is over or something has stopped it; a call may have begun and be over.
+  /// Waits until it is over or something has stopped it. Then test `CallActive`; a call may also
+  /// have begun and be over.
   void FadeUp();
+
+  /// Brings the music up: from silence by a fade, or to its volume at once where fades are off.
+  ///
+  /// Waits like `FadeUp`.
+  void BringMusicUp();
 
   /// Ends a fade where it is.
   void Stop();

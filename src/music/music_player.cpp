@@ -42,7 +42,7 @@ void MusicPlayer::cmdPlay_Click() {
   }
   if (settings.RouterPresent) {
     if (!TheFlags.PriorityClear) return;
-    if (TheFrmPlayers.MP3Player.PlayState() != kPlaying) TheFrmPlayers.tmrIODelay.Enabled = true;
+    if (TheFrmPlayers.MP3Player.PlayState() != kPlaying) Routing.RequestRouting();
   }
   Lines.OpenMaster();
   CurrentSongPath = SelectedSongPath();

@@ -47,7 +47,10 @@ class MusicPlayer {
   /// Waits until they are over or a call has begun. Then test `CallActive`.
   std::function<void()> AnnounceAtBreak;
 
+  /// Waits, if the player refuses the song, like `cmdSkip_Click`.
   void cmdPlay_Click();
+
+  /// Waits for the messages that wait for the music break. Then test `CallActive`.
   void cmdSkip_Click();
   void cmdStop_Click();
   void PlaySong();  // starts or resumes the player if CurrentSongPath exists

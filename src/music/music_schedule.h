@@ -18,6 +18,8 @@ class MusicSchedule {
   MusicSchedule(Flags& flags, const Settings& settings, WallClock& clock, FrmMain& frmMain,
                 FrmPlayers& frmPlayers, ZoneRouting& routing, MusicPlayer& player, Fades& fades);
 
+  /// Waits, if the music starts and the player refuses its song, for the messages that wait for the
+  /// music break. Then test `CallActive`.
   void CheckMusicStart();
 
   /// Waits for the fade. Then test `CallActive` and `PriorityClear`; the minute may be another.

@@ -22,6 +22,8 @@ class PlaylistFiles {
                 const StringTable& strings);
 
   /// Reads `CurrentPlaylistFile` into the list and the settings; may start the music.
+  ///
+  /// Waits like `MusicPlayer::cmdPlay_Click` when it does.
   void LoadPlaylist();
 
   /// Menu: opens another playlist. The current song goes on, unless the new list starts the music.

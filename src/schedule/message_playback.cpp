@@ -82,7 +82,7 @@ void MessagePlayback::RestoreRouting() {
   Routing.ApplyMusicRouting();
   if (!TheSettings.RouterPresent) return;
   if (MusicIs(kPaused)) {
-    TheFrmPlayers.tmrIODelay.Enabled = true;
+    Routing.RequestRouting();
   } else {
     Routing.Release();
   }
@@ -91,12 +91,7 @@ void MessagePlayback::RestoreRouting() {
 void MessagePlayback::RestoreMusic() {
   if (!MusicIs(kPaused)) return;
   Music.PlaySong();
-  if (TheSettings.FadeTime > 0) {
-    Lines.SetWave(FrmMxr::kSilent);
-    TheFades.FadeUp();
-  } else {
-    Lines.SetWave(TheSettings.MusicVolume);
-  }
+  TheFades.BringMusicUp();
 }
 
 void MessagePlayback::ResumeScheduleAndTransport() {

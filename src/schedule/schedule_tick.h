@@ -29,7 +29,8 @@ class ScheduleTick {
   std::string CurrentMessageInfo;  // its messages
   std::string CurrentRouting;      // its zones
 
-  /// Waits for the fade of the music's stop, and for the announcement of a row.
+  /// Waits for the fade of the music's stop, and for the announcement of a row. Another tick, a
+  /// call or a takeover may come meanwhile.
   void Tick();
 
   /// Whether the tick would fire a row today, going by the row's weekdays.

@@ -11,13 +11,13 @@ struct Flags {
 
   /// The last status byte, 0, 64, 128 or 192: the priority of a call at the amplifier's own inputs,
   /// 0 for none. Set by the status byte; reset to 0 when the settings change to an amplifier
-  /// without a router.
+  /// without a router. Read by announcements and calls, which then release the zones first.
   int AmplifierStatus = 0;
-  /// The amplifier reports no call of our priority level or above. Set at start and by the status
-  /// byte; read by the band and by whatever begins: the tick, `cmdPlay`, calls and previews.
+  /// The amplifier reports no call of our priority level or above. Set at the start, by the status
+  /// byte, and when the settings change to an amplifier without a router; read by the band and by whatever begins: the tick, `cmdPlay`, calls and previews.
   bool PriorityClear = false;
   /// The amplifier has interrupted something of ours, until status 0. Set and cleared by the status
-  /// byte; read by calls, announcements, previews, the routing timer and the band.
+  /// byte, cleared as well when the settings change to an amplifier without a router; read by calls, announcements, previews, the routing timer and the band.
   bool PriorityPreempted = false;
 
   // The call.
@@ -25,8 +25,8 @@ struct Flags {
   /// A call is in progress, from the press until its release has restored everything. Set and
   /// cleared by the call, also cleared by a takeover; read by everything that gives way to a call.
   bool CallActive = false;
-  /// The button was released during a fade, before the pre-chime, which turned the fade up. Set by
-  /// the release, cleared by the press; ends the wait of a fade down.
+  /// The button was released during the fade before the pre-chime; the release turned the fade
+  /// round. Set by the release, cleared by the press; ends the wait of a fade down.
   bool CallEndedDuringFade = false;
   /// The button was released while `WavFinished` was false, in a pre-chime or in a call without
   /// one. Set by the release. After a pre-chime, it is cleared by the call or the next press;
@@ -40,23 +40,24 @@ struct Flags {
   /// by a call over music; read by everything that gives way to messages.
   bool MessagePlaying = false;
   /// A row waits for the music break. Set and cleared by the tick, also cleared at the end of the
-  /// song.
+  /// song. Read by the end of the song, and by the band.
   bool MessageAwaitingSongEnd = false;
   /// The wave player has reported the end of its file. Set by that report and when a preview is
-  /// stopped; cleared by each procedure that starts a file.
+  /// stopped; cleared by each procedure that starts a file. Read by the waits for a file, and by the
+  /// release of a call.
   bool WavFinished = false;
 
   // The fade.
 
   /// A fade is in progress. Set and cleared by the fades; a takeover stops one, and so does the end
-  /// of the preview that it fades. Read by the waits of the fades, by the release of a call and by
-  /// previews.
+  /// of the preview that it fades. Read by the waits of the fades, by the release of a call, by the
+  /// end of a song, by previews and by the band.
   bool FadeRunning = false;
 
   // The music's clock.
 
-  /// The minute of the current tick, "HH:MM". Set by the tick and by a playlist with autostart when
-  /// it is opened; empty before either.
+  /// The minute of the current tick, "HH:MM". Set by the tick, and by a playlist with autostart when
+  /// it is loaded; empty before either. Read by the tick and by the music's clock.
   std::string CurrentMinute;
   /// Keeps the clock from starting the music. Set by `cmdStop`; cleared by `cmdPlay`, by opening a
   /// playlist and at midnight.

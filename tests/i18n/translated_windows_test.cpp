@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <map>
+#include <ostream>
 #include <set>
 
 #include "desk/desk.h"
@@ -10,6 +11,9 @@
 #include "i18n/string_blocks.h"
 
 namespace marlex {
+
+void PrintTo(const Language& language, std::ostream* out) { *out << language.Name; }
+
 namespace {
 
 using Texts = std::map<std::string, std::string>;  // by window and control

@@ -61,12 +61,15 @@ class InstalledTree : public testing::Test {
 
 TEST_F(InstalledTree, HoldsWhatBelongsToTheProgramAndNothingElse) {
   std::set<std::string> expected = {"bin/marlex",
+                                    "bin/marlex-unattended",
+                                    "lib/systemd/user/marlex.service",
                                     "lib/udev/rules.d/60-marlex.rules",
                                     "libexec/marlex/marlex-program",
                                     Entry,
                                     Metadata,
                                     "share/doc/marlex/manual.html",
                                     "share/icons/hicolor/scalable/apps/marlex.svg",
+                                    "share/man/man1/marlex-unattended.1",
                                     "share/man/man1/marlex.1"};
   for (const char* size : {"16", "22", "24", "32", "48", "64", "128", "256", "512"})
     expected.insert("share/icons/hicolor/" + std::string(size) + "x" + size + "/apps/marlex.png");
@@ -75,13 +78,22 @@ TEST_F(InstalledTree, HoldsWhatBelongsToTheProgramAndNothingElse) {
   EXPECT_EQ(Files(), expected);
 }
 
-TEST_F(InstalledTree, HasACommandAndAProgramThatAnybodyMayStart) {
+TEST_F(InstalledTree, HasCommandsAndAProgramThatAnybodyMayStart) {
   const fs::perms anybody = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
-  for (const char* file : {"bin/marlex", "libexec/marlex/marlex-program"})
+  for (const char* file : {"bin/marlex", "bin/marlex-unattended", "libexec/marlex/marlex-program"})
     EXPECT_EQ(fs::status(Root / file).permissions() & anybody, anybody) << file;
   std::string said;
   EXPECT_EQ(Shell((Root / "bin/marlex --help").string(), said), 0);
   EXPECT_NE(said.find("Usage: marlex [FOLDER]"), std::string::npos) << said;
+}
+
+/// The service manager itself cannot check it without a session.
+TEST_F(InstalledTree, HasAServiceThatStartsItsCommand) {
+  const std::string service = Text(Root / "lib/systemd/user/marlex.service");
+  const std::regex start("\nExecStart=/[^\n]*/bin/marlex %E/marlex/unattended\n");
+  EXPECT_TRUE(std::regex_search(service, start)) << service;
+  for (const char* line : {"Type=notify", "WatchdogSec=30", "Restart=on-failure"})
+    EXPECT_NE(service.find("\n" + std::string(line) + "\n"), std::string::npos) << line;
 }
 
 TEST_F(InstalledTree, HasIconsOfTheSizesOfTheirFolders) {
@@ -144,12 +156,14 @@ TEST_F(InstalledTree, HasAManualWithAllItsPictures) {
   EXPECT_EQ(page.find("]("), std::string::npos) << "a link has been left as it is written";
 }
 
-TEST_F(InstalledTree, HasAManPageThatFormatsCleanly) {
+TEST_F(InstalledTree, HasManPagesThatFormatCleanly) {
   if (!Has("man")) GTEST_SKIP() << "man-db is not installed";
   std::string said;
-  const std::string page = (Root / "share/man/man1/marlex.1").string();
-  EXPECT_EQ(Shell("(LC_ALL=C MANWIDTH=80 man --warnings -l " + page + " > /dev/null)", said), 0);
-  EXPECT_EQ(said, "");
+  for (const char* name : {"marlex.1", "marlex-unattended.1"}) {
+    const std::string page = (Root / "share/man/man1" / name).string();
+    EXPECT_EQ(Shell("(LC_ALL=C MANWIDTH=80 man --warnings -l " + page + " > /dev/null)", said), 0);
+    EXPECT_EQ(said, "") << name;
+  }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "desktop/files/temporary_directory.h"
 #include "desktop/windows/contrast.h"
+#include "desktop/windows/print_scheme.h"
 #include "desktop/windows/qt_dialogs.h"
 #include "desktop/windows/theme.h"
 #include "desktop/windows/theme_colors.h"

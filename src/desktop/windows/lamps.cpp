@@ -52,7 +52,7 @@ void Lamps::Paint(const Glance& glance) {
     Light(Zones[zone].Widget, how);
     Light(*ZoneNames[zone], how);
   }
-  const char* calling = glance.What == OnAir::Call ? kLive : kWaiting;
+  const char* calling = glance.What == OnAir::Call ? kLive : glance.IsHeldBack ? kDark : kWaiting;
   for (const Lamp& call : Calls)
     Light(call.Widget, call.Source.BackColor == kButtonFace ? kDark : calling);
   Light(AmplifierNote, glance.IsHeldBack ? kHeld : kDark);

@@ -15,7 +15,7 @@ bool IsLit(const QWidget& lamp);
 /// note about a call of the amplifier. In the system's colours a zone is green whenever it is fed,
 /// and the call lamp flashes in green during a chime. On the screen full green means that speech or
 /// a message is on the air now: a zone that is fed with anything else is pale, and the call lamp
-/// flashes in grey.
+/// flashes in grey, and is dark while the amplifier holds the call back.
 class Lamps {
  public:
   /// `window` must contain the widgets of the lamps. Construct the lamps before the bindings, which

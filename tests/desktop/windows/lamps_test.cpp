@@ -90,6 +90,7 @@ TEST_F(LampsTest, AreNotGreenDuringACallOfTheAmplifier) {
   Shop.Settle();
   EXPECT_EQ(Zones(), "fed fed face ");
   EXPECT_EQ(Ground("lblHiPrio") + " " + Ground("paneOnAir"), "notice notice");
+  EXPECT_EQ(Ground("lblBusy_0"), "face") << "nobody waits for a call that has been cut off";
 }
 
 TEST_F(LampsTest, ACallThatDoesNotHoldUsBackIsNoted) {

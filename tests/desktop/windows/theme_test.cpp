@@ -3,20 +3,15 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <cmath>
-#include <ostream>
 
 #include "desktop/windows/contrast.h"
 #include "desktop/windows/painted_windows.h"
+#include "desktop/windows/print_scheme.h"
 #include "desktop/windows/texts.h"
 #include "desktop/windows/theme.h"
 #include "desktop/windows/theme_colors.h"
 
 namespace marlex {
-
-void PrintTo(Scheme scheme, std::ostream* out) {
-  *out << (scheme == Scheme::Light ? "Light" : "Dark");
-}
-
 namespace {
 
 class Theme : public ::testing::TestWithParam<Scheme> {
