@@ -21,12 +21,12 @@ CallSequence::CallSequence(Flags& flags, const Settings& settings, EventLoop& lo
       Music(music),
       ThePreviews(previews),
       Strings(strings) {
-  for (CommandButton* key : {&frmMain.cmdCall, &frmMain.cmdCall2}) {
-    key->OnMouseDown = [this](MouseButton button) {
-      if (button == MouseButton::Left) StartCall();
+  for (CommandButton* button : {&frmMain.cmdCall, &frmMain.cmdCall2}) {
+    button->OnMouseDown = [this](MouseButton mouseButton) {
+      if (mouseButton == MouseButton::Left) StartCall();
     };
-    key->OnMouseUp = [this](MouseButton button) {
-      if (button == MouseButton::Left) EndCall();
+    button->OnMouseUp = [this](MouseButton mouseButton) {
+      if (mouseButton == MouseButton::Left) EndCall();
     };
   }
   frmPlayers.tmrFlash.OnTimer = [this] { FlashLamps(); };

@@ -65,7 +65,7 @@ void SettingsDialog::Load() {
   ShowMicrophone();
   TheFrmSettings.Caption = Strings.LoadString(kStrSettings);
   TheFrmSettings.cmdOK.Caption = Strings.LoadString(kStrOk);
-  NameSelectKeys();
+  NameSelectButtons();
   TheFrmSettings.Explain[0].BackColor = TheFrmSettings.frVolume.BackColor;
   TheFrmSettings.Explain[1].BackColor = TheFrmSettings.frVolume.BackColor;
   ReadDirectories();
@@ -75,8 +75,8 @@ void SettingsDialog::Load() {
   ReadFadeTime();
 }
 
-/// Deliberate: French has no text for these keys, and they keep the English one of their design.
-void SettingsDialog::NameSelectKeys() {
+/// Deliberate: French has no text for these buttons, which keep the English one of their design.
+void SettingsDialog::NameSelectButtons() {
   const auto text = Strings.Find(kStrSelect);
   if (!text) return;
   TheFrmSettings.cmdPreSelect.Caption = *text;

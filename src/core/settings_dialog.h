@@ -32,7 +32,7 @@ class SettingsDialog {
   void WireSliders();
 
   void Load();
-  void NameSelectKeys();
+  void NameSelectButtons();
   void ShowMicrophone();
   void ReadDirectories();
   void ReadChimes();

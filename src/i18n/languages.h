@@ -7,7 +7,7 @@
 namespace marlex {
 
 /// A language: its English name, which the settings store, the base of its block in the string
-/// table, the name by which the PC knows it, and the code page of files written by older PCs.
+/// table, its locale, and the code page of files written by older PCs.
 struct Language {
   const char* Name;
   int LanguageBase;
@@ -33,7 +33,7 @@ inline constexpr std::array<Language, 14> kLanguageTable = {{
     {"Swedish", 7000, "sv"},
 }};
 
-/// The PC's name of the language whose texts begin there.
+/// Locale of the language whose block begins at `languageBase`.
 constexpr const char* LocaleOf(int languageBase) {
   for (const Language& language : kLanguageTable) {
     if (language.LanguageBase == languageBase) return language.Locale;

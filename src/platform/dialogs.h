@@ -28,7 +28,7 @@ struct FileDialogTexts {
   std::string Exists;    // in a save dialog: a file has that name; replace it?
   std::string Replace;   // the two answers to that
   std::string Cancel;
-  std::string Ok = "OK";  // the one key of a message box
+  std::string Ok = "OK";  // the one button of a message box
 
   // Of a file dialog's own parts.
   std::string Folder;

@@ -85,8 +85,8 @@ void SelectedMessages::RemoveAll() {
 void SelectedMessages::ClearSelection() {
   Window.SelectedWavs.Clear();
   Window.SelectedFiles.Clear();
-  for (CommandButton* key : {&Window.RemoveKey, &Window.RemAll_Key, &Window.PrevKey})
-    key->Enabled = false;
+  for (CommandButton* button : {&Window.RemoveKey, &Window.RemAll_Key, &Window.PrevKey})
+    button->Enabled = false;
 }
 
 void SelectedMessages::LoadSelectedMessages(const std::string& messagesText) {

@@ -84,8 +84,8 @@ void SequenceEditor::HoldAndShowAllDays() {
 void SequenceEditor::PrepareControls() {
   for (int zone = 0; zone < kZones; ++zone)
     Window.cmdZone[zone].Caption = Store.Values.ZoneNames[static_cast<std::size_t>(zone)];
-  for (CommandButton* key : {&Window.RemoveKey, &Window.PrevKey, &Window.RemAll_Key})
-    key->Enabled = false;
+  for (CommandButton* button : {&Window.RemoveKey, &Window.PrevKey, &Window.RemAll_Key})
+    button->Enabled = false;
   Window.frInterval.Visible = false;
   constexpr int kHourMinutes = 60;
   for (int minute = 0; minute < kHourMinutes; ++minute)

@@ -27,7 +27,7 @@ class SimulatedSongPlayer : public SongPlayer {
   void Stop() override;
 
   /// Simulates a slow drive: how long after loading a song its length becomes known.
-  /// It plays at once all the same.
+  /// It still starts at once.
   int LengthDelayMs = 0;
 
   /// Forgets its song and its handler, as the end of the process does.

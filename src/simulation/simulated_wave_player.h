@@ -37,7 +37,7 @@ class SimulatedWavePlayer : public WavePlayer {
   int ReportDelayMs = 0;
 
   /// Simulates a slow drive: how long after opening a file its length becomes known.
-  /// It plays at once all the same.
+  /// It still starts at once.
   int LengthDelayMs = 0;
 
  private:

@@ -17,8 +17,8 @@ class PosixProcess : public Process {
   PosixProcess(const PosixProcess&) = delete;
   PosixProcess& operator=(const PosixProcess&) = delete;
 
-  /// The directory of the executable's file, even when a link started it. Only the program of a
-  /// package has the directory of that link.
+  /// Directory of the executable itself, even if a link started it; for a packaged program, that of
+  /// the link.
   std::string ApplicationDirectory() const override;
 
   /// Does not find a window that this object itself has claimed.

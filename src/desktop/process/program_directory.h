@@ -4,10 +4,10 @@
 
 namespace marlex {
 
-/// File name of the program in a package. It lies in no installation: each has a link to it.
+/// File name of the program in a package. It is in no installation folder; each holds a link to it.
 inline constexpr const char* kPackagedProgram = "marlex-program";
 
-/// The path that this process was started by, which may be that of a link. Empty when unknown.
+/// The path by which this process was started, which may be that of a link. Empty when unknown.
 std::filesystem::path StartedPath();
 
 /// Directory of the last of the links by which the program of a package was started. Empty for

@@ -35,7 +35,7 @@ constexpr GrowingText kTexts[] = {
 
 constexpr const char* kUngrown = "#frSchedule * { font-size: 10.5pt; }";
 
-/// The size that a part has at least, before it grows.
+/// Minimum size of a part before it grows.
 QSize SmallestOf(const QWidget& part) {
   const auto* sign = dynamic_cast<const GlyphSign*>(&part);
   return sign ? sign->sizeHint() : part.minimumSize();

@@ -8,7 +8,7 @@
 
 namespace marlex {
 
-/// Whether a lamp is lit, in whatever colour.
+/// Whether a lamp is lit, in any colour.
 bool IsLit(const QWidget& lamp);
 
 /// Paints the lamps of the main window: those of the zones with their names, the call lamp, and the

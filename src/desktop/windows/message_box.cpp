@@ -59,7 +59,7 @@ void MessageBox::showEvent(QShowEvent* event) {
   PutPathsApart();
 }
 
-/// The size of the box, which Qt chooses when it appears, says what fits on a line.
+/// Qt sets the size of the box when it appears; only then is it known what fits on a line.
 void MessageBox::PutPathsApart() {
   const auto* label = findChild<QLabel*>("qt_msgbox_label");
   if (!label || !label->wordWrap()) return;

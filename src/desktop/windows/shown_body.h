@@ -11,7 +11,7 @@ namespace marlex {
 /// line is broken after its separators. Each line runs in its own direction and begins on the left.
 QString ShownBody(const std::string& body);
 
-/// The same text, in which a path begins a line of its own where it does not fit beside the words
+/// The same text, with a path moved to a line of its own where it does not fit after the words
 /// before it.
 QString WithPathsApart(const QString& shown, const std::function<bool(const QString& line)>& fits);
 

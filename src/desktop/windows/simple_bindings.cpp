@@ -78,23 +78,24 @@ class CommandBinding : public ButtonBinding {
       });
     });
     Watch.OnPress = [this, &button, &hand](const QMouseEvent& event) {
-      hand.Forward(button, [this, &button, key = event.button()] { Down(button, key); });
+      hand.Forward(button,
+                   [this, &button, mouseButton = event.button()] { Down(button, mouseButton); });
     };
-    Watch.OnRelease = [this, &button, &hand](Qt::MouseButton key) {
-      hand.ForwardAlways([this, &button, key] { Up(button, key); });
+    Watch.OnRelease = [this, &button, &hand](Qt::MouseButton mouseButton) {
+      hand.ForwardAlways([this, &button, mouseButton] { Up(button, mouseButton); });
     };
   }
 
  private:
-  void Down(CommandButton& button, Qt::MouseButton key) {
-    Forwarded |= key;
-    if (button.OnMouseDown) button.OnMouseDown(MouseButtonOf(key));
+  void Down(CommandButton& button, Qt::MouseButton mouseButton) {
+    Forwarded |= mouseButton;
+    if (button.OnMouseDown) button.OnMouseDown(MouseButtonOf(mouseButton));
   }
 
-  void Up(CommandButton& button, Qt::MouseButton key) {
-    if (!(Forwarded & key)) return;
-    Forwarded &= ~Qt::MouseButtons(key);
-    if (button.OnMouseUp) button.OnMouseUp(MouseButtonOf(key));
+  void Up(CommandButton& button, Qt::MouseButton mouseButton) {
+    if (!(Forwarded & mouseButton)) return;
+    Forwarded &= ~Qt::MouseButtons(mouseButton);
+    if (button.OnMouseUp) button.OnMouseUp(MouseButtonOf(mouseButton));
   }
 
   PressWatch Watch;

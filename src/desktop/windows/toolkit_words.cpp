@@ -10,7 +10,7 @@ namespace marlex {
 
 namespace {
 
-/// Other threads ask for other words, and get none.
+/// Called on other threads too, which ask for other words; those get no translation.
 bool IsTranslated(std::string_view context, std::string_view source) {
   if (context == "QFileSystemModel") return source == "Computer";
   if (context == "QFileDialog") return source == "Recent Places";

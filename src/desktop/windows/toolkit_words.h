@@ -16,7 +16,7 @@ class ToolkitWords : public QTranslator {
  public:
   using LocaleNow = std::function<std::string()>;
 
-  /// Translates as long as the object lives. `folder` holds the translations.
+  /// Translates while the object exists. `folder` holds the translations.
   explicit ToolkitWords(LocaleNow locale, const QString& folder = InstalledFolder());
 
   static QString InstalledFolder();
