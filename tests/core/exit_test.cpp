@@ -163,7 +163,7 @@ TEST(Exit, TheMenuEndsTheProgramAtOnceInTheMidstOfAnything) {
   }
 }
 
-TEST(Exit, ClosingTheMainWindowEndsTheProgramAtOnceInTheMidstOfAnything) {
+TEST(Exit, ClosingTheWindowEndsTheProgramAtOnceInTheMidstOfAnything) {
   for (const Midst& midst : kMidsts) {
     SCOPED_TRACE(midst.Name);
     Desk desk(Shop(true), kNobodyAnswers);

@@ -117,7 +117,7 @@ TEST(SettingsLoader, AnEmptyChimeIsNoChime) {
   EXPECT_EQ(desk.Values().PostChime, "dong");
 }
 
-TEST(SettingsLoader, AnEmptyMusicDirectoryIsAFirstRunOnWhichNoOtherKeyTakesEffect) {
+TEST(SettingsLoader, AnEmptyMusicDirectoryIsAFirstRunOnWhichNoOtherKeyCounts) {
   std::unique_ptr<Desk> desk = std::make_unique<Desk>(
       DeskOptions{.Music = {{"march"}}, .Priority = "High", .Autostart = "True"},
       [](SimulatedPc& pc) {

@@ -89,7 +89,7 @@ TEST(StartUp, EnglishIsOnWhenTheLanguageDialogOpens) {
   EXPECT_EQ(desk.Setting("User language", "Language"), "English");
 }
 
-TEST(StartUp, EachKeyOfTheLanguageDialogStoresItsEnglishNameAndSetsItsBase) {
+TEST(StartUp, EachLanguageOptionStoresItsEnglishNameAndSetsItsBase) {
   for (int index = 0; index < FrmLangSel::kLanguages; ++index) {
     Desk desk({.Language = ""});
     desk.Click("optLanguage_" + std::to_string(index));

@@ -120,8 +120,8 @@ bool Desk::OnHiddenPanel(const Control& control) {
   return (&control == &editor.cmdOK || &control == &editor.cmdCancel) && !editor.frInterval.Visible;
 }
 
-/// Windows that are open together may have controls of the same name. The first one in this order
-/// is meant: the message schedule editor comes before the main window, and the main window before
+/// Windows that are open together may have controls of the same name. Finds the first one in this
+/// order: the message schedule editor comes before the main window, and the main window before
 /// the playlist editor, whose tests pass the control itself.
 template <class T>
 T* Desk::Look(const std::string& name) {

@@ -74,7 +74,7 @@ TEST(ReportedFaults, OfAPlaylistNameItsFile) {
   EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Body, "Die Datei kann nicht gespeichert werden: /app/new.lst");
 }
 
-/// The box that leads to the settings names the key that stands below it.
+/// The box that leads to the settings names the button below it.
 TEST(ReportedFaults, TheWordOnTheKeyOfABoxIsTheOneThatItsTextNames) {
   for (const auto& language : {"German", "Spanish", "Turkish", "Hebrew"}) {
     Desk desk({.Messages = {}, .Language = language});

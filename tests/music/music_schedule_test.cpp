@@ -147,7 +147,7 @@ TEST(MusicSchedule, TheBarOfTheStopKeyIsLiftedByThePlayKeyAndByAnOpenedList) {
   EXPECT_EQ(desk.PlayState(), kPlaying);
 }
 
-TEST(MusicSchedule, AProgramStartedInsideTheWindowStartsTheMusicWithItsFirstTick) {
+TEST(MusicSchedule, AProgramStartedInsideTheWindowStartsMusicWithItsFirstTick) {
   ClockDesk desk({.Now = {2024, 1, 1, 12, 7, 20}});
   EXPECT_EQ(desk.PlayState(), kStopped);
   desk.Advance(1000);

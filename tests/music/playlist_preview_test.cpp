@@ -191,7 +191,7 @@ TEST(PlaylistPreview, ATakeoverLeavesASongThatAnotherListWasOpenedOver) {
   EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
 }
 
-TEST(PlaylistPreview, AnAmplifierThatTakesOverLeavesTheMusicOfTheMainWindowRunning) {
+TEST(PlaylistPreview, AnAmplifierThatTakesOverLeavesTheMainWindowsMusicRunning) {
   PreviewDesk desk;
   desk.Click("cmdPlay");
   desk.Status(128);

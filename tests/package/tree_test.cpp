@@ -127,7 +127,7 @@ TEST_F(InstalledTree, HasValidMetadata) {
   EXPECT_EQ(said.find("W:"), std::string::npos) << said;
 }
 
-/// What the program is, in each of its languages, is the first text of its main window.
+/// The first text of the main window says what the program is, in each language.
 TEST_F(InstalledTree, NamesTheProgramAsItNamesItself) {
   const std::string entry = Text(Root / Entry);
   const std::string metadata = Text(Root / Metadata);

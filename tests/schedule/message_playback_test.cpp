@@ -185,7 +185,7 @@ TEST(MessagePlayback, AMessageShorterThanTheRoutingDelaySendsNoZones) {
             "1729 send 67\n");
 }
 
-TEST(MessagePlayback, TheTickAndTheTransportKeysAreOffFromTheFadeToTheEndOfTheRise) {
+TEST(MessagePlayback, TickAndTransportButtonsAreOffFromTheFadeToTheEndOfTheRise) {
   SpotDesk desk;
   desk.AdvanceTo(SpotDesk::kDue - 1);
   EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");

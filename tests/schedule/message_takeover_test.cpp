@@ -282,7 +282,7 @@ TEST(MessageTakeover, TheOperatorCannotStartASongUnderAMessage) {
   EXPECT_EQ(desk.Journal(), ThroughTheWholeSequence());
 }
 
-TEST(MessageTakeover, AnotherViewChosenUnderAMessageHasTheLastRowPaintedInItsPlace) {
+TEST(MessageTakeover, AnotherViewChosenUnderAMessageHasTheLastRowPaintedInstead) {
   SpotDesk desk({.Sequences = {{.Zones = "003000"}, {.File = "late.sch", .Hours = "15"}}});
   desk.AdvanceTo(kInTheFirstMessage);
   desk.Click("mnuAllDays");
@@ -350,7 +350,7 @@ TEST(MessageTakeover, AWindowClosedUnderAMessageEndsTheProgramToo) {
   EXPECT_EQ(desk.Journal(), "0 send 0\n0 serial close\n0 process ends\n");
 }
 
-TEST(MessageTakeover, AProgramKilledInAnyPhaseComesBackWithItsLevelsAndItsSchedule) {
+TEST(MessageTakeover, AProgramKilledInAnyPhaseComesBackWithItsLevelsAndSchedule) {
   for (const int atMs : {kInTheFade, kInTheFirstMessage, kInTheRise}) {
     SpotDesk desk({.Sequences = {{}, {.File = "b.sch", .Minutes = "03"}}});
     desk.AdvanceTo(atMs);

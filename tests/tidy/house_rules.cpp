@@ -245,12 +245,11 @@ std::string Oversizes(const SourceTree& sources) {
 }
 
 std::string LongTitles(const SourceTree& sources) {
-  static const std::regex longTitle(R"((\w{61,})\) \{)");
+  static const std::regex longTitle(R"((\w{60,})\) \{)");
   std::string complaints;
   ForEachLine(sources, [&](const std::string& path, std::size_t number, const std::string& line) {
     if (std::regex_search(line, longTitle))
-      complaints +=
-          Complaint(path, number, "the title has more than 60 characters; say it shorter");
+      complaints += Complaint(path, number, "the title has 60 characters or more; say it shorter");
   });
   return complaints;
 }

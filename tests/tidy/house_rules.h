@@ -27,7 +27,7 @@ std::string ForeignWords(const SourceTree& sources);
 /// Lines have at most a hundred characters, files at most five hundred lines.
 std::string Oversizes(const SourceTree& sources);
 
-/// Titles of tests have at most sixty characters.
+/// Titles of tests have fewer than sixty characters.
 std::string LongTitles(const SourceTree& sources);
 
 /// Every header begins with its include guard.

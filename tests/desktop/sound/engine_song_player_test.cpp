@@ -71,7 +71,7 @@ TEST(EngineSongPlayer, AnEndThatWasNotDeliveredYetIsDroppedByAStopAndByTheNextSo
   }
 }
 
-TEST(EngineSongPlayer, AnEndThatWasNotDeliveredBeforeAPauseIsKeptUntilTheSongGoesOn) {
+TEST(EngineSongPlayer, AnEndNotDeliveredBeforeAPauseIsKeptUntilTheSongGoesOn) {
   OfflineDesk desk;
   desk.Song.SetFileName(desk.Files.Mp3("song.mp3", 0.1));
   desk.Song.Play();

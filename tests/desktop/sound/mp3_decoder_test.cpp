@@ -99,7 +99,7 @@ TEST(Mp3Decoder, AJoinedFileWhoseHeaderCountsNoBytesIsReadThrough) {
   EXPECT_NEAR(PlayedSeconds(files.Path("alone.mp3")), 5, 0.1);
 }
 
-TEST(Mp3Decoder, PlaysOnBehindJunkInMidFile) {
+TEST(Mp3Decoder, PlaysOnAfterJunkInMidFile) {
   MediaFiles files;
   const std::string bytes = MediaFiles::Read(files.Mp3("song.mp3", 6));
   const std::size_t middle = bytes.size() / 2;
@@ -185,7 +185,7 @@ TEST(Mp3Decoder, TheFreeFormatPlaysAtEveryBitrate) {
   }
 }
 
-TEST(Mp3Decoder, PlaysBehindTagsAndJunkAtTheBeginning) {
+TEST(Mp3Decoder, PlaysAfterTagsAndJunkAtTheBeginning) {
   MediaFiles files;
   const std::string bytes = MediaFiles::Read(files.Mp3("song.mp3", 2));
   std::string liar = PictureTag(100);

@@ -71,7 +71,7 @@ TEST_F(DayRibbonViewTest, PaintsABarForATimeAndADotForABreak) {
   EXPECT_NE(At(Ribbon.PlaceOf(dot).left(), Ribbon.PlaceOf(dot).top()), Named("text"));
 }
 
-TEST_F(DayRibbonViewTest, TellsGoneComingConflictAndPlayingApartByColour) {
+TEST_F(DayRibbonViewTest, ShowsGoneComingConflictAndPlayingInColoursOfTheirOwn) {
   const std::map<DayMarkState, const char*> colours = {{DayMarkState::Gone, "day-gone"},
                                                        {DayMarkState::Coming, "text"},
                                                        {DayMarkState::Conflict, "day-conflict"},

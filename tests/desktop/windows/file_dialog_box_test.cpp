@@ -172,7 +172,7 @@ TEST(FileDialogBox, TwoPointsLeadToTheFolderAbove) {
   EXPECT_EQ(box.directory().path(), QFileInfo(folder.Place.path()).path());
 }
 
-TEST(FileDialogBox, ANameThatIsOpenedWithoutAnExtensionIsSoughtWithTheDefaultOne) {
+TEST(FileDialogBox, ANameOpenedWithoutAnExtensionIsSoughtWithTheDefaultOne) {
   TypingFolder folder;
   EXPECT_EQ(folder.Typed("a", folder.Asked(false)), "a.sch");
 }

@@ -166,7 +166,7 @@ TEST(DarkTheme, ComesAndGoesWithTheDesktopWhileTheProgramRuns) {
     }
     objects.push_back(windows.Screen.Main().findChildren<QObject*>().size());
   }
-  // The toolkit may hold one for a moment; what gathered would add one each day.
+  // The toolkit may hold one for a moment; a leak would add one each day.
   EXPECT_LT(objects.back() - objects.front(), kDays - 1);
 }
 
