@@ -14,10 +14,12 @@ struct Flags {
   /// without a router. Read by announcements and calls, which then release the zones first.
   int AmplifierStatus = 0;
   /// The amplifier reports no call of our priority level or above. Set at the start, by the status
-  /// byte, and when the settings change to an amplifier without a router; read by the band and by whatever begins: the tick, `cmdPlay`, calls and previews.
+  /// byte, and when the settings change to an amplifier without a router; read by the band and by
+  /// whatever begins: the tick, `cmdPlay`, calls and previews.
   bool PriorityClear = false;
   /// The amplifier has interrupted something of ours, until status 0. Set and cleared by the status
-  /// byte, cleared as well when the settings change to an amplifier without a router; read by calls, announcements, previews, the routing timer and the band.
+  /// byte, cleared as well when the settings change to an amplifier without a router; read by
+  /// calls, announcements, previews, the routing timer and the band.
   bool PriorityPreempted = false;
 
   // The call.
@@ -43,8 +45,8 @@ struct Flags {
   /// song. Read by the end of the song, and by the band.
   bool MessageAwaitingSongEnd = false;
   /// The wave player has reported the end of its file. Set by that report and when a preview is
-  /// stopped; cleared by each procedure that starts a file. Read by the waits for a file, and by the
-  /// release of a call.
+  /// stopped; cleared by each procedure that starts a file. Read by the waits for a file, and by
+  /// the release of a call.
   bool WavFinished = false;
 
   // The fade.
@@ -56,8 +58,8 @@ struct Flags {
 
   // The music's clock.
 
-  /// The minute of the current tick, "HH:MM". Set by the tick, and by a playlist with autostart when
-  /// it is loaded; empty before either. Read by the tick and by the music's clock.
+  /// The minute of the current tick, "HH:MM". Set by the tick, and by a playlist with autostart
+  /// when it is loaded; empty before either. Read by the tick and by the music's clock.
   std::string CurrentMinute;
   /// Keeps the clock from starting the music. Set by `cmdStop`; cleared by `cmdPlay`, by opening a
   /// playlist and at midnight.
