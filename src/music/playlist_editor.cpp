@@ -1,6 +1,5 @@
 #include "music/playlist_editor.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "i18n/translate_controls.h"
@@ -8,30 +7,12 @@
 #include "music/shuffle.h"
 #include "state/media_names.h"
 #include "state/week_time.h"
-#include "text/digit_mask.h"
-#include "text/numbers.h"
 #include "text/text_case.h"
 
 namespace marlex {
 namespace {
 
-constexpr int kChecked = 1;
 constexpr std::size_t kShownPathCharacters = 32;
-
-/// Selects the entry whose index the text holds. If the text is no number, or there is no such
-/// entry, clears the selection.
-void SelectNumber(ComboBox& list, std::string_view text) {
-  const bool hasDigit = text.find_first_of("0123456789") != std::string_view::npos;
-  const int index = hasDigit ? ToNumber(std::string(text)).value_or(-1) : -1;
-  list.SetListIndex(index >= 0 && index < list.ListCount() ? index : ListBox::kNoSelection);
-}
-
-/// Shows a time "HH:MM": the hour is characters 1 and 2, the minute 4 and 5, whatever is between
-/// them.
-void SelectTime(ComboBox& hours, ComboBox& minutes, const std::string& time) {
-  SelectNumber(hours, CharactersFrom(time, 1, 2));
-  SelectNumber(minutes, CharactersFrom(time, 4, 2));
-}
 
 }  // namespace
 
@@ -57,6 +38,7 @@ PlaylistEditor::PlaylistEditor(SettingsStore& store, Directories& directories, W
       TheFrmMain(windows.frmMain),
       TheFrmSettings(windows.frmSettings),
       TheFrmPlaylist(windows.frmPlaylist),
+      Times(windows.frmPlaylist),
       TheFrmPlayers(frmPlayers),
       Lines(lines),
       TheFades(fades),
@@ -110,18 +92,7 @@ void PlaylistEditor::Load() {
   }
   TheFrmPlaylist.PrevKey.Enabled = false;
   TheFrmPlaylist.frMusicTime.Visible = false;
-  FillTimeLists();
-}
-
-void PlaylistEditor::FillTimeLists() {
-  for (int hour = 0; hour < 24; ++hour) {
-    TheFrmPlaylist.cmbStartHours.AddItem(TwoDigits(std::to_string(hour)));
-    TheFrmPlaylist.cmbStopHours.AddItem(TwoDigits(std::to_string(hour)));
-  }
-  for (int minute = 0; minute < 60; ++minute) {
-    TheFrmPlaylist.cmbStartMinutes.AddItem(TwoDigits(std::to_string(minute)));
-    TheFrmPlaylist.cmbStopMinutes.AddItem(TwoDigits(std::to_string(minute)));
-  }
+  Times.Fill();
 }
 
 void PlaylistEditor::AddClicked() {
@@ -210,9 +181,7 @@ void PlaylistEditor::StopPreview() {
 
 void PlaylistEditor::optScheduled_Click(int index) {
   TheFrmPlaylist.frMusicTime.Visible = index == FrmPlaylist::kScheduled;
-  if (index == FrmPlaylist::kScheduled) return;
-  for (ComboBox* list : TimeLists()) list->SetListIndex(ListBox::kNoSelection);
-  for (const auto& day : TheFrmPlaylist.chkDays) day->Value = 0;
+  if (index != FrmPlaylist::kScheduled) Times.Clear();
 }
 
 void PlaylistEditor::mnuOpen_Click() {
@@ -245,15 +214,7 @@ void PlaylistEditor::ShowTimes() {
   const bool scheduled = !Values.MusicStartTime.empty();
   TheFrmPlaylist.frMusicTime.Visible = scheduled;
   TheFrmPlaylist.optScheduled[FrmPlaylist::kScheduled].SetValue(scheduled);
-  if (!scheduled) return;
-  SelectTime(TheFrmPlaylist.cmbStartHours, TheFrmPlaylist.cmbStartMinutes, Values.MusicStartTime);
-  SelectTime(TheFrmPlaylist.cmbStopHours, TheFrmPlaylist.cmbStopMinutes, Values.MusicStopTime);
-  // Days past the end of the mask are off.
-  const std::string mask = Values.MusicWeekDays + std::string(kWeekdays, '0');
-  const std::vector<bool> on = DigitsInPlace(mask, kWeekdays).value();
-  for (int day = 0; day < kWeekdays; ++day) {
-    TheFrmPlaylist.chkDays[day].Value = on[static_cast<std::size_t>(day)] ? kChecked : 0;
-  }
+  if (scheduled) Times.Show(Values);
 }
 
 void PlaylistEditor::mnuSave_Click() {
@@ -275,8 +236,8 @@ bool PlaylistEditor::RefuseEmptyList() {
 /// Deliberate: the songs are saved even when a time is missing, in a file without times. The file
 /// is written in one step.
 void PlaylistEditor::Save(const std::string& file) {
-  const bool timed = HasTimes();
-  const int missing = timed ? MissingTime() : 0;
+  const bool timed = Times.AnyIsChosen();
+  const int missing = timed ? Times.Missing() : 0;
   std::vector<ProfileEntry> entries = SongEntries();
   if (missing == 0) AddStart(entries, timed);
   if (!Store.RebuildProfile(entries, file)) {
@@ -284,8 +245,8 @@ void PlaylistEditor::Save(const std::string& file) {
   }
   if (missing != 0) return TheNotices.Error(missing);
   if (timed) {
-    Values.MusicStartTime = StartTime();
-    Values.MusicStopTime = StopTime();
+    Values.MusicStartTime = Times.Start();
+    Values.MusicStopTime = Times.Stop();
   } else {
     Values.MusicAutostart = TheFrmPlaylist.optScheduled[FrmPlaylist::kAutostart].Value();
   }
@@ -307,49 +268,12 @@ void PlaylistEditor::AddStart(std::vector<ProfileEntry>& entries, bool timed) co
   const auto add = [&entries](const ProfileKey& key, const std::string& value) {
     entries.push_back(EntryOf(key, value));
   };
-  add(keys::kStartTime, timed ? StartTime() : "");
-  add(keys::kStopTime, timed ? StopTime() : "");
-  add(keys::kMusicWeekdays, timed ? DayMask() : std::string(kWeekdays, '0'));
+  add(keys::kStartTime, timed ? Times.Start() : "");
+  add(keys::kStopTime, timed ? Times.Stop() : "");
+  add(keys::kMusicWeekdays, timed ? Times.Days() : std::string(kWeekdays, '0'));
   if (timed) return;
   add(keys::kAutostart,
       TheFrmPlaylist.optScheduled[FrmPlaylist::kAutostart].Value() ? "True" : "False");
-}
-
-bool PlaylistEditor::HasTimes() const {
-  const auto lists = TimeLists();
-  return TheFrmPlaylist.frMusicTime.Visible &&
-         std::any_of(lists.begin(), lists.end(),
-                     [](ComboBox* list) { return list->ListIndex() != ListBox::kNoSelection; });
-}
-
-/// Text id of the error for the first time list without a selection; 0 if all have one.
-int PlaylistEditor::MissingTime() const {
-  constexpr std::array kWords = {kStrStartHoursEmpty, kStrStartMinutesEmpty, kStrStopHoursEmpty,
-                                 kStrStopMinutesEmpty};
-  const auto lists = TimeLists();
-  for (std::size_t list = 0; list < lists.size(); ++list) {
-    if (lists[list]->ListIndex() == ListBox::kNoSelection) return kWords[list];
-  }
-  return 0;
-}
-
-std::string PlaylistEditor::StartTime() const {
-  return TheFrmPlaylist.cmbStartHours.Text() + ":" + TheFrmPlaylist.cmbStartMinutes.Text();
-}
-
-std::string PlaylistEditor::StopTime() const {
-  return TheFrmPlaylist.cmbStopHours.Text() + ":" + TheFrmPlaylist.cmbStopMinutes.Text();
-}
-
-std::string PlaylistEditor::DayMask() const {
-  std::vector<bool> on;
-  for (const auto& day : TheFrmPlaylist.chkDays) on.push_back(day->Value == kChecked);
-  return DigitMask(on);
-}
-
-std::array<ComboBox*, 4> PlaylistEditor::TimeLists() const {
-  return {&TheFrmPlaylist.cmbStartHours, &TheFrmPlaylist.cmbStartMinutes,
-          &TheFrmPlaylist.cmbStopHours, &TheFrmPlaylist.cmbStopMinutes};
 }
 
 }  // namespace marlex

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include "mixer/sound_lines.h"
 #include "music/fades.h"
 #include "music/music_player.h"
+#include "music/playlist_times.h"
 #include "platform/dialogs.h"
 #include "platform/directories.h"
 #include "platform/wall_clock.h"
@@ -36,7 +36,6 @@ class PlaylistEditor {
   void WireFile();
   void mnuPlaylist_Click();
   void Load();
-  void FillTimeLists();
 
   void AddClicked();  // AvailMP3s
   void cmdSelectAll_Click();
@@ -58,14 +57,6 @@ class PlaylistEditor {
   void Save(const std::string& file);
   std::vector<ProfileEntry> SongEntries() const;
   void AddStart(std::vector<ProfileEntry>& entries, bool timed) const;
-  bool HasTimes() const;
-  int MissingTime() const;
-  std::string StartTime() const;
-  std::string StopTime() const;
-  std::string DayMask() const;
-
-  /// Hour and minute of the start, then those of the stop.
-  std::array<ComboBox*, 4> TimeLists() const;
 
   SettingsStore& Store;
   Settings& Values;
@@ -75,6 +66,7 @@ class PlaylistEditor {
   FrmMain& TheFrmMain;
   FrmSettings& TheFrmSettings;
   FrmPlaylist& TheFrmPlaylist;
+  PlaylistTimes Times;
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;
   Fades& TheFades;
