@@ -5,6 +5,7 @@
 
 #include "platform/song_player.h"
 #include "simulation/journal.h"
+#include "simulation/loaded_file.h"
 #include "simulation/memory_disk.h"
 #include "simulation/virtual_loop.h"
 
@@ -15,10 +16,10 @@ namespace marlex {
 class SimulatedSongPlayer : public SongPlayer {
  public:
   SimulatedSongPlayer(VirtualLoop& loop, const MemoryDisk& disk, Journal& journal)
-      : Loop(loop), Disk(disk), Log(journal) {}
+      : File(loop, disk, MediaKind::Mp3), Loop(loop), Log(journal) {}
 
   void SetFileName(const std::string& path) override;
-  std::string FileName() const override { return Path; }
+  std::string FileName() const override { return File.Path(); }
   double Duration() const override;
   double CurrentPosition() const override;
   int PlayState() const override { return State; }
@@ -26,29 +27,19 @@ class SimulatedSongPlayer : public SongPlayer {
   void Pause() override;
   void Stop() override;
 
-  /// Simulates a slow drive: how long after loading a song its length becomes known.
-  /// It still starts at once.
-  int LengthDelayMs = 0;
+  LoadedFile File;  // loaded from loading or a start to a stop or the end
 
   /// Forgets its song and its handler, as the end of the process does.
   void Reset();
 
  private:
   std::int64_t PositionMs() const;
-  bool Load();
-  void Unload();
   void Halt(PlayStates state);
   void ReachEnd();
 
   VirtualLoop& Loop;
-  const MemoryDisk& Disk;
   Journal& Log;
 
-  std::string Path;
-  bool Loaded = false;        // from loading or a start to a stop or the end
-  int LengthMs = 0;           // of the loaded song
-  double KnownSeconds = 0;    // length while the song is not loaded
-  std::int64_t LoadedMs = 0;  // virtual time
   PlayStates State = kStopped;
   std::int64_t PlayedMs = 0;   // before the current start
   std::int64_t StartedMs = 0;  // virtual time of the current start

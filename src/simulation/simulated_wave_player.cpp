@@ -1,14 +1,13 @@
 #include "simulation/simulated_wave_player.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace marlex {
 
 SimulatedWavePlayer::SimulatedWavePlayer(VirtualLoop& loop, const MemoryDisk& disk,
                                          Journal& journal, std::string name)
-    : Loop(loop), Disk(disk), Log(journal), Name(std::move(name)) {}
+    : File(loop, disk, MediaKind::Wav), Loop(loop), Log(journal), Name(std::move(name)) {}
 
 void SimulatedWavePlayer::Command(std::string_view command) {
   if (command == "Open") Open();
@@ -22,24 +21,17 @@ int SimulatedWavePlayer::Mode() const {
   return Reported.expired() ? PresentMode : static_cast<int>(kWaveStopped);
 }
 
-long SimulatedWavePlayer::Length() const {
-  if (!Loaded) return KnownLengthMs;
-  return Loop.NowMs() - LoadedMs < LengthDelayMs ? 0 : LengthMs;
-}
-
 std::int64_t SimulatedWavePlayer::PositionMs() const {
   const std::int64_t playedMs =
       PresentMode == kWavePlaying ? PlayedMs + Loop.NowMs() - StartedMs : PlayedMs;
-  return std::min<std::int64_t>(playedMs, LengthMs);
+  return std::min<std::int64_t>(playedMs, File.LengthMs());
 }
 
 void SimulatedWavePlayer::Reset() {
   ++Opened;
   ++Started;
-  Path.clear();
+  File.Take("");
   PresentMode = kWaveNotOpen;
-  Unload();
-  KnownLengthMs = 0;
   PlayedMs = 0;
   Reported.reset();
   Notify = Wait = Shareable = false;
@@ -55,39 +47,23 @@ void SimulatedWavePlayer::Open() {
   ++Started;
   Reported.reset();
   PlayedMs = 0;
-  KnownLengthMs = 0;
-  Path = FileName;
-  Loaded = Load();
-  PresentMode = Loaded ? kWaveStopped : kWaveNotOpen;
-  if (Loaded) return;
-  Path.clear();
+  File.Take(FileName);
+  const bool playable = File.Load();
+  PresentMode = playable ? kWaveStopped : kWaveNotOpen;
+  if (playable) return;
+  File.Take("");
   Note("refuse " + FileNameOf(FileName));
   QueueReport(false);
 }
 
-/// Reads the file. False when it cannot be played.
-bool SimulatedWavePlayer::Load() {
-  const std::optional<int> lengthMs = Disk.MediaLengthMs(Path, MediaKind::Wav);
-  LengthMs = lengthMs.value_or(0);
-  LoadedMs = Loop.NowMs();
-  return lengthMs.has_value();
-}
-
-/// Lets go of the file, as a play does at its end. A later "Play" reads it again.
-void SimulatedWavePlayer::Unload() {
-  KnownLengthMs = static_cast<int>(Length());
-  Loaded = false;
-}
-
 void SimulatedWavePlayer::Play() {
   if (PresentMode != kWaveStopped && PresentMode != kWavePaused) return;
-  Loaded = Loaded || Load();
-  if (!Loaded) return QueueReport(false);  // the file has gone since it was opened
+  if (!File.Load()) return QueueReport(false);  // it has gone since it was opened
   Reported.reset();
   Note((PresentMode == kWavePaused ? "resume " : "play ") + ShortName());
   PresentMode = kWavePlaying;
   StartedMs = Loop.NowMs();
-  Loop.Schedule(std::max<std::int64_t>(LengthMs - PlayedMs, 1), [this, start = ++Started] {
+  Loop.Schedule(std::max<std::int64_t>(File.LengthMs() - PlayedMs, 1), [this, start = ++Started] {
     if (start == Started) FinishPlaying();
   });
 }
@@ -105,7 +81,7 @@ void SimulatedWavePlayer::Stop() {
   ++Started;
   PlayedMs = 0;
   PresentMode = kWaveStopped;
-  Unload();
+  File.Unload();
   Note("stop " + ShortName());
   QueueReport(false);
 }
@@ -114,15 +90,13 @@ void SimulatedWavePlayer::Close() {
   Stop();
   ++Started;
   PresentMode = kWaveNotOpen;
-  Path.clear();
-  Unload();
-  KnownLengthMs = 0;
+  File.Take("");
 }
 
 void SimulatedWavePlayer::FinishPlaying() {
   PlayedMs = 0;
   PresentMode = kWaveStopped;
-  Unload();
+  File.Unload();
   Note("end " + ShortName());
   QueueReport(true);
 }

@@ -7,6 +7,7 @@
 
 #include "platform/wave_player.h"
 #include "simulation/journal.h"
+#include "simulation/loaded_file.h"
 #include "simulation/memory_disk.h"
 #include "simulation/virtual_loop.h"
 
@@ -22,10 +23,10 @@ class SimulatedWavePlayer : public WavePlayer {
 
   void Command(std::string_view command) override;
   int Mode() const override;
-  long Length() const override;
+  long Length() const override { return File.KnownLengthMs(); }
 
   /// Path of the open file; empty when none is open.
-  const std::string& OpenFile() const { return Path; }
+  const std::string& OpenFile() const { return File.Path(); }
 
   /// Playing position in the file, in milliseconds.
   std::int64_t PositionMs() const;
@@ -36,14 +37,10 @@ class SimulatedWavePlayer : public WavePlayer {
   /// Milliseconds from the end of a play to its report, 0 to 20.
   int ReportDelayMs = 0;
 
-  /// Simulates a slow drive: how long after opening a file its length becomes known.
-  /// It still starts at once.
-  int LengthDelayMs = 0;
+  LoadedFile File;  // loaded from an opening or a start to the end of the play
 
  private:
   void Open();
-  bool Load();
-  void Unload();
   void Play();
   void Pause();
   void Stop();
@@ -52,19 +49,13 @@ class SimulatedWavePlayer : public WavePlayer {
   void QueueReport(bool done);
   void DeliverReport(bool done);
   void Note(const std::string& what) { Log.Write(Name, what); }
-  std::string ShortName() const { return FileNameOf(Path); }
+  std::string ShortName() const { return FileNameOf(File.Path()); }
 
   VirtualLoop& Loop;
-  const MemoryDisk& Disk;
   Journal& Log;
   std::string Name;
 
-  std::string Path;
   int PresentMode = kWaveNotOpen;
-  bool Loaded = false;           // from an opening or a start to the end of the play
-  int LengthMs = 0;              // of the loaded file
-  int KnownLengthMs = 0;         // of the open file while it is not loaded
-  std::int64_t LoadedMs = 0;     // virtual time
   std::int64_t PlayedMs = 0;     // before the current start
   std::int64_t StartedMs = 0;    // virtual time of the current start
   std::uint64_t Opened = 0;      // counts openings; reports of an earlier one are void

@@ -39,8 +39,8 @@ class SimulatedPlayerBench : public PlayerBench {
 
  private:
   void Delay(int ms) {
-    Pc.Wav.LengthDelayMs = ms;
-    Pc.Song.LengthDelayMs = ms;
+    Pc.Wav.File.LengthDelayMs = ms;
+    Pc.Song.File.LengthDelayMs = ms;
   }
 
   SimulatedPc Pc;
