@@ -15,6 +15,7 @@
 #include "controls/file_lists.h"
 #include "controls/grid.h"
 #include "controls/list_box.h"
+#include "desktop/windows/button_bindings.h"
 #include "desktop/windows/card.h"
 #include "desktop/windows/combo_binding.h"
 #include "desktop/windows/dir_binding.h"
