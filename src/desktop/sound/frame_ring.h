@@ -28,8 +28,8 @@ class FrameRing {
     const int count = std::min(frames, Free());
     const std::uint64_t at = Written.load(std::memory_order_relaxed);
     const int first = std::min(count, Capacity - Index(at));
-    std::memcpy(Frame(at), stereo, Bytes(first));
-    std::memcpy(Frame(0), stereo + std::size_t(first) * kChannels, Bytes(count - first));
+    std::memcpy(Frame(at), stereo, BytesOf(first));
+    std::memcpy(Frame(0), stereo + std::size_t(first) * kChannels, BytesOf(count - first));
     Written.store(at + std::uint64_t(count), std::memory_order_release);
     return count;
   }
@@ -46,7 +46,6 @@ class FrameRing {
  private:
   int Index(std::uint64_t at) const { return int(at & std::uint64_t(Capacity - 1)); }
   float* Frame(std::uint64_t at) { return Samples.data() + std::size_t(Index(at)) * kChannels; }
-  static std::size_t Bytes(int frames) { return std::size_t(frames) * kChannels * sizeof(float); }
 
   const int Capacity;
   std::vector<float> Samples;

@@ -32,8 +32,7 @@ int Shorten(float* stereo, int frames, int count) {
   const int blend = std::min(count, kept);
   const float* const next = stereo + std::size_t(count) * kChannels;
   Crossfade(stereo, next, stereo, blend);
-  std::memmove(stereo + blend * kChannels, next + blend * kChannels,
-               std::size_t(kept - blend) * kChannels * sizeof(float));
+  std::memmove(stereo + blend * kChannels, next + blend * kChannels, BytesOf(kept - blend));
   return kept;
 }
 
@@ -42,8 +41,7 @@ int Lengthen(float* stereo, int frames, int count) {
   float* const last = stereo + std::size_t(frames - count) * kChannels;
   // Append a copy of the last frames. Then smooth the seam: the original ones fade into what
   // precedes them, and so lead up to the beginning of the copy.
-  std::memcpy(stereo + std::size_t(frames) * kChannels, last,
-              std::size_t(count) * kChannels * sizeof(float));
+  std::memcpy(stereo + std::size_t(frames) * kChannels, last, BytesOf(count));
   Crossfade(last, last - std::size_t(count) * kChannels, last, count);
   return frames + count;
 }

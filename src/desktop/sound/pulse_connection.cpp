@@ -13,12 +13,12 @@
 namespace marlex {
 namespace {
 
-constexpr std::int64_t kLimitUs = 1500000;   // for one answer of the server
-constexpr std::int64_t kStartUs = 10000000;  // for the server to come while the session starts
-constexpr auto kPause = std::chrono::milliseconds(200);  // between two attempts meanwhile
-constexpr std::int64_t kCardUs = 5000000;                // for the session to find its first card
-constexpr std::int64_t kOthersUs = 1000000;  // for it to find the rest of its cards after that
-constexpr char kDummySink[] = "auto_null";   // in PulseAudio and PipeWire alike
+constexpr std::int64_t kLimitUs = 1500 * kUsPerMs;       // for one answer of the server
+constexpr std::int64_t kStartUs = 10 * kUsPerSecond;     // for the server to start with the session
+constexpr auto kPause = std::chrono::milliseconds(200);  // between two attempts until then
+constexpr std::int64_t kCardUs = 5 * kUsPerSecond;       // for the session to find its first card
+constexpr std::int64_t kOthersUs = kUsPerSecond;         // for its other cards after that
+constexpr char kDummySink[] = "auto_null";               // in PulseAudio and PipeWire alike
 
 /// A search for a source, and what the server answered.
 struct SourceSearch {

@@ -38,7 +38,7 @@ int RenderPath::Rewind(int least, int most) {
 }
 
 bool RenderPath::RenderNew(float* stereo, int frames) {
-  std::memset(stereo, 0, std::size_t(frames) * kChannels * sizeof(float));
+  std::memset(stereo, 0, BytesOf(frames));
   const bool sounded = Sounds;
   Sounds = Mixer.MixInto(stereo, frames);
   if (!Sounds) {
@@ -69,8 +69,7 @@ void RenderPath::Keep(const float* stereo, int frames) {
   for (int done = 0; done < frames;) {
     const int at = int(Kept % kKept);
     const int count = std::min(frames - done, kKept - at);
-    std::memcpy(&Mix[std::size_t(at) * kChannels], stereo + done * kChannels,
-                std::size_t(count) * kChannels * sizeof(float));
+    std::memcpy(&Mix[std::size_t(at) * kChannels], stereo + done * kChannels, BytesOf(count));
     Kept += unsigned(count);
     done += count;
   }

@@ -15,7 +15,7 @@
 namespace marlex {
 namespace {
 
-constexpr std::int64_t kFarewellUs = 1000000;  // the destructor waits for decoding threads
+constexpr std::int64_t kFarewellUs = kUsPerSecond;  // the destructor waits for decoding threads
 
 }  // namespace
 

@@ -5,7 +5,7 @@
 
 namespace marlex {
 
-inline constexpr std::int64_t kUsPerSecond = 1000000;
+inline constexpr std::int64_t kUsPerSecond = 1'000'000;
 inline constexpr std::int64_t kUsPerMs = 1000;
 inline constexpr std::int64_t kNsPerUs = 1000;
 inline constexpr std::int64_t kForeverUs = std::numeric_limits<std::int64_t>::max();
