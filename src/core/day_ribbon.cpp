@@ -53,7 +53,7 @@ DayRibbon DayPlan::Look() const {
   const LocalTime now = Clock.Now();
   DayRibbon day;
   day.Now = now.Hour * kMinutesPerHour + now.Minute;
-  day.Music = MusicOn(now.Weekday);
+  day.MusicHours = MusicOn(now.Weekday);
   for (int row = 1; row < TheGrid.Rows();) {
     const std::vector<int> rows = TakeMinute(TheGrid, row);
     if (rows.empty()) continue;
@@ -96,7 +96,9 @@ std::vector<int> DayPlan::RowsOfDay(const std::vector<int>& rows, int weekday) c
 DayMarkState DayPlan::StateOf(const std::string& time, bool isConflict,
                               const LocalTime& now) const {
   const bool hasFired = Tick.CurrentTime.starts_with(time);
-  if (hasFired && TheFlags.MessagePlaying) return DayMarkState::Playing;
+  // A takeover mutes the message.
+  if (hasFired && TheFlags.MessagePlaying)
+    return TheFlags.PriorityPreempted ? DayMarkState::Gone : DayMarkState::Playing;
   if (hasFired && Tick.RowWaits()) return DayMarkState::Coming;
   const std::string present = MinuteText(now);
   const bool isUsedUp = time == present && time == Tick.LastMinute;

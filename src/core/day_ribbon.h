@@ -37,7 +37,7 @@ struct DaySpan {
 
 /// Today from midnight to midnight.
 struct DayRibbon {
-  DaySpan Music;               // when the clock wants music
+  DaySpan MusicHours;          // when the clock wants music
   std::vector<DayMark> Marks;  // by minute, one each
   int Now = 0;                 // minute of the day
 

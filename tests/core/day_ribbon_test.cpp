@@ -43,7 +43,7 @@ std::string Marks(const Desk& desk) {
 
 std::string Music(const DeskOptions& options) {
   const Desk desk(options);
-  const DaySpan span = Day(desk).Music;
+  const DaySpan span = Day(desk).MusicHours;
   return span.From == span.To ? "none" : Clock(span.From) + "-" + Clock(span.To);
 }
 
@@ -121,6 +121,13 @@ TEST(DayRibbon, ShowsTheAnnouncementThatPlaysAfterItsMinuteToo) {
                 kSilent);
   desk.RunTo(12, 3);
   EXPECT_EQ(Marks(desk), "12:01 playing, 12:02 gone");
+}
+
+TEST(DayRibbon, ShowsNoAnnouncementThatATakeoverMutes) {
+  SpotDesk desk({.Sequences = {{"a.sch", "welcome", "12", "01,02"}}});
+  desk.AdvanceTo(SpotDesk::kFadedDown + 1);
+  desk.Status(128);
+  EXPECT_EQ(Marks(desk), "12:01 gone, 12:02");
 }
 
 TEST(DayRibbon, KeepsTheMarkOfARowThatWaitsForTheBreakUntilItPlays) {

@@ -77,8 +77,8 @@ QRect DayRibbonView::PlaceOf(const DayMark& mark) const {
 }
 
 QRect DayRibbonView::PlaceOfMusic() const {
-  const int from = PlaceOf(Shown.Music.From);
-  return {from, kMusicTop, PlaceOf(Shown.Music.To) - from, kMusicHeight};
+  const int from = PlaceOf(Shown.MusicHours.From);
+  return {from, kMusicTop, PlaceOf(Shown.MusicHours.To) - from, kMusicHeight};
 }
 
 QSize DayRibbonView::sizeHint() const { return {0, kHeight}; }

@@ -269,8 +269,8 @@ QString FileDialogBox::OnDisk(const QString& path) const {
   return QDir(OnDisk(QFileInfo(path).path())).filePath(name);
 }
 
-/// Changes to the folder of that name. False if there is none, or in the desktop's own dialog,
-/// which does this itself.
+/// Opens the folder `name`. False if there is no such folder, or in the desktop's own dialog, which
+/// opens folders itself.
 bool FileDialogBox::Enter(const QString& name) {
   if (IsTheDesktops()) return false;
   const QString folder = OnDisk(PathOf(name));

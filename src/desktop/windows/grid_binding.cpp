@@ -74,12 +74,19 @@ bool GridModel::IsPlain(int row, int column) const {
   return Cells.BackColorAt(row, column) == kWhite;
 }
 
+bool GridModel::PlaysUnheard(int row, int column) const {
+  return Cells.BackColorAt(row, column) == kGreen && !View.property(kOnAirProperty).toBool();
+}
+
 QColor GridModel::GroundOf(int row, int column) const {
-  return IsPlain(row, column) ? ThemeColorNow("card") : ShownColor(Cells.BackColorAt(row, column));
+  if (IsPlain(row, column)) return ThemeColorNow("card");
+  if (PlaysUnheard(row, column)) return ThemeColorNow("fed");
+  return ShownColor(Cells.BackColorAt(row, column));
 }
 
 QColor GridModel::TextColorOf(int row, int column) const {
-  return IsPlain(row, column) ? ThemeColorNow("text") : ShownColor(Cells.ForeColorAt(row, column));
+  const bool isOurs = IsPlain(row, column) || PlaysUnheard(row, column);
+  return isOurs ? ThemeColorNow("text") : ShownColor(Cells.ForeColorAt(row, column));
 }
 
 /// A mark in the time column for what the colour of a row means: "!" for a conflict, an arrow for
@@ -124,7 +131,7 @@ GridBinding::GridBinding(Grid& grid, QTableView& view, Hand& hand)
       Cells(grid),
       View(view),
       Operator(hand),
-      Model(grid),
+      Model(grid, view),
       Place(grid),
       Room(*view.parentWidget()) {
   view.setModel(&Model);

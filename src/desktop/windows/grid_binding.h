@@ -10,11 +10,15 @@
 
 namespace marlex {
 
+/// Property of the table: whether the loudspeakers carry speech or a message now. Unless it is
+/// true, the row that plays is pale, as a zone is that is fed with anything else.
+inline constexpr const char* kOnAirProperty = "onAir";
+
 /// Gives a view the cells of a grid, straight from the control: row r of the view is row r + 1 of
 /// the grid, and row 0 of the grid is the heading.
 class GridModel : public QAbstractTableModel {
  public:
-  explicit GridModel(const Grid& grid) : Cells(grid) {}
+  GridModel(const Grid& grid, const QTableView& view) : Cells(grid), View(view) {}
 
   /// Notifies the views of what has changed since the last call.
   void Refresh();
@@ -30,11 +34,13 @@ class GridModel : public QAbstractTableModel {
 
  private:
   bool IsPlain(int row, int column) const;
+  bool PlaysUnheard(int row, int column) const;
   QColor GroundOf(int row, int column) const;
   QColor TextColorOf(int row, int column) const;
   QString MarkOf(int row, int column) const;
 
   const Grid& Cells;
+  const QTableView& View;
   int KnownRows = 0;
 };
 

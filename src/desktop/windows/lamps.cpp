@@ -4,6 +4,7 @@
 
 #include "controls/color.h"
 #include "desktop/windows/binding.h"
+#include "desktop/windows/grid_binding.h"
 #include "platform/runtime_failure.h"
 
 namespace marlex {
@@ -25,11 +26,23 @@ void Light(QLabel& lamp, const char* how) {
   lamp.update();
 }
 
+template <class Widget>
+Widget& WidgetOf(QWidget& window, const Control& control) {
+  auto* widget = window.findChild<Widget*>(QString::fromStdString(control.ObjectName()));
+  if (!widget) throw RuntimeFailure("The main window has no " + control.ObjectName());
+  return *widget;
+}
+
 QLabel& LampOf(QWidget& window, const Label& control) {
-  auto* lamp = window.findChild<QLabel*>(QString::fromStdString(control.ObjectName()));
-  if (!lamp) throw RuntimeFailure("The main window has no " + control.ObjectName());
-  lamp->setProperty(kLampProperty, kDark);
-  return *lamp;
+  auto& lamp = WidgetOf<QLabel>(window, control);
+  lamp.setProperty(kLampProperty, kDark);
+  return lamp;
+}
+
+void LightPlayingRow(QTableView& schedule, bool isOnAir) {
+  if (schedule.property(kOnAirProperty) == isOnAir) return;
+  schedule.setProperty(kOnAirProperty, isOnAir);
+  schedule.viewport()->update();
 }
 
 }  // namespace
@@ -39,7 +52,9 @@ bool IsLit(const QWidget& lamp) {
   return how.isValid() && how != kDark;
 }
 
-Lamps::Lamps(FrmMain& form, QWidget& window) : AmplifierNote(LampOf(window, form.lblHiPrio)) {
+Lamps::Lamps(FrmMain& form, QWidget& window)
+    : AmplifierNote(LampOf(window, form.lblHiPrio)),
+      Schedule(WidgetOf<QTableView>(window, form.grdSchedule)) {
   for (const auto& zone : form.lblCurrentZone) Zones.push_back({*zone, LampOf(window, *zone)});
   for (const auto& name : form.lblZoneName) ZoneNames.push_back(&LampOf(window, *name));
   for (const auto& call : form.lblBusy) Calls.push_back({*call, LampOf(window, *call)});
@@ -56,6 +71,7 @@ void Lamps::Paint(const Glance& glance) {
   for (const Lamp& call : Calls)
     Light(call.Widget, call.Source.BackColor == kButtonFace ? kDark : calling);
   Light(AmplifierNote, glance.IsHeldBack ? kHeld : kDark);
+  LightPlayingRow(Schedule, glance.SpeechIsOn);
 }
 
 }  // namespace marlex

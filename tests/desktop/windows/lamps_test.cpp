@@ -5,6 +5,7 @@
 #include <set>
 
 #include "desktop/windows/shop_desk.h"
+#include "desktop/windows/theme.h"
 #include "desktop/windows/theme_colors.h"
 
 namespace marlex {
@@ -91,6 +92,25 @@ TEST_F(LampsTest, AreNotGreenDuringACallOfTheAmplifier) {
   EXPECT_EQ(Zones(), "fed fed face ");
   EXPECT_EQ(Ground("lblHiPrio") + " " + Ground("paneOnAir"), "notice notice");
   EXPECT_EQ(Ground("lblBusy_0"), "face") << "nobody waits for a call that has been cut off";
+}
+
+TEST_F(LampsTest, TheRowOfAMessageThatATakeoverMutesIsPale) {
+  Shop.Pc.Loop.Post([this] {
+    Grid& table = Shop.Sys.TheWindows.frmMain.grdSchedule;
+    table.SetRows(2);
+    table.SetRow(1);
+    table.SetCol(kTimeColumn);
+    table.SetCellColors(kGreen, kBlack);
+    Shop.Sys.TheFlags.MessagePlaying = true;
+  });
+  Shop.Settle();
+  auto& view = WholeDesk::Find<QTableView>(Shop.Screen.Main(), "grdSchedule");
+  const QModelIndex cell = view.model()->index(0, kTimeColumn);
+  const auto ground = [&] { return cell.data(Qt::BackgroundRole).value<QBrush>().color().name(); };
+  EXPECT_EQ(ground(), ThemeColorNow("live").name());
+  Shop.Pc.Serial.Receive({128});
+  Shop.Settle();
+  EXPECT_EQ(ground(), ThemeColorNow("fed").name());
 }
 
 TEST_F(LampsTest, ACallThatDoesNotHoldUsBackIsNoted) {
