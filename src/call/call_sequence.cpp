@@ -252,7 +252,7 @@ void CallSequence::SetCaptions(StringId caption) {
 }
 
 void CallSequence::FlashLamps() {
-  TheFrmMain.PaintBusyLamps(TheFrmMain.lblBusy[0].BackColor == kGreen ? kButtonFace : kGreen);
+  TheFrmMain.PaintBusyLamps(TheFrmMain.BusyLampsAreLit() ? kButtonFace : kGreen);
 }
 
 }  // namespace marlex

@@ -41,13 +41,12 @@ struct FileDialogTexts {
   std::string ParentFolder;
 };
 
-/// Message boxes and file dialogs. `MsgBox` waits until the operator has answered; events are
-/// delivered meanwhile, so that timers and the serial line keep working. Use it only for a box
-/// after which the process ends; everything else goes through `Notices`. `LeaveMsgBox` and
-/// `LeaveOpen` return at once and leave the box open, so that a wait further down the stack can
-/// continue, even if nobody ever answers. A message box has one button, OK. One that is already
-/// open, with the same caption and body, is not opened a second time: the call then returns at
-/// once.
+/// Message boxes and file dialogs. `MsgBox` waits until the operator has answered; timers and the
+/// serial line keep working while it waits. Use it only for a box after which the process ends;
+/// everything else goes through `Notices`. `LeaveMsgBox` and `LeaveOpen` return at once and leave
+/// the box open, so that a wait further down the stack can continue, even if nobody ever answers. A
+/// message box has one button, OK. One that is already open, with the same caption and body, is not
+/// opened a second time: the call then returns at once.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;

@@ -67,7 +67,7 @@ void MessagePlayback::Announce() {
 }
 
 /// Paints the time cell of the table's current row, which the tick has set to the firing one. If
-/// the table is rebuilt meanwhile, another row is painted; if it is emptied, none.
+/// the table has been rebuilt since, another row is painted; if it has been emptied, none.
 void MessagePlayback::PaintPlayingCell(Color back, Color text) {
   if (TheFrmMain.grdSchedule.Row() == 0) return;
   TheFrmMain.grdSchedule.SetCol(kTimeColumn);

@@ -7,8 +7,14 @@
 
 namespace marlex {
 
+namespace {
+
+constexpr const char* kSequenceExtension = ".sch";
+
+}  // namespace
+
 SequenceSelection ParseSequenceSelection(const std::string& result) {
-  const std::string extension = ".sch";
+  const std::string extension = kSequenceExtension;
   // The name of a directory may begin with a blank: only the last separator ends the directory.
   const auto severalFiles = result.rfind(std::string(1, kSeparator) + " ");
   const bool several =
@@ -59,7 +65,7 @@ void OpenSequences::mnuSequence_Click() {
 }
 
 void OpenSequences::Open(const std::string& result) {
-  if (result.find(".sch") == std::string::npos) return;
+  if (result.find(kSequenceExtension) == std::string::npos) return;
   const SequenceSelection selection = ParseSequenceSelection(result);
   Store.Write(keys::kSequenceList, QuotedName(selection.List));
   Store.Write(keys::kSequencePath, selection.Path);

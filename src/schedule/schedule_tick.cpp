@@ -21,7 +21,7 @@ ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, Frm
 
 void ScheduleTick::Tick() {
   // A minute is not accepted during a call or an announcement, even if closing an editor has
-  // resumed the schedule meanwhile. What is due then follows afterwards, if the minute lasts.
+  // resumed the schedule during it. What is due then follows afterwards, if the minute lasts.
   if (TheFlags.CallActive || TheFlags.MessagePlaying) return;
   if (!AcceptMinute() || !TheFlags.PriorityClear) return;
   MusicClock.CheckMusicStart();

@@ -30,7 +30,7 @@ class ScheduleTick {
   std::string CurrentRouting;      // its zones
 
   /// Waits for the fade of the music's stop, and for the announcement of a row. Another tick, a
-  /// call or a takeover may come meanwhile.
+  /// call or a takeover may happen during the wait.
   void Tick();
 
   /// Whether the tick would fire a row today, going by the row's weekdays.

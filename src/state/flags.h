@@ -5,7 +5,7 @@
 namespace marlex {
 
 /// The notice board: what the subsystems need to know of each other. Every procedure that waits
-/// must test these again after the wait, since anything may have happened meanwhile.
+/// must test these again after the wait, since anything may have happened during it.
 struct Flags {
   // The amplifier.
 

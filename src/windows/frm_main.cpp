@@ -86,6 +86,8 @@ void FrmMain::SetTransportHeight(int height) {
   for (CommandButton* button : {&cmdPlay, &cmdSkip, &cmdStop}) button->Height = height;
 }
 
+bool FrmMain::BusyLampsAreLit() { return lblBusy[0].BackColor == kGreen; }
+
 void FrmMain::PaintBusyLamps(Color color) {
   lblBusy[0].BackColor = color;
   lblBusy[1].BackColor = color;

@@ -87,6 +87,7 @@ struct FrmMain : Form {
   void EnableSkipAndStop(bool enabled);
   void SetTransportHeight(int height);
 
+  bool BusyLampsAreLit();
   void PaintBusyLamps(Color color);
 
   /// Sets the heights in the schedule column. It is `low` when a router or a call station needs the

@@ -6,7 +6,7 @@
 
 namespace marlex {
 
-/// A dark desktop for as long as the object lives. Windows made meanwhile come up dark.
+/// Makes the desktop dark while it exists. Windows that are opened then come up dark.
 struct DarkDesktop {
   DarkDesktop() { QApplication::setPalette(PaletteOf(Scheme::Dark)); }
   ~DarkDesktop() { QApplication::setPalette(PaletteOf(Scheme::Light)); }
