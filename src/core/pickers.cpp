@@ -37,6 +37,7 @@ void Pickers::BrowseDirectory(bool music, const std::string& pattern) {
 /// If the directory no longer exists, drive and tree stay at their starting place, and the settings
 /// are unchanged.
 void Pickers::LoadDirSel() {
+  TheFrmDirSel.cmdOK.Caption = Strings.LoadString(kStrOk);
   TheFrmDirSel.Drive1.Refresh();
   TheFrmDirSel.Dir1.BeginAt(TheFrmDirSel.Drive1.Drive());
   TheFrmDirSel.lstFiles.SetPath(TheFrmDirSel.Dir1.Path());

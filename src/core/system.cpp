@@ -1,5 +1,7 @@
 #include "core/system.h"
 
+#include "i18n/operator_failure.h"
+
 namespace marlex {
 
 System::System(const Pc& pc)
@@ -62,7 +64,9 @@ System::System(const Pc& pc)
   Music.AnnounceAtBreak = [this] { Wavs.PlayMessageWavs(); };
   ThePreviews.EndSong = [this] { ThePlaylistEditor.EndPreview(); };
   ThePreviews.EndMessages = [this] { Preview.End(); };
-  pc.Loop.OnFailure = [this](const RuntimeFailure& failure) { TheNotices.Error(failure.what()); };
+  pc.Loop.OnFailure = [this](const RuntimeFailure& failure) {
+    TheNotices.Error(TextOf(failure, Strings));
+  };
 }
 
 }  // namespace marlex

@@ -106,6 +106,14 @@ enum StringId : int {
   kStrBack = 1580,
   kStrForward = 1590,
   kStrParentFolder = 1600,
+  kStrTooManyItems = 1610,
+  kStrNoLowerBound = 1620,
+  kStrTooManyHours = 1630,
+  kStrNumberMissing = 1640,
+  kStrNoInterval = 1650,
+  kStrTooFewDigits = 1660,
+  kStrNoScheduleChosen = 1670,
+  kStrTooManyRows = 1680,
 };
 
 }  // namespace marlex

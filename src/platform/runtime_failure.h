@@ -1,7 +1,8 @@
 #pragma once
 
-#include <stdexcept>
+#include <exception>
 #include <string>
+#include <utility>
 
 namespace marlex {
 
@@ -9,19 +10,35 @@ namespace marlex {
 /// that should be a number. It ends the operation in which it occurs and is shown to the operator.
 /// Faults of the outside world (a missing file, a dead port) are never thrown but returned as
 /// values.
-class RuntimeFailure : public std::runtime_error {
+class RuntimeFailure : public std::exception {
  public:
-  explicit RuntimeFailure(const std::string& what) : std::runtime_error(what) {}
+  explicit RuntimeFailure(std::string text) : Text(std::move(text)) {}
+
+  const char* what() const noexcept override { return Text.c_str(); }
+
+  /// Where it occurred, each place with ": " after it; empty if nobody has said it.
+  const std::string& Place() const { return Places; }
+
+  /// Puts a place in front of the others, and of the text.
+  void AddPlace(const std::string& place) {
+    Places.insert(0, place + ": ");
+    Text.insert(0, place + ": ");
+  }
+
+ private:
+  std::string Text;  // with the places
+  std::string Places;
 };
 
-/// Runs `work` and returns its result. A `RuntimeFailure` is rethrown with `place`, a file or a
-/// field of one, in front of its text, so that the reader knows what to correct.
+/// Runs `work` and returns its result. A `RuntimeFailure` gets `place`, a file or a field of one,
+/// in front of its text, so that the reader knows what to correct.
 template <class Work>
 auto AtPlace(const std::string& place, Work work) {
   try {
     return work();
-  } catch (const RuntimeFailure& failure) {
-    throw RuntimeFailure(place + ": " + failure.what());
+  } catch (RuntimeFailure& failure) {
+    failure.AddPlace(place);
+    throw;
   }
 }
 

@@ -1,6 +1,6 @@
 #include "schedule/editor_masks.h"
 
-#include "platform/runtime_failure.h"
+#include "i18n/operator_failure.h"
 #include "text/digit_mask.h"
 
 namespace marlex {
@@ -8,8 +8,7 @@ namespace {
 
 std::vector<bool> DigitsOf(const std::string& mask, std::size_t length) {
   if (const auto digits = DigitsInPlace(mask, length)) return *digits;
-  throw RuntimeFailure("\"" + mask + "\" is shorter than " + std::to_string(length) +
-                       " characters");
+  throw OperatorFailure(kStrTooFewDigits, "\"" + mask + "\"");
 }
 
 }  // namespace

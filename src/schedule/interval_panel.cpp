@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "i18n/operator_failure.h"
 #include "state/week_time.h"
 
 namespace marlex {
@@ -33,7 +34,7 @@ void IntervalPanel::Accept() {
   for (const auto& interval : Window.optInterval) {
     if (interval->Value()) minutes = IntervalText(start, interval->Index);
   }
-  if (minutes.empty()) throw RuntimeFailure("No interval is chosen");
+  if (minutes.empty()) throw OperatorFailure(kStrNoInterval);
   Window.txtMinutes.Text = minutes;
   Show(false);
 }

@@ -1,7 +1,7 @@
 #include "schedule/open_sequences.h"
 
+#include "i18n/operator_failure.h"
 #include "platform/directories.h"
-#include "platform/runtime_failure.h"
 #include "text/profile_text.h"
 #include "text/split.h"
 
@@ -30,7 +30,7 @@ SequenceSelection ParseSequenceSelection(const std::string& result) {
     list += names.substr(position, end + extension.size() - position) + "|";
     position = end + extension.size() + 1;
   }
-  if (list.empty()) throw RuntimeFailure("No message schedule was found in the selection");
+  if (list.empty()) throw OperatorFailure(kStrNoScheduleChosen);
   list.pop_back();
   return {list, result.substr(0, result.size() + 1 - names.size())};
 }

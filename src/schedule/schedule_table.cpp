@@ -1,6 +1,6 @@
 #include "schedule/schedule_table.h"
 
-#include "platform/runtime_failure.h"
+#include "i18n/operator_failure.h"
 #include "state/week_time.h"
 #include "text/paths.h"
 
@@ -41,7 +41,7 @@ void ScheduleTable::AddAllFiles() {
     try {
       AtPlace(CurrentSequenceFile, [this] { AddSequenceRows(); });
     } catch (const RuntimeFailure& failure) {
-      badFiles.emplace_back(failure.what());
+      badFiles.push_back(TextOf(failure, Strings));
     }
   }
   if (!badFiles.empty()) ReportBadFiles(badFiles);
@@ -67,7 +67,7 @@ void ScheduleTable::AddSequenceRows() {
   AtPlace(std::string(keys::kHours.Key), [this] { Times.ParseHours(); });
   AtPlace(std::string(keys::kMinutes.Key), [this] { Times.ParseMinutes(); });
   if (NextTableRow - 1 + Times.HourCount * Times.MinuteCount > kMostRows) {
-    throw RuntimeFailure("The schedule has more than 32767 rows");
+    throw OperatorFailure(kStrTooManyRows);
   }
   for (int hour = 1; hour <= Times.HourCount; ++hour) {
     for (int minute = 1; minute <= Times.MinuteCount; ++minute) {

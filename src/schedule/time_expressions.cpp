@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/runtime_failure.h"
+#include "i18n/operator_failure.h"
 #include "state/week_time.h"
 #include "text/text_case.h"
 
@@ -26,7 +26,7 @@ void TimeExpressions::FindCommas(const std::string& expression) {
   for (;;) {
     const std::size_t comma = expression.find(',', position);
     if (comma == std::string::npos) break;
-    if (ItemCount + 1 > kMostItems) throw RuntimeFailure("More than 30 items in a time expression");
+    if (ItemCount + 1 > kMostItems) throw OperatorFailure(kStrTooManyItems);
     CommaPositions[static_cast<std::size_t>(ItemCount) + 1] = static_cast<int>(comma) + 1;
     position = comma + 1;
     ++ItemCount;
@@ -44,7 +44,7 @@ void TimeExpressions::ParseHours() {
 /// Item number `item`, counted from 1, of an expression whose commas have been found. Only the last
 /// item is cut, to `longestLast` characters.
 std::string TimeExpressions::Item(const std::string& expression, int item, int longestLast) const {
-  if (item > kMostItems) throw RuntimeFailure("More than 30 items in a time expression");
+  if (item > kMostItems) throw OperatorFailure(kStrTooManyItems);
   const auto place = static_cast<std::size_t>(item);
   const auto start = static_cast<std::size_t>(CommaPositions[place - 1]);
   const int comma = CommaPositions[place];
@@ -74,7 +74,7 @@ void TimeExpressions::AddHourItem(const std::string& item) {
 /// list holds.
 void TimeExpressions::ExpandHourRange(const std::string& rangeItem) {
   const auto dash = rangeItem.find('-');
-  if (dash == 0) throw RuntimeFailure("An hour range has no lower bound");
+  if (dash == 0) throw OperatorFailure(kStrNoLowerBound);
   const int lower = Value(rangeItem.substr(0, dash));
   const int upper = Value(rangeItem.substr(dash + 1, 2));
   if (upper > lower) {
@@ -89,7 +89,7 @@ void TimeExpressions::ExpandHourRange(const std::string& rangeItem) {
 }
 
 void TimeExpressions::StoreHour(const std::string& hour) {
-  if (NextHourSlot > kMostHours) throw RuntimeFailure("More than 24 hours in a time expression");
+  if (NextHourSlot > kMostHours) throw OperatorFailure(kStrTooManyHours);
   HourList[static_cast<std::size_t>(NextHourSlot)] = TwoDigits(hour);
   ++NextHourSlot;
 }

@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-#include "platform/runtime_failure.h"
+#include "i18n/operator_failure.h"
 
 namespace marlex {
 namespace {
@@ -16,7 +16,7 @@ bool HasOnly(const std::string& text, const char* allowed) {
 
 /// A number that is too large for an `int` is above the limit too.
 bool IsAbove(const std::string& number, int limit) {
-  if (number.empty()) throw RuntimeFailure("A number is missing in the hours or the minutes");
+  if (number.empty()) throw OperatorFailure(kStrNumberMissing);
   int value = 0;
   const auto end = std::from_chars(number.data(), number.data() + number.size(), value);
   return end.ec == std::errc::result_out_of_range || value > limit;

@@ -28,8 +28,18 @@ TEST(ReportedFaults, OfAMessageScheduleNameTheFileAndTheLimitThatItBreaks) {
   const ReportedAtTheStart reported({.Sequences = {{.File = "worse.sch", .Hours = "3-3"}}});
   EXPECT_EQ(reported.Caption, "Fehler");
   EXPECT_EQ(reported.Body,
-            "Diese Ansagen-Zeitpläne können nicht verwendet werden:\r\nworse.sch: Hour(s): More "
-            "than 24 hours in a time expression");
+            "Diese Ansagen-Zeitpläne können nicht verwendet werden:\r\nworse.sch: Hour(s): Mehr "
+            "als 24 Stunden in einer Zeitangabe");
+}
+
+TEST(ReportedFaults, OfAnEditorAreInTheChosenLanguage) {
+  Desk desk({.Language = "German"});
+  desk.Click("mnuSchedule");
+  desk.Click("cmdInterval");
+  desk.Click("cmdOK");
+  desk.Advance(0);
+  ASSERT_EQ(desk.Pc.Dialogs.Boxes.size(), 1u);
+  EXPECT_EQ(desk.Pc.Dialogs.Boxes[0].Body, "Kein Intervall ausgewählt");
 }
 
 TEST(ReportedFaults, OfWeekdaysNameTheSchedule) {

@@ -17,9 +17,9 @@ constexpr int kFirstOwnText = 1400;  // after the agreed ones
 
 TEST(EnglishStrings, AreAllThereInAscendingOrder) {
   const auto& strings = StringsOf("English");
-  EXPECT_EQ(strings.size(), 179u);
+  EXPECT_EQ(strings.size(), 187u);
   EXPECT_EQ(strings.front().Id, 10);
-  EXPECT_EQ(strings.back().Id, kStrParentFolder);
+  EXPECT_EQ(strings.back().Id, kStrTooManyRows);
   for (std::size_t i = 1; i < strings.size(); ++i) {
     EXPECT_LT(strings[i - 1].Id, strings[i].Id);
     EXPECT_FALSE(strings[i].Text.empty()) << strings[i].Id;
@@ -74,7 +74,8 @@ TEST(EnglishStrings, KeepTheBlanksAtTheirEndsAndNoOthersHaveAny) {
             "1200[Could not find music directory: ]\n"
             "1210[Could not find message directory: ]\n"
             "1470[The settings cannot be saved: ]\n"
-            "1510[The file cannot be saved: ]\n");
+            "1510[The file cannot be saved: ]\n"
+            "1660[Too few digits for the days or zones: ]\n");
 }
 
 TEST(StringTable, ATextIsThatOfTheLanguage) {

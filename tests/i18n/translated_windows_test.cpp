@@ -20,8 +20,8 @@ using Texts = std::map<std::string, std::string>;  // by window and control
 
 constexpr const char* kFixed[] = {
     "Tolvo Marlex", "QRT4410/20", "Function keys", "Function key",
-    // The directory picker is not translated.
-    "Directory selection", "frmDirSel cmdOK",
+    // The title of the directory picker.
+    "Directory selection",
     // The title of a playlist that was read at the start.
     "Background music playlist:",
     "Microphone function not available due to limitations of the PC sound system",

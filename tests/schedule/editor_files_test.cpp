@@ -101,7 +101,8 @@ TEST(EditorFiles, OnesWithoutASequenceAreReportedAndChangeNothing) {
     const std::string before = desk.Shown();
     desk.OpenText(text);
     desk.Advance(0);
-    EXPECT_EQ(desk.LastBox(), "Error: new.sch: Weekday(s): \"\" is shorter than 7 characters");
+    EXPECT_EQ(desk.LastBox(),
+              "Error: new.sch: Weekday(s): Too few digits for the days or zones: \"\"");
     EXPECT_EQ(desk.Shown(), before);
     EXPECT_EQ(desk.TheWavWindow().Caption.Get(), "Message schedule");
     EXPECT_EQ(desk.Sys->Editor.ChosenFile, "");
@@ -112,7 +113,8 @@ TEST(EditorFiles, OneThatIsUnfitIsReportedWithItsFileAndItsField) {
   FilesDesk desk;
   desk.OpenText("[Schedule]\r\nWeekday(s)=1030500\r\nZone(s)=0200\r\n");
   desk.Advance(0);
-  EXPECT_EQ(desk.LastBox(), "Error: new.sch: Zone(s): \"0200\" is shorter than 6 characters");
+  EXPECT_EQ(desk.LastBox(),
+            "Error: new.sch: Zone(s): Too few digits for the days or zones: \"0200\"");
 }
 
 TEST(EditorFiles, OnesThatAreMissingOrUnreadableAreReportedAndChangeNothing) {
@@ -124,7 +126,8 @@ TEST(EditorFiles, OnesThatAreMissingOrUnreadableAreReportedAndChangeNothing) {
     desk.Pc.Disk.FailReads(kFile);
     desk.Open(kFile);
     desk.Advance(0);
-    EXPECT_EQ(desk.LastBox(), "Error: new.sch: Weekday(s): \"\" is shorter than 7 characters");
+    EXPECT_EQ(desk.LastBox(),
+              "Error: new.sch: Weekday(s): Too few digits for the days or zones: \"\"");
     EXPECT_EQ(desk.Shown(), before);
   }
 }

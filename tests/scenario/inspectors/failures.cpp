@@ -15,7 +15,7 @@ bool IsOperatorsFault(const std::string& failure, bool editorIsOpen) {
                                "More than 24 hours in a time expression",
                                "An hour range has no lower bound",
                                "A number is missing in the hours or the minutes",
-                               " is shorter than "};
+                               "Too few digits for the days or zones: "};
   return editorIsOpen && std::any_of(kFaults.begin(), kFaults.end(), [&](const char* fault) {
            return failure.find(fault) != std::string::npos;
          });
