@@ -22,6 +22,7 @@ namespace {
 
 constexpr QSize kSize(840, 540);
 constexpr int kOlderNamesHeight = 120;
+constexpr int kBetweenLists = 6;
 
 /// Converts "Text (*.ext)|*.ext", a description and its patterns separated by ';', to the form that
 /// Qt takes: "Text (*.ext)".
@@ -85,7 +86,7 @@ Part& Find(QFileDialog& dialog, const char* name) {
 FileDialogBox::FileDialogBox(QWidget* parent, const FileDialog& dialog,
                              const FileDialogTexts& texts, const Directories& files,
                              const PointersDown& pointers)
-    : QFileDialog(parent),
+    : QFileDialog(parent, {}, QString::fromStdString(dialog.InitialDirectory)),
       Texts(texts),
       Files(files),
       Pointers(pointers),
@@ -97,7 +98,6 @@ FileDialogBox::FileDialogBox(QWidget* parent, const FileDialog& dialog,
   setAcceptMode(dialog.Save ? AcceptSave : AcceptOpen);
   setFileMode(ModeOf(dialog));
   setNameFilters(NameFilters(dialog.Filter));
-  setDirectory(QString::fromStdString(dialog.InitialDirectory));
   setWindowTitle(QString::fromStdString(dialog.Save ? Texts.Save : Texts.Open));
   OlderNames.hide();
   if (!IsTheDesktops()) Prepare();
@@ -188,7 +188,9 @@ void FileDialogBox::ListOlderNames() {
   OlderNames.setMaximumHeight(kOlderNamesHeight);
   OlderNames.setSelectionMode(fileMode() == ExistingFiles ? QAbstractItemView::ExtendedSelection
                                                           : QAbstractItemView::SingleSelection);
-  Find<QStackedWidget>(*this, "stackedWidget").parentWidget()->layout()->addWidget(&OlderNames);
+  QLayout& lists = *Find<QStackedWidget>(*this, "stackedWidget").parentWidget()->layout();
+  lists.setSpacing(kBetweenLists);
+  lists.addWidget(&OlderNames);
   connect(&OlderNames, &QListWidget::itemSelectionChanged, this, [this] { TakeOlderNames(); });
   connect(&OlderNames, &QListWidget::itemActivated, this, [this] { accept(); });
   connect(findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this,
@@ -198,11 +200,12 @@ void FileDialogBox::ListOlderNames() {
 
 void FileDialogBox::ShowOlderNames() {
   const QDir folder = directory();
+  const QIcon picture = iconProvider()->icon(QAbstractFileIconProvider::File);
   OlderNames.clear();
   for (const QString& pattern : Patterns) {
     for (const std::string& name : Files.List(folder.path().toStdString(), pattern.toStdString())) {
       const QString shown = QString::fromStdString(name);
-      if (!folder.exists(shown)) OlderNames.addItem(shown);
+      if (!folder.exists(shown)) OlderNames.addItem(new QListWidgetItem(picture, shown));
     }
   }
   OlderNames.setVisible(OlderNames.count() > 0);

@@ -35,9 +35,12 @@ MessageBox::MessageBox(QMessageBox::Icon icon, const QString& caption, const QSt
   setObjectName("messageBox");
   setTextFormat(Qt::PlainText);
   layout()->setContentsMargins(kBoxMargins);
-  // A screen reader would spell a word whose letters are joined by marks.
-  if (auto* text = findChild<QLabel*>("qt_msgbox_label"))
+  if (auto* text = findChild<QLabel*>("qt_msgbox_label")) {
+    // Like all windows, from left to right, even a line that is written from right to left.
+    text->setAlignment(text->alignment() | Qt::AlignAbsolute);
+    // A screen reader would spell a word whose letters are joined by marks.
     text->setAccessibleName(WithoutMarks(body));
+  }
   PutSign();
 }
 

@@ -12,7 +12,7 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"text", "#1b2633", "#e6ebf1"},
       {"muted", "#55616f", "#a9b5c2"},
       {"strong", "#124a9c", "#8fbcf5"},
-      {"off-text", "#75818e", "#8a97a5"},
+      {"off-text", "#65707d", "#8a97a5"},
       {"on-accent", "#ffffff", "#ffffff"},
       {"on-signal", "#101820", "#101820"},
       // Backgrounds

@@ -14,7 +14,8 @@ namespace {
 bool IsTranslated(std::string_view context, std::string_view source) {
   if (context == "QFileSystemModel") return source == "Computer";
   if (context == "QFileDialog") return source == "Recent Places";
-  return context == "QLineEdit" || context == "QWidgetTextControl" || context == "QScrollBar";
+  return context == "QLineEdit" || context == "QWidgetTextControl" || context == "QScrollBar" ||
+         context == "QShortcut";
 }
 
 }  // namespace

@@ -7,8 +7,9 @@
 namespace marlex {
 
 /// The toolkit's own words that the program has no text for, in the language that is chosen at the
-/// moment: the menus of text fields and scroll bars, and two names in the file dialog. They come
-/// from the toolkit's translations; a language without one, or a PC without any, keeps English.
+/// moment: the menus of text fields and scroll bars, the names of keys in the menus, and two names
+/// in the file dialog. They come from the toolkit's translations; a language without one, or a PC
+/// without any, keeps English.
 ///
 /// Deliberate: nothing else is translated. The toolkit's other texts are replaced by the program's,
 /// and one of them would mirror every window in Hebrew.
