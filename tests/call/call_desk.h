@@ -49,10 +49,10 @@ class CallDesk : public Desk {
   std::string Station() {
     const Color lamp = Main().lblBusy[0].BackColor;
     const std::string color = lamp == kGreen ? "green" : lamp == kDarkGreen ? "dark green" : "off";
-    return KeyWord() + ", lamps " + color + (Speaks() ? ", speaks" : "");
+    return ButtonCaption() + ", lamps " + color + (Speaks() ? ", speaks" : "");
   }
   /// The caption of the button, in English whatever the language.
-  std::string KeyWord() {
+  std::string ButtonCaption() {
     std::string shown = Text("cmdCall");
     for (const int id : {kStrCall, kStrWait, kStrSpeak}) {
       if (shown == Sys->Strings.LoadString(id)) return Sys->Strings.LoadEnglish(id);
@@ -64,8 +64,8 @@ class CallDesk : public Desk {
   /// Which of the tick and the transport buttons are enabled.
   std::string Alive() {
     std::string names = Sys->TheFrmPlayers.tmrMessage.Enabled ? "tick" : "";
-    for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"}) {
-      if (Enabled(key)) names += (names.empty() ? "" : " ") + std::string(key);
+    for (const char* button : {"cmdPlay", "cmdSkip", "cmdStop"}) {
+      if (Enabled(button)) names += (names.empty() ? "" : " ") + std::string(button);
     }
     return names;
   }

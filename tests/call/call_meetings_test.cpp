@@ -149,7 +149,7 @@ TEST(CallMeetsTakeover, AtAnyMomentTheMicrophoneClosesAndNothingIsHeard) {
   }
 }
 
-TEST(CallMeetsTakeover, InTheSpeechOnlyTheFirstKeyChangesItsText) {
+TEST(CallMeetsTakeover, InTheSpeechOnlyTheFirstButtonChangesItsText) {
   CallDesk desk(CallDesk::Chimes(), kSilent);
   desk.PressAt(0);
   desk.AdvanceTo(2000);
@@ -284,11 +284,11 @@ void CallUnder(CallDesk& desk, int atMs, std::initializer_list<int> statuses) {
   desk.PressAt(0);
   if (atMs > 5000) desk.ReleaseAt(5000);
   desk.AdvanceTo(atMs);
-  const std::string keys = desk.Text("cmdCall") + desk.Text("cmdCall2");
+  const std::string captions = desk.Text("cmdCall") + desk.Text("cmdCall2");
   const std::string heard = desk.Heard();
   for (const int status : statuses) {
     desk.Status(status);
-    EXPECT_EQ(desk.Text("cmdCall") + desk.Text("cmdCall2"), keys);
+    EXPECT_EQ(desk.Text("cmdCall") + desk.Text("cmdCall2"), captions);
     EXPECT_EQ(desk.Heard(), heard);
     EXPECT_TRUE(desk.State().CallActive);
   }

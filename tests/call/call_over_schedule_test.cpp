@@ -151,7 +151,7 @@ TEST(MinuteUnderAMessage, WhoseRowIsDueAnnouncesItWhenTheMessageEndsInIt) {
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
 }
 
-TEST(CallOverSchedule, TakenOverInASequencesLastFadeLeavesTickAndKeysAlive) {
+TEST(CallOverSchedule, TakenOverInASequencesLastFadeLeavesTickAndButtonsAlive) {
   CallDesk desk(
       {.Sequences = {{.Minutes = "01,03"}}, .FadeTime = "Slow", .Now = {2024, 1, 1, 12, 0, 50}});
   while (!desk.State().MessagePlaying) desk.Advance(10);

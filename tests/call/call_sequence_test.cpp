@@ -117,7 +117,7 @@ TEST(CallSequence, AQuickClickWithMusicTurnsTheFadeAndSendsNothing) {
   EXPECT_EQ(desk.Pc.Loop.Waits(), 1);
 }
 
-TEST(CallSequence, AKeyThatIsHeldPastTheChimeWaitsAndThenSpeaks) {
+TEST(CallSequence, AButtonThatIsHeldPastTheChimeWaitsAndThenSpeaks) {
   CallDesk desk(CallDesk::Chimes(), kSilent);
   desk.PressAt(0);
   desk.AdvanceTo(999);
@@ -184,14 +184,14 @@ TEST(CallSequence, WithoutAMicrophoneItIsTheSameAndTouchesNoMicrophone) {
   options.Microphone = false;
   CallDesk desk(options, kSilent);
   desk.Pc.Journal.Unmute("mixer");
-  const auto key = [&](bool press) {
+  const auto strike = [&](bool press) {
     desk.Do([&desk, press] { press ? desk.Sys->Call.StartCall() : desk.Sys->Call.EndCall(); });
   };
-  key(true);
+  strike(true);
   desk.AdvanceTo(500);
   EXPECT_EQ(desk.Heard(), "wav chime.wav at 10000");
   desk.AdvanceTo(2000);
-  key(false);
+  strike(false);
   desk.AdvanceTo(2100);
   EXPECT_EQ(desk.Heard(), "wav gong.wav at 10000");
   desk.AdvanceTo(4000);
@@ -217,7 +217,7 @@ TEST(CallSequence, WithoutAMicrophoneOnlyAChimeTouchesTheMaster) {
   }
 }
 
-TEST(CallSequence, WithTheOtherAmplifierNoByteIsSentAndTheSecondKeyCalls) {
+TEST(CallSequence, WithTheOtherAmplifierNoByteIsSentAndTheSecondButtonCalls) {
   DeskOptions options = CallDesk::Chimes();
   options.Router = false;
   CallDesk desk(options);
@@ -348,7 +348,7 @@ TEST(CallSequence, APressBelongsToItsOwnCall) {
     });
     for (int time = 1010; time < 4000; time += 60) {
       desk.AdvanceTo(time);
-      ASSERT_EQ(desk.KeyWord(), "Speak") << time;
+      ASSERT_EQ(desk.ButtonCaption(), "Speak") << time;
       ASSERT_FALSE(desk.MuteCheck(desk.Sys->Mixer.MicLine)) << time;
     }
     desk.ReleaseAt(4000);
@@ -403,11 +403,11 @@ TEST(CallSequence, TheProgramCanBeLeftInTheMidstOfIt) {
       DeskOptions options = CallDesk::Chimes();
       options.Router = router;
       CallDesk desk(options);
-      const std::string key = router ? "cmdCall" : "cmdCall2";
-      desk.Press(key);
+      const std::string button = router ? "cmdCall" : "cmdCall2";
+      desk.Press(button);
       for (const int releaseMs : releasesMs) {
         desk.AdvanceTo(releaseMs);
-        desk.Release(key);
+        desk.Release(button);
       }
       desk.AdvanceTo(exitMs);
       EXPECT_TRUE(desk.State().CallActive);

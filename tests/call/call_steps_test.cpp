@@ -155,7 +155,7 @@ TEST(CallSteps, AfterChimesWithoutMusicTheLineHasTheMusicsLevelAgain) {
   EXPECT_EQ(desk.WaveSlider(), 20'000);
 }
 
-TEST(CallSteps, ATakeoverInThePreChimeEndsTheWaitOfTheKeyAndTheFlashing) {
+TEST(CallSteps, ATakeoverInThePreChimeEndsTheWaitOfTheButtonAndTheFlashing) {
   CallDesk desk(CallDesk::Chimes(), kSilent);
   desk.PressAt(0);
   desk.AdvanceTo(480);

@@ -36,22 +36,22 @@ struct AnnouncingDesk : MusicDesk {
             {.Music = Songs(3, 120'000), .Sequences = {{.Timer = "Exact"}}, .FadeTime = "Slow"}) {
     if (music) Click("cmdPlay");
     RunTo(12, 1, 1);
-    EXPECT_EQ(Keys(), "");
+    EXPECT_EQ(Buttons(), "");
   }
 };
 
-TEST(ListOfSongs, AClickInTheFadeOfAnAnnouncementWakesThePlayKey) {
+TEST(ListOfSongs, AClickInTheFadeOfAnAnnouncementWakesThePlayButton) {
   AnnouncingDesk desk(true);
   ASSERT_EQ(desk.PlayState(), kPlaying);
   desk.Select(1);
-  EXPECT_EQ(desk.Keys(), "Play");
+  EXPECT_EQ(desk.Buttons(), "Play");
 }
 
-TEST(ListOfSongs, AClickWhileAMessagePlaysLeavesThePlayKeyOff) {
+TEST(ListOfSongs, AClickWhileAMessagePlaysLeavesThePlayButtonOff) {
   AnnouncingDesk desk(false);
   ASSERT_EQ(desk.Heard(), "wav welcome.wav at 10000");
   desk.Select(1);
-  EXPECT_EQ(desk.Keys(), "");
+  EXPECT_EQ(desk.Buttons(), "");
 }
 
 TEST(ListOfSongs, ADoubleClickPlaysTheEntry) {

@@ -37,12 +37,12 @@ class MusicDesk : public Desk {
   }
 
   /// Which of the transport buttons are enabled, as "play skip stop".
-  std::string Keys() {
-    std::string keys;
-    for (const std::string key : {"Play", "Skip", "Stop"}) {
-      if (Enabled("cmd" + key)) keys += (keys.empty() ? "" : " ") + key;
+  std::string Buttons() {
+    std::string buttons;
+    for (const std::string button : {"Play", "Skip", "Stop"}) {
+      if (Enabled("cmd" + button)) buttons += (buttons.empty() ? "" : " ") + button;
     }
-    return keys;
+    return buttons;
   }
 
   /// Which of the four flags of the music's clock are set, as "ByUser BySchedule Started

@@ -16,9 +16,9 @@ TEST(FormatSeconds, RoundsToWholeSecondsAndTiesToTheEvenOne) {
   for (const auto& [seconds, text] : times) EXPECT_EQ(FormatSeconds(seconds), text);
 }
 
-TEST(MusicPlayer, AtTheStartOnlyThePlayKeyIsOnAndTheLabelsAreEmpty) {
+TEST(MusicPlayer, AtTheStartOnlyThePlayButtonIsOnAndTheLabelsAreEmpty) {
   MusicDesk desk;
-  EXPECT_EQ(desk.Keys(), "Play");
+  EXPECT_EQ(desk.Buttons(), "Play");
   EXPECT_EQ(desk.Text("lblMP3Number"), "");
   EXPECT_EQ(desk.Text("lblMP3Length"), "");
   EXPECT_EQ(desk.Text("lblMP3Position"), "");
@@ -26,11 +26,11 @@ TEST(MusicPlayer, AtTheStartOnlyThePlayKeyIsOnAndTheLabelsAreEmpty) {
             desk.Sys->Strings.LoadString(kStrDoubleClickToPlay));
 }
 
-TEST(MusicPlayer, ThePlayKeyPlaysTheSelectedSongFromItsBeginning) {
+TEST(MusicPlayer, ThePlayButtonPlaysTheSelectedSongFromItsBeginning) {
   MusicDesk desk({.Music = {{"a", 61'600}, {"b", 4'510'000}}});
   desk.Select(1);
   desk.Click("cmdPlay");
-  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.Buttons(), "Play Skip Stop");
   EXPECT_EQ(desk.Text("lblMP3Number"), "2/2");
   EXPECT_EQ(desk.Text("lblMP3Length"), "75:10");
   EXPECT_EQ(desk.LastSong(), "1");
@@ -41,7 +41,7 @@ TEST(MusicPlayer, ThePlayKeyPlaysTheSelectedSongFromItsBeginning) {
   EXPECT_EQ(desk.Journal(), "0 song play b.mp3\n");
 }
 
-TEST(MusicPlayer, ThePlayKeyRestartsTheSelectedSongInTheMiddleOfIt) {
+TEST(MusicPlayer, ThePlayButtonRestartsTheSelectedSongInTheMiddleOfIt) {
   MusicDesk desk;
   desk.Click("cmdPlay");
   desk.Advance(4000);
@@ -51,7 +51,7 @@ TEST(MusicPlayer, ThePlayKeyRestartsTheSelectedSongInTheMiddleOfIt) {
   EXPECT_EQ(desk.Journal(), "0 song play a.mp3\n4000 song stop\n4000 song play a.mp3\n");
 }
 
-TEST(MusicPlayer, ThePlayKeyBringsTheLevelsOfTheMusicBack) {
+TEST(MusicPlayer, ThePlayButtonBringsTheLevelsOfTheMusicBack) {
   MusicDesk desk;
   EXPECT_TRUE(desk.MuteCheck(0));
   EXPECT_TRUE(desk.WaveMute().Value);
@@ -67,7 +67,7 @@ TEST(MusicPlayer, ThePlayKeyBringsTheLevelsOfTheMusicBack) {
   EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
 }
 
-TEST(MusicPlayer, ThePlayKeyEndsTheSilenceThatTheStopKeyMade) {
+TEST(MusicPlayer, ThePlayButtonEndsTheSilenceThatTheStopButtonMade) {
   MusicDesk desk;
   desk.Click("cmdPlay");
   desk.Click("cmdStop");
@@ -78,11 +78,11 @@ TEST(MusicPlayer, ThePlayKeyEndsTheSilenceThatTheStopKeyMade) {
 
 /// What the play button must leave alone when it refuses.
 std::string Untouched(MusicDesk& desk) {
-  return desk.Keys() + "|" + desk.Text("lblMP3Number") + "|" + desk.LastSong() + "|" +
+  return desk.Buttons() + "|" + desk.Text("lblMP3Number") + "|" + desk.LastSong() + "|" +
          desk.Sys->Music.CurrentSongPath + "|" + (desk.MuteCheck(0) ? "muted" : "open");
 }
 
-TEST(MusicPlayer, WithoutItsDirectoryThePlayKeySaysSoAndChangesNothing) {
+TEST(MusicPlayer, WithoutItsDirectoryThePlayButtonSaysSoAndChangesNothing) {
   MusicDesk desk;
   desk.Pc.Disk.Vanish("/music");
   desk.Click("cmdPlay");
@@ -118,7 +118,7 @@ TEST(MusicPlayer, TheBoxOfALostDirectoryIsNotOpenedTwice) {
   EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 1);
 }
 
-TEST(MusicPlayer, WhileTheAmplifierHoldsItBackThePlayKeyEndsWithoutAWord) {
+TEST(MusicPlayer, WhileTheAmplifierHoldsItBackThePlayButtonEndsWithoutAWord) {
   MusicDesk desk;
   desk.Status(64);
   desk.Click("cmdPlay");
@@ -126,14 +126,14 @@ TEST(MusicPlayer, WhileTheAmplifierHoldsItBackThePlayKeyEndsWithoutAWord) {
   EXPECT_EQ(desk.Journal(), "");
 }
 
-TEST(MusicPlayer, WithTheOtherAmplifierNothingHoldsThePlayKeyBack) {
+TEST(MusicPlayer, WithTheOtherAmplifierNothingHoldsThePlayButtonBack) {
   MusicDesk desk({.Router = false});
   desk.Do([&] { desk.State().PriorityClear = false; });
   desk.Click("cmdPlay");
   EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
 }
 
-TEST(MusicPlayer, WithNoSelectionThePlayKeyStartsTheFirstSong) {
+TEST(MusicPlayer, WithNoSelectionThePlayButtonStartsTheFirstSong) {
   MusicDesk desk({.LastSong = "2"});
   desk.Select(-1);
   desk.Click("cmdPlay");
@@ -288,7 +288,7 @@ TEST(MusicPlayer, ASongEndWritesThePositionBeforeItLoadsTheNextSong) {
             "10000 song end\n" + written("0") + "10000 load a.mp3\n10000 song play a.mp3\n");
 }
 
-TEST(MusicPlayer, PlayOnAnEmptyListStoresNoSelectionAndWakesTheKeys) {
+TEST(MusicPlayer, PlayOnAnEmptyListStoresNoSelectionAndWakesTheButtons) {
   MusicDesk desk;
   desk.Do([&] { desk.List().Clear(); });
   desk.Click("cmdPlay");
@@ -297,16 +297,16 @@ TEST(MusicPlayer, PlayOnAnEmptyListStoresNoSelectionAndWakesTheKeys) {
   EXPECT_EQ(desk.LastSong(), "-1");
   EXPECT_EQ(desk.Text("lblMP3Number"), "0/0");
   EXPECT_EQ(desk.Text("lblMP3Length"), "0:00");
-  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.Buttons(), "Play Skip Stop");
   EXPECT_EQ(desk.PlayState(), kStopped);
 }
 
-TEST(MusicPlayer, TheStopKeyStopsAndMutesAndBarsTheClock) {
+TEST(MusicPlayer, TheStopButtonStopsAndMutesAndBarsTheClock) {
   MusicDesk desk;
   desk.Click("cmdPlay");
   desk.Advance(3000);
   desk.Click("cmdStop");
-  EXPECT_EQ(desk.Keys(), "Play");
+  EXPECT_EQ(desk.Buttons(), "Play");
   EXPECT_TRUE(desk.WaveMute().Value);
   EXPECT_FALSE(desk.MuteCheck(0));
   EXPECT_EQ(desk.WaveSlider(), 20'000);
@@ -335,7 +335,7 @@ TEST(MusicPlayer, APriorityCallLeavesTheStateOfTheMusicAsItIs) {
   desk.Status(192);
   desk.Advance(12'000);
   EXPECT_EQ(desk.PlayState(), kPlaying);
-  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.Buttons(), "Play Skip Stop");
   EXPECT_EQ(desk.MusicFlags(), "");
   EXPECT_EQ(desk.Journal(), "0 song play a.mp3\n10000 song end\n10000 song play b.mp3\n");
 }
@@ -345,13 +345,13 @@ TEST(MusicPlayer, AMessagePausesTheSongAndGivesItBackWhereItWas) {
   desk.Click("cmdPlay");
   desk.RunTo(12, 1, 2);
   EXPECT_EQ(desk.PlayState(), kPaused);
-  EXPECT_EQ(desk.Keys(), "");
+  EXPECT_EQ(desk.Buttons(), "");
   const std::string position = desk.Text("lblMP3Position");
   desk.Advance(2000);
   EXPECT_EQ(desk.Text("lblMP3Position"), position);
   desk.Advance(10'000);
   EXPECT_EQ(desk.PlayState(), kPlaying);
-  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.Buttons(), "Play Skip Stop");
   EXPECT_EQ(desk.Pc.Song.FileName(), "/music/a.mp3");
 }
 

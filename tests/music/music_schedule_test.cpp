@@ -36,18 +36,18 @@ TEST(MusicSchedule, StartsTheMusicAtTheStartMinuteAndFadesItOutAtTheStopMinute) 
   desk.RunTo(12, 5, 2);
   EXPECT_EQ(desk.Journal(), "1000 song play a.mp3\n1200 send 67\n");
   EXPECT_EQ(desk.MusicFlags(), "Started");
-  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.Buttons(), "Play Skip Stop");
   EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
   desk.RunTo(12, 9, 59);
   desk.Pc.Journal.Clear();
   desk.RunTo(12, 10, 3);
   EXPECT_EQ(desk.Journal(), "1529 song stop\n1529 send 0\n");
   EXPECT_EQ(desk.MusicFlags(), "BySchedule");
-  EXPECT_EQ(desk.Keys(), "Play");
+  EXPECT_EQ(desk.Buttons(), "Play");
   EXPECT_EQ(desk.PlayState(), kStopped);
 }
 
-TEST(MusicSchedule, AfterItsStopTheSliderStaysSilentUntilThePlayKeyPutsItRight) {
+TEST(MusicSchedule, AfterItsStopTheSliderIsSilentUntilThePlayButtonPutsItRight) {
   ClockDesk desk;
   desk.RunTo(12, 10, 3);
   EXPECT_EQ(desk.WaveSlider(), FrmMxr::kSilent);
@@ -135,7 +135,7 @@ TEST(MusicSchedule, MusicThatTheUserStartedBeforeTheWindowPlaysOnBehindIt) {
   EXPECT_EQ(desk.MusicFlags(), "");
 }
 
-TEST(MusicSchedule, TheBarOfTheStopKeyIsLiftedByThePlayKeyAndByAnOpenedList) {
+TEST(MusicSchedule, ThePlayButtonAndAnOpenedListLiftTheBarOfTheStopButton) {
   ClockDesk desk;
   desk.RunTo(12, 6);
   desk.Click("cmdStop");
@@ -313,7 +313,7 @@ TEST(MusicSchedule, AMinuteUnderAPriorityCallIsLostToBothTests) {
   EXPECT_EQ(desk.PlayState(), kStopped);
 }
 
-TEST(MusicSchedule, APriorityCallAtMidnightKeepsTheBarOfTheStopKey) {
+TEST(MusicSchedule, APriorityCallAtMidnightKeepsTheBarOfTheStopButton) {
   ClockDesk desk({.StartTime = "00:00", .StopTime = "23:59"});
   desk.RunTo(12, 1, 2);
   desk.Click("cmdStop");
@@ -435,7 +435,7 @@ TEST(MusicSchedule, ATakeoverInTheMiddleOfItsFadeStopsTheMusicAtOnce) {
   EXPECT_EQ(desk.Journal(), "0 song stop\n0 send 0\n");
 }
 
-TEST(MusicSchedule, TheStopKeyInTheMiddleOfItsFadeStopsTheMusicAndTheFadeGoesOn) {
+TEST(MusicSchedule, TheStopButtonDuringItsFadeStopsTheMusicAndTheFadeGoesOn) {
   ClockDesk desk({.FadeTime = "Slow"});
   desk.RunTo(12, 10, 1);
   desk.Click("cmdStop");
@@ -443,7 +443,7 @@ TEST(MusicSchedule, TheStopKeyInTheMiddleOfItsFadeStopsTheMusicAndTheFadeGoesOn)
   desk.Advance(3000);
   EXPECT_FALSE(desk.State().FadeRunning);
   EXPECT_EQ(desk.MusicFlags(), "ByUser BySchedule");
-  EXPECT_EQ(desk.Keys(), "Play");
+  EXPECT_EQ(desk.Buttons(), "Play");
 }
 
 TEST(MusicSchedule, TheExitInTheMiddleOfItsFadeEndsTheProgramAtOnce) {

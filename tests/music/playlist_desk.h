@@ -34,12 +34,12 @@ struct PlaylistDesk : MusicDesk {
   }
 
   /// Which of the buttons of the selected songs are enabled.
-  std::string SongKeys() {
-    std::string keys;
-    for (const char* key : {"RemoveKey", "RemAll_Key", "PrevKey"}) {
-      if (Enabled(key)) keys += (keys.empty() ? "" : " ") + std::string(key);
+  std::string SongButtons() {
+    std::string buttons;
+    for (const char* button : {"RemoveKey", "RemAll_Key", "PrevKey"}) {
+      if (Enabled(button)) buttons += (buttons.empty() ? "" : " ") + std::string(button);
     }
-    return keys;
+    return buttons;
   }
 
   /// The selected option, "Scheduled", "Manual" or "Autostart"; empty when there is none.

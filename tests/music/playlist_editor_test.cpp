@@ -18,7 +18,7 @@ TEST(PlaylistEditor, OpensOnTheSongsOfTheDirectoryWithAnEmptyList) {
   EXPECT_EQ(desk.TheFrmPlaylist().Caption.Get(), "Music playlist:");
   EXPECT_EQ(desk.Available(), "a b c");
   EXPECT_EQ(desk.Selected(), "");
-  EXPECT_EQ(desk.SongKeys(), "RemAll_Key");
+  EXPECT_EQ(desk.SongButtons(), "RemAll_Key");
   EXPECT_EQ(desk.Choice(), "Autostart");
   EXPECT_EQ(desk.Times(), "(__:__-__:__ -------)");
   EXPECT_EQ(desk.Boxes(), "");
@@ -186,55 +186,55 @@ TEST(PlaylistEditor, AnEmptyDirectoryCountsAsMissingAndOneWithoutSongsDoesNot) {
 TEST(PlaylistEditor, EveryClickAddsItsSongAtTheEndAlsoASecondTime) {
   PlaylistDesk desk;
   desk.Click("RemAll_Key");
-  EXPECT_EQ(desk.SongKeys(), "");
+  EXPECT_EQ(desk.SongButtons(), "");
   desk.Add({"b", "a"});
   EXPECT_EQ(desk.Selected(), "b a");
-  EXPECT_EQ(desk.SongKeys(), "RemAll_Key");
+  EXPECT_EQ(desk.SongButtons(), "RemAll_Key");
   desk.Add({"a", "b"});
   EXPECT_EQ(desk.Selected(), "b a a b");
 }
 
-TEST(PlaylistEditor, SelectAllTakesTheDirectoryOnceAndLeavesTheKeys) {
+TEST(PlaylistEditor, SelectAllTakesTheDirectoryOnceAndLeavesTheButtons) {
   PlaylistDesk desk;
   desk.Add({"c", "c"});
   desk.Click("RemAll_Key");
   desk.Click("cmdSelectAll");
   EXPECT_EQ(desk.Selected(), "a b c");
-  EXPECT_EQ(desk.SongKeys(), "");
+  EXPECT_EQ(desk.SongButtons(), "");
   desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "b");
   desk.Click("cmdSelectAll");
   EXPECT_EQ(desk.Selected(), "a b c");
-  EXPECT_EQ(desk.SongKeys(), "RemoveKey PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemoveKey PrevKey");
 }
 
 TEST(PlaylistEditor, RemoveTakesTheSelectedSongAndSwitchesItselfOff) {
   PlaylistDesk desk;
   desk.Click("cmdSelectAll");
   desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "b");
-  EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemoveKey RemAll_Key PrevKey");
   desk.Click("RemoveKey");
   EXPECT_EQ(desk.Selected(), "a c");
-  EXPECT_EQ(desk.SongKeys(), "RemAll_Key PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemAll_Key PrevKey");
 }
 
-TEST(PlaylistEditor, WithTheLastSongTheKeysGoOffToo) {
+TEST(PlaylistEditor, WithTheLastSongTheButtonsGoOffToo) {
   PlaylistDesk desk;
   desk.Add({"a"});
   desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "a");
   desk.Click("RemoveKey");
   EXPECT_EQ(desk.Selected(), "");
-  EXPECT_EQ(desk.SongKeys(), "");
+  EXPECT_EQ(desk.SongButtons(), "");
 }
 
-TEST(PlaylistEditor, RemoveAllEmptiesTheListAndLeavesTheOtherKeys) {
+TEST(PlaylistEditor, RemoveAllEmptiesTheListAndLeavesTheOtherButtons) {
   PlaylistDesk desk;
   desk.Add({"a", "b"});
   desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "a");
   desk.Click("RemAll_Key");
   EXPECT_EQ(desk.Selected(), "");
-  EXPECT_EQ(desk.SongKeys(), "RemoveKey PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemoveKey PrevKey");
   desk.Click("RemoveKey");
-  EXPECT_EQ(desk.SongKeys(), "RemoveKey");
+  EXPECT_EQ(desk.SongButtons(), "RemoveKey");
 }
 
 TEST(PlaylistEditor, RemoveWithNothingSelectedRemovesNothing) {
@@ -242,10 +242,10 @@ TEST(PlaylistEditor, RemoveWithNothingSelectedRemovesNothing) {
   desk.Add({"a", "b"});
   desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "a");
   desk.Click("cmdRandomize");
-  EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemoveKey RemAll_Key PrevKey");
   desk.Click("RemoveKey");
   EXPECT_EQ(desk.TheFrmPlaylist().SelectedMP3s.ListCount(), 2);
-  EXPECT_EQ(desk.SongKeys(), "RemAll_Key PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemAll_Key PrevKey");
   EXPECT_EQ(desk.Boxes(), "");
 }
 

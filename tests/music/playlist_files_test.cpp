@@ -36,7 +36,7 @@ TEST(PlaylistFiles, ShowTheirSongsInTheOrderOfTheFileAndSelectTheFirst) {
   FileDesk desk("[Playlist]\r\nSong:1=waltz\r\nSong:2=march\r\nSong:3=aria\r\n");
   EXPECT_EQ(desk.Entries(), "waltz march aria");
   EXPECT_EQ(desk.Position(), 0);
-  EXPECT_EQ(desk.Keys(), "Play");
+  EXPECT_EQ(desk.Buttons(), "Play");
   EXPECT_EQ(desk.PlayState(), kStopped);
   EXPECT_EQ(desk.Frame(), "Background music playlist: Day.lst");
 }
@@ -68,7 +68,7 @@ TEST(PlaylistFiles, AnAutostartResumesAtTheLastSong) {
                 "[BackGround music]\r\nAutostart=True\r\n");
   EXPECT_EQ(desk.Heard(), "song c.mp3 at 20000");
   EXPECT_EQ(desk.Text("lblMP3Number"), "3/3");
-  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.Buttons(), "Play Skip Stop");
   EXPECT_EQ(desk.Times(), "-  autostart");
   EXPECT_EQ(desk.MusicFlags(), "");
 }
@@ -223,7 +223,7 @@ TEST(PlaylistFiles, OpeningAListLetsTheSongPlayOnAndTheNextOneIsFromTheNewList) 
   EXPECT_EQ(desk.Journal(), "0 song play a.mp3\n10000 song end\n10000 song play b.mp3\n");
 }
 
-TEST(PlaylistFiles, OpeningAListLiftsTheBarOfTheStopKey) {
+TEST(PlaylistFiles, OpeningAListLiftsTheBarOfTheStopButton) {
   FileDesk desk(kThreeSongs);
   desk.Click("cmdPlay");
   desk.Click("cmdStop");
@@ -274,7 +274,7 @@ TEST(PlaylistFiles, TheFrameShowsItsCaptionAsSoonAsTheListIsLoaded) {
 TEST(PlaylistFiles, AFileThatIsNotThereLeavesTheListEmpty) {
   MusicDesk desk({}, [](SimulatedPc& pc) { pc.Disk.Remove(Desk::kPlaylist); });
   EXPECT_EQ(desk.Entries(), "");
-  EXPECT_EQ(desk.Keys(), "");
+  EXPECT_EQ(desk.Buttons(), "");
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
   desk.Advance(70'000);
   EXPECT_EQ(desk.Journal(), "");

@@ -244,14 +244,14 @@ TEST(PlaylistOpen, SongsThatTheDirectoryDoesNotHaveAreKept) {
   EXPECT_EQ(desk.Setting("Playlist", "Song:2", PlaylistDesk::kFile), "gone");
 }
 
-TEST(PlaylistOpen, TheKeysStayAsTheyAre) {
+TEST(PlaylistOpen, TheButtonsStayAsTheyAre) {
   PlaylistDesk desk;
   desk.Click("RemAll_Key");
   desk.OpenText(kTwoSongs);
-  EXPECT_EQ(desk.SongKeys(), "");
+  EXPECT_EQ(desk.SongButtons(), "");
   desk.Choose(desk.TheFrmPlaylist().SelectedMP3s, "a");
   desk.OpenText(kTwoSongs);
-  EXPECT_EQ(desk.SongKeys(), "RemoveKey PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemoveKey PrevKey");
 }
 
 TEST(PlaylistOpen, AnEditorClosedUnderItsDialogTakesNothing) {

@@ -23,12 +23,12 @@ TEST(PlaylistPreview, PlaysTheSelectedSongUntilTheSecondPress) {
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
   EXPECT_EQ(desk.Text("PrevKey"), "Stop");
-  EXPECT_EQ(desk.SongKeys(), "PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "PrevKey");
   desk.Advance(3000);
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Heard(), "silence");
   EXPECT_EQ(desk.Text("PrevKey"), "Play");
-  EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemoveKey RemAll_Key PrevKey");
 }
 
 TEST(PlaylistPreview, OpensTheMastersAndTheWaveLinesMute) {
@@ -55,7 +55,7 @@ TEST(PlaylistPreview, AfterBackgroundMusicTheFirstPressStopsItAndTheSecondStarts
   EXPECT_EQ(desk.Journal(), "0 song stop\n0 song play c.mp3\n");
 }
 
-TEST(PlaylistPreview, AtItsEndTheMainWindowsListGoesOnAndTheKeyStillSaysStop) {
+TEST(PlaylistPreview, AtItsEndTheMainWindowsListGoesOnAndTheButtonStillSaysStop) {
   PreviewDesk desk("c");
   desk.Click("PrevKey");
   desk.Advance(10'000);
@@ -123,7 +123,7 @@ TEST(PlaylistPreview, NoneBeginsUnderACall) {
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Text("PrevKey"), "Play");
   EXPECT_EQ(desk.WaveMute().Value, FrmMxr::kMuted);
-  EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemoveKey RemAll_Key PrevKey");
   EXPECT_EQ(desk.Journal().find("song play"), std::string::npos) << desk.Journal();
   desk.Release("cmdCall");
   desk.Advance(1000);
@@ -152,7 +152,7 @@ TEST(PlaylistPreview, AnAmplifierThatTakesOverEndsItAndLetsNoneBegin) {
   ASSERT_TRUE(desk.State().PriorityPreempted);
   EXPECT_EQ(desk.Pc.Song.PlayState(), kStopped);
   EXPECT_EQ(desk.Text("PrevKey"), "Play");
-  EXPECT_EQ(desk.SongKeys(), "RemoveKey RemAll_Key PrevKey");
+  EXPECT_EQ(desk.SongButtons(), "RemoveKey RemAll_Key PrevKey");
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Text("PrevKey"), "Play");
   EXPECT_TRUE(desk.MuteCheck(0));

@@ -24,7 +24,7 @@ TEST(RefusedSongs, AreSkippedWithoutAWordAndThePositionMovesOn) {
   EXPECT_EQ(desk.Sys->Music.CurrentSongIndex, 3);
 }
 
-TEST(RefusedSongs, ThePlayKeyGoesOnToTheNextSongThatPlays) {
+TEST(RefusedSongs, ThePlayButtonGoesOnToTheNextSongThatPlays) {
   MusicDesk desk;
   Break(desk, "c");
   Break(desk, "a");
@@ -32,7 +32,7 @@ TEST(RefusedSongs, ThePlayKeyGoesOnToTheNextSongThatPlays) {
   desk.Click("cmdPlay");
   EXPECT_EQ(desk.Journal(), "0 song refuse c.mp3\n0 song refuse a.mp3\n0 song play b.mp3\n");
   EXPECT_EQ(desk.LastSong(), "1");
-  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.Buttons(), "Play Skip Stop");
 }
 
 TEST(RefusedSongs, AListOfNothingElseStopsAfterOneRound) {

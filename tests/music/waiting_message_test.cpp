@@ -37,11 +37,11 @@ class BreakDesk : public MusicDesk {
 
 TEST(WaitingMessage, AMessageWaitsForTheEndOfTheSongAndTheNextSongFollowsAtOnce) {
   BreakDesk desk;
-  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.Buttons(), "Play Skip Stop");
   EXPECT_EQ(desk.PlayState(), kPlaying);
   desk.Advance(31'000);
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
-  EXPECT_EQ(desk.Keys(), "Play Skip Stop");
+  EXPECT_EQ(desk.Buttons(), "Play Skip Stop");
   EXPECT_EQ(desk.Position(), 0);
   desk.Advance(kMessageMs);
   EXPECT_EQ(desk.Waiting(), "nothing waits");
@@ -51,7 +51,7 @@ TEST(WaitingMessage, AMessageWaitsForTheEndOfTheSongAndTheNextSongFollowsAtOnce)
             "33000 wav end welcome.wav\n33000 song play b.mp3\n");
 }
 
-TEST(WaitingMessage, NeitherZonesNorPaintNorZoneKeysChangeForIt) {
+TEST(WaitingMessage, NeitherZonesNorPaintNorZoneButtonsChangeForIt) {
   BreakDesk desk;
   desk.Pc.Journal.Only({"send"});
   desk.Advance(31'000);
@@ -71,7 +71,7 @@ TEST(WaitingMessage, ASkipSendsTheWaitingMessageOutNow) {
             "3000 wav end welcome.wav\n3000 song play b.mp3\n");
 }
 
-TEST(WaitingMessage, AfterTheStopKeyTheScheduleHaltsUntilAStartedSongEnds) {
+TEST(WaitingMessage, AfterTheStopButtonTheScheduleHaltsUntilAStartedSongEnds) {
   BreakDesk desk;
   desk.Click("cmdStop");
   EXPECT_EQ(desk.Waiting(), "waiting");
@@ -156,7 +156,7 @@ TEST(WaitingMessage, TheExitInTheMiddleOfTheMessageEndsTheProgramAtOnce) {
   EXPECT_EQ(desk.Journal(), "0 send 0\n0 process ends\n");
 }
 
-TEST(WaitingMessage, ThePlayKeyUnderTheMessageRestartsTheSongUntilItEnds) {
+TEST(WaitingMessage, ThePlayButtonUnderTheMessageRestartsTheSongUntilItEnds) {
   BreakDesk desk;
   desk.Advance(31'000);
   desk.Click("cmdPlay");

@@ -38,7 +38,7 @@ TEST(BetweenRow, TheWaitIsShownByTheFlagTheTickAndTheRowAlone) {
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
-TEST(BetweenRow, TheMessagesLeaveTheKeysTheZonesAndThePaintOfTheRowAlone) {
+TEST(BetweenRow, TheMessagesLeaveTheButtonsTheZonesAndThePaintOfTheRowAlone) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(32'000);
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
@@ -216,7 +216,7 @@ TEST(BetweenRow, AStatusThatTakesNothingOverLeavesTheMessagesAlone) {
   }
 }
 
-TEST(BetweenRow, AZoneKeyUnderTheMessagesLightsItsLabelWithoutAByte) {
+TEST(BetweenRow, AZoneButtonUnderTheMessagesLightsItsLabelWithoutAByte) {
   SpotDesk desk(AtBreak());
   desk.AdvanceTo(32'000);
   desk.Pc.Journal.Only({"send"});

@@ -86,12 +86,12 @@ struct EditorDesk : Desk {
   }
 
   /// Which of the three buttons of the sequence are enabled.
-  std::string Keys() {
-    std::string keys;
-    for (const char* key : {"PrevKey", "RemoveKey", "RemAll_Key"}) {
-      if (Enabled(key)) keys += (keys.empty() ? "" : " ") + std::string(key);
+  std::string Buttons() {
+    std::string buttons;
+    for (const char* button : {"PrevKey", "RemoveKey", "RemAll_Key"}) {
+      if (Enabled(button)) buttons += (buttons.empty() ? "" : " ") + std::string(button);
     }
-    return keys;
+    return buttons;
   }
 
   std::string Saved(const std::string& key, const std::string& file = kFile) {

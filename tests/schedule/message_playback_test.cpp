@@ -197,9 +197,9 @@ TEST(MessagePlayback, TickAndTransportButtonsAreOffFromTheFadeToTheEndOfTheRise)
   EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
 }
 
-TEST(MessagePlayback, TheMusicZoneKeysAreOffOnlyWhileMessagesPlay) {
+TEST(MessagePlayback, TheMusicZoneButtonsAreOffOnlyWhileMessagesPlay) {
   SpotDesk desk;
-  const auto keys = [&] {
+  const auto buttons = [&] {
     std::string on;
     for (int zone = 0; zone < kZones; ++zone) {
       on += desk.Main().cmdMusicZones[zone].Enabled ? '1' : '0';
@@ -207,13 +207,13 @@ TEST(MessagePlayback, TheMusicZoneKeysAreOffOnlyWhileMessagesPlay) {
     return on;
   };
   desk.AdvanceTo(SpotDesk::kFadedDown - 1);
-  EXPECT_EQ(keys(), "111111");
+  EXPECT_EQ(buttons(), "111111");
   desk.AdvanceTo(SpotDesk::kFadedDown);
-  EXPECT_EQ(keys(), "000000");
+  EXPECT_EQ(buttons(), "000000");
   desk.AdvanceTo(SpotDesk::kSecondMessageEnds - 1);
-  EXPECT_EQ(keys(), "000000");
+  EXPECT_EQ(buttons(), "000000");
   desk.AdvanceTo(SpotDesk::kSecondMessageEnds);
-  EXPECT_EQ(keys(), "111111");
+  EXPECT_EQ(buttons(), "111111");
 }
 
 TEST(MessagePlayback, TheFirstCellIsGreenWhileMessagesPlayAndTheRestOfTheRowNavy) {
@@ -277,7 +277,7 @@ TEST(MessagePlayback, AFadeThatEndsWithoutASongHasNothingToPauseOrResume) {
   EXPECT_EQ(desk.WaveSlider(), 20000);
 }
 
-TEST(MessagePlayback, ASongWhoseFileHasGoneStaysPausedAndItsKeysStayOff) {
+TEST(MessagePlayback, ASongWhoseFileHasGoneStaysPausedAndItsButtonsStayOff) {
   SpotDesk desk;
   desk.AdvanceTo(5000);
   desk.Pc.Disk.Vanish("/music");

@@ -153,7 +153,7 @@ TEST(MessagePreview, ClosingTheEditorSilencesIt) {
   EXPECT_EQ(desk.WaveSlider(), 20'000);
   desk.Click("mnuSchedule");
   EXPECT_EQ(desk.Text("PrevKey"), "Play");
-  EXPECT_EQ(desk.Keys(), "");
+  EXPECT_EQ(desk.Buttons(), "");
 }
 
 TEST(MessagePreview, AnEditorThatIsOpenedAgainAtOnceIsNotItsBusiness) {
@@ -167,7 +167,7 @@ TEST(MessagePreview, AnEditorThatIsOpenedAgainAtOnceIsNotItsBusiness) {
   });
   desk.Advance(10'000);
   EXPECT_EQ(desk.Journal(), "0 wav play welcome.wav\n1000 wav stop welcome.wav\n");
-  EXPECT_EQ(desk.Keys(), "PrevKey RemAll_Key");
+  EXPECT_EQ(desk.Buttons(), "PrevKey RemAll_Key");
 }
 
 TEST(MessagePreview, ACallEndsItAndHasTheLineAlone) {

@@ -250,7 +250,7 @@ TEST(MessageTakeover, TheRestOfALongListIsGoneThroughWithEmptyEntriesInNoTime) {
             "0 wav refuse \n");
 }
 
-TEST(MessageTakeover, ACallInTheRiseEndsItAndFindsTickAndKeysAlive) {
+TEST(MessageTakeover, ACallInTheRiseEndsItAndFindsTickAndButtonsAlive) {
   SpotDesk desk;
   desk.AdvanceTo(kInTheRise);
   desk.Press("cmdCall");

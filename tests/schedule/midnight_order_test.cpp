@@ -59,7 +59,7 @@ class NightDesk : public SpotDesk {
   }
 };
 
-TEST(MidnightOrder, TheMusicIsStoppedBeforeTheTableIsBuiltAndTheStopKeyForgiven) {
+TEST(MidnightOrder, MusicStopsBeforeTheTableIsBuiltAndTheStopButtonIsForgiven) {
   NightDesk desk;
   desk.AdvanceTo(kInTheFade);
   EXPECT_TRUE(desk.State().FadeRunning);
@@ -71,7 +71,7 @@ TEST(MidnightOrder, TheMusicIsStoppedBeforeTheTableIsBuiltAndTheStopKeyForgiven)
   EXPECT_FALSE(desk.State().MusicStoppedByUser);
 }
 
-TEST(MidnightOrder, TheNewDaysRowIsSoughtLastAndPlaysBehindTheStop) {
+TEST(MidnightOrder, TheNewDaysRowIsSoughtLastAndPlaysAfterTheStop) {
   NightDesk desk;
   desk.AdvanceTo(20'000);
   EXPECT_EQ(desk.Journal(),
@@ -83,7 +83,7 @@ TEST(MidnightOrder, TheNewDaysRowIsSoughtLastAndPlaysBehindTheStop) {
             "4529 send 0\n");
 }
 
-TEST(MidnightOrder, TheStopKeyOfYesterdayBarsTheMusicsStartAtMidnightItself) {
+TEST(MidnightOrder, TheStopButtonOfYesterdayBarsTheMusicsStartAtMidnightItself) {
   SpotDesk desk(NightOfMusic("00:00", "23:00"), kSilent);
   desk.Click("cmdPlay");
   desk.Click("cmdStop");

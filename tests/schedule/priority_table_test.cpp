@@ -4,7 +4,7 @@
 //   sounds   immediately after the last byte
 //   wave     slider of the wave line at that moment, 0 the loudest
 //   muted    lines muted at that moment
-//   keys     enabled at that moment: T the tick, P K S play, skip and stop, C the call, Z the
+//   on       enabled at that moment: T the tick, P K S play, skip and stop, C the call, Z the
 //            music's zones
 //   sent     since the first byte, with the millisecond
 //   row      of 12:01, in the end: played in full, cut off, or lost
@@ -69,7 +69,7 @@ class TableDesk : public SpotDesk {
       Status(bytes[byte]);
     }
     const std::string atOnce = Sound() + " | " + std::to_string(WaveSlider()) + " | " +
-                               OrDash(MutedLines()) + " | " + KeysThatAreOn() + " | ";
+                               OrDash(MutedLines()) + " | " + LettersOfWhatIsOn() + " | ";
     AdvanceTo(kAtLastMs);
     const bool audible = Sound() != "-";
     return atOnce + OrDash(SentSince()) + " | " + FateOfTheRow() + " | " + Sound() +
@@ -96,14 +96,14 @@ class TableDesk : public SpotDesk {
     return lines.substr(0, lines.find("rophone"));
   }
 
-  std::string KeysThatAreOn() {
+  std::string LettersOfWhatIsOn() {
     const auto letter = [](bool on, char name) { return on ? name : '.'; };
-    std::string keys{letter(Sys->TheFrmPlayers.tmrMessage.Enabled, 'T'),
-                     letter(Enabled("cmdPlay"), 'P'), letter(Enabled("cmdSkip"), 'K'),
-                     letter(Enabled("cmdStop"), 'S'), letter(Enabled("cmdCall"), 'C')};
+    std::string letters{letter(Sys->TheFrmPlayers.tmrMessage.Enabled, 'T'),
+                        letter(Enabled("cmdPlay"), 'P'), letter(Enabled("cmdSkip"), 'K'),
+                        letter(Enabled("cmdStop"), 'S'), letter(Enabled("cmdCall"), 'C')};
     for (int zone = 1; zone < kZones; ++zone)
       EXPECT_EQ(Main().cmdMusicZones[zone].Enabled, Main().cmdMusicZones[0].Enabled);
-    return keys + letter(Main().cmdMusicZones[0].Enabled, 'Z');
+    return letters + letter(Main().cmdMusicZones[0].Enabled, 'Z');
   }
 
   std::string SentSince() {
@@ -186,14 +186,14 @@ void ExpectTable(const Moment& moment, const std::string& own, std::size_t rows,
 
 TEST(PriorityTable, ByteBeforeTheMinuteOfARowWithNothingOn) {
   ExpectTable(kIdle, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | -       | 20000 | wave mic   | TP..CZ | 1200:68 6000:0            | played | -
 64     | -       | 20000 | all three  | TP..CZ | -                         | lost   | -
 128    | -       | 20000 | all three  | TP..CZ | -                         | lost   | -
 192    | -       | 20000 | all three  | TP..CZ | -                         | lost   | -
 )");
   ExpectTable(kIdle, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | -       | 20000 | wave mic   | TP..CZ | 1200:132 6000:0           | played | -
 64     | -       | 20000 | all three  | TP..CZ | 1000:0 1200:132 6000:0    | played | -
 128    | -       | 20000 | all three  | TP..CZ | -                         | lost   | -
@@ -203,14 +203,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, ByteBeforeTheMinuteOfARowWithMusic) {
   ExpectTable(kMusic, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | march   | 20000 | mic        | TPKSCZ | 900:67 1729:68 6729:67    | played | march 20000
 64     | march   | 20000 | mic        | TPKSCZ | -                         | lost   | march 20000
 128    | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 192    | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 )");
   ExpectTable(kMusic, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | march   | 20000 | mic        | TPKSCZ | 900:131 1729:132 6729:131 | played | march 20000
 64     | march   | 20000 | mic        | TPKSCZ | 1529:0 1729:132 6729:131  | played | march 20000
 128    | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
@@ -220,14 +220,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, ByteInTheFadeDown) {
   ExpectTable(kFadeDown, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | march   | 40000 | mic        | ....CZ | 1650:68 6729:67           | played | march 20000
 64     | march   | 40000 | mic        | ....CZ | 1529:0 1729:68 6729:67    | played | march 20000
 128    | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 192    | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 )");
   ExpectTable(kFadeDown, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | march   | 40000 | mic        | ....CZ | 1650:132 6729:131         | played | march 20000
 64     | march   | 40000 | mic        | ....CZ | 1529:0 1729:132 6729:131  | played | march 20000
 128    | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
@@ -237,14 +237,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, ByteInAMessageThatHasPausedTheMusic) {
   ExpectTable(kMessage, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | welcome | 10000 | mic        | ....C. | 6729:67                   | played | march 20000
 64     | welcome | 10000 | mic        | ....C. | 6729:67                   | played | march 20000
 128    | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 192    | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 )");
   ExpectTable(kMessage, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | welcome | 10000 | mic        | ....C. | 6729:131                  | played | march 20000
 64     | welcome | 10000 | mic        | ....C. | 6729:131                  | played | march 20000
 128    | -       | 20000 | master mic | TP...Z | -                         | cut    | -
@@ -254,14 +254,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, ByteInAMessageWithoutMusic) {
   ExpectTable(kMessageAlone, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | welcome | 10000 | mic        | ....C. | 6000:0                    | played | -
 64     | welcome | 10000 | mic        | ....C. | 6000:0                    | played | -
 128    | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 192    | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 )");
   ExpectTable(kMessageAlone, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | welcome | 10000 | mic        | ....C. | 6000:0                    | played | -
 64     | welcome | 10000 | mic        | ....C. | 6000:0                    | played | -
 128    | -       | 20000 | master mic | TP...Z | -                         | cut    | -
@@ -271,14 +271,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, ByteInTheFadeUp) {
   ExpectTable(kFadeUp, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | march   | 33535 | mic        | ....CZ | 7300:67                   | played | march 20000
 64     | march   | 33535 | mic        | ....CZ | -                         | played | march 20000
 128    | -       | 20000 | master mic | TPKS.Z | -                         | played | -
 192    | -       | 20000 | master mic | TPKS.Z | -                         | played | -
 )");
   ExpectTable(kFadeUp, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | march   | 33535 | mic        | ....CZ | 7300:131                  | played | march 20000
 64     | march   | 33535 | mic        | ....CZ | -                         | played | march 20000
 128    | -       | 20000 | master mic | TPKS.Z | -                         | played | -
@@ -290,14 +290,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 /// all, and that opens the master, so the next song is heard in the middle of the takeover.
 TEST(PriorityTable, ByteWhileARowWaitsForTheSongsEnd) {
   ExpectTable(kWaiting, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | march   | 20000 | mic        | .PKSCZ | 5400:67                   | played | waltz 20000
 64     | march   | 20000 | mic        | .PKSCZ | -                         | played | waltz 20000
 128    | -       | 20000 | master mic | .PKS.Z | -                         | lost   | waltz 20000
 192    | -       | 20000 | master mic | .PKS.Z | -                         | lost   | waltz 20000
 )");
   ExpectTable(kWaiting, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | march   | 20000 | mic        | .PKSCZ | 5400:131                  | played | waltz 20000
 64     | march   | 20000 | mic        | .PKSCZ | -                         | played | waltz 20000
 128    | -       | 20000 | master mic | .PKS.Z | -                         | lost   | waltz 20000
@@ -307,14 +307,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, ByteInTheMessagesOfTheMusicBreak) {
   ExpectTable(kBreak, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | welcome | 10000 | mic        | .PKSCZ | -                         | played | waltz 20000
 64     | welcome | 10000 | mic        | .PKSCZ | -                         | played | waltz 20000
 128    | -       | 20000 | master mic | TPKS.Z | -                         | cut    | -
 192    | -       | 20000 | master mic | TPKS.Z | -                         | cut    | -
 )");
   ExpectTable(kBreak, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 0      | welcome | 10000 | mic        | .PKSCZ | -                         | played | waltz 20000
 64     | welcome | 10000 | mic        | .PKSCZ | -                         | played | waltz 20000
 128    | -       | 20000 | master mic | TPKS.Z | -                         | cut    | -
@@ -326,14 +326,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, WayBackWithNothingOn) {
   ExpectTable(kIdle, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | -       | 20000 | wave mic   | TP..CZ | -                         | lost   | -
 128 64 | -       | 20000 | all three  | TP..CZ | -                         | lost   | -
 192 0  | -       | 20000 | wave mic   | TP..CZ | -                         | lost   | -
 192 64 | -       | 20000 | all three  | TP..CZ | -                         | lost   | -
 )");
   ExpectTable(kIdle, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | -       | 20000 | wave mic   | TP..CZ | -                         | lost   | -
 128 64 | -       | 20000 | all three  | TP..CZ | -                         | lost   | -
 192 0  | -       | 20000 | wave mic   | TP..CZ | -                         | lost   | -
@@ -343,14 +343,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, WayBackToMusic) {
   ExpectTable(kMusic, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | march   | 20000 | mic        | TPKSCZ | 2900:67                   | lost   | march 20000
 128 64 | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 192 0  | march   | 20000 | mic        | TPKSCZ | 2900:67                   | lost   | march 20000
 192 64 | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 )");
   ExpectTable(kMusic, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | march   | 20000 | mic        | TPKSCZ | 2900:131                  | lost   | march 20000
 128 64 | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 192 0  | march   | 20000 | mic        | TPKSCZ | 2900:131                  | lost   | march 20000
@@ -360,14 +360,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, WayBackFromTheFadeDown) {
   ExpectTable(kFadeDown, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | march   | 20000 | mic        | TPKSCZ | 3650:67                   | lost   | march 20000
 128 64 | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 192 0  | march   | 20000 | mic        | TPKSCZ | 3650:67                   | lost   | march 20000
 192 64 | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 )");
   ExpectTable(kFadeDown, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | march   | 20000 | mic        | TPKSCZ | 3650:131                  | lost   | march 20000
 128 64 | -       | 20000 | master mic | TPKS.Z | -                         | lost   | -
 192 0  | march   | 20000 | mic        | TPKSCZ | 3650:131                  | lost   | march 20000
@@ -377,14 +377,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, WayBackFromAMessageThatHadPausedTheMusic) {
   ExpectTable(kMessage, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | -       | 20000 | mic        | TP..CZ | -                         | cut    | -
 128 64 | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 192 0  | -       | 20000 | mic        | TP..CZ | -                         | cut    | -
 192 64 | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 )");
   ExpectTable(kMessage, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | -       | 20000 | mic        | TP..CZ | -                         | cut    | -
 128 64 | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 192 0  | -       | 20000 | mic        | TP..CZ | -                         | cut    | -
@@ -394,14 +394,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, WayBackFromAMessageWithoutMusic) {
   ExpectTable(kMessageAlone, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | -       | 20000 | mic        | TP..CZ | -                         | cut    | -
 128 64 | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 192 0  | -       | 20000 | mic        | TP..CZ | -                         | cut    | -
 192 64 | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 )");
   ExpectTable(kMessageAlone, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | -       | 20000 | mic        | TP..CZ | -                         | cut    | -
 128 64 | -       | 20000 | master mic | TP...Z | -                         | cut    | -
 192 0  | -       | 20000 | mic        | TP..CZ | -                         | cut    | -
@@ -411,14 +411,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, WayBackFromTheFadeUp) {
   ExpectTable(kFadeUp, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | march   | 20000 | mic        | TPKSCZ | 9300:67                   | played | march 20000
 128 64 | -       | 20000 | master mic | TPKS.Z | -                         | played | -
 192 0  | march   | 20000 | mic        | TPKSCZ | 9300:67                   | played | march 20000
 192 64 | -       | 20000 | master mic | TPKS.Z | -                         | played | -
 )");
   ExpectTable(kFadeUp, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | march   | 20000 | mic        | TPKSCZ | 9300:131                  | played | march 20000
 128 64 | -       | 20000 | master mic | TPKS.Z | -                         | played | -
 192 0  | march   | 20000 | mic        | TPKSCZ | 9300:131                  | played | march 20000
@@ -428,14 +428,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, WayBackWhileTheEmptiedRowWaits) {
   ExpectTable(kWaiting, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | march   | 20000 | mic        | .PKSCZ | 7400:67                   | lost   | waltz 20000
 128 64 | -       | 20000 | master mic | .PKS.Z | -                         | lost   | waltz 20000
 192 0  | march   | 20000 | mic        | .PKSCZ | 7400:67                   | lost   | waltz 20000
 192 64 | -       | 20000 | master mic | .PKS.Z | -                         | lost   | waltz 20000
 )");
   ExpectTable(kWaiting, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | march   | 20000 | mic        | .PKSCZ | 7400:131                  | lost   | waltz 20000
 128 64 | -       | 20000 | master mic | .PKS.Z | -                         | lost   | waltz 20000
 192 0  | march   | 20000 | mic        | .PKSCZ | 7400:131                  | lost   | waltz 20000
@@ -445,14 +445,14 @@ byte   | sounds  | wave  | muted      | keys   | sent                      | row
 
 TEST(PriorityTable, WayBackFromTheMessagesOfTheMusicBreak) {
   ExpectTable(kBreak, "Low", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | waltz   | 20000 | mic        | TPKSCZ | 34400:67                  | cut    | waltz 20000
 128 64 | -       | 20000 | master mic | TPKS.Z | -                         | cut    | -
 192 0  | waltz   | 20000 | mic        | TPKSCZ | 34400:67                  | cut    | waltz 20000
 192 64 | -       | 20000 | master mic | TPKS.Z | -                         | cut    | -
 )");
   ExpectTable(kBreak, "High", 4, R"(
-byte   | sounds  | wave  | muted      | keys   | sent                      | row    | at last
+byte   | sounds  | wave  | muted      | on     | sent                      | row    | at last
 128 0  | waltz   | 20000 | mic        | TPKSCZ | 34400:131                 | cut    | waltz 20000
 128 64 | -       | 20000 | master mic | TPKS.Z | -                         | cut    | -
 192 0  | waltz   | 20000 | mic        | TPKSCZ | 34400:131                 | cut    | waltz 20000

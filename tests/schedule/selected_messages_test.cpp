@@ -30,12 +30,12 @@ TEST(SecondsText, IsReadFromTheLeftAsFarAsItIsANumber) {
 
 TEST(SelectedMessages, AClickAddsAMessageToTheEndAsOftenAsItComes) {
   EditorDesk desk;
-  EXPECT_EQ(desk.Keys(), "");
+  EXPECT_EQ(desk.Buttons(), "");
   EXPECT_EQ(desk.Total(), "");
   desk.Add({"welcome", "closing", "welcome", "welcome"});
   EXPECT_EQ(desk.Sequence(), "welcome closing welcome welcome");
   EXPECT_EQ(desk.Total(), "11");
-  EXPECT_EQ(desk.Keys(), "PrevKey RemAll_Key");
+  EXPECT_EQ(desk.Buttons(), "PrevKey RemAll_Key");
 }
 
 TEST(SelectedMessages, TheTotalIsRoundedAtEachStep) {
@@ -61,17 +61,17 @@ TEST(SelectedMessages, RemovingTakesTheSelectedEntryAndItsTime) {
   desk.Click("RemoveKey");
   EXPECT_EQ(desk.Sequence(), "welcome closing");
   EXPECT_EQ(desk.Total(), "5");
-  EXPECT_EQ(desk.Keys(), "PrevKey RemAll_Key");
+  EXPECT_EQ(desk.Buttons(), "PrevKey RemAll_Key");
   for (int entry = 0; entry < 2; ++entry) {
     desk.SelectEntry(0);
     desk.Click("RemoveKey");
   }
   EXPECT_EQ(desk.Sequence(), "");
   EXPECT_EQ(desk.Total(), "0");
-  EXPECT_EQ(desk.Keys(), "");
+  EXPECT_EQ(desk.Buttons(), "");
 }
 
-TEST(SelectedMessages, TheRemoveKeyWithoutASelectionRemovesNothing) {
+TEST(SelectedMessages, TheRemoveButtonWithoutASelectionRemovesNothing) {
   EditorDesk desk;
   desk.Add({"welcome"});
   desk.Do([&] { desk.TheWavWindow().SelectedWavs.OnGotFocus(); });
@@ -80,10 +80,10 @@ TEST(SelectedMessages, TheRemoveKeyWithoutASelectionRemovesNothing) {
   EXPECT_TRUE(desk.Pc.Dialogs.Boxes.empty());
 }
 
-TEST(SelectedMessages, TheFocusOfAnEmptySequenceGivesNoRemoveKey) {
+TEST(SelectedMessages, TheFocusOfAnEmptySequenceEnablesNoRemoveButton) {
   EditorDesk desk;
   desk.Do([&] { desk.TheWavWindow().SelectedWavs.OnGotFocus(); });
-  EXPECT_EQ(desk.Keys(), "");
+  EXPECT_EQ(desk.Buttons(), "");
 }
 
 TEST(SelectedMessages, RemoveAllEmptiesSequenceAndTotal) {
@@ -93,7 +93,7 @@ TEST(SelectedMessages, RemoveAllEmptiesSequenceAndTotal) {
   desk.Click("RemAll_Key");
   EXPECT_EQ(desk.Sequence(), "");
   EXPECT_EQ(desk.Total(), "");
-  EXPECT_EQ(desk.Keys(), "");
+  EXPECT_EQ(desk.Buttons(), "");
   EXPECT_EQ(desk.TheWavWindow().SelectedFiles.ListCount(), 0);
 }
 
@@ -103,7 +103,7 @@ TEST(SelectedMessages, AnOpenedSequenceShowsItsLastLengthAndCanFallBelowZero) {
   desk.Open("/app/spot.sch");
   EXPECT_EQ(desk.Sequence(), "welcome closing gong");
   EXPECT_EQ(desk.Total(), "0.8");
-  EXPECT_EQ(desk.Keys(), "PrevKey RemAll_Key");
+  EXPECT_EQ(desk.Buttons(), "PrevKey RemAll_Key");
   desk.SelectEntry(0);
   desk.Click("RemoveKey");
   EXPECT_EQ(desk.Total(), "-2.2");

@@ -15,7 +15,7 @@ TEST(SequenceEditor, OpensWithTheMessagesOfTheDirectoryAndNothingChosen) {
   EXPECT_EQ(desk.TheWavWindow().Caption.Get(), "Message schedule");
   EXPECT_EQ(desk.TheWavWindow().AvailWavs.ListCount(), 4);
   EXPECT_EQ(desk.TheWavWindow().AvailWavs.List(0), "alarm");
-  EXPECT_EQ(desk.Keys(), "");
+  EXPECT_EQ(desk.Buttons(), "");
   EXPECT_EQ(desk.Days() + desk.Zones(), "-------------");
   EXPECT_FALSE(desk.Visible("frInterval"));
   EXPECT_FALSE(desk.Visible("txtDescription"));
@@ -201,8 +201,8 @@ TEST(SequenceEditor, WritesSixValuesInTheirOrderAndClosesHalfASecondLater) {
   desk.Add({"closing", "gong"});
   desk.Type(desk.TheWavWindow().txtHours, "8-10");
   desk.Type(desk.TheWavWindow().txtMinutes, "00,30");
-  for (const char* key : {"WkDays_0", "WkDays_6", "cmdZone_1", "cmdZone_5", "optBetween"})
-    desk.Click(key);
+  for (const char* name : {"WkDays_0", "WkDays_6", "cmdZone_1", "cmdZone_5", "optBetween"})
+    desk.Click(name);
   desk.Pc.Journal.Only({"write", "save"});
   desk.SaveAs(kFile);
   EXPECT_EQ(desk.Journal(),
@@ -455,7 +455,7 @@ TEST(SequenceEditor, OpenedUnderAnAnnouncementItFindsTheTickOnAgainWhenThatEnds)
   EXPECT_EQ(desk.Heard(), "wav alarm.wav at 10000");
 }
 
-TEST(SequenceEditor, TwoSaveKeysInOneTurnOpenOneDialogAfterWhichItCloses) {
+TEST(SequenceEditor, TwoSaveButtonsInOneTurnOpenOneDialogAfterWhichItCloses) {
   EditorDesk desk;
   desk.Compose();
   desk.Pc.Dialogs.OpenResults = {kFile};
@@ -471,7 +471,7 @@ TEST(SequenceEditor, TwoSaveKeysInOneTurnOpenOneDialogAfterWhichItCloses) {
   EXPECT_FALSE(desk.TheWavWindow().Visible);
 }
 
-TEST(SequenceEditor, ASaveKeyThatOpensNoDialogDoesNotHoldItOpen) {
+TEST(SequenceEditor, ASaveButtonThatOpensNoDialogDoesNotHoldItOpen) {
   EditorDesk desk;
   desk.Compose();
   desk.Pc.Dialogs.AnswerAfterMs = 1000;

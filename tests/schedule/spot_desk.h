@@ -37,8 +37,8 @@ class SpotDesk : public Desk {
   /// Which of the tick and the transport buttons are enabled.
   std::string Alive() {
     std::string names = Sys->TheFrmPlayers.tmrMessage.Enabled ? "tick" : "";
-    for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"}) {
-      if (Enabled(key)) names += (names.empty() ? "" : " ") + std::string(key);
+    for (const char* button : {"cmdPlay", "cmdSkip", "cmdStop"}) {
+      if (Enabled(button)) names += (names.empty() ? "" : " ") + std::string(button);
     }
     return names;
   }

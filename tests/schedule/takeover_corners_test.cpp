@@ -84,7 +84,7 @@ TEST(TakeoverCorners, ALowerCallAfterATakeoverLetsARowFadeMusicForNothing) {
   EXPECT_EQ(desk.Alive(), "tick cmdPlay cmdSkip cmdStop");
 }
 
-TEST(TakeoverCorners, MusicThatWasFadedOutForNothingStaysSilentUntilThePlayKey) {
+TEST(TakeoverCorners, MusicThatWasFadedOutForNothingStaysSilentUntilThePlayButton) {
   SpotDesk desk({.Priority = "High"});
   desk.AdvanceTo(500);
   desk.Status(128);

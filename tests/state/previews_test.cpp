@@ -48,7 +48,7 @@ struct PreviewsDesk : Desk {
     ASSERT_EQ(Pc.Song.PlayState(), kPaused);
     Pc.Journal.Clear();
   }
-  std::string Key(bool messages) {
+  std::string ButtonCaption(bool messages) {
     return messages ? Messages().PrevKey.Caption.Get() : Songs().PrevKey.Caption.Get();
   }
   /// Which of the master, the wave line and the microphone are open.
@@ -76,7 +76,7 @@ TEST(Previews, ACallEndsTheSongAtThePress) {
     desk.Press("cmdCall");
     EXPECT_EQ(desk.Journal(), "0 song stop\n");
     EXPECT_EQ(desk.Heard(), "microphone at 15000");
-    EXPECT_EQ(desk.Key(false), "Play");
+    EXPECT_EQ(desk.ButtonCaption(false), "Play");
     desk.Advance(1000);
     desk.Release("cmdCall");
     desk.Advance(5000);
@@ -94,7 +94,7 @@ TEST(Previews, ARowEndsTheSongAtItsMinute) {
             "2000 song stop\n2000 wav play welcome.wav\n2200 send 127\n"
             "5000 wav end welcome.wav\n5000 send 0\n");
   EXPECT_EQ(desk.Heard(), "silence");
-  EXPECT_EQ(desk.Key(false), "Play");
+  EXPECT_EQ(desk.ButtonCaption(false), "Play");
 }
 
 TEST(Previews, AMusicBreakThatASongsPreviewHasMadeBelongsToTheList) {
@@ -113,7 +113,7 @@ TEST(Previews, AMusicBreakThatASongsPreviewHasMadeBelongsToTheList) {
     const std::string next = skipped ? "7000" : "12500";
     EXPECT_EQ(desk.Journal(), end + " wav play welcome.wav\n" + next + " wav end welcome.wav\n" +
                                   next + " song play b.mp3\n");
-    EXPECT_EQ(desk.Key(false), "Stop");
+    EXPECT_EQ(desk.ButtonCaption(false), "Stop");
     desk.Press("cmdCall");
     desk.Advance(1000);
     desk.Release("cmdCall");
@@ -142,7 +142,7 @@ TEST(Previews, ASongThatIsPausedDoesNotComeBackAfterACall) {
   desk.Advance(3000);
   EXPECT_EQ(desk.Heard(), "silence");
   EXPECT_EQ(desk.Pc.Song.PlayState(), kStopped);
-  EXPECT_EQ(desk.Key(false), "Play");
+  EXPECT_EQ(desk.ButtonCaption(false), "Play");
 }
 
 TEST(Previews, ASongThatIsPausedDoesNotComeBackAfterARow) {
@@ -176,10 +176,10 @@ TEST(Previews, NoneBeginsUnderTheAmplifiersCall) {
       desk.Click(messages ? desk.Messages().PrevKey : desk.Songs().PrevKey);
       desk.Advance(500);
       EXPECT_EQ(desk.Heard(), "silence");
-      EXPECT_EQ(desk.Key(messages), "Play");
+      EXPECT_EQ(desk.ButtonCaption(messages), "Play");
       desk.Status(0);
       desk.Click(messages ? desk.Messages().PrevKey : desk.Songs().PrevKey);
-      EXPECT_EQ(desk.Key(messages), "Stop");
+      EXPECT_EQ(desk.ButtonCaption(messages), "Stop");
     }
   }
 }
@@ -197,7 +197,7 @@ TEST(Previews, NoneBeginsBeforeTheEndOfATakeover) {
     ASSERT_TRUE(desk.State().PriorityPreempted);
     ASSERT_TRUE(desk.State().PriorityClear);
     desk.Click(messages ? desk.Messages().PrevKey : desk.Songs().PrevKey);
-    EXPECT_EQ(desk.Key(messages), "Play");
+    EXPECT_EQ(desk.ButtonCaption(messages), "Play");
     EXPECT_EQ(desk.OpenLines(), "");
   }
 }
@@ -216,7 +216,7 @@ TEST(Previews, NoneBeginsInAFade) {
     desk.Click(desk.Songs().PrevKey);
     desk.Click(messages ? desk.Messages().PrevKey : desk.Songs().PrevKey);
     EXPECT_EQ(desk.Heard(), "silence");
-    EXPECT_EQ(desk.Key(messages), "Play");
+    EXPECT_EQ(desk.ButtonCaption(messages), "Play");
   }
 }
 
@@ -225,7 +225,7 @@ TEST(Previews, ACallOfALowerLevelThanOursLetsThemBegin) {
     PreviewsDesk desk({.Priority = "High"});
     desk.Status(64);
     desk.Preview(messages);
-    EXPECT_EQ(desk.Key(messages), "Stop");
+    EXPECT_EQ(desk.ButtonCaption(messages), "Stop");
   }
 }
 
@@ -236,7 +236,7 @@ TEST(Previews, AHighCallEndsTheMessagesThoughNothingElseIsTakenOver) {
     desk.Status(status);
     EXPECT_EQ(desk.Journal(), "0 wav stop welcome.wav\n");
     EXPECT_FALSE(desk.State().PriorityPreempted);
-    EXPECT_EQ(desk.Key(true), "Play");
+    EXPECT_EQ(desk.ButtonCaption(true), "Play");
     desk.Status(0);
     desk.Advance(5000);
     EXPECT_EQ(desk.Heard(), "silence");
@@ -255,7 +255,7 @@ TEST(Previews, ALowCallLetsThemGoOn) {
 }
 
 /// In another language the button's word for closing is not a command of the player.
-TEST(Previews, AMessageThatTheKeyLeavesSoundingEndsUnderTheAmplifiersCall) {
+TEST(Previews, AMessageLeftPlayingByTheButtonEndsUnderTheAmplifiersCall) {
   PreviewsDesk desk({.Language = "Italian"});
   desk.Preview(true);
   desk.Click(desk.Messages().PrevKey);
@@ -315,7 +315,7 @@ TEST(Previews, AnAnnouncementThatEndsOneHasTheLinesToItself) {
   }
 }
 
-TEST(Previews, AnEditorOpenedAfterwardsKeepsItsKeys) {
+TEST(Previews, AnEditorOpenedAfterwardsKeepsItsButtons) {
   PreviewsDesk desk;
   desk.Preview(false);
   desk.Click(desk.Songs().mnuExit);
