@@ -140,7 +140,7 @@ TEST(OptionButton, SwitchingOneOnSwitchesTheOthersOfItsArrayOff) {
   EXPECT_EQ(On(panel), "00101");
 }
 
-TEST(OptionButton, OnlyTheKeyThatGoesOnRaisesItsEvent) {
+TEST(OptionButton, OnlyTheButtonThatGoesOnRaisesItsEvent) {
   Panel panel;
   std::string story;
   for (int i = 0; i < 3; ++i) {

@@ -131,7 +131,7 @@ TEST(FileLists, AllAreEmptyAgainOnceTheirWindowIsUnloaded) {
   EXPECT_EQ(lists.Files.ListCount(), 2);
 }
 
-TEST(OptionButton, KeysOfOneGroupExcludeEachOtherWhateverTheirNames) {
+TEST(OptionButton, ButtonsOfOneGroupExcludeEachOtherWhateverTheirNames) {
   Form form("frmTest", "");
   OptionButton fast(form, "optFast");
   OptionButton slow(form, "optSlow");

@@ -46,27 +46,27 @@ void OpenFileDialog(Desk& desk) {
 }
 
 /// The call button that the main window has for the amplifier in use.
-const char* CallKey(Desk& desk) { return desk.Values().RouterPresent ? "cmdCall" : "cmdCall2"; }
+const char* CallButton(Desk& desk) { return desk.Values().RouterPresent ? "cmdCall" : "cmdCall2"; }
 
 /// Presses the button over music and holds it for the given time: the fade ends after half a
 /// second, the chime one second later.
 void Call(Desk& desk, int heldMs) {
   desk.Click("cmdPlay");
   desk.Advance(1000);
-  desk.Press(CallKey(desk));
+  desk.Press(CallButton(desk));
   desk.Advance(heldMs);
   ASSERT_TRUE(desk.State().CallActive);
 }
 
 void ReachSpeech(Desk& desk) {
   Call(desk, 3000);
-  ASSERT_EQ(desk.Text(CallKey(desk)), "Speak");
+  ASSERT_EQ(desk.Text(CallButton(desk)), "Speak");
   ASSERT_FALSE(desk.MuteCheck(desk.Sys->Mixer.MicLine));
 }
 
 void ReachPostChime(Desk& desk) {
   ReachSpeech(desk);
-  desk.Release(CallKey(desk));
+  desk.Release(CallButton(desk));
   desk.Advance(400);
   ASSERT_EQ(desk.Heard(), "wav gong.wav at 10000");
 }

@@ -65,17 +65,17 @@ TEST(Glance, NamesEachMessageWhileItPlaysAndThenTheSongAgain) {
   EXPECT_EQ(Now(desk), "music: march");
 }
 
-TEST(Glance, ShowsACallByTheTextOfItsKeyWithEitherTypeOfAmplifier) {
+TEST(Glance, ShowsACallByTheTextOfItsButtonWithEitherTypeOfAmplifier) {
   for (const bool router : {true, false}) {
     SpotDesk desk({.Sequences = At("13", {"01"}), .Router = router});
-    const char* key = router ? "cmdCall" : "cmdCall2";
-    desk.Press(key);
-    EXPECT_EQ(Now(desk), "wait: Wait") << key;
+    const char* button = router ? "cmdCall" : "cmdCall2";
+    desk.Press(button);
+    EXPECT_EQ(Now(desk), "wait: Wait") << button;
     desk.Advance(kSpeakingMs);
-    EXPECT_EQ(Now(desk), "call: Speak") << key;
-    desk.Release(key);
+    EXPECT_EQ(Now(desk), "call: Speak") << button;
+    desk.Release(button);
     desk.Advance(kSpeakingMs);
-    EXPECT_EQ(Now(desk), "music: march") << key;
+    EXPECT_EQ(Now(desk), "music: march") << button;
   }
 }
 

@@ -111,7 +111,7 @@ TEST(MainWindow, NothingIsShownOfASongBeforeOnePlays) {
   EXPECT_EQ(desk->Main().lstPlaylist.ToolTipText.Get(), "Double-click to play song");
 }
 
-TEST(MainWindow, WithoutASongToChooseThePlayKeyIsOff) {
+TEST(MainWindow, WithoutASongToChooseThePlayButtonIsOff) {
   EXPECT_FALSE(Desk().Enabled("cmdPlay"));
   EXPECT_TRUE(Desk({.Music = {{"march"}}}).Enabled("cmdPlay"));
 }
@@ -188,7 +188,7 @@ TEST(MainWindow, APortThatCannotBeOpenedIsReportedAndTheDeskGoesOn) {
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
-TEST(MainWindow, WithoutTheRouterTheLargeCallKeyShowsAndNoPortIsOpened) {
+TEST(MainWindow, WithoutTheRouterTheLargeCallButtonShowsAndNoPortIsOpened) {
   Desk desk({.Router = false});
   EXPECT_TRUE(desk.Visible("frCall"));
   EXPECT_FALSE(desk.Main().frRouting.Visible);
@@ -219,7 +219,7 @@ TEST(MainWindow, TheTallScheduleMakesRoomForItsConflictNote) {
   EXPECT_EQ(desk.Main().grdSchedule.Height, 4965);
 }
 
-TEST(MainWindow, WithoutAMicrophoneTheMusicKeysFillBothRowsOfTheRoutingFrame) {
+TEST(MainWindow, WithoutAMicrophoneMusicButtonsFillBothRowsOfTheRoutingFrame) {
   Desk desk({.Microphone = false});
   EXPECT_TRUE(desk.Visible("frRouting"));
   for (const char* control :
@@ -275,7 +275,7 @@ TEST(MainWindow, TheRoutingsComeBackWithTheProgram) {
   EXPECT_EQ(desk.Setting("Routing", "Call routing"), "010001");
 }
 
-TEST(MainWindow, WithoutCallZonesTheCallKeyIsOff) {
+TEST(MainWindow, WithoutCallZonesTheCallButtonIsOff) {
   EXPECT_FALSE(Desk({.CallRouting = "000000"}).Enabled("cmdCall"));
   EXPECT_FALSE(Desk({.CallRouting = ""}).Enabled("cmdCall"));
 }
@@ -341,7 +341,7 @@ TEST(MainWindow, TheContactBoxHoldsNoAnnouncementUp) {
   EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
 }
 
-TEST(MainWindow, TheAboutWindowClosesWithItsKeyAndOpensAgain) {
+TEST(MainWindow, TheAboutWindowClosesWithItsButtonAndOpensAgain) {
   Desk desk;
   FrmAbout& about = desk.Sys->TheWindows.frmAbout;
   for (int time = 0; time < 2; ++time) {

@@ -131,7 +131,7 @@ TEST(SettingsDialogLoad, WithoutAMessageDirectoryThereIsNoChimeToPick) {
   EXPECT_TRUE(with.Enabled("chkPostChime"));
 }
 
-TEST(SettingsDialogLoad, TheRouterHasItsFramesAndTheKeysAreBelowThem) {
+TEST(SettingsDialogLoad, TheRouterHasItsFramesAndTheButtonsAreBelowThem) {
   SettingsDesk desk;
   desk.Open();
   for (const char* frame : {"frNames", "frPort", "frPriority"}) {
@@ -154,7 +154,7 @@ TEST(SettingsDialogLoad, AnotherAmplifierHasNoneOfThem) {
 }
 
 /// Showing the type acts like a click on it, and the window follows.
-TEST(SettingsDialogLoad, TheWindowEndsBelowTheKeysOfItsType) {
+TEST(SettingsDialogLoad, TheWindowEndsBelowTheButtonsOfItsType) {
   for (const bool router : {true, false}) {
     SettingsDesk desk({.Router = router}, nullptr, false);
     desk.TheFrmSettings().Height = 1000;

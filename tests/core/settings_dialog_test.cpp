@@ -46,7 +46,7 @@ TEST(SettingsDialog, ATypeThatIsChangedInATakeoverGivesTheOutputsBack) {
   }
 }
 
-TEST(SettingsDialog, AChimesCheckOpensItsKeyAndClearingItEmptiesItsLabel) {
+TEST(SettingsDialog, AChimesCheckOpensItsButtonAndClearingItEmptiesItsLabel) {
   SettingsDesk desk({}, With("Chime selection", "PreChime", "ding"));
   desk.Open();
   desk.Click("chkPreChime");
@@ -285,7 +285,7 @@ TEST(SettingsDialog, TheMainWindowFollowsTheTypeOfTheAmplifier) {
   EXPECT_EQ(desk.Cell(1, kRoutingColumn), "123456");
 }
 
-TEST(SettingsDialog, WithoutAMicrophoneTheScheduleTakesTheCallKeysPlace) {
+TEST(SettingsDialog, WithoutAMicrophoneTheScheduleTakesTheCallButtonsPlace) {
   SettingsDesk desk({.Microphone = false});
   desk.Open();
   desk.Click("optTolvo_1");

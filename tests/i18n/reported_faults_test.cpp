@@ -85,7 +85,7 @@ TEST(ReportedFaults, OfAPlaylistNameItsFile) {
 }
 
 /// The box that leads to the settings names the button below it.
-TEST(ReportedFaults, TheWordOnTheKeyOfABoxIsTheOneThatItsTextNames) {
+TEST(ReportedFaults, TheWordOnTheButtonOfABoxIsTheOneThatItsTextNames) {
   for (const auto& language : {"German", "Spanish", "Turkish", "Hebrew"}) {
     Desk desk({.Messages = {}, .Language = language});
     desk.Click("mnuSchedule");

@@ -127,14 +127,14 @@ TEST_P(Block, HasAShortNameForEachDayOfTheWeek) {
 }
 
 /// English keeps its agreed letters, of which two are each used for two days.
-TEST_P(Block, TellsTheDaysOfTheWeekApart) {
+TEST_P(Block, DistinguishesTheDaysOfTheWeek) {
   const std::vector<std::string> days = WordsOf(TextsOf(GetParam()).at(871));
   const std::size_t names = std::string(GetParam()) == "English" ? 5 : 7;
   EXPECT_EQ(std::set<std::string>(days.begin(), days.end()).size(), names);
 }
 
 /// The word on a button that plays or calls is the only sign of its state.
-TEST_P(Block, HasDifferentWordsForTheStatesOfAKey) {
+TEST_P(Block, HasDifferentWordsForTheStatesOfAButton) {
   const auto texts = TextsOf(GetParam());
   EXPECT_NE(texts.at(230), texts.at(250));
   EXPECT_EQ((std::set<std::string>{texts.at(260), texts.at(262), texts.at(263)}).size(), 3u);

@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(Languages, TranslatedWindows,
                          [](const auto& language) { return std::string(language.param.Name); });
 
 /// Deliberate: the French table has no word for it.
-TEST(TranslatedWindows, TheKeysThatPickAChimeStayEnglishInFrenchAlone) {
+TEST(TranslatedWindows, TheButtonsThatPickAChimeStayEnglishInFrenchAlone) {
   for (const auto& [language, word] :
        std::map<const char*, std::string>{{"French", "Select"}, {"German", "Auswählen"}}) {
     const Texts texts = TextsOfWindows(language);

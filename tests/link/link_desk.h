@@ -43,8 +43,8 @@ class LinkDesk : public Desk {
   /// 255".
   std::string Label() {
     std::string text = Main().lblHiPrio.Visible ? Main().lblHiPrio.Caption.Get() : "hidden";
-    for (CommandButton* key : {&Main().cmdPlay, &Main().cmdSkip, &Main().cmdStop}) {
-      text += " " + std::to_string(key->Height);
+    for (CommandButton* button : {&Main().cmdPlay, &Main().cmdSkip, &Main().cmdStop}) {
+      text += " " + std::to_string(button->Height);
     }
     return text;
   }

@@ -22,7 +22,7 @@ std::string BytesOfTheSpot(LinkDesk& desk) {
   return desk.Journal();
 }
 
-TEST(SendingSites, ThePlayKeyRequestsTheZonesUnlessTheMusicPlaysAlready) {
+TEST(SendingSites, ThePlayButtonRequestsTheZonesUnlessTheMusicPlaysAlready) {
   LinkDesk desk;
   desk.Click("cmdPlay");
   desk.Advance(1000);
@@ -36,7 +36,7 @@ TEST(SendingSites, ThePlayKeyRequestsTheZonesUnlessTheMusicPlaysAlready) {
   EXPECT_EQ(desk.TakeJournal(), "200 send 67\n");
 }
 
-TEST(SendingSites, ThePlayKeySendsNothingWhileItIsHeldBack) {
+TEST(SendingSites, ThePlayButtonSendsNothingWhileItIsHeldBack) {
   LinkDesk desk;
   desk.Status(64);
   desk.Click("cmdPlay");
@@ -44,7 +44,7 @@ TEST(SendingSites, ThePlayKeySendsNothingWhileItIsHeldBack) {
   EXPECT_EQ(desk.Journal(), "");
 }
 
-TEST(SendingSites, AZoneKeyRequestsTheZonesOnlyWhileTheMusicPlays) {
+TEST(SendingSites, AZoneButtonRequestsTheZonesOnlyWhileTheMusicPlays) {
   LinkDesk desk;
   desk.Click("cmdMusicZones_2");
   desk.Advance(1000);
@@ -111,7 +111,7 @@ TEST(SendingSites, TheEndOfTheListSendsNothing) {
   EXPECT_EQ(desk.Journal(), "");
 }
 
-TEST(SendingSites, TheStopKeyReleasesTheZones) {
+TEST(SendingSites, TheStopButtonReleasesTheZones) {
   LinkDesk desk;
   desk.PlayMusic();
   desk.Click("cmdStop");

@@ -321,7 +321,7 @@ TEST(Takeover, ARequestOfTheMomentBeforeIsHeldBackToo) {
   EXPECT_EQ(desk.Journal(), "10200 send 67\n");
 }
 
-TEST(Takeover, TheReleaseByteOfTheStopKeyIsNotHeldBack) {
+TEST(Takeover, TheReleaseByteOfTheStopButtonIsNotHeldBack) {
   LinkDesk desk;
   desk.PlayMusic();
   desk.Status(128);

@@ -8,16 +8,16 @@ namespace marlex {
 namespace {
 
 /// Which buttons of an array are down, "1" for each.
-std::string Down(ControlArray<ToggleButton>& keys) {
+std::string Down(ControlArray<ToggleButton>& buttons) {
   std::string down;
-  for (int zone = 0; zone < kZones; ++zone) down += keys[zone].Value ? '1' : '0';
+  for (int zone = 0; zone < kZones; ++zone) down += buttons[zone].Value ? '1' : '0';
   return down;
 }
 
 std::string MusicRoutingOnDisk(Desk& desk) { return desk.Setting("Routing", "Music routing"); }
 std::string CallRoutingOnDisk(Desk& desk) { return desk.Setting("Routing", "Call routing"); }
 
-TEST(ZoneRouting, TheStartPutsTheMusicsZonesOnKeysAndLabels) {
+TEST(ZoneRouting, TheStartPutsTheMusicsZonesOnButtonsAndLabels) {
   LinkDesk desk({.MusicRouting = "101001"});
   EXPECT_EQ(Down(desk.Main().cmdMusicZones), "101001");
   EXPECT_EQ(desk.LitZones(), "101001");
@@ -37,7 +37,7 @@ TEST(ZoneRouting, TheStartStoresTheMusicsZonesInSixCharacters) {
   }
 }
 
-TEST(ZoneRouting, KeysThatTheProgramSetsDoNotStoreHalfOfTheZones) {
+TEST(ZoneRouting, ButtonsThatTheProgramSetsDoNotStoreHalfOfTheZones) {
   LinkDesk desk;
   desk.Pc.Journal.Only({"write"});
   desk.Pc.Journal.Clear();
@@ -49,7 +49,7 @@ TEST(ZoneRouting, KeysThatTheProgramSetsDoNotStoreHalfOfTheZones) {
   EXPECT_EQ(desk.LitZones(), "001111");
 }
 
-TEST(ZoneRouting, AMusicZoneKeyPaintsItsLabelAndStoresAtOnce) {
+TEST(ZoneRouting, AMusicZoneButtonPaintsItsLabelAndStoresAtOnce) {
   LinkDesk desk;
   desk.Click("cmdMusicZones_5");
   EXPECT_EQ(desk.LitZones(), "110001");
@@ -61,7 +61,7 @@ TEST(ZoneRouting, AMusicZoneKeyPaintsItsLabelAndStoresAtOnce) {
   EXPECT_EQ(desk.Journal(), "");
 }
 
-TEST(ZoneRouting, WhileMusicPlaysAMusicZoneKeyChangesTheByteWithin200Ms) {
+TEST(ZoneRouting, WhileMusicPlaysAMusicZoneButtonChangesTheByteWithin200Ms) {
   LinkDesk desk;
   desk.PlayMusic();
   desk.Click("cmdMusicZones_5");
@@ -69,7 +69,7 @@ TEST(ZoneRouting, WhileMusicPlaysAMusicZoneKeyChangesTheByteWithin200Ms) {
   EXPECT_EQ(desk.Journal(), "200 send 99\n");
 }
 
-TEST(ZoneRouting, AMusicZoneKeyPaintsOverThePatternOfACall) {
+TEST(ZoneRouting, AMusicZoneButtonPaintsOverThePatternOfACall) {
   LinkDesk desk;
   desk.Press("cmdCall");
   desk.Click("cmdMusicZones_4");
@@ -79,14 +79,14 @@ TEST(ZoneRouting, AMusicZoneKeyPaintsOverThePatternOfACall) {
   EXPECT_EQ(desk.Journal(), "200 send 84\n");
 }
 
-TEST(ZoneRouting, TheStartPutsTheCallsZonesOnTheirKeysAndNotOnTheLabels) {
+TEST(ZoneRouting, TheStartPutsTheCallsZonesOnTheirButtonsAndNotOnTheLabels) {
   LinkDesk desk({.MusicRouting = "110000", .CallRouting = "001011"});
   EXPECT_EQ(Down(desk.Main().cmdCallZone), "001011");
   EXPECT_EQ(desk.LitZones(), "110000");
   EXPECT_TRUE(desk.Enabled("cmdCall"));
 }
 
-TEST(ZoneRouting, WithoutCallZonesTheCallKeyIsOffUntilAZoneIsChosen) {
+TEST(ZoneRouting, WithoutCallZonesTheCallButtonIsOffUntilAZoneIsChosen) {
   for (const std::string value : {"", "000000"}) {
     LinkDesk desk({.CallRouting = value});
     EXPECT_FALSE(desk.Enabled("cmdCall")) << value;
@@ -111,14 +111,14 @@ TEST(ZoneRouting, AnAbsentCallRoutingCountsAsNoZones) {
   EXPECT_EQ(CallRoutingOnDisk(desk), "100000");
 }
 
-TEST(ZoneRouting, TheLastCallZoneSwitchedOffTurnsTheCallKeyOffAtOnce) {
+TEST(ZoneRouting, TheLastCallZoneSwitchedOffTurnsTheCallButtonOffAtOnce) {
   LinkDesk desk({.CallRouting = "001000"});
   desk.Click("cmdCallZone_2");
   EXPECT_FALSE(desk.Enabled("cmdCall"));
   EXPECT_EQ(CallRoutingOnDisk(desk), "000000");
 }
 
-TEST(ZoneRouting, ACallZoneKeyEnablesTheCallKeyWhateverHadTurnedItOff) {
+TEST(ZoneRouting, ACallZoneButtonEnablesTheCallButtonWhateverHadTurnedItOff) {
   LinkDesk desk;
   desk.PlayMusic();
   desk.Status(128);
@@ -133,7 +133,7 @@ TEST(ZoneRouting, TheStartStoresNoCallZones) {
   EXPECT_EQ(Down(desk.Main().cmdCallZone), "110000");
 }
 
-TEST(ZoneRouting, ACallZoneKeyLeavesLabelsAndLineAlone) {
+TEST(ZoneRouting, ACallZoneButtonLeavesLabelsAndLineAlone) {
   LinkDesk desk;
   desk.PlayMusic();
   desk.Click("cmdCallZone_5");
@@ -142,7 +142,7 @@ TEST(ZoneRouting, ACallZoneKeyLeavesLabelsAndLineAlone) {
   EXPECT_EQ(desk.Journal(), "");
 }
 
-TEST(ZoneRouting, ACallZoneKeyInACallWorksFromTheNextCallOn) {
+TEST(ZoneRouting, ACallZoneButtonInACallWorksFromTheNextCallOn) {
   LinkDesk desk({.CallRouting = "001000"});
   desk.Press("cmdCall");
   desk.Advance(1000);
