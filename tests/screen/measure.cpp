@@ -33,10 +33,10 @@ void ExpectWhole(const QLabel& label) {
   EXPECT_GE(label.height(), need.height()) << Describe(label, label.text());
 }
 
-void ExpectWhole(const QAbstractButton& key) {
-  if (auto* elided = dynamic_cast<const ElidedButton*>(&key)) return ExpectBeginning(*elided);
-  EXPECT_GE(key.width(), key.sizeHint().width()) << Describe(key, key.text());
-  EXPECT_GE(key.height(), key.minimumSizeHint().height()) << Describe(key, key.text());
+void ExpectWhole(const QAbstractButton& button) {
+  if (auto* elided = dynamic_cast<const ElidedButton*>(&button)) return ExpectBeginning(*elided);
+  EXPECT_GE(button.width(), button.sizeHint().width()) << Describe(button, button.text());
+  EXPECT_GE(button.height(), button.minimumSizeHint().height()) << Describe(button, button.text());
 }
 
 /// The title, wrapped to the frame's width, ends above the first widget of the frame.

@@ -29,8 +29,8 @@ std::string StateOf(const QWidget& part) {
   std::string state;
   if (!part.isEnabled()) state += " off";
   if (part.hasFocus()) state += " focused";
-  const auto* key = qobject_cast<const QAbstractButton*>(&part);
-  if (key && key->isChecked()) state += " on";
+  const auto* button = qobject_cast<const QAbstractButton*>(&part);
+  if (button && button->isChecked()) state += " on";
   for (const char* property : {"lit", "air"}) {
     for (const QWidget* at = &part; at && !at->isWindow(); at = at->parentWidget()) {
       const QString value = at->property(property).toString();
@@ -119,7 +119,7 @@ void PaintedContrasts::MeasureBorder(QWidget& part) {
 
 void PaintedContrasts::MeasureMarks(QWidget& part) {
   if (dynamic_cast<GlyphSign*>(&part)) AddMark(part, part.rect());
-  if (auto* key = qobject_cast<QPushButton*>(&part)) MeasureGlyph(*key);
+  if (auto* button = qobject_cast<QPushButton*>(&part)) MeasureGlyph(*button);
   if (qobject_cast<QCheckBox*>(&part) || qobject_cast<QRadioButton*>(&part))
     MeasureChoice(*qobject_cast<QAbstractButton*>(&part));
   if (auto* bar = qobject_cast<QScrollBar*>(&part)) MeasureScrollBar(*bar);
@@ -130,11 +130,11 @@ void PaintedContrasts::MeasureMarks(QWidget& part) {
     AddMark(part, QRect(part.width() - 28, 6, 22, part.height() - 12), " arrow");
 }
 
-/// A picture that says alone what the key does.
-void PaintedContrasts::MeasureGlyph(QPushButton& key) {
+/// A picture that says alone what the button does.
+void PaintedContrasts::MeasureGlyph(QPushButton& button) {
   constexpr QMargins kBorder(6, 6, 6, 6);
-  if (!key.icon().isNull() && key.text().isEmpty())
-    AddMark(key, key.rect().marginsRemoved(kBorder));
+  if (!button.icon().isNull() && button.text().isEmpty())
+    AddMark(button, button.rect().marginsRemoved(kBorder));
 }
 
 void PaintedContrasts::MeasureChoice(QAbstractButton& choice) {

@@ -34,7 +34,7 @@ class PaintedContrasts {
   void MeasureTexts(QWidget& part);
   void MeasureBorder(QWidget& part);
   void MeasureMarks(QWidget& part);
-  void MeasureGlyph(QPushButton& key);
+  void MeasureGlyph(QPushButton& button);
   void MeasureChoice(QAbstractButton& choice);
   void MeasureSlider(QSlider& slider);
   void MeasureScrollBar(QScrollBar& bar);

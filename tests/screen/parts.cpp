@@ -53,7 +53,7 @@ QString EntriesOf(const QAbstractItemView& view) {
 QString TextOf(const QWidget& part) {
   if (part.isWindow()) return part.windowTitle();
   if (auto* label = qobject_cast<const QLabel*>(&part)) return label->text();
-  if (auto* key = qobject_cast<const QAbstractButton*>(&part)) return key->text();
+  if (auto* button = qobject_cast<const QAbstractButton*>(&part)) return button->text();
   if (auto* frame = qobject_cast<const QGroupBox*>(&part)) return frame->title();
   if (auto* line = qobject_cast<const QLineEdit*>(&part)) return line->text();
   if (auto* box = qobject_cast<const QComboBox*>(&part)) return box->currentText();
@@ -64,8 +64,9 @@ QString TextOf(const QWidget& part) {
 }
 
 QString StateOf(const QWidget& part) {
-  const auto* key = qobject_cast<const QAbstractButton*>(&part);
-  return QString(part.isEnabled() ? "" : " disabled") + (key && key->isChecked() ? " down" : "");
+  const auto* button = qobject_cast<const QAbstractButton*>(&part);
+  return QString(part.isEnabled() ? "" : " disabled") +
+         (button && button->isChecked() ? " down" : "");
 }
 
 QString LineOf(const QWidget& part, const QImage& picture) {

@@ -166,12 +166,12 @@ TEST(Boxes, ShowEveryReportWholeInTheDark) {
 }
 
 /// Types the name into the open file dialog and presses its button.
-void TypeName(const QString& name, QDialogButtonBox::StandardButton key) {
+void TypeName(const QString& name, QDialogButtonBox::StandardButton button) {
   QApplication::processEvents();
   auto* dialog = qobject_cast<QDialog*>(QApplication::activeWindow());
   ASSERT_TRUE(dialog);
   dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
-  dialog->findChild<QDialogButtonBox*>()->button(key)->click();
+  dialog->findChild<QDialogButtonBox*>()->button(button)->click();
   QApplication::processEvents();
 }
 

@@ -76,9 +76,9 @@ void ExpectContent(const VisualControl& control, const QWidget& widget) {
     EXPECT_EQ(dynamic_cast<const QLineEdit&>(widget).text().toStdString(), box->Text.Get());
   } else if (auto* slider = dynamic_cast<const Slider*>(&control)) {
     EXPECT_EQ(dynamic_cast<const QSlider&>(widget).value(), slider->Value.Get());
-  } else if (auto* key = qobject_cast<const QAbstractButton*>(&widget)) {
-    ExpectText(key->text(), ShownCaption(control.Caption));
-    EXPECT_EQ(key->isChecked(), IsDown(control));
+  } else if (auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+    ExpectText(button->text(), ShownCaption(control.Caption));
+    EXPECT_EQ(button->isChecked(), IsDown(control));
   } else if (auto* frame = qobject_cast<const QGroupBox*>(&widget)) {
     ExpectText(frame->title(), ShownCaption(control.Caption));
   } else {

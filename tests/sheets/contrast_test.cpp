@@ -16,7 +16,7 @@
 namespace marlex {
 namespace {
 
-/// A label with a border, and a key that is disabled, in colours whose contrasts are known.
+/// A label with a border, and a button that is disabled, in colours whose contrasts are known.
 class Sample : public QWidget {
  public:
   explicit Sample(const QString& sheet) {
@@ -24,9 +24,9 @@ class Sample : public QWidget {
     auto* column = new QVBoxLayout(this);
     auto* label = new QLabel("MILLION");
     label->setProperty("face", "lamp");
-    auto* key = new QPushButton("MILLION");
-    key->setEnabled(false);
-    for (QWidget* part : {static_cast<QWidget*>(label), static_cast<QWidget*>(key)})
+    auto* button = new QPushButton("MILLION");
+    button->setEnabled(false);
+    for (QWidget* part : {static_cast<QWidget*>(label), static_cast<QWidget*>(button)})
       column->addWidget(part);
     setStyleSheet("#sample { background: #ffffff; } " + sheet);
     show();

@@ -14,9 +14,9 @@ constexpr int kSurroundings = 10;
 
 /// A kind of part: parts of one kind have one look.
 QString KindOf(const QWidget& part) {
-  const auto* key = qobject_cast<const QAbstractButton*>(&part);
+  const auto* button = qobject_cast<const QAbstractButton*>(&part);
   return QString(part.metaObject()->className()) + " " + part.property("face").toString() +
-         (key && key->isChecked() ? " down" : "");
+         (button && button->isChecked() ? " down" : "");
 }
 
 /// A part of a window and a little of what is around it.

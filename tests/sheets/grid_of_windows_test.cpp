@@ -130,16 +130,16 @@ TEST(GridOfWindows, TheIntervalsAndTheirButtonsAreEvenInEveryLanguage) {
   }
 }
 
-TEST(GridOfWindows, TheTransportKeysAreUnderTheirTilesInEveryLanguage) {
+TEST(GridOfWindows, TheTransportButtonsAreUnderTheirTilesInEveryLanguage) {
   for (const Language& language : PaintedLanguages()) {
     SCOPED_TRACE(language.Name);
     const Shown window("main_music", language.Name);
     const std::vector<const char*> tiles = {"Frame2", "Frame3", "Frame1"};
-    const std::vector<const char*> keys = {"cmdPlay", "cmdSkip", "cmdStop"};
+    const std::vector<const char*> buttons = {"cmdPlay", "cmdSkip", "cmdStop"};
     ExpectEvenWidths(window, tiles);
-    for (std::size_t column = 0; column < keys.size(); ++column) {
-      EXPECT_EQ(window.Area(keys[column]).left(), window.Area(tiles[column]).left());
-      EXPECT_EQ(window.Area(keys[column]).right(), window.Area(tiles[column]).right());
+    for (std::size_t column = 0; column < buttons.size(); ++column) {
+      EXPECT_EQ(window.Area(buttons[column]).left(), window.Area(tiles[column]).left());
+      EXPECT_EQ(window.Area(buttons[column]).right(), window.Area(tiles[column]).right());
     }
   }
 }
@@ -162,11 +162,11 @@ TEST(GridOfWindows, NothingMovesWhenACallBegins) {
   }
 }
 
-/// Pixels between the picture of a key and its word, which is beside or below it.
-int RoomBeforeWord(QWidget& key, bool isBelow) {
-  QImage image = key.grab().toImage();
+/// Pixels between the picture of a button and its word, which is beside or below it.
+int RoomBeforeWord(QWidget& button, bool isBelow) {
+  QImage image = button.grab().toImage();
   const qreal ratio = image.devicePixelRatio();
-  QRectF word = PaintedTexts::Of(key).first().Place;
+  QRectF word = PaintedTexts::Of(button).first().Place;
   if (isBelow) {
     image = image.transformed(QTransform(0, 1, 1, 0, 0, 0));
     word = QTransform(0, 1, 1, 0, 0, 0).mapRect(word);
@@ -184,14 +184,14 @@ int RoomBeforeWord(QWidget& key, bool isBelow) {
   return qRound((end - x) / ratio);
 }
 
-TEST(GridOfWindows, PictureAndWordOfAKeyKeepOneDistanceInEveryLanguage) {
+TEST(GridOfWindows, PictureAndWordOfAButtonKeepOneDistanceInEveryLanguage) {
   constexpr int kBeside = 8;
   constexpr int kBelow = 7;
   for (const Language& language : PaintedLanguages()) {
     const Shown window("main_music", language.Name);
     EXPECT_NEAR(RoomBeforeWord(window.Part("cmdCall"), false), kBeside, 1) << language.Name;
-    for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"})
-      EXPECT_NEAR(RoomBeforeWord(window.Part(key), true), kBelow, 1) << key << language.Name;
+    for (const char* button : {"cmdPlay", "cmdSkip", "cmdStop"})
+      EXPECT_NEAR(RoomBeforeWord(window.Part(button), true), kBelow, 1) << button << language.Name;
   }
 }
 

@@ -116,9 +116,9 @@ QWidget& InAMessage(ShownDesk& desk) {
   return MainOf(desk);
 }
 
-QWidget& InACall(ShownDesk& desk, const char* key) {
+QWidget& InACall(ShownDesk& desk, const char* button) {
   Open(desk);
-  desk.Press(key);
+  desk.Press(button);
   desk.Advance(4000);
   return MainOf(desk);
 }

@@ -105,8 +105,8 @@ TEST(Sheets, TheMainWindowFitsASmallScreenInEveryLanguage) {
     ShownDesk desk(options);
     QWidget& window = scene.Reach(desk);
     EXPECT_EQ(window.size(), kSmallScreen) << language.Name;
-    const QSize key = window.findChild<QWidget*>("cmdCall")->size();
-    EXPECT_GE(std::min(key.width(), key.height()), kThumbMm * kPixelsPerMm) << language.Name;
+    const QSize size = window.findChild<QWidget*>("cmdCall")->size();
+    EXPECT_GE(std::min(size.width(), size.height()), kThumbMm * kPixelsPerMm) << language.Name;
   }
 }
 

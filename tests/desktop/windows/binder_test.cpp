@@ -204,7 +204,7 @@ TEST(Binder, SignalsShowTheColoursOfTheSystem) {
   EXPECT_EQ(MiddleOf(note), plain);
 }
 
-TEST(Binder, KeysShrinkAndGrowInTheRelationOfTheirHeights) {
+TEST(Binder, ButtonsShrinkAndGrowInProportionToTheirHeights) {
   PaintedWindows windows;
   FrmMain& main = windows.Forms.frmMain;
   windows.ShowMain();

@@ -113,10 +113,10 @@ inline void Choose(QFileDialog& box, const QString& names) {
 
 /// Presses a button of a box by its caption.
 inline void Answer(QMessageBox& box, const QString& caption) {
-  for (QAbstractButton* key : box.buttons()) {
-    if (key->text().remove('&') == caption) return key->click();
+  for (QAbstractButton* button : box.buttons()) {
+    if (button->text().remove('&') == caption) return button->click();
   }
-  ADD_FAILURE() << "no key " << caption.toStdString();
+  ADD_FAILURE() << "no button " << caption.toStdString();
 }
 
 /// The only message box that is open.

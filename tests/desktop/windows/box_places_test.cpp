@@ -22,11 +22,11 @@ struct CallDesk : PaintedWindows {
 
   /// Takes the same route as a real mouse: through the window.
   void Press() {
-    QTest::mousePress(Screen.Main().windowHandle(), Qt::LeftButton, {}, CallKey());
+    QTest::mousePress(Screen.Main().windowHandle(), Qt::LeftButton, {}, CallButton());
     Settle();
   }
   void Release() {
-    QTest::mouseRelease(Screen.Main().windowHandle(), Qt::LeftButton, {}, CallKey());
+    QTest::mouseRelease(Screen.Main().windowHandle(), Qt::LeftButton, {}, CallButton());
     Settle();
   }
 
@@ -45,9 +45,9 @@ struct CallDesk : PaintedWindows {
   EnglishBoxes Boxes{Loop};
 
  private:
-  QPoint CallKey() {
-    auto& key = Find<QWidget>("cmdCall");
-    return key.mapTo(&Screen.Main(), key.rect().center());
+  QPoint CallButton() {
+    auto& button = Find<QWidget>("cmdCall");
+    return button.mapTo(&Screen.Main(), button.rect().center());
   }
 };
 
@@ -101,7 +101,7 @@ TEST(BoxPlaces, ANoticeInACallOpensAfterItAndDoesNotEndIt) {
   EXPECT_FALSE(desk.Box());
 }
 
-TEST(BoxPlaces, AFileDialogOfTheMainWindowLeavesTheCallKeyFree) {
+TEST(BoxPlaces, AFileDialogOfTheMainWindowLeavesTheCallButtonFree) {
   CallDesk desk;
   desk.Boxes.LeaveOpen({"Schedules (*.sch)|*.sch", "sch", "/", true}, [](const std::string&) {});
   auto* const box = desk.Box<QFileDialog>();

@@ -20,16 +20,16 @@ struct CallPlace : PaintedWindows {
     for (QDialog* dialog : OpenDialogs<QDialog>()) dialog->close();
   }
 
-  QPoint KeyPlace() {
-    auto& key = Find<QPushButton>("cmdCall");
-    return key.mapTo(&Screen.Main(), key.rect().center());
+  QPoint ButtonPlace() {
+    auto& button = Find<QPushButton>("cmdCall");
+    return button.mapTo(&Screen.Main(), button.rect().center());
   }
   void Press() {
-    QTest::mousePress(Screen.Main().windowHandle(), Qt::LeftButton, {}, KeyPlace());
+    QTest::mousePress(Screen.Main().windowHandle(), Qt::LeftButton, {}, ButtonPlace());
     Settle();
   }
   void Release() {
-    QTest::mouseRelease(Screen.Main().windowHandle(), Qt::LeftButton, {}, KeyPlace());
+    QTest::mouseRelease(Screen.Main().windowHandle(), Qt::LeftButton, {}, ButtonPlace());
     Settle();
   }
 

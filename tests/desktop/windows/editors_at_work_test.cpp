@@ -68,8 +68,8 @@ TEST(EditorsAtWork, TwoQuickClicksOnAMessageAddItTwice) {
 TEST(EditorsAtWork, TheMainWindowIsFreeUnderTheEditorOfMessages) {
   MessagesAtWork desk(1);
   QWidget& main = desk.Screen.Main();
-  auto& key = desk.Find<QPushButton>(main, "cmdCall2");
-  const QPoint there = key.mapTo(&main, key.rect().center());
+  auto& button = desk.Find<QPushButton>(main, "cmdCall2");
+  const QPoint there = button.mapTo(&main, button.rect().center());
   QTest::mousePress(main.windowHandle(), Qt::LeftButton, {}, there);
   desk.Settle();
   EXPECT_TRUE(desk.Sys.TheFlags.CallActive);
@@ -253,7 +253,7 @@ TEST(EditorsAtWork, RemoveStaysAtItsPlaceInTwentyThousandSongs) {
   EXPECT_EQ(desk.TheFrmPlaylist.SelectedMP3s.ListCount(), kSongs - 2);
 }
 
-TEST(EditorsAtWork, AKeyThatSwitchesItselfOffHandsItsFocusToNoKey) {
+TEST(EditorsAtWork, AButtonThatSwitchesItselfOffHandsItsFocusToNoButton) {
   SongsAtWork desk(0);
   desk.Sys.TheWindows.frmMain.cmdStop.Enabled = true;
   desk.Screen.Main().activateWindow();

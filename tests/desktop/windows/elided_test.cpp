@@ -59,27 +59,27 @@ TEST(Elided, AZonesLongNameMakesNoWindowWider) {
   EXPECT_EQ(ToolTipOver(label), QString::fromStdString(name));
 }
 
-TEST(Elided, AKeyWithALongNameKeepsItsPlaceInTheEditor) {
+TEST(Elided, AButtonWithALongNameKeepsItsPlaceInTheEditor) {
   PaintedWindows windows;
   WavWindow& editor = windows.Forms.TheWavWindow;
   editor.Load();
   editor.Show();
   windows.Settle();
   QWidget& window = windows.Screen.ScheduleEditor();
-  auto& key = *window.findChild<ElidedButton*>("cmdZone_1");
+  auto& button = *window.findChild<ElidedButton*>("cmdZone_1");
   editor.cmdZone[1].Caption = "Hall";
   windows.Settle();
-  EXPECT_EQ(key.ShownLine(), "Hall");
-  EXPECT_EQ(ToolTipOver(key), "");
+  EXPECT_EQ(button.ShownLine(), "Hall");
+  EXPECT_EQ(ToolTipOver(button), "");
   const int width = window.minimumSizeHint().width();
   editor.cmdZone[1].Caption = "Departures and arrivals of the upper floor";
   windows.Settle();
   EXPECT_EQ(window.minimumSizeHint().width(), width);
-  EXPECT_NE(key.ShownLine(), key.text());
-  EXPECT_EQ(ToolTipOver(key), key.text());
+  EXPECT_NE(button.ShownLine(), button.text());
+  EXPECT_EQ(ToolTipOver(button), button.text());
   editor.cmdZone[1].Caption = "Departures & arrivals of the upper \"B\" floor";
   windows.Settle();
-  EXPECT_EQ(ToolTipOver(key), "Departures & arrivals of the upper \"B\" floor");
+  EXPECT_EQ(ToolTipOver(button), "Departures & arrivals of the upper \"B\" floor");
 }
 
 TEST(Elided, AFileOfOneLongWordInATitleMakesNoWindowWider) {
@@ -97,7 +97,7 @@ TEST(Elided, AFileOfOneLongWordInATitleMakesNoWindowWider) {
 const char* const kCommonBeginning =
     "offers_of_the_day_in_the_departments_of_the_upper_and_of_the_lower_floor_and_the_hall_";
 
-TEST(Elided, NamesWithACommonBeginningStayApartInLabelAndKey) {
+TEST(Elided, NamesWithACommonBeginningStayApartInLabelAndButton) {
   PaintedWindows windows;
   FrmMain& main = windows.Forms.frmMain;
   WavWindow& editor = windows.Forms.TheWavWindow;

@@ -27,8 +27,8 @@ TEST(FileDialogBox, ShowsNamesAlone) {
   TypingFolder folder;
   const QFileDialog& box = folder.Type("none", folder.Open());
   EXPECT_EQ(box.viewMode(), QFileDialog::List);
-  for (const char* key : {"listModeButton", "detailModeButton", "newFolderButton"})
-    EXPECT_FALSE(box.findChild<QWidget*>(key)->isVisible()) << key;
+  for (const char* button : {"listModeButton", "detailModeButton", "newFolderButton"})
+    EXPECT_FALSE(box.findChild<QWidget*>(button)->isVisible()) << button;
   const QList<QUrl> places{QUrl::fromLocalFile(folder.Place.path()),
                            QUrl::fromLocalFile(QDir::homePath())};
   EXPECT_EQ(box.sidebarUrls(), places);
@@ -68,9 +68,9 @@ TEST(FileDialogBox, NamesItsPartsInTheOperatorsLanguage) {
     EXPECT_EQ(box.labelText(QFileDialog::FileType), "Typ:");
     const std::map<const char*, const char*> tips{
         {"backButton", "Zurück"}, {"forwardButton", "Vor"}, {"toParentButton", "Hinauf"}};
-    for (const auto& [key, tip] : tips) {
-      EXPECT_EQ(box.findChild<QWidget*>(key)->toolTip(), tip);
-      EXPECT_EQ(box.findChild<QWidget*>(key)->accessibleName(), tip);
+    for (const auto& [button, tip] : tips) {
+      EXPECT_EQ(box.findChild<QWidget*>(button)->toolTip(), tip);
+      EXPECT_EQ(box.findChild<QWidget*>(button)->accessibleName(), tip);
     }
   }
 }

@@ -25,11 +25,11 @@ class GlanceBandTest : public ::testing::Test {
 
 TEST_F(GlanceBandTest, FollowsTheSongTheCallAndTheCallOfTheAmplifier) {
   EXPECT_EQ(Face(), "silence");
-  Shop.ClickKey(Shop.Screen.Main(), "cmdPlay");
+  Shop.ClickButton(Shop.Screen.Main(), "cmdPlay");
   EXPECT_EQ(Face() + ": " + Text("paneOnAirName"), "music: march");
   const QColor plain = Ground();
-  CommandButton& key = Shop.Sys.TheWindows.frmMain.cmdCall;
-  Shop.Pc.Loop.Post([&key] { key.OnMouseDown(MouseButton::Left); });
+  CommandButton& button = Shop.Sys.TheWindows.frmMain.cmdCall;
+  Shop.Pc.Loop.Post([&button] { button.OnMouseDown(MouseButton::Left); });
   Shop.Advance(3000);
   EXPECT_EQ(Face() + ": " + Text("paneOnAirName"), "call: Speak");
   EXPECT_NE(Ground(), plain);

@@ -33,7 +33,7 @@ TEST(Growth, NamesOfZonesAreLargeEnoughForTwoMetresFromTheStart) {
   EXPECT_EQ(windows.Screen.Main().size(), kSmall);
 }
 
-TEST(Growth, BandZonesClockAndCallKeyGrowWithTheWindow) {
+TEST(Growth, BandZonesClockAndCallButtonGrowWithTheWindow) {
   GrowingWindow windows;
   const std::vector<const char*> growing = {"paneOnAirName", "paneNextTime",     "lblZoneName_0",
                                             "cmdCall",       "lblCurrentZone_0", "frSchedule",
@@ -41,26 +41,26 @@ TEST(Growth, BandZonesClockAndCallKeyGrowWithTheWindow) {
   std::vector<double> before;
   for (const char* part : growing) before.push_back(windows.Letters(part));
   const int table = windows.Find<QWidget>("grdSchedule").fontMetrics().height();
-  std::vector<const char*> keys = {"cmdMusicZones_0", "lblCurrentZone_0", "cmdCall", "cmdPlay"};
+  std::vector<const char*> parts = {"cmdMusicZones_0", "lblCurrentZone_0", "cmdCall", "cmdPlay"};
   std::vector<int> heights;
-  for (const char* key : keys) heights.push_back(windows.Find<QWidget>(key).height());
+  for (const char* part : parts) heights.push_back(windows.Find<QWidget>(part).height());
   windows.Resize(kLarge);
   for (std::size_t part = 0; part < growing.size(); ++part)
     EXPECT_NEAR(windows.Letters(growing[part]), 1.5 * before[part], 0.1) << growing[part];
-  for (std::size_t key = 0; key < keys.size(); ++key)
-    EXPECT_GE(windows.Find<QWidget>(keys[key]).height(), 1.45 * heights[key]) << keys[key];
+  for (std::size_t part = 0; part < parts.size(); ++part)
+    EXPECT_GE(windows.Find<QWidget>(parts[part]).height(), 1.45 * heights[part]) << parts[part];
   EXPECT_EQ(windows.Find<QWidget>("grdSchedule").fontMetrics().height(), table);
 }
 
 TEST(Growth, AGrownWindowShrinksAgainAtOnce) {
   GrowingWindow windows;
   const double letters = windows.Letters("paneOnAirName");
-  const int key = windows.Find<QWidget>("cmdMusicZones_0").height();
+  const int height = windows.Find<QWidget>("cmdMusicZones_0").height();
   windows.Resize(kLarge);
   windows.Resize(kSmall);
   EXPECT_EQ(windows.Screen.Main().size(), kSmall);
   EXPECT_EQ(windows.Letters("paneOnAirName"), letters);
-  EXPECT_EQ(windows.Find<QWidget>("cmdMusicZones_0").height(), key);
+  EXPECT_EQ(windows.Find<QWidget>("cmdMusicZones_0").height(), height);
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ TEST(Hand, AClickIsDroppedWhenTheControlWasDisabledJustBefore) {
   EXPECT_EQ(clicks, 0);
 }
 
-TEST(Hand, TheSecondClickOnAKeyThatClosedItsWindowIsDropped) {
+TEST(Hand, TheSecondClickOnAButtonThatClosedItsWindowIsDropped) {
   PaintedWindows windows;
   int clicks = 0;
   FrmAbout& about = windows.Forms.frmAbout;
@@ -57,9 +57,9 @@ TEST(Hand, TheSecondClickOnAKeyThatClosedItsWindowIsDropped) {
   };
   about.Show();
   windows.Settle();
-  auto* key = windows.Screen.About().findChild<QPushButton*>("cmdOK");
-  Mouse(*key).Click();
-  Mouse(*key).Click();
+  auto* button = windows.Screen.About().findChild<QPushButton*>("cmdOK");
+  Mouse(*button).Click();
+  Mouse(*button).Click();
   windows.Settle();
   EXPECT_EQ(clicks, 1);
 }
@@ -68,15 +68,15 @@ TEST(Hand, AToggleSetsItsValueAndTheSystemHasTheLastWord) {
   PaintedWindows windows;
   ToggleButton& zone = windows.Forms.frmMain.cmdMusicZones[1];
   windows.ShowMain();
-  auto& key = windows.Find<QPushButton>("cmdMusicZones_1");
-  Mouse(key).Click();
+  auto& button = windows.Find<QPushButton>("cmdMusicZones_1");
+  Mouse(button).Click();
   windows.Settle();
   EXPECT_TRUE(zone.Value);
   zone.OnChange = [&] { zone.Value = true; };
-  Mouse(key).Click();
+  Mouse(button).Click();
   windows.Settle();
   EXPECT_TRUE(zone.Value);
-  EXPECT_TRUE(key.isChecked());
+  EXPECT_TRUE(button.isChecked());
 }
 
 TEST(Hand, WhatTheSystemSetsIsShownAndNotEchoed) {
@@ -113,28 +113,28 @@ TEST(Hand, AMenuItemReachesItsControlAndShowsTheTickOfTheSystem) {
   EXPECT_FALSE(windows.Find<QAction>("mnuFKeys").isEnabled());
 }
 
-TEST(Hand, TheSameKeyWorksAgainWhileItsFirstClickStillWaits) {
+TEST(Hand, TheSameButtonWorksAgainWhileItsFirstClickStillWaits) {
   PaintedWindows windows;
   windows.ShowMain();
-  auto& key = windows.Find<QPushButton>("cmdPlay");
+  auto& button = windows.Find<QPushButton>("cmdPlay");
   std::string story;
   int depth = 0;
   bool let_go = false;
   windows.Forms.frmMain.cmdPlay.OnClick = [&] {
     story += "in " + std::to_string(++depth) + ", ";
     if (depth == 1) {
-      Mouse(key).Click();
+      Mouse(button).Click();
       windows.Loop.PumpUntil([&] { return let_go; });
     } else {
-      EXPECT_FALSE(key.isDown());
+      EXPECT_FALSE(button.isDown());
       let_go = true;
     }
     story += "out " + std::to_string(depth--) + ", ";
   };
-  Mouse(key).Click();
+  Mouse(button).Click();
   windows.Settle();
   EXPECT_EQ(story, "in 1, in 2, out 2, out 1, ");
-  EXPECT_FALSE(key.isDown());
+  EXPECT_FALSE(button.isDown());
 }
 
 TEST(Hand, AFailureInAnEventGoesToTheLoopAndTheWidgetShowsWhatHolds) {
@@ -148,22 +148,22 @@ TEST(Hand, AFailureInAnEventGoesToTheLoopAndTheWidgetShowsWhatHolds) {
     zone.Value = false;
     throw RuntimeFailure("no such zone");
   };
-  auto& key = windows.Find<QPushButton>("cmdMusicZones_0");
-  Mouse(key).Click();
+  auto& button = windows.Find<QPushButton>("cmdMusicZones_0");
+  Mouse(button).Click();
   windows.Settle();
   EXPECT_EQ(reported, "no such zone");
-  EXPECT_FALSE(key.isChecked());
+  EXPECT_FALSE(button.isChecked());
 }
 
 /// Either call button, which records what it receives.
-class HandOnCallKey : public testing::TestWithParam<const char*> {
+class HandOnCallButton : public testing::TestWithParam<const char*> {
  protected:
-  HandOnCallKey() {
-    Call().OnMouseDown = [this](MouseButton key) {
-      Heard += key == MouseButton::Left ? "down " : "other ";
+  HandOnCallButton() {
+    Call().OnMouseDown = [this](MouseButton button) {
+      Heard += button == MouseButton::Left ? "down " : "other ";
     };
-    Call().OnMouseUp = [this](MouseButton key) {
-      Heard += key == MouseButton::Left ? "up " : "other-up ";
+    Call().OnMouseUp = [this](MouseButton button) {
+      Heard += button == MouseButton::Left ? "up " : "other-up ";
     };
     Main.frRouting.Visible = IsOfRouter();
     Main.frCall.Visible = !IsOfRouter();
@@ -173,7 +173,7 @@ class HandOnCallKey : public testing::TestWithParam<const char*> {
   bool IsOfRouter() const { return GetParam() == std::string("cmdCall"); }
   CommandButton& Call() { return IsOfRouter() ? Main.cmdCall : Main.cmdCall2; }
   Frame& Around() { return IsOfRouter() ? Main.frRouting : Main.frCall; }
-  QPushButton& Key() { return Shown.Find<QPushButton>(GetParam()); }
+  QPushButton& Button() { return Shown.Find<QPushButton>(GetParam()); }
   QWidget& Window() { return Shown.Screen.Main(); }
 
   /// Presses with the mouse and with a finger, loses each press in the given way, and lets go. Each
@@ -194,7 +194,7 @@ class HandOnCallKey : public testing::TestWithParam<const char*> {
   void ExpectReleasedBy(const std::string& name, const std::function<void()>& lose,
                         const std::function<void()>& mend) {
     Heard.clear();
-    Pointer pointer(Key());
+    Pointer pointer(Button());
     pointer.Press();
     Shown.Settle();
     EXPECT_EQ(Heard, "down ") << name;
@@ -209,11 +209,11 @@ class HandOnCallKey : public testing::TestWithParam<const char*> {
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(BothKeys, HandOnCallKey, testing::Values("cmdCall", "cmdCall2"),
-                         [](const auto& key) { return std::string(key.param); });
+INSTANTIATE_TEST_SUITE_P(BothButtons, HandOnCallButton, testing::Values("cmdCall", "cmdCall2"),
+                         [](const auto& button) { return std::string(button.param); });
 
-TEST_P(HandOnCallKey, APressAndItsReleaseArePassedOn) {
-  Mouse mouse(Key());
+TEST_P(HandOnCallButton, APressAndItsReleaseArePassedOn) {
+  Mouse mouse(Button());
   mouse.Press();
   Shown.Settle();
   EXPECT_EQ(Heard, "down ");
@@ -222,8 +222,8 @@ TEST_P(HandOnCallKey, APressAndItsReleaseArePassedOn) {
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AFingerHoldsItUntilItIsLifted) {
-  Finger finger(Key());
+TEST_P(HandOnCallButton, AFingerHoldsItUntilItIsLifted) {
+  Finger finger(Button());
   finger.Press();
   Shown.Settle();
   EXPECT_EQ(Heard, "down ");
@@ -232,39 +232,39 @@ TEST_P(HandOnCallKey, AFingerHoldsItUntilItIsLifted) {
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AReleaseOutsideTheKeyIsPassedOnToo) {
-  Mouse mouse(Key());
+TEST_P(HandOnCallButton, AReleaseOutsideTheButtonIsPassedOnToo) {
+  Mouse mouse(Button());
   mouse.Press();
   mouse.Move({-50, -50});
   Shown.Settle();
-  EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
+  EXPECT_EQ(Heard, "down ") << "the operator still holds the button";
   mouse.Release({-50, -50});
   Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AFingerThatIsLiftedOutsideTheKeyIsPassedOnToo) {
-  Finger finger(Key());
+TEST_P(HandOnCallButton, AFingerThatIsLiftedOutsideTheButtonIsPassedOnToo) {
+  Finger finger(Button());
   finger.Press();
   finger.Move({-50, -50});
   Shown.Settle();
-  EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
+  EXPECT_EQ(Heard, "down ") << "the operator still holds the button";
   finger.Release({-50, -50});
   Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AKeyThatIsHiddenWhileHeldIsReleasedOnce) {
+TEST_P(HandOnCallButton, AButtonThatIsHiddenWhileHeldIsReleasedOnce) {
   for (Property<bool>* way : {&Call().Visible, &Around().Visible}) {
     ExpectReleased(
         "hidden", [way] { *way = false; }, [way] { *way = true; });
   }
 }
 
-TEST_P(HandOnCallKey, AKeyThatIsDisabledWhileHeldIsReleasedWhenItIsLetGo) {
+TEST_P(HandOnCallButton, AButtonThatIsDisabledWhileHeldIsReleasedWhenItIsLetGo) {
   QWindow& window = *Window().windowHandle();
-  const QPoint there = Key().mapTo(&Window(), Key().rect().center());
-  Finger finger(Key());
+  const QPoint there = Button().mapTo(&Window(), Button().rect().center());
+  Finger finger(Button());
   for (Property<bool>* way : {&Call().Enabled, &Around().Enabled}) {
     for (const bool byFinger : {false, true}) {
       Heard.clear();
@@ -272,7 +272,7 @@ TEST_P(HandOnCallKey, AKeyThatIsDisabledWhileHeldIsReleasedWhenItIsLetGo) {
       Shown.Settle();
       *way = false;
       Shown.Settle();
-      EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
+      EXPECT_EQ(Heard, "down ") << "the operator still holds the button";
       byFinger ? finger.Release() : QTest::mouseRelease(&window, Qt::LeftButton, {}, there);
       Shown.Settle();
       EXPECT_EQ(Heard, "down up ");
@@ -282,7 +282,7 @@ TEST_P(HandOnCallKey, AKeyThatIsDisabledWhileHeldIsReleasedWhenItIsLetGo) {
   }
 }
 
-TEST_P(HandOnCallKey, AKeyIsReleasedWhenTheTypeOfTheAmplifierChangesWhileItIsHeld) {
+TEST_P(HandOnCallButton, AButtonIsReleasedWhenTheAmplifierTypeChangesWhileItIsHeld) {
   const auto swap = [this] {
     Main.frRouting.Visible = !Main.frRouting.Visible;
     Main.frCall.Visible = !Main.frCall.Visible;
@@ -290,7 +290,7 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenTheTypeOfTheAmplifierChangesWhileItIsHel
   ExpectReleased("type changes", swap, swap);
 }
 
-TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsReleaseIsLost) {
+TEST_P(HandOnCallButton, AButtonIsReleasedWhenItsReleaseIsLost) {
   ExpectReleased("window deactivates", [this] {
     QEvent deactivate(QEvent::WindowDeactivate);
     QApplication::sendEvent(&Window(), &deactivate);
@@ -301,19 +301,19 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsReleaseIsLost) {
 
 /// Another window of the program may have the keyboard, such as a notice; then the window with the
 /// button receives no event when the screen is locked.
-TEST_P(HandOnCallKey, AKeyIsReleasedWhenTheProgramIsLeft) {
+TEST_P(HandOnCallButton, AButtonIsReleasedWhenTheProgramIsLeft) {
   for (const auto left : {Qt::ApplicationInactive, Qt::ApplicationHidden, Qt::ApplicationSuspended})
     ExpectReleased(
         "the program is left", [left] { emit qGuiApp->applicationStateChanged(left); },
         [] { emit qGuiApp->applicationStateChanged(Qt::ApplicationActive); });
 }
 
-TEST_P(HandOnCallKey, AKeyStaysDownWhenTheKeyboardGoesToAZone) {
+TEST_P(HandOnCallButton, AButtonStaysDownWhenTheKeyboardGoesToAZone) {
   Main.frRouting.Visible = true;
   Shown.Settle();
   auto& zone = Shown.Find<QPushButton>("cmdCallZone_2");
   QWindow& window = *Window().windowHandle();
-  const QPoint there = Key().mapTo(&Window(), Key().rect().center());
+  const QPoint there = Button().mapTo(&Window(), Button().rect().center());
   QTest::mousePress(&window, Qt::LeftButton, {}, there);
   Shown.Settle();
   EXPECT_EQ(Heard, "down ");
@@ -321,14 +321,14 @@ TEST_P(HandOnCallKey, AKeyStaysDownWhenTheKeyboardGoesToAZone) {
   QTest::keyClick(&zone, Qt::Key_Space);
   Shown.Settle();
   EXPECT_TRUE(Main.cmdCallZone[2].Value);
-  EXPECT_EQ(Heard, "down ") << "the operator still holds the key";
+  EXPECT_EQ(Heard, "down ") << "the operator still holds the button";
   QTest::mouseRelease(&window, Qt::LeftButton, {}, there);
   Shown.Settle();
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsWindowCloses) {
-  Mouse mouse(Key());
+TEST_P(HandOnCallButton, AButtonIsReleasedWhenItsWindowCloses) {
+  Mouse mouse(Button());
   mouse.Press();
   Shown.Settle();
   EXPECT_EQ(Heard, "down ");
@@ -337,19 +337,19 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenItsWindowCloses) {
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AKeyIsReleasedWhereverACancelledTouchIsReported) {
+TEST_P(HandOnCallButton, AButtonIsReleasedWhereverACancelledTouchIsReported) {
   QObject& other = Shown.Find<QPushButton>("cmdPlay");
-  for (QObject* receiver :
-       std::initializer_list<QObject*>{&Key(), &Window(), &other, qApp, Window().windowHandle()}) {
+  for (QObject* receiver : std::initializer_list<QObject*>{&Button(), &Window(), &other, qApp,
+                                                           Window().windowHandle()}) {
     ExpectReleased(receiver->metaObject()->className(), [receiver] { Finger::Cancel(*receiver); });
   }
 }
 
-TEST_P(HandOnCallKey, AKeyIsReleasedWhenThePointerIsSeenWithNoKeyDown) {
+TEST_P(HandOnCallButton, AButtonIsReleasedWhenThePointerIsSeenWithNoButtonDown) {
   for (QWidget* seen :
-       std::initializer_list<QWidget*>{&Key(), &Shown.Find<QPushButton>("cmdPlay"), &Window()}) {
+       std::initializer_list<QWidget*>{&Button(), &Shown.Find<QPushButton>("cmdPlay"), &Window()}) {
     Heard.clear();
-    Mouse(Key()).Press();
+    Mouse(Button()).Press();
     Shown.Settle();
     EXPECT_EQ(Heard, "down ");
     Mouse(*seen).Move({5, 5});
@@ -358,10 +358,10 @@ TEST_P(HandOnCallKey, AKeyIsReleasedWhenThePointerIsSeenWithNoKeyDown) {
   }
 }
 
-TEST_P(HandOnCallKey, AMouseThatIsPushedAboutLeavesTheFingerItsKey) {
-  Finger finger(Key());
+TEST_P(HandOnCallButton, AMouseThatIsPushedAboutLeavesTheFingerItsButton) {
+  Finger finger(Button());
   finger.Press();
-  Mouse(Key()).Move({5, 5});
+  Mouse(Button()).Move({5, 5});
   Mouse(Window()).Move({5, 5});
   Shown.Settle();
   EXPECT_EQ(Heard, "down ");
@@ -370,15 +370,15 @@ TEST_P(HandOnCallKey, AMouseThatIsPushedAboutLeavesTheFingerItsKey) {
   EXPECT_EQ(Heard, "down up ");
 }
 
-TEST_P(HandOnCallKey, AKeyIsReleasedWhenABoxBlocksItsWindow) {
+TEST_P(HandOnCallButton, AButtonIsReleasedWhenABoxBlocksItsWindow) {
   QMessageBox box(&Window());
   box.setWindowModality(Qt::ApplicationModal);
   ExpectReleased(
       "box", [&box] { box.show(); }, [&box] { box.hide(); });
 }
 
-TEST_P(HandOnCallKey, AReleaseInTheWaitOfItsOwnPressIsPassedOnInsideThatWait) {
-  Mouse mouse(Key());
+TEST_P(HandOnCallButton, AReleaseInTheWaitOfItsOwnPressIsPassedOnInsideThatWait) {
+  Mouse mouse(Button());
   bool up = false;
   Call().OnMouseUp = [&](MouseButton) {
     Heard += "up ";

@@ -19,7 +19,7 @@ class LampsTest : public ::testing::Test {
       for (int zone = 0; zone < 2; ++zone) form.cmdMusicZones[zone].Value = true;
       form.cmdCallZone[1].Value = form.cmdCallZone[2].Value = true;
     });
-    Shop.ClickKey(Shop.Screen.Main(), "cmdPlay");
+    Shop.ClickButton(Shop.Screen.Main(), "cmdPlay");
   }
 
   /// The colour in which a part is filled, below its text.
@@ -60,8 +60,8 @@ class LampsTest : public ::testing::Test {
   }
 
   void Press() {
-    CommandButton& key = Shop.Sys.TheWindows.frmMain.cmdCall;
-    Shop.Pc.Loop.Post([&key] { key.OnMouseDown(MouseButton::Left); });
+    CommandButton& button = Shop.Sys.TheWindows.frmMain.cmdCall;
+    Shop.Pc.Loop.Post([&button] { button.OnMouseDown(MouseButton::Left); });
     Shop.Settle();
   }
 
@@ -121,13 +121,14 @@ TEST_F(LampsTest, ACallThatDoesNotHoldUsBackIsNoted) {
   EXPECT_EQ(Ground("lblHiPrio") + " " + Ground("paneOnAir"), "wait card");
 }
 
-TEST_F(LampsTest, KeysThatAreOnAreTintedAndCallAloneIsFullBlue) {
+TEST_F(LampsTest, ButtonsThatAreOnAreTintedAndCallAloneIsFullBlue) {
   EXPECT_EQ(Ground("cmdCall"), "accent");
   EXPECT_EQ(Ground("cmdMusicZones_0") + " " + Ground("cmdCallZone_1"), "on on");
-  for (const QPushButton* key : Shop.Screen.Main().findChildren<QPushButton*>()) {
-    const bool isShown = key->isVisible() && key->objectName() != "cmdCall";
+  for (const QPushButton* button : Shop.Screen.Main().findChildren<QPushButton*>()) {
+    const bool isShown = button->isVisible() && button->objectName() != "cmdCall";
     if (!isShown) continue;
-    EXPECT_NE(Ground(key->objectName().toUtf8()), "accent") << key->objectName().toStdString();
+    EXPECT_NE(Ground(button->objectName().toUtf8()), "accent")
+        << button->objectName().toStdString();
   }
 }
 

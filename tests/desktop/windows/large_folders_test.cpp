@@ -74,7 +74,7 @@ TEST(LargeFolders, TwentyThousandSongsComeUpAreTakenMixedSavedAndOpened) {
   const auto isFull = [&](const ListBox& list) { return list.ListCount() == kSongs; };
   desk.ExpectSoon("openEditor", window, [&] { desk.Choose(desk.Screen.Main(), "mnuPlaylist"); });
   ASSERT_TRUE(window.isVisible() && isFull(editor.AvailMP3s));
-  desk.ExpectSoon("selectAll", window, [&] { desk.ClickKey(window, "cmdSelectAll"); });
+  desk.ExpectSoon("selectAll", window, [&] { desk.ClickButton(window, "cmdSelectAll"); });
   ASSERT_TRUE(isFull(editor.SelectedMP3s));
   auto& available = desk.Find<QListView>(window, "AvailMP3s");
   desk.ExpectSoon("takeOne", window, [&] {
@@ -84,10 +84,10 @@ TEST(LargeFolders, TwentyThousandSongsComeUpAreTakenMixedSavedAndOpened) {
   auto& selected = desk.Find<QListView>(window, "SelectedMP3s");
   Mouse(*selected.viewport()).Click(selected.viewport()->rect().center());
   desk.Settle();
-  desk.ExpectSoon("removeOne", window, [&] { desk.ClickKey(window, "RemoveKey"); });
+  desk.ExpectSoon("removeOne", window, [&] { desk.ClickButton(window, "RemoveKey"); });
   ASSERT_TRUE(isFull(editor.SelectedMP3s));
   const std::string first = editor.SelectedMP3s.List(0) + editor.SelectedMP3s.List(1);
-  desk.ExpectSoon("shuffle", window, [&] { desk.ClickKey(window, "cmdRandomize"); });
+  desk.ExpectSoon("shuffle", window, [&] { desk.ClickButton(window, "cmdRandomize"); });
   ASSERT_TRUE(isFull(editor.SelectedMP3s));
   EXPECT_NE(editor.SelectedMP3s.List(0) + editor.SelectedMP3s.List(1), first);
   const std::string mixed = editor.SelectedMP3s.List(kSongs - 1);
@@ -101,7 +101,7 @@ TEST(LargeFolders, TwentyThousandSongsComeUpAreTakenMixedSavedAndOpened) {
   desk.ExpectSoon("openFile", window, [&] { desk.Choose(window, "mnuOpen"); });
   ASSERT_TRUE(isFull(editor.SelectedMP3s));
   EXPECT_EQ(editor.SelectedMP3s.List(kSongs - 1), mixed);
-  desk.ExpectSoon("removeAll", window, [&] { desk.ClickKey(window, "RemAll_Key"); });
+  desk.ExpectSoon("removeAll", window, [&] { desk.ClickButton(window, "RemAll_Key"); });
   desk.ExpectSoon("openInMain", desk.Screen.Main(),
                   [&] { desk.Choose(desk.Screen.Main(), "mnuOpen"); });
   EXPECT_TRUE(isFull(desk.Sys.TheWindows.frmMain.lstPlaylist));

@@ -18,8 +18,8 @@ void ExpectMainWhole(PaintedWindows& windows) {
     main.lblConflict.Visible = special;
     main.lblHiPrio.Visible = special;
     main.cmdCall.Caption = special ? "Speak" : "Wait";
-    for (CommandButton* key : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop}) {
-      key->Height = special ? FrmMain::kShrunkenTransportHeight : FrmMain::kTransportHeight;
+    for (CommandButton* button : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop}) {
+      button->Height = special ? FrmMain::kShrunkenTransportHeight : FrmMain::kTransportHeight;
     }
     for (const bool router : {false, true}) {
       main.frRouting.Visible = router;

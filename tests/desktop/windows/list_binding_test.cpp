@@ -90,7 +90,7 @@ TEST(ListBinding, AHeldPointerBelowTheListScrollsIt) {
   mouse.Release({10, songs.View.height() + 20});
 }
 
-TEST(ListBinding, MovingWithoutAKeyOrWithTheRightOneSelectsNothing) {
+TEST(ListBinding, MovingWithoutAButtonOrWithTheRightOneSelectsNothing) {
   Playlist songs(5);
   Mouse mouse(*songs.View.viewport());
   mouse.Move(songs.At(2));

@@ -12,14 +12,14 @@ class Mouse {
  public:
   explicit Mouse(QWidget& widget) : Target(widget) {}
 
-  void Press(QPoint at, Qt::MouseButton key = Qt::LeftButton) {
-    Held |= key;
-    Send(QEvent::MouseButtonPress, at, key);
+  void Press(QPoint at, Qt::MouseButton button = Qt::LeftButton) {
+    Held |= button;
+    Send(QEvent::MouseButtonPress, at, button);
   }
   void Move(QPoint to) { Send(QEvent::MouseMove, to, Qt::NoButton); }
-  void Release(QPoint at, Qt::MouseButton key = Qt::LeftButton) {
-    Held &= ~Qt::MouseButtons(key);
-    Send(QEvent::MouseButtonRelease, at, key);
+  void Release(QPoint at, Qt::MouseButton button = Qt::LeftButton) {
+    Held &= ~Qt::MouseButtons(button);
+    Send(QEvent::MouseButtonRelease, at, button);
   }
   void Click(QPoint at) {
     Press(at);
@@ -36,8 +36,8 @@ class Mouse {
   void Click() { Click(Target.rect().center()); }
 
  private:
-  void Send(QEvent::Type type, QPoint at, Qt::MouseButton key) {
-    QMouseEvent event(type, at, Target.mapToGlobal(at), key, Held, Qt::NoModifier);
+  void Send(QEvent::Type type, QPoint at, Qt::MouseButton button) {
+    QMouseEvent event(type, at, Target.mapToGlobal(at), button, Held, Qt::NoModifier);
     QApplication::sendEvent(&Target, &event);
   }
 

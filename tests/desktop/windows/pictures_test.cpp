@@ -48,7 +48,8 @@ TEST(Pictures, MainWindowWhileAMessagePlays) {
   PaintRow(main.grdSchedule, 4, kNavy, kWhite);
   main.grdSchedule.SetCol(0);
   main.grdSchedule.SetCellColors(kGreen, kWhite);
-  for (CommandButton* key : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop}) key->Enabled = false;
+  for (CommandButton* button : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop})
+    button->Enabled = false;
   windows.Settle();
   Keep(windows.Screen.Main(), "main_message");
 }
@@ -65,8 +66,8 @@ TEST(Pictures, MainWindowWithAConflictAndAHigherCall) {
   main.lblConflict.Caption =
       "Time conflict(s) in schedule, double-click a red time field to remove a sequence";
   main.lblConflict.Visible = true;
-  for (CommandButton* key : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop})
-    key->Height = FrmMain::kShrunkenTransportHeight;
+  for (CommandButton* button : {&main.cmdPlay, &main.cmdSkip, &main.cmdStop})
+    button->Height = FrmMain::kShrunkenTransportHeight;
   main.lblHiPrio.Caption = "Higher priority call in progress";
   main.lblHiPrio.Visible = true;
   main.lblBusy[0].BackColor = kGreen;
@@ -100,7 +101,7 @@ TEST(Pictures, MainWindowWithoutZones) {
   main.frCall.Visible = true;
   main.grdSchedule.SetColWidth(kRoutingColumn, 0);
   windows.Settle();
-  Keep(windows.Screen.Main(), "main_call_key");
+  Keep(windows.Screen.Main(), "main_call_button");
   main.frCall.Visible = false;
   windows.Settle();
   Keep(windows.Screen.Main(), "main_player_only");

@@ -61,7 +61,7 @@ TEST(PlaylistWindow, TheNewestSongOfALongListIsInView) {
   EXPECT_TRUE(list.viewport()->rect().contains(newest.center()));
 }
 
-TEST(PlaylistWindow, KeysChoicesDaysAndMenusReachTheirControls) {
+TEST(PlaylistWindow, ButtonsChoicesDaysAndMenusReachTheirControls) {
   PlaylistPlace windows;
   std::string clicked;
   windows.TheFrmPlaylist.cmdRandomize.OnClick = [&] { clicked += "randomize "; };

@@ -81,7 +81,7 @@ TEST(QtDialogs, ALongPathInABoxBeginsALineOfItsOwn) {
   }
 }
 
-TEST(QtDialogs, TheKeyThatEnterPressesIsThePrimaryOne) {
+TEST(QtDialogs, TheButtonThatEnterPressesIsThePrimaryOne) {
   MessageBox notice(QMessageBox::Critical, "Caption", "Body", nullptr);
   notice.addButton(QMessageBox::Ok);
   notice.show();
@@ -117,7 +117,7 @@ TEST(QtDialogs, BoxesShowTheirTextsWhole) {
   Chosen(loop, dialogs, folder.Asked(true));
 }
 
-TEST(QtDialogs, AnOpenNoticeBarsNoCallKey) {
+TEST(QtDialogs, AnOpenNoticeBarsNoCallButton) {
   CallPlace desk;
   desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
   desk.Settle();
@@ -128,7 +128,7 @@ TEST(QtDialogs, AnOpenNoticeBarsNoCallKey) {
   EXPECT_EQ(desk.Heard, "down up ");
 }
 
-TEST(QtDialogs, AFileDialogOfTheMainWindowBarsNoCallKey) {
+TEST(QtDialogs, AFileDialogOfTheMainWindowBarsNoCallButton) {
   Folder folder;
   CallPlace desk;
   desk.Boxes.LeaveOpen(folder.Asked(true), [](const std::string&) {});
@@ -139,7 +139,7 @@ TEST(QtDialogs, AFileDialogOfTheMainWindowBarsNoCallKey) {
   EXPECT_EQ(desk.Heard, "down up ");
 }
 
-TEST(QtDialogs, ANoticeThatComesWhileTheKeyIsHeldWaitsUntilItIsLetGo) {
+TEST(QtDialogs, ANoticeThatComesWhileTheButtonIsHeldWaitsUntilItIsLetGo) {
   for (const bool byFinger : {false, true}) {
     CallPlace desk;
     Finger finger(desk.Find<QPushButton>("cmdCall"));
@@ -191,10 +191,10 @@ TEST(QtDialogs, ANoticeWaitsForTheMouseAlsoWhenAFingerTaps) {
 
 TEST(QtDialogs, ATouchThatIsCancelledHoldsNoNoticeBack) {
   CallPlace desk;
-  auto& key = desk.Find<QPushButton>("cmdCall");
-  Finger finger(key);
+  auto& button = desk.Find<QPushButton>("cmdCall");
+  Finger finger(button);
   finger.Press();
-  Finger::Cancel(key);
+  Finger::Cancel(button);
   QTest::mouseClick(desk.Screen.Main().windowHandle(), Qt::LeftButton, {}, QPoint(30, 30));
   desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
   EXPECT_TRUE(QTest::qWaitFor([] { return OpenDialogs<QMessageBox>().size() == 1; }));
@@ -214,9 +214,9 @@ TEST(QtDialogs, TheFileDialogOfAnEditorBlocksItAloneAndANoticeOverItStays) {
   desk.Boxes.LeaveOpen(folder.Asked(true), [](const std::string&) {});
   desk.Boxes.LeaveMsgBox("No paper", BoxIcon::Critical, "Error");
   desk.Settle();
-  auto& key = *editor.findChild<QPushButton*>("cmdRandomize");
+  auto& button = *editor.findChild<QPushButton*>("cmdRandomize");
   QTest::mouseClick(editor.windowHandle(), Qt::LeftButton, {},
-                    key.mapTo(&editor, key.rect().center()));
+                    button.mapTo(&editor, button.rect().center()));
   desk.Settle();
   EXPECT_EQ(clicks, 0);
   desk.Press();

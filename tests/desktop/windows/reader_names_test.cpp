@@ -14,7 +14,7 @@ std::string NameOf(QWidget& window, const char* widget) {
   return spoken ? spoken->text(QAccessible::Name).toStdString() : "(none)";
 }
 
-TEST(ReaderNames, AKeyOfAZoneIsNamedByItsRowAndItsZone) {
+TEST(ReaderNames, AZoneButtonIsNamedByItsRowAndItsZone) {
   PaintedWindows windows;
   windows.Forms.frmMain.Load();
   Texts().Fill(windows.Forms);

@@ -35,7 +35,7 @@ struct EditorPlace : PaintedWindows {
 TEST(ScheduleEditorWindow, WhatIsTypedAndClickedReachesItsControls) {
   EditorPlace windows;
   QTest::keyClicks(&windows.Part<QLineEdit>("txtHours"), "8-10");
-  for (const char* key : {"WkDays_6", "cmdZone_2", "optBetween"}) windows.Click(key);
+  for (const char* name : {"WkDays_6", "cmdZone_2", "optBetween"}) windows.Click(name);
   EXPECT_EQ(windows.TheWavWindow.txtHours.Text.Get(), "8-10");
   EXPECT_EQ(windows.TheWavWindow.WkDays[6].Value, 1);
   EXPECT_TRUE(windows.TheWavWindow.cmdZone[2].Value);

@@ -137,15 +137,15 @@ TEST(SettingsWindow, ALineOfADisabledFrameCannotBeMoved) {
 
 TEST(SettingsWindow, EnterIsItsOkAndEscapeItsCancel) {
   SettingsPlace windows;
-  std::string keys;
-  windows.Settings.cmdOK.OnClick = [&] { keys += "ok "; };
-  windows.Settings.cmdCancel.OnClick = [&] { keys += "cancel "; };
+  std::string clicks;
+  windows.Settings.cmdOK.OnClick = [&] { clicks += "ok "; };
+  windows.Settings.cmdCancel.OnClick = [&] { clicks += "cancel "; };
   QTest::keyClick(&windows.Part<QLineEdit>("txtZoneName_0"), Qt::Key_Return);
   windows.Settle();
-  EXPECT_EQ(keys, "ok ");
+  EXPECT_EQ(clicks, "ok ");
   QTest::keyClick(&windows.Part<QLineEdit>("txtZoneName_0"), Qt::Key_Escape);
   windows.Settle();
-  EXPECT_EQ(keys, "ok cancel ");
+  EXPECT_EQ(clicks, "ok cancel ");
   EXPECT_TRUE(windows.Screen.Settings().isVisible());
 }
 
@@ -159,7 +159,7 @@ TEST(SettingsWindow, WhatIsTypedReachesTheZonesName) {
   EXPECT_EQ(windows.Settings.txtZoneName[4].Text.Get(), "Gate");
 }
 
-TEST(SettingsWindow, TheTabGoesFromTheDirectoriesToTheKeys) {
+TEST(SettingsWindow, TheTabGoesFromTheDirectoriesToTheButtons) {
   SettingsPlace windows;
   const QStringList order = TabOrder(windows.Part<QWidget>("cmdBgBrowse"));
   EXPECT_EQ(order.first(), "cmdBgBrowse");
@@ -277,8 +277,8 @@ TEST(PickerWindow, APickerOpensOverTheSettingsAndLeavesTheMainWindowFree) {
   windows.Forms.frmMain.cmdPlay.OnClick = [&] { ++clicks; };
   windows.Forms.frmSettings.cmdCancel.OnClick = [&] { clicks += 10; };
   const auto click = [&](QWidget& window, const char* name) {
-    auto& key = In<QPushButton>(window, name);
-    const QPoint at = key.mapTo(&window, key.rect().center());
+    auto& button = In<QPushButton>(window, name);
+    const QPoint at = button.mapTo(&window, button.rect().center());
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, at);
     windows.Settle();
   };

@@ -81,8 +81,8 @@ QStringList TextsOfTheFileDialog(const Folder& folder) {
   QStringList texts;
   WhenOpen<QFileDialog>([&texts](QFileDialog& dialog) {
     for (const QLabel* label : dialog.findChildren<QLabel*>()) texts << label->text();
-    for (const QAbstractButton* key : dialog.findChildren<QAbstractButton*>())
-      texts << key->text() << key->toolTip() << key->accessibleName();
+    for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
+      texts << button->text() << button->toolTip() << button->accessibleName();
     dialog.close();
   });
   Chosen(loop, dialogs, folder.Asked(true));

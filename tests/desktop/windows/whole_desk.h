@@ -61,8 +61,8 @@ class WholeDesk {
     Find<QAction>(window, entry).trigger();
     Settle();
   }
-  void ClickKey(QWidget& window, const char* key) {
-    Find<QAbstractButton>(window, key).click();
+  void ClickButton(QWidget& window, const char* button) {
+    Find<QAbstractButton>(window, button).click();
     Settle();
   }
 
