@@ -141,9 +141,9 @@ Deed DrawInterval(Dice& dice) {
         desk.Do([&] { ClickEntry(TheWavWindow(desk).cmbStart, start); });
       });
     default: {
-      const std::string key = dice.OneIn(3) ? "cmdCancel" : "cmdOK";
-      return AtHand(key + " of the interval", [key](WatchedDesk& desk) {
-        if (TheWavWindow(desk).frInterval.Visible) desk.Click(key);
+      const std::string button = dice.OneIn(3) ? "cmdCancel" : "cmdOK";
+      return AtHand(button + " of the interval", [button](WatchedDesk& desk) {
+        if (TheWavWindow(desk).frInterval.Visible) desk.Click(button);
       });
     }
   }

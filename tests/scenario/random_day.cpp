@@ -23,9 +23,9 @@ Deed OpenDialog(const std::string& menu, const std::string& answer) {
           }};
 }
 
-Deed DrawKey(Dice& dice) {
-  static const Texts keys{"cmdPlay", "cmdPlay", "cmdSkip", "cmdSkip", "cmdStop"};
-  return ClickOn(dice.Of(keys));
+Deed DrawTransport(Dice& dice) {
+  static const Texts buttons{"cmdPlay", "cmdPlay", "cmdSkip", "cmdSkip", "cmdStop"};
+  return ClickOn(dice.Of(buttons));
 }
 
 /// What the finger on a call button does, and when.
@@ -50,13 +50,13 @@ std::vector<Stroke> DrawStrokes(Dice& dice) {
 Deed DrawTalk(Dice& dice) {
   const bool first = !dice.OneIn(3);
   const std::vector<Stroke> strokes = DrawStrokes(dice);
-  std::string what = first ? "call key 1:" : "call key 2:";
+  std::string what = first ? "call button 1:" : "call button 2:";
   for (const Stroke& stroke : strokes)
     what += (stroke.Down ? " down " : " up ") + std::to_string(stroke.AfterMs);
   return {what, [strokes, first](WatchedDesk& desk) {
             for (const Stroke& stroke : strokes) {
               desk.Pc.Loop.Schedule(stroke.AfterMs, [&desk, first, down = stroke.Down] {
-                desk.StrikeCallKey(first ? 1 : 2, down);
+                desk.StrikeCallButton(first ? 1 : 2, down);
               });
             }
             desk.Advance(0);
@@ -73,7 +73,7 @@ Deed SetThingsRight(Dice& /*dice*/) {
           }};
 }
 
-Deed DrawZoneKey(Dice& dice) {
+Deed DrawZoneButton(Dice& dice) {
   const std::string zone = std::to_string(dice.Between(0, kZones - 1));
   return ClickOn((dice.OneIn(4) ? "cmdCallZone_" : "cmdMusicZones_") + zone);
 }
@@ -283,7 +283,7 @@ class Luck {
       const int share = dice.OneIn(3) ? 0 : weight;
       Kinds.insert(Kinds.end(), static_cast<std::size_t>(share), draw);
     }
-    if (Kinds.empty()) Kinds.push_back(DrawKey);
+    if (Kinds.empty()) Kinds.push_back(DrawTransport);
   }
 
   Deed DrawDeed() { return TheDice.Of(Kinds)(TheDice); }
@@ -291,7 +291,7 @@ class Luck {
  private:
   using Draw = Deed (*)(Dice&);
   static inline const std::vector<std::pair<Draw, int>> kKinds{
-      {SetThingsRight, 6},  {DrawKey, 15},          {DrawZoneKey, 5},    {DrawMenu, 9},
+      {SetThingsRight, 6},  {DrawTransport, 15},    {DrawZoneButton, 5}, {DrawMenu, 9},
       {DrawFileDialog, 5},  {DrawListHand, 11},     {DrawTableHand, 9},  {DrawBytes, 6},
       {DrawCall, 14},       {DrawFault, 8},         {DrawClock, 5},      {DrawAnswer, 6},
       {DrawEnd, 2},         {DrawSettingsHand, 12}, {DrawPickerHand, 7}, {DrawTalk, 16},

@@ -39,7 +39,7 @@ void Recovery::Run() {
   ChooseDirectories();
   TheDesk.Status(0);
   EndWaits();
-  LetGoOfTheKey();
+  LetGoOfTheButton();
   if (TickIsHeld()) Call();
   StopAndPlay();
   TheDesk.Advance(kSettleMs);
@@ -127,9 +127,10 @@ void Recovery::EndWaits() {
   Require(TheDesk.Pc.Dialogs.OpenBoxCount() == 0, "A box does not close");
 }
 
-void Recovery::LetGoOfTheKey() {
-  Require(!TheDesk.State().CallActive || TheDesk.KeyIsHeld(), "A call has outlived its release");
-  TheDesk.Do([this] { TheDesk.StrikeCallKey(1, false); });
+void Recovery::LetGoOfTheButton() {
+  Require(!TheDesk.State().CallActive || TheDesk.CallButtonIsHeld(),
+          "A call has outlived its release");
+  TheDesk.Do([this] { TheDesk.StrikeCallButton(1, false); });
   EndWaits();
 }
 
@@ -148,13 +149,13 @@ void Recovery::Call() {
 
 /// Presses, speaks for a while, and releases. False when the press had no effect.
 bool Recovery::CallOnce() {
-  const int key = TheDesk.Values().RouterPresent ? 1 : 2;
+  const int number = TheDesk.Values().RouterPresent ? 1 : 2;
   TheDesk.TakeJournal();
-  TheDesk.Do([this, key] { TheDesk.StrikeCallKey(key, true); });
+  TheDesk.Do([this, number] { TheDesk.StrikeCallButton(number, true); });
   EndWaits();
   TheDesk.Advance(kSettleMs);
-  const bool speaks = TheDesk.State().CallActive && CallKeysSay(TheDesk, kStrSpeak);
-  TheDesk.Do([this, key] { TheDesk.StrikeCallKey(key, false); });
+  const bool speaks = TheDesk.State().CallActive && CallButtonsSay(TheDesk, kStrSpeak);
+  TheDesk.Do([this, number] { TheDesk.StrikeCallButton(number, false); });
   EndWaits();
   Require(!TheDesk.State().CallActive, "A call outlives its release");
   return speaks;
@@ -345,8 +346,8 @@ void Recovery::RequireRestored() {
   Require(!TheDesk.MuteCheck(0) && !TheDesk.MuteCheck(TheDesk.Sys->Mixer.WaveLine),
           "A mute stays on");
   Require(TheDesk.Pc.Song.PlayState() == kPlaying, "The music is not back");
-  for (const char* key : {"cmdPlay", "cmdSkip", "cmdStop"})
-    Require(TheDesk.Enabled(key), std::string("A key stays disabled: ") + key);
+  for (const char* button : {"cmdPlay", "cmdSkip", "cmdStop"})
+    Require(TheDesk.Enabled(button), std::string("A button stays disabled: ") + button);
 }
 
 }  // namespace marlex

@@ -32,7 +32,7 @@ class Recovery {
   void ChooseDirectories();
   void ChooseDirectory(const std::string& browse, const std::string& directory);
   void EndWaits();
-  void LetGoOfTheKey();
+  void LetGoOfTheButton();
   bool TickIsHeld();
   void Call();
   bool CallOnce();

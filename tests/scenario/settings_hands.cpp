@@ -79,10 +79,10 @@ Deed DrawSettingsHand(Dice& dice) {
 namespace {
 
 /// Opens the settings first if they are closed.
-Deed OpenPicker(const std::string& key) {
-  return {"open a picker by " + key, [key](WatchedDesk& desk) {
-            if (!desk.Shows(key) && desk.Shows("mnuSettings")) desk.Click("mnuSettings");
-            if (desk.Shows(key)) desk.Click(key);
+Deed OpenPicker(const std::string& button) {
+  return {"open a picker by " + button, [button](WatchedDesk& desk) {
+            if (!desk.Shows(button) && desk.Shows("mnuSettings")) desk.Click("mnuSettings");
+            if (desk.Shows(button)) desk.Click(button);
           }};
 }
 
@@ -120,12 +120,12 @@ Deed ChooseInPicker(int place, bool right) {
 }  // namespace
 
 Deed DrawPickerHand(Dice& dice) {
-  static const Texts keys{"cmdBgBrowse", "cmdMsgBrowse", "cmdPreSelect", "cmdPostSelect"};
+  static const Texts buttons{"cmdBgBrowse", "cmdMsgBrowse", "cmdPreSelect", "cmdPostSelect"};
   switch (dice.Between(1, 8)) {
     case 1:
     case 2:
     case 3:
-      return OpenPicker(dice.Of(keys));
+      return OpenPicker(dice.Of(buttons));
     case 4:
     case 5:
     case 6:

@@ -30,8 +30,8 @@ void WatchedDesk::AdvanceToMs(std::int64_t dayMs) {
   if (dayMs > NowMs()) Pc.Loop.RunFor(dayMs - NowMs());
 }
 
-void WatchedDesk::StrikeCallKey(int key, bool down) {
-  CommandButton& button = key == 1 ? Main().cmdCall : Main().cmdCall2;
+void WatchedDesk::StrikeCallButton(int number, bool down) {
+  CommandButton& button = number == 1 ? Main().cmdCall : Main().cmdCall2;
   if (!Main().Visible) return;
   TheInspectors->Traces.Check();  // a nested stroke may be the first event of a call
   if (!down) {
@@ -45,9 +45,9 @@ void WatchedDesk::StrikeCallKey(int key, bool down) {
   button.OnMouseDown(MouseButton::Left);
 }
 
-bool WatchedDesk::CallWasPressed() const { return TheInspectors->Call.KeyWasPressed(); }
+bool WatchedDesk::CallWasPressed() const { return TheInspectors->Call.ButtonWasPressed(); }
 
-bool WatchedDesk::KeyIsHeld() const { return TheInspectors->Call.KeyIsHeld(); }
+bool WatchedDesk::CallButtonIsHeld() const { return TheInspectors->Call.ButtonIsHeld(); }
 
 void WatchedDesk::StepAtPlaylist(const std::function<void(FrmPlaylist&)>& step) {
   Do([&] {

@@ -30,9 +30,9 @@ class WatchedDesk : public Desk {
 
   /// Presses or releases call button 1 or 2. To be called from an event. A disabled button cannot
   /// be pressed.
-  void StrikeCallKey(int key, bool down);
-  bool CallWasPressed() const;  // since the start of the program
-  bool KeyIsHeld() const;       // a call button, since a press that began a call
+  void StrikeCallButton(int number, bool down);
+  bool CallWasPressed() const;    // since the start of the program
+  bool CallButtonIsHeld() const;  // since a press that began a call
 
   /// The operator does something in the playlist editor, as one event, if it is open and no box
   /// covers it.

@@ -15,7 +15,7 @@ void CallInspector::CheckThatSomebodyHoldsIt() {
   Require(NowMs() == *LeftAtMs, "A call goes on that nobody holds");
 }
 
-bool CallKeysSay(Desk& desk, StringId caption) {
+bool CallButtonsSay(Desk& desk, StringId caption) {
   const std::string text = desk.Sys->Strings.LoadString(caption);
   return desk.Main().cmdCall.Caption.Get() == text && desk.Main().cmdCall2.Caption.Get() == text;
 }

@@ -18,8 +18,8 @@ class CallInspector : public Inspector {
   void NotePress() { Held = Pressed = true; }
   void NoteRelease() { Held = false; }
 
-  bool KeyIsHeld() const { return Held; }         // since a press that began a call
-  bool KeyWasPressed() const { return Pressed; }  // for a call, since the start of the program
+  bool ButtonIsHeld() const { return Held; }         // since a press that began a call
+  bool ButtonWasPressed() const { return Pressed; }  // for a call, since the start of the program
 
  private:
   void CheckThatSomebodyHoldsIt();
@@ -30,6 +30,6 @@ class CallInspector : public Inspector {
 };
 
 /// Both call buttons have this caption.
-bool CallKeysSay(Desk& desk, StringId caption);
+bool CallButtonsSay(Desk& desk, StringId caption);
 
 }  // namespace marlex

@@ -7,7 +7,7 @@ namespace marlex {
 void CallTraces::Check() {
   const Flags& flags = State();
   if (AmplifierTookOver() && (Before.Flags.CallActive || TickOff)) CutShort = true;
-  if (CutShort) Zones = DisabledKeys = true;
+  if (CutShort) Zones = DisabledButtons = true;
   if (TickIsOn()) {
     TickOff = false;
     if (!flags.CallActive) CutShort = false;
@@ -31,7 +31,7 @@ void CallTraces::NotePress() {
 void CallTraces::Remember() {
   if (!Main().Loaded() || CutShort) return;
   if (Zones) Zones = !MusicZonesAreLit(TheDesk);
-  if (DisabledKeys) DisabledKeys = !Main().cmdPlay.Enabled;
+  if (DisabledButtons) DisabledButtons = !Main().cmdPlay.Enabled;
 }
 
 }  // namespace marlex

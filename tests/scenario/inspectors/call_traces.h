@@ -41,7 +41,7 @@ class CallTraces : public Inspector {
   bool LeavesZones() const { return Zones; }
 
   /// The transport buttons may be disabled: those of an announcement that a call cut off.
-  bool LeavesKeysDisabled() const { return DisabledKeys; }
+  bool LeavesButtonsDisabled() const { return DisabledButtons; }
 
  private:
   bool CutShort = false;
@@ -52,7 +52,7 @@ class CallTraces : public Inspector {
   bool OwnWav = false;
   bool OwnFade = false;
   bool Zones = false;
-  bool DisabledKeys = false;
+  bool DisabledButtons = false;
 };
 
 }  // namespace marlex

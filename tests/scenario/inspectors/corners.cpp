@@ -52,7 +52,7 @@ void CornerCounter::CountMessages() {
 
 void CornerCounter::CountCalls() {
   if (!State().CallActive) return;
-  Count(CallKeysSay(TheDesk, kStrSpeak), "a call that speaks");
+  Count(CallButtonsSay(TheDesk, kStrSpeak), "a call that speaks");
   Count(Before.Flags.MessagePlaying, "a call over a message");
   Count(State().CallEndedDuringFade, "a release in a fade");
   Count(State().CallEndedDuringChime, "a release in a chime");

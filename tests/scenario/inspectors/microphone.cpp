@@ -7,8 +7,9 @@ void MicrophoneInspector::Check() {
   if (card.HasMissed(kComponentMicrophone, kControlMute)) return;
   if (card.Muted(kComponentMicrophone)) return;
   Require(State().CallActive, "The microphone is open without a call");
-  Require(Call.KeyIsHeld(), "The microphone is open without a held key");
-  Require(CallKeysSay(TheDesk, kStrSpeak), "The microphone is open, and the keys do not say so");
+  Require(Call.ButtonIsHeld(), "The microphone is open without a held button");
+  Require(CallButtonsSay(TheDesk, kStrSpeak),
+          "The microphone is open, and the buttons do not say so");
   Require(!State().PriorityPreempted, "The microphone is open under a takeover");
 }
 

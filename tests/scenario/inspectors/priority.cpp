@@ -12,7 +12,7 @@ void PriorityInspector::Check() {
   Require(!State().PriorityPreempted || status != 0, "A takeover outlives status 0");
   Require(Main().lblHiPrio.Visible == (status != 0), "The note of a call does not follow status");
   const int height = status != 0 ? FrmMain::kShrunkenTransportHeight : FrmMain::kTransportHeight;
-  Require(Main().cmdPlay.Height == height, "The transport keys do not follow the status");
+  Require(Main().cmdPlay.Height == height, "The transport buttons do not follow the status");
 }
 
 }  // namespace marlex

@@ -7,8 +7,8 @@ void RestInspector::Check() {
   CheckSilence();
   CheckTick();
   const bool nothingToPlay = Main().lstPlaylist.ListIndex() == ListBox::kNoSelection;
-  Require(Main().cmdPlay.Enabled || Call.LeavesKeysDisabled() || nothingToPlay,
-          "At rest, and the play key is disabled");
+  Require(Main().cmdPlay.Enabled || Call.LeavesButtonsDisabled() || nothingToPlay,
+          "At rest, and the play button is disabled");
 }
 
 void RestInspector::CheckSilence() {

@@ -7,7 +7,7 @@ void ZonesInspector::Check() {
   if (begins && Before.Flags.PriorityPreempted) LeftByMessages = true;
   if (!AtRest(TheDesk) || State().CallActive) return;
   for (int zone = 0; zone < kZones; ++zone)
-    Require(Main().cmdMusicZones[zone].Enabled, "At rest, and a zone key is disabled");
+    Require(Main().cmdMusicZones[zone].Enabled, "At rest, and a zone button is disabled");
   Require(LeftByMessages || Call.LeavesZones() || MusicZonesAreLit(TheDesk),
           "At rest, and the labels are not those of the music");
 }
