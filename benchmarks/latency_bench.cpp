@@ -14,7 +14,7 @@ namespace {
 constexpr int kRepetitions = 5;
 constexpr double kSilenceBudgetMs = 50;
 constexpr double kMicrophoneBudgetMs = 20;
-constexpr double kCallKeyBudgetMs = 30;
+constexpr double kCallButtonBudgetMs = 30;
 constexpr double kLimitSeconds = 20;
 constexpr double kSilentDb = -60;
 constexpr int kTakeOver = 128;
@@ -131,8 +131,8 @@ Figure MeasureMinute() {
 /// Somebody speaks all the time. The music has been stopped, so that the master is open and no fade
 /// comes first. The time includes the tool that presses, and the path of the voice into the
 /// recording.
-Figure MeasureCallKey() {
-  Figure figure{"call key to the voice in the recording [ms]", {}, kCallKeyBudgetMs};
+Figure MeasureCallButton() {
+  Figure figure{"call button to the voice in the recording [ms]", {}, kCallButtonBudgetMs};
   try {
     AwaitOthersEnd();
     stage::StageOptions options = ProgramOptions();
@@ -148,10 +148,10 @@ Figure MeasureCallKey() {
     for (int i = 0; i < kRepetitions; ++i) {
       if (!AwaitLevel(desk, false)) throw std::runtime_error("it is not silent");
       Sleep(0.5 + 0.013 * i);  // not in step with anything
-      const std::optional<stage::ScreenArea> key = desk.Window->Geometry("frmMain.cmdCall");
-      if (!key) throw std::runtime_error("there is no call key");
+      const std::optional<stage::ScreenArea> button = desk.Window->Geometry("frmMain.cmdCall");
+      if (!button) throw std::runtime_error("there is no call button");
       const double pressed = stage::Now();
-      desk.Display->Press(key->X + key->Width / 2, key->Y + key->Height / 2);
+      desk.Display->Press(button->X + button->Width / 2, button->Y + button->Height / 2);
       while (desk.Card->LevelNowDb(0.005) < kSilentDb && stage::Now() < pressed + kLimitSeconds)
         Sleep(0.001);
       figure.Values.push_back((stage::Now() - pressed) * 1000);
@@ -182,7 +182,7 @@ void MeasureLatencies(Report& report) {
   report.Section("Answers of the real program");
   MeasureSilence(report);
   report.Add(MeasureMinute());
-  report.Add(MeasureCallKey());
+  report.Add(MeasureCallButton());
   report.Add(MeasureMicrophone());  // last, since it changes the environment
 }
 

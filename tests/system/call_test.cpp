@@ -48,12 +48,12 @@ class CallDesk : public RealDesk {
   }
 
   /// Makes a call, waits until the voice is heard, ends the call and waits for silence.
-  testing::AssertionResult CallBy(const std::string& key) {
-    if (!Press(key)) return testing::AssertionFailure() << key << " is not to be seen";
+  testing::AssertionResult CallBy(const std::string& button) {
+    if (!Press(button)) return testing::AssertionFailure() << button << " is not to be seen";
     const bool isHeard = AwaitTone(kVoice);
     Display->Release();
-    if (!isHeard) return testing::AssertionFailure() << "nothing is heard through " << key;
-    if (!AwaitSilence()) return testing::AssertionFailure() << key << " leaves the voice on";
+    if (!isHeard) return testing::AssertionFailure() << "nothing is heard through " << button;
+    if (!AwaitSilence()) return testing::AssertionFailure() << button << " leaves the voice on";
     return testing::AssertionSuccess();
   }
 };

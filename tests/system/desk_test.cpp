@@ -153,7 +153,7 @@ TEST(Songs, FilesOfEveryRateSoundAtTheirOwnPitchAndLength) {
   }
 }
 
-TEST(Songs, TheStopKeySilencesTheMusicAndReleasesTheZones) {
+TEST(Songs, TheStopButtonSilencesTheMusicAndReleasesTheZones) {
   RealDesk desk(TwoSongs(40));
   desk.Start();
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));

@@ -90,8 +90,8 @@ TEST(ScheduleEditor, ASequenceIsComposedSavedOpenedAndHeardAtItsMinute) {
   ASSERT_TRUE(desk.AwaitText("WavWindow.PrevKey", "Play"));
   ASSERT_TRUE(desk.TypeInto("WavWindow.txtHours", "9"));
   ASSERT_TRUE(desk.TypeInto("WavWindow.txtMinutes", "00"));
-  for (const char* key : {"WavWindow.WkDays_0", "WavWindow.cmdZone_1"})
-    ASSERT_TRUE(desk.Click(key));
+  for (const char* name : {"WavWindow.WkDays_0", "WavWindow.cmdZone_1"})
+    ASSERT_TRUE(desk.Click(name));
   ASSERT_TRUE(desk.Choose("WavWindow.mnuFile", "WavWindow.mnuSave"));
   ASSERT_TRUE(desk.ChooseFile("Nine.sch"));
   ASSERT_TRUE(desk.Await("WavWindow", "visible", "no"));

@@ -1,6 +1,6 @@
 // An operator's first minute with the real program, in several languages, by clicks and by keys
-// alone: language, settings, first song, first announcement, first call. The call key is held with
-// the mouse either way.
+// alone: language, settings, first song, first announcement, first call. The call button is held
+// with the mouse either way.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -42,7 +42,7 @@ class FirstMinute : public RealDesk, public testing::TestWithParam<Minute> {
     Start("2031-05-05 08:50:00");
   }
 
-  /// Presses a key of the window: by a click, or by the tab key and the space bar.
+  /// Presses a button of the window: by a click, or by the tab key and the space bar.
   bool Use(const std::string& object) {
     if (!GetParam().ByKeys) return Click(object);
     if (!Reach(object)) return false;
@@ -115,8 +115,8 @@ class FirstMinute : public RealDesk, public testing::TestWithParam<Minute> {
   }
 
   /// Opens a directory of the home in the picker, which starts there.
-  bool ChooseDirectory(const std::string& browseKey, const std::string& name) {
-    if (!Use("frmSettings." + browseKey) || !Await("frmDirSel", "visible", "yes")) return false;
+  bool ChooseDirectory(const std::string& browseButton, const std::string& name) {
+    if (!Use("frmSettings." + browseButton) || !Await("frmDirSel", "visible", "yes")) return false;
     if (GetParam().ByKeys) {
       if (!Reach("frmDirSel.Dir1") || !GoDown("frmDirSel.Dir1", RowInPicker(Folder, name)))
         return false;

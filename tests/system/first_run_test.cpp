@@ -38,8 +38,8 @@ class EmptyDesk : public RealDesk {
   }
 
   /// Opens a directory of the home in the picker, which starts there.
-  bool ChooseDirectory(const std::string& browseKey, const std::string& name) {
-    return Click("frmSettings." + browseKey) && Await("frmDirSel", "visible", "yes") &&
+  bool ChooseDirectory(const std::string& browseButton, const std::string& name) {
+    return Click("frmSettings." + browseButton) && Await("frmDirSel", "visible", "yes") &&
            DoubleClick("frmDirSel.Dir1 " + std::to_string(RowInPicker(Folder, name))) &&
            Await("frmDirSel.lstFiles", "rows", "1") && Click("frmDirSel.cmdOK") &&
            Await("frmDirSel", "visible", "no");

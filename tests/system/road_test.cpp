@@ -225,12 +225,12 @@ TEST_F(Road, TheRowsFirstCellIsGreenWhileTheMessagesSound) {
   EXPECT_EQ(Place->Window->Read("frmMain.grdSchedule", "cell 1 4 colour"), kNavy);
 }
 
-TEST_F(Road, TheKeysAreOffDuringTheSequenceAndBackAfterIt) {
-  for (const char* key : {"frmMain.cmdPlay", "frmMain.cmdSkip", "frmMain.cmdStop"}) {
-    std::vector<double> off = Place->TimesOf(key, "enabled", "no");
-    ASSERT_FALSE(off.empty()) << key;
-    EXPECT_NEAR(off.back(), RowFired, 0.2) << key;
-    EXPECT_EQ(Place->Window->Read(key, "enabled"), "yes") << key;
+TEST_F(Road, TheTransportButtonsAreOffDuringTheSequenceAndBackAfterIt) {
+  for (const char* button : {"frmMain.cmdPlay", "frmMain.cmdSkip", "frmMain.cmdStop"}) {
+    std::vector<double> off = Place->TimesOf(button, "enabled", "no");
+    ASSERT_FALSE(off.empty()) << button;
+    EXPECT_NEAR(off.back(), RowFired, 0.2) << button;
+    EXPECT_EQ(Place->Window->Read(button, "enabled"), "yes") << button;
   }
   EXPECT_EQ(Place->TimesOf("frmMain.cmdMusicZones_0", "enabled", "no").size(), 1U);
   EXPECT_EQ(Place->Window->Read("frmMain.cmdMusicZones_0", "enabled"), "yes");

@@ -88,7 +88,7 @@ TEST(WindowManager, ItsCloseIsNotRefusedWhileAQuestionAboutAFileIsOpen) {
   EXPECT_TRUE(desk.HasLeft());
 }
 
-TEST(WindowManager, AQuestionAboutAFileDoesNotBarTheCallKey) {
+TEST(WindowManager, AQuestionAboutAFileDoesNotBarTheCallButton) {
   ManagedDesk desk(TwoSongs(40));
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(desk.AskForAFileThatIsNotThere());
@@ -131,7 +131,7 @@ TEST(WindowManager, TheLockEndsACallAlsoWithoutAManagerAndUnderANotice) {
   ExpectTheCallToEnd(desk, stage::ForeignWindow::Kind::Lock);
 }
 
-TEST(WindowManager, ANoticeDoesNotBarTheCallKey) {
+TEST(WindowManager, ANoticeDoesNotBarTheCallButton) {
   ManagedDesk desk(TwoSongs(40));
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(OpenNotice(desk));

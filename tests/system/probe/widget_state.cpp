@@ -114,7 +114,7 @@ void ReadActions(QWidget* widget, Snapshot& snapshot) {
   }
 }
 
-QWidget* FindBoxKey(const QString& caption) {
+QWidget* FindBoxButton(const QString& caption) {
   for (QWidget* widget : QApplication::topLevelWidgets()) {
     auto* box = qobject_cast<QMessageBox*>(widget);
     if (!box || !box->isVisible()) continue;
@@ -184,7 +184,7 @@ Snapshot TakeSnapshot() {
 }
 
 QWidget* FindWidget(const QString& name) {
-  if (name.startsWith("QMessageBox.")) return FindBoxKey(name.section('.', 1));
+  if (name.startsWith("QMessageBox.")) return FindBoxButton(name.section('.', 1));
   QWidget* hidden = nullptr;
   for (QWidget* widget : QApplication::allWidgets()) {
     if (widget->objectName().isEmpty()) continue;
