@@ -5,24 +5,27 @@
 
 namespace marlex {
 
-/// The narrowest area in which the text takes no more lines than at full width, where the label
-/// aligns it.
-QRect BalancedLabel::TextArea() const {
-  const QRect room = contentsRect();
-  const auto needed = [this](int width) {
-    return fontMetrics().boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap,
-                                      text());
+int BalancedWidth(const QFontMetrics& letters, const QString& text, int room) {
+  const auto needed = [&](int width) {
+    return letters.boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap, text);
   };
-  const int lines = needed(room.width()).height();
+  const int lines = needed(room).height();
   int tooNarrow = 0;
-  int wideEnough = room.width();
+  int wideEnough = room;
   while (wideEnough - tooNarrow > 1) {
     const int width = (tooNarrow + wideEnough) / 2;
-    const QRect text = needed(width);
-    const bool fits = text.height() <= lines && text.width() <= width;
+    const QRect area = needed(width);
+    const bool fits = area.height() <= lines && area.width() <= width;
     (fits ? wideEnough : tooNarrow) = width;
   }
-  return QStyle::alignedRect(layoutDirection(), alignment(), {wideEnough, room.height()}, room);
+  return wideEnough;
+}
+
+/// The area of the balanced text, where the label aligns it.
+QRect BalancedLabel::TextArea() const {
+  const QRect room = contentsRect();
+  const int width = BalancedWidth(fontMetrics(), text(), room.width());
+  return QStyle::alignedRect(layoutDirection(), alignment(), {width, room.height()}, room);
 }
 
 /// A text runs in the direction of its language in a window that does not.

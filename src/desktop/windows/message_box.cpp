@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QStyle>
 
+#include "desktop/windows/balanced_label.h"
 #include "desktop/windows/glyphs.h"
 #include "desktop/windows/shown_body.h"
 #include "desktop/windows/theme.h"
@@ -59,12 +60,13 @@ void MessageBox::keyPressEvent(QKeyEvent* event) {
 void MessageBox::showEvent(QShowEvent* event) {
   MarkPrimaryButton();
   QMessageBox::showEvent(event);
-  PutPathsApart();
+  LayOutText();
 }
 
-/// Qt sets the size of the box when it appears; only then is it known what fits on a line.
-void MessageBox::PutPathsApart() {
-  const auto* label = findChild<QLabel*>("qt_msgbox_label");
+/// Puts paths on lines of their own, and balances the lines, so that none is left with a single
+/// word. Qt sets the size of the box when it appears; only then is it known what fits on a line.
+void MessageBox::LayOutText() {
+  auto* label = findChild<QLabel*>("qt_msgbox_label");
   if (!label || !label->wordWrap()) return;
   layout()->activate();
   const int room = label->contentsRect().width();
@@ -72,6 +74,9 @@ void MessageBox::PutPathsApart() {
   const QString apart = WithPathsApart(
       text(), [&](const QString& line) { return letters.horizontalAdvance(line) <= room; });
   if (apart != text()) setText(apart);
+  QMargins margins = label->contentsMargins();
+  margins.setRight(margins.right() + room - BalancedWidth(letters, apart, room));
+  label->setContentsMargins(margins);
 }
 
 void MessageBox::PutSign() {

@@ -20,7 +20,7 @@ class MessageBox : public QMessageBox {
 
  private:
   void PutSign();
-  void PutPathsApart();
+  void LayOutText();
 };
 
 }  // namespace marlex
