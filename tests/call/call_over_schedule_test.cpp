@@ -170,9 +170,9 @@ TEST(CallOverSchedule, TakenOverInASequencesLastFadeLeavesTickAndButtonsAlive) {
 }
 
 /// A song that ends at 12:03:31; then the messages of a waiting row play.
-class BreakDesk : public CallDesk {
+class CallAtBreakDesk : public CallDesk {
  public:
-  explicit BreakDesk(DeskOptions options) : CallDesk(WithRow(std::move(options))) {
+  explicit CallAtBreakDesk(DeskOptions options) : CallDesk(WithRow(std::move(options))) {
     while (!State().MessagePlaying) Advance(10);
     Pc.Journal.Clear();
   }
@@ -186,7 +186,7 @@ class BreakDesk : public CallDesk {
 };
 
 TEST(CallOverAMusicBreak, HasTheNextSongWaitForItsEndAndTheTickToo) {
-  BreakDesk desk(CallDesk::Chimes());
+  CallAtBreakDesk desk(CallDesk::Chimes());
   desk.Press("cmdCall");
   desk.Advance(1500);
   EXPECT_EQ(desk.Station(), "Speak, lamps green, speaks");
@@ -209,7 +209,7 @@ TEST(CallOverAMusicBreak, HasTheNextSongWaitForItsEndAndTheTickToo) {
 
 TEST(CallOverAMusicBreak, ThatIsAQuickClickGoesOnWithTheNextSong) {
   for (const char* chime : {"", "chime"}) {
-    BreakDesk desk({.PreChime = chime});
+    CallAtBreakDesk desk({.PreChime = chime});
     desk.Press("cmdCall");
     desk.Advance(200);
     desk.Release("cmdCall");

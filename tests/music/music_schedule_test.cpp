@@ -9,8 +9,8 @@ namespace marlex {
 namespace {
 
 /// A desk with music from 12:05 to 12:10, on a Monday at 12:00:33.
-struct ClockDesk : MusicDesk {
-  explicit ClockDesk(DeskOptions options = {}) : MusicDesk(WithWindow(std::move(options))) {}
+struct MusicClockDesk : MusicDesk {
+  explicit MusicClockDesk(DeskOptions options = {}) : MusicDesk(WithWindow(std::move(options))) {}
 
   void Open(const std::string& path) {
     Pc.Dialogs.OpenResults = {path};
@@ -28,7 +28,7 @@ struct ClockDesk : MusicDesk {
 };
 
 TEST(MusicSchedule, StartsTheMusicAtTheStartMinuteAndFadesItOutAtTheStopMinute) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.Pc.Journal.Only({"song", "send"});
   desk.RunTo(12, 4, 59);
   desk.Pc.Journal.Clear();
@@ -48,7 +48,7 @@ TEST(MusicSchedule, StartsTheMusicAtTheStartMinuteAndFadesItOutAtTheStopMinute) 
 }
 
 TEST(MusicSchedule, AfterItsStopTheSliderIsSilentUntilThePlayButtonPutsItRight) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 10, 3);
   EXPECT_EQ(desk.WaveSlider(), FrmMxr::kSilent);
   EXPECT_FALSE(desk.WaveMute().Value);
@@ -58,7 +58,7 @@ TEST(MusicSchedule, AfterItsStopTheSliderIsSilentUntilThePlayButtonPutsItRight) 
 }
 
 TEST(MusicSchedule, WithoutAFadeTimeItStopsAtOnce) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 9, 59);
   desk.Pc.Journal.Clear();
   desk.Do([&] { desk.Values().FadeTime = 0; });
@@ -68,7 +68,7 @@ TEST(MusicSchedule, WithoutAFadeTimeItStopsAtOnce) {
 }
 
 TEST(MusicSchedule, MusicThatTheUserStoppedStaysOffUntilMidnight) {
-  ClockDesk desk({.StartTime = "00:00", .StopTime = "23:59"});
+  MusicClockDesk desk({.StartTime = "00:00", .StopTime = "23:59"});
   desk.RunTo(12, 1, 1);
   EXPECT_EQ(desk.MusicFlags(), "Started");
   desk.Click("cmdStop");
@@ -84,7 +84,7 @@ TEST(MusicSchedule, MusicThatTheUserStoppedStaysOffUntilMidnight) {
 }
 
 TEST(MusicSchedule, MusicThatTheUserRestartedStillStopsAtTheStopTime) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 6, 0);
   desk.Click("cmdStop");
   desk.RunTo(12, 8, 0);
@@ -97,7 +97,7 @@ TEST(MusicSchedule, MusicThatTheUserRestartedStillStopsAtTheStopTime) {
 }
 
 TEST(MusicSchedule, MusicThatTheClockStoppedStartsAgainOnTheNextDayOfTheMask) {
-  ClockDesk desk({.WeekDays = "1030000"});
+  MusicClockDesk desk({.WeekDays = "1030000"});
   desk.RunTo(12, 10, 3);
   EXPECT_EQ(desk.MusicFlags(), "BySchedule");
   desk.RunTo(12, 10, 2);  // Tuesday
@@ -111,7 +111,7 @@ TEST(MusicSchedule, MusicThatTheClockStoppedStartsAgainOnTheNextDayOfTheMask) {
 }
 
 TEST(MusicSchedule, MusicRestartedAfterTheClocksStopIsNeverStoppedByIt) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 10, 3);
   desk.Click("cmdPlay");
   EXPECT_EQ(desk.MusicFlags(), "Overridden");
@@ -125,8 +125,8 @@ TEST(MusicSchedule, MusicRestartedAfterTheClocksStopIsNeverStoppedByIt) {
   EXPECT_EQ(desk.PlayState(), kPlaying);
 }
 
-TEST(MusicSchedule, MusicThatTheUserStartedBeforeTheWindowPlaysOnBehindIt) {
-  ClockDesk desk;
+TEST(MusicSchedule, MusicThatTheUserStartedBeforeTheWindowPlaysOnAfterIt) {
+  MusicClockDesk desk;
   desk.Click("cmdPlay");
   desk.RunTo(12, 7);
   EXPECT_EQ(desk.MusicFlags(), "");
@@ -136,7 +136,7 @@ TEST(MusicSchedule, MusicThatTheUserStartedBeforeTheWindowPlaysOnBehindIt) {
 }
 
 TEST(MusicSchedule, ThePlayButtonAndAnOpenedListLiftTheBarOfTheStopButton) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 6);
   desk.Click("cmdStop");
   desk.Click("cmdPlay");
@@ -148,7 +148,7 @@ TEST(MusicSchedule, ThePlayButtonAndAnOpenedListLiftTheBarOfTheStopButton) {
 }
 
 TEST(MusicSchedule, AProgramStartedInsideTheWindowStartsMusicWithItsFirstTick) {
-  ClockDesk desk({.Now = {2024, 1, 1, 12, 7, 20}});
+  MusicClockDesk desk({.Now = {2024, 1, 1, 12, 7, 20}});
   EXPECT_EQ(desk.PlayState(), kStopped);
   desk.Advance(1000);
   EXPECT_EQ(desk.MusicFlags(), "Started");
@@ -156,7 +156,7 @@ TEST(MusicSchedule, AProgramStartedInsideTheWindowStartsMusicWithItsFirstTick) {
 }
 
 TEST(MusicSchedule, EveryMinuteInsideTheWindowTriesAgain) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.Pc.Disk.FailReads("/music");
   desk.RunTo(12, 6, 30);
   EXPECT_EQ(desk.PlayState(), kStopped);
@@ -167,16 +167,16 @@ TEST(MusicSchedule, EveryMinuteInsideTheWindowTriesAgain) {
 }
 
 TEST(MusicSchedule, TheLastMinuteOfTheWindowStartsAndTheStopMinuteDoesNot) {
-  ClockDesk last({.Now = {2024, 1, 1, 12, 9, 20}});
+  MusicClockDesk last({.Now = {2024, 1, 1, 12, 9, 20}});
   last.Advance(2000);
   EXPECT_EQ(last.PlayState(), kPlaying);
-  ClockDesk stop({.Now = {2024, 1, 1, 12, 10, 20}});
+  MusicClockDesk stop({.Now = {2024, 1, 1, 12, 10, 20}});
   stop.Advance(120'000);
   EXPECT_EQ(stop.PlayState(), kStopped);
 }
 
 TEST(MusicSchedule, EachStartResumesAtTheSongOfTheProgramsStart) {
-  ClockDesk desk({.Music = MusicDesk::Songs(3, 60'000), .LastSong = "1"});
+  MusicClockDesk desk({.Music = MusicDesk::Songs(3, 60'000), .LastSong = "1"});
   desk.RunTo(12, 5, 2);
   EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
   desk.RunTo(12, 9, 59);
@@ -186,15 +186,15 @@ TEST(MusicSchedule, EachStartResumesAtTheSongOfTheProgramsStart) {
   EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
 }
 
-TEST(MusicSchedule, ALastSongBehindTheEndOfTheListStartsTheFirstOne) {
-  ClockDesk desk({.LastSong = "7"});
+TEST(MusicSchedule, ALastSongPastTheEndOfTheListStartsTheFirstOne) {
+  MusicClockDesk desk({.LastSong = "7"});
   desk.RunTo(12, 5, 2);
   EXPECT_EQ(desk.Heard(), "song a.mp3 at 20000");
   EXPECT_EQ(desk.MusicFlags(), "Started");
 }
 
 TEST(MusicSchedule, AnEmptyListIsTriedEveryMinuteWithoutAWord) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.Do([&] { desk.List().Clear(); });
   desk.RunTo(12, 7, 30);
   EXPECT_EQ(desk.PlayState(), kStopped);
@@ -206,14 +206,14 @@ TEST(MusicSchedule, AnEmptyListIsTriedEveryMinuteWithoutAWord) {
 }
 
 TEST(MusicSchedule, AnEmptyStopTimeNeverStarts) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.Do([&] { desk.Values().MusicStopTime = ""; });
   desk.RunTo(12, 6);
   EXPECT_EQ(desk.PlayState(), kStopped);
 }
 
 TEST(MusicSchedule, AnEmptyStopTimeStopsAtTheNextMinute) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 6);
   desk.Do([&] { desk.Values().MusicStopTime = ""; });
   desk.RunTo(12, 7, 3);
@@ -222,7 +222,7 @@ TEST(MusicSchedule, AnEmptyStopTimeStopsAtTheNextMinute) {
 }
 
 TEST(MusicSchedule, AnEmptyStartTimeNeitherStartsNorStops) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 6);
   EXPECT_EQ(desk.MusicFlags(), "Started");
   desk.Do([&] { desk.Values().MusicStartTime = ""; });
@@ -235,7 +235,7 @@ TEST(MusicSchedule, AnEmptyStartTimeNeitherStartsNorStops) {
 }
 
 TEST(MusicSchedule, ThereIsNoWindowOverMidnight) {
-  ClockDesk desk({.StartTime = "22:00", .StopTime = "06:00"});
+  MusicClockDesk desk({.StartTime = "22:00", .StopTime = "06:00"});
   for (int hour = 13; hour < 13 + 24; ++hour) {
     desk.RunTo(hour % 24, 0, 2);
     EXPECT_EQ(desk.PlayState(), kStopped) << hour;
@@ -243,7 +243,7 @@ TEST(MusicSchedule, ThereIsNoWindowOverMidnight) {
 }
 
 TEST(MusicSchedule, AWindowOfNoLengthNeverStarts) {
-  ClockDesk desk({.StartTime = "12:05", .StopTime = "12:05"});
+  MusicClockDesk desk({.StartTime = "12:05", .StopTime = "12:05"});
   desk.RunTo(12, 6);
   EXPECT_EQ(desk.PlayState(), kStopped);
 }
@@ -254,7 +254,7 @@ TEST(MusicSchedule, EachWeekdayHasItsCharacterOfTheMask) {
     std::string mask = "0000000";
     mask[static_cast<std::size_t>(day - 1)] = static_cast<char>('0' + day);
     for (int today = 1; today <= 7; ++today) {
-      ClockDesk desk({.WeekDays = mask, .Now = {2024, 1, today, 12, 4, 30}});
+      MusicClockDesk desk({.WeekDays = mask, .Now = {2024, 1, today, 12, 4, 30}});
       desk.RunTo(12, 5, 2);
       EXPECT_EQ(desk.PlayState(), today == day ? kPlaying : kStopped) << mask << today;
     }
@@ -265,7 +265,7 @@ TEST(MusicSchedule, AMaskHasADayOnUnlessItsCharacterIsNought) {
   const std::vector<std::pair<std::string, bool>> masks = {
       {"", true}, {"1", true}, {"0", false}, {"0000000", false}, {"x", true}, {"7", true}};
   for (const auto& [mask, on] : masks) {
-    ClockDesk desk;
+    MusicClockDesk desk;
     desk.Do([&, mask = mask] { desk.Values().MusicWeekDays = mask; });
     desk.RunTo(12, 5, 2);
     EXPECT_EQ(desk.PlayState(), on ? kPlaying : kStopped) << mask;
@@ -273,7 +273,7 @@ TEST(MusicSchedule, AMaskHasADayOnUnlessItsCharacterIsNought) {
 }
 
 TEST(MusicSchedule, ADayThatIsOffBarsTheStopToo) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 6);
   desk.Do([&] { desk.Values().MusicWeekDays = "0000000"; });
   desk.RunTo(12, 30);
@@ -281,7 +281,7 @@ TEST(MusicSchedule, ADayThatIsOffBarsTheStopToo) {
 }
 
 TEST(MusicSchedule, AStopOnADayThatIsOffIsMadeUpOnTheNextDayThatIsOn) {
-  ClockDesk desk({.WeekDays = "1030567"});
+  MusicClockDesk desk({.WeekDays = "1030567"});
   desk.RunTo(12, 6);
   desk.Do([&] { desk.Values().MusicWeekDays = "0030567"; });
   desk.RunTo(12, 30);
@@ -296,7 +296,7 @@ TEST(MusicSchedule, AStopOnADayThatIsOffIsMadeUpOnTheNextDayThatIsOn) {
 }
 
 TEST(MusicSchedule, AMinuteUnderAPriorityCallIsLostToBothTests) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.Status(64);
   desk.RunTo(12, 5, 30);
   EXPECT_EQ(desk.PlayState(), kStopped);
@@ -314,7 +314,7 @@ TEST(MusicSchedule, AMinuteUnderAPriorityCallIsLostToBothTests) {
 }
 
 TEST(MusicSchedule, APriorityCallAtMidnightKeepsTheBarOfTheStopButton) {
-  ClockDesk desk({.StartTime = "00:00", .StopTime = "23:59"});
+  MusicClockDesk desk({.StartTime = "00:00", .StopTime = "23:59"});
   desk.RunTo(12, 1, 2);
   desk.Click("cmdStop");
   desk.RunTo(23, 59, 30);
@@ -327,7 +327,7 @@ TEST(MusicSchedule, APriorityCallAtMidnightKeepsTheBarOfTheStopButton) {
 }
 
 TEST(MusicSchedule, PausedMusicCountsAsNotPlayingForTheStart) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.Click("cmdPlay");
   PauseByPreview(desk);
   desk.RunTo(12, 5, 2);
@@ -337,7 +337,7 @@ TEST(MusicSchedule, PausedMusicCountsAsNotPlayingForTheStart) {
 }
 
 TEST(MusicSchedule, PausedMusicIsNotStopped) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 6);
   PauseByPreview(desk);
   desk.Do([&] { desk.Values().MusicStopTime = "12:06"; });
@@ -347,7 +347,7 @@ TEST(MusicSchedule, PausedMusicIsNotStopped) {
 }
 
 TEST(MusicSchedule, ALostDirectoryIsReportedOnceAMinute) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.Pc.Disk.Vanish("/music");
   desk.RunTo(12, 8, 30);
   EXPECT_EQ(desk.Pc.Dialogs.Boxes.size(), 4u);
@@ -356,7 +356,7 @@ TEST(MusicSchedule, ALostDirectoryIsReportedOnceAMinute) {
 }
 
 TEST(MusicSchedule, TheBoxOfALostDirectoryDoesNotPileUpAndTheClockGoesOnUnderIt) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.Pc.Dialogs.AnswerAfterMs = SimulatedDialogs::kNever;
   desk.Pc.Disk.Vanish("/music");
   desk.RunTo(12, 7, 30);
@@ -371,7 +371,7 @@ TEST(MusicSchedule, TheBoxOfALostDirectoryDoesNotPileUpAndTheClockGoesOnUnderIt)
 }
 
 TEST(MusicSchedule, AnOpenedListInsideItsWindowIsNotStopped) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 1, 30);
   desk.Pc.Disk.AddFile("/app/Now.lst",
                        "[Playlist]\r\nSong:1=c\r\n[Background music]\r\nStart time=12:00\r\n"
@@ -384,7 +384,7 @@ TEST(MusicSchedule, AnOpenedListInsideItsWindowIsNotStopped) {
 }
 
 TEST(MusicSchedule, AMinuteWhileAMessagePlaysIsMadeUpAtTheNextOne) {
-  ClockDesk desk({.Messages = {{"welcome", 70'000}}, .Sequences = {{.Minutes = "04"}}});
+  MusicClockDesk desk({.Messages = {{"welcome", 70'000}}, .Sequences = {{.Minutes = "04"}}});
   desk.RunTo(12, 5, 10);
   EXPECT_EQ(desk.PlayState(), kStopped);
   desk.RunTo(12, 6, 2);
@@ -392,7 +392,7 @@ TEST(MusicSchedule, AMinuteWhileAMessagePlaysIsMadeUpAtTheNextOne) {
 }
 
 TEST(MusicSchedule, ARowOfTheStopMinutePlaysAfterTheFadeIntoSilence) {
-  ClockDesk desk({.Sequences = {{.Minutes = "10"}}});
+  MusicClockDesk desk({.Sequences = {{.Minutes = "10"}}});
   desk.RunTo(12, 9, 59);
   desk.Pc.Journal.Clear();
   desk.RunTo(12, 10, 20);
@@ -402,7 +402,7 @@ TEST(MusicSchedule, ARowOfTheStopMinutePlaysAfterTheFadeIntoSilence) {
 }
 
 TEST(MusicSchedule, ARowOfTheStartMinuteInterruptsTheMusicThatHasJustStarted) {
-  ClockDesk desk({.Sequences = {{.Minutes = "05"}}});
+  MusicClockDesk desk({.Sequences = {{.Minutes = "05"}}});
   desk.RunTo(12, 4, 59);
   desk.Pc.Journal.Clear();
   desk.RunTo(12, 5, 20);
@@ -412,7 +412,7 @@ TEST(MusicSchedule, ARowOfTheStartMinuteInterruptsTheMusicThatHasJustStarted) {
 }
 
 TEST(MusicSchedule, TicksDuringItsFadeChangeNothing) {
-  ClockDesk desk({.FadeTime = "Slow"});
+  MusicClockDesk desk({.FadeTime = "Slow"});
   desk.RunTo(12, 9, 59);
   desk.Pc.Journal.Clear();
   desk.RunTo(12, 10, 10);
@@ -420,7 +420,7 @@ TEST(MusicSchedule, TicksDuringItsFadeChangeNothing) {
 }
 
 TEST(MusicSchedule, ATakeoverInTheMiddleOfItsFadeStopsTheMusicAtOnce) {
-  ClockDesk desk({.FadeTime = "Slow"});
+  MusicClockDesk desk({.FadeTime = "Slow"});
   desk.Pc.Journal.Only({"song", "send"});
   desk.RunTo(12, 10, 1);
   ASSERT_TRUE(desk.State().FadeRunning);
@@ -436,7 +436,7 @@ TEST(MusicSchedule, ATakeoverInTheMiddleOfItsFadeStopsTheMusicAtOnce) {
 }
 
 TEST(MusicSchedule, TheStopButtonDuringItsFadeStopsTheMusicAndTheFadeGoesOn) {
-  ClockDesk desk({.FadeTime = "Slow"});
+  MusicClockDesk desk({.FadeTime = "Slow"});
   desk.RunTo(12, 10, 1);
   desk.Click("cmdStop");
   EXPECT_TRUE(desk.State().FadeRunning);
@@ -447,7 +447,7 @@ TEST(MusicSchedule, TheStopButtonDuringItsFadeStopsTheMusicAndTheFadeGoesOn) {
 }
 
 TEST(MusicSchedule, TheExitInTheMiddleOfItsFadeEndsTheProgramAtOnce) {
-  ClockDesk desk({.FadeTime = "Slow"});
+  MusicClockDesk desk({.FadeTime = "Slow"});
   desk.RunTo(12, 10, 1);
   ASSERT_TRUE(desk.State().FadeRunning);
   desk.Pc.Journal.Only({"send", "process", "song"});
@@ -458,7 +458,7 @@ TEST(MusicSchedule, TheExitInTheMiddleOfItsFadeEndsTheProgramAtOnce) {
 }
 
 TEST(MusicSchedule, AListOpenedInTheMiddleOfItsFadeDoesNotSaveTheSong) {
-  ClockDesk desk({.FadeTime = "Slow"});
+  MusicClockDesk desk({.FadeTime = "Slow"});
   desk.Pc.Disk.AddFile("/app/Now.lst", "[Playlist]\r\nSong:1=c\r\n");
   desk.RunTo(12, 10, 1);
   desk.Open("/app/Now.lst");
@@ -468,7 +468,7 @@ TEST(MusicSchedule, AListOpenedInTheMiddleOfItsFadeDoesNotSaveTheSong) {
 }
 
 TEST(MusicSchedule, AStartByHandOnTheNextDayBeforeTheWindowBarsTheStopToo) {
-  ClockDesk desk;
+  MusicClockDesk desk;
   desk.RunTo(12, 10, 3);
   desk.RunTo(12, 4);  // Tuesday
   ASSERT_EQ(desk.MusicFlags(), "BySchedule");

@@ -8,8 +8,8 @@ namespace {
 
 /// The editor with the songs of the directory chosen and one of them selected. The song a of the
 /// main window has been played and stopped.
-struct PreviewDesk : PlaylistDesk {
-  explicit PreviewDesk(const std::string& song = "b", DeskOptions options = {})
+struct SongPreviewDesk : PlaylistDesk {
+  explicit SongPreviewDesk(const std::string& song = "b", DeskOptions options = {})
       : PlaylistDesk(std::move(options)) {
     PlayAndStop(*this);
     Click("cmdSelectAll");
@@ -19,7 +19,7 @@ struct PreviewDesk : PlaylistDesk {
 };
 
 TEST(PlaylistPreview, PlaysTheSelectedSongUntilTheSecondPress) {
-  PreviewDesk desk;
+  SongPreviewDesk desk;
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
   EXPECT_EQ(desk.Text("PrevKey"), "Stop");
@@ -43,7 +43,7 @@ TEST(PlaylistPreview, OpensTheMastersAndTheWaveLinesMute) {
 }
 
 TEST(PlaylistPreview, AfterBackgroundMusicTheFirstPressStopsItAndTheSecondStarts) {
-  PreviewDesk desk("c");
+  SongPreviewDesk desk("c");
   desk.Click("cmdPlay");
   desk.TakeJournal();
   desk.Click("PrevKey");
@@ -56,7 +56,7 @@ TEST(PlaylistPreview, AfterBackgroundMusicTheFirstPressStopsItAndTheSecondStarts
 }
 
 TEST(PlaylistPreview, AtItsEndTheMainWindowsListGoesOnAndTheButtonStillSaysStop) {
-  PreviewDesk desk("c");
+  SongPreviewDesk desk("c");
   desk.Click("PrevKey");
   desk.Advance(10'000);
   EXPECT_EQ(desk.Journal(), "0 song play c.mp3\n10000 song end\n10000 song play b.mp3\n");
@@ -67,7 +67,7 @@ TEST(PlaylistPreview, AtItsEndTheMainWindowsListGoesOnAndTheButtonStillSaysStop)
 }
 
 TEST(PlaylistPreview, LooksForTheMainWindowsSongAndNotForItsOwn) {
-  PreviewDesk desk;
+  SongPreviewDesk desk;
   desk.Pc.Disk.Remove("/music/a.mp3");
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Heard(), "silence");
@@ -87,7 +87,7 @@ TEST(PlaylistPreview, BeforeAnySongOfTheMainWindowItIsSilent) {
 }
 
 TEST(PlaylistPreview, WithNothingSelectedThePlayerRefusesTheEmptyName) {
-  PreviewDesk desk;
+  SongPreviewDesk desk;
   desk.Click("RemAll_Key");
   desk.Click("PrevKey");
   EXPECT_EQ(desk.TakeJournal(), "0 song refuse .mp3\n");
@@ -96,7 +96,7 @@ TEST(PlaylistPreview, WithNothingSelectedThePlayerRefusesTheEmptyName) {
 }
 
 TEST(PlaylistPreview, GoesOnWhenTheEditorClosesAndTheNextOneSaysPlay) {
-  PreviewDesk desk;
+  SongPreviewDesk desk;
   desk.Click("PrevKey");
   desk.Exit();
   EXPECT_EQ(desk.Heard(), "song b.mp3 at 20000");
@@ -117,7 +117,7 @@ TEST(PlaylistPreview, ADirectoryWithoutItsFinalSeparatorGetsOne) {
 }
 
 TEST(PlaylistPreview, NoneBeginsUnderACall) {
-  PreviewDesk desk;
+  SongPreviewDesk desk;
   desk.Press("cmdCall");
   desk.Advance(1000);
   desk.Click("PrevKey");
@@ -132,7 +132,7 @@ TEST(PlaylistPreview, NoneBeginsUnderACall) {
 }
 
 TEST(PlaylistPreview, NoneBeginsUnderAnAnnouncement) {
-  PreviewDesk desk("b", {.Sequences = {{}}});
+  SongPreviewDesk desk("b", {.Sequences = {{}}});
   desk.RunTo(12, 1, 1);
   ASSERT_TRUE(desk.State().MessagePlaying);
   desk.Click("PrevKey");
@@ -145,7 +145,7 @@ TEST(PlaylistPreview, NoneBeginsUnderAnAnnouncement) {
 }
 
 TEST(PlaylistPreview, AnAmplifierThatTakesOverEndsItAndLetsNoneBegin) {
-  PreviewDesk desk;
+  SongPreviewDesk desk;
   desk.Click("PrevKey");
   desk.Advance(500);
   desk.Status(128);
@@ -165,7 +165,7 @@ TEST(PlaylistPreview, AnAmplifierThatTakesOverEndsItAndLetsNoneBegin) {
 }
 
 TEST(PlaylistPreview, AnAmplifierThatTakesOverEndsOneOfTheMainWindowsSongToo) {
-  PreviewDesk desk("a");
+  SongPreviewDesk desk("a");
   desk.Click("PrevKey");
   ASSERT_EQ(desk.Heard(), "song a.mp3 at 20000");
   desk.Status(128);
@@ -192,7 +192,7 @@ TEST(PlaylistPreview, ATakeoverLeavesASongThatAnotherListWasOpenedOver) {
 }
 
 TEST(PlaylistPreview, AnAmplifierThatTakesOverLeavesTheMainWindowsMusicRunning) {
-  PreviewDesk desk;
+  SongPreviewDesk desk;
   desk.Click("cmdPlay");
   desk.Status(128);
   EXPECT_EQ(desk.Pc.Song.PlayState(), kPlaying);

@@ -176,7 +176,7 @@ TEST(PlaylistSave, AListWithNoDayTickedNeverStartsByTheClock) {
   EXPECT_EQ(desk.Heard(), "silence");
 }
 
-TEST(PlaylistSave, TimesBehindAHiddenFrameAreNotSaved) {
+TEST(PlaylistSave, TimesInAHiddenFrameAreNotSaved) {
   SaveDesk desk;
   desk.Schedule();
   desk.OpenText("[Playlist]\r\nSong:1=b\r\nSong:2=a\r\n");

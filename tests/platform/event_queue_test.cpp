@@ -45,7 +45,7 @@ TEST_F(EventQueueTest, GivesEqualsInTheOrderInWhichTheyWereQueued) {
   EXPECT_EQ(DeliverAt(10), "a b c ");
 }
 
-TEST_F(EventQueueTest, QueuesATimerAgainBehindItsEquals) {
+TEST_F(EventQueueTest, QueuesATimerAgainAfterItsEquals) {
   Queue.StartTimer(milliseconds(0), milliseconds(10), Word("a"));
   Queue.StartTimer(milliseconds(0), milliseconds(20), Word("b"));
   EXPECT_EQ(DeliverAt(10), "a ");

@@ -96,7 +96,7 @@ TEST(Conflicts, ARowBetweenThatSharesNoDayDoesNotEndTheSearch) {
   EXPECT_EQ(MarksOf({"1000000", "0200000", "1000000"}), "rwr");
 }
 
-TEST(Conflicts, ARemovedRowIsComparedWithNothingAndRowsBehindItStillAre) {
+TEST(Conflicts, ARemovedRowIsComparedWithNothingAndRowsAfterItStillAre) {
   ConflictDesk desk({"1000000", "1200000", "0200000", "1000000"});
   EXPECT_EQ(Marks(desk), "rrrr");
   desk.DoubleClickCell(2, kTimeColumn);

@@ -131,7 +131,7 @@ TEST(MessagePlayback, ASlowFadeTakesItsTimeOnBothSides) {
   EXPECT_EQ(desk.WaveSlider(), 20000);
 }
 
-TEST(MessagePlayback, AMusicThatIsPausedAlreadyIsResumedBehindTheMessages) {
+TEST(MessagePlayback, MusicThatIsAlreadyPausedIsResumedAfterTheMessages) {
   SpotDesk desk;
   PauseByPreview(desk);
   desk.Pc.Journal.Clear();

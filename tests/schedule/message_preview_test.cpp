@@ -8,8 +8,8 @@ namespace marlex {
 namespace {
 
 /// An editor with the sequence welcome (3 s), closing (2 s), with music or without.
-struct PreviewDesk : EditorDesk {
-  explicit PreviewDesk(bool music = false, DeskOptions options = {})
+struct MessagePreviewDesk : EditorDesk {
+  explicit MessagePreviewDesk(bool music = false, DeskOptions options = {})
       : EditorDesk(WithMusic(std::move(options))) {
     if (music) Click("cmdPlay");
     Add({"welcome", "closing"});
@@ -24,7 +24,7 @@ struct PreviewDesk : EditorDesk {
 };
 
 TEST(MessagePreview, PlaysTheSequenceOnceAtTheMessagesLevelAndSendsNothing) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Text("PrevKey"), "Stop");
   EXPECT_FALSE(desk.Enabled("RemAll_Key"));
@@ -43,7 +43,7 @@ TEST(MessagePreview, PlaysTheSequenceOnceAtTheMessagesLevelAndSendsNothing) {
 
 /// The lines have been muted since the program's start.
 TEST(MessagePreview, OpensTheMasterAndTheLineOnceTheMessagePlays) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Pc.Journal.Only({"wav", "mixer"});
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Journal(),
@@ -53,7 +53,7 @@ TEST(MessagePreview, OpensTheMasterAndTheLineOnceTheMessagePlays) {
 
 /// The speech had muted the line, and the takeover during it the master.
 TEST(MessagePreview, OpensTheLineThatACallTakenOverHasLeftMuted) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Press("cmdCall");
   desk.Status(128);
   desk.Release("cmdCall");
@@ -65,7 +65,7 @@ TEST(MessagePreview, OpensTheLineThatACallTakenOverHasLeftMuted) {
 
 /// Without a microphone, the number of its line is that of the master.
 TEST(MessagePreview, WithoutAMicrophoneItMutesNothing) {
-  PreviewDesk desk(false, {.Microphone = false});
+  MessagePreviewDesk desk(false, {.Microphone = false});
   desk.Click("PrevKey");
   EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
   desk.Advance(4000);
@@ -88,7 +88,7 @@ TEST(MessagePreview, AMessageThatWasAddedTwicePlaysTwice) {
 }
 
 TEST(MessagePreview, StoppedItLeavesTheRestUnplayedAndStartsOverNextTime) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Click("PrevKey");
@@ -105,7 +105,7 @@ TEST(MessagePreview, StoppedItLeavesTheRestUnplayedAndStartsOverNextTime) {
 /// Deliberate: the message plays on, since the word of the chosen language is not a command of the
 /// player.
 TEST(MessagePreview, StoppedInAnotherLanguageTheMessageSoundsOnToItsEnd) {
-  PreviewDesk desk(false, {.Language = "Italian"});
+  MessagePreviewDesk desk(false, {.Language = "Italian"});
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Click("PrevKey");
@@ -116,7 +116,7 @@ TEST(MessagePreview, StoppedInAnotherLanguageTheMessageSoundsOnToItsEnd) {
 }
 
 TEST(MessagePreview, MusicThatItPausesStaysPausedUntilTheOperatorGoesOn) {
-  PreviewDesk desk(true);
+  MessagePreviewDesk desk(true);
   desk.Click("PrevKey");
   desk.Advance(10'000);
   EXPECT_EQ(desk.Pc.Song.PlayState(), kPaused);
@@ -126,7 +126,7 @@ TEST(MessagePreview, MusicThatItPausesStaysPausedUntilTheOperatorGoesOn) {
 }
 
 TEST(MessagePreview, MusicThatIsStartedMeanwhilePlaysOn) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Click("cmdPlay");
@@ -135,7 +135,7 @@ TEST(MessagePreview, MusicThatIsStartedMeanwhilePlaysOn) {
 }
 
 TEST(MessagePreview, AMessageThatIsNotThereIsPassedOver) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Pc.Disk.Remove("/messages/welcome.wav");
   desk.Click("PrevKey");
   desk.Advance(1000);
@@ -143,7 +143,7 @@ TEST(MessagePreview, AMessageThatIsNotThereIsPassedOver) {
 }
 
 TEST(MessagePreview, ClosingTheEditorSilencesIt) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Click("mnuExit");
@@ -157,7 +157,7 @@ TEST(MessagePreview, ClosingTheEditorSilencesIt) {
 }
 
 TEST(MessagePreview, AnEditorThatIsOpenedAgainAtOnceIsNotItsBusiness) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Do([&] {
@@ -171,7 +171,7 @@ TEST(MessagePreview, AnEditorThatIsOpenedAgainAtOnceIsNotItsBusiness) {
 }
 
 TEST(MessagePreview, ACallEndsItAndHasTheLineAlone) {
-  PreviewDesk desk(false, {.PreChime = "gong"});
+  MessagePreviewDesk desk(false, {.PreChime = "gong"});
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Press("cmdCall");
@@ -189,7 +189,7 @@ TEST(MessagePreview, ACallEndsItAndHasTheLineAlone) {
 TEST(MessagePreview, ACallThatIsOverAtOnceEndsItTooAndItsChimeIsHeardWhole) {
   for (const bool stopTooLate : {false, true}) {
     SCOPED_TRACE(stopTooLate);
-    PreviewDesk desk(true, {.PreChime = "gong"});
+    MessagePreviewDesk desk(true, {.PreChime = "gong"});
     desk.Click("PrevKey");
     desk.Advance(1000);
     desk.Pc.Journal.Clear();
@@ -208,7 +208,7 @@ TEST(MessagePreview, ACallThatIsOverAtOnceEndsItTooAndItsChimeIsHeardWhole) {
 }
 
 TEST(MessagePreview, ClosingTheEditorUnderACallLeavesItsChimeAlone) {
-  PreviewDesk desk(false, {.PreChime = "gong"});
+  MessagePreviewDesk desk(false, {.PreChime = "gong"});
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Press("cmdCall");
@@ -222,7 +222,7 @@ TEST(MessagePreview, ClosingTheEditorUnderACallLeavesItsChimeAlone) {
 }
 
 TEST(MessagePreview, AnAmplifierThatTakesOverEndsItAndLetsNoneBegin) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Click("cmdPlay");
@@ -260,7 +260,7 @@ TEST(MessagePreview, AnAnnouncementThatRunsIsNotDisturbed) {
 }
 
 TEST(MessagePreview, TheProgramCanBeLeftInItsMidst) {
-  PreviewDesk desk;
+  MessagePreviewDesk desk;
   desk.Click("PrevKey");
   desk.Advance(1000);
   desk.Do([&] { desk.Main().mnuExit.OnClick(); });
@@ -269,7 +269,7 @@ TEST(MessagePreview, TheProgramCanBeLeftInItsMidst) {
 }
 
 TEST(MessagePreview, MusicThatItPausedComesBackWithTheNextAnnouncement) {
-  PreviewDesk desk(true, {.Sequences = {{}}});
+  MessagePreviewDesk desk(true, {.Sequences = {{}}});
   desk.Click("PrevKey");
   desk.Advance(10'000);
   ASSERT_EQ(desk.Pc.Song.PlayState(), kPaused);
@@ -305,8 +305,8 @@ TEST(MessagePreview, NoneBeginsInTheFadesOfAnAnnouncement) {
 }
 
 /// A row waits for the end of the song while the editor is open with its sequence.
-struct BreakDesk : EditorDesk {
-  explicit BreakDesk(const std::string& announced)
+struct PreviewAtBreakDesk : EditorDesk {
+  explicit PreviewAtBreakDesk(const std::string& announced)
       : EditorDesk(
             {.Music = {{"march"}}, .Sequences = {{.Messages = announced, .Timer = "Between"}}}) {
     Click("mnuExit");
@@ -322,7 +322,7 @@ struct BreakDesk : EditorDesk {
 
 TEST(MessagePreview, AnAnnouncementAtAMusicBreakEndsIt) {
   for (const char* announced : {"alarm", "gong"}) {
-    BreakDesk desk(announced);
+    PreviewAtBreakDesk desk(announced);
     desk.Click("PrevKey");
     desk.Advance(500);
     desk.Click("cmdSkip");
@@ -337,7 +337,7 @@ TEST(MessagePreview, AnAnnouncementAtAMusicBreakEndsIt) {
 /// The end of a call has switched the tick on while the editor is open.
 TEST(MessagePreview, AnAnnouncementOfTheTickEndsItAlsoWithTheSameMessage) {
   for (const char* announced : {"gong", "welcome"}) {
-    PreviewDesk desk(false, {.Sequences = {{.Messages = announced}}});
+    MessagePreviewDesk desk(false, {.Sequences = {{.Messages = announced}}});
     desk.Press("cmdCall");
     desk.Advance(1000);
     desk.Release("cmdCall");
@@ -355,7 +355,7 @@ TEST(MessagePreview, AnAnnouncementOfTheTickEndsItAlsoWithTheSameMessage) {
 
 /// In another language the word that the amplifier's call uses does not close the player.
 TEST(MessagePreview, OneThatATakeoverHasEndedIsNotHeardAfterIt) {
-  PreviewDesk desk(false, {.Language = "Italian"});
+  MessagePreviewDesk desk(false, {.Language = "Italian"});
   desk.Click("PrevKey");
   desk.Advance(500);
   desk.Click("cmdPlay");

@@ -328,7 +328,7 @@ TEST(MessageTakeover, AnErrorBoxThatNobodyAnswersHoldsNoPhaseUp) {
   EXPECT_EQ(desk.Pc.Dialogs.OpenBoxCount(), 4);
 }
 
-TEST(MessageTakeover, TheProgramCanBeLeftInThePhaseBeforeBehindAndWithinEachWait) {
+TEST(MessageTakeover, TheProgramCanBeLeftBeforeDuringAndAfterEachWait) {
   const std::string farewell = "0 send 0\n0 serial close\n0 process ends\n";
   for (const int atMs : {500, kInTheFade, kInTheFirstMessage, 5000, kInTheRise, 9000}) {
     SpotDesk desk;

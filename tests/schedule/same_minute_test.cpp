@@ -50,7 +50,7 @@ TEST(SameMinute, ARowAtTheBreakPlaysAtOnceWhenTheClockStopsTheMusic) {
   EXPECT_EQ(desk.Alive(), "tick cmdPlay");
 }
 
-TEST(SameMinute, ARowAtMidnightPlaysBehindTheClocksStopOfTheMusic) {
+TEST(SameMinute, ARowAtMidnightPlaysAfterTheClocksStopOfTheMusic) {
   SpotDesk desk({.Sequences = {{.Hours = "0", .Minutes = "00", .Zones = "003000"}},
                  .StartTime = "23:00",
                  .StopTime = "23:59",

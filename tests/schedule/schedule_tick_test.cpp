@@ -349,7 +349,7 @@ TEST(ScheduleTick, ARowThatTheOperatorTookOutReturnsWithTheNewDay) {
   EXPECT_EQ(desk.Paint(2), "rwwww");
 }
 
-TEST(ScheduleTick, MidnightForgivesTheOperatorsStopOfTheMusicBehindItsOwnClock) {
+TEST(ScheduleTick, MidnightClearsTheOperatorsStopAfterTheMusicsClockRan) {
   SpotDesk desk({.StartTime = "00:00",
                  .StopTime = "23:59",
                  .WeekDays = "1234567",

@@ -82,7 +82,7 @@ TEST(TimeExpressions, EqualBoundsAskForMoreHoursThanThereAre) {
   EXPECT_EQ(Hours("0-11,12-23").size(), 24U * 3 - 1);
 }
 
-TEST(TimeExpressions, TheUpperBoundIsTheTwoCharactersBehindTheFirstDash) {
+TEST(TimeExpressions, TheUpperBoundIsTheTwoCharactersAfterTheFirstDash) {
   EXPECT_EQ(Hours("1-234").size(), 23U * 3 - 1);
   EXPECT_EQ(Hours("20-214,5"), "20 21 05");
   EXPECT_EQ(Hours("8-9-12"), "08 09");

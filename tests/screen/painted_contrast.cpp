@@ -12,8 +12,6 @@
 namespace marlex {
 namespace {
 
-constexpr double kReadableIfDisabled = 3;  // WCAG asks for nothing, but the text is still read
-
 constexpr std::size_t kStrays = 2;
 
 /// The view of a viewport; any other part itself.
@@ -206,8 +204,7 @@ void PaintedContrasts::AddText(const QWidget& part, const QRectF& place, const Q
   std::string kind = "text: " + KindOf(part);
   if (isCell) kind += " on " + ground.name().toStdString();
   if (isDisabled && part.isEnabled()) kind += " off";
-  Add(kind, InkContrast(pixels, ground, StraysOf(text)),
-      isDisabled ? kReadableIfDisabled : kReadable, part, text);
+  Add(kind, InkContrast(pixels, ground, StraysOf(text)), kReadable, part, text);
 }
 
 void PaintedContrasts::AddMark(const QWidget& part, const QRect& area, const char* which) {

@@ -326,8 +326,9 @@ TEST(Previews, AnEditorOpenedAfterwardsKeepsItsButtons) {
 }
 
 /// The clock has started the list at 12:01, and the preview button has stopped it.
-struct ClockDesk : PreviewsDesk {
-  explicit ClockDesk(DeskOptions options = {}) : PreviewsDesk(ByTheClock(std::move(options))) {
+struct PreviewClockDesk : PreviewsDesk {
+  explicit PreviewClockDesk(DeskOptions options = {})
+      : PreviewsDesk(ByTheClock(std::move(options))) {
     RunTo(12, 1, 1);
     EXPECT_TRUE(State().MusicStartedBySchedule);
     Click(Songs().PrevKey);
@@ -340,7 +341,7 @@ struct ClockDesk : PreviewsDesk {
 };
 
 TEST(Previews, TheClockGoesOnWithItsMusicInTheMinuteAfterACall) {
-  ClockDesk desk;
+  PreviewClockDesk desk;
   desk.Preview(false);
   desk.Press("cmdCall");
   desk.Advance(1000);
@@ -353,10 +354,10 @@ TEST(Previews, TheClockGoesOnWithItsMusicInTheMinuteAfterACall) {
 
 /// The clock's stop is fading the preview when a call ends it.
 TEST(Previews, AFadeOfTheClockEndsWithTheSongThatItFades) {
-  ClockDesk desk({.Messages = {{"gong", 5000}, {"welcome"}, {"closing"}},
-                  .FadeTime = "Slow",
-                  .StopTime = "12:02",
-                  .PreChime = "gong"});
+  PreviewClockDesk desk({.Messages = {{"gong", 5000}, {"welcome"}, {"closing"}},
+                         .FadeTime = "Slow",
+                         .StopTime = "12:02",
+                         .PreChime = "gong"});
   desk.RunTo(12, 1, 58);
   desk.Preview(false);
   desk.Advance(2000);

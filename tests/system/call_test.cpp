@@ -32,9 +32,9 @@ stage::InstallationFiles WithChimes() {
 }
 
 /// A desk with a microphone into which somebody speaks all the time.
-class CallDesk : public RealDesk {
+class RealCallDesk : public RealDesk {
  public:
-  explicit CallDesk(const stage::InstallationFiles& files) : RealDesk(files, WithMicrophone()) {
+  explicit RealCallDesk(const stage::InstallationFiles& files) : RealDesk(files, WithMicrophone()) {
     Start();
     Speak();
   }
@@ -71,7 +71,7 @@ void ExpectFades(const Recording& heard, const std::vector<Span>& song, double f
 
 TEST(Call, OverMusicIsFadeChimeVoiceChimeAndFadeWithoutAGap) {
   const stage::InstallationFiles files = WithChimes();
-  CallDesk desk(files);
+  RealCallDesk desk(files);
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
@@ -113,7 +113,7 @@ TEST(Call, OverMusicIsFadeChimeVoiceChimeAndFadeWithoutAGap) {
 TEST(Call, AQuickClickTurnsTheFadeRoundAndIsNeverHeard) {
   stage::InstallationFiles files = WithChimes();
   files.FadeTime = "Slow";  // so that the release falls into the fade
-  CallDesk desk(files);
+  RealCallDesk desk(files);
   ASSERT_TRUE(desk.AwaitTone(kFirstSong));
   ASSERT_TRUE(desk.AwaitBytes(1));
   ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
@@ -130,7 +130,7 @@ TEST(Call, AQuickClickTurnsTheFadeRoundAndIsNeverHeard) {
 TEST(Call, ATakeoverWhileSomebodySpeaksClosesTheMicrophoneAtOnce) {
   stage::InstallationFiles files = WithChimes();
   files.Autostart = false;
-  CallDesk desk(files);
+  RealCallDesk desk(files);
   ASSERT_TRUE(desk.Press("frmMain.cmdCall"));
   ASSERT_TRUE(desk.AwaitTone(kVoice));
   desk.RecordFor(1);
@@ -154,7 +154,7 @@ TEST(Call, FollowsTheTypeOfTheAmplifierThereAndBack) {
   stage::InstallationFiles files = WithChimes();
   files.Autostart = false;
   files.PostChime = "";
-  CallDesk desk(files);
+  RealCallDesk desk(files);
   ASSERT_TRUE(desk.ChooseAmplifier(1));
   ASSERT_TRUE(desk.Await("frmMain.frCall", "visible", "yes"));
   EXPECT_TRUE(desk.Await("frmMain.frRouting", "visible", "no"));

@@ -35,9 +35,9 @@ std::vector<std::string> KeysFor(const std::string& text) {
   return keys;
 }
 
-class EditorDesk : public RealDesk {
+class RealEditorDesk : public RealDesk {
  public:
-  explicit EditorDesk(stage::InstallationFiles files) : RealDesk(Quiet(std::move(files))) {}
+  explicit RealEditorDesk(stage::InstallationFiles files) : RealDesk(Quiet(std::move(files))) {}
 
   void Type(const std::string& text) {
     for (const std::string& key : KeysFor(text)) Display->Key(key);
@@ -78,7 +78,7 @@ class EditorDesk : public RealDesk {
 };
 
 TEST(ScheduleEditor, ASequenceIsComposedSavedOpenedAndHeardAtItsMinute) {
-  EditorDesk desk(TwoSongs(60));
+  RealEditorDesk desk(TwoSongs(60));
   desk.Start("2031-05-05 08:50:00");
   ASSERT_TRUE(desk.OpenScheduleEditor());
   ASSERT_TRUE(desk.Await("WavWindow.AvailWavs", "rows", "2"));
@@ -110,7 +110,7 @@ TEST(ScheduleEditor, ASequenceIsComposedSavedOpenedAndHeardAtItsMinute) {
 TEST(ScheduleEditor, AConflictIsMadeFoundAndCured) {
   stage::InstallationFiles files = TwoSongs(60);
   files.Sequences = {{"One", "Short", "09", "00", "003000"}, {"Two", "Long", "09", "30", "003000"}};
-  EditorDesk desk(files);
+  RealEditorDesk desk(files);
   desk.Start("2031-05-05 08:50:00");
   const auto setMinutes = [&](const std::string& file, const std::string& minutes) {
     return desk.OpenScheduleEditor() && desk.Choose("WavWindow.mnuFile", "WavWindow.mnuOpen") &&
@@ -135,7 +135,7 @@ TEST(ScheduleEditor, AConflictIsMadeFoundAndCured) {
 }
 
 TEST(PlaylistEditor, APlaylistIsComposedShuffledSavedOpenedAndHeard) {
-  EditorDesk desk(TwoSongs(60));
+  RealEditorDesk desk(TwoSongs(60));
   desk.Start();
   ASSERT_TRUE(desk.Choose("frmMain.mnuEdit", "mnuPlaylist"));
   ASSERT_TRUE(desk.Await("frmPlaylist.AvailMP3s", "rows", "2"));

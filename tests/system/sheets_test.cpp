@@ -67,7 +67,7 @@ std::string PartsOnTheSheet(const std::string& scene) {
   return parts.str();
 }
 
-class ShopDesk : public RealDesk {
+class RealShopDesk : public RealDesk {
  public:
   using RealDesk::RealDesk;
 
@@ -98,13 +98,13 @@ class ShopDesk : public RealDesk {
 };
 
 TEST(Sheets, ShowTheProgramAtRest) {
-  ShopDesk desk(Shop(false), WithMicrophone());
+  RealShopDesk desk(Shop(false), WithMicrophone());
   desk.Open();
   desk.ExpectLikeTheSheet("main_idle");
 }
 
 TEST(Sheets, ShowTheProgramWithMusicAndUnderATakeover) {
-  ShopDesk desk(Shop(), WithMicrophone());
+  RealShopDesk desk(Shop(), WithMicrophone());
   desk.Open();
   desk.PassTheAnnouncement();
   desk.ExpectLikeTheSheet("main_music");
@@ -113,7 +113,7 @@ TEST(Sheets, ShowTheProgramWithMusicAndUnderATakeover) {
 }
 
 TEST(Sheets, ShowTheProgramWithoutAMicrophone) {
-  ShopDesk desk(Shop());
+  RealShopDesk desk(Shop());
   desk.Open();
   desk.PassTheAnnouncement();
   desk.ExpectLikeTheSheet("main_no_microphone");

@@ -92,7 +92,7 @@ TEST(ProfileText, LeavesAllElseByteForByte) {
   EXPECT_EQ(WithProfileValue(head + "  K = 1 " + tail, "s", "k", "2"), head + "  K =2" + tail);
 }
 
-TEST(ProfileText, FindsTheFirstSectionBehindAByteOrderMark) {
+TEST(ProfileText, FindsTheFirstSectionAfterAByteOrderMark) {
   EXPECT_EQ(Get("\xEF\xBB\xBF[S]\nk=1\n", "S", "k"), "1");
   EXPECT_EQ(WithProfileValue("\xEF\xBB\xBF", "S", "k", "1"), "\xEF\xBB\xBF[S]\r\nk=1\r\n");
 }

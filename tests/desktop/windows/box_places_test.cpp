@@ -9,8 +9,8 @@ namespace marlex {
 namespace {
 
 /// The main window with a call button whose presses are counted.
-struct CallDesk : PaintedWindows {
-  CallDesk() {
+struct BoxPlacesDesk : PaintedWindows {
+  BoxPlacesDesk() {
     Forms.frmMain.Load();
     Forms.frmMain.frRouting.Visible = true;
     Forms.frmMain.cmdCall.OnMouseDown = [this](MouseButton) { ++Presses; };
@@ -52,7 +52,7 @@ struct CallDesk : PaintedWindows {
 };
 
 TEST(BoxPlaces, ANoticeOverTheMainWindowBarsNothing) {
-  CallDesk desk;
+  BoxPlacesDesk desk;
   desk.Report("No paper");
   QMessageBox* const box = desk.Box();
   ASSERT_TRUE(box);
@@ -67,7 +67,7 @@ TEST(BoxPlaces, ANoticeOverTheMainWindowBarsNothing) {
 }
 
 TEST(BoxPlaces, ANoticeOnANoticeBarsNothingEitherAndOutlivesIt) {
-  CallDesk desk;
+  BoxPlacesDesk desk;
   desk.Report("one");
   QMessageBox* const first = desk.Box();
   first->activateWindow();
@@ -84,7 +84,7 @@ TEST(BoxPlaces, ANoticeOnANoticeBarsNothingEitherAndOutlivesIt) {
 }
 
 TEST(BoxPlaces, ANoticeInACallOpensAfterItAndDoesNotEndIt) {
-  CallDesk desk;
+  BoxPlacesDesk desk;
   desk.Press();
   ASSERT_EQ(desk.Presses, 1);
   desk.Report("No paper");
@@ -102,7 +102,7 @@ TEST(BoxPlaces, ANoticeInACallOpensAfterItAndDoesNotEndIt) {
 }
 
 TEST(BoxPlaces, AFileDialogOfTheMainWindowLeavesTheCallButtonFree) {
-  CallDesk desk;
+  BoxPlacesDesk desk;
   desk.Boxes.LeaveOpen({"Schedules (*.sch)|*.sch", "sch", "/", true}, [](const std::string&) {});
   auto* const box = desk.Box<QFileDialog>();
   ASSERT_TRUE(box);
@@ -115,7 +115,7 @@ TEST(BoxPlaces, AFileDialogOfTheMainWindowLeavesTheCallButtonFree) {
 }
 
 TEST(BoxPlaces, TheQuestionOfAnEditorsSaveDialogBarsTheEditorAlone) {
-  CallDesk desk;
+  BoxPlacesDesk desk;
   desk.Forms.frmPlaylist.Show();
   desk.Settle();
   desk.Screen.Playlist().activateWindow();
@@ -149,7 +149,7 @@ TEST(BoxPlaces, TheQuestionOfAnEditorsSaveDialogBarsTheEditorAlone) {
 }
 
 TEST(BoxPlaces, AFileThatIsNotFoundBarsNothingOfTheMainWindow) {
-  CallDesk desk;
+  BoxPlacesDesk desk;
   bool closed = false;
   desk.Forms.frmMain.OnUnload = [&] { return closed = true; };
   QTemporaryDir place;
@@ -178,7 +178,7 @@ TEST(BoxPlaces, AFileThatIsNotFoundBarsNothingOfTheMainWindow) {
 }
 
 TEST(BoxPlaces, ABoxOfAnEditorBarsTheEditorAlone) {
-  CallDesk desk;
+  BoxPlacesDesk desk;
   desk.Forms.frmPlaylist.Show();
   desk.Settle();
   desk.Screen.Playlist().activateWindow();

@@ -8,8 +8,8 @@ namespace marlex {
 namespace {
 
 /// A desk whose table has three rows in conflict, and a fourth that is in none.
-struct ConflictDesk : WholeDesk {
-  ConflictDesk() {
+struct EnterKeyDesk : WholeDesk {
+  EnterKeyDesk() {
     for (const char* name : {"a", "b", "c"}) WriteSequence(name, "8");
     WriteSequence("late", "20");
     Profiles.WriteStrings({{"Current sequence list", "Sequence list", "a.sch|b.sch|c.sch|late.sch"},
@@ -52,7 +52,7 @@ struct ConflictDesk : WholeDesk {
 };
 
 TEST(EnterKey, TakesARedRowOfTheTableOutWhicheverOfItsCellsIsTheCurrentOne) {
-  ConflictDesk desk;
+  EnterKeyDesk desk;
   ASSERT_EQ(desk.Rows(), "1! 2! 3! 4 ");
   desk.GoTo(2, kMessagesColumn);
   ASSERT_EQ(desk.View.currentIndex().column(), kMessagesColumn);
@@ -65,7 +65,7 @@ TEST(EnterKey, TakesARedRowOfTheTableOutWhicheverOfItsCellsIsTheCurrentOne) {
 }
 
 TEST(EnterKey, LeavesARowOfTheTableThatIsInNoConflict) {
-  ConflictDesk desk;
+  EnterKeyDesk desk;
   desk.GoTo(4, kTimeColumn);
   ASSERT_EQ(desk.Cells.Row(), 4);
   desk.Enter();
@@ -73,7 +73,7 @@ TEST(EnterKey, LeavesARowOfTheTableThatIsInNoConflict) {
 }
 
 TEST(EnterKey, TakesOneRowOutHoweverLongItIsHeld) {
-  ConflictDesk desk;
+  EnterKeyDesk desk;
   desk.GoTo(1, kTimeColumn);
   desk.Enter();
   for (int repeat = 0; repeat < 5; ++repeat) desk.Enter(true);

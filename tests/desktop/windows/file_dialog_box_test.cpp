@@ -34,6 +34,12 @@ TEST(FileDialogBox, ShowsNamesAlone) {
   EXPECT_EQ(box.sidebarUrls(), places);
 }
 
+TEST(FileDialogBox, BeginsWithNothingToGoBackTo) {
+  TypingFolder folder;
+  const QFileDialog& box = folder.Type("none", folder.Open());
+  EXPECT_FALSE(box.findChild<QWidget*>("backButton")->isEnabled());
+}
+
 TEST(FileDialogBox, NamesItsPartsInTheOperatorsLanguage) {
   for (const bool saves : {false, true}) {
     TypingFolder folder;

@@ -55,6 +55,45 @@ TEST(QtDialogs, ABoxWearsTheProgramsSignAlsoAfterAChangeOfTheLook) {
   }
 }
 
+/// Distance of the leftmost pixel of a label's text from its left edge.
+int RoomBefore(const QLabel& label) {
+  const QImage picture = const_cast<QLabel&>(label).grab().toImage();
+  const QColor ground = picture.pixelColor(0, 0);
+  for (int x = 0; x < picture.width(); ++x) {
+    for (int y = 0; y < picture.height(); ++y) {
+      if (picture.pixelColor(x, y) != ground) return x;
+    }
+  }
+  return picture.width();
+}
+
+TEST(QtDialogs, ALineInHebrewBeginsOnTheLeftLikeOneInEnglish) {
+  constexpr int kSideBearing = 3;
+  const std::string longest = "/home/operator/Music/Background/Day.sch";
+  for (const char* line : {"COM1", "שגיאה"}) {
+    MessageBox box(QMessageBox::Critical, "Caption", ShownBody(longest), nullptr);
+    box.show();
+    auto& label = *box.findChild<QLabel*>("qt_msgbox_label");
+    label.setText(ShownBody(line));
+    EXPECT_LE(RoomBefore(label), kSideBearing) << line;
+  }
+}
+
+TEST(QtDialogs, NoLineOfABoxIsLeftWithASingleWord) {
+  const QString words = "one two three four five six seven eight nine ten eleven twelve thirteen ";
+  MessageBox box(QMessageBox::Critical, "Caption", words + words + words, nullptr);
+  box.show();
+  const auto& label = *box.findChild<QLabel*>("qt_msgbox_label");
+  ASSERT_TRUE(label.wordWrap());
+  const QFontMetrics letters = label.fontMetrics();
+  const QRect text = letters.boundingRect(label.contentsRect(), Qt::TextWordWrap, box.text());
+  const int lines = text.height() / letters.lineSpacing();
+  ASSERT_GT(lines, 1);
+  const int width = letters.horizontalAdvance(box.text());
+  const int last = width - (lines - 1) * label.contentsRect().width();
+  EXPECT_GT(last, label.contentsRect().width() / 2);
+}
+
 TEST(QtDialogs, APathInABoxIsReadAndCopiedWithoutMarks) {
   const QString body = "Not found: /home/Autumn and winter/";
   MessageBox box(QMessageBox::Critical, "Caption", ShownBody(body.toStdString()), nullptr);

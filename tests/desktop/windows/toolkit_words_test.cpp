@@ -56,6 +56,16 @@ TEST(ToolkitWords, AreTranslatedWhereTheToolkitHasTheLanguage) {
   }
 }
 
+TEST(ToolkitWords, AShortcutIsNamedAsOnTheKeyboardOfTheLanguage) {
+  std::string locale = "en";
+  const ToolkitWords words([&locale] { return locale; });
+  const QKeySequence open(QKeySequence("Ctrl+O", QKeySequence::PortableText));
+  EXPECT_EQ(open.toString(QKeySequence::NativeText), "Ctrl+O");
+  locale = "de";
+  EXPECT_EQ(open.toString(QKeySequence::NativeText), "Strg+O");
+  EXPECT_EQ(QKeySequence("Ctrl+O"), open) << "a layout still finds its own spelling";
+}
+
 TEST(ToolkitWords, StayEnglishWithoutTranslations) {
   const QStringList english = EditingMenu();
   std::string locale = "de";
