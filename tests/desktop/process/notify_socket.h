@@ -7,19 +7,23 @@
 #include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace marlex {
 
-/// The socket on which a service manager hears of its processes. Its name is abstract, and unique.
+/// The socket on which a service manager hears of its processes. Its address is a path, or by
+/// default '@' and a unique name, which is abstract.
 class NotifySocket {
  public:
-  NotifySocket() : Name("marlex-test-manager-" + std::to_string(getpid()) + "-" + Serial()) {
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    Name.copy(address.sun_path + 1, Name.size());
-    const auto length = offsetof(sockaddr_un, sun_path) + 1 + Name.size();
-    if (bind(Socket, reinterpret_cast<sockaddr*>(&address), static_cast<socklen_t>(length)) != 0)
+  NotifySocket() : NotifySocket("@marlex-test-" + std::to_string(getpid()) + "-" + Serial()) {}
+  explicit NotifySocket(std::string address) : Name(std::move(address)) {
+    sockaddr_un bound = {};
+    bound.sun_family = AF_UNIX;
+    Name.copy(bound.sun_path, sizeof bound.sun_path - 1);
+    if (Name.front() == '@') bound.sun_path[0] = '\0';
+    const auto length = offsetof(sockaddr_un, sun_path) + Name.size();
+    if (bind(Socket, reinterpret_cast<sockaddr*>(&bound), static_cast<socklen_t>(length)) != 0)
       throw std::runtime_error("No socket " + Name);
   }
   ~NotifySocket() { close(Socket); }
@@ -27,7 +31,7 @@ class NotifySocket {
   NotifySocket& operator=(const NotifySocket&) = delete;
 
   /// The value of `NOTIFY_SOCKET`.
-  std::string Address() const { return "@" + Name; }
+  std::string Address() const { return Name; }
 
   /// What has been reported since the last call.
   std::vector<std::string> Reports() const {

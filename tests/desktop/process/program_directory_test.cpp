@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <fstream>
+
+#include "desktop/files/temporary_directory.h"
 
 namespace marlex {
 namespace {
@@ -67,6 +70,22 @@ TEST_F(ProgramDirectory, IsUnknownWithoutALinkToTheProgram) {
 
 TEST(StartedPath, IsThatOfThisProgram) {
   EXPECT_TRUE(fs::equivalent(StartedPath(), "/proc/self/exe"));
+}
+
+/// Started again, by a link, this test says by which path.
+TEST(StartedPath, IsThatOfTheLinkThatStartedIt) {
+  if (const char* said = getenv("MARLEX_SAID")) {
+    std::ofstream(said) << StartedPath().string();
+    return;
+  }
+  const test::TemporaryDirectory folder;
+  const std::string link = folder.Path("link");
+  fs::create_symlink(fs::read_symlink("/proc/self/exe"), link);
+  const std::string start = "env -u GTEST_TOTAL_SHARDS MARLEX_SAID=" + folder.Path("said") + " " +
+                            link +
+                            " --gtest_filter=StartedPath.IsThatOfTheLinkThatStartedIt > /dev/null";
+  EXPECT_EQ(std::system(start.c_str()), 0);
+  EXPECT_EQ(folder.Read("said"), link);
 }
 
 }  // namespace

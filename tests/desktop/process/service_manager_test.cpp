@@ -9,8 +9,10 @@
 #include <thread>
 #include <vector>
 
+#include "desktop/files/temporary_directory.h"
 #include "desktop/process/notify_socket.h"
 #include "desktop/process/qt_event_loop.h"
+#include "simulation/virtual_loop.h"
 
 namespace marlex {
 namespace {
@@ -18,12 +20,13 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int kLimitMs = 20'000;
+constexpr const char* kVariables[] = {"NOTIFY_SOCKET", "WATCHDOG_USEC", "WATCHDOG_PID"};
 
 class ServiceManagerTest : public testing::Test {
  protected:
   ServiceManagerTest() { setenv("NOTIFY_SOCKET", TheManager.Address().c_str(), 1); }
   ~ServiceManagerTest() override {
-    for (const char* name : {"NOTIFY_SOCKET", "WATCHDOG_USEC", "WATCHDOG_PID"}) unsetenv(name);
+    for (const char* name : kVariables) unsetenv(name);
   }
 
   /// Lets the loop turn until so many reports have come.
@@ -46,12 +49,29 @@ class ServiceManagerTest : public testing::Test {
 using Reports = std::vector<std::string>;
 
 TEST_F(ServiceManagerTest, HearsThatTheLoopTurnsAndThenOnceInHalfAPeriod) {
-  setenv("WATCHDOG_USEC", "100000", 1);
-  const ServiceManager manager(Loop);
+  setenv("WATCHDOG_USEC", "30000000", 1);
+  setenv("WATCHDOG_PID", std::to_string(getpid()).c_str(), 1);
+  VirtualLoop loop;
+  const ServiceManager manager(loop);
   EXPECT_EQ(TheManager.Reports(), Reports());
-  const auto begin = std::chrono::steady_clock::now();
-  EXPECT_EQ(Await(4), (Reports{"READY=1", "WATCHDOG=1", "WATCHDOG=1", "WATCHDOG=1"}));
-  EXPECT_GE(std::chrono::steady_clock::now() - begin, 140ms);
+  loop.RunFor(1);
+  EXPECT_EQ(TheManager.Reports(), Reports{"READY=1"});
+  for (int sign = 0; sign < 4; ++sign) {
+    loop.RunFor(14'999);
+    EXPECT_EQ(TheManager.Reports(), Reports());
+    loop.RunFor(1);
+    EXPECT_EQ(TheManager.Reports(), Reports{"WATCHDOG=1"});
+  }
+}
+
+TEST_F(ServiceManagerTest, HearsAtASocketThatIsAFile) {
+  const test::TemporaryDirectory folder;
+  const NotifySocket file(folder.Path("notify"));
+  setenv("NOTIFY_SOCKET", file.Address().c_str(), 1);
+  VirtualLoop loop;
+  const ServiceManager manager(loop);
+  loop.RunFor(1);
+  EXPECT_EQ(file.Reports(), Reports{"READY=1"});
 }
 
 TEST_F(ServiceManagerTest, HearsNothingFromALoopThatHangs) {
@@ -76,27 +96,26 @@ TEST_F(ServiceManagerTest, HearsOfALoopInANestedWait) {
 }
 
 TEST_F(ServiceManagerTest, WithoutAWatchdogHearsThatTheProgramIsReadyAlone) {
-  const ServiceManager manager(Loop);
-  EXPECT_EQ(Await(1), Reports{"READY=1"});
+  VirtualLoop loop;
+  const ServiceManager manager(loop);
+  loop.RunFor(60'000);
+  EXPECT_EQ(TheManager.Reports(), Reports{"READY=1"});
 }
 
 TEST_F(ServiceManagerTest, HearsNoSignsOfLifeThatItAsksOfAnotherProcess) {
   setenv("WATCHDOG_USEC", "20000", 1);
   setenv("WATCHDOG_PID", std::to_string(getppid()).c_str(), 1);
-  const ServiceManager manager(Loop);
-  EXPECT_EQ(Await(1), Reports{"READY=1"});
-  bool over = false;
-  const auto timer = Loop.StartTimer(100, [&] { over = true; });
-  Loop.PumpUntil([&] { return over; });
-  Loop.StopTimer(timer);
-  EXPECT_EQ(TheManager.Reports(), Reports());
+  VirtualLoop loop;
+  const ServiceManager manager(loop);
+  loop.RunFor(1000);
+  EXPECT_EQ(TheManager.Reports(), Reports{"READY=1"});
 }
 
 TEST_F(ServiceManagerTest, IsNotInheritedByChildProcesses) {
   setenv("WATCHDOG_USEC", "20000", 1);
+  setenv("WATCHDOG_PID", std::to_string(getpid()).c_str(), 1);
   const ServiceManager manager(Loop);
-  EXPECT_EQ(getenv("NOTIFY_SOCKET"), nullptr);
-  EXPECT_EQ(getenv("WATCHDOG_USEC"), nullptr);
+  for (const char* name : kVariables) EXPECT_EQ(getenv(name), nullptr) << name;
 }
 
 }  // namespace
