@@ -92,8 +92,12 @@ TEST_F(InstalledTree, HasAServiceThatStartsItsCommand) {
   const std::string service = Text(Root / "lib/systemd/user/marlex.service");
   const std::regex start("\nExecStart=/[^\n]*/bin/marlex %E/marlex/unattended\n");
   EXPECT_TRUE(std::regex_search(service, start)) << service;
-  for (const char* line : {"Type=notify", "WatchdogSec=30", "Restart=on-failure"})
-    EXPECT_NE(service.find("\n" + std::string(line) + "\n"), std::string::npos) << line;
+  const std::size_t section = service.find("\n[Service]\n");
+  ASSERT_NE(section, std::string::npos);
+  EXPECT_LT(service.find("\nStartLimitIntervalSec=0\n"), section);
+  for (const char* line : {"Type=notify", "WatchdogSec=30", "WatchdogSignal=SIGKILL",
+                           "Restart=on-failure", "RestartSec=1"})
+    EXPECT_NE(service.find("\n" + std::string(line) + "\n", section), std::string::npos) << line;
 }
 
 TEST_F(InstalledTree, HasIconsOfTheSizesOfTheirFolders) {
