@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "desktop/windows/binding.h"
 #include "desktop/windows/contrast.h"
 #include "desktop/windows/painted_windows.h"
+#include "desktop/windows/print_scheme.h"
 #include "desktop/windows/theme_colors.h"
 
 namespace marlex {
@@ -29,36 +32,42 @@ struct LampPicture {
   QImage Image;
 };
 
-TEST(BusyLamp, AtRestItsBulbIsSeenInItsGlass) {
-  for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
-    QApplication::setPalette(PaletteOf(scheme));
-    PaintedWindows windows;
-    windows.Forms.frmMain.Load();
-    windows.ShowMain();
-    const LampPicture lamp(windows);
-    EXPECT_GE(Contrast(lamp.Bulb(), lamp.Glass()), kVisible) << int(scheme);
+/// The main window on a light and on a dark desktop.
+class BusyLampTest : public ::testing::TestWithParam<Scheme> {
+ protected:
+  BusyLampTest() {
+    QApplication::setPalette(PaletteOf(GetParam()));
+    Main = std::make_unique<PaintedWindows>();
+    Main->Forms.frmMain.Load();
+    Main->ShowMain();
   }
-  QApplication::setPalette(PaletteOf(Scheme::Light));
+  ~BusyLampTest() override {
+    Main.reset();
+    QApplication::setPalette(PaletteOf(Scheme::Light));
+  }
+
+  std::unique_ptr<PaintedWindows> Main;
+};
+
+TEST_P(BusyLampTest, AtRestItsBulbIsSeenInItsGlass) {
+  const LampPicture lamp(*Main);
+  EXPECT_GE(Contrast(lamp.Bulb(), lamp.Glass()), kVisible);
 }
 
-TEST(BusyLamp, LitItShinesInItsColourInARing) {
-  for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
-    QApplication::setPalette(PaletteOf(scheme));
-    PaintedWindows windows;
-    windows.Forms.frmMain.Load();
-    windows.ShowMain();
-    auto& lamp = windows.Find<QLabel>("lblBusy_0");
-    for (const auto& [how, color] : {std::pair{"live", "live"}, {"wait", "wait-line"}}) {
-      lamp.setProperty(kLampProperty, how);
-      lamp.style()->polish(&lamp);
-      const LampPicture lit(windows);
-      EXPECT_EQ(lit.Glass(), NamedColor(color, scheme)) << how;
-      EXPECT_EQ(lit.Bulb(), QColor(Qt::white)) << how;
-      EXPECT_GE(Contrast(lit.Ring(), lit.Glass()), kVisible) << how << int(scheme);
-    }
+TEST_P(BusyLampTest, LitItShinesInItsColourInARing) {
+  auto& lamp = Main->Find<QLabel>("lblBusy_0");
+  for (const auto& [how, color] : {std::pair{"live", "live"}, {"wait", "wait-line"}}) {
+    lamp.setProperty(kLampProperty, how);
+    lamp.style()->polish(&lamp);
+    const LampPicture lit(*Main);
+    EXPECT_EQ(lit.Glass(), NamedColor(color, GetParam())) << how;
+    EXPECT_EQ(lit.Bulb(), QColor(Qt::white)) << how;
+    EXPECT_GE(Contrast(lit.Ring(), lit.Glass()), kVisible) << how;
   }
-  QApplication::setPalette(PaletteOf(Scheme::Light));
 }
+
+INSTANTIATE_TEST_SUITE_P(Of, BusyLampTest, ::testing::Values(Scheme::Light, Scheme::Dark),
+                         ::testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace marlex
