@@ -71,6 +71,7 @@ TEST_F(Launcher, StartsTheUpdatedProgramInEachFolder) {
   Put("usr", "2");
   for (const char* folder : {"upper", "lower"}) {
     EXPECT_EQ(Run("../" + std::string(folder) + "/marlex"), 0);
+    EXPECT_TRUE(Says("version 2: ")) << Said;
     EXPECT_EQ(Start("../" + std::string(folder)), 0);
     EXPECT_EQ(Said, StartedIn(folder, "2"));
   }

@@ -44,6 +44,11 @@ TEST_F(Unattended, FollowsTheOperatorsConfigurationDirectory) {
   EXPECT_FALSE(IsOn());
 }
 
+TEST_F(Unattended, FollowsTheOperatorsDataDirectory) {
+  EXPECT_EQ(Ask("on", "XDG_DATA_HOME=" + (Root / "data").string()), 0);
+  EXPECT_EQ(Chosen(), fs::canonical(Root / "data/marlex"));
+}
+
 TEST_F(Unattended, IsOffAgainAndKeepsTheFolder) {
   Ask("on ../desk");
   Write("desk/Tolvo.ini", "settings");
@@ -62,6 +67,13 @@ TEST_F(Unattended, ShowsTheServiceManagerTheDisplayAndStarts) {
             "systemctl --user start marlex.service\n");
 }
 
+TEST_F(Unattended, StartsWithoutADisplayToShow) {
+  Ask("on");
+  Program("bin/systemctl", "[[ $2 == start ]] && echo \"$*\" > \"$MACHINE/log\"");
+  EXPECT_EQ(Ask("start"), 0) << Said;
+  EXPECT_EQ(Read("log"), "--user start marlex.service\n");
+}
+
 TEST_F(Unattended, DoesNotStartWithoutAFolder) {
   EXPECT_EQ(Ask("start"), 1);
   EXPECT_TRUE(Says("no folder is chosen")) << Said;
@@ -75,6 +87,7 @@ TEST_F(Unattended, RefusesAFolderThatIsAFileAndKeepsTheOneBefore) {
   EXPECT_TRUE(Says("the folder ../file cannot be made")) << Said;
   EXPECT_EQ(Chosen(), fs::canonical(Root / "desk"));
   EXPECT_EQ(Ask("on ''"), 1);
+  EXPECT_TRUE(Says("the name of the folder is empty")) << Said;
   EXPECT_EQ(Chosen(), fs::canonical(Root / "desk"));
 }
 
