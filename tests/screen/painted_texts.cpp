@@ -56,7 +56,10 @@ int PaintedTexts::metric(PaintDeviceMetric metric) const {
 
 QList<PaintedTexts::Piece> PaintedTexts::Of(QWidget& widget) {
   PaintedTexts screen(widget);
-  widget.render(&screen, QPoint(), QRegion(), QWidget::RenderFlags());
+  QPainter painter(&screen);
+  // As on a widget; on any other device Qt would follow each text.
+  painter.setLayoutDirection(QGuiApplication::layoutDirection());
+  widget.render(&painter, QPoint(), QRegion(), QWidget::RenderFlags());
   return screen.Keeper->Kept;
 }
 

@@ -44,16 +44,24 @@ TEST(BalancedLabel, NoLineEndsOnALoneWord) {
   }
 }
 
-TEST(BalancedLabel, ATextRunsInTheDirectionOfItsLanguage) {
+/// What a label paints of a text of one line, from left to right.
+QString FromLeft(const char* text) {
   BalancedLabel label;
   label.resize(600, 40);
-  label.setText(QString::fromUtf8("\u05e9\u05dc\u05d5\u05dd Tolvo."));
-  QString fromLeft;
+  label.setText(QString::fromUtf8(text));
   std::map<qreal, QString> pieces;
   for (const PaintedTexts::Piece& piece : PaintedTexts::Of(label))
     pieces[piece.Place.left()] = piece.Text;
-  for (const auto& [left, text] : pieces) fromLeft += text.trimmed();
-  EXPECT_TRUE(fromLeft.startsWith(".") || fromLeft.startsWith("Tolvo")) << fromLeft.toStdString();
+  QString fromLeft;
+  for (const auto& [left, piece] : pieces) fromLeft += piece.trimmed();
+  return fromLeft;
+}
+
+TEST(BalancedLabel, ATextRunsInTheDirectionOfItsLanguage) {
+  const QString hebrew = FromLeft("\u05e9\u05dc\u05d5\u05dd Tolvo.");
+  EXPECT_TRUE(hebrew.startsWith(".") || hebrew.startsWith("Tolvo")) << hebrew.toStdString();
+  const QString english = FromLeft("Tolvo \u05e9\u05dc\u05d5\u05dd.");
+  EXPECT_TRUE(english.startsWith("Tolvo") && english.endsWith(".")) << english.toStdString();
 }
 
 TEST(BalancedLabel, ItTakesNoMoreLinesThanAnyLabelAndStaysWithinIt) {
