@@ -6,11 +6,9 @@
 #include "desktop/windows/shown_body.h"
 #include "desktop/windows/shown_text.h"
 #include "desktop/windows/theme.h"
-#include "i18n/languages.h"
 #include "screen/measure.h"
-#include "sheets/dark_desktop.h"
+#include "sheets/looks.h"
 #include "sheets/scenes.h"
-#include "sheets/sheet.h"
 
 namespace marlex {
 namespace {
@@ -129,8 +127,8 @@ std::vector<Box> AllReports(const char* language) {
   return reports;
 }
 
-/// Shows every report in a language, one after the other, and saves their pictures under `name`.
-void PaintReports(const char* language, const QString& name) {
+/// Shows every report, one after the other.
+void PaintReports(const char* language, Sheet& sheet) {
   const Theme theme(*qApp);
   VirtualLoop loop;
   const MemoryDisk disk;
@@ -140,7 +138,6 @@ void PaintReports(const char* language, const QString& name) {
   dialogs.FileTexts = Desk(shop).Pc.Dialogs.FileTexts;
   const std::vector<Box> reports = AllReports(language);
   EXPECT_EQ(reports.size(), 30u) << language;
-  Sheet sheet;
   for (const Box& box : reports) {
     SCOPED_TRACE(std::string(language) + ": " + box.Body);
     dialogs.LeaveMsgBox(box.Body, box.Icon, box.Caption);
@@ -152,18 +149,11 @@ void PaintReports(const char* language, const QString& name) {
     sheet.Add(shown->windowTitle(), shown->grab());
     shown->close();
   }
-  sheet.Save(name);
 }
 
-TEST(Boxes, ShowEveryReportWholeInEveryLanguage) {
-  for (const Language& language : PaintedLanguages())
-    PaintReports(language.Name, QString("boxes/") + language.Name);
-}
+TEST(Boxes, ShowEveryReportWholeInEveryLanguage) { PaintInEveryLanguage(PaintReports, "boxes"); }
 
-TEST(Boxes, ShowEveryReportWholeInTheDark) {
-  const DarkDesktop dark;
-  PaintReports("English", "boxes/dark/English");
-}
+TEST(Boxes, ShowEveryReportWholeInTheDark) { PaintInTheDark(PaintReports, "boxes"); }
 
 /// Types the name into the open file dialog and presses its button.
 void TypeName(const QString& name, QDialogButtonBox::StandardButton button) {
@@ -176,14 +166,13 @@ void TypeName(const QString& name, QDialogButtonBox::StandardButton button) {
 }
 
 /// Asks about a file that is to be opened and is missing, and about one that would be replaced.
-void PaintQuestions(const char* language, const QString& name) {
+void PaintQuestions(const char* language, Sheet& sheet) {
   SCOPED_TRACE(language);
   const Theme theme(*qApp);
   VirtualLoop loop;
   MemoryDisk disk;
   disk.AddFile("/app/Day.sch");
   QtDialogs dialogs(loop, disk);
-  Sheet sheet;
   DeskOptions shop = Shop();
   shop.Language = language;
   dialogs.FileTexts = Desk(shop).Pc.Dialogs.FileTexts;
@@ -201,18 +190,13 @@ void PaintQuestions(const char* language, const QString& name) {
     dialog->close();
     loop.Pump();
   }
-  sheet.Save(name);
 }
 
 TEST(Boxes, AskAboutFilesWholeInEveryLanguage) {
-  for (const Language& language : PaintedLanguages())
-    PaintQuestions(language.Name, QString("file_questions/") + language.Name);
+  PaintInEveryLanguage(PaintQuestions, "file_questions");
 }
 
-TEST(Boxes, AskAboutFilesWholeInTheDark) {
-  const DarkDesktop dark;
-  PaintQuestions("English", "file_questions/dark/English");
-}
+TEST(Boxes, AskAboutFilesWholeInTheDark) { PaintInTheDark(PaintQuestions, "file_questions"); }
 
 }  // namespace
 }  // namespace marlex

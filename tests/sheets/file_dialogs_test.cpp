@@ -5,11 +5,9 @@
 #include "desktop/files/temporary_directory.h"
 #include "desktop/windows/qt_dialogs.h"
 #include "desktop/windows/theme.h"
-#include "i18n/languages.h"
 #include "screen/measure.h"
-#include "sheets/dark_desktop.h"
+#include "sheets/looks.h"
 #include "sheets/scenes.h"
-#include "sheets/sheet.h"
 
 namespace marlex {
 namespace {
@@ -56,8 +54,8 @@ QFileDialog* ReadyDialog() {
   return nullptr;
 }
 
-/// Opens each dialog in a language, and saves their pictures under `name`.
-void PaintDialogs(const char* language, const QString& name) {
+/// Opens each dialog.
+void PaintDialogs(const char* language, Sheet& sheet) {
   SCOPED_TRACE(language);
   const Theme theme(*qApp);
   VirtualLoop loop;
@@ -67,7 +65,6 @@ void PaintDialogs(const char* language, const QString& name) {
   DeskOptions shop = Shop();
   shop.Language = language;
   Desk desk(shop);
-  Sheet sheet;
   const std::vector<FileDialog> asked = AskedFor(desk);
   EXPECT_EQ(asked.size(), 3u);
   dialogs.FileTexts = desk.Pc.Dialogs.FileTexts;
@@ -82,18 +79,11 @@ void PaintDialogs(const char* language, const QString& name) {
     QApplication::processEvents();
     loop.Pump();
   }
-  sheet.Save(name);
 }
 
-TEST(FileDialogs, AreWholeInEveryLanguage) {
-  for (const Language& language : PaintedLanguages())
-    PaintDialogs(language.Name, QString("file_dialogs/") + language.Name);
-}
+TEST(FileDialogs, AreWholeInEveryLanguage) { PaintInEveryLanguage(PaintDialogs, "file_dialogs"); }
 
-TEST(FileDialogs, AreWholeInTheDark) {
-  const DarkDesktop dark;
-  PaintDialogs("English", "file_dialogs/dark/English");
-}
+TEST(FileDialogs, AreWholeInTheDark) { PaintInTheDark(PaintDialogs, "file_dialogs"); }
 
 }  // namespace
 }  // namespace marlex
