@@ -21,7 +21,9 @@ void PaintInEveryLanguage(Painter paint, const QString& folder) {
 
 void PaintInTheDark(Painter paint, const QString& folder) {
   const DarkDesktop dark;
-  Painted(paint, "English").Save(folder + "/dark/English");
+  const Sheet sheet = Painted(paint, "English");
+  sheet.ExpectDark();
+  sheet.Save(folder + "/dark/English");
 }
 
 }  // namespace marlex

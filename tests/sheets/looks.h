@@ -10,7 +10,7 @@ using Painter = void (*)(const char* language, Sheet& sheet);
 /// Saves a sheet for each language in a folder.
 void PaintInEveryLanguage(Painter paint, const QString& folder);
 
-/// Saves one in English on a dark desktop.
+/// Saves one in English on a dark desktop, and expects every picture to be dark.
 void PaintInTheDark(Painter paint, const QString& folder);
 
 }  // namespace marlex

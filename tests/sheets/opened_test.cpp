@@ -9,20 +9,20 @@
 namespace marlex {
 namespace {
 
-void Paint(const Scene& scene, const char* look, Sheet& sheet) {
-  SCOPED_TRACE(scene.Name + " " + look);
+void Paint(const Scene& scene, bool isDark, Sheet& sheet) {
+  SCOPED_TRACE(scene.Name);
   ShownDesk desk(scene.Options);
   QWidget& opened = scene.Reach(desk);
   ExpectNothingClipped(opened);
-  sheet.Add(look, opened.grab());
+  sheet.AddLook(isDark, opened.grab());
 }
 
 TEST(Opened, ListAndMenuAreWholeInLightAndDark) {
   for (const Scene& scene : OpenedScenes()) {
     Sheet sheet;
-    Paint(scene, "light", sheet);
+    Paint(scene, false, sheet);
     const DarkDesktop dark;
-    Paint(scene, "dark", sheet);
+    Paint(scene, true, sheet);
     sheet.Save(QString::fromStdString(scene.Name));
   }
 }

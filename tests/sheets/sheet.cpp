@@ -35,12 +35,25 @@ void Keep(const QString& text, const QString& name) {
       << name.toStdString();
 }
 
+bool IsDark(const QImage& picture) { return picture.pixelColor(2, 2).lightness() < 90; }
+
 void Sheet::Add(const QString& caption, const QPixmap& picture) {
   const qreal ratio = picture.devicePixelRatio();
   const int width = qMin(kThumbnailWidth, qRound(picture.width() / ratio));
   QImage image = picture.toImage().scaledToWidth(width, Qt::SmoothTransformation);
   image.setDevicePixelRatio(1);
   Pictures.append({caption, image});
+}
+
+void Sheet::AddLook(bool isDark, const QPixmap& picture) {
+  const char* look = isDark ? "dark" : "light";
+  EXPECT_EQ(IsDark(picture.toImage()), isDark) << look;
+  Add(look, picture);
+}
+
+void Sheet::ExpectDark() const {
+  EXPECT_FALSE(Pictures.isEmpty());
+  for (const auto& [caption, image] : Pictures) EXPECT_TRUE(IsDark(image)) << caption.toStdString();
 }
 
 void Sheet::Save(const QString& name) const {

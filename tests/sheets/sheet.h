@@ -15,11 +15,21 @@ void Keep(const QImage& picture, const QString& name);
 /// The same for a text, in a file beside the picture.
 void Keep(const QString& text, const QString& name);
 
+/// Whether the ground of a picture is that of a dark window.
+bool IsDark(const QImage& picture);
+
 /// Pictures side by side, each above its caption.
 class Sheet {
  public:
   void Add(const QString& caption, const QPixmap& picture);
+
+  /// Adds the picture of a light or a dark desktop, and fails if it is not one.
+  void AddLook(bool isDark, const QPixmap& picture);
+
   void Save(const QString& name) const;
+
+  /// Fails for each picture that is not dark.
+  void ExpectDark() const;
 
  private:
   QList<QPair<QString, QImage>> Pictures;

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "desktop/windows/elided.h"
-#include "desktop/windows/theme_colors.h"
 #include "i18n/languages.h"
 #include "screen/measure.h"
 #include "screen/parts.h"
 #include "sheets/content.h"
+#include "sheets/dark_desktop.h"
 #include "sheets/readers.h"
 #include "sheets/scenes.h"
 #include "sheets/sheet.h"
@@ -70,10 +70,9 @@ QPixmap Paint(const Scene& scene, const char* language, const QString& name) {
 
 /// The same on a dark desktop.
 QPixmap PaintDark(const Scene& scene, const char* language, const QString& name) {
-  QApplication::setPalette(PaletteOf(Scheme::Dark));
+  const DarkDesktop dark;
   QPixmap picture = Paint(scene, language, name + "/dark");
-  EXPECT_LT(QColor(picture.toImage().pixel(2, 2)).lightness(), 90) << scene.Name;
-  QApplication::setPalette(PaletteOf(Scheme::Light));
+  EXPECT_TRUE(IsDark(picture.toImage())) << scene.Name;
   return picture;
 }
 
@@ -148,7 +147,7 @@ TEST(Sheets, ZoneNamesAreWholeOnASmallScreenInEveryLanguage) {
 }
 
 /// The only window that is shown before a language is chosen.
-void AddLanguageDialog(const char* caption, Sheet& sheet) {
+void AddLanguageDialog(bool isDark, Sheet& sheet) {
   DeskOptions options;
   options.Language = "";
   ShownDesk desk(options);
@@ -156,15 +155,14 @@ void AddLanguageDialog(const char* caption, Sheet& sheet) {
   ASSERT_TRUE(window.isVisible());
   ExpectNothingClipped(window);
   ExpectContentShown(FormOf(desk, window), window);
-  sheet.Add(caption, window.grab());
+  sheet.AddLook(isDark, window.grab());
 }
 
 TEST(Sheets, TheLanguageDialogIsWholeInLightAndDark) {
   Sheet sheet;
-  AddLanguageDialog("light", sheet);
-  QApplication::setPalette(PaletteOf(Scheme::Dark));
-  AddLanguageDialog("dark", sheet);
-  QApplication::setPalette(PaletteOf(Scheme::Light));
+  AddLanguageDialog(false, sheet);
+  const DarkDesktop dark;
+  AddLanguageDialog(true, sheet);
   sheet.Save("languages");
 }
 
