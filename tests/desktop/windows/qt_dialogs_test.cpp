@@ -109,11 +109,14 @@ TEST(QtDialogs, APathInABoxIsReadAndCopiedWithoutMarks) {
 TEST(QtDialogs, ALongPathInABoxBeginsALineOfItsOwn) {
   const QString text = "The file cannot be saved: ";
   const QString folders = "/home/operator/Music/Background/Autumn and winter/";
-  for (const bool isLong : {false, true}) {
-    const QString body = text + (isLong ? folders + folders.mid(1) : "/home/Day.sch");
+  const QString longPath = folders + folders.mid(1);
+  for (const QString& paths : {QString("/home/Day.sch"), longPath, longPath + "\nIn: /home/"}) {
+    const bool isLong = paths.startsWith(longPath);
+    const QString body = text + paths;
     MessageBox box(QMessageBox::Critical, "Caption", ShownBody(body.toStdString()), nullptr);
     box.show();
     EXPECT_EQ(box.text().startsWith(text.trimmed() + QChar::LineSeparator), isLong);
+    EXPECT_EQ(box.text().count(QChar::LineSeparator), isLong ? 1 : 0);
     EXPECT_EQ(box.findChild<QLabel*>("qt_msgbox_label")->accessibleName(), body);
     QTest::keySequence(&box, QKeySequence::Copy);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), body);
