@@ -8,12 +8,16 @@
 namespace marlex {
 namespace {
 
+/// The current entry, for a combo box.
+QString NameOf(QWidget& widget) {
+  return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);
+}
+
 /// What a screen reader says about the widget with the keyboard focus: its name, or its description
-/// for a combo box, whose name is its current entry.
+/// for a combo box.
 QString Announced(QWidget& widget) {
-  QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&widget);
-  const bool opens = qobject_cast<QComboBox*>(&widget);
-  return spoken->text(opens ? QAccessible::Description : QAccessible::Name);
+  if (!qobject_cast<QComboBox*>(&widget)) return NameOf(widget);
+  return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Description);
 }
 
 /// Parts of a window that can have the keyboard focus.
@@ -34,6 +38,8 @@ std::size_t ExpectNamedUniquely(const QWidget& window) {
   std::map<QString, QString> named;
   const std::vector<QWidget*> stops = Stops(window);
   for (QWidget* stop : stops) {
+    EXPECT_NE((Announced(*stop) + NameOf(*stop)).toStdString(), "")
+        << stop->objectName().toStdString();
     QString& first = named[Announced(*stop)];
     EXPECT_EQ(first.toStdString(), "")
         << stop->objectName().toStdString() << " is " << Announced(*stop).toStdString();

@@ -4,8 +4,8 @@
 
 namespace marlex {
 
-/// Fails for each two parts of a window that a screen reader names alike when they have the
-/// keyboard focus. Returns the number of parts that can have it.
+/// Fails for each part of a window of which a screen reader says nothing when it has the keyboard
+/// focus, and for each two that it names alike. Returns the number of parts that can have it.
 std::size_t ExpectNamedUniquely(const QWidget& window);
 
 }  // namespace marlex
