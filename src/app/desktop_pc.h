@@ -12,6 +12,7 @@
 #include "desktop/sound/engine_song_player.h"
 #include "desktop/sound/engine_wave_player.h"
 #include "desktop/sound/sound_engine.h"
+#include "desktop/sound/sound_file_check.h"
 #include "desktop/windows/qt_dialogs.h"
 #include "platform/pc.h"
 
@@ -29,6 +30,7 @@ struct DesktopPc {
   EngineWavePlayer WavPlayer{Sound, Loop};
   EngineWavePlayer WavControl{Sound, Loop};
   EngineSongPlayer MP3Player{Sound};
+  SoundFileCheck Media;
   std::unique_ptr<MixerFunctions> Mixer = MakeEngineMixer(Loop, Sound);
   QtDialogs Boxes{Loop, Files};
 
@@ -41,6 +43,8 @@ struct DesktopPc {
             .WavPlayer = WavPlayer,
             .WavControl = WavControl,
             .MP3Player = MP3Player,
+            .Sound = Sound,
+            .Media = Media,
             .Mixer = *Mixer,
             .Boxes = Boxes,
             .TheProcess = TheProcess};

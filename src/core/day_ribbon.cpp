@@ -9,6 +9,7 @@ namespace marlex {
 namespace {
 
 constexpr int kMinutesPerHour = 60;
+constexpr const char* kLastMinuteOfDay = "23:59";
 constexpr std::size_t kMostRowsInTip = 8;
 
 std::string TextOf(int minute) {
@@ -62,6 +63,27 @@ DayRibbon DayPlan::Look() const {
   return day;
 }
 
+std::vector<int> DayPlan::RowsToCome() const {
+  const LocalTime present = Clock.Now();
+  const std::string now = MinuteText(present);
+  std::vector<int> rows;
+  std::string passed;  // minute whose first row has been seen
+  for (int row = 1; row < TheGrid.Rows(); ++row) {
+    const std::string time = TimeOf(TheGrid, row);
+    const bool isOver = time < now || time == Tick.LastMinute || time == passed;
+    const bool neverComes = time > kLastMinuteOfDay;  // such as ":" from an unreadable file
+    if (isOver || neverComes || TheGrid.RowHeight(row) == 0) continue;
+    if (Tick.RunsOn(row, present.Weekday)) rows.push_back(row);
+    passed = time;
+  }
+  return rows;
+}
+
+bool DayPlan::MusicIsToCome() const {
+  const LocalTime now = Clock.Now();
+  return now.Hour * kMinutesPerHour + now.Minute < MusicOn(now.Weekday).To;
+}
+
 /// Deliberate: a window whose stop is not after its start is empty, so none crosses midnight.
 DaySpan DayPlan::MusicOn(int weekday) const {
   if (!TheSettings.MusicScheduled || !DayIsOn(TheSettings.MusicWeekDays, weekday)) return {};
@@ -77,7 +99,7 @@ std::optional<DayMark> DayPlan::MarkOf(const std::vector<int>& rows, const Local
   const std::optional<int> minute = MinuteOf(time);
   const std::vector<int> ofToday = RowsOfDay(rows, now.Weekday);
   const bool isConflict = ofToday.size() > 1;
-  if (!minute || (!isConflict && !Tick.RunsToday(rows.front()))) return std::nullopt;
+  if (!minute || (!isConflict && !Tick.RunsOn(rows.front(), now.Weekday))) return std::nullopt;
   const std::vector<int> named = isConflict ? ofToday : std::vector{rows.front()};
   return DayMark{*minute, PlaysAtBreak(TheGrid, named.front()), StateOf(time, isConflict, now),
                  TipOf(named)};

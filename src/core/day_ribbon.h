@@ -58,6 +58,13 @@ class DayPlan {
 
   DayRibbon Look() const;
 
+  /// The rows that the tick has still to fire today, by time. A row whose minute has begun belongs
+  /// to them as long as the tick has not accepted the minute.
+  std::vector<int> RowsToCome() const;
+
+  /// Whether the clock wants music now or later today.
+  bool MusicIsToCome() const;
+
  private:
   DaySpan MusicOn(int weekday) const;
   std::optional<DayMark> MarkOf(const std::vector<int>& rows, const LocalTime& now) const;

@@ -1,50 +1,26 @@
 #include "core/glance.h"
 
-#include "state/week_time.h"
 #include "text/paths.h"
 
 namespace marlex {
-namespace {
-
-constexpr const char* kLastMinuteOfDay = "23:59";
-
-}  // namespace
-
 Glance Passerby::Look() const {
   const OnAir what = What();
-  return {what, NameOf(what), Next(), TheDay.Look(), SpeechIsOn(), IsHeldBack()};
+  return {what, NameOf(what), Next(), TheDay.Look(), TheFaults.Texts(), SpeechIsOn(), IsHeldBack()};
 }
 
 /// The row that waits for the music break, otherwise the next one that the tick will fire today.
 ComingRow Passerby::Next() const {
-  if (HasStopped()) return {"", Strings.LoadString(kStrScheduleStopped)};
+  if (Tick.HasStopped()) return {"", Strings.LoadString(kStrScheduleStopped)};
   if (Tick.RowWaits()) return {Tick.CurrentTime, Tick.CurrentMessageInfo};
   return NextToday();
 }
 
-/// Whether the schedule is held although no call, message or fade is in progress and no row waits:
-/// its editor is open, the amplifier has cut off a call, or Stop has ended the song that a row was
-/// waiting for.
-bool Passerby::HasStopped() const {
-  const bool isHeld =
-      TheFlags.CallActive || Tick.RowWaits() || TheFlags.MessagePlaying || TheFlags.FadeRunning;
-  return TheFrmPlayers.ScheduleIsHeld() && !isHeld;
-}
-
 ComingRow Passerby::NextToday() const {
+  const std::vector<int> rows = TheDay.RowsToCome();
+  if (rows.empty()) return {};
   const Grid& table = TheFrmMain.grdSchedule;
-  const std::string now = MinuteText(Clock.Now());
-  std::string passed;  // minute whose first row does not run today
-  for (int row = 1; row < table.Rows(); ++row) {
-    const std::string time = TimeOf(table, row);
-    const bool isOver = time < now || time == Tick.LastMinute || time == passed;
-    const bool neverComes = time > kLastMinuteOfDay;  // such as ":" from an unreadable file
-    if (isOver || neverComes || table.RowHeight(row) == 0) continue;
-    if (Tick.RunsToday(row))
-      return {table.TextMatrix(row, kTimeColumn), table.TextMatrix(row, kMessagesColumn)};
-    passed = time;
-  }
-  return {};
+  return {table.TextMatrix(rows.front(), kTimeColumn),
+          table.TextMatrix(rows.front(), kMessagesColumn)};
 }
 
 OnAir Passerby::What() const {

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/day_ribbon.h"
+#include "core/faults.h"
 #include "i18n/string_table.h"
-#include "platform/wall_clock.h"
 #include "schedule/schedule_tick.h"
 #include "state/flags.h"
 #include "windows/frm_players.h"
@@ -33,25 +34,26 @@ struct Glance {
   std::string Name;  // of the song or message; for a call, the text of its button or note
   ComingRow Next;    // without a time: the note that the schedule has stopped
   DayRibbon Day;
+  std::vector<std::string> Faults;  // the newest first
   bool SpeechIsOn = false;  // the loudspeakers carry our speech or message, whatever else holds
   bool IsHeldBack = false;  // by a call of the amplifier
 
   bool operator==(const Glance&) const = default;
 };
 
-/// Sums up what is playing, what comes next, and the day, for the top of the main window. Changes
-/// nothing.
+/// Sums up what is playing, what comes next, the day, and what is wrong, for the top of the main
+/// window. Changes nothing.
 class Passerby {
  public:
   Passerby(const Flags& flags, const Windows& windows, const FrmPlayers& frmPlayers,
-           const ScheduleTick& tick, const DayPlan& day, WallClock& clock,
+           const ScheduleTick& tick, const DayPlan& day, const Faults& faults,
            const StringTable& strings)
       : TheFlags(flags),
         TheFrmMain(windows.frmMain),
         TheFrmPlayers(frmPlayers),
         Tick(tick),
         TheDay(day),
-        Clock(clock),
+        TheFaults(faults),
         Strings(strings) {}
 
   Glance Look() const;
@@ -65,14 +67,13 @@ class Passerby {
   std::string NameOf(OnAir what) const;
   ComingRow Next() const;
   ComingRow NextToday() const;
-  bool HasStopped() const;
 
   const Flags& TheFlags;
   const FrmMain& TheFrmMain;
   const FrmPlayers& TheFrmPlayers;
   const ScheduleTick& Tick;
   const DayPlan& TheDay;
-  WallClock& Clock;
+  const Faults& TheFaults;
   const StringTable& Strings;
 };
 

@@ -54,7 +54,11 @@ System::System(const Pc& pc)
       ThePickers(Store, TheWindows, Strings),
       Loader(TheFlags, Store, TheWindows, TheFrmPlayers, Mixer, Lines, Strings, TheNotices),
       TheDay(TheFlags, Store.Values, TheWindows.frmMain, Tick, pc.Clock),
-      ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, TheDay, pc.Clock, Strings),
+      TheFaults(pc.Loop, pc.Sound, pc.TolvoPort, Store, Tick, ClockWatch(pc.Clock),
+                PlanMedia(TheFlags, Store.Values, TheWindows.frmMain, TheFrmPlayers, ThePreviews,
+                          TheDay, pc.Media),
+                Strings),
+      ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, TheDay, TheFaults, Strings),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader, TheNotices) {
   // Calls from a lower floor of the house to a higher one.
   Store.OnNotSaved = [this] { StartUp_.ReportNotSaved(); };

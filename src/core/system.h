@@ -3,6 +3,7 @@
 #include "call/call_sequence.h"
 #include "call/function_keys.h"
 #include "core/day_ribbon.h"
+#include "core/faults.h"
 #include "core/glance.h"
 #include "core/main_window.h"
 #include "core/pickers.h"
@@ -92,6 +93,7 @@ class System {
   Pickers ThePickers;
   SettingsLoader Loader;
   DayPlan TheDay;
+  Faults TheFaults;
   Passerby ThePasserby;
 
  private:

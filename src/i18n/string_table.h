@@ -114,6 +114,12 @@ enum StringId : int {
   kStrTooFewDigits = 1660,
   kStrNoScheduleChosen = 1670,
   kStrTooManyRows = 1680,
+  kStrNoSoundDevice = 1700,
+  kStrPretendedSoundDevice = 1710,
+  kStrMicrophoneGone = 1720,
+  kStrMediumMissing = 1730,
+  kStrMediumUnplayable = 1740,
+  kStrClockJumped = 1750,
 };
 
 }  // namespace marlex

@@ -31,6 +31,9 @@ class SerialPort {
   virtual void SetPortOpen(bool open) = 0;
   virtual bool PortOpen() const = 0;
 
+  /// Whether the port is open and its device there, as far as that can be seen without sending.
+  virtual bool Connected() const = 0;
+
   /// Bytes waiting in the input buffer, at most 1024; what exceeds that is lost.
   virtual int InBufferCount() const = 0;
 

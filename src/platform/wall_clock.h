@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 namespace marlex {
 
 /// Local date and time of day, as shown by a clock on the wall.
@@ -18,6 +20,11 @@ class WallClock {
  public:
   virtual ~WallClock() = default;
   virtual LocalTime Now() const = 0;
+
+  /// Milliseconds by which the clock, in universal time, is ahead of a steady clock that goes on
+  /// while the PC sleeps. Changes by more than a drift only when somebody sets the clock; summer
+  /// time and another time zone leave it alone.
+  virtual std::int64_t AheadMs() const = 0;
 };
 
 }  // namespace marlex

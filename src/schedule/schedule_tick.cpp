@@ -29,7 +29,7 @@ void ScheduleTick::Tick() {
   // A call, ours or the amplifier's, may have begun during the fade that stops the music.
   if (TheFlags.CallActive || !TheFlags.PriorityClear) return;
   if (TheFlags.CurrentMinute == "00:00") StartNewDay();
-  if (!FindDueRow() || !RunsToday(ScheduleRow)) return;
+  if (!FindDueRow() || !RunsOn(ScheduleRow, Clock.Now().Weekday)) return;
   MarkFiringRow();
   CurrentTime = TheGrid.TextMatrix(ScheduleRow, kTimeColumn);
   CurrentMessageInfo = TheGrid.TextMatrix(ScheduleRow, kMessagesColumn);
@@ -64,16 +64,22 @@ bool ScheduleTick::FindDueRow() {
 
 /// Deliberate: tests the mask without its sixth character. On Saturdays it finds Sunday's digit
 /// instead; on Sundays it finds none, so the row fires. An empty cell fires every day.
-bool ScheduleTick::RunsToday(int row) const {
+bool ScheduleTick::RunsOn(int row, int weekday) const {
   const std::string& mask = TheGrid.TextMatrix(row, kDaysColumn);
   std::string tested(FirstCharacters(mask, 5));
   tested += CharactersFrom(mask, 7, 2);
-  return DayIsOn(tested, Clock.Now().Weekday);
+  return DayIsOn(tested, weekday);
 }
 
 bool ScheduleTick::RowWaits() const {
   return TheFlags.MessageAwaitingSongEnd && TheFrmPlayers.lstMsgSequence.ListCount() > 0 &&
          TheFrmPlayers.MP3Player.PlayState() != kStopped;
+}
+
+bool ScheduleTick::HasStopped() const {
+  const bool isHeld =
+      TheFlags.CallActive || RowWaits() || TheFlags.MessagePlaying || TheFlags.FadeRunning;
+  return TheFrmPlayers.ScheduleIsHeld() && !isHeld;
 }
 
 /// Clears the marks of the rows above the firing one, conflict marks included, marks the firing

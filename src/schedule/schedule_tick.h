@@ -33,12 +33,18 @@ class ScheduleTick {
   /// call or a takeover may happen during the wait.
   void Tick();
 
-  /// Whether the tick would fire a row today, going by the row's weekdays.
-  bool RunsToday(int row) const;
+  /// Whether the tick would fire a row on a weekday, 1 for Monday to 7 for Sunday, going by the
+  /// row's weekdays.
+  bool RunsOn(int row, int weekday) const;
 
   /// Whether the row that fired last still waits for the music break. A call or a takeover drops
   /// its messages, and after Stop no song ends.
   bool RowWaits() const;
+
+  /// Whether the schedule is held although no call, message or fade is in progress and no row
+  /// waits: its editor is open, the amplifier has cut off a call, or Stop has ended the song that a
+  /// row was waiting for.
+  bool HasStopped() const;
 
  private:
   bool AcceptMinute();

@@ -34,6 +34,8 @@ marlex::Pc SimulatedPc::Ports(ProfileFiles& profiles, Directories& files) {
           .WavPlayer = Wav,
           .WavControl = WavControl,
           .MP3Player = Song,
+          .Sound = Sound,
+          .Media = Media,
           .Mixer = Mixer,
           .Boxes = Dialogs,
           .TheProcess = Process};

@@ -7,10 +7,12 @@
 #include "simulation/memory_disk.h"
 #include "simulation/memory_profiles.h"
 #include "simulation/simulated_dialogs.h"
+#include "simulation/simulated_media_check.h"
 #include "simulation/simulated_mixer.h"
 #include "simulation/simulated_process.h"
 #include "simulation/simulated_serial.h"
 #include "simulation/simulated_song_player.h"
+#include "simulation/simulated_sound_health.h"
 #include "simulation/simulated_wave_player.h"
 #include "simulation/virtual_clock.h"
 #include "simulation/virtual_loop.h"
@@ -56,6 +58,8 @@ struct SimulatedPc {
   SimulatedWavePlayer Wav{Loop, Disk, Journal, "wav"};             // plays sounds
   SimulatedWavePlayer WavControl{Loop, Disk, Journal, "control"};  // measures lengths
   SimulatedSongPlayer Song{Loop, Disk, Journal};
+  SimulatedSoundHealth Sound;
+  SimulatedMediaCheck Media{Disk};
   SimulatedMixer Mixer{Journal};
   SimulatedDialogs Dialogs{Loop, Journal};
   SimulatedProcess Process{Loop, Journal};

@@ -23,6 +23,7 @@ class SimulatedSerial : public SerialPort {
   int CommPort() const override { return Number; }
   void SetPortOpen(bool open) override;
   bool PortOpen() const override { return Open; }
+  bool Connected() const override { return Alive; }
   int InBufferCount() const override { return static_cast<int>(Buffer.size()); }
   std::string Input() override;
   void Output(std::string_view bytes) override;
@@ -49,9 +50,6 @@ class SimulatedSerial : public SerialPort {
   /// newest byte that was output without a device. Each such byte was journalled as "lost" at the
   /// time.
   void Plug();
-
-  /// Whether bytes get through.
-  bool Connected() const { return Alive; }
 
   /// Forgets its state and its handlers, as the end of the process does; the device stays plugged
   /// or unplugged.

@@ -25,9 +25,16 @@ class VirtualClock : public WallClock {
     BaseMs = since.count() - Loop.NowMs();
   }
 
-  /// Sets the clock forward, or back if negative, as the operator, network time or summer time
-  /// (3600) would.
+  /// Sets the clock forward, or back if negative, as the operator or network time would.
   void Jump(std::int64_t seconds) { BaseMs += seconds * 1000; }
+
+  /// Changes the local time alone, as summer time (3600) or another time zone would.
+  void ShiftZone(std::int64_t seconds) {
+    Jump(seconds);
+    ZoneMs += seconds * 1000;
+  }
+
+  std::int64_t AheadMs() const override { return BaseMs - ZoneMs; }
 
   LocalTime Now() const override {
     using namespace std::chrono;
@@ -47,6 +54,7 @@ class VirtualClock : public WallClock {
  private:
   const VirtualLoop& Loop;
   std::int64_t BaseMs = 0;  // date and time at virtual time 0, in milliseconds since 1 January 1970
+  std::int64_t ZoneMs = 0;  // by which the local time was shifted
 };
 
 }  // namespace marlex

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "text/code_pages.h"
+#include "text/paths.h"
 #include "text/text_case.h"
 
 namespace marlex {
@@ -19,6 +20,14 @@ bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 std::string AsText(std::string value, CodePage page) {
   if (IsUtf8(value)) return value;
   return std::string(FirstCharacters(InUtf8(value, page), kLongestValue));
+}
+
+/// Playlists and sequences are saved wherever the operator wants, all others in one place.
+std::string KindOf(const std::string& file) {
+  for (const char* ending : {".lst", ".sch"}) {
+    if (file.ends_with(ending)) return ending;
+  }
+  return file;
 }
 
 }  // namespace
@@ -49,7 +58,29 @@ bool ProfileStore::WriteProfileValues(std::vector<ProfileEntry> entries, const s
 
 Writing ProfileStore::Put(std::vector<ProfileEntry> entries, const std::string& file) {
   std::erase_if(entries, [&](const ProfileEntry& entry) { return IsInCodePage(entry, file); });
-  return entries.empty() ? Writing::Unchanged : Profiles.WriteStrings(entries, file);
+  if (entries.empty()) return Writing::Unchanged;
+  const Writing writing = Profiles.WriteStrings(entries, file);
+  Remember(file, writing);
+  return writing;
+}
+
+bool ProfileStore::RebuildProfile(const std::vector<ProfileEntry>& entries,
+                                  const std::string& file) {
+  const bool isWritten = Profiles.Rebuild(entries, file);
+  Remember(file, isWritten ? Writing::Done : Writing::Failed);
+  return isWritten;
+}
+
+std::vector<std::string> ProfileStore::NotWritten() const {
+  std::vector<std::string> files;
+  for (const auto& [kind, file] : Refused) files.push_back(file);
+  return files;
+}
+
+/// Values that were there already prove nothing about the file.
+void ProfileStore::Remember(const std::string& file, Writing writing) {
+  if (writing == Writing::Failed) Refused[KindOf(file)] = file;
+  if (writing == Writing::Done) Refused.erase(KindOf(file));
 }
 
 /// Whether the bytes in the file already read the same as the new value.

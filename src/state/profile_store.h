@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -40,9 +41,12 @@ class ProfileStore {
 
   /// Replaces or creates a file that contains only these values. False on failure; the old file is
   /// then unchanged.
-  bool RebuildProfile(const std::vector<ProfileEntry>& entries, const std::string& file) {
-    return Profiles.Rebuild(entries, file);
-  }
+  bool RebuildProfile(const std::vector<ProfileEntry>& entries, const std::string& file);
+
+  /// The files that could not be written, at most one playlist and one sequence of them. Each is
+  /// forgotten once it has been written, a playlist or sequence also once another one has: the
+  /// operator has then taken that instead.
+  std::vector<std::string> NotWritten() const;
 
   std::string ApplicationDirectory() const { return TheProcess.ApplicationDirectory(); }
 
@@ -52,8 +56,11 @@ class ProfileStore {
  private:
   bool IsInCodePage(const ProfileEntry& entry, const std::string& file) const;
 
+  void Remember(const std::string& file, Writing writing);
+
   ProfileFiles& Profiles;
   Process& TheProcess;
+  std::map<std::string, std::string> Refused;  // files that could not be written, by kind
 };
 
 }  // namespace marlex

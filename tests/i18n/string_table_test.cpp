@@ -17,9 +17,9 @@ constexpr int kFirstOwnText = 1400;  // after the agreed ones
 
 TEST(EnglishStrings, AreAllThereInAscendingOrder) {
   const auto& strings = StringsOf("English");
-  EXPECT_EQ(strings.size(), 187u);
+  EXPECT_EQ(strings.size(), 193u);
   EXPECT_EQ(strings.front().Id, 10);
-  EXPECT_EQ(strings.back().Id, kStrTooManyRows);
+  EXPECT_EQ(strings.back().Id, kStrClockJumped);
   for (std::size_t i = 1; i < strings.size(); ++i) {
     EXPECT_LT(strings[i - 1].Id, strings[i].Id);
     EXPECT_FALSE(strings[i].Text.empty()) << strings[i].Id;
@@ -138,6 +138,12 @@ TEST(StringTable, CodeFindsTheTextsThatItAsksForByName) {
       {kStrBack, "Back"},
       {kStrForward, "Forward"},
       {kStrParentFolder, "Parent folder"},
+      {kStrNoSoundDevice, "No sound: the sound device is missing"},
+      {kStrPretendedSoundDevice, "No sound: the sound server has no sound card"},
+      {kStrMicrophoneGone, "The microphone is missing"},
+      {kStrMediumMissing, "File not found:"},
+      {kStrMediumUnplayable, "The file cannot be played:"},
+      {kStrClockJumped, "The clock was changed:"},
   };
   for (const auto& [id, text] : texts) EXPECT_EQ(strings.LoadString(id), text) << id;
 }

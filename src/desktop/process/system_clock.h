@@ -11,6 +11,7 @@ namespace marlex {
 class SystemClock : public WallClock {
  public:
   LocalTime Now() const override;
+  std::int64_t AheadMs() const override;
 };
 
 /// Local time in the current time zone, `moment` seconds after 1 January 1970 UTC. A leap second

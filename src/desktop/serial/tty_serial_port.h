@@ -42,6 +42,7 @@ class TtySerialPort : public SerialPort {
   int CommPort() const override { return NextNumber; }
   void SetPortOpen(bool open) override;
   bool PortOpen() const override { return Wanted; }
+  bool Connected() const override { return Line.has_value(); }
   int InBufferCount() const override { return static_cast<int>(Received.size()); }
   std::string Input() override;
   void Output(std::string_view bytes) override;

@@ -20,7 +20,7 @@ constexpr std::int64_t kRetryUs = kUsPerSecond;
 }  // namespace
 
 AlsaMicrophone::AlsaMicrophone(const std::string& name, const MicrophoneLines& lines)
-    : Name(name), Line(lines.Microphone), Path(lines) {
+    : Name(name), Line(lines.Microphone), IsGone(lines.IsGone), Path(lines) {
   Thread = std::thread([this] { Run(); });
 }
 
@@ -35,14 +35,24 @@ void AlsaMicrophone::Follow() { Waking.Wake(); }
 void AlsaMicrophone::Run() {
   PreferThisThread();
   while (!Quit) {
-    Waking.WaitUntil(Line.Muted() ? kForeverUs : SteadyUs() + kRetryUs);
-    if (!Quit && !Line.Muted()) Capture();
+    const bool isIdle = Line.Muted() && !IsGone;
+    Waking.WaitUntil(isIdle ? kForeverUs : SteadyUs() + kRetryUs);
+    if (Quit) return;
+    if (!Line.Muted()) Capture();
+    if (Line.Muted() && IsGone) Open();
   }
+}
+
+/// A microphone that is gone is looked for after the call too, so that it is known to be back.
+std::unique_ptr<AlsaDevice> AlsaMicrophone::Open() {
+  auto device = AlsaDevice::Open(Name, SND_PCM_STREAM_CAPTURE, kPieceMs, kBufferMs);
+  IsGone = device == nullptr;
+  return device;
 }
 
 /// Captures until the line is closed and has faded out, or until the device is gone or dead.
 void AlsaMicrophone::Capture() {
-  const auto device = AlsaDevice::Open(Name, SND_PCM_STREAM_CAPTURE, kPieceMs, kBufferMs);
+  const auto device = Open();
   if (!device || !device->Start()) return;
   Queue.Begin();
   Pass(*device);

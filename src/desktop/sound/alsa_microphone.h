@@ -37,10 +37,12 @@ class AlsaMicrophone {
  private:
   void Run();
   void Capture();
+  std::unique_ptr<AlsaDevice> Open();
   void Pass(AlsaDevice& device);
 
   const std::string Name;
   SoundLine& Line;
+  std::atomic<bool>& IsGone;
   MicrophonePath Path;
   MicrophoneQueue Queue;
   std::atomic<bool> Quit{false};

@@ -30,7 +30,7 @@ constexpr std::uint32_t BytesIn(int milliseconds) {
 
 PulseOutput::PulseOutput(std::unique_ptr<PulseConnection> connection, const PulseCard& card,
                          const MicrophoneLines& lines)
-    : Connection(std::move(connection)), Card(card) {
+    : Connection(std::move(connection)), Card(card), InputIsGone(lines.IsGone) {
   if (!card.Source.empty()) {
     Input = std::make_unique<PulseMicrophone>(*Connection, card, lines);
   }
@@ -40,6 +40,7 @@ PulseOutput::PulseOutput(std::unique_ptr<PulseConnection> connection, const Puls
 PulseOutput::~PulseOutput() {
   Connection->Locked([this] {
     Connection->OnLost = nullptr;
+    InputWatch.reset();
     Input.reset();
     if (!Stream) return;
     pa_stream_set_state_callback(Stream, nullptr, nullptr);
@@ -71,6 +72,7 @@ std::unique_ptr<PulseOutput> PulseOutput::Open(std::unique_ptr<PulseConnection> 
 }
 
 bool PulseOutput::Connect() {
+  if (Input) InputWatch = std::make_unique<PulseSourceWatch>(*Connection, Card.Source, InputIsGone);
   const pa_sample_spec format = {PA_SAMPLE_FLOAT32LE, kSampleRate, kChannels};
   Stream = pa_stream_new(Connection->Context(), "Music and messages", &format, nullptr);
   if (!Stream) return false;

@@ -2,6 +2,7 @@
 
 #include "desktop/sound/pulse_connection.h"
 #include "desktop/sound/pulse_microphone.h"
+#include "desktop/sound/pulse_source_watch.h"
 #include "desktop/sound/sound_output.h"
 
 namespace marlex {
@@ -39,7 +40,9 @@ class PulseOutput : public SoundOutput {
 
   std::unique_ptr<PulseConnection> Connection;
   const PulseCard Card;
-  std::unique_ptr<PulseMicrophone> Input;  // null when the card has none
+  std::unique_ptr<PulseMicrophone> Input;        // null when the card has none
+  std::unique_ptr<PulseSourceWatch> InputWatch;  // likewise
+  std::atomic<bool>& InputIsGone;
   pa_stream* Stream = nullptr;
   OutputSource* Source = nullptr;  // null before `Start`: silence
   SleepTimer Silence;

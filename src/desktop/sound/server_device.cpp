@@ -48,6 +48,7 @@ SoundDevice FindServerDevice(const MicrophoneLines& lines) {
   device.CardName = card.Description;
   device.HasMicrophone = !card.Source.empty();
   device.Address = [found] { return CardAddress{found->Get().Sink, "", ""}; };
+  device.IsPretended = [found] { return found->Get().Dummy; };
   device.Output = PulseOutput::Open(std::move(connection), card, lines, false);
   device.Reopen = [found, lines] { return OpenAgain(*found, lines); };
   return device;

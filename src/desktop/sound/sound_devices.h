@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string>
@@ -10,10 +11,11 @@
 
 namespace marlex {
 
-/// The lines that the microphone's sound passes.
+/// The lines that the microphone's sound passes, and what its adapter reports.
 struct MicrophoneLines {
   SoundLine& Microphone;
   SoundLine& Master;
+  std::atomic<bool>& IsGone;  // as far as is known
 };
 
 /// The device that an engine uses from its start to its end.
@@ -24,6 +26,8 @@ struct SoundDevice {
   // The same card and no other; null while it is gone.
   std::function<std::unique_ptr<SoundOutput>()> Reopen;
   std::function<CardAddress()> Address;  // may be called on any thread
+  // Whether the server has no card and pretends to have one; likewise.
+  std::function<bool()> IsPretended = [] { return false; };
 };
 
 /// Finds the default card of the session's sound server.

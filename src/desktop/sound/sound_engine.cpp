@@ -1,6 +1,7 @@
 #include "desktop/sound/sound_engine.h"
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <map>
 #include <thread>
@@ -54,6 +55,8 @@ class SoundEngine::Body : public OutputSource {
   bool HasMicrophone = false;
   std::string CardName;
   std::function<CardAddress()> Address;
+  std::function<bool()> IsPretended;
+  std::atomic<bool> MicrophoneGone{false};
   std::unique_ptr<EndReports> Reports;
   std::unique_ptr<OutputKeeper> Keeper;
 
@@ -68,7 +71,7 @@ class SoundEngine::Body : public OutputSource {
 };
 
 SoundDevice SoundEngine::Body::FindDevice(const SoundOptions& options) {
-  const MicrophoneLines lines = {Microphone, Master};
+  const MicrophoneLines lines = {Microphone, Master, MicrophoneGone};
   SoundDevice device;
   if (options.UseServer) device = FindServerDevice(lines);
   if (!device.Output && options.UseCard) device = FindCardDevice(options.CardDevice, lines);
@@ -84,6 +87,7 @@ void SoundEngine::Body::Open(const SoundOptions& options, const std::shared_ptr<
   HasMicrophone = HasOutput && device.HasMicrophone;
   CardName = device.CardName;
   Address = device.Address;
+  IsPretended = device.IsPretended;
   Keeper = std::make_unique<OutputKeeper>(*this);
   Keeper->Start(std::move(device.Output), std::move(device.Reopen));
   for (SoundLine* line : {&Master, &Wave, &Microphone}) line->OnChange = [this] { Wake(); };
@@ -151,6 +155,15 @@ bool SoundEngine::HasMicrophone() const { return Inside->HasMicrophone; }
 std::string SoundEngine::CardName() const { return Inside->CardName; }
 std::function<CardAddress()> SoundEngine::Address() const { return Inside->Address; }
 bool SoundEngine::OutputAlive() const { return Inside->Keeper && Inside->Keeper->DeviceAlive(); }
+
+SoundOutlet SoundEngine::Outlet() const {
+  if (!OutputAlive()) return SoundOutlet::Gone;
+  return Inside->IsPretended() ? SoundOutlet::Pretended : SoundOutlet::Device;
+}
+
+bool SoundEngine::MicrophoneIsGone() const {
+  return HasMicrophone() && OutputAlive() && Inside->MicrophoneGone;
+}
 
 void SoundEngine::Render(float* stereo, int frames) {
   Inside->Mixer.AwaitDecoding(frames);

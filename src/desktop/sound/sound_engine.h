@@ -8,6 +8,7 @@
 #include "desktop/sound/sound_line.h"
 #include "desktop/sound/sound_stream.h"
 #include "platform/event_loop.h"
+#include "platform/sound_health.h"
 
 namespace marlex {
 
@@ -24,10 +25,10 @@ struct SoundOptions {
 /// constructor, the lines and the players from the system's thread only. The engine only ever uses
 /// one device, the one found at start. While that is gone, a timer keeps time and the engine tries
 /// to reopen it once a second.
-class SoundEngine {
+class SoundEngine : public SoundHealth {
  public:
   explicit SoundEngine(EventLoop& loop, const SoundOptions& options = {});
-  ~SoundEngine();
+  ~SoundEngine() override;
   SoundEngine(const SoundEngine&) = delete;
   SoundEngine& operator=(const SoundEngine&) = delete;
 
@@ -52,6 +53,11 @@ class SoundEngine {
 
   /// The device is there and takes samples; false while a timer keeps time.
   bool OutputAlive() const;
+
+  SoundOutlet Outlet() const override;
+  /// False as well while the output is gone. A sound server reports a microphone that goes at once;
+  /// of a card without a server it is noticed by the next call.
+  bool MicrophoneIsGone() const override;
 
   /// Mixes the next `frames` frames (at most 4096) into `stereo` (left, right, left, ...), where an
   /// amplitude of 1.0 is full scale. Only for the owner of an offline engine, whose time advances

@@ -6,6 +6,7 @@
 
 #include "desktop/files/slow_drive.h"
 #include "desktop/sound/offline_desk.h"
+#include "desktop/sound/sound_file_check.h"
 #include "simulation/simulated_pc.h"
 
 namespace marlex {
@@ -16,6 +17,7 @@ class SimulatedPlayerBench : public PlayerBench {
  public:
   WavePlayer& Wave() override { return Pc.Wav; }
   SongPlayer& Song() override { return Pc.Song; }
+  MediaCheck& Check() override { return Pc.Media; }
 
   void Advance(int ms) override { Pc.Loop.RunFor(ms); }
 
@@ -50,6 +52,7 @@ class RealPlayerBench : public PlayerBench {
  public:
   WavePlayer& Wave() override { return Desk.Wave; }
   SongPlayer& Song() override { return Desk.Song; }
+  MediaCheck& Check() override { return RealCheck; }
 
   void Advance(int ms) override { Desk.Render(ms * kFramesPerSecond / 1000); }
 
@@ -76,6 +79,7 @@ class RealPlayerBench : public PlayerBench {
   static constexpr int kFramesPerSecond = 44100;
 
   OfflineDesk Desk;
+  SoundFileCheck RealCheck;
   std::optional<test::SlowDrive> Drive;
 };
 

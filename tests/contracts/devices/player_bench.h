@@ -4,6 +4,7 @@
 #include <string>
 
 #include "contracts/both_pcs.h"
+#include "platform/media_check.h"
 #include "platform/song_player.h"
 #include "platform/wave_player.h"
 
@@ -16,6 +17,9 @@ class PlayerBench {
 
   virtual WavePlayer& Wave() = 0;
   virtual SongPlayer& Song() = 0;
+
+  /// Looks at the same files, in real time on the real PC.
+  virtual MediaCheck& Check() = 0;
 
   /// Lets so much time pass, and delivers the events of it; with 0, those that are due.
   virtual void Advance(int ms) = 0;

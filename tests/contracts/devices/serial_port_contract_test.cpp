@@ -236,5 +236,19 @@ TEST_P(SerialPortContract, ThePortMayBeClosedAndOpenedInItsOwnEvent) {
   EXPECT_TRUE(Bench->Await([&] { return Heard == "12"; }));
 }
 
+TEST_P(SerialPortContract, APortSaysWhetherItsDeviceIsThere) {
+  EXPECT_FALSE(Port.Connected());
+  PlugAndOpen();
+  EXPECT_TRUE(Port.Connected());
+  Bench->Unplug();
+  EXPECT_TRUE(Bench->Await([&] { return !Port.Connected(); }));
+  EXPECT_TRUE(Port.PortOpen());
+  Bench->Plug(1);
+  Bench->LetPass(kLookMs);
+  EXPECT_TRUE(Port.Connected());
+  Port.SetPortOpen(false);
+  EXPECT_FALSE(Port.Connected());
+}
+
 }  // namespace
 }  // namespace marlex

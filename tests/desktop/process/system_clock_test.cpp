@@ -1,6 +1,7 @@
 #include "desktop/process/system_clock.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -90,6 +91,17 @@ TEST(SystemClock, ShowsTheTimeOfNow) {
     EXPECT_EQ(Text(now), Text(LocalTimeAt(before)));
     break;
   }
+}
+
+TEST(SystemClock, IsAsFarAheadInAnyZoneAndAtAnyTime) {
+  constexpr std::int64_t kDriftMs = 100;
+  const SystemClock clock;
+  const ZoneOfTheProcess zone("UTC0");
+  const std::int64_t ahead = clock.AheadMs();
+  EXPECT_GT(ahead, 0);
+  ZoneOfTheProcess::Change("IST-5:30");
+  ::usleep(300'000);
+  EXPECT_LT(std::abs(clock.AheadMs() - ahead), kDriftMs);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <vector>
 
@@ -70,7 +71,8 @@ class VirtualCard {
   const double Speed;
   SoundLine Line;
   SoundLine Master;
-  MicrophonePath Path{{Line, Master}};
+  std::atomic<bool> IsGone{false};
+  MicrophonePath Path{{Line, Master, IsGone}};
   MicrophoneQueue Queue;
   double NowMs = 0;
   double Queued = 0;

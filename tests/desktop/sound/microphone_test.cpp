@@ -2,6 +2,7 @@
 #include <math.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <numbers>
 #include <sstream>
@@ -54,7 +55,8 @@ TEST(Microphone, ShorteningAndLengtheningDoNotClick) {
 std::pair<int, int> Drift(double speed, int seconds) {
   SoundLine line;
   SoundLine master;
-  MicrophonePath path({line, master});
+  std::atomic<bool> isGone{false};
+  MicrophonePath path({line, master, isGone});
   path.Begin();
   double queued = FramesIn(10);
   int fewest = 1 << 20, most = 0;
@@ -81,7 +83,8 @@ TEST(Microphone, DelayStaysInItsWindowHoweverTheClocksDrift) {
 TEST(Microphone, ADelayThatIsFarTooLongIsPutRightAtOnce) {
   SoundLine line;
   SoundLine master;
-  MicrophonePath path({line, master});
+  std::atomic<bool> isGone{false};
+  MicrophonePath path({line, master, isGone});
   path.Begin();
   std::vector<float> sound = Tone(441 + MicrophonePath::kMostAdded);
   EXPECT_EQ(path.Pass(sound.data(), 441, FramesIn(50)), 0);
@@ -90,7 +93,8 @@ TEST(Microphone, ADelayThatIsFarTooLongIsPutRightAtOnce) {
 TEST(Microphone, ADelayThatIsTooLongIsCorrectedWithinHalfASecond) {
   SoundLine line;
   SoundLine master;
-  MicrophonePath path({line, master});
+  std::atomic<bool> isGone{false};
+  MicrophonePath path({line, master, isGone});
   path.Begin();
   const int piece = FramesIn(3);
   int queued = FramesIn(25);
@@ -105,7 +109,8 @@ TEST(Microphone, ADelayThatIsTooLongIsCorrectedWithinHalfASecond) {
 TEST(Microphone, MutedLineFadesOutAndThenSaysSo) {
   SoundLine line;
   SoundLine master;
-  MicrophonePath path({line, master});
+  std::atomic<bool> isGone{false};
+  MicrophonePath path({line, master, isGone});
   path.Begin();
   std::vector<float> sound = Tone(441 + MicrophonePath::kMostAdded);
   path.Pass(sound.data(), 441, FramesIn(4));
@@ -352,6 +357,19 @@ TEST(Microphone, OpensAndClosesHundredsOfTimes) {
   EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() == 0; }));
   booth.Engine.Microphone().SetMute(false);
   EXPECT_TRUE(booth.Loop.Within(5s, [&] { return recording.Latest() > 0.45; }));
+}
+
+TEST(Microphone, IsReportedGoneWhileClosedUntilItIsBack) {
+  const PrivateServer server;
+  TestLoop loop;
+  const SoundEngine engine(loop, {.UseCard = false});
+  ASSERT_TRUE(engine.HasMicrophone());
+  EXPECT_FALSE(loop.Within(500ms, [&] { return engine.MicrophoneIsGone(); }));
+  server.Control("unload-module module-remap-source");
+  EXPECT_TRUE(loop.Within(5s, [&] { return engine.MicrophoneIsGone(); }));
+  EXPECT_EQ(engine.Outlet(), SoundOutlet::Device);
+  server.Control("load-module module-remap-source source_name=microphone master=mouth.monitor");
+  EXPECT_TRUE(loop.Within(5s, [&] { return !engine.MicrophoneIsGone(); }));
 }
 
 }  // namespace

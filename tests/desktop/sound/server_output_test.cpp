@@ -314,6 +314,24 @@ TEST_F(CardsToCome, AreWaitedForWhileTheServerPretendsOne) {
   EXPECT_TRUE(Engine->HasMicrophone());
 }
 
+TEST_F(CardsToCome, AreMissedWhileTheServerPretendsOne) {
+  Server.Control("load-module module-always-sink");
+  Engine = std::make_unique<SoundEngine>(Loop, SoundOptions{.UseCard = false});
+  EXPECT_EQ(Engine->Outlet(), SoundOutlet::Pretended);
+  Server.AddOutput("desk");
+  EXPECT_TRUE(Loop.Within(5s, [this] { return Engine->Outlet() == SoundOutlet::Device; }));
+}
+
+TEST(ServerOutput, ReportsADeviceThatHasGoneUntilItIsBack) {
+  ServerDesk desk;
+  EXPECT_EQ(desk.Engine.Outlet(), SoundOutlet::Device);
+  desk.Server.RemoveOutput("desk");
+  EXPECT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.Outlet() == SoundOutlet::Gone; }));
+  EXPECT_FALSE(desk.Engine.MicrophoneIsGone());
+  desk.Server.AddOutput("desk");
+  EXPECT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.Outlet() == SoundOutlet::Device; }));
+}
+
 TEST(ServerOutput, WithoutAServerTimePassesAllTheSame) {
   setenv("PULSE_SERVER", "unix:/nonexistent", 1);
   TestLoop loop;

@@ -1,0 +1,62 @@
+#include "core/plan_media.h"
+
+#include <algorithm>
+#include <set>
+
+#include "schedule/schedule_columns.h"
+#include "state/media_names.h"
+#include "text/paths.h"
+#include "text/split.h"
+
+namespace marlex {
+namespace {
+
+void Note(std::vector<BadMedium>& bad, const std::string& path, MediaState state) {
+  if (state == MediaState::Missing || state == MediaState::Unplayable)
+    bad.push_back({FileNameOf(path), state == MediaState::Missing});
+}
+
+}  // namespace
+
+std::vector<BadMedium> PlanMedia::Look() {
+  std::vector<BadMedium> bad;
+  CheckMessages(bad);
+  if (SongsAreNeeded()) CheckSongs(bad);
+  return bad;
+}
+
+/// The messages of a row that waits for the music break are in the list of the player.
+void PlanMedia::CheckMessages(std::vector<BadMedium>& bad) {
+  std::set<std::string> asked;
+  const auto check = [&](const std::string& path) {
+    if (asked.insert(path).second) Note(bad, path, Media.Message(path));
+  };
+  const ListBox& waiting = TheFrmPlayers.lstMsgSequence;
+  for (int entry = 0; TheFlags.MessageAwaitingSongEnd && entry < waiting.ListCount(); ++entry)
+    check(TheSettings.MessageDirectory + waiting.List(entry));
+  const Grid& table = TheFrmMain.grdSchedule;
+  for (const int row : TheDay.RowsToCome()) {
+    for (const std::string& name : SplitCuttingLast(table.TextMatrix(row, kMessagesColumn), ','))
+      check(MessagePath(TheSettings, name));
+  }
+}
+
+void PlanMedia::CheckSongs(std::vector<BadMedium>& bad) {
+  std::set<std::string> asked;
+  const ListBox& list = TheFrmMain.lstPlaylist;
+  const int first = std::max(0, list.ListIndex());
+  const int count = std::min(list.ListCount(), kSongsAhead);
+  for (int ahead = 0; ahead < count; ++ahead) {
+    const std::string path = SongPath(TheSettings, list.List((first + ahead) % list.ListCount()));
+    if (asked.insert(path).second) Note(bad, path, Media.Song(path));
+  }
+}
+
+/// Whether music is on, or the clock will start it today.
+bool PlanMedia::SongsAreNeeded() {
+  if (!TheFlags.MessagePlaying)
+    MusicIsOn = TheFrmPlayers.MP3Player.PlayState() != kStopped && !ThePreviews.HoldSongPlayer;
+  return MusicIsOn || (!TheFlags.MusicStoppedByUser && TheDay.MusicIsToCome());
+}
+
+}  // namespace marlex

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace marlex {
+
+/// Whether a file could be played now. `Unknown` until it has been inspected for the first time.
+enum class MediaState { Unknown, Good, Missing, Unplayable };
+
+/// Inspects songs and messages without playing them. Calls are on the system's thread and return
+/// what is known at once: a file is inspected in the background when it is asked for, and again
+/// when it is asked for three seconds later or more. A file whose drive does not answer counts as
+/// unplayable. A file is found as by `Directories`.
+class MediaCheck {
+ public:
+  virtual ~MediaCheck() = default;
+
+  virtual MediaState Song(const std::string& path) = 0;
+  virtual MediaState Message(const std::string& path) = 0;
+};
+
+}  // namespace marlex

@@ -1,0 +1,21 @@
+#pragma once
+
+namespace marlex {
+
+/// Where sound goes: to the device; nowhere, because the device has gone; or to a device that a
+/// sound server without a sound card pretends to have, which nobody hears.
+enum class SoundOutlet { Device, Gone, Pretended };
+
+/// What has become of the sound devices that were there at the start. Calls are on the system's
+/// thread, return at once, and say what was the case at most two seconds ago.
+class SoundHealth {
+ public:
+  virtual ~SoundHealth() = default;
+
+  virtual SoundOutlet Outlet() const = 0;
+
+  /// Whether the microphone has gone. False where there was none at the start.
+  virtual bool MicrophoneIsGone() const = 0;
+};
+
+}  // namespace marlex

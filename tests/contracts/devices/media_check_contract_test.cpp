@@ -1,0 +1,67 @@
+// What every implementation of `MediaCheck` promises.
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+#include "contracts/devices/player_bench.h"
+
+namespace marlex {
+namespace {
+
+using namespace std::chrono_literals;
+
+class MediaCheckContract : public testing::TestWithParam<PcKind> {
+ protected:
+  /// Asks again and again, as the system does, for as long as the port may take.
+  bool Becomes(const std::string& path, MediaState state) {
+    const auto due = std::chrono::steady_clock::now() + 8s;
+    while (Of(path) != state) {
+      if (std::chrono::steady_clock::now() > due) return false;
+      std::this_thread::sleep_for(50ms);
+    }
+    return true;
+  }
+  MediaState Of(const std::string& path) {
+    return path.ends_with(".mp3") ? Bench->Check().Song(path) : Bench->Check().Message(path);
+  }
+
+  const std::unique_ptr<PlayerBench> Bench = MakePlayerBench(GetParam());
+};
+
+INSTANTIATE_TEST_SUITE_P(Pc, MediaCheckContract, kBothPcs, NameOf);
+
+TEST_P(MediaCheckContract, ASoundOfItsKindIsGood) {
+  EXPECT_TRUE(Becomes(Bench->Wav("gong.wav", 500), MediaState::Good));
+  EXPECT_TRUE(Becomes(Bench->Mp3("march.mp3", 500), MediaState::Good));
+}
+
+TEST_P(MediaCheckContract, WhatIsNotThereIsMissing) {
+  EXPECT_TRUE(Becomes(Bench->Path("gong.wav"), MediaState::Missing));
+  EXPECT_TRUE(Becomes(Bench->Path("nowhere/march.mp3"), MediaState::Missing));
+}
+
+TEST_P(MediaCheckContract, WhatIsNoSoundIsUnplayable) {
+  EXPECT_TRUE(Becomes(Bench->Noise("gong.wav"), MediaState::Unplayable));
+  EXPECT_TRUE(Becomes(Bench->Noise("march.mp3"), MediaState::Unplayable));
+}
+
+TEST_P(MediaCheckContract, AFileIsInspectedAgainWhenItIsAskedForLater) {
+  const std::string gong = Bench->Wav("gong.wav", 500);
+  ASSERT_TRUE(Becomes(gong, MediaState::Good));
+  Bench->Remove(gong);
+  EXPECT_TRUE(Becomes(gong, MediaState::Missing));
+  Bench->Noise("gong.wav");
+  EXPECT_TRUE(Becomes(gong, MediaState::Unplayable));
+  Bench->Wav("gong.wav", 500);
+  EXPECT_TRUE(Becomes(gong, MediaState::Good));
+}
+
+TEST_P(MediaCheckContract, ANameInOtherLettersFindsTheFile) {
+  Bench->Wav("Gong.wav", 500);
+  EXPECT_TRUE(Becomes(Bench->Path("gong.WAV"), MediaState::Good));
+}
+
+}  // namespace
+}  // namespace marlex

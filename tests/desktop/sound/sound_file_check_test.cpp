@@ -1,0 +1,56 @@
+#include "desktop/sound/sound_file_check.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
+#include "desktop/files/slow_drive.h"
+#include "desktop/sound/media_files.h"
+
+namespace marlex {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+bool Becomes(SoundFileCheck& check, const std::string& wav, MediaState state) {
+  const Clock::time_point due = Clock::now() + 8s;
+  while (check.Message(wav) != state) {
+    if (Clock::now() > due) return false;
+    std::this_thread::sleep_for(50ms);
+  }
+  return true;
+}
+
+TEST(SoundFileCheck, AFolderThatIsNamedLikeAMessageIsUnplayable) {
+  const MediaFiles files;
+  std::filesystem::create_directory(files.Path("gong.wav"));
+  SoundFileCheck check;
+  EXPECT_TRUE(Becomes(check, files.Path("gong.wav"), MediaState::Unplayable));
+}
+
+TEST(SoundFileCheck, ASongUnderTheNameOfAMessageIsUnplayable) {
+  MediaFiles files;
+  std::filesystem::rename(files.Mp3("song.mp3", 1), files.Path("gong.wav"));
+  SoundFileCheck check;
+  EXPECT_TRUE(Becomes(check, files.Path("gong.wav"), MediaState::Unplayable));
+}
+
+TEST(SoundFileCheck, ADriveThatDoesNotAnswerKeepsNobodyWaiting) {
+  MediaFiles files;
+  const std::string gong = files.Wav("gong.wav", 1);
+  SoundFileCheck check;
+  {
+    const test::SlowDrive drive(files.Path(""));
+    const Clock::time_point asked = Clock::now();
+    EXPECT_EQ(check.Message(gong), MediaState::Unknown);
+    EXPECT_LT(Clock::now() - asked, 100ms);
+    EXPECT_TRUE(Becomes(check, gong, MediaState::Unplayable));
+  }
+  EXPECT_TRUE(Becomes(check, gong, MediaState::Good));
+}
+
+}  // namespace
+}  // namespace marlex
