@@ -186,6 +186,27 @@ QWidget& InAMessageOfAFullDay(ShownDesk& desk) {
   return Resized(desk, InAMessage(desk), kUsualWindow);
 }
 
+/// A serial line and a message that were missing before, and then the sound device.
+QWidget& WithFaults(ShownDesk& desk) {
+  desk.Pc.Serial.Unplug();
+  desk.Pc.Disk.Vanish("/messages/closing_time.wav");
+  Open(desk);
+  desk.Pc.Sound.OutletNow = SoundOutlet::Gone;
+  desk.Advance(3000);
+  return MainOf(desk);
+}
+
+QWidget& WithFaultsInAUsualWindow(ShownDesk& desk) {
+  return Resized(desk, WithFaults(desk), kUsualWindow);
+}
+
+/// One whose file has a name that is too long for the line.
+QWidget& WithALongFault(ShownDesk& desk) {
+  desk.Pc.Disk.Vanish("/messages");
+  Open(desk);
+  return MainOf(desk);
+}
+
 QWidget& WithAllDays(ShownDesk& desk) {
   Open(desk);
   desk.Click("mnuAllDays");
@@ -357,6 +378,9 @@ std::vector<Scene> MainScenes() {
          shop.StartTime = shop.StopTime = "";
        }),
        InAUsualWindow, kUsualWindow},
+      {"main_faults", InConflict(Shop()), WithFaults},
+      {"main_faults_usual", router, WithFaultsInAUsualWindow, kUsualWindow},
+      {"main_faults_long", Wordy(), WithALongFault},
       {"main_all_days", router, WithAllDays},
       {"main_plain", Plain(), AtRest},
       {"main_plain_call", Plain(),

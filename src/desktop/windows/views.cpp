@@ -79,6 +79,7 @@ Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& l
   ChimeSelectWindow = Make<QDialog>(Ui::frmChimeSelect(), kDialog);
   PlaylistWindow = Make<QMainWindow>(Ui::frmPlaylist());
   Band = std::make_unique<GlanceBand>(*MainWindow);
+  FaultsLine = std::make_unique<FaultLine>(*MainWindow);
   Ribbon = dynamic_cast<DayRibbonView*>(MainWindow->findChild<QFrame*>("paneDay"));
   Ribbon->WatchWindow();
   MainGrowth = std::make_unique<Growth>(*MainWindow);
@@ -109,6 +110,7 @@ Views::~Views() = default;
 
 void Views::PaintGlance(const Glance& glance) {
   Band->Paint(glance);
+  FaultsLine->Paint(glance.Faults);
   Ribbon->Paint(glance.Day);
   MainLamps->Paint(glance);
   MainGrowth->TakePainted();

@@ -6,6 +6,7 @@
 
 #include "desktop/windows/binder.h"
 #include "desktop/windows/day_ribbon_view.h"
+#include "desktop/windows/fault_line.h"
 #include "desktop/windows/glance_band.h"
 #include "desktop/windows/growth.h"
 #include "desktop/windows/lamps.h"
@@ -20,8 +21,8 @@ namespace marlex {
 /// everything that `look` uses must outlive it.
 class Views {
  public:
-  /// `look` returns what the band, the ribbon and the lamps of the main window show; without it
-  /// they show that nothing is on the air.
+  /// `look` returns what the band, the line of faults, the ribbon and the lamps of the main window
+  /// show; without it they show that nothing is on the air.
   Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look = nullptr);
   ~Views();
 
@@ -52,6 +53,7 @@ class Views {
   std::unique_ptr<QWidget> ChimeSelectWindow;
   std::unique_ptr<QWidget> PlaylistWindow;
   std::unique_ptr<GlanceBand> Band;
+  std::unique_ptr<FaultLine> FaultsLine;
   DayRibbonView* Ribbon = nullptr;  // of the main window
   std::unique_ptr<Lamps> MainLamps;
   std::unique_ptr<Growth> MainGrowth;
