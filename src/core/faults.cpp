@@ -9,7 +9,7 @@ namespace marlex {
 namespace {
 
 constexpr int kLookMs = 1000;
-constexpr int kLooksPerMediaLook = 4;  // drives have other work
+constexpr int kLooksPerMediaLook = 3;  // drives have other work
 
 bool Has(const std::vector<Fault>& faults, const Fault& fault) {
   return std::ranges::find(faults, fault) != faults.end();

@@ -9,7 +9,7 @@ enum class MediaState { Unknown, Good, Missing, Unplayable };
 
 /// Inspects songs and messages without playing them. Calls are on the system's thread and return
 /// what is known at once: a file is inspected in the background when it is asked for, and again
-/// when it is asked for three seconds later or more. A file whose drive does not answer counts as
+/// when it is asked for two seconds later or more. A file whose drive does not answer counts as
 /// unplayable. A file is found as by `Directories`.
 class MediaCheck {
  public:

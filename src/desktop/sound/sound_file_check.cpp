@@ -21,7 +21,7 @@
 namespace marlex {
 namespace {
 
-constexpr std::int64_t kAgainUs = 3 * kUsPerSecond;    // between two inspections of a file
+constexpr std::int64_t kAgainUs = 2 * kUsPerSecond;    // between two inspections of a file
 constexpr std::int64_t kDeadUs = 5 * kUsPerSecond;     // without an answer of its drive
 constexpr std::int64_t kForgetUs = 60 * kUsPerSecond;  // after the last question
 constexpr std::int64_t kFarewellUs = kUsPerSecond;     // the destructor waits for the thread
