@@ -50,7 +50,7 @@ Faults::Faults(EventLoop& loop, SoundHealth& sound, const SerialPort& port,
       Store(store),
       Tick(tick),
       Clock(std::move(clock)),
-      Media(std::move(media)),
+      Media(media),
       Strings(strings),
       Timer(loop.StartTimer(kLookMs, [this] { Look(); })) {}
 

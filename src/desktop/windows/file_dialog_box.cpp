@@ -1,5 +1,6 @@
 #include "desktop/windows/file_dialog_box.h"
 
+#include <QAbstractFileIconProvider>
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialogButtonBox>

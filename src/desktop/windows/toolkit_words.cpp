@@ -36,13 +36,13 @@ QString ToolkitWords::translate(const char* context, const char* source, const c
   return Words.translate(context, source, disambiguation, n);
 }
 
-/// Reads the words when another language is chosen.
+/// Reads the words when another language is chosen. Without a file for it there are none.
 void ToolkitWords::Follow() const {
   const std::string locale = Locale();
   if (locale == WordsIn) return;
   WordsIn = locale;
   const QLocale language(QString::fromStdString(locale));
-  if (!Words.load(language, "qtbase", "_", Folder)) static_cast<void>(Words.load("", Folder));
+  static_cast<void>(Words.load(language, "qtbase", "_", Folder));
 }
 
 }  // namespace marlex
