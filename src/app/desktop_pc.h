@@ -7,6 +7,7 @@
 #include "desktop/mixer/engine_mixer.h"
 #include "desktop/process/posix_process.h"
 #include "desktop/process/qt_event_loop.h"
+#include "desktop/process/syslog.h"
 #include "desktop/process/system_clock.h"
 #include "desktop/serial/tty_serial_port.h"
 #include "desktop/sound/engine_song_player.h"
@@ -25,6 +26,7 @@ struct DesktopPc {
   DiskProfileFiles Profiles;
   DiskDirectories Files;
   PosixProcess TheProcess;
+  Syslog Log;
   TtySerialPort TolvoPort{Loop, {.ProgramDirectory = TheProcess.ApplicationDirectory()}};
   SoundEngine Sound{Loop};
   EngineWavePlayer WavPlayer{Sound, Loop};
@@ -47,7 +49,8 @@ struct DesktopPc {
             .Media = Media,
             .Mixer = *Mixer,
             .Boxes = Boxes,
-            .TheProcess = TheProcess};
+            .TheProcess = TheProcess,
+            .Log = Log};
   }
 };
 

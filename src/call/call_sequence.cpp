@@ -9,7 +9,7 @@ namespace marlex {
 CallSequence::CallSequence(Flags& flags, const Settings& settings, EventLoop& loop,
                            FrmMain& frmMain, FrmPlayers& frmPlayers, SoundLines& lines,
                            ZoneRouting& routing, Fades& fades, MusicPlayer& music,
-                           Previews& previews, const StringTable& strings)
+                           Previews& previews, Record& record, const StringTable& strings)
     : TheFlags(flags),
       TheSettings(settings),
       Loop(loop),
@@ -20,6 +20,7 @@ CallSequence::CallSequence(Flags& flags, const Settings& settings, EventLoop& lo
       TheFades(fades),
       Music(music),
       ThePreviews(previews),
+      TheRecord(record),
       Strings(strings) {
   for (CommandButton* button : {&frmMain.cmdCall, &frmMain.cmdCall2}) {
     button->OnMouseDown = [this](MouseButton mouseButton) {
@@ -33,7 +34,8 @@ CallSequence::CallSequence(Flags& flags, const Settings& settings, EventLoop& lo
 }
 
 void CallSequence::StartCall() {
-  if (TheFlags.CallActive || TheFlags.PriorityPreempted || !TheFlags.PriorityClear) return;
+  if (TheFlags.CallActive) return;
+  if (TheFlags.PriorityPreempted || !TheFlags.PriorityClear) return TheRecord.CallIsRefused();
   const int call = BeginCall();
   CutMessagesOff();
   if (GoesOn(call)) FadeMusic();
@@ -68,6 +70,7 @@ void CallSequence::EndCall() {
   Lines.OpenWave();
   DarkenLamps();  // a press held up in its fade may have left them flashing
   TheFlags.CallActive = false;
+  TheRecord.CallEnds();
   TheFrmPlayers.ResumeSchedule();
   TheFrmMain.EnableTransport(true);
 }
@@ -83,6 +86,7 @@ int CallSequence::BeginCall() {
   if (TheCall.ReleasedInChime) TheFlags.CallEndedDuringChime = false;
   TheCall = {.Number = TheCall.Number + 1};
   TheFlags.CallActive = true;
+  TheRecord.CallBegins(ZonesOfRouting(TheSettings.CallRouting));
   return TheCall.Number;
 }
 
@@ -91,6 +95,7 @@ int CallSequence::BeginCall() {
 void CallSequence::CutMessagesOff() {
   TheFrmPlayers.WavPlayer.Command("Close");
   TheFrmPlayers.lstMsgSequence.Clear();
+  TheRecord.RowIsDropped(LossReason::Call);
   TheFrmPlayers.HoldSchedule();
   ThePreviews.End();
   Loop.Pump();
@@ -141,6 +146,7 @@ void CallSequence::OpenMicrophone() {
   SetCaptions(kStrSpeak);
   Lines.MuteWave();
   Lines.OpenMicrophone();
+  TheRecord.MicrophoneOpens();
 }
 
 /// Ends a call that was released before the microphone opened. Clears the flags that the release
@@ -152,9 +158,11 @@ void CallSequence::TakeRelease(int call) {
     TheFlags.CallEndedDuringFade = false;
     TheFrmPlayers.ResumeSchedule();
     TheFlags.CallActive = false;
+    TheRecord.CallEnds();
   } else if (!TheSettings.PreChime.empty()) {
     TheFlags.CallEndedDuringChime = false;
     TheFlags.CallActive = false;
+    TheRecord.CallEnds();
     SetCaptions(kStrCall);
   }
 }

@@ -10,6 +10,7 @@
 #include "platform/event_loop.h"
 #include "state/flags.h"
 #include "state/previews.h"
+#include "state/record.h"
 #include "state/settings.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -37,7 +38,7 @@ class CallSequence {
  public:
   CallSequence(Flags& flags, const Settings& settings, EventLoop& loop, FrmMain& frmMain,
                FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing, Fades& fades,
-               MusicPlayer& music, Previews& previews, const StringTable& strings);
+               MusicPlayer& music, Previews& previews, Record& record, const StringTable& strings);
 
   /// Handles the press of a call button. No effect during a call, or while the amplifier reports a
   /// call that takes precedence.
@@ -96,6 +97,7 @@ class CallSequence {
   Fades& TheFades;
   MusicPlayer& Music;
   Previews& ThePreviews;
+  Record& TheRecord;
   const StringTable& Strings;
 };
 

@@ -39,11 +39,21 @@ StringId TextIdOf(FaultKind kind) {
   return kStrScheduleStopped;
 }
 
+std::string TextOf(const Fault& fault, std::string kind) {
+  if (fault.Detail.empty()) return kind;
+  if (!kind.ends_with(' ')) kind += ' ';
+  return kind + fault.Detail;
+}
+
+std::string EnglishTextOf(const Fault& fault) {
+  return TextOf(fault, StringTable::LoadEnglish(TextIdOf(fault.Kind)));
+}
+
 }  // namespace
 
 Faults::Faults(EventLoop& loop, SoundHealth& sound, const SerialPort& port,
                const SettingsStore& store, const ScheduleTick& tick, ClockWatch clock,
-               PlanMedia media, const StringTable& strings)
+               PlanMedia media, Record& record, const StringTable& strings)
     : Loop(loop),
       Sound(sound),
       Port(port),
@@ -51,6 +61,7 @@ Faults::Faults(EventLoop& loop, SoundHealth& sound, const SerialPort& port,
       Tick(tick),
       Clock(std::move(clock)),
       Media(media),
+      TheRecord(record),
       Strings(strings),
       Timer(loop.StartTimer(kLookMs, [this] { Look(); })) {}
 
@@ -58,8 +69,9 @@ Faults::~Faults() { Loop.StopTimer(Timer); }
 
 std::vector<std::string> Faults::Texts() const {
   std::vector<std::string> texts;
-  std::ranges::transform(Known, std::back_inserter(texts),
-                         [this](const Fault& fault) { return TextOf(fault); });
+  std::ranges::transform(Known, std::back_inserter(texts), [this](const Fault& fault) {
+    return TextOf(fault, Strings.LoadString(TextIdOf(fault.Kind)));
+  });
   return texts;
 }
 
@@ -70,10 +82,16 @@ void Faults::Look() {
     BadMedia = Media.Look();
   }
   const std::vector<Fault> present = Present();
-  std::erase_if(Known, [&](const Fault& fault) { return !Has(present, fault); });
+  std::erase_if(Known, [&](const Fault& fault) {
+    const bool isMended = !Has(present, fault);
+    if (isMended) TheRecord.FaultGoes(EnglishTextOf(fault));
+    return isMended;
+  });
   std::vector<Fault> newest;
   for (const Fault& fault : present) {
-    if (!Has(Known, fault)) newest.push_back(fault);
+    if (Has(Known, fault)) continue;
+    newest.push_back(fault);
+    TheRecord.FaultComes(EnglishTextOf(fault));
   }
   Known.insert(Known.begin(), newest.begin(), newest.end());
 }
@@ -100,13 +118,6 @@ void Faults::AddSound(std::vector<Fault>& present) const {
   if (outlet == SoundOutlet::Gone) present.push_back({FaultKind::NoSound, ""});
   if (outlet == SoundOutlet::Pretended) present.push_back({FaultKind::PretendedSound, ""});
   if (Sound.MicrophoneIsGone()) present.push_back({FaultKind::NoMicrophone, ""});
-}
-
-std::string Faults::TextOf(const Fault& fault) const {
-  std::string text = Strings.LoadString(TextIdOf(fault.Kind));
-  if (fault.Detail.empty()) return text;
-  if (!text.ends_with(' ')) text += ' ';
-  return text + fault.Detail;
 }
 
 }  // namespace marlex

@@ -10,6 +10,7 @@
 #include "platform/serial_port.h"
 #include "platform/sound_health.h"
 #include "schedule/schedule_tick.h"
+#include "state/record.h"
 #include "state/settings_store.h"
 
 namespace marlex {
@@ -35,12 +36,13 @@ struct Fault {
 };
 
 /// Looks once a second for what is wrong, so that somebody may mend it before an announcement is
-/// missed: goes by the state and by what the ports report, reports to nobody, writes nothing, and
-/// has no influence on anything else.
+/// missed: goes by the state and by what the ports report, writes only to the record, and has no
+/// influence on anything else.
 class Faults {
  public:
   Faults(EventLoop& loop, SoundHealth& sound, const SerialPort& port, const SettingsStore& store,
-         const ScheduleTick& tick, ClockWatch clock, PlanMedia media, const StringTable& strings);
+         const ScheduleTick& tick, ClockWatch clock, PlanMedia media, Record& record,
+         const StringTable& strings);
   ~Faults();
   Faults(const Faults&) = delete;
   Faults& operator=(const Faults&) = delete;
@@ -52,7 +54,6 @@ class Faults {
   void Look();
   std::vector<Fault> Present() const;
   void AddSound(std::vector<Fault>& present) const;
-  std::string TextOf(const Fault& fault) const;
 
   EventLoop& Loop;
   SoundHealth& Sound;
@@ -61,6 +62,7 @@ class Faults {
   const ScheduleTick& Tick;
   ClockWatch Clock;
   PlanMedia Media;
+  Record& TheRecord;
   const StringTable& Strings;
   int LooksUntilMedia = 0;
   std::vector<BadMedium> BadMedia;  // found last

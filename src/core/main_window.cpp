@@ -8,7 +8,7 @@ namespace marlex {
 MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers,
                        FrmMxr& frmMxr, SoundLines& lines, const StringTable& strings,
                        ScheduleColumns& columns, PlaylistFiles& playlist, OpenSequences& sequences,
-                       ZoneRouting& routing, Notices& notices)
+                       ZoneRouting& routing, Record& record, Notices& notices)
     : ThePc(pc),
       Store(store),
       TheFrmMain(windows.frmMain),
@@ -21,6 +21,7 @@ MainWindow::MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayer
       Playlist(playlist),
       Sequences(sequences),
       Routing(routing),
+      TheRecord(record),
       TheNotices(notices) {
   TheFrmMain.OnLoad = [this] { Load(); };
   TheFrmMain.OnClose = [this] { mnuExit_Click(); };
@@ -162,6 +163,7 @@ void MainWindow::ShowClock() {
 }
 
 void MainWindow::mnuExit_Click() {
+  TheRecord.ProgramExits();
   if (Store.Values.RouterPresent) {
     Routing.Release();
     TheFrmPlayers.TolvoPort.SetPortOpen(false);

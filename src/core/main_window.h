@@ -8,6 +8,7 @@
 #include "platform/pc.h"
 #include "schedule/open_sequences.h"
 #include "schedule/schedule_columns.h"
+#include "state/record.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 
@@ -20,7 +21,7 @@ class MainWindow {
   MainWindow(Pc& pc, SettingsStore& store, Windows& windows, FrmPlayers& frmPlayers, FrmMxr& frmMxr,
              SoundLines& lines, const StringTable& strings, ScheduleColumns& columns,
              PlaylistFiles& playlist, OpenSequences& sequences, ZoneRouting& routing,
-             Notices& notices);
+             Record& record, Notices& notices);
 
   /// Adapts the window after the type of amplifier has changed.
   void RedoLayout();
@@ -60,6 +61,7 @@ class MainWindow {
   PlaylistFiles& Playlist;
   OpenSequences& Sequences;
   ZoneRouting& Routing;
+  Record& TheRecord;
   Notices& TheNotices;
 };
 

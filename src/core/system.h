@@ -28,6 +28,7 @@
 #include "schedule/message_playback.h"
 #include "schedule/message_preview.h"
 #include "schedule/message_wavs.h"
+#include "schedule/missed_minutes.h"
 #include "schedule/open_sequences.h"
 #include "schedule/schedule_columns.h"
 #include "schedule/schedule_table.h"
@@ -38,6 +39,7 @@
 #include "schedule/time_fields.h"
 #include "state/flags.h"
 #include "state/previews.h"
+#include "state/record.h"
 #include "state/settings_store.h"
 #include "windows/windows.h"
 
@@ -49,7 +51,10 @@ class System {
  public:
   explicit System(const Pc& pc);
 
-  void Start() { StartUp_.Start(); }
+  void Start() {
+    TheRecord.ProgramStarts();
+    StartUp_.Start();
+  }
 
  private:
   Pc ThePc;
@@ -57,6 +62,7 @@ class System {
  public:
   Flags TheFlags;
   Previews ThePreviews;
+  Record TheRecord;
   StringTable Strings;
   Notices TheNotices;
   SettingsStore Store;
@@ -81,6 +87,7 @@ class System {
   MessageWavs Wavs;
   MessagePlayback Playback;
   ScheduleTick Tick;
+  MissedMinutes Missed;
   SelectedMessages Selected;
   IntervalPanel Interval;
   TimeFields Times;

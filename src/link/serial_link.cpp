@@ -3,7 +3,8 @@
 namespace marlex {
 SerialLink::SerialLink(Flags& flags, const Settings& settings, FrmMain& frmMain,
                        FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing,
-                       Previews& previews, const StringTable& strings, Notices& notices)
+                       Previews& previews, Record& record, const StringTable& strings,
+                       Notices& notices)
     : TheFlags(flags),
       TheSettings(settings),
       TheFrmMain(frmMain),
@@ -11,6 +12,7 @@ SerialLink::SerialLink(Flags& flags, const Settings& settings, FrmMain& frmMain,
       Lines(lines),
       Routing(routing),
       ThePreviews(previews),
+      TheRecord(record),
       Strings(strings) {
   frmPlayers.tmrIODelay.OnTimer = [this] { SendRoutingByte(); };
   frmPlayers.tmrDwellTimer.OnTimer = [this] { ReturnMusicZones(); };
@@ -34,6 +36,7 @@ void SerialLink::OnComm() {
   if (TheFrmPlayers.TolvoPort.InBufferCount() == 0) return;
   const std::string input = TheFrmPlayers.TolvoPort.Input();
   TheFlags.AmplifierStatus = static_cast<unsigned char>(input.front()) & kPriorityBits;
+  TheRecord.StatusIs(TheFlags.AmplifierStatus);
   ShowPriority();
   if (TheFlags.AmplifierStatus >= kHighPriority) TakeOver();
   if (TheFlags.AmplifierStatus == 0) EndPriority();
@@ -72,11 +75,13 @@ void SerialLink::ProcessPriority() {
   TheFrmMain.cmdCall.Enabled = false;
   TheFrmPlayers.tmrDwellTimer.Enabled = false;
   TheFlags.PriorityPreempted = true;
+  TheRecord.Takeover();
 }
 
 void SerialLink::ForgetAmplifier() {
   if (TheFlags.AmplifierStatus == 0) return;
   TheFlags.AmplifierStatus = 0;
+  TheRecord.StatusIs(0);
   EndPriority();
 }
 

@@ -9,6 +9,7 @@
 #include "mixer/sound_lines.h"
 #include "state/flags.h"
 #include "state/previews.h"
+#include "state/record.h"
 #include "state/settings.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -25,7 +26,7 @@ namespace marlex {
 class SerialLink {
  public:
   SerialLink(Flags& flags, const Settings& settings, FrmMain& frmMain, FrmPlayers& frmPlayers,
-             SoundLines& lines, ZoneRouting& routing, Previews& previews,
+             SoundLines& lines, ZoneRouting& routing, Previews& previews, Record& record,
              const StringTable& strings, Notices& notices);
 
   // Wired at composition.
@@ -52,6 +53,7 @@ class SerialLink {
   SoundLines& Lines;
   ZoneRouting& Routing;
   Previews& ThePreviews;
+  Record& TheRecord;
   const StringTable& Strings;
 };
 

@@ -4,6 +4,7 @@
 
 #include "state/media_names.h"
 #include "text/numbers.h"
+#include "text/paths.h"
 
 namespace marlex {
 std::string FormatSeconds(double seconds) {
@@ -14,8 +15,8 @@ std::string FormatSeconds(double seconds) {
 
 MusicPlayer::MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories,
                          FrmMain& frmMain, FrmPlayers& frmPlayers, SoundLines& lines,
-                         ZoneRouting& routing, Previews& previews, const StringTable& strings,
-                         Notices& notices)
+                         ZoneRouting& routing, Previews& previews, Record& record,
+                         const StringTable& strings, Notices& notices)
     : TheFlags(flags),
       Store(store),
       TheDirectories(directories),
@@ -24,6 +25,7 @@ MusicPlayer::MusicPlayer(Flags& flags, SettingsStore& store, Directories& direct
       Lines(lines),
       Routing(routing),
       ThePreviews(previews),
+      TheRecord(record),
       Strings(strings),
       TheNotices(notices) {
   frmMain.cmdPlay.OnClick = [this] { cmdPlay_Click(); };
@@ -66,6 +68,8 @@ void MusicPlayer::cmdPlay_Click() {
   }
   TheFlags.MusicStoppedByUser = false;
   Lines.OpenWave();
+  if (TheFrmPlayers.MP3Player.PlayState() == kPlaying)
+    TheRecord.SongPlays(FileNameOf(CurrentSongPath));
 }
 
 /// Deliberate: tests `CurrentSongPath`, even if the caller has given the player another file.
@@ -83,6 +87,7 @@ void MusicPlayer::cmdStop_Click() {
   Lines.MuteWave();
   TheFrmMain.EnableSkipAndStop(false);
   TheFlags.MusicStoppedByUser = true;
+  TheRecord.MusicStops();
   if (Store.Values.RouterPresent) Routing.Release();
 }
 

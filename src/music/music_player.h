@@ -11,6 +11,7 @@
 #include "platform/directories.h"
 #include "state/flags.h"
 #include "state/previews.h"
+#include "state/record.h"
 #include "state/settings_store.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -33,7 +34,7 @@ class MusicPlayer {
  public:
   MusicPlayer(Flags& flags, SettingsStore& store, Directories& directories, FrmMain& frmMain,
               FrmPlayers& frmPlayers, SoundLines& lines, ZoneRouting& routing, Previews& previews,
-              const StringTable& strings, Notices& notices);
+              Record& record, const StringTable& strings, Notices& notices);
 
   std::string CurrentSongPath;  // path last built for the player
 
@@ -82,6 +83,7 @@ class MusicPlayer {
   SoundLines& Lines;
   ZoneRouting& Routing;
   Previews& ThePreviews;
+  Record& TheRecord;
   const StringTable& Strings;
   Notices& TheNotices;
   bool LengthAwaited = false;  // 0 is shown until the length of a song on a slow drive is known

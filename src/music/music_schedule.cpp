@@ -7,7 +7,7 @@ namespace marlex {
 
 MusicSchedule::MusicSchedule(Flags& flags, const Settings& settings, WallClock& clock,
                              FrmMain& frmMain, FrmPlayers& frmPlayers, ZoneRouting& routing,
-                             MusicPlayer& player, Fades& fades)
+                             MusicPlayer& player, Fades& fades, Record& record)
     : TheFlags(flags),
       TheSettings(settings),
       Clock(clock),
@@ -15,7 +15,8 @@ MusicSchedule::MusicSchedule(Flags& flags, const Settings& settings, WallClock& 
       TheFrmPlayers(frmPlayers),
       Routing(routing),
       Player(player),
-      TheFades(fades) {}
+      TheFades(fades),
+      TheRecord(record) {}
 
 void MusicSchedule::CheckMusicStart() {
   if (!TheSettings.MusicScheduled || TheFlags.CurrentMinute < TheSettings.MusicStartTime ||
@@ -28,6 +29,7 @@ void MusicSchedule::CheckMusicStart() {
   ListBox& list = TheFrmMain.lstPlaylist;
   list.SetListIndex(PlaylistPosition(TheSettings.LastSongIndex, list.ListCount()));
   Player.cmdPlay_Click();
+  if (TheFrmPlayers.MP3Player.PlayState() == kPlaying) TheRecord.ClockStartsMusic();
   TheFlags.MusicStartedBySchedule = true;
 }
 
@@ -42,6 +44,7 @@ void MusicSchedule::CheckMusicStop() {
   TheFlags.MusicStartedBySchedule = false;
   TheFrmMain.EnableSkipAndStop(false);
   TheFlags.MusicStoppedBySchedule = true;
+  TheRecord.ClockStopsMusic();
   if (!TheFlags.CallActive && !TheFlags.MessagePlaying && TheSettings.RouterPresent) {
     Routing.Release();
   }

@@ -4,6 +4,7 @@
 #include "music/music_player.h"
 #include "platform/wall_clock.h"
 #include "state/flags.h"
+#include "state/record.h"
 #include "state/settings.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
@@ -16,7 +17,8 @@ namespace marlex {
 class MusicSchedule {
  public:
   MusicSchedule(Flags& flags, const Settings& settings, WallClock& clock, FrmMain& frmMain,
-                FrmPlayers& frmPlayers, ZoneRouting& routing, MusicPlayer& player, Fades& fades);
+                FrmPlayers& frmPlayers, ZoneRouting& routing, MusicPlayer& player, Fades& fades,
+                Record& record);
 
   /// Waits, if the music starts and the player refuses its song, for the messages that wait for the
   /// music break. Then test `CallActive`.
@@ -36,6 +38,7 @@ class MusicSchedule {
   ZoneRouting& Routing;
   MusicPlayer& Player;
   Fades& TheFades;
+  Record& TheRecord;
 };
 
 }  // namespace marlex

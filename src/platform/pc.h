@@ -10,6 +10,7 @@
 #include "platform/serial_port.h"
 #include "platform/song_player.h"
 #include "platform/sound_health.h"
+#include "platform/system_log.h"
 #include "platform/wall_clock.h"
 #include "platform/wave_player.h"
 
@@ -30,6 +31,7 @@ struct Pc {
   MixerFunctions& Mixer;
   Dialogs& Boxes;
   Process& TheProcess;
+  SystemLog& Log;
 };
 
 }  // namespace marlex

@@ -6,13 +6,15 @@
 namespace marlex {
 
 MessageWavs::MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop,
-                         FrmPlayers& frmPlayers, SoundLines& lines, FrmSettings& frmSettings)
+                         FrmPlayers& frmPlayers, SoundLines& lines, FrmSettings& frmSettings,
+                         Record& record)
     : TheFlags(flags),
       TheSettings(settings),
       Loop(loop),
       TheFrmPlayers(frmPlayers),
       Lines(lines),
-      TheFrmSettings(frmSettings) {
+      TheFrmSettings(frmSettings),
+      TheRecord(record) {
   WavePlayer& player = frmPlayers.WavPlayer;
   player.OnDone = [this] { TheFlags.WavFinished = true; };
   player.OnStatusUpdate = [this, &player] {
@@ -31,6 +33,7 @@ void MessageWavs::PlayMessageWavs() {
   TheFlags.MessagePlaying = true;
   TheFrmSettings.slMusicVolume.Enabled = false;  // the line carries no music now
   OpenMessageLine();
+  TheRecord.RowPlays();
   // A call or a takeover empties the list. The loop still runs to the original count, with empty
   // names, each of which ends at once.
   const int count = TheFrmPlayers.lstMsgSequence.ListCount();
@@ -38,6 +41,7 @@ void MessageWavs::PlayMessageWavs() {
     const ListBox& list = TheFrmPlayers.lstMsgSequence;
     PlayWav(entry < list.ListCount() ? list.List(entry) : "");
   }
+  TheRecord.RowEnds();
   Lines.SetWave(TheSettings.MusicVolume);
   TheFlags.MessagePlaying = false;
   TheFrmSettings.slMusicVolume.Enabled = true;
@@ -53,6 +57,7 @@ void MessageWavs::OpenMessageLine() {
 
 void MessageWavs::PlayWav(const std::string& fileName) {
   TheFrmPlayers.WavPlayer.OpenMessage(TheSettings.MessageDirectory + fileName);
+  if (TheFrmPlayers.WavPlayer.Mode() == kWaveNotOpen) TheRecord.MessageIsRefused(fileName);
   TheFlags.WavFinished = false;
   TheFrmPlayers.WavPlayer.Command("Play");
   Loop.PumpUntil([this] { return TheFlags.WavFinished || TheFlags.CallActive; });

@@ -5,6 +5,7 @@
 #include "mixer/sound_lines.h"
 #include "platform/event_loop.h"
 #include "state/flags.h"
+#include "state/record.h"
 #include "state/settings.h"
 #include "windows/frm_players.h"
 #include "windows/frm_settings.h"
@@ -16,7 +17,7 @@ namespace marlex {
 class MessageWavs {
  public:
   MessageWavs(Flags& flags, const Settings& settings, EventLoop& loop, FrmPlayers& frmPlayers,
-              SoundLines& lines, FrmSettings& frmSettings);
+              SoundLines& lines, FrmSettings& frmSettings, Record& record);
 
   /// Fills `lstMsgSequence` from message names separated by commas; of several, the last is cut to
   /// 100 characters.
@@ -38,6 +39,7 @@ class MessageWavs {
   FrmPlayers& TheFrmPlayers;
   SoundLines& Lines;
   FrmSettings& TheFrmSettings;
+  Record& TheRecord;
 };
 
 }  // namespace marlex

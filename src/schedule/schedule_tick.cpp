@@ -4,10 +4,28 @@
 #include "text/text_case.h"
 
 namespace marlex {
+namespace {
+
+RecordedRow RowAt(const Grid& table, int row) {
+  return {TimeOf(table, row) + (PlaysAtBreak(table, row) ? "+" : ""),
+          table.TextMatrix(row, kMessagesColumn)};
+}
+
+/// The rows that are not removed and that `isWanted` chooses.
+template <class Condition>
+std::vector<RecordedRow> DueRows(const Grid& table, const Condition& isWanted) {
+  std::vector<RecordedRow> rows;
+  for (int row = 1; row < table.Rows(); ++row) {
+    if (table.RowHeight(row) != 0 && isWanted(row)) rows.push_back(RowAt(table, row));
+  }
+  return rows;
+}
+
+}  // namespace
 
 ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
                            MusicSchedule& music, ScheduleTable& table, MessageWavs& wavs,
-                           MessagePlayback& playback)
+                           MessagePlayback& playback, Record& record)
     : TheFlags(flags),
       Clock(clock),
       TheGrid(frmMain.grdSchedule),
@@ -15,7 +33,8 @@ ScheduleTick::ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, Frm
       MusicClock(music),
       Table(table),
       Wavs(wavs),
-      Playback(playback) {
+      Playback(playback),
+      TheRecord(record) {
   frmPlayers.tmrMessage.OnTimer = [this] { Tick(); };
 }
 
@@ -23,17 +42,24 @@ void ScheduleTick::Tick() {
   // A minute is not accepted during a call or an announcement, even if closing an editor has
   // resumed the schedule during it. What is due then follows afterwards, if the minute lasts.
   if (TheFlags.CallActive || TheFlags.MessagePlaying) return;
-  if (!AcceptMinute() || !TheFlags.PriorityClear) return;
+  if (!AcceptMinute()) return;
+  const std::string accepted = LastMinute;
+  if (LosesToCall(accepted)) return;
   MusicClock.CheckMusicStart();
   MusicClock.CheckMusicStop();
-  // A call, ours or the amplifier's, may have begun during the fade that stops the music.
-  if (TheFlags.CallActive || !TheFlags.PriorityClear) return;
+  // A call, ours or the amplifier's, may have begun during the fade that stops the music, and so
+  // may another minute.
+  if (LosesToCall(accepted)) return;
+  if (TheFlags.CurrentMinute != accepted) Lose(accepted, LossReason::Fade);
   if (TheFlags.CurrentMinute == "00:00") StartNewDay();
-  if (!FindDueRow() || !RunsOn(ScheduleRow, Clock.Now().Weekday)) return;
+  if (!FindDueRow()) return;
+  LoseOtherRows();
+  if (!RunsOn(ScheduleRow, Clock.Now().Weekday)) return;
   MarkFiringRow();
   CurrentTime = TheGrid.TextMatrix(ScheduleRow, kTimeColumn);
   CurrentMessageInfo = TheGrid.TextMatrix(ScheduleRow, kMessagesColumn);
   CurrentRouting = TheGrid.TextMatrix(ScheduleRow, kRoutingColumn);
+  TheRecord.RowFires(RowAt(TheGrid, ScheduleRow), ZonesOfRow(CurrentRouting));
   Wavs.BuildMessageList(CurrentMessageInfo);
   Dispatch();
 }
@@ -45,6 +71,18 @@ bool ScheduleTick::AcceptMinute() {
   if (TheFlags.CurrentMinute == LastMinute) return false;
   LastMinute = TheFlags.CurrentMinute;
   return true;
+}
+
+/// Whether a call, ours or the amplifier's, takes precedence over the rows of a minute, which are
+/// then lost.
+bool ScheduleTick::LosesToCall(const std::string& minute) const {
+  if (!TheFlags.CallActive && TheFlags.PriorityClear) return false;
+  Lose(minute, TheFlags.CallActive ? LossReason::Call : LossReason::Takeover);
+  return true;
+}
+
+void ScheduleTick::Lose(const std::string& minute, LossReason reason) const {
+  TheRecord.RowsAreLost(RowsOf(minute, Clock.Now().Weekday), reason);
 }
 
 void ScheduleTick::StartNewDay() {
@@ -62,6 +100,14 @@ bool ScheduleTick::FindDueRow() {
   return false;
 }
 
+/// Only the first row of a minute is announced, and none if that one is not of today.
+void ScheduleTick::LoseOtherRows() const {
+  const int weekday = Clock.Now().Weekday;
+  std::vector<RecordedRow> others = RowsOf(TheFlags.CurrentMinute, weekday);
+  if (RunsOn(ScheduleRow, weekday)) others.erase(others.begin());
+  TheRecord.RowsAreLost(others, LossReason::OtherRow);
+}
+
 /// Deliberate: tests the mask without its sixth character. On Saturdays it finds Sunday's digit
 /// instead; on Sundays it finds none, so the row fires. An empty cell fires every day.
 bool ScheduleTick::RunsOn(int row, int weekday) const {
@@ -69,6 +115,19 @@ bool ScheduleTick::RunsOn(int row, int weekday) const {
   std::string tested(FirstCharacters(mask, 5));
   tested += CharactersFrom(mask, 7, 2);
   return DayIsOn(tested, weekday);
+}
+
+std::vector<RecordedRow> ScheduleTick::RowsOf(const std::string& minute, int weekday) const {
+  return DueRows(TheGrid,
+                 [&](int row) { return TimeOf(TheGrid, row) == minute && RunsOn(row, weekday); });
+}
+
+std::vector<RecordedRow> ScheduleTick::RowsBetween(const std::string& after,
+                                                   const std::string& before, int weekday) const {
+  return DueRows(TheGrid, [&](int row) {
+    const std::string time = TimeOf(TheGrid, row);
+    return time > after && time < before && RunsOn(row, weekday);
+  });
 }
 
 bool ScheduleTick::RowWaits() const {
@@ -103,6 +162,7 @@ void ScheduleTick::Dispatch() {
   if (PlaysAtBreak(TheGrid, ScheduleRow) && TheFrmPlayers.MP3Player.PlayState() == kPlaying) {
     TheFrmPlayers.HoldSchedule();
     TheFlags.MessageAwaitingSongEnd = true;
+    TheRecord.RowWaits();
     return;
   }
   TheFlags.MessageAwaitingSongEnd = false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "music/music_schedule.h"
 #include "platform/wall_clock.h"
@@ -8,6 +9,7 @@
 #include "schedule/message_wavs.h"
 #include "schedule/schedule_table.h"
 #include "state/flags.h"
+#include "state/record.h"
 #include "windows/frm_main.h"
 #include "windows/frm_players.h"
 
@@ -21,7 +23,7 @@ class ScheduleTick {
  public:
   ScheduleTick(Flags& flags, WallClock& clock, FrmMain& frmMain, FrmPlayers& frmPlayers,
                MusicSchedule& music, ScheduleTable& table, MessageWavs& wavs,
-               MessagePlayback& playback);
+               MessagePlayback& playback, Record& record);
 
   std::string LastMinute;          // the last accepted minute, "HH:MM"; empty at start
   int ScheduleRow = 0;             // row being examined; after a match, the firing row
@@ -46,10 +48,19 @@ class ScheduleTick {
   /// row was waiting for.
   bool HasStopped() const;
 
+  /// The rows of a minute that the tick would fire on a weekday if each were the only one, and
+  /// those of the minutes between two others.
+  std::vector<RecordedRow> RowsOf(const std::string& minute, int weekday) const;
+  std::vector<RecordedRow> RowsBetween(const std::string& after, const std::string& before,
+                                       int weekday) const;
+
  private:
   bool AcceptMinute();
+  bool LosesToCall(const std::string& minute) const;
+  void Lose(const std::string& minute, LossReason reason) const;
   void StartNewDay();
   bool FindDueRow();
+  void LoseOtherRows() const;
   void MarkFiringRow();
   void PaintRow(int row, Color back, Color text);
   void Dispatch();
@@ -62,6 +73,7 @@ class ScheduleTick {
   ScheduleTable& Table;
   MessageWavs& Wavs;
   MessagePlayback& Playback;
+  Record& TheRecord;
 };
 
 }  // namespace marlex

@@ -16,7 +16,8 @@ namespace marlex {
 ///
 /// Categories: send, lost and serial (the line); wav and control (the two wave players); song; box,
 /// open and save (dialogs); process; failure (broken rules that nobody handles); rebuild (whole
-/// profile files). Off by default: write (values in profile files), mixer, and load (of a song).
+/// profile files). Off by default: write (values in profile files), mixer, load (of a song), and
+/// record (the system log).
 class Journal {
  public:
   explicit Journal(const VirtualLoop& loop) : Loop(loop) {}
@@ -67,7 +68,7 @@ class Journal {
   std::int64_t StartMs = 0;
   std::vector<std::string> Entries;
   std::optional<std::set<std::string>> Chosen;
-  std::set<std::string> Muted{"mixer", "write", "load"};
+  std::set<std::string> Muted{"mixer", "write", "load", "record"};
 };
 
 }  // namespace marlex

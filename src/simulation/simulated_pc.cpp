@@ -38,7 +38,8 @@ marlex::Pc SimulatedPc::Ports(ProfileFiles& profiles, Directories& files) {
           .Media = Media,
           .Mixer = Mixer,
           .Boxes = Dialogs,
-          .TheProcess = Process};
+          .TheProcess = Process,
+          .Log = Log};
 }
 
 void SimulatedPc::Restart() {

@@ -13,6 +13,7 @@
 #include "simulation/simulated_serial.h"
 #include "simulation/simulated_song_player.h"
 #include "simulation/simulated_sound_health.h"
+#include "simulation/simulated_system_log.h"
 #include "simulation/simulated_wave_player.h"
 #include "simulation/virtual_clock.h"
 #include "simulation/virtual_loop.h"
@@ -63,6 +64,7 @@ struct SimulatedPc {
   SimulatedMixer Mixer{Journal};
   SimulatedDialogs Dialogs{Loop, Journal};
   SimulatedProcess Process{Loop, Journal};
+  SimulatedSystemLog Log{Journal};
 
  private:
   void ReportFailures();

@@ -1,7 +1,9 @@
-// What the real program shows when something of its surroundings is lost, and when it is back.
+// What the real program shows and records when something of its surroundings is lost, and when it
+// is back.
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <sstream>
@@ -25,15 +27,24 @@ class FaultsInSight : public testing::Test {
 
   std::string Newest() const { return Desk.Window->Read("frmMain.paneNewestFault", "text"); }
 
+  /// Whether the log has, or soon gets, a line that begins so.
+  bool Records(const std::string& text) const {
+    const auto begins = [&](const stage::LogLine& line) { return line.Text.starts_with(text); };
+    return stage::WaitUntil([&] { return std::ranges::any_of(Desk.Log->Lines(), begins); }, 5);
+  }
+
   void Comes(const std::string& text) {
     const double since = stage::Now();
     const auto comes = [&] { return Newest().starts_with(text); };
     EXPECT_TRUE(stage::WaitUntil(comes, kPromised)) << text << ", not " << Newest();
+    EXPECT_TRUE(Records("fault: " + text));
     GTEST_LOG_(INFO) << "in sight after " << stage::Now() - since << " s: " << Newest();
   }
   void Goes() {
+    const std::string last = Newest();
     const double since = stage::Now();
     EXPECT_TRUE(Desk.Await("frmMain.paneFaults", "visible", "no", kPromised)) << Newest();
+    EXPECT_TRUE(Records("fault over: " + last));
     GTEST_LOG_(INFO) << "gone after " << stage::Now() - since << " s";
   }
 

@@ -246,6 +246,20 @@ TEST_F(Road, TheZoneLampsShowTheRowsZonesAndThenTheMusicsAgain) {
   EXPECT_TRUE(after != kGreen && after != kPaleGreen) << after;
 }
 
+TEST_F(Road, TheLogSaysWhenItBeganAndEnded) {
+  const auto at = [](const std::string& text) {
+    for (const stage::LogLine& line : Place->Log->Lines()) {
+      if (line.Text == text) return line.Time;
+    }
+    ADD_FAILURE() << text;
+    return 0.0;
+  };
+  EXPECT_NEAR(at("row 09:00 One,Two: play in 3 4"), Only(kFirstTone).From, kLate);
+  EXPECT_NEAR(at("row 09:00 One,Two: end"), Only(kSecondTone).To, kLate);
+  EXPECT_TRUE(Place->Log->Has("program: start"));
+  EXPECT_TRUE(Place->Log->Has("amplifier: status 64"));
+}
+
 TEST_F(Road, TheFilesKeepTheSongAndTheRouting) {
   EXPECT_NE(Place->ReadFile("Day.lst").find("Last song=0"), std::string::npos);
   EXPECT_NE(Place->ReadFile("Tolvo.ini").find("Music routing=110000"), std::string::npos);

@@ -36,7 +36,7 @@ class NotifySocket {
   /// What has been reported since the last call.
   std::vector<std::string> Reports() const {
     std::vector<std::string> reports;
-    char report[64];
+    char report[512];
     for (ssize_t size = 0; (size = recv(Socket, report, sizeof report, 0)) >= 0;)
       reports.emplace_back(report, static_cast<std::size_t>(size));
     return reports;

@@ -58,7 +58,8 @@ Stage::Stage(const StageOptions& options)
     StartRecording();
   }
   if (options.HasAmplifier) Line = std::make_unique<Amplifier>(File("com1"));
-  Clock = std::make_unique<ShiftedClock>(Folder, Helpers + "/libmarlex_shifted_clock.so");
+  Clock = std::make_unique<ShiftedClock>(Folder, Helpers + "/libmarlex_preload.so");
+  Log = std::make_unique<LogService>(Folder);
   Window = std::make_unique<ProbeLink>(Folder, Helpers + "/plugins");
 }
 
@@ -164,6 +165,7 @@ Environment Stage::Surroundings(const ProbeLink& link) const {
   all.merge(Display->Variables());
   all.merge(Server ? Server->Variables() : NoSound());
   all.merge(Clock->Variables());
+  all.merge(Log->Variables());
   all.merge(link.Variables());
   return all;
 }

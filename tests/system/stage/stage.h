@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "amplifier.h"
+#include "log_service.h"
 #include "probe_link.h"
 #include "recorder.h"
 #include "sound/child_process.h"
@@ -81,6 +82,7 @@ class Stage {
   std::unique_ptr<Recorder> Card;
   std::unique_ptr<Amplifier> Line;
   std::unique_ptr<ShiftedClock> Clock;
+  std::unique_ptr<LogService> Log;
   std::unique_ptr<ProbeLink> Window;
   std::unique_ptr<ChildProcess> Program;
   Environment MoreVariables;  // for the program, on top of the stage's own

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "platform/system_log.h"
+#include "simulation/journal.h"
+
+namespace marlex {
+
+/// Writes to the journal, as category "record".
+class SimulatedSystemLog : public SystemLog {
+ public:
+  explicit SimulatedSystemLog(Journal& journal) : TheJournal(journal) {}
+
+  void Write(const std::string& line) override { TheJournal.Write("record", line); }
+
+ private:
+  Journal& TheJournal;
+};
+
+}  // namespace marlex
