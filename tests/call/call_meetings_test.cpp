@@ -263,6 +263,17 @@ TEST(CallMeetsNothing, WithoutAFadeTimeTheMusicPausesAndReturnsAtOnce) {
   EXPECT_EQ(desk.Journal(), "0 song pause\n200 send 68\n2000 send 0\n2000 song resume march.mp3\n");
 }
 
+TEST(CallMeetsNothing, WithoutAFadeTimeThePostChimeLeavesTheMusicItsLevel) {
+  CallDesk desk;
+  desk.Values().FadeTime = 0;
+  desk.PressAt(0);
+  desk.ReleaseAt(3000);
+  desk.AdvanceTo(3400);
+  ASSERT_EQ(desk.Heard(), "wav gong.wav at 10000");
+  desk.AdvanceTo(5000);
+  EXPECT_EQ(desk.WaveSlider(), desk.Values().MusicVolume);
+}
+
 TEST(CallMeetsTakeover, AWholeCallAfterItBringsTheMusicBackThatTheFirstHadPaused) {
   CallDesk desk;
   desk.PressAt(0);

@@ -327,9 +327,19 @@ TEST(ServerOutput, ReportsADeviceThatHasGoneUntilItIsBack) {
   EXPECT_EQ(desk.Engine.Outlet(), SoundOutlet::Device);
   desk.Server.RemoveOutput("desk");
   EXPECT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.Outlet() == SoundOutlet::Gone; }));
-  EXPECT_FALSE(desk.Engine.MicrophoneIsGone());
   desk.Server.AddOutput("desk");
   EXPECT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.Outlet() == SoundOutlet::Device; }));
+}
+
+TEST(ServerOutput, ReportsNoMissingMicrophoneWhileTheDeviceIsGone) {
+  ServerDesk desk;
+  desk.Server.Control("unload-module module-remap-source");
+  ASSERT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.MicrophoneIsGone(); }));
+  desk.Server.RemoveOutput("desk");
+  ASSERT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.Outlet() == SoundOutlet::Gone; }));
+  EXPECT_FALSE(desk.Engine.MicrophoneIsGone());
+  desk.Server.AddOutput("desk");
+  EXPECT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.MicrophoneIsGone(); }));
 }
 
 TEST(ServerOutput, WithoutAServerTimePassesAllTheSame) {

@@ -4,6 +4,9 @@
 
 #include <chrono>
 #include <filesystem>
+#include <future>
+#include <memory>
+#include <optional>
 #include <thread>
 
 #include "desktop/files/slow_drive.h"
@@ -50,6 +53,34 @@ TEST(SoundFileCheck, ADriveThatDoesNotAnswerKeepsNobodyWaiting) {
     EXPECT_TRUE(Becomes(check, gong, MediaState::Unplayable));
   }
   EXPECT_TRUE(Becomes(check, gong, MediaState::Good));
+}
+
+std::ptrdiff_t Threads() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+}
+
+TEST(SoundFileCheck, LeavesNoThreadBehind) {
+  const std::ptrdiff_t before = Threads();
+  {
+    SoundFileCheck check;
+    EXPECT_TRUE(Becomes(check, "/nowhere/gong.wav", MediaState::Missing));
+    EXPECT_GT(Threads(), before);
+  }
+  const Clock::time_point due = Clock::now() + 5s;
+  while (Threads() > before && Clock::now() < due) std::this_thread::sleep_for(10ms);
+  EXPECT_EQ(Threads(), before);
+}
+
+TEST(SoundFileCheck, EndsSoonThoughADriveDoesNotAnswer) {
+  MediaFiles files;
+  const std::string gong = files.Wav("gong.wav", 1);
+  auto check = std::make_unique<SoundFileCheck>();
+  std::optional<test::SlowDrive> drive(files.Path(""));
+  check->Message(gong);
+  std::this_thread::sleep_for(200ms);
+  const auto ended = std::async(std::launch::async, [&check] { check.reset(); });
+  EXPECT_EQ(ended.wait_for(4s), std::future_status::ready);
+  drive.reset();
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "desktop/windows/shop_desk.h"
 
 namespace marlex {
@@ -44,7 +46,7 @@ TEST_F(FaultLineTest, ShowsTheNewestFaultAndHowManyMoreThereAre) {
   Shop.Pc.Sound = {};
   Shop.Pc.Serial.Plug();
   Shop.Advance(kPromisedMs);
-  EXPECT_EQ(Shown(), "");
+  EXPECT_TRUE(Line().isHidden());
 }
 
 TEST_F(FaultLineTest, NamesAllForTheMouseAndForScreenReaders) {
@@ -60,9 +62,32 @@ TEST_F(FaultLineTest, NamesAllForTheMouseAndForScreenReaders) {
   EXPECT_EQ(Line().childAt(onText), nullptr);  // so the tool tip is that of the line
 }
 
+TEST_F(FaultLineTest, NamesTwelveAndThatThereAreMore) {
+  const auto lines = [this](int faults) {
+    for (int file = 1; file <= faults; ++file)
+      Shop.Sys.Store.RebuildProfile({}, "/nowhere/" + std::to_string(file) + ".ini");
+    Shop.Advance(kPromisedMs);
+    return Line().accessibleName().split('\n');
+  };
+  EXPECT_EQ(lines(12).size(), 12);
+  EXPECT_TRUE(lines(12).last().endsWith(".ini"));
+  EXPECT_EQ(lines(14).size(), 13);
+  EXPECT_EQ(lines(14).last(), "...");
+}
+
 TEST_F(FaultLineTest, TakesTheFocusFromNobodyAndOpensNoBox) {
+  auto& songs = Part<QWidget>("lstPlaylist");
+  songs.setFocus();
+  const auto shown = [] {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::ranges::count_if(windows, &QWidget::isVisible);
+  };
+  const auto before = shown();
   LoseTheMicrophone();
+  ASSERT_FALSE(Line().isHidden());
+  EXPECT_EQ(Shop.Screen.Main().focusWidget(), &songs);
   EXPECT_EQ(Line().focusPolicy(), Qt::NoFocus);
+  EXPECT_EQ(shown(), before);
   EXPECT_TRUE(Shop.Pc.Dialogs.Boxes.empty());
 }
 

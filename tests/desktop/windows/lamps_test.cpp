@@ -94,6 +94,17 @@ TEST_F(LampsTest, AreNotGreenDuringACallOfTheAmplifier) {
   EXPECT_EQ(Ground("lblBusy_0"), "face") << "nobody waits for a call that has been cut off";
 }
 
+/// How often a widget has been painted.
+struct PaintCount : QObject {
+  explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++Count;
+    return false;
+  }
+
+  int Count = 0;
+};
+
 TEST_F(LampsTest, TheRowOfAMessageThatATakeoverMutesIsPale) {
   Shop.Pc.Loop.Post([this] {
     Grid& table = Shop.Sys.TheWindows.frmMain.grdSchedule;
@@ -106,11 +117,16 @@ TEST_F(LampsTest, TheRowOfAMessageThatATakeoverMutesIsPale) {
   Shop.Settle();
   auto& view = WholeDesk::Find<QTableView>(Shop.Screen.Main(), "grdSchedule");
   const QModelIndex cell = view.model()->index(0, kTimeColumn);
-  const auto ground = [&] { return cell.data(Qt::BackgroundRole).value<QBrush>().color().name(); };
-  EXPECT_EQ(ground(), ThemeColorNow("live").name());
+  const auto color = [&](int role) { return cell.data(role).value<QBrush>().color().name(); };
+  EXPECT_EQ(color(Qt::BackgroundRole), ThemeColorNow("live").name());
+  PaintCount painted(*view.viewport());
+  Shop.Settle();
+  ASSERT_EQ(painted.Count, 0);
   Shop.Pc.Serial.Receive({128});
   Shop.Settle();
-  EXPECT_EQ(ground(), ThemeColorNow("fed").name());
+  EXPECT_EQ(color(Qt::BackgroundRole), ThemeColorNow("fed").name());
+  EXPECT_EQ(color(Qt::ForegroundRole), ThemeColorNow("text").name());
+  EXPECT_GT(painted.Count, 0);
 }
 
 TEST_F(LampsTest, ACallThatDoesNotHoldUsBackIsNoted) {
