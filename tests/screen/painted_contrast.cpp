@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "desktop/windows/backdrop.h"
 #include "desktop/windows/contrast.h"
 #include "desktop/windows/glyphs.h"
 #include "screen/painted_pixels.h"
@@ -75,6 +76,19 @@ bool IsDisabled(const QWidget& part, const QPointF& place) {
   return !part.isEnabled() || (item && !item->isEnabled());
 }
 
+/// The places of a text of which each has one ground: pieces of a text on a backdrop, which changes
+/// from left to right; any other text itself.
+std::vector<QRectF> PlacesOnOneGround(const QWidget& part, const QRectF& text) {
+  constexpr int kPiece = 60;
+  if (!dynamic_cast<const Backdrop*>(part.parentWidget())) return {text};
+  const int count = qMax(1, int(text.width()) / kPiece);
+  const qreal width = text.width() / count;
+  std::vector<QRectF> places;
+  for (int piece = 0; piece < count; ++piece)
+    places.emplace_back(text.left() + piece * width, text.top(), width, text.height());
+  return places;
+}
+
 /// The part of a slider or scroll bar that moves.
 QRect KnobOf(const QAbstractSlider& slider, QStyle::ComplexControl kind, QStyle::SubControl knob) {
   auto option = OptionOf<QStyleOptionSlider>(slider);
@@ -106,8 +120,10 @@ void PaintedContrasts::Measure(QWidget& window, const std::string& where) {
 
 void PaintedContrasts::MeasureTexts(QWidget& part) {
   const QRectF room(OriginOf(part), part.size());
-  for (const PaintedTexts::Piece& piece : PaintedTexts::Of(part))
-    AddText(part, piece.Place.translated(room.topLeft()) & room, piece.Text);
+  for (const PaintedTexts::Piece& piece : PaintedTexts::Of(part)) {
+    const QRectF text = piece.Place.translated(room.topLeft()) & room;
+    for (const QRectF& place : PlacesOnOneGround(part, text)) AddText(part, place, piece.Text);
+  }
 }
 
 void PaintedContrasts::MeasureBorder(QWidget& part) {

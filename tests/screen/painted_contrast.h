@@ -14,8 +14,7 @@ class PaintedContrasts {
   /// outlines of cards and tiles, and the lines between rows, columns and menu items.
   void Measure(QWidget& window, const std::string& where);
 
-  /// Fails for each kind below what it needs: 4.5 for a text, 3 for that of a disabled part, 3 for
-  /// a border or mark.
+  /// Fails for each kind below what it needs: 4.5 for a text, 3 for a border or mark.
   void ExpectEnough() const;
 
   /// The lowest contrast of a kind such as "text: QLabel zone". 0 if none was measured.
