@@ -24,8 +24,7 @@ namespace {
 constexpr std::int64_t kAgainUs = 2 * kUsPerSecond;    // between two inspections of a file
 constexpr std::int64_t kDeadUs = 5 * kUsPerSecond;     // without an answer of its drive
 constexpr std::int64_t kForgetUs = 60 * kUsPerSecond;  // after the last question
-constexpr std::int64_t kFarewellUs = kUsPerSecond;     // the destructor waits for the thread
-constexpr auto kFarewellPause = std::chrono::milliseconds(1);
+constexpr auto kFarewell = std::chrono::seconds(1);    // the destructor waits for the thread
 
 using IsPlayable = bool (*)(const std::string& path);
 
@@ -69,7 +68,8 @@ Inspection Inspect(const std::string& path, IsPlayable isPlayable, const Inspect
   if (::fstat(file.Get(), &facts) != 0) return {MediaState::Unplayable, {}};
   const Stamp stamp = {facts.st_dev, facts.st_ino, facts.st_size, NanosecondsOf(facts.st_mtim),
                        NanosecondsOf(facts.st_ctim)};
-  if (former.Of == stamp) return former;
+  // A bad file is read again: the drive may have been at fault.
+  if (former.State == MediaState::Good && former.Of == stamp) return former;
   return {isPlayable(path) ? MediaState::Good : MediaState::Unplayable, stamp};
 }
 
@@ -129,6 +129,7 @@ void SoundFileCheck::Body::Run() {
     }
   }
   HasQuit = true;
+  Changed.notify_all();
 }
 
 /// Of the files that are due, the one that was inspected longest ago.
@@ -160,15 +161,10 @@ void SoundFileCheck::Body::ForgetOld() {
 }
 
 void SoundFileCheck::Body::Quit() {
-  const std::int64_t dueUs = SteadyUs() + kFarewellUs;
   std::unique_lock lock(Guard);
   Quitting = true;
   Changed.notify_all();
-  while (!HasQuit && SteadyUs() < dueUs) {
-    lock.unlock();
-    std::this_thread::sleep_for(kFarewellPause);
-    lock.lock();
-  }
+  Changed.wait_for(lock, kFarewell, [this] { return HasQuit; });
 }
 
 SoundFileCheck::SoundFileCheck() : Inside(std::make_shared<Body>()) {

@@ -6,10 +6,10 @@
 
 namespace marlex {
 
-/// Inspects files on a thread of its own, one after the other. A file whose contents have not
-/// changed since is opened but not read again, so that drives and networks have little to do. A
-/// drive that does not answer holds up the inspection of the other files, which count as what they
-/// were.
+/// Inspects files on a thread of its own, one after the other. A good file that has not changed
+/// since its last inspection is opened but not read again, so that drives and networks have little
+/// to do; a bad one is, since its drive may have been at fault. A drive that does not answer holds
+/// up the inspection of the other files, which keep their last state.
 class SoundFileCheck : public MediaCheck {
  public:
   SoundFileCheck();

@@ -1,6 +1,8 @@
 #include "desktop/sound/sound_file_check.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <chrono>
 #include <filesystem>
@@ -9,6 +11,7 @@
 #include <optional>
 #include <thread>
 
+#include "desktop/files/file_descriptor.h"
 #include "desktop/files/slow_drive.h"
 #include "desktop/sound/media_files.h"
 
@@ -39,6 +42,36 @@ TEST(SoundFileCheck, ASongUnderTheNameOfAMessageIsUnplayable) {
   std::filesystem::rename(files.Mp3("song.mp3", 1), files.Path("gong.wav"));
   SoundFileCheck check;
   EXPECT_TRUE(Becomes(check, files.Path("gong.wav"), MediaState::Unplayable));
+}
+
+/// While it lives, the process can open one more file at a time, and no second one beside it.
+class OneMoreFile {
+ public:
+  OneMoreFile() {
+    const FileDescriptor first(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+    const FileDescriptor second(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+    getrlimit(RLIMIT_NOFILE, &Before);
+    const rlimit limit = {rlim_t(second.Get()), Before.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &limit);
+  }
+  ~OneMoreFile() { setrlimit(RLIMIT_NOFILE, &Before); }
+  OneMoreFile(const OneMoreFile&) = delete;
+  OneMoreFile& operator=(const OneMoreFile&) = delete;
+
+ private:
+  rlimit Before = {};
+};
+
+/// The file is opened for its facts, but cannot be opened again to be read.
+TEST(SoundFileCheck, AFailureToReadGoesOnceTheSameFileCanBeRead) {
+  MediaFiles files;
+  const std::string gong = files.Wav("gong.wav", 1);
+  SoundFileCheck check;
+  {
+    const OneMoreFile limit;
+    EXPECT_TRUE(Becomes(check, gong, MediaState::Unplayable));
+  }
+  EXPECT_TRUE(Becomes(check, gong, MediaState::Good));
 }
 
 TEST(SoundFileCheck, ADriveThatDoesNotAnswerKeepsNobodyWaiting) {
