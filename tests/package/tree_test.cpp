@@ -94,9 +94,11 @@ TEST_F(InstalledTree, HasAServiceThatStartsItsCommand) {
   EXPECT_TRUE(std::regex_search(service, start)) << service;
   const std::size_t section = service.find("\n[Service]\n");
   ASSERT_NE(section, std::string::npos);
-  EXPECT_LT(service.find("\nStartLimitIntervalSec=0\n"), section);
+  for (const char* line : {"PartOf=graphical-session.target", "StartLimitIntervalSec=0",
+                           "ConditionPathIsSymbolicLink=%E/marlex/unattended"})
+    EXPECT_LT(service.find("\n" + std::string(line) + "\n"), section) << line;
   for (const char* line : {"Type=notify", "WatchdogSec=30", "WatchdogSignal=SIGKILL",
-                           "Restart=on-failure", "RestartSec=1"})
+                           "TimeoutStopSec=10", "Restart=on-failure", "RestartSec=1"})
     EXPECT_NE(service.find("\n" + std::string(line) + "\n", section), std::string::npos) << line;
 }
 

@@ -114,7 +114,7 @@ TEST_F(Launcher, RefusesAFolderThatIsAFile) {
 TEST_F(Launcher, RefusesAFolderThatCannotBeMade) {
   Write("desk", "a file");
   EXPECT_EQ(Start("../desk/lower"), 1);
-  EXPECT_TRUE(Says("marlex: the folder ../desk/lower cannot be made\n")) << Said;
+  EXPECT_TRUE(Says("marlex: the folder ../desk/lower cannot be created\n")) << Said;
 }
 
 /// Root may write everywhere, so it asks as somebody else.

@@ -84,11 +84,22 @@ TEST_F(Unattended, RefusesAFolderThatIsAFileAndKeepsTheOneBefore) {
   Ask("on ../desk");
   Write("file", "a file");
   EXPECT_EQ(Ask("on ../file"), 1);
-  EXPECT_TRUE(Says("the folder ../file cannot be made")) << Said;
+  EXPECT_TRUE(Says("the folder ../file cannot be created")) << Said;
   EXPECT_EQ(Chosen(), fs::canonical(Root / "desk"));
   EXPECT_EQ(Ask("on ''"), 1);
   EXPECT_TRUE(Says("the name of the folder is empty")) << Said;
   EXPECT_EQ(Chosen(), fs::canonical(Root / "desk"));
+}
+
+TEST_F(Unattended, LeavesAFolderAloneThatIsWhereItsLinkBelongs) {
+  Write(".config/marlex/unattended/Tolvo.ini", "settings");
+  EXPECT_EQ(Ask("on ../desk"), 1);
+  EXPECT_TRUE(Says(".config/marlex/unattended is a folder: move it away")) << Said;
+  EXPECT_FALSE(IsOn());
+  EXPECT_FALSE(fs::exists(Root / ".config/marlex/unattended/desk"));
+  EXPECT_EQ(Ask("start"), 1);
+  EXPECT_TRUE(Says("no folder is chosen")) << Said;
+  EXPECT_EQ(Read("log"), "");
 }
 
 TEST_F(Unattended, ExplainsItselfAndRefusesWhatItDoesNotKnow) {
