@@ -55,6 +55,9 @@ class AlsaDevice {
   bool Write(const float* stereo, int frames);
   bool Read(float* stereo, int frames);
 
+  /// False once the card has been pulled, whether the device runs or not.
+  bool IsConnected() const { return snd_pcm_state(Handle) != SND_PCM_STATE_DISCONNECTED; }
+
   /// Discards what the buffer holds; the next `Start` begins with an empty one.
   void Drop() { snd_pcm_drop(Handle); }
   bool Start();

@@ -13,7 +13,7 @@ namespace {
 constexpr int kBufferMs = 40;
 constexpr int kAwaitMs = 100;
 constexpr int kBlockFrames = 1024;
-constexpr std::int64_t kDeadUs = 2000000;  // without a piece: reopen the microphone
+constexpr std::int64_t kDeadUs = 2 * kUsPerSecond;  // without a piece: reopen the microphone
 // Between two attempts to open a missing microphone.
 constexpr std::int64_t kRetryUs = kUsPerSecond;
 

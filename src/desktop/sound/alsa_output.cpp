@@ -11,6 +11,7 @@ namespace {
 constexpr int kMusicMs = 40;   // buffered for music, unless the card needs more
 constexpr int kBlockMs = 40;   // the most rendered in one go
 constexpr int kAwaitMs = 100;  // then a silent card is checked again
+constexpr std::int64_t kLookUs = 2 * kUsPerSecond;  // between two checks of a sleeping card
 
 }  // namespace
 
@@ -75,19 +76,22 @@ bool AlsaOutput::Fill(int frames) {
   const bool sounds = Source->RenderBlock(Block.data(), frames, delayUs);
   const bool speaks = Input.MixInto(Block.data(), frames);
   if (!Device->Write(Block.data(), frames)) return false;
-  if (Silence.Passed(sounds || speaks, frames)) Sleep();
-  return true;
+  return !Silence.Passed(sounds || speaks, frames) || Sleep();
 }
 
 /// A `Wake` since the last block was taken has posted the semaphore already, so none is missed.
-void AlsaOutput::Sleep() {
+/// False when the card is gone, which reports nothing by itself as long as nothing plays.
+bool AlsaOutput::Sleep() {
   Device->Drop();
   Sleeping = true;
   Source->OutputChanged();
-  Waking.WaitUntil(kForeverUs);
+  while (!Waking.WaitUntil(SteadyUs() + kLookUs)) {
+    if (!Device->IsConnected()) return false;
+  }
   Sleeping = false;
   Silence.Reset();
   Device->Start();
+  return true;
 }
 
 }  // namespace marlex

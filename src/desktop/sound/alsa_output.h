@@ -39,7 +39,7 @@ class AlsaOutput : public SoundOutput {
   void Run();
   bool Step();
   bool Fill(int frames);
-  void Sleep();
+  bool Sleep();
 
   std::unique_ptr<AlsaDevice> Device;
   AlsaMicrophone Input;

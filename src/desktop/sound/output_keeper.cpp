@@ -6,9 +6,9 @@
 namespace marlex {
 namespace {
 
-constexpr std::int64_t kLookUs = 500000;         // between two checks of a playing device
-constexpr std::int64_t kStallUs = 2000000;       // without a block: the device is dead
-constexpr std::int64_t kRetryUs = kUsPerSecond;  // between two attempts to open the device
+constexpr std::int64_t kLookUs = 500 * kUsPerMs;     // between two checks of a playing device
+constexpr std::int64_t kStallUs = 2 * kUsPerSecond;  // without a block: the device is dead
+constexpr std::int64_t kRetryUs = kUsPerSecond;      // between two attempts to open the device
 
 }  // namespace
 

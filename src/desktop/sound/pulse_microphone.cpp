@@ -14,8 +14,8 @@ constexpr int kLatencyMs = 16;  // of the playback, including the card's own pie
 constexpr int kStartMs = 8;     // playback starts with this much
 constexpr int kRequestMs = 2;
 constexpr int kBlockFrames = 1024;
-constexpr std::int64_t kMuteUs = 100000;        // without a block: nothing is left to fade out
-constexpr std::int64_t kDeadUs = 2000000;       // without a block: reopen the microphone
+constexpr std::int64_t kMuteUs = 100 * kUsPerMs;    // without a block: nothing is left to fade out
+constexpr std::int64_t kDeadUs = 2 * kUsPerSecond;  // without a block: reopen the microphone
 constexpr std::int64_t kLookUs = kUsPerSecond;  // between two checks, and two attempts to open it
 constexpr std::uint32_t kServersChoice = std::uint32_t(-1);
 

@@ -16,11 +16,12 @@ constexpr int kPieceMs = 40;
 constexpr int kRequestMs = 2;  // smallest request
 // From writing a sample to hearing it.
 constexpr int kLatencyMs = 2 * kPieceMs + 2 * kRequestMs;
-constexpr int kLeftMs = 8;               // of the queue that are never rewritten
-constexpr std::int64_t kGuardUs = 6000;  // before the card's next piece: too late to rewrite
-constexpr int kWorthMs = 10;             // a shorter rewrite is not worth its message
-constexpr int kStartMs = 10;             // playback starts with this much
-constexpr std::int64_t kProofLimitUs = 2500000;  // for a card to take its first samples
+constexpr int kLeftMs = 8;  // of the queue that are never rewritten
+constexpr std::int64_t kGuardUs =
+    6 * kUsPerMs;             // before the card's next piece: too late to rewrite
+constexpr int kWorthMs = 10;  // a shorter rewrite is not worth its message
+constexpr int kStartMs = 10;  // playback starts with this much
+constexpr std::int64_t kProofLimitUs = 2500 * kUsPerMs;  // for a card to take its first samples
 
 constexpr std::uint32_t BytesIn(int milliseconds) {
   return std::uint32_t(FramesIn(milliseconds) * kFrameBytes);

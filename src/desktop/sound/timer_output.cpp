@@ -8,8 +8,9 @@ namespace marlex {
 namespace {
 
 constexpr int kBlockMs = 20;
-constexpr std::int64_t kBlockUs = kBlockMs * 1000;
-constexpr std::int64_t kLateUs = 500000;  // a longer gap, after the machine slept, is not made up
+constexpr std::int64_t kBlockUs = kBlockMs * kUsPerMs;
+// A longer gap, after the machine slept, is not made up.
+constexpr std::int64_t kLateUs = 500 * kUsPerMs;
 
 }  // namespace
 

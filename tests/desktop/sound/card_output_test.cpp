@@ -7,6 +7,7 @@
 #include "desktop/sound/engine_song_player.h"
 #include "desktop/sound/media_files.h"
 #include "desktop/sound/private_server.h"
+#include "desktop/sound/pulled_card.h"
 #include "desktop/sound/recording.h"
 #include "desktop/sound/test_loop.h"
 
@@ -83,6 +84,16 @@ TEST(CardOutput, GoesOnByTheTimerWhenTheCardGoesAndComesBackWithIt) {
   EXPECT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.OutputAlive(); }));
   Recording recording("desk");
   EXPECT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest() > 0.4; }));
+}
+
+TEST(CardOutput, ACardThatIsPulledWhileNothingPlaysIsMissed) {
+  CardDesk desk;
+  EXPECT_FALSE(desk.Loop.Within(6s, [&] { return !desk.Engine.OutputAlive(); }));
+  {
+    const test::PulledCard card;
+    EXPECT_TRUE(desk.Loop.Within(4s, [&] { return !desk.Engine.OutputAlive(); }));
+  }
+  EXPECT_TRUE(desk.Loop.Within(5s, [&] { return desk.Engine.OutputAlive(); }));
 }
 
 TEST(CardOutput, AnUnknownDeviceIsNoOutput) {
