@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "music/playlist_files.h"
 #include "schedule/schedule_columns.h"
 #include "state/media_names.h"
 #include "text/paths.h"
@@ -19,6 +20,7 @@ void Note(std::vector<BadMedium>& bad, const std::string& path, MediaState state
 }  // namespace
 
 std::vector<BadMedium> PlanMedia::Look() {
+  NoteMusic();
   std::vector<BadMedium> bad;
   CheckMessages(bad);
   if (SongsAreNeeded()) CheckSongs(bad);
@@ -32,7 +34,8 @@ void PlanMedia::CheckMessages(std::vector<BadMedium>& bad) {
     if (asked.insert(path).second) Note(bad, path, Media.Message(path));
   };
   const ListBox& waiting = TheFrmPlayers.lstMsgSequence;
-  for (int entry = 0; TheFlags.MessageAwaitingSongEnd && entry < waiting.ListCount(); ++entry)
+  const int count = TheFlags.MessageAwaitingSongEnd ? waiting.ListCount() : 0;
+  for (int entry = 0; entry < count; ++entry)
     check(TheSettings.MessageDirectory + waiting.List(entry));
   const Grid& table = TheFrmMain.grdSchedule;
   for (const int row : TheDay.RowsToCome()) {
@@ -41,10 +44,13 @@ void PlanMedia::CheckMessages(std::vector<BadMedium>& bad) {
   }
 }
 
+/// Music that its clock will start begins with the song of the last run, whatever is selected.
 void PlanMedia::CheckSongs(std::vector<BadMedium>& bad) {
   std::set<std::string> asked;
   const ListBox& list = TheFrmMain.lstPlaylist;
-  const int first = std::max(0, list.ListIndex());
+  const int start =
+      MusicIsOn ? list.ListIndex() : PlaylistPosition(TheSettings.LastSongIndex, list.ListCount());
+  const int first = std::max(0, start);
   const int count = std::min(list.ListCount(), kSongsAhead);
   for (int ahead = 0; ahead < count; ++ahead) {
     const std::string path = SongPath(TheSettings, list.List((first + ahead) % list.ListCount()));
@@ -52,10 +58,14 @@ void PlanMedia::CheckSongs(std::vector<BadMedium>& bad) {
   }
 }
 
+/// A message stops the music that comes back after it.
+void PlanMedia::NoteMusic() {
+  if (TheFlags.MessagePlaying) return;
+  MusicIsOn = TheFrmPlayers.MP3Player.PlayState() != kStopped && !ThePreviews.HoldSongPlayer;
+}
+
 /// Whether music is on, or the clock will start it today.
-bool PlanMedia::SongsAreNeeded() {
-  if (!TheFlags.MessagePlaying)
-    MusicIsOn = TheFrmPlayers.MP3Player.PlayState() != kStopped && !ThePreviews.HoldSongPlayer;
+bool PlanMedia::SongsAreNeeded() const {
   return MusicIsOn || (!TheFlags.MusicStoppedByUser && TheDay.MusicIsToCome());
 }
 

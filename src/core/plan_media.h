@@ -17,8 +17,6 @@ namespace marlex {
 struct BadMedium {
   std::string FileName;
   bool IsMissing = false;  // otherwise it is there, but unreadable or not of its kind
-
-  bool operator==(const BadMedium&) const = default;
 };
 
 /// Checks the files of today's plan before their time comes: the messages of all rows that the tick
@@ -44,9 +42,10 @@ class PlanMedia {
   static constexpr int kSongsAhead = 100;
 
  private:
+  void NoteMusic();
+  bool SongsAreNeeded() const;
   void CheckMessages(std::vector<BadMedium>& bad);
   void CheckSongs(std::vector<BadMedium>& bad);
-  bool SongsAreNeeded();
 
   const Flags& TheFlags;
   const Settings& TheSettings;
