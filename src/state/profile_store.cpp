@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "text/code_pages.h"
-#include "text/paths.h"
 #include "text/text_case.h"
 
 namespace marlex {
@@ -24,8 +23,8 @@ std::string AsText(std::string value, CodePage page) {
 
 /// Playlists and sequences are saved wherever the operator wants, all others in one place.
 std::string KindOf(const std::string& file) {
-  for (const char* ending : {".lst", ".sch"}) {
-    if (file.ends_with(ending)) return ending;
+  for (const char* pattern : {"*.lst", "*.sch"}) {
+    if (MatchesPattern(file, pattern)) return pattern;
   }
   return file;
 }
