@@ -106,6 +106,14 @@ TEST_P(Block, KeepsNumbersNamesAndAddresses) {
   EXPECT_EQ(Different("Hadrik|Tolvo( Marlex)?|MP3"), std::set<int>());
 }
 
+/// These two have a sign of their own for a letter that is left out.
+TEST_P(Block, WritesTheApostropheOfFrenchAndItalianAsATypesetterDoes) {
+  const std::string language = GetParam();
+  if (language != "French" && language != "Italian") return;
+  for (const auto& [id, text] : TextsOf(language))
+    EXPECT_EQ(text.find('\''), std::string::npos) << id << ": " << text;
+}
+
 /// A text to which something is appended ends with the same punctuation as in English.
 TEST_P(Block, EndsItsTextsWithTheSignsOfTheEnglishOnes) {
   EXPECT_EQ(Different("(:|\\.\\.\\.) ?$"), std::set<int>());
