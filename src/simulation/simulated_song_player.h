@@ -27,7 +27,8 @@ class SimulatedSongPlayer : public SongPlayer {
   void Pause() override;
   void Stop() override;
 
-  LoadedFile File;  // loaded from loading or a start to a stop or the end
+  /// Simulates a slow drive: how long after its loading the length of a file becomes known.
+  void SetLengthDelay(int ms) { File.LengthDelayMs = ms; }
 
   /// Forgets its song and its handler, as the end of the process does.
   void Reset();
@@ -37,6 +38,7 @@ class SimulatedSongPlayer : public SongPlayer {
   void Halt(PlayStates state);
   void ReachEnd();
 
+  LoadedFile File;  // loaded from loading or a start to a stop or the end
   VirtualLoop& Loop;
   Journal& Log;
 

@@ -37,7 +37,8 @@ class SimulatedWavePlayer : public WavePlayer {
   /// Milliseconds from the end of a play to its report, 0 to 20.
   int ReportDelayMs = 0;
 
-  LoadedFile File;  // loaded from an opening or a start to the end of the play
+  /// Simulates a slow drive: how long after its loading the length of a file becomes known.
+  void SetLengthDelay(int ms) { File.LengthDelayMs = ms; }
 
  private:
   void Open();
@@ -51,6 +52,7 @@ class SimulatedWavePlayer : public WavePlayer {
   void Note(const std::string& what) { Log.Write(Name, what); }
   std::string ShortName() const { return FileNameOf(File.Path()); }
 
+  LoadedFile File;  // loaded from an opening or a start to the end of the play
   VirtualLoop& Loop;
   Journal& Log;
   std::string Name;

@@ -187,7 +187,7 @@ TEST(MusicPlayer, TheLengthOfTheLastSongStaysOnShowForTheWholeOfTheFirst) {
 
 TEST(MusicPlayer, TheLengthOfASongOnASlowDriveIsShownAsSoonAsItIsKnown) {
   MusicDesk desk({.Music = {{"a", 10'000}, {"b", 20'000}}});
-  desk.Pc.Song.File.LengthDelayMs = 450;
+  desk.Pc.Song.SetLengthDelay(450);
   desk.Click("cmdPlay");
   EXPECT_EQ(desk.Text("lblMP3Length"), "0:00");
   desk.Advance(600);
@@ -357,7 +357,7 @@ TEST(MusicPlayer, AMessagePausesTheSongAndGivesItBackWhereItWas) {
 
 TEST(MusicPlayer, ALengthThatStayedUnknownIsNotThatOfTheNextRoundsFirstSong) {
   MusicDesk desk({.Music = {{"a", 10'000}, {"b", 20'000}}});
-  desk.Pc.Song.File.LengthDelayMs = 450;
+  desk.Pc.Song.SetLengthDelay(450);
   desk.Select(1);
   desk.Click("cmdPlay");
   desk.Advance(200);

@@ -41,8 +41,8 @@ class SimulatedPlayerBench : public PlayerBench {
 
  private:
   void Delay(int ms) {
-    Pc.Wav.File.LengthDelayMs = ms;
-    Pc.Song.File.LengthDelayMs = ms;
+    Pc.Wav.SetLengthDelay(ms);
+    Pc.Song.SetLengthDelay(ms);
   }
 
   SimulatedPc Pc;
