@@ -2,8 +2,8 @@
 
 #include "app/desktop_pc.h"
 #include "core/system.h"
-#include "desktop/process/service_manager.h"
 #include "desktop/process/session_end.h"
+#include "desktop/process/signs_of_life.h"
 #include "desktop/windows/toolkit_words.h"
 #include "desktop/windows/views.h"
 #include "i18n/languages.h"
@@ -16,7 +16,7 @@ int main(int argc, char* argv[]) {
   marlex::ToolkitWords words([&system] { return marlex::LocaleOf(system.Strings.LanguageBase); });
   marlex::Views views(system.TheWindows, pc.Loop, [&system] { return system.ThePasserby.Look(); });
   marlex::SessionEnd sessionEnd(pc.Loop, [&system] { system.TheMainWindow.mnuExit_Click(); });
-  marlex::ServiceManager serviceManager(pc.Loop);
+  marlex::SignsOfLife signsOfLife(pc.Loop);
   pc.Loop.Post([&system] { system.Start(); });
   return application.exec();
 }

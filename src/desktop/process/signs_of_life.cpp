@@ -1,4 +1,4 @@
-#include "desktop/process/service_manager.h"
+#include "desktop/process/signs_of_life.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -43,26 +43,25 @@ int WatchdogInterval() {
 
 }  // namespace
 
-ServiceManager::ServiceManager(EventLoop& loop)
-    : Loop(loop), Address(TakeVariable("NOTIFY_SOCKET")) {
+SignsOfLife::SignsOfLife(EventLoop& loop) : Loop(loop), Address(TakeVariable("NOTIFY_SOCKET")) {
   const int interval = WatchdogInterval();
   if (Address.empty()) return;
   Socket = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  Watchdog = Loop.StartTimer(1, [this, interval] {
-    Loop.StopTimer(*Watchdog);
-    Watchdog.reset();
+  Timer = Loop.StartTimer(1, [this, interval] {
+    Loop.StopTimer(*Timer);
+    Timer.reset();
     Report("READY=1");
-    if (interval > 0) Watchdog = Loop.StartTimer(interval, [this] { Report("WATCHDOG=1"); });
+    if (interval > 0) Timer = Loop.StartTimer(interval, [this] { Report("WATCHDOG=1"); });
   });
 }
 
-ServiceManager::~ServiceManager() {
-  if (Watchdog) Loop.StopTimer(*Watchdog);
+SignsOfLife::~SignsOfLife() {
+  if (Timer) Loop.StopTimer(*Timer);
   if (Socket >= 0) close(Socket);
 }
 
 /// A report that does not get through is lost: the next one follows in time.
-void ServiceManager::Report(const char* state) {
+void SignsOfLife::Report(const char* state) {
   sockaddr_un address = {};
   address.sun_family = AF_UNIX;
   if (Address.size() >= sizeof address.sun_path) return;

@@ -1,4 +1,4 @@
-#include "desktop/process/service_manager.h"
+#include "desktop/process/signs_of_life.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -52,7 +52,7 @@ TEST_F(ServiceManagerTest, HearsThatTheLoopTurnsAndThenOnceInHalfAPeriod) {
   setenv("WATCHDOG_USEC", "30000000", 1);
   setenv("WATCHDOG_PID", std::to_string(getpid()).c_str(), 1);
   VirtualLoop loop;
-  const ServiceManager manager(loop);
+  const SignsOfLife signs(loop);
   EXPECT_EQ(TheManager.Reports(), Reports());
   loop.RunFor(1);
   EXPECT_EQ(TheManager.Reports(), Reports{"READY=1"});
@@ -69,14 +69,14 @@ TEST_F(ServiceManagerTest, HearsAtASocketThatIsAFile) {
   const NotifySocket file(folder.Path("notify"));
   setenv("NOTIFY_SOCKET", file.Address().c_str(), 1);
   VirtualLoop loop;
-  const ServiceManager manager(loop);
+  const SignsOfLife signs(loop);
   loop.RunFor(1);
   EXPECT_EQ(file.Reports(), Reports{"READY=1"});
 }
 
 TEST_F(ServiceManagerTest, HearsNothingFromALoopThatHangs) {
   setenv("WATCHDOG_USEC", "20000", 1);
-  const ServiceManager manager(Loop);
+  const SignsOfLife signs(Loop);
   Await(2);
   std::this_thread::sleep_for(200ms);
   EXPECT_EQ(TheManager.Reports(), Reports());
@@ -84,7 +84,7 @@ TEST_F(ServiceManagerTest, HearsNothingFromALoopThatHangs) {
 
 TEST_F(ServiceManagerTest, HearsOfALoopInANestedWait) {
   setenv("WATCHDOG_USEC", "20000", 1);
-  const ServiceManager manager(Loop);
+  const SignsOfLife signs(Loop);
   std::size_t heard = 0;
   bool isOver = false;
   Loop.Post([&] {
@@ -97,16 +97,16 @@ TEST_F(ServiceManagerTest, HearsOfALoopInANestedWait) {
 
 TEST_F(ServiceManagerTest, WithoutAWatchdogHearsThatTheProgramIsReadyAlone) {
   VirtualLoop loop;
-  const ServiceManager manager(loop);
+  const SignsOfLife signs(loop);
   loop.RunFor(60'000);
   EXPECT_EQ(TheManager.Reports(), Reports{"READY=1"});
 }
 
-TEST_F(ServiceManagerTest, HearsNoSignsOfLifeThatItAsksOfAnotherProcess) {
+TEST_F(ServiceManagerTest, HearsNoSignsOfLifeIfItWatchesAnotherProcess) {
   setenv("WATCHDOG_USEC", "20000", 1);
   setenv("WATCHDOG_PID", std::to_string(getppid()).c_str(), 1);
   VirtualLoop loop;
-  const ServiceManager manager(loop);
+  const SignsOfLife signs(loop);
   loop.RunFor(1000);
   EXPECT_EQ(TheManager.Reports(), Reports{"READY=1"});
 }
@@ -114,7 +114,7 @@ TEST_F(ServiceManagerTest, HearsNoSignsOfLifeThatItAsksOfAnotherProcess) {
 TEST_F(ServiceManagerTest, IsNotInheritedByChildProcesses) {
   setenv("WATCHDOG_USEC", "20000", 1);
   setenv("WATCHDOG_PID", std::to_string(getpid()).c_str(), 1);
-  const ServiceManager manager(Loop);
+  const SignsOfLife signs(Loop);
   for (const char* name : kVariables) EXPECT_EQ(getenv(name), nullptr) << name;
 }
 
