@@ -2,28 +2,21 @@
 
 #include <QStringList>
 
+#include "desktop/windows/part.h"
 #include "desktop/windows/shown_text.h"
-#include "platform/runtime_failure.h"
 
 namespace marlex {
 
 namespace {
 
-constexpr std::size_t kMostInTip = 12;  // as many as fit a low screen
+constexpr int kMostInTip = 12;  // as many as fit a low screen
 
-template <class T>
-T& Part(QWidget& window, const char* name) {
-  auto* part = window.findChild<T*>(name);
-  if (!part) throw RuntimeFailure(std::string("The main window has no ") + name);
-  return *part;
-}
-
-/// The faults, a line for each.
+/// The faults, a line for each; an ellipsis for those that are too many.
 QString AllOf(const std::vector<std::string>& faults) {
   QStringList lines;
   for (const std::string& fault : faults) {
-    lines.append(lines.size() == int(kMostInTip) ? "..." : ShownText(fault));
-    if (lines.size() > int(kMostInTip)) break;
+    lines.append(lines.size() == kMostInTip ? "..." : ShownText(fault));
+    if (lines.size() > kMostInTip) break;
   }
   return lines.join('\n');
 }
@@ -48,7 +41,7 @@ void FaultLine::Paint(const std::vector<std::string>& faults) {
   const QString all = AllOf(faults);
   Newest.setText(faults.empty() ? QString() : ShownText(faults.front()));
   Newest.setAccessibleName(all);
-  More.setText("+" + QString::number(faults.size() - 1));
+  More.setText(faults.size() > 1 ? "+" + QString::number(faults.size() - 1) : QString());
   More.setVisible(faults.size() > 1);
   Box.setToolTip(ShownToolTip(all.toStdString()));
   Box.setAccessibleName(all);

@@ -7,8 +7,8 @@
 namespace marlex {
 
 /// One calm line below the band of the main window that says what is wrong: the newest fault, and
-/// how many more there are. Its tool tip, and what a screen reader reads, have them all. Hidden
-/// when all is well.
+/// how many more there are. Its tool tip, and what a screen reader reads, list up to twelve.
+/// Hidden when all is well.
 class FaultLine {
  public:
   /// `window` must contain the widgets of the line.

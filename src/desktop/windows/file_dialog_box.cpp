@@ -87,6 +87,8 @@ Part& Find(QFileDialog& dialog, const char* name) {
 FileDialogBox::FileDialogBox(QWidget* parent, const FileDialog& dialog,
                              const FileDialogTexts& texts, const Directories& files,
                              const PointersDown& pointers)
+    // The constructor's folder leaves no history to go back to. It must exist: Qt would take the
+    // name of a missing one for a file.
     : QFileDialog(parent, {}, QString::fromStdString(dialog.InitialDirectory)),
       Texts(texts),
       Files(files),

@@ -2,21 +2,14 @@
 
 #include <QStyle>
 
+#include "desktop/windows/part.h"
 #include "desktop/windows/shown_text.h"
-#include "platform/runtime_failure.h"
 
 namespace marlex {
 
 namespace {
 
 constexpr int kPartOfPixel = 1;  // lost when a text width is rounded
-
-template <class T>
-T& Part(QWidget& window, const char* name) {
-  auto* part = window.findChild<T*>(name);
-  if (!part) throw RuntimeFailure(std::string("The main window has no ") + name);
-  return *part;
-}
 
 /// The style sheet's name for the look of what is on the air.
 const char* FaceOf(OnAir what) {

@@ -75,7 +75,7 @@ bool GridModel::IsPlain(int row, int column) const {
 }
 
 bool GridModel::PlaysUnheard(int row, int column) const {
-  return Cells.BackColorAt(row, column) == kGreen && !View.property(kOnAirProperty).toBool();
+  return Cells.BackColorAt(row, column) == kGreen && !View.property(kSpeechIsOnProperty).toBool();
 }
 
 QColor GridModel::GroundOf(int row, int column) const {

@@ -12,7 +12,7 @@ namespace marlex {
 
 /// Property of the table: whether the loudspeakers carry speech or a message now. Unless it is
 /// true, the row that plays is pale, as a zone is that is fed with anything else.
-inline constexpr const char* kOnAirProperty = "onAir";
+inline constexpr const char* kSpeechIsOnProperty = "onAir";
 
 /// Gives a view the cells of a grid, straight from the control: row r of the view is row r + 1 of
 /// the grid, and row 0 of the grid is the heading.

@@ -5,7 +5,7 @@
 #include "controls/color.h"
 #include "desktop/windows/binding.h"
 #include "desktop/windows/grid_binding.h"
-#include "platform/runtime_failure.h"
+#include "desktop/windows/part.h"
 
 namespace marlex {
 
@@ -26,22 +26,15 @@ void Light(QLabel& lamp, const char* how) {
   lamp.update();
 }
 
-template <class Widget>
-Widget& WidgetOf(QWidget& window, const Control& control) {
-  auto* widget = window.findChild<Widget*>(QString::fromStdString(control.ObjectName()));
-  if (!widget) throw RuntimeFailure("The main window has no " + control.ObjectName());
-  return *widget;
-}
-
 QLabel& LampOf(QWidget& window, const Label& control) {
-  auto& lamp = WidgetOf<QLabel>(window, control);
+  auto& lamp = Part<QLabel>(window, control.ObjectName());
   lamp.setProperty(kLampProperty, kDark);
   return lamp;
 }
 
 void LightPlayingRow(QTableView& schedule, bool isOnAir) {
-  if (schedule.property(kOnAirProperty) == isOnAir) return;
-  schedule.setProperty(kOnAirProperty, isOnAir);
+  if (schedule.property(kSpeechIsOnProperty) == isOnAir) return;
+  schedule.setProperty(kSpeechIsOnProperty, isOnAir);
   schedule.viewport()->update();
 }
 
@@ -54,7 +47,7 @@ bool IsLit(const QWidget& lamp) {
 
 Lamps::Lamps(FrmMain& form, QWidget& window)
     : AmplifierNote(LampOf(window, form.lblHiPrio)),
-      Schedule(WidgetOf<QTableView>(window, form.grdSchedule)) {
+      Schedule(Part<QTableView>(window, form.grdSchedule.ObjectName())) {
   for (const auto& zone : form.lblCurrentZone) Zones.push_back({*zone, LampOf(window, *zone)});
   for (const auto& name : form.lblZoneName) ZoneNames.push_back(&LampOf(window, *name));
   for (const auto& call : form.lblBusy) Calls.push_back({*call, LampOf(window, *call)});
@@ -67,7 +60,8 @@ void Lamps::Paint(const Glance& glance) {
     Light(Zones[zone].Widget, how);
     Light(*ZoneNames[zone], how);
   }
-  const char* calling = glance.What == OnAir::Call ? kLive : glance.IsHeldBack ? kDark : kWaiting;
+  const char* calling = glance.IsHeldBack ? kDark : kWaiting;
+  if (glance.What == OnAir::Call) calling = kLive;
   for (const Lamp& call : Calls)
     Light(call.Widget, call.Source.BackColor == kButtonFace ? kDark : calling);
   Light(AmplifierNote, glance.IsHeldBack ? kHeld : kDark);

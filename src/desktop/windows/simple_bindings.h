@@ -15,7 +15,7 @@ namespace marlex {
 
 class Card;
 
-// The bindings of controls that only show a text, a value or a menu, by what shows the control.
+// The bindings of labels, frames, text fields, sliders and menus, by what shows the control.
 
 std::unique_ptr<Binding> MakeBinding(Label& control, QLabel& widget);
 std::unique_ptr<Binding> MakeBinding(Frame& control, Card& widget);

@@ -49,6 +49,13 @@ TEST_F(FaultLineTest, ShowsTheNewestFaultAndHowManyMoreThereAre) {
   EXPECT_TRUE(Line().isHidden());
 }
 
+TEST_F(FaultLineTest, CountsNothingWhenAllIsWellAgain) {
+  LoseTheMicrophone();
+  Shop.Pc.Sound = {};
+  Shop.Advance(kPromisedMs);
+  EXPECT_EQ(Part<QLabel>("paneMoreFaults").text(), "");
+}
+
 TEST_F(FaultLineTest, NamesAllForTheMouseAndForScreenReaders) {
   LoseTheMicrophone();
   Shop.Pc.Serial.Unplug();
