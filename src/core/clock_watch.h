@@ -28,7 +28,7 @@ class ClockWatch {
   std::optional<std::int64_t> LastAheadMs;  // none before the first look
   LocalTime LastTime;
   std::string JumpText;
-  std::int64_t FormerAheadMs = 0;  // before the jump that is shown
+  std::int64_t FormerAheadMs = 0;  // before the first of the jumps since the clock was right
   int LooksLeft = 0;               // for which it is shown
 };
 

@@ -58,8 +58,8 @@ class DayPlan {
 
   DayRibbon Look() const;
 
-  /// The rows that the tick has still to fire today, by time. A row whose minute has begun belongs
-  /// to them as long as the tick has not accepted the minute.
+  /// The rows that the tick is still to fire today, in order of time. Includes those of the current
+  /// minute until the tick has accepted it.
   std::vector<int> RowsToCome() const;
 
   /// Whether the clock wants music now or later today.

@@ -22,8 +22,8 @@ class SettingsLoader {
   /// first run, when there is no music directory, shows the settings dialog instead; its OK then
   /// shows the main window.
   ///
-  /// Waits, without a mixer, for the answer to its box; the process then ends. And like
-  /// `PlaylistFiles::LoadPlaylist`.
+  /// Without a mixer, waits for the answer to its box, after which the process ends. Otherwise
+  /// waits like `PlaylistFiles::LoadPlaylist`.
   void LoadSettings();
 
   /// Reads the volumes and the fade time. Sets the levels of the lines and mutes them all; music,

@@ -7,8 +7,8 @@
 
 namespace marlex {
 
-/// A violation that an operator can cause, by what he types or chooses or by a file of his. The
-/// string table has its text. What follows in `detail` is the same in every language.
+/// A broken rule that the operator can cause, by what is typed or chosen or by a file. Its text is
+/// in the string table; `detail` follows it, the same in every language.
 class OperatorFailure : public RuntimeFailure {
  public:
   explicit OperatorFailure(int textId, const std::string& detail = "")

@@ -9,8 +9,9 @@ enum class MediaState { Unknown, Good, Missing, Unplayable };
 
 /// Inspects songs and messages without playing them. Calls are on the system's thread and return
 /// what is known at once: a file is inspected in the background when it is asked for, and again
-/// when it is asked for two seconds later or more. A file whose drive does not answer counts as
-/// unplayable. A file is found as by `Directories`.
+/// when it is asked for two seconds later or more. While a drive does not answer, the file that is
+/// being inspected counts as unplayable, and all others as what was last known of them. A file is
+/// found as by `Directories`.
 class MediaCheck {
  public:
   virtual ~MediaCheck() = default;

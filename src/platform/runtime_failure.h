@@ -16,7 +16,7 @@ class RuntimeFailure : public std::exception {
 
   const char* what() const noexcept override { return Text.c_str(); }
 
-  /// Where it occurred, each place with ": " after it; empty if nobody has said it.
+  /// The places where it occurred, each followed by ": "; empty if none was added.
   const std::string& Place() const { return Places; }
 
   /// Puts a place in front of the others, and of the text.

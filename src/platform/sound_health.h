@@ -2,12 +2,13 @@
 
 namespace marlex {
 
-/// Where sound goes: to the device; nowhere, because the device has gone; or to a device that a
-/// sound server without a sound card pretends to have, which nobody hears.
+/// Where sound goes: to the device; nowhere, because there is no device, or no longer; or to a
+/// device that a sound server without a sound card pretends to have, which nobody hears.
 enum class SoundOutlet { Device, Gone, Pretended };
 
 /// What has become of the sound devices that were there at the start. Calls are on the system's
-/// thread, return at once, and say what was the case at most two seconds ago.
+/// thread and return at once what is known, mostly not older than two seconds; a microphone on a
+/// card without a sound server is missed only by the next call.
 class SoundHealth {
  public:
   virtual ~SoundHealth() = default;

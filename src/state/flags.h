@@ -19,7 +19,7 @@ struct Flags {
   bool PriorityClear = false;
   /// The amplifier has interrupted something of ours, until status 0. Set and cleared by the status
   /// byte, cleared as well when the settings change to an amplifier without a router; read by
-  /// calls, announcements, previews, the routing timer and the band.
+  /// calls, announcements, previews, the routing timer, the band and the ribbon.
   bool PriorityPreempted = false;
 
   // The call.
@@ -27,8 +27,8 @@ struct Flags {
   /// A call is in progress, from the press until its release has restored everything. Set and
   /// cleared by the call, also cleared by a takeover; read by everything that gives way to a call.
   bool CallActive = false;
-  /// The button was released during the fade before the pre-chime; the release turned the fade
-  /// round. Set by the release, cleared by the press; ends the wait of a fade down.
+  /// The button was released during the fade before the pre-chime; the release reversed the fade.
+  /// Set by the release, cleared by the press; ends the wait of a fade down.
   bool CallEndedDuringFade = false;
   /// The button was released while `WavFinished` was false, in a pre-chime or in a call without
   /// one. Set by the release. After a pre-chime, it is cleared by the call or the next press;
@@ -42,7 +42,7 @@ struct Flags {
   /// by a call over music; read by everything that gives way to messages.
   bool MessagePlaying = false;
   /// A row waits for the music break. Set and cleared by the tick, also cleared at the end of the
-  /// song. Read by the end of the song, and by the band.
+  /// song. Read by the end of the song, by the band, and by the check of files.
   bool MessageAwaitingSongEnd = false;
   /// The wave player has reported the end of its file. Set by that report and when a preview is
   /// stopped; cleared by each procedure that starts a file. Read by the waits for a file, and by
@@ -59,10 +59,11 @@ struct Flags {
   // The music's clock.
 
   /// The minute of the current tick, "HH:MM". Set by the tick, and by a playlist with autostart
-  /// when it is loaded; empty before either. Read by the tick and by the music's clock.
+  /// when it is loaded; empty before either. Read by the tick, by the music's clock and when
+  /// a playlist is loaded.
   std::string CurrentMinute;
   /// Keeps the clock from starting the music. Set by `cmdStop`; cleared by `cmdPlay`, by opening a
-  /// playlist and at midnight.
+  /// playlist and at midnight. Read by that clock and by the check of files.
   bool MusicStoppedByUser = false;
   /// The clock stopped the music, so that `cmdPlay` overrides it. Set by the clock; cleared by
   /// `cmdPlay` and by the clock's next start.

@@ -32,8 +32,8 @@ class ProfileStore {
   std::vector<std::string> ReadNumberedValues(const ProfileKey& key, const std::string& file) const;
 
   /// Writes a value to the file at once; an empty one is written as such and deletes nothing. An
-  /// equal value that is already there in a code page is left as it is. False on failure, which
-  /// nobody else reports.
+  /// equal value that is already there in a code page is left as it is. False on failure: no
+  /// box reports it unless the caller does.
   bool WriteProfileValue(const ProfileKey& key, const std::string& value, const std::string& file);
 
   /// Like `WriteProfileValue` for several values of one file, in order, all of them or none.
@@ -44,8 +44,8 @@ class ProfileStore {
   bool RebuildProfile(const std::vector<ProfileEntry>& entries, const std::string& file);
 
   /// The files that could not be written, at most one playlist and one sequence of them. Each is
-  /// forgotten once it has been written, a playlist or sequence also once another one has: the
-  /// operator has then taken that instead.
+  /// forgotten once it has been written, a playlist or sequence also once another one has, since
+  /// the operator has then chosen another place.
   std::vector<std::string> NotWritten() const;
 
   std::string ApplicationDirectory() const { return TheProcess.ApplicationDirectory(); }
