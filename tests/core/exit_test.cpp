@@ -152,7 +152,7 @@ void ExpectTheEnd(Desk& desk, const std::string& farewell) {
 
 constexpr const char* kFarewell = "0 send 0\n0 serial close\n0 process ends\n";
 
-TEST(Exit, TheMenuEndsTheProgramAtOnceInTheMidstOfAnything) {
+TEST(Exit, TheMenuEndsTheProgramAtOnceWhateverGoesOn) {
   for (const Midst& midst : kMidsts) {
     SCOPED_TRACE(midst.Name);
     Desk desk(Shop(true), kNobodyAnswers);
@@ -163,7 +163,7 @@ TEST(Exit, TheMenuEndsTheProgramAtOnceInTheMidstOfAnything) {
   }
 }
 
-TEST(Exit, ClosingTheWindowEndsTheProgramAtOnceInTheMidstOfAnything) {
+TEST(Exit, ClosingTheWindowEndsTheProgramAtOnceWhateverGoesOn) {
   for (const Midst& midst : kMidsts) {
     SCOPED_TRACE(midst.Name);
     Desk desk(Shop(true), kNobodyAnswers);

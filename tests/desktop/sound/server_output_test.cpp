@@ -314,7 +314,7 @@ TEST_F(CardsToCome, AreWaitedForWhileTheServerPretendsOne) {
   EXPECT_TRUE(Engine->HasMicrophone());
 }
 
-TEST_F(CardsToCome, AreMissedWhileTheServerPretendsOne) {
+TEST_F(CardsToCome, AreReportedMissingWhileTheServerOnlyPretendsACard) {
   Server.Control("load-module module-always-sink");
   Engine = std::make_unique<SoundEngine>(Loop, SoundOptions{.UseCard = false});
   EXPECT_EQ(Engine->Outlet(), SoundOutlet::Pretended);
