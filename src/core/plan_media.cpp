@@ -22,9 +22,20 @@ void Note(std::vector<BadMedium>& bad, const std::string& path, MediaState state
 std::vector<BadMedium> PlanMedia::Look() {
   NoteMusic();
   std::vector<BadMedium> bad;
+  CheckTexts(bad);
   CheckMessages(bad);
   if (SongsAreNeeded()) CheckSongs(bad);
   return bad;
+}
+
+void PlanMedia::CheckTexts(std::vector<BadMedium>& bad) {
+  const ListBox& sequences = TheFrmPlayers.SeqFileList;
+  for (int file = 0; file < sequences.ListCount(); ++file) {
+    const std::string path = TheSettings.SequencePath + sequences.List(file);
+    Note(bad, path, Media.TextFile(path));
+  }
+  const std::string& playlist = TheSettings.CurrentPlaylistFile;
+  if (!playlist.empty()) Note(bad, playlist, Media.TextFile(playlist));
 }
 
 /// The messages of a row that waits for the music break are in the list of the player.

@@ -13,14 +13,16 @@
 
 namespace marlex {
 
-/// A song or message that today's plan needs but that cannot be played.
+/// A song, message, playlist or sequence file that today's plan needs but that cannot be played or
+/// read.
 struct BadMedium {
   std::string FileName;
   bool IsMissing = false;  // otherwise it is there, but unreadable or not of its kind
 };
 
 /// Checks the files of today's plan before their time comes: the messages of all rows that the tick
-/// has still to fire, and the songs that follow, if music is on or its clock will start it.
+/// has still to fire, and the songs that follow, if music is on or its clock will start it; also
+/// the playlist and the sequence files that are open, without which there are no songs or rows.
 class PlanMedia {
  public:
   PlanMedia(const Flags& flags, const Settings& settings, const FrmMain& frmMain,
@@ -34,8 +36,8 @@ class PlanMedia {
         TheDay(day),
         Media(media) {}
 
-  /// Asks for each file once, and returns those that cannot be played, first the messages by time,
-  /// then the songs in their order.
+  /// Asks for each file once, and returns the bad ones, first the sequence files and the playlist,
+  /// then the messages by time, then the songs in their order.
   std::vector<BadMedium> Look();
 
   /// Songs that are checked ahead, for the sake of a playlist of thousands.
@@ -44,6 +46,7 @@ class PlanMedia {
  private:
   void NoteMusic();
   bool SongsAreNeeded() const;
+  void CheckTexts(std::vector<BadMedium>& bad);
   void CheckMessages(std::vector<BadMedium>& bad);
   void CheckSongs(std::vector<BadMedium>& bad);
 

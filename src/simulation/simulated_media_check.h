@@ -12,6 +12,9 @@ class SimulatedMediaCheck : public MediaCheck {
 
   MediaState Song(const std::string& path) override { return Of(path, MediaKind::Mp3); }
   MediaState Message(const std::string& path) override { return Of(path, MediaKind::Wav); }
+  MediaState TextFile(const std::string& path) override {
+    return Disk.Search(path).empty() ? MediaState::Missing : MediaState::Good;
+  }
 
  private:
   MediaState Of(const std::string& path, MediaKind kind) const {

@@ -170,5 +170,51 @@ TEST(OlderDesk, AFileThatHoldsNoTextIsNeverAppendedTo) {
   }
 }
 
+/// The settings of a folder that was copied from a PC whose paths begin with the letter of a drive.
+void CopyFromDrives(SimulatedPc& pc) {
+  With("Selected paths", "Music directory", R"(C:\Songs\)")(pc);
+  With("Selected paths", "Message directory", R"(C:\Spots\)")(pc);
+  With("Playlist", "Current List", R"(C:\Desk\Day.lst)")(pc);
+  With("Current sequence list", "Sequence path", R"(C:\Desk\)")(pc);
+}
+
+TEST(OlderDesk, WhatItsPathsOnADriveNoLongerNameIsSaid) {
+  SettingsDesk desk({.Music = {{"march"}}, .Sequences = {{.File = "day.sch"}}}, CopyFromDrives);
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Sys->ThePasserby.Look().Faults,
+            (std::vector<std::string>{R"(File not found: C:\Desk\day.sch)",
+                                      R"(File not found: C:\Desk\Day.lst)"}));
+  desk.Pc.Dialogs.OpenResults = {Desk::kPlaylist};
+  desk.Click("mnuOpen");
+  desk.Advance(0);
+  desk.Click("cmdPlay");
+  desk.Advance(0);
+  EXPECT_EQ(desk.BoxTexts(), "Problem: Cannot find music directory C:\\Songs\\\n");
+}
+
+TEST(OlderDesk, OnceItsPathsAreChosenAgainItsFilesPlay) {
+  SettingsDesk desk({.Music = {{"march"}}, .Sequences = {{.File = "day.sch"}}}, CopyFromDrives);
+  desk.Open();
+  desk.Click("cmdBgBrowse");
+  desk.DoubleClick(desk.DirSel().Dir1, "/");
+  desk.Choose(desk.DirSel().Dir1, "/music");
+  desk.Click("cmdOK");
+  desk.Click("cmdMsgBrowse");
+  desk.DoubleClick(desk.DirSel().Dir1, "/");
+  desk.Choose(desk.DirSel().Dir1, "/messages");
+  desk.Click("cmdOK");
+  desk.Click("cmdOK");  // of the settings
+  desk.Pc.Dialogs.OpenResults = {Desk::kPlaylist, "/app/day.sch"};
+  desk.Click("mnuOpen");
+  desk.Advance(0);
+  desk.Click("mnuSequence");
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Sys->ThePasserby.Look().Faults, std::vector<std::string>());
+  desk.Click("cmdPlay");
+  EXPECT_EQ(desk.Heard(), "song march.mp3 at 20000");
+  desk.RunTo(12, 1, 2);
+  EXPECT_EQ(desk.Heard(), "wav welcome.wav at 10000");
+}
+
 }  // namespace
 }  // namespace marlex

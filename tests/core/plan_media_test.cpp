@@ -26,5 +26,19 @@ TEST(PlanMedia, ChecksTheSongsFromTheOneWithWhichTheClockWillStart) {
             std::vector<std::string>{"File not found: song99.mp3"});
 }
 
+TEST(PlanMedia, NamesAMissingPlaylistAndMissingSequenceFiles) {
+  Desk desk({.Music = {{"march"}},
+             .Sequences = {{.File = "day.sch"}, {.File = "evening.sch", .Hours = "20"}}});
+  desk.Pc.Disk.Vanish("/app/evening.sch");
+  desk.Pc.Disk.Vanish(Desk::kPlaylist);
+  desk.Advance(kPromisedMs);
+  EXPECT_EQ(desk.Sys->ThePasserby.Look().Faults,
+            (std::vector<std::string>{"File not found: evening.sch", "File not found: Day.lst"}));
+  desk.Click("mnuClose");
+  desk.Advance(kPromisedMs);
+  EXPECT_EQ(desk.Sys->ThePasserby.Look().Faults,
+            std::vector<std::string>{"File not found: Day.lst"});
+}
+
 }  // namespace
 }  // namespace marlex

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
+#include <filesystem>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -36,6 +37,11 @@ bool IsMp3(const std::string& path) {
 }
 
 bool IsWav(const std::string& path) { return OpenWav(path) != nullptr; }
+
+bool IsFile(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(FoundPath(path), ignored);
+}
 
 /// What changes whenever the contents of a file, its place or its rights do.
 struct Stamp {
@@ -175,5 +181,6 @@ SoundFileCheck::~SoundFileCheck() { Inside->Quit(); }
 
 MediaState SoundFileCheck::Song(const std::string& path) { return Inside->Ask(path, IsMp3); }
 MediaState SoundFileCheck::Message(const std::string& path) { return Inside->Ask(path, IsWav); }
+MediaState SoundFileCheck::TextFile(const std::string& path) { return Inside->Ask(path, IsFile); }
 
 }  // namespace marlex

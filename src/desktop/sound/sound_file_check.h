@@ -19,6 +19,7 @@ class SoundFileCheck : public MediaCheck {
 
   MediaState Song(const std::string& path) override;
   MediaState Message(const std::string& path) override;
+  MediaState TextFile(const std::string& path) override;
 
  private:
   class Body;

@@ -24,6 +24,7 @@ class MediaCheckContract : public testing::TestWithParam<PcKind> {
     return true;
   }
   MediaState Of(const std::string& path) {
+    if (path.ends_with(".lst")) return Bench->Check().TextFile(path);
     return path.ends_with(".mp3") ? Bench->Check().Song(path) : Bench->Check().Message(path);
   }
 
@@ -61,6 +62,13 @@ TEST_P(MediaCheckContract, AFileIsInspectedAgainWhenItIsAskedForLater) {
 TEST_P(MediaCheckContract, ANameInOtherLettersFindsTheFile) {
   Bench->Wav("Gong.wav", 500);
   EXPECT_TRUE(Becomes(Bench->Path("gong.WAV"), MediaState::Good));
+}
+
+TEST_P(MediaCheckContract, ATextFileIsGoodWhateverIsInIt) {
+  const std::string list = Bench->Noise("Day.lst");
+  EXPECT_TRUE(Becomes(list, MediaState::Good));
+  Bench->Remove(list);
+  EXPECT_TRUE(Becomes(list, MediaState::Missing));
 }
 
 }  // namespace
