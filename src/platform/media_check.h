@@ -4,14 +4,15 @@
 
 namespace marlex {
 
-/// Whether a file could be played or read now. `Unknown` until it has been inspected for the first time.
+/// Whether a file could be played or read now. `Unknown` until it has been inspected for the first
+/// time.
 enum class MediaState { Unknown, Good, Missing, Unplayable };
 
-/// Inspects songs and messages without playing them, and looks for playlists and sequence files. Calls are on the system's thread and return
-/// what is known at once: a file is inspected in the background when it is asked for, and again
-/// when it is asked for two seconds later or more. While a drive does not answer, the file that is
-/// being inspected counts as unplayable, and all others as what was last known of them. A file is
-/// found as by `Directories`.
+/// Inspects songs and messages without playing them, and looks for playlists and sequence files.
+/// Calls are on the system's thread and return what is known at once: a file is inspected in the
+/// background when it is asked for, and again when it is asked for two seconds later or more. While
+/// a drive does not answer, the file that is being inspected counts as unplayable, and all others
+/// as what was last known of them. A file is found as by `Directories`.
 class MediaCheck {
  public:
   virtual ~MediaCheck() = default;

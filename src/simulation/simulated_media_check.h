@@ -5,15 +5,18 @@
 
 namespace marlex {
 
-/// Inspects files of the memory disk, which never make it wait.
+/// Inspects files of the memory disk, which never make it wait, and looks for text files where the
+/// system does.
 class SimulatedMediaCheck : public MediaCheck {
  public:
-  explicit SimulatedMediaCheck(const MemoryDisk& disk) : Disk(disk) {}
+  explicit SimulatedMediaCheck(MemoryDisk& disk) : Texts(&disk), Disk(disk) {}
+
+  Directories* Texts;
 
   MediaState Song(const std::string& path) override { return Of(path, MediaKind::Mp3); }
   MediaState Message(const std::string& path) override { return Of(path, MediaKind::Wav); }
   MediaState TextFile(const std::string& path) override {
-    return Disk.Search(path).empty() ? MediaState::Missing : MediaState::Good;
+    return Texts->Search(path).empty() ? MediaState::Missing : MediaState::Good;
   }
 
  private:

@@ -26,6 +26,7 @@ SimulatedPc::SimulatedPc() {
 }
 
 marlex::Pc SimulatedPc::Ports(ProfileFiles& profiles, Directories& files) {
+  Media.Texts = &files;
   return {.Loop = Loop,
           .Clock = Clock,
           .Profiles = profiles,

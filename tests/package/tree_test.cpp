@@ -67,7 +67,9 @@ TEST_F(InstalledTree, HoldsWhatBelongsToTheProgramAndNothingElse) {
                                     "libexec/marlex/marlex-program",
                                     Entry,
                                     Metadata,
+                                    "share/doc/marlex/installing.html",
                                     "share/doc/marlex/manual.html",
+                                    "share/doc/marlex/older_desk.html",
                                     "share/icons/hicolor/scalable/apps/marlex.svg",
                                     "share/man/man1/marlex-unattended.1",
                                     "share/man/man1/marlex.1"};
@@ -149,17 +151,24 @@ TEST_F(InstalledTree, NamesTheProgramAsItNamesItself) {
   EXPECT_EQ(languages, 14);
 }
 
-TEST_F(InstalledTree, HasAManualWithAllItsPictures) {
-  const std::string page = Text(Root / "share/doc/marlex/manual.html");
-  EXPECT_NE(page.find("<title>Using Tolvo Marlex</title>"), std::string::npos);
-  const std::regex picture("<img [^>]*src=\"([^\"]*)\"");
-  int pictures = 0;
-  for (std::sregex_iterator at(page.begin(), page.end(), picture), end; at != end; ++at) {
-    EXPECT_TRUE(fs::exists(Root / "share/doc/marlex" / (*at)[1].str())) << (*at)[1];
-    ++pictures;
+TEST_F(InstalledTree, HasAManualWithAllItsPicturesAndPages) {
+  const std::vector<std::pair<std::string, std::string>> pages = {
+      {"manual", "Using Tolvo Marlex"},
+      {"installing", "Installing Tolvo Marlex"},
+      {"older_desk", "Files from an older desk"}};
+  const fs::path folder = Root / "share/doc/marlex";
+  const std::regex reference("(src|href)=\"([^\"]*)\"");
+  int references = 0;
+  for (const auto& [name, title] : pages) {
+    const std::string page = Text(folder / (name + ".html"));
+    EXPECT_NE(page.find("<title>" + title + "</title>"), std::string::npos) << name;
+    for (std::sregex_iterator at(page.begin(), page.end(), reference), end; at != end; ++at) {
+      EXPECT_TRUE(fs::exists(folder / (*at)[2].str())) << name << ": " << (*at)[2];
+      ++references;
+    }
+    EXPECT_EQ(page.find("]("), std::string::npos) << "a link has been left as it is written";
   }
-  EXPECT_GT(pictures, 5);
-  EXPECT_EQ(page.find("]("), std::string::npos) << "a link has been left as it is written";
+  EXPECT_GT(references, 8);
 }
 
 TEST_F(InstalledTree, HasManPagesThatFormatCleanly) {

@@ -61,7 +61,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   drawFrame(&painter);
   painter.setFont(ShownFont());
   style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(),
-                        isEnabled(), ShownPath(ShownLine()), foregroundRole());
+                        isEnabled(), InReadingOrder(ShownLine()), foregroundRole());
 }
 
 QString ElidedButton::ShownLine() const {

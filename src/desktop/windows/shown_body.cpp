@@ -102,8 +102,12 @@ QString WithPathsApart(const QString& shown, const std::function<bool(const QStr
   return lines.join('\n');
 }
 
-QString ShownPath(const QString& line) {
-  return PathStart(line) >= 0 && HasLettersFromRight(line) ? InOrder(line) : line;
+QString InReadingOrder(const QString& line) {
+  if (!HasLettersFromRight(line)) return line;
+  const qsizetype start = PathStart(line);
+  if (start < 0) return InItsDirection(line);
+  const QString path = InOrder(line.mid(start));
+  return start == 0 ? path : InItsDirection(line.left(start) + path);
 }
 
 QString WithoutMarks(QString shown) {

@@ -15,9 +15,9 @@ QString ShownBody(const std::string& body);
 /// before it.
 QString WithPathsApart(const QString& shown, const std::function<bool(const QString& line)>& fits);
 
-/// Converts one line for display. The folders of a path follow one another from left to right, even
-/// where their names run from right to left.
-QString ShownPath(const QString& line);
+/// Converts one line for display. It runs in its own direction; the folders of a path follow one
+/// another from left to right, even where their names run from right to left.
+QString InReadingOrder(const QString& line);
 
 /// The same text without the marks that keep it in order.
 QString WithoutMarks(QString shown);

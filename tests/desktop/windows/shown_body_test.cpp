@@ -67,10 +67,13 @@ TEST(ShownBody, TheBlanksOfATextStayAsTheyAre) {
   EXPECT_EQ(WithoutMarks(ShownBody("Introuvable\u00A0: /a b/")), "Introuvable\u00A0: /a b/");
 }
 
-/// Where the last such letter is painted, from the left. Where a run begins, a place would be
-/// ambiguous.
+/// Where a window, none of which is mirrored, paints the last such letter, from the left. Where a
+/// run begins, a place would be ambiguous.
 qreal PlaceOf(const QString& text, QChar letter) {
   QTextLayout layout(text, QApplication::font());
+  QTextOption option;
+  option.setTextDirection(Qt::LeftToRight);
+  layout.setTextOption(option);
   layout.beginLayout();
   QTextLine line = layout.createLine();
   line.setLineWidth(2000);
@@ -86,16 +89,25 @@ TEST(ShownBody, APathRunsFromLeftToRightAmongHebrewLetters) {
 
 TEST(ShownBody, HebrewFoldersFollowOneAnotherFromLeftToRight) {
   const QString folders = "/home/\u05D0\u05D0/\u05D1\u05D1/x";
-  for (const QString& shown : {ShownBody(folders.toStdString()), ShownPath(folders)}) {
+  for (const QString& shown : {ShownBody(folders.toStdString()), InReadingOrder(folders)}) {
     EXPECT_LT(PlaceOf(shown, QChar(0x05D0)), PlaceOf(shown, QChar(0x05D1)));
     EXPECT_LT(PlaceOf(shown, QChar(0x05D1)), PlaceOf(shown, 'x'));
     EXPECT_EQ(WithoutMarks(shown), folders);
   }
 }
 
-TEST(ShownBody, ALineThatIsNoHebrewPathStaysAsItIs) {
-  for (const char* line : {"/home/music", "\u05D0/\u05D1", "Slow river"})
-    EXPECT_EQ(ShownPath(line), line);
+TEST(ShownBody, ALineWithoutHebrewLettersStaysAsItIs) {
+  for (const char* line : {"/home/music", "Slow river"}) EXPECT_EQ(InReadingOrder(line), line);
+}
+
+TEST(ShownBody, AHebrewLineIsReadFromTheRightUpToTheFileItNames) {
+  for (const char* line :
+       {"\u05D4\u05E7\u05D5\u05D1\u05E5: Q.sch", "\u05D4\u05E7\u05D5\u05D1\u05E5: /Q.sch"}) {
+    const QString shown = InReadingOrder(line);
+    EXPECT_GT(PlaceOf(shown, QChar(0x05E7)), PlaceOf(shown, QChar(0x05E5)));
+    EXPECT_GT(PlaceOf(shown, QChar(0x05E5)), PlaceOf(shown, 'Q'));
+    EXPECT_EQ(WithoutMarks(shown), line);
+  }
 }
 
 TEST(ShownBody, AHebrewQuestionBelowAFileEndsOnItsLeft) {
