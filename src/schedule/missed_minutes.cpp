@@ -23,15 +23,21 @@ MissedMinutes::MissedMinutes(EventLoop& loop, WallClock& clock, const Flags& fla
 void MissedMinutes::Look() {
   const LocalTime time = Clock.Now();
   const std::string now = MinuteText(time);
-  if (now != Minute && !Minute.empty()) {
-    if (Tick.LastMinute != Minute) TheRecord.RowsAreLost(Missed, Why);
-    LoseSkippedRows(now, time.Weekday);
+  if (now != Minute) {
+    if (!Minute.empty()) EndMinute(now, time.Weekday);
+    AcceptedBefore = Accepted;
+    Minute = now;
+    Weekday = time.Weekday;
   }
-  Minute = now;
-  Weekday = time.Weekday;
   Missed.clear();
-  if (Tick.LastMinute != now) Missed = Tick.RowsOf(now, Weekday);
+  if (!IsAccepted()) Missed = Tick.RowsOf(Minute, Weekday);
+  Accepted = Tick.LastMinute;
   Why = Reason();
+}
+
+void MissedMinutes::EndMinute(const std::string& now, int weekday) const {
+  if (!IsAccepted()) TheRecord.RowsAreLost(Missed, Why);
+  LoseSkippedRows(now, weekday);
 }
 
 /// The clock goes on by more than a minute when it is set, when summer time begins, and while the

@@ -24,8 +24,10 @@ class MissedMinutes {
 
  private:
   void Look();
+  void EndMinute(const std::string& now, int weekday) const;
   void LoseSkippedRows(const std::string& now, int weekday) const;
   LossReason Reason() const;
+  bool IsAccepted() const { return Tick.LastMinute == Minute && AcceptedBefore != Minute; }
 
   EventLoop& Loop;
   WallClock& Clock;
@@ -35,8 +37,11 @@ class MissedMinutes {
   Record& TheRecord;
 
   // What the last look has found.
-  std::string Minute;               // empty before the first look
-  int Weekday = 0;                  // 1 is Monday
+  std::string Minute;          // empty before the first look
+  std::string AcceptedBefore;  // the tick's last minute at the look before that minute; after a
+                               // day without a tick, it has the same name
+  std::string Accepted;        // the same at the last look
+  int Weekday = 0;             // 1 is Monday
   std::vector<RecordedRow> Missed;  // the rows of that minute, unless the tick has accepted it
   LossReason Why = LossReason::Held;
 

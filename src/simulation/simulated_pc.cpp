@@ -54,6 +54,7 @@ void SimulatedPc::Restart() {
   Mixer.Reset();
   Dialogs.Reset();
   Process.Reset();
+  Log.OnLine = nullptr;
   ReportFailures();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/system_log.h"
@@ -12,7 +13,12 @@ class SimulatedSystemLog : public SystemLog {
  public:
   explicit SimulatedSystemLog(Journal& journal) : TheJournal(journal) {}
 
-  void Write(const std::string& line) override { TheJournal.Write("record", line); }
+  void Write(const std::string& line) override {
+    TheJournal.Write("record", line);
+    if (OnLine) OnLine(line);
+  }
+
+  std::function<void(const std::string& line)> OnLine;  // until the PC restarts
 
  private:
   Journal& TheJournal;

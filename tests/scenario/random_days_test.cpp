@@ -126,6 +126,7 @@ void ExpectAllCorners(CornerCounts& corners) {
                              "music stopped by the clock",
                              "midnight",
                              "a row that fires",
+                             "a row that the record accounts for",
                              "a start by the clock",
                              "a fade on a card that refuses",
                              "a file dialog over a message",

@@ -7,6 +7,8 @@
 namespace marlex {
 namespace {
 
+constexpr int kMinuteMs = 60'000;
+
 /// A desk whose journal holds the record alone, from its main window on.
 class RecordingDesk : public Desk {
  public:
@@ -207,6 +209,20 @@ TEST(RecordOfARow, SaysThatAScheduleLeftHeldKeptItFromFiring) {
   desk.Advance(1000);
   desk.Lines();
   desk.RunTo(12, 2);
+  EXPECT_EQ(desk.Lines(), "row 12:01 welcome: lost, schedule held\n");
+}
+
+TEST(RecordOfARow, SaysThatAScheduleHeldForADayKeptItFromFiring) {
+  RecordingDesk desk(WithRow());
+  desk.RunTo(12, 1, 10);
+  desk.Press("cmdCall");
+  desk.Advance(1000);
+  desk.Status(128);
+  desk.Release("cmdCall");
+  desk.Status(0);
+  desk.Advance(2000);
+  desk.Lines();
+  desk.Advance((24 * 60 + 1) * kMinuteMs);
   EXPECT_EQ(desk.Lines(), "row 12:01 welcome: lost, schedule held\n");
 }
 

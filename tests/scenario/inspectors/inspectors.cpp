@@ -23,13 +23,14 @@ Inspectors::Inspectors(Desk& desk, CornerCounts& corners)
       Rows(TheScene),
       FiringRow(TheScene, SequenceEdits, Traces, Tick, Rows),
       MusicClock(TheScene, Tick, Playlists),
+      Record(TheScene),
       Rest(TheScene, SequenceEdits, Preview, Traces),
       Zones(TheScene, Traces),
       Waits(TheScene),
       Corners(TheScene, SequenceEdits, Preview, Playlists, Bytes),
       InOrder{&SequenceEdits, &View,  &Playlists,      &Traces, &Bytes,   &MasterMute, &Messages,
               &Priority,      &Mixer, &OpenMicrophone, &Call,   &Preview, &Save,       &Tick,
-              &FiringRow,     &Rows,  &MusicClock,     &Rest,   &Zones} {
+              &FiringRow,     &Rows,  &MusicClock,     &Record, &Rest,    &Zones} {
   Remember();
 }
 

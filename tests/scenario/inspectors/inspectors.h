@@ -16,6 +16,7 @@
 #include "scenario/inspectors/playlist_editor.h"
 #include "scenario/inspectors/preview.h"
 #include "scenario/inspectors/priority.h"
+#include "scenario/inspectors/record.h"
 #include "scenario/inspectors/rest.h"
 #include "scenario/inspectors/sequence_editor.h"
 #include "scenario/inspectors/sequence_save.h"
@@ -67,6 +68,7 @@ class Inspectors {
   TableInspector Rows;
   FiringRowInspector FiringRow;
   MusicClockInspector MusicClock;
+  RecordInspector Record;
   RestInspector Rest;
   ZonesInspector Zones;
   WaitsInspector Waits;
@@ -75,7 +77,7 @@ class Inspectors {
   /// Those that check while the main window is loaded, in the order in which they check. Each comes
   /// after the ones whose findings about the same event it needs. The exception is the editor,
   /// which asks how the call was before the event.
-  std::array<Inspector*, 19> InOrder;
+  std::array<Inspector*, 20> InOrder;
 };
 
 }  // namespace marlex
