@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cctype>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -14,6 +15,8 @@
 
 namespace marlex::stage {
 namespace {
+
+constexpr double kStartLimitSeconds = 20;
 
 std::string TextOf(const std::string& file) {
   std::ifstream stream(file);
@@ -42,13 +45,14 @@ std::vector<std::string> Modules(const SoundCards& cards) {
 
 }  // namespace
 
-SoundServer::SoundServer(const std::string& folder, const SoundCards& cards) : Folder(folder) {
+SoundServer::SoundServer(const std::string& folder, const SoundCards& cards)
+    : Folder(folder), OnPipeWire(cards.OnPipeWire) {
   WriteAlsaConfiguration();
   Start(cards);
 }
 
 Environment SoundServer::Variables() const {
-  return {{"PULSE_SERVER", "unix:" + Folder + "/native"},
+  return {{"PULSE_SERVER", "unix:" + Folder + (OnPipeWire ? "/clients" : "/native")},
           {"PULSE_COOKIE", Folder + "/cookie"},
           {"PULSE_RUNTIME_PATH", Folder},
           {"PULSE_STATE_PATH", Folder},
@@ -59,22 +63,41 @@ Environment SoundServer::Variables() const {
 }
 
 void SoundServer::Kill() {
-  if (!Server) return;
-  Server->Signal(SIGKILL);
-  Server.reset();
+  for (auto* process : {&Interface, &Server}) {
+    if (*process) (*process)->Signal(SIGKILL);
+    process->reset();
+  }
+}
+
+void SoundServer::KillInterface() {
+  Interface->Signal(SIGKILL);
+  Interface.reset();
+}
+
+void SoundServer::StartInterface() {
+  const std::string socket = Folder + "/clients";
+  std::filesystem::remove(socket);  // of the killed one
+  Command command = Prepare({"pipewire", "-c", socket + ".conf"}, "interface");
+  command.Variables["PIPEWIRE_RUNTIME_DIR"] = Folder;
+  command.Variables["PIPEWIRE_REMOTE"] = "pipewire-0";
+  Interface = std::make_unique<ChildProcess>(command);
+  const auto isUp = [&] { return access(socket.c_str(), F_OK) == 0; };
+  if (!WaitUntil(isUp, kStartLimitSeconds))
+    throw std::runtime_error("PipeWire has no interface:\n" + TextOf(command.LogFile));
 }
 
 void SoundServer::Start(const SoundCards& cards) {
-  constexpr double kStartLimitSeconds = 20;
   Kill();
   Command command = Prepare({MARLEX_SOURCE_DIR "/tests/sound/private_server", Folder}, "sound");
   for (const std::string& module : Modules(cards)) command.Arguments.push_back(module);
   command.Variables["HOME"] = Folder;
   command.Variables.erase("PULSE_SERVER");
+  if (OnPipeWire) command.Variables["MARLEX_SOUND_SERVER"] = "pipewire";
   Server = std::make_unique<ChildProcess>(command);
   const auto isOver = [&] { return !Server->IsRunning() || IsReady(cards); };
   if (!WaitUntil(isOver, kStartLimitSeconds) || !Server->IsRunning())
     throw std::runtime_error("The sound server did not start:\n" + TextOf(command.LogFile));
+  if (OnPipeWire) StartInterface();
 }
 
 /// One kind of server answers before everything inside it is ready.
@@ -117,6 +140,7 @@ Command SoundServer::Prepare(std::vector<std::string> arguments, const std::stri
   Command command;
   command.Arguments = std::move(arguments);
   command.Variables = Variables();
+  command.Variables["PULSE_SERVER"] = "unix:" + Folder + "/native";
   command.LogFile = Folder + "/" + log + ".log";
   command.IsRealTime = true;  // a busy machine must not spoil the sound
   return command;

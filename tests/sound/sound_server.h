@@ -13,6 +13,7 @@ struct SoundCards {
   std::vector<std::string> Outputs = {"card"};  // the first is the default
   bool Microphone = false;  // "microphone", which hears what is played into the output "mouth"
   int Rate = 48'000;        // frames a second of the cards; 0 leaves it to the server
+  bool OnPipeWire = false;  // whatever else the machine has; see `KillInterface`
 };
 
 /// A sound server of our own with silent cards, separate from any other server of the machine. A
@@ -27,13 +28,18 @@ class SoundServer {
   /// Id of its process, which must be running.
   pid_t Pid() const { return Server->Pid(); }
 
-  /// Kills it without warning, as a crash would.
+  /// Kills it without warning, as a crash would. With PipeWire all of its processes die.
   void Kill();
 
   /// Starts it again after `Kill`, possibly with other cards. Until it answers, the socket of the
   /// killed one remains: clients see a server that is starting. It ends with the thread that starts
   /// it.
   void Start(const SoundCards& cards);
+
+  /// For `OnPipeWire`, where a program reaches the cards through a process of its own, as through
+  /// pipewire-pulse on a desktop: the rest, which the tests themselves use, runs on without it.
+  void KillInterface();
+  void StartInterface();
 
   /// Stops answering, and later continues where it stopped.
   void Freeze() { Server->Signal(SIGSTOP); }
@@ -58,7 +64,9 @@ class SoundServer {
   void WriteAlsaConfiguration() const;
 
   std::string Folder;
+  bool OnPipeWire;
   std::unique_ptr<ChildProcess> Server;
+  std::unique_ptr<ChildProcess> Interface;
 };
 
 }  // namespace marlex::stage

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -144,6 +145,29 @@ class RealDesk : public stage::Stage {
     const std::string speech = Folder + "/speech.wav";
     stage::WriteWavFile(speech, stage::Tone(kVoice, 100, kTonePeak));
     Speaker = Server->Speak(speech);
+  }
+
+  /// The output "card" is pulled out of the sound server, and is plugged in again.
+  void PullCard() const {
+    std::istringstream modules(Server->Control("list short modules"));
+    for (std::string module; std::getline(modules, module);) {
+      if (module.find("sink_name=card") != std::string::npos)
+        Server->Control("unload-module " + module.substr(0, module.find('\t')));
+    }
+  }
+  void PlugCard() const { Server->Control("load-module module-null-sink sink_name=card"); }
+
+  std::string NewestFault() const { return Window->Read("frmMain.paneNewestFault", "text"); }
+
+  /// Waits until the newest fault in sight begins so.
+  bool AwaitFault(const std::string& text, double limitSeconds = 30) const {
+    return stage::WaitUntil([&] { return NewestFault().starts_with(text); }, limitSeconds);
+  }
+
+  /// Whether the log has, or soon gets, a line that begins so.
+  bool Records(const std::string& text) const {
+    const auto begins = [&](const stage::LogLine& line) { return line.Text.starts_with(text); };
+    return stage::WaitUntil([&] { return std::ranges::any_of(Log->Lines(), begins); }, 5);
   }
 
   /// Times at which a property took a value, oldest first.
