@@ -24,14 +24,10 @@ stage::StageOptions WithPortal() {
 class PortalDesk : public RealDesk {
  public:
   PortalDesk() : RealDesk(TwoSongs(40), WithPortal()) {
-    const std::string bus = "unix:path=" + Folder + "/bus";
-    Bus =
-        Helper({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--address=" + bus}, "bus");
-    stage::WaitUntil([this] { return std::filesystem::exists(Folder + "/bus"); }, 20);
-    setenv("DBUS_SESSION_BUS_ADDRESS", bus.c_str(), 1);
-    Portal = Helper({MARLEX_BINARY_DIR "/helpers/marlex_portal", Folder + "/answer"}, "portal");
+    StartBus();
+    Portal =
+        StartBeside("portal", {MARLEX_BINARY_DIR "/helpers/marlex_portal", Folder + "/answer"});
     AwaitRequest("ready");
-    MoreVariables["DBUS_SESSION_BUS_ADDRESS"] = bus;
     Start();
   }
 
@@ -67,15 +63,6 @@ class PortalDesk : public RealDesk {
   }
 
  private:
-  std::unique_ptr<stage::ChildProcess> Helper(std::vector<std::string> words,
-                                              const std::string& name) const {
-    stage::Command command;
-    command.Arguments = std::move(words);
-    command.LogFile = Folder + "/" + name + ".log";
-    return std::make_unique<stage::ChildProcess>(command);
-  }
-
-  std::unique_ptr<stage::ChildProcess> Bus;
   std::unique_ptr<stage::ChildProcess> Portal;
 };
 

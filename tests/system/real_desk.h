@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -124,6 +125,25 @@ class RealDesk : public stage::Stage {
     return stage::WaitUntil(isLast, limitSeconds);
   }
 
+  /// A message bus for the program and for what is started beside it.
+  void StartBus() {
+    const std::string bus = "unix:path=" + Folder + "/bus";
+    Bus = StartBeside("bus",
+                      {"dbus-daemon", "--session", "--nofork", "--nopidfile", "--address=" + bus});
+    stage::WaitUntil([this] { return std::filesystem::exists(Folder + "/bus"); }, 20);
+    MoreVariables["DBUS_SESSION_BUS_ADDRESS"] = bus;
+  }
+
+  /// Another program of the desktop, with its output in NAME.log.
+  std::unique_ptr<stage::ChildProcess> StartBeside(const std::string& name,
+                                                   std::vector<std::string> words) const {
+    stage::Command command;
+    command.Arguments = std::move(words);
+    command.Variables = MoreVariables;
+    command.LogFile = Folder + "/" + name + ".log";
+    return std::make_unique<stage::ChildProcess>(command);
+  }
+
   /// A window manager, which gives each new window the focus.
   std::unique_ptr<stage::ChildProcess> StartWindowManager() const {
     stage::Command command;
@@ -190,6 +210,7 @@ class RealDesk : public stage::Stage {
 
  private:
   std::unique_ptr<stage::ChildProcess> Speaker;
+  std::unique_ptr<stage::ChildProcess> Bus;
 };
 
 }  // namespace marlex

@@ -56,10 +56,28 @@ class FileChooser : public QDBusAbstractAdaptor {
   int Count = 0;
 };
 
+/// Reports a changed setting of the desktop when it is asked to.
+class Settings : public QDBusAbstractAdaptor {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+ public:
+  explicit Settings(QObject* portal) : QDBusAbstractAdaptor(portal) {}
+
+ public slots:
+  void Change(const QString& group, const QString& key, const QString& value) {
+    QDBusMessage report = QDBusMessage::createSignal(
+        "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "SettingChanged");
+    report << group << key << QVariant::fromValue(QDBusVariant(value));
+    QDBusConnection::sessionBus().send(report);
+  }
+};
+
 int main(int count, char** words) {
   QCoreApplication application(count, words);
   QObject portal;
   new FileChooser(&portal, words[1]);
+  new Settings(&portal);
   QDBusConnection bus = QDBusConnection::sessionBus();
   const bool isUp = bus.registerObject("/org/freedesktop/portal/desktop", &portal) &&
                     bus.registerService("org.freedesktop.portal.Desktop");

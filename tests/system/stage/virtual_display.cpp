@@ -104,6 +104,20 @@ bool VirtualDisplay::Picture(const std::string& file, const ScreenArea& area) {
   return Run(command) == 0;
 }
 
+std::string VirtualDisplay::ColourAt(int x, int y) const {
+  Command command;
+  const std::string pixel = "1x1+" + std::to_string(x) + "+" + std::to_string(y);
+  command.Arguments = {"import", "-window", "root", "-crop", pixel, "-depth", "8", "rgb:-"};
+  command.Variables = {{"DISPLAY", Name}};
+  command.LogFile = LogFile;
+  std::string colour = "#";
+  for (const unsigned char part : OutputOf(command)) {
+    constexpr const char* kDigits = "0123456789abcdef";
+    colour += {kDigits[part / 16], kDigits[part % 16]};
+  }
+  return colour;
+}
+
 int VirtualDisplay::Tool(std::vector<std::string> arguments) {
   Command command;
   command.Arguments = {"xdotool"};

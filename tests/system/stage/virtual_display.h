@@ -53,6 +53,9 @@ class VirtualDisplay {
   /// Writes a picture of a part of the screen; the extension of the file name sets the format.
   bool Picture(const std::string& file, const ScreenArea& area = {0, 0, kWidth, kHeight});
 
+  /// The colour of a pixel, as "#12306b".
+  std::string ColourAt(int x, int y) const;
+
  private:
   /// Starts the server on this display. Without effect where the number is taken.
   void Start(int number);
