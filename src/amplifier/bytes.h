@@ -30,4 +30,11 @@ inline char RoutingByte(const Zones& zones, int priorityLevel) {
   return bits == 0 ? kReleaseByte : static_cast<char>(bits | priorityLevel);
 }
 
+/// Zones that a routing byte switches on.
+inline Zones ZonesOfByte(int value) {
+  Zones zones{};
+  for (std::size_t zone = 0; zone < zones.size(); ++zone) zones[zone] = (value >> zone & 1) != 0;
+  return zones;
+}
+
 }  // namespace marlex

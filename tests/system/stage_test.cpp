@@ -5,7 +5,6 @@
 #include <cmath>
 #include <filesystem>
 
-#include "system/stage/amplifier.h"
 #include "system/stage/recording.h"
 #include "system/stage/tones.h"
 
@@ -47,12 +46,6 @@ TEST(Instruments, ThePlaceInASongIsHeardFromItsLadder) {
     int step = recording.LoudestTone(LadderFrequencies(), 100 + place, -40);
     EXPECT_EQ(step, int(place / kLadderStepSeconds) % kLadderTones) << place;
   }
-}
-
-TEST(Instruments, RoutingBytesAreSpelledOut) {
-  EXPECT_EQ(DescribeRouting(0), "release");
-  EXPECT_EQ(DescribeRouting(69), "zones 1 3 low");
-  EXPECT_EQ(DescribeRouting(130), "zones 2 high");
 }
 
 }  // namespace

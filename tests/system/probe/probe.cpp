@@ -119,5 +119,5 @@ void Probe::Write(const QString& line) {
 
 QObject* ProbePlugin::create(const QString& key, const QString&) {
   if (key.compare("marlexprobe", Qt::CaseInsensitive) != 0) return nullptr;
-  return new marlex::probe::Probe(QCoreApplication::instance());
+  return new marlex::probe::Probe(nullptr);  // Qt deletes it, at the end of the application
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "byte_reader.h"
+#include "desktop/amplifier/linked_terminal.h"
 
 namespace marlex::stage {
 
@@ -35,14 +36,11 @@ class Amplifier {
   void Send(int status);
 
  private:
-  std::string Link;
+  LinkedTerminal Terminal;
   int Slave = -1;  // kept open, so that the line stays up when the program closes its end
   mutable std::mutex Lock;
   std::vector<LineByte> Bytes;
   std::unique_ptr<ByteReader> Reader;
 };
-
-/// Describes a routing byte: "zones 1 3 low", "zones 2 high", or "release".
-std::string DescribeRouting(int value);
 
 }  // namespace marlex::stage

@@ -15,6 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr double kStartLimitSeconds = 60;
+constexpr int kStandInWidth = 640;  // on the screen, beside the program
 
 std::string MakeFolder() {
   std::string name = (fs::temp_directory_path() / "marlex-stage-XXXXXX").string();
@@ -47,17 +48,20 @@ Stage::Stage(const StageOptions& options)
       Installation(options.Installation),
       MoreVariables(options.Variables),
       Helpers(options.Helpers),
-      FirstOutput(options.Cards.Outputs.front()) {
+      FirstOutput(options.Cards.Outputs.front()),
+      StandInProgram(options.StandIn) {
   if (Installation.empty()) Installation = Folder + "/installation";
   fs::create_directories(Installation);
   fs::remove(File("marlex"));  // the old one may still be running
   fs::copy_file(options.Program, File("marlex"));
-  Display = std::make_unique<VirtualDisplay>(Folder);
+  const int width = VirtualDisplay::kWidth + (StandInProgram.empty() ? 0 : kStandInWidth);
+  Display = std::make_unique<VirtualDisplay>(Folder, width);
   if (options.HasSound) {
     Server = std::make_unique<SoundServer>(Folder, options.Cards);
     StartRecording();
   }
-  if (options.HasAmplifier) Line = std::make_unique<Amplifier>(File("com1"));
+  if (options.HasAmplifier && StandInProgram.empty())
+    Line = std::make_unique<Amplifier>(File("com1"));
   Clock = std::make_unique<ShiftedClock>(Folder, Helpers + "/libmarlex_preload.so");
   Log = std::make_unique<LogService>(Folder);
   Window = std::make_unique<ProbeLink>(Folder, Helpers + "/plugins");
@@ -66,6 +70,8 @@ Stage::Stage(const StageOptions& options)
 Stage::~Stage() {
   Program.reset();
   Window.reset();
+  StandIn.reset();
+  StandInWindow.reset();
   Line.reset();
   Card.reset();
   Server.reset();
@@ -86,14 +92,27 @@ void Stage::WriteFile(const std::string& name, const std::string& content) const
 
 void Stage::Start(const std::string& localTime) {
   if (!localTime.empty()) Clock->Set(localTime);
-  Program = std::make_unique<ChildProcess>(StartCommand(*Window));
+  if (!StandInProgram.empty() && !StandIn) StartStandIn();
+  Program = std::make_unique<ChildProcess>(StartCommand({File("marlex")}, *Window));
   if (!Window->AwaitProgram(kStartLimitSeconds)) {
     throw std::runtime_error("The program did not come up:\n" + ProgramLog());
   }
 }
 
+void Stage::StartStandIn() {
+  fs::create_directories(Folder + "/stand-in");
+  StandInWindow = std::make_unique<ProbeLink>(Folder + "/stand-in", Helpers + "/plugins");
+  Command command = StartCommand({StandInProgram, Installation}, *StandInWindow);
+  command.LogFile = Folder + "/stand-in.log";
+  StandIn = std::make_unique<ChildProcess>(command);
+  const auto isShown = [this] { return StandInWindow->Geometry("frmAmplifier").has_value(); };
+  if (!StandInWindow->AwaitProgram(kStartLimitSeconds) || !WaitUntil(isShown, kStartLimitSeconds))
+    throw std::runtime_error("The amplifier did not come up:\n" + ReadWhole(command.LogFile));
+  Display->Place("Marlex amplifier", VirtualDisplay::kWidth, 0);
+}
+
 std::unique_ptr<ChildProcess> Stage::StartSecond(ProbeLink& link) const {
-  auto second = std::make_unique<ChildProcess>(StartCommand(link));
+  auto second = std::make_unique<ChildProcess>(StartCommand({File("marlex")}, link));
   link.AwaitProgram(kStartLimitSeconds);
   return second;
 }
@@ -170,9 +189,10 @@ Environment Stage::Surroundings(const ProbeLink& link) const {
   return all;
 }
 
-Command Stage::StartCommand(const ProbeLink& link) const {
+Command Stage::StartCommand(const std::vector<std::string>& arguments,
+                            const ProbeLink& link) const {
   Command command;
-  command.Arguments = {File("marlex")};
+  command.Arguments = arguments;
   command.Variables = Surroundings(link);
   command.Directory = Folder;
   command.LogFile = Folder + "/program.log";

@@ -23,6 +23,7 @@ struct StageOptions {
   std::string Installation;  // an existing folder; empty creates a temporary one
   SoundCards Cards;
   bool HasAmplifier = true;
+  std::string StandIn;  // marlex-amplifier, for the amplifier's place; empty for the stage's own
   bool HasSound = true;
   Environment Variables;  // for the program, on top of the stage's own
 };
@@ -41,8 +42,8 @@ class Stage {
   std::string ProgramLog() const;  // what the program wrote to its outputs
   void WriteFile(const std::string& name, const std::string& content) const;
 
-  /// Starts the program at a wall-clock time such as "2031-05-05 08:59:40"; an empty time leaves
-  /// the clock as it is.
+  /// Starts the stand-in, if there is to be one, and then the program at a wall-clock time such as
+  /// "2031-05-05 08:59:40"; an empty time leaves the clock as it is.
   void Start(const std::string& localTime = "");
 
   /// Starts a second program next to the first, with its own link to the windows.
@@ -85,15 +86,19 @@ class Stage {
   std::unique_ptr<LogService> Log;
   std::unique_ptr<ProbeLink> Window;
   std::unique_ptr<ChildProcess> Program;
+  std::unique_ptr<ProbeLink> StandInWindow;  // to the right of the program's
+  std::unique_ptr<ChildProcess> StandIn;
   Environment MoreVariables;  // for the program, on top of the stage's own
 
  private:
   std::optional<ScreenArea> AwaitPlace(const std::string& object, ProbeLink& link) const;
   Environment Surroundings(const ProbeLink& link) const;
-  Command StartCommand(const ProbeLink& link) const;
+  Command StartCommand(const std::vector<std::string>& arguments, const ProbeLink& link) const;
+  void StartStandIn();
 
   std::string Helpers;
   std::string FirstOutput;
+  std::string StandInProgram;
 };
 
 }  // namespace marlex::stage

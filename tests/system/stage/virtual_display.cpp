@@ -24,17 +24,18 @@ bool IsReady(int descriptor) {
 
 }  // namespace
 
-VirtualDisplay::VirtualDisplay(const std::string& folder) : LogFile(folder + "/display.log") {
+VirtualDisplay::VirtualDisplay(const std::string& folder, int width)
+    : LogFile(folder + "/display.log") {
   // The server's own search sees only the displays of its network namespace, and takes the socket
   // file of one in another namespace away.
   constexpr int kFirst = 100, kNumbers = 50'000, kAttempts = 10;
   for (int attempt = 0; attempt < kAttempts && Name.empty(); ++attempt) {
-    Start(kFirst + (getpid() + attempt) % kNumbers);
+    Start(kFirst + (getpid() + attempt) % kNumbers, width);
   }
   if (Name.empty()) throw std::runtime_error("The virtual display did not start: " + LogFile);
 }
 
-void VirtualDisplay::Start(int number) {
+void VirtualDisplay::Start(int number, int width) {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("The system has no pipe left.");
   const std::string display = ":" + std::to_string(number);
@@ -43,7 +44,7 @@ void VirtualDisplay::Start(int number) {
   command.Arguments = {"Xvfb",       display,
                        "-noreset",   "-nolisten",
                        "tcp",        "-screen",
-                       "0",          std::to_string(kWidth) + "x" + std::to_string(kHeight) + "x24",
+                       "0",          std::to_string(width) + "x" + std::to_string(kHeight) + "x24",
                        "-displayfd", std::to_string(ends[1])};
   command.LogFile = LogFile;
   command.Kept = ends[1];
@@ -76,6 +77,11 @@ void VirtualDisplay::Release() { Tool({"mouseup", "1"}); }
 
 bool VirtualDisplay::CloseWindow(const std::string& title) {
   return stage::CloseWindow(Name, title);
+}
+
+void VirtualDisplay::Place(const std::string& title, int x, int y) {
+  Tool({"search", "--onlyvisible", "--name", "^" + title + "$", "windowmove", std::to_string(x),
+        std::to_string(y)});
 }
 
 void VirtualDisplay::Resize(const std::string& title, int width, int height) {

@@ -20,10 +20,10 @@ struct ScreenArea {
 /// with the hand of an operator.
 class VirtualDisplay {
  public:
-  explicit VirtualDisplay(const std::string& folder);
-
   static constexpr int kWidth = 1280;
   static constexpr int kHeight = 800;
+
+  explicit VirtualDisplay(const std::string& folder, int width = kWidth);
 
   Environment Variables() const { return {{"DISPLAY", Name}, {"QT_QPA_PLATFORM", "xcb"}}; }
 
@@ -36,6 +36,9 @@ class VirtualDisplay {
   /// Asks the window with this title to close, as a window manager does when the cross in its frame
   /// is clicked. False when there is no such window.
   bool CloseWindow(const std::string& title);
+
+  /// Moves the window with this title, by its upper left corner.
+  void Place(const std::string& title, int x, int y);
 
   /// Gives the window with this title another size, as a hand at its frame would.
   void Resize(const std::string& title, int width, int height);
@@ -58,7 +61,7 @@ class VirtualDisplay {
 
  private:
   /// Starts the server on this display. Without effect where the number is taken.
-  void Start(int number);
+  void Start(int number, int width);
   int Tool(std::vector<std::string> arguments);
 
   std::string Name;

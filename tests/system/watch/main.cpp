@@ -1,6 +1,6 @@
-// marlex_watch PROGRAM INSTALLATION OUTPUT_FOLDER: runs the program where there is no display and
-// no sound, reports what happens, saves a picture and a recording, and ends after the first
-// announcement.
+// marlex_watch PROGRAM AMPLIFIER INSTALLATION OUTPUT_FOLDER: runs the program where there is no
+// display and no sound, beside an amplifier unless the installation has one. Reports what happens,
+// saves pictures and a recording, and ends after the first announcement.
 
 #include <chrono>
 #include <cstdio>
@@ -80,7 +80,15 @@ void Keep(const stage::Stage& desk, const std::string& recording) {
   printf("Recording: %s\n", recording.c_str());
 }
 
-int Run(const std::string& program, const std::string& installation, const std::string& output) {
+/// Saves a picture of a window.
+void KeepPicture(const stage::Stage& desk, stage::ProbeLink& link, const std::string& window,
+                 const std::string& picture) {
+  const std::optional<stage::ScreenArea> area = link.Geometry(window);
+  if (area && desk.Display->Picture(picture, *area)) printf("Screenshot: %s\n", picture.c_str());
+}
+
+int Run(const std::string& program, const std::string& amplifier, const std::string& installation,
+        const std::string& output) {
   namespace fs = std::filesystem;
   fs::create_directories(output);
   stage::StageOptions options;
@@ -88,6 +96,8 @@ int Run(const std::string& program, const std::string& installation, const std::
   options.Helpers = MARLEX_BINARY_DIR "/helpers";
   options.Installation = fs::absolute(installation).string();
   options.Cards.Microphone = true;
+  options.HasAmplifier = !fs::exists(options.Installation + "/com1");
+  if (options.HasAmplifier) options.StandIn = amplifier;
   stage::Stage desk(options);
   Reporter reporter(desk);
   desk.Start(kStart);
@@ -95,10 +105,9 @@ int Run(const std::string& program, const std::string& installation, const std::
   FirstAnnouncement announcement(desk);
   bool isGood = Watch(
       desk, reporter, [&] { return announcement.IsPlaying(); }, kLimitSeconds);
-  std::string picture = output + "/marlex.png";
-  std::optional<stage::ScreenArea> window = desk.Window->Geometry("frmMain");
-  if (window && desk.Display->Picture(picture, *window))
-    printf("Screenshot: %s\n", picture.c_str());
+  KeepPicture(desk, *desk.Window, "frmMain", output + "/marlex.png");
+  if (desk.StandIn)
+    KeepPicture(desk, *desk.StandInWindow, "frmAmplifier", output + "/amplifier.png");
   isGood = isGood && Watch(
                          desk, reporter, [&] { return announcement.IsOver(); }, kLimitSeconds);
   if (isGood)
@@ -114,12 +123,12 @@ int Run(const std::string& program, const std::string& installation, const std::
 }  // namespace marlex::watch
 
 int main(int count, char** arguments) {
-  if (count != 4) {
-    fprintf(stderr, "Usage: marlex_watch PROGRAM INSTALLATION OUTPUT_FOLDER\n");
+  if (count != 5) {
+    fprintf(stderr, "Usage: marlex_watch PROGRAM AMPLIFIER INSTALLATION OUTPUT_FOLDER\n");
     return 2;
   }
   try {
-    return marlex::watch::Run(arguments[1], arguments[2], arguments[3]);
+    return marlex::watch::Run(arguments[1], arguments[2], arguments[3], arguments[4]);
   } catch (const std::exception& failure) {
     fprintf(stderr, "%s\n", failure.what());
     return 1;

@@ -64,12 +64,17 @@ void Reporter::Look() {
 void Reporter::Say(const std::string& text) const { Print(stage::Now(), "watch", text); }
 
 void Reporter::ReportBytes() {
-  if (!Watched.Line) return;
-  std::vector<stage::LineByte> bytes = Watched.Line->Received();
-  for (; BytesReported < bytes.size(); ++BytesReported) {
-    const stage::LineByte& byte = bytes[BytesReported];
-    Print(byte.Time, "amplifier",
-          "<- " + std::to_string(byte.Value) + "  " + stage::DescribeRouting(byte.Value));
+  if (!Watched.StandInWindow) return;
+  const std::string meaning = " 3";
+  std::vector<stage::WindowEvent> events = Watched.StandInWindow->Events();
+  for (; LineEventsReported < events.size(); ++LineEventsReported) {
+    const stage::WindowEvent& event = events[LineEventsReported];
+    if (event.Object != "frmAmplifier.grdBytes" || !event.Property.ends_with(meaning)) continue;
+    const std::string row = event.Property.substr(0, event.Property.size() - meaning.size());
+    const bool fromDesk = Watched.StandInWindow->Read(event.Object, row + " 1") == "desk";
+    Print(event.Time, "amplifier",
+          (fromDesk ? "<- " : "-> ") + Watched.StandInWindow->Read(event.Object, row + " 2") +
+              "  " + event.Value);
   }
 }
 

@@ -31,7 +31,7 @@ class Reporter {
   void Print(double time, const char* kind, const std::string& text) const;
 
   const stage::Stage& Watched;
-  size_t BytesReported = 0;
+  size_t LineEventsReported = 0;  // of the amplifier's window
   size_t EventsReported = 0;
   std::string ZonesReported;
   std::map<std::string, std::string> Seen;  // object and property to the last value seen
