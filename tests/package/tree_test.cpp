@@ -56,21 +56,25 @@ class InstalledTree : public testing::Test {
 
   static inline fs::path Root;
   static inline const std::string Entry = "share/applications/marlex.desktop";
+  static inline const std::string AmplifierEntry = "share/applications/marlex-amplifier.desktop";
   static inline const std::string Metadata = "share/metainfo/marlex.tolvo.marlex.metainfo.xml";
 };
 
 TEST_F(InstalledTree, HoldsWhatBelongsToTheProgramAndNothingElse) {
   std::set<std::string> expected = {"bin/marlex",
+                                    "bin/marlex-amplifier",
                                     "bin/marlex-unattended",
                                     "lib/systemd/user/marlex.service",
                                     "lib/udev/rules.d/60-marlex.rules",
                                     "libexec/marlex/marlex-program",
+                                    AmplifierEntry,
                                     Entry,
                                     Metadata,
                                     "share/doc/marlex/installing.html",
                                     "share/doc/marlex/manual.html",
                                     "share/doc/marlex/older_desk.html",
                                     "share/icons/hicolor/scalable/apps/marlex.svg",
+                                    "share/man/man1/marlex-amplifier.1",
                                     "share/man/man1/marlex-unattended.1",
                                     "share/man/man1/marlex.1"};
   for (const char* size : {"16", "22", "24", "32", "48", "64", "128", "256", "512"})
@@ -82,11 +86,14 @@ TEST_F(InstalledTree, HoldsWhatBelongsToTheProgramAndNothingElse) {
 
 TEST_F(InstalledTree, HasCommandsAndAProgramThatAnybodyMayStart) {
   const fs::perms anybody = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
-  for (const char* file : {"bin/marlex", "bin/marlex-unattended", "libexec/marlex/marlex-program"})
+  for (const char* file : {"bin/marlex", "bin/marlex-amplifier", "bin/marlex-unattended",
+                           "libexec/marlex/marlex-program"})
     EXPECT_EQ(fs::status(Root / file).permissions() & anybody, anybody) << file;
   std::string said;
   EXPECT_EQ(Shell((Root / "bin/marlex --help").string(), said), 0);
   EXPECT_NE(said.find("Usage: marlex [FOLDER]"), std::string::npos) << said;
+  EXPECT_EQ(Shell((Root / "bin/marlex-amplifier --help").string(), said), 0);
+  EXPECT_NE(said.find("Usage: marlex-amplifier [--box] [FOLDER]"), std::string::npos) << said;
 }
 
 /// The service manager itself cannot check it without a session.
@@ -117,14 +124,19 @@ TEST_F(InstalledTree, HasIconsOfTheSizesOfTheirFolders) {
   }
 }
 
-TEST_F(InstalledTree, HasAValidDesktopEntryForItsCommandAndIcon) {
-  const std::string entry = Text(Root / Entry);
-  EXPECT_NE(entry.find("\nExec=marlex\n"), std::string::npos);
-  EXPECT_NE(entry.find("\nIcon=marlex\n"), std::string::npos);
+TEST_F(InstalledTree, HasValidDesktopEntriesForItsCommandsAndIcon) {
+  for (const auto& [file, command] :
+       {std::pair(Entry, "marlex"), std::pair(AmplifierEntry, "marlex-amplifier --box")}) {
+    const std::string entry = Text(Root / file);
+    EXPECT_NE(entry.find("\nExec=" + std::string(command) + "\n"), std::string::npos) << file;
+    EXPECT_NE(entry.find("\nIcon=marlex\n"), std::string::npos) << file;
+  }
   if (!Has("desktop-file-validate")) GTEST_SKIP() << "desktop-file-utils is not installed";
-  std::string said;
-  EXPECT_EQ(Shell("desktop-file-validate " + (Root / Entry).string(), said), 0);
-  EXPECT_EQ(said, "");
+  for (const std::string& file : {Entry, AmplifierEntry}) {
+    std::string said;
+    EXPECT_EQ(Shell("desktop-file-validate " + (Root / file).string(), said), 0);
+    EXPECT_EQ(said, "");
+  }
 }
 
 TEST_F(InstalledTree, HasValidMetadata) {
@@ -174,7 +186,7 @@ TEST_F(InstalledTree, HasAManualWithAllItsPicturesAndPages) {
 TEST_F(InstalledTree, HasManPagesThatFormatCleanly) {
   if (!Has("man")) GTEST_SKIP() << "man-db is not installed";
   std::string said;
-  for (const char* name : {"marlex.1", "marlex-unattended.1"}) {
+  for (const char* name : {"marlex.1", "marlex-amplifier.1", "marlex-unattended.1"}) {
     const std::string page = (Root / "share/man/man1" / name).string();
     EXPECT_EQ(Shell("(LC_ALL=C MANWIDTH=80 man --warnings -l " + page + " > /dev/null)", said), 0);
     EXPECT_EQ(said, "") << name;
