@@ -23,6 +23,7 @@ constexpr const char* kStart =
     "2031-05-05 08:59:44";  // a Monday; the sample's first row is due at 09:00
 constexpr double kLimitSeconds = 90;
 constexpr double kMusicAfterwardsSeconds = 3;
+constexpr double kRoutingSeconds = 0.5;  // until the amplifier has the zones of an announcement
 
 /// Follows the first announcement from its row turning green to the return of the music.
 class FirstAnnouncement {
@@ -97,7 +98,7 @@ int Run(const std::string& program, const std::string& amplifier, const std::str
   options.Installation = fs::absolute(installation).string();
   options.Cards.Microphone = true;
   options.HasAmplifier = !fs::exists(options.Installation + "/com1");
-  if (options.HasAmplifier) options.StandIn = amplifier;
+  if (options.HasAmplifier) options.StandIn = fs::absolute(amplifier).string();
   stage::Stage desk(options);
   Reporter reporter(desk);
   desk.Start(kStart);
@@ -105,6 +106,8 @@ int Run(const std::string& program, const std::string& amplifier, const std::str
   FirstAnnouncement announcement(desk);
   bool isGood = Watch(
       desk, reporter, [&] { return announcement.IsPlaying(); }, kLimitSeconds);
+  Watch(
+      desk, reporter, [] { return false; }, kRoutingSeconds);
   KeepPicture(desk, *desk.Window, "frmMain", output + "/marlex.png");
   if (desk.StandIn)
     KeepPicture(desk, *desk.StandInWindow, "frmAmplifier", output + "/amplifier.png");
