@@ -147,7 +147,7 @@ TEST_F(AmplifierCommand, SaysWhatIsWrongAndHowItIsUsed) {
   EXPECT_EQ(Answer({File("file")}),
             "1 marlex-amplifier: " + File("file") + " is a file, not a folder\n");
   EXPECT_EQ(Answer({File("file/below")}),
-            "1 marlex-amplifier: the folder " + File("file/below") + " cannot be made\n");
+            "1 marlex-amplifier: the folder " + File("file/below") + " cannot be created\n");
   fs::create_directory(File("shop"));
   fs::create_symlink("/dev/null", File("shop/com1"));
   EXPECT_EQ(Answer({File("shop")}),

@@ -32,7 +32,7 @@ std::string OpenFolder(const std::string& folder, std::string& fault) {
   if (fs::exists(folder, error) && !fs::is_directory(folder, error))
     return fault = folder + " is a file, not a folder", "";
   fs::create_directories(folder, error);
-  if (error) return fault = "the folder " + folder + " cannot be made", "";
+  if (error) return fault = "the folder " + folder + " cannot be created", "";
   const fs::path path = fs::canonical(folder, error);
   if (error) return fault = "the folder " + folder + " cannot be opened", "";
   if (access(path.c_str(), W_OK | X_OK) != 0)
