@@ -73,7 +73,7 @@ TEST_F(AmplifierLineTest, TheDesksPortFindsItAndBytesPassBothWays) {
   OpenPort();
   EXPECT_TRUE(Port->Connected());
   EXPECT_TRUE(Carries("\x43", "\x80"));
-  EXPECT_TRUE(Carries(std::string("\0", 1), "\xC0"));
+  EXPECT_TRUE(Carries(std::string("\0\x7F\xBF", 3), "\xC0"));
 }
 
 TEST_F(AmplifierLineTest, TheDeskMayCloseTheLineAndOpenItAgain) {
