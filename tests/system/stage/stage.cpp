@@ -153,12 +153,16 @@ bool Stage::Press(const std::string& object) {
 
 std::optional<ScreenArea> Stage::AwaitPlace(const std::string& object, ProbeLink& link) const {
   constexpr double kSeenLimitSeconds = 30;
+  constexpr double kStillSeconds = 0.1;
   std::optional<ScreenArea> area;
-  const auto isSeen = [&] {
-    area = link.Geometry(object);
-    return area.has_value();
+  double since = Now();
+  const auto isStill = [&] {
+    const std::optional<ScreenArea> now = link.Geometry(object);
+    if (now != area) since = Now();
+    area = now;
+    return area && Now() - since >= kStillSeconds;
   };
-  WaitUntil(isSeen, kSeenLimitSeconds);
+  WaitUntil(isStill, kSeenLimitSeconds);
   return area;
 }
 

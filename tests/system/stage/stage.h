@@ -57,8 +57,8 @@ class Stage {
   bool Await(const std::string& object, const std::string& property, const std::string& value,
              double limitSeconds = 30);
 
-  /// Clicks the centre of a control, a menu item or a cell, once it can be seen. False when it
-  /// never could.
+  /// Clicks the centre of a control, a menu item or a cell, once it can be seen and has come to
+  /// rest. False when it never could be seen.
   bool Click(const std::string& object);
 
   bool DoubleClick(const std::string& object);

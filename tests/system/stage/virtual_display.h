@@ -14,6 +14,8 @@ struct ScreenArea {
   int Y = 0;
   int Width = 0;
   int Height = 0;
+
+  bool operator==(const ScreenArea&) const = default;
 };
 
 /// An X server without a screen, on a display number that no other process of the machine uses,
