@@ -85,11 +85,42 @@ TEST_F(FaultsInSight, AClockThatIsSet) {
   EXPECT_THAT(Desk.NewestFault(), testing::HasSubstr(" – 09:10:0"));
 }
 
+TEST_F(FaultsInSight, SettingsThatCannotBeWritten) {
+  ASSERT_TRUE(IsUp);
+  namespace fs = std::filesystem;
+  const std::string settings = Desk.File("Tolvo.ini");
+  fs::rename(settings, Desk.File("kept"));
+  fs::create_directory(settings);  // no rights keep out a program that runs as root
+  ASSERT_TRUE(Desk.Click("frmMain.cmdMusicZones_2"));
+  Comes("The file cannot be saved: Tolvo.ini");
+  ASSERT_TRUE(Desk.Click("QMessageBox.OK"));
+  fs::remove(settings);
+  fs::rename(Desk.File("kept"), settings);
+  ASSERT_TRUE(Desk.Click("frmMain.cmdMusicZones_3"));
+  Goes();
+}
+
 TEST_F(FaultsInSight, AScheduleThatStandsStillForItsEditor) {
   ASSERT_TRUE(IsUp);
   ASSERT_TRUE(Desk.Click("frmMain.mnuEdit"));
   ASSERT_TRUE(Desk.Click("mnuSchedule"));
   Comes("Schedule stopped");
+}
+
+TEST(FaultsAtTheStart, AServerThatOnlyPretendsACard) {
+  RealDesk desk(TwoSongs(90));
+  desk.Server->Control("load-module module-always-sink");
+  desk.PullCard();
+  const double since = stage::Now();
+  desk.Start("2031-05-05 08:10:00");
+  EXPECT_TRUE(desk.AwaitFault("No sound: the sound server has no sound card", 30))
+      << desk.NewestFault();
+  GTEST_LOG_(INFO) << "in sight after " << stage::Now() - since << " s";
+  desk.PlugCard();
+  const double back = stage::Now();
+  EXPECT_TRUE(desk.Await("frmMain.paneFaults", "visible", "no", 10)) << desk.NewestFault();
+  GTEST_LOG_(INFO) << "gone after " << stage::Now() - back << " s";
+  EXPECT_TRUE(desk.AwaitTone(kFirstSong));
 }
 
 }  // namespace
