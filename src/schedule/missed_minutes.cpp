@@ -7,6 +7,11 @@ namespace {
 
 constexpr int kLookMs = 1000;
 
+/// Of a time that `MinuteText` has written.
+int MinuteOfDay(const std::string& time) {
+  return std::stoi(time.substr(0, 2)) * 60 + std::stoi(time.substr(3, 2));
+}
+
 }  // namespace
 
 MissedMinutes::MissedMinutes(EventLoop& loop, WallClock& clock, const Flags& flags,
@@ -40,10 +45,13 @@ void MissedMinutes::EndMinute(const std::string& now, int weekday) const {
   LoseSkippedRows(now, weekday);
 }
 
-/// The clock goes on by more than a minute when it is set, when summer time begins, and while the
-/// machine sleeps. More than what it skips up to the next day is not in the table.
+/// The clock goes on by more than a minute only when it is set, when summer time begins, and while
+/// the machine sleeps. More than what it skips up to the next day is not in the table.
 void MissedMinutes::LoseSkippedRows(const std::string& now, int weekday) const {
   constexpr const char* kEndOfDay = "24:00";
+  constexpr int kMinutesPerDay = 24 * 60;
+  // Between two minutes are only rows whose time no clock ever shows, such as "03:0-".
+  if (MinuteOfDay(now) == (MinuteOfDay(Minute) + 1) % kMinutesPerDay) return;
   const bool isNextDay = weekday == Weekday % kWeekdays + 1;
   if (isNextDay) {
     TheRecord.RowsAreLost(Tick.RowsBetween(Minute, kEndOfDay, Weekday), LossReason::Clock);

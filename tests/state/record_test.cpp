@@ -276,6 +276,15 @@ TEST(RecordOfARow, SaysWhatTheClockHasSkippedOverMidnight) {
             "fault: The clock was changed: 2024-01-01 12:00:35 – 2024-01-02 00:02:36\n");
 }
 
+TEST(RecordOfARow, SaysNothingOfATimeThatNoClockShows) {
+  RecordingDesk desk({.Sequences = {{.Minutes = "0-59"}}});  // the hours have ranges, minutes none
+  ASSERT_EQ(desk.Rows().size(), 1u);
+  desk.RunTo(12, 3);
+  desk.RunTo(11, 59);
+  desk.RunTo(12, 3);
+  EXPECT_EQ(desk.Lines(), "");
+}
+
 TEST(RecordOfARow, SaysNothingWhenTheClockIsSetBack) {
   RecordingDesk desk({.Sequences = {{.Hours = "10,11"}}});
   desk.Advance(2500);

@@ -60,7 +60,7 @@ void AmplifierLine::Receive() {
   LoseDesk();
 }
 
-/// Where something else has taken the link meanwhile, the old device stays.
+/// Keeps the old device if something else has taken the link in the meantime.
 void AmplifierLine::LoseDesk() {
   Reader.reset();
   Terminal.PlugIn();
