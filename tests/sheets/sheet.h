@@ -8,8 +8,8 @@ namespace marlex {
 /// those takes longer than to paint and measure them.
 bool IsDense();
 
-/// Saves a picture for people to look at. `name` is its file below the sheets of this density,
-/// without the extension.
+/// Saves a picture for people to look at, except in the sanitized build. `name` is its file below
+/// the sheets of this density, without the extension.
 void Keep(const QImage& picture, const QString& name);
 
 /// The same for a text, in a file beside the picture.

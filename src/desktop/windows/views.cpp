@@ -21,15 +21,20 @@ namespace marlex {
 namespace {
 
 constexpr Qt::WindowFlags kDialog = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+constexpr Qt::WindowFlags kSplash = Qt::SplashScreen | Qt::FramelessWindowHint;
 constexpr QSize kMainSize(1160, 760);  // initial size; the window can be enlarged
 
 template <class Window, class Layout>
-std::unique_ptr<QWidget> Make(Layout layout, Qt::WindowFlags flags = Qt::Window) {
-  auto window = std::make_unique<Window>();
-  layout.setupUi(window.get());
-  window->setWindowFlags(flags);
-  PutGlyphs(*window);
-  return window;
+std::function<std::unique_ptr<QWidget>()> MakerOf(QObject& theme,
+                                                  Qt::WindowFlags flags = Qt::Window) {
+  return [&theme, flags] {
+    auto window = std::make_unique<Window>();
+    Layout().setupUi(window.get());
+    window->setWindowFlags(flags);
+    PutGlyphs(*window);
+    window->installEventFilter(&theme);
+    return window;
+  };
 }
 
 /// The size that the content wants, counting wrapped lines.
@@ -65,75 +70,77 @@ void PlaceMain(QWidget& window) {
   window.resize(kMainSize.boundedTo(ScreenRoom().size()).expandedTo(window.minimumSizeHint()));
 }
 
-}  // namespace
-
-Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look) {
-  QGuiApplication::setQuitOnLastWindowClosed(false);
-  MainWindow = Make<QMainWindow>(Ui::frmMain());
-  LogoWindow = Make<QWidget>(Ui::frmLogo(), Qt::SplashScreen | Qt::FramelessWindowHint);
-  LangSelWindow = Make<QDialog>(Ui::frmlangSel(), kDialog);
-  AboutWindow = Make<QDialog>(Ui::frmAbout(), kDialog);
-  SettingsWindow = Make<QDialog>(Ui::frmSettings(), kDialog);
-  ScheduleEditorWindow = Make<QMainWindow>(Ui::WavWindow());
-  DirSelWindow = Make<QDialog>(Ui::frmDirSel(), kDialog);
-  ChimeSelectWindow = Make<QDialog>(Ui::frmChimeSelect(), kDialog);
-  PlaylistWindow = Make<QMainWindow>(Ui::frmPlaylist());
-  Band = std::make_unique<GlanceBand>(*MainWindow);
-  FaultsLine = std::make_unique<FaultLine>(*MainWindow);
-  Ribbon = dynamic_cast<DayRibbonView*>(MainWindow->findChild<QFrame*>("paneDay"));
-  Ribbon->WatchWindow();
-  MainGrowth = std::make_unique<Growth>(*MainWindow);
-  MainLamps = std::make_unique<Lamps>(windows.frmMain, *MainWindow);
-  Binder& main = Connect(windows.frmMain, *MainWindow, loop, PlaceMain);
-  // The clock in the window is painted every second, and band, ribbon and lamps with it.
-  main.OnPaint = [this, look] { PaintGlance(look ? look() : Glance()); };
-  MainGrowth->OnChange = [this, &main] {
-    Band->MakeRoom();
-    main.RepaintAll();
-  };
-  Connect(windows.frmLogo, *LogoWindow, loop, Centre);
-  // Closing the language dialog ends the program, and closing the directory picker accepts the
-  // directory: too much to happen on an accidental Escape.
-  Connect(windows.frmlangSel, *LangSelWindow, loop, Centre);
-  Connect(windows.frmAbout, *AboutWindow, loop, Centre).EscapeCloses = true;
-  Connect(windows.frmSettings, *SettingsWindow, loop, Centre);
-  Connect(windows.TheWavWindow, *ScheduleEditorWindow, loop, PlaceEditor);
-  Connect(windows.frmPlaylist, *PlaylistWindow, loop, PlaceEditor);
-  ConnectPicker(windows.frmDirSel, *DirSelWindow, loop);
-  ConnectPicker(windows.frmChimeSelect, *ChimeSelectWindow, loop);
-  Look.OnChange = [this] {
-    for (const auto& binder : Binders) binder->RepaintAll();
-  };
+/// The ribbon of the day in the main window, which from now on follows the window's height.
+DayRibbonView& RibbonOf(QWidget& window) {
+  auto& ribbon = dynamic_cast<DayRibbonView&>(*window.findChild<QFrame*>("paneDay"));
+  ribbon.WatchWindow();
+  return ribbon;
 }
 
-Views::~Views() = default;
+}  // namespace
+
+// Closing the language dialog ends the program, and closing the directory picker accepts the
+// directory: too much to happen on an accidental Escape.
+Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look)
+    : MainWindow(MakerOf<QMainWindow, Ui::frmMain>(Look)()),
+      Band(*MainWindow),
+      FaultsLine(*MainWindow),
+      Ribbon(RibbonOf(*MainWindow)),
+      MainGrowth(*MainWindow),
+      MainLamps(windows.frmMain, *MainWindow),
+      MainBinder(windows.frmMain, *MainWindow, loop),
+      LogoWindow(windows.frmLogo, loop, {MakerOf<QWidget, Ui::frmLogo>(Look, kSplash), Centre}),
+      LangSelWindow(windows.frmlangSel, loop,
+                    {MakerOf<QDialog, Ui::frmlangSel>(Look, kDialog), Centre}),
+      AboutWindow(windows.frmAbout, loop,
+                  {MakerOf<QDialog, Ui::frmAbout>(Look, kDialog), Centre, true}),
+      SettingsWindow(windows.frmSettings, loop,
+                     {MakerOf<QDialog, Ui::frmSettings>(Look, kDialog), Centre}),
+      ScheduleEditorWindow(windows.TheWavWindow, loop,
+                           {MakerOf<QMainWindow, Ui::WavWindow>(Look), PlaceEditor}),
+      PlaylistWindow(windows.frmPlaylist, loop,
+                     {MakerOf<QMainWindow, Ui::frmPlaylist>(Look), PlaceEditor}),
+      DirSelWindow(windows.frmDirSel, loop,
+                   {MakerOf<QDialog, Ui::frmDirSel>(Look, kDialog),
+                    [this](QWidget& picker) { PlacePicker(picker); }}),
+      ChimeSelectWindow(windows.frmChimeSelect, loop,
+                        {MakerOf<QDialog, Ui::frmChimeSelect>(Look, kDialog),
+                         [this](QWidget& picker) { PlacePicker(picker); }}) {
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  MainBinder.OnShow = PlaceMain;
+  // The clock in the window is painted every second, and band, ribbon and lamps with it.
+  MainBinder.OnPaint = [this, look] { PaintGlance(look ? look() : Glance()); };
+  MainGrowth.OnChange = [this] {
+    Band.MakeRoom();
+    MainBinder.RepaintAll();
+  };
+  Look.OnChange = [this] { RepaintAll(); };
+}
 
 void Views::PaintGlance(const Glance& glance) {
-  Band->Paint(glance);
-  FaultsLine->Paint(glance.Faults);
-  Ribbon->Paint(glance.Day);
-  MainLamps->Paint(glance);
-  MainGrowth->TakePainted();
+  Band.Paint(glance);
+  FaultsLine.Paint(glance.Faults);
+  Ribbon.Paint(glance.Day);
+  MainLamps.Paint(glance);
+  MainGrowth.TakePainted();
 }
 
 /// A picker blocks only the settings dialog: the main window stays free, so that a call can be made
 /// at any moment.
-void Views::ConnectPicker(Form& form, QWidget& window, EventLoop& loop) {
-  window.setWindowModality(Qt::WindowModal);
-  Connect(form, window, loop, [this](QWidget& picker) {
-    Centre(picker);
-    SettingsWindow->winId();  // creates the native handle if there is none
-    picker.winId();
-    picker.windowHandle()->setTransientParent(SettingsWindow->windowHandle());
-  });
+void Views::PlacePicker(QWidget& picker) {
+  Centre(picker);
+  picker.setWindowModality(Qt::WindowModal);
+  Settings().winId();  // creates the native handle if there is none
+  picker.winId();
+  picker.windowHandle()->setTransientParent(Settings().windowHandle());
 }
 
-Binder& Views::Connect(Form& form, QWidget& window, EventLoop& loop,
-                       std::function<void(QWidget&)> place) {
-  Binders.push_back(std::make_unique<Binder>(form, window, loop));
-  Binders.back()->OnShow = std::move(place);
-  window.installEventFilter(&Look);
-  return *Binders.back();
+void Views::RepaintAll() {
+  MainBinder.RepaintAll();
+  for (FormWindow* window :
+       {&LogoWindow, &LangSelWindow, &AboutWindow, &SettingsWindow, &ScheduleEditorWindow,
+        &PlaylistWindow, &DirSelWindow, &ChimeSelectWindow})
+    window->RepaintAll();
 }
 
 }  // namespace marlex
