@@ -7,6 +7,7 @@ std::string Control::ObjectName() const {
 }
 
 void Control::Changed() {
+  ++Changes;
   if (Watcher) Watcher();
 }
 

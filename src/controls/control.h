@@ -45,6 +45,9 @@ class Control {
   const std::string Name;
   const int Index;
 
+  /// How often it has changed.
+  unsigned Changes = 0;
+
   /// Called after each change; set by the view that shows the control.
   std::function<void()> Watcher;
 

@@ -47,6 +47,9 @@ class Faults {
   Faults(const Faults&) = delete;
   Faults& operator=(const Faults&) = delete;
 
+  /// The files of the plan, as they are watched.
+  PlanMedia& Plan() { return Media; }
+
   /// A text for each fault, the newest first; none when all is well.
   std::vector<std::string> Texts() const;
 

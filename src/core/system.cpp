@@ -59,7 +59,7 @@ System::System(const Pc& pc)
       TheDay(TheFlags, Store.Values, TheWindows.frmMain, Tick, pc.Clock),
       TheFaults(pc.Loop, pc.Sound, pc.TolvoPort, Store, Tick, ClockWatch(pc.Clock),
                 PlanMedia(TheFlags, Store.Values, TheWindows.frmMain, TheFrmPlayers, ThePreviews,
-                          TheDay, pc.Media),
+                          TheDay, Tick, pc.Media, pc.Clock),
                 TheRecord, Strings),
       ThePasserby(TheFlags, TheWindows, TheFrmPlayers, Tick, TheDay, TheFaults, Strings),
       StartUp_(ThePc, Store, TheWindows, Strings, Loader, TheNotices) {

@@ -64,6 +64,7 @@ std::vector<std::string> MemoryDisk::Subdirectories(const std::string& directory
 void MemoryDisk::AddDirectory(const std::string& path) {
   std::string made = WithoutFinalSeparator(path);
   while (DirectoriesMade.insert(made).second) made = ParentOf(made);
+  ++ChangeCount;
 }
 
 void MemoryDisk::AddDrive(const std::string& root) {
@@ -84,6 +85,7 @@ void MemoryDisk::AddMp3(const std::string& path, int lengthMs) {
 void MemoryDisk::Heal(const std::string& path) {
   Unwritable.erase(WithoutFinalSeparator(path));
   Unreadable.erase(WithoutFinalSeparator(path));
+  ++ChangeCount;
 }
 
 std::optional<std::string> MemoryDisk::Read(const std::string& path) const {
@@ -117,6 +119,7 @@ bool MemoryDisk::Covers(const std::set<std::string>& faults, const std::string& 
 void MemoryDisk::Put(const std::string& path, File file) {
   AddDirectory(ParentOf(path));
   Files[path] = std::move(file);
+  ++ChangeCount;
 }
 
 /// The file that is found under this path; null when it is missing or cannot be read.

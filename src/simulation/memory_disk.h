@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <set>
@@ -40,19 +41,37 @@ class MemoryDisk : public Directories {
   /// Adds a file that exists, whatever its name, but that no player can play.
   void AddBroken(const std::string& path) { AddFile(path); }
 
-  void Remove(const std::string& path) { Files.erase(path); }
+  void Remove(const std::string& path) {
+    Files.erase(path);
+    ++ChangeCount;
+  }
 
   /// Makes a file, or a directory with everything in it, disappear without losing it, like a drive
   /// that is unplugged; `Return` brings it back.
-  void Vanish(const std::string& path) { Vanished.insert(WithoutFinalSeparator(path)); }
-  void Return(const std::string& path) { Vanished.erase(WithoutFinalSeparator(path)); }
+  void Vanish(const std::string& path) {
+    Vanished.insert(WithoutFinalSeparator(path));
+    ++ChangeCount;
+  }
+  void Return(const std::string& path) {
+    Vanished.erase(WithoutFinalSeparator(path));
+    ++ChangeCount;
+  }
 
   /// Make writes or reads fail for this file, or for everything below this directory, as on a full,
   /// protected or faulty disk. What is in a directory that cannot be read is not listed, but is
   /// found under its exact name. `Heal` undoes both.
-  void FailWrites(const std::string& path) { Unwritable.insert(WithoutFinalSeparator(path)); }
-  void FailReads(const std::string& path) { Unreadable.insert(WithoutFinalSeparator(path)); }
+  void FailWrites(const std::string& path) {
+    Unwritable.insert(WithoutFinalSeparator(path));
+    ++ChangeCount;
+  }
+  void FailReads(const std::string& path) {
+    Unreadable.insert(WithoutFinalSeparator(path));
+    ++ChangeCount;
+  }
   void Heal(const std::string& path);
+
+  /// How often the disk has changed, faults included.
+  std::uint64_t Changes() const { return ChangeCount; }
 
   /// Path under which the file or directory of this name is found, as `Directories` says; the path
   /// itself where there is none.
@@ -91,6 +110,7 @@ class MemoryDisk : public Directories {
   std::set<std::string> Vanished;
   std::set<std::string> Unwritable;
   std::set<std::string> Unreadable;
+  std::uint64_t ChangeCount = 0;
 };
 
 }  // namespace marlex

@@ -36,6 +36,9 @@ class SimulatedSerial : public SerialPort {
   /// All bytes that have reached the amplifier.
   const std::vector<SentByte>& Sent() const { return SentBytes; }
 
+  /// Forgets the bytes that have been sent so far.
+  void ForgetSent() { SentBytes.clear(); }
+
   /// Receives bytes from the amplifier now; the system is notified by the next event.
   void Receive(std::initializer_list<int> bytes) { Receive(std::vector<int>(bytes)); }
   void Receive(const std::vector<int>& bytes);

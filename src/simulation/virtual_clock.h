@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 
 #include "platform/wall_clock.h"
 #include "simulation/virtual_loop.h"
@@ -36,25 +37,14 @@ class VirtualClock : public WallClock {
 
   std::int64_t AheadMs() const override { return BaseMs - ZoneMs; }
 
-  LocalTime Now() const override {
-    using namespace std::chrono;
-    const milliseconds since(BaseMs + Loop.NowMs());
-    const auto day = floor<days>(since);
-    const year_month_day date{sys_days(day)};
-    const hh_mm_ss time(floor<seconds>(since - day));
-    return {static_cast<int>(date.year()),
-            static_cast<int>(static_cast<unsigned>(date.month())),
-            static_cast<int>(static_cast<unsigned>(date.day())),
-            static_cast<int>(time.hours().count()),
-            static_cast<int>(time.minutes().count()),
-            static_cast<int>(time.seconds().count()),
-            static_cast<int>(weekday(sys_days(day)).iso_encoding())};
-  }
+  LocalTime Now() const override;
 
  private:
   const VirtualLoop& Loop;
   std::int64_t BaseMs = 0;  // date and time at virtual time 0, in milliseconds since 1 January 1970
-  std::int64_t ZoneMs = 0;  // by which the local time was shifted
+  mutable LocalTime Today;  // the date that was asked for last
+  mutable std::optional<std::chrono::days> DaysSince;  // from 1 January 1970 to it
+  std::int64_t ZoneMs = 0;                             // by which the local time was shifted
 };
 
 }  // namespace marlex

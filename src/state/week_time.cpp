@@ -3,6 +3,13 @@
 #include "text/text_case.h"
 
 namespace marlex {
+namespace {
+
+// Digits of a number from 0 to 99.
+char Tens(int number) { return static_cast<char>('0' + number / 10); }
+char Units(int number) { return static_cast<char>('0' + number % 10); }
+
+}  // namespace
 
 std::string TwoDigits(const std::string& number) {
   const bool oneCharacter = !number.empty() && FirstCharacters(number, 1) == number;
@@ -10,11 +17,11 @@ std::string TwoDigits(const std::string& number) {
 }
 
 std::string MinuteText(const LocalTime& time) {
-  return TwoDigits(std::to_string(time.Hour)) + ":" + TwoDigits(std::to_string(time.Minute));
+  return {Tens(time.Hour), Units(time.Hour), ':', Tens(time.Minute), Units(time.Minute)};
 }
 
 std::string SecondText(const LocalTime& time) {
-  return MinuteText(time) + ":" + TwoDigits(std::to_string(time.Second));
+  return MinuteText(time) + std::string{':', Tens(time.Second), Units(time.Second)};
 }
 
 bool DayIsOn(const std::string& mask, int weekday) {

@@ -165,7 +165,8 @@ std::size_t CountCharacters(std::string_view text) {
 std::string_view FirstCharacters(std::string_view text, std::size_t maxCharacters) {
   std::size_t length = 0;
   for (; maxCharacters > 0 && length < text.size(); --maxCharacters) {
-    length += First(text.substr(length)).Bytes;
+    const bool isAscii = AnnouncedBytes(static_cast<unsigned char>(text[length])) == 1;
+    length += isAscii ? 1 : First(text.substr(length)).Bytes;
   }
   return text.substr(0, length);
 }

@@ -127,6 +127,7 @@ void ExpectAllCorners(CornerCounts& corners) {
                              "midnight",
                              "a row that fires",
                              "a row that the record accounts for",
+                             "a plan with files",
                              "a start by the clock",
                              "a fade on a card that refuses",
                              "a file dialog over a message",

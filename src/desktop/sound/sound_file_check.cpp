@@ -43,6 +43,18 @@ bool IsFile(const std::string& path) {
   return std::filesystem::is_regular_file(FoundPath(path), ignored);
 }
 
+IsPlayable TestOf(MediumKind kind) {
+  switch (kind) {
+    case MediumKind::Song:
+      return IsMp3;
+    case MediumKind::Message:
+      return IsWav;
+    case MediumKind::TextFile:
+      break;
+  }
+  return IsFile;
+}
+
 /// What changes whenever the contents of a file, its place or its rights do.
 struct Stamp {
   dev_t Drive = 0;
@@ -179,8 +191,11 @@ SoundFileCheck::SoundFileCheck() : Inside(std::make_shared<Body>()) {
 
 SoundFileCheck::~SoundFileCheck() { Inside->Quit(); }
 
-MediaState SoundFileCheck::Song(const std::string& path) { return Inside->Ask(path, IsMp3); }
-MediaState SoundFileCheck::Message(const std::string& path) { return Inside->Ask(path, IsWav); }
-MediaState SoundFileCheck::TextFile(const std::string& path) { return Inside->Ask(path, IsFile); }
+const std::vector<MediaState>& SoundFileCheck::States() {
+  Known.clear();
+  for (const WatchedFile& file : Watched)
+    Known.push_back(Inside->Ask(file.Path, TestOf(file.Kind)));
+  return Known;
+}
 
 }  // namespace marlex

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "platform/media_check.h"
 
@@ -17,12 +19,13 @@ class SoundFileCheck : public MediaCheck {
   SoundFileCheck(const SoundFileCheck&) = delete;
   SoundFileCheck& operator=(const SoundFileCheck&) = delete;
 
-  MediaState Song(const std::string& path) override;
-  MediaState Message(const std::string& path) override;
-  MediaState TextFile(const std::string& path) override;
+  void Watch(std::vector<WatchedFile> files) override { Watched = std::move(files); }
+  const std::vector<MediaState>& States() override;
 
  private:
   class Body;
+  std::vector<WatchedFile> Watched;
+  std::vector<MediaState> Known;
   std::shared_ptr<Body> Inside;
 };
 

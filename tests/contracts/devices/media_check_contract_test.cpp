@@ -24,8 +24,12 @@ class MediaCheckContract : public testing::TestWithParam<PcKind> {
     return true;
   }
   MediaState Of(const std::string& path) {
-    if (path.ends_with(".lst")) return Bench->Check().TextFile(path);
-    return path.ends_with(".mp3") ? Bench->Check().Song(path) : Bench->Check().Message(path);
+    Bench->Check().Watch({{path, KindOf(path)}});
+    return Bench->Check().States().at(0);
+  }
+  static MediumKind KindOf(const std::string& path) {
+    if (path.ends_with(".lst")) return MediumKind::TextFile;
+    return path.ends_with(".mp3") ? MediumKind::Song : MediumKind::Message;
   }
 
   const std::unique_ptr<PlayerBench> Bench = MakePlayerBench(GetParam());
@@ -62,6 +66,21 @@ TEST_P(MediaCheckContract, AFileIsInspectedAgainWhenItIsAskedForLater) {
 TEST_P(MediaCheckContract, ANameInOtherLettersFindsTheFile) {
   Bench->Wav("Gong.wav", 500);
   EXPECT_TRUE(Becomes(Bench->Path("gong.WAV"), MediaState::Good));
+}
+
+TEST_P(MediaCheckContract, StatesAreInTheOrderOfTheFilesThatAreWatched) {
+  const std::string gong = Bench->Wav("gong.wav", 500);
+  const std::string march = Bench->Mp3("march.mp3", 500);
+  ASSERT_TRUE(Becomes(gong, MediaState::Good));
+  ASSERT_TRUE(Becomes(march, MediaState::Good));
+  ASSERT_TRUE(Becomes(Bench->Path("none.wav"), MediaState::Missing));
+  Bench->Check().Watch({{march, MediumKind::Song},
+                        {Bench->Path("none.wav"), MediumKind::Message},
+                        {gong, MediumKind::Message}});
+  EXPECT_EQ(Bench->Check().States(),
+            (std::vector{MediaState::Good, MediaState::Missing, MediaState::Good}));
+  Bench->Check().Watch({});
+  EXPECT_TRUE(Bench->Check().States().empty());
 }
 
 TEST_P(MediaCheckContract, ATextFileIsGoodWhateverIsInIt) {

@@ -21,9 +21,14 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
+MediaState StateOf(SoundFileCheck& check, const std::string& wav) {
+  check.Watch({{wav, MediumKind::Message}});
+  return check.States().at(0);
+}
+
 bool Becomes(SoundFileCheck& check, const std::string& wav, MediaState state) {
   const Clock::time_point due = Clock::now() + 8s;
-  while (check.Message(wav) != state) {
+  while (StateOf(check, wav) != state) {
     if (Clock::now() > due) return false;
     std::this_thread::sleep_for(50ms);
   }
@@ -83,7 +88,7 @@ TEST(SoundFileCheck, ADriveThatDoesNotAnswerKeepsNobodyWaiting) {
   {
     const test::SlowDrive drive(files.Path(""));
     const Clock::time_point asked = Clock::now();
-    EXPECT_EQ(check.Message(gong), MediaState::Unknown);
+    EXPECT_EQ(StateOf(check, gong), MediaState::Unknown);
     EXPECT_LT(Clock::now() - asked, 100ms);
     EXPECT_TRUE(Becomes(check, gong, MediaState::Unplayable));
   }
@@ -111,7 +116,7 @@ TEST(SoundFileCheck, EndsSoonThoughADriveDoesNotAnswer) {
   const std::string gong = files.Wav("gong.wav", 1);
   auto check = std::make_unique<SoundFileCheck>();
   std::optional<test::SlowDrive> drive(files.Path(""));
-  check->Message(gong);
+  StateOf(*check, gong);
   std::this_thread::sleep_for(200ms);
   const auto ended = std::async(std::launch::async, [&check] { check.reset(); });
   EXPECT_EQ(ended.wait_for(4s), std::future_status::ready);

@@ -24,13 +24,14 @@ Inspectors::Inspectors(Desk& desk, CornerCounts& corners)
       FiringRow(TheScene, SequenceEdits, Traces, Tick, Rows),
       MusicClock(TheScene, Tick, Playlists),
       Record(TheScene),
+      Media(TheScene),
       Rest(TheScene, SequenceEdits, Preview, Traces),
       Zones(TheScene, Traces),
       Waits(TheScene),
       Corners(TheScene, SequenceEdits, Preview, Playlists, Bytes),
       InOrder{&SequenceEdits, &View,  &Playlists,      &Traces, &Bytes,   &MasterMute, &Messages,
               &Priority,      &Mixer, &OpenMicrophone, &Call,   &Preview, &Save,       &Tick,
-              &FiringRow,     &Rows,  &MusicClock,     &Record, &Rest,    &Zones} {
+              &FiringRow,     &Rows,  &MusicClock,     &Record, &Media,   &Rest,       &Zones} {
   Remember();
 }
 

@@ -9,6 +9,7 @@
 #include "scenario/inspectors/firing_row.h"
 #include "scenario/inspectors/inspector.h"
 #include "scenario/inspectors/master_mute.h"
+#include "scenario/inspectors/media.h"
 #include "scenario/inspectors/messages.h"
 #include "scenario/inspectors/microphone.h"
 #include "scenario/inspectors/mixer.h"
@@ -69,6 +70,7 @@ class Inspectors {
   FiringRowInspector FiringRow;
   MusicClockInspector MusicClock;
   RecordInspector Record;
+  MediaInspector Media;
   RestInspector Rest;
   ZonesInspector Zones;
   WaitsInspector Waits;
@@ -77,7 +79,7 @@ class Inspectors {
   /// Those that check while the main window is loaded, in the order in which they check. Each comes
   /// after the ones whose findings about the same event it needs. The exception is the editor,
   /// which asks how the call was before the event.
-  std::array<Inspector*, 20> InOrder;
+  std::array<Inspector*, 21> InOrder;
 };
 
 }  // namespace marlex
