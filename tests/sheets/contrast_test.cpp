@@ -60,6 +60,18 @@ TEST(ContrastOfASample, OfATextThatIsTooPaleIsTooLow) {
   }
 }
 
+/// The colour within the border of a button or tile, beside its picture and its words.
+QColor GroundOfPart(const QWidget& window, const char* name) {
+  const qreal ratio = window.devicePixelRatio();
+  const QImage picture = window.findChild<QWidget*>(name)->grab().toImage();
+  return picture.pixelColor(QPointF(8 * ratio, 8 * ratio).toPoint());
+}
+
+int Distance(const QColor& one, const QColor& other) {
+  return std::abs(one.red() - other.red()) + std::abs(one.green() - other.green()) +
+         std::abs(one.blue() - other.blue());
+}
+
 void MeasureBoxes(PaintedContrasts& contrasts) {
   VirtualLoop loop;
   const MemoryDisk disk;
@@ -159,6 +171,28 @@ TEST_P(PaintedContrast, IsEnoughForEveryTextBorderAndMark) {
   MeasureSplash(contrasts);
   contrasts.ExpectEnough();
   Keep(contrasts.Report(), GetParam() == Scheme::Dark ? "contrasts_dark" : "contrasts");
+}
+
+/// While a message plays, the music's buttons are disabled, and those of the call are not.
+TEST_P(PaintedContrast, TellsAButtonThatIsDisabledFromOneThatIsOff) {
+  constexpr int kPlain = 30;
+  ShownDesk desk(SceneOf("main_message").Options);
+  const QWidget& window = SceneOf("main_message").Reach(desk);
+  const auto ground = [&window](const char* name) { return GroundOfPart(window, name); };
+  EXPECT_GE(Distance(ground("cmdMusicZones_3"), ground("cmdCallZone_3")), kPlain);
+  EXPECT_GE(Distance(ground("cmdMusicZones_0"), ground("cmdCallZone_0")), kPlain);
+  EXPECT_GE(Distance(ground("cmdMusicZones_0"), ground("cmdMusicZones_3")), kPlain);
+  ShownDesk free(SceneOf("main_idle").Options);
+  const QWidget& idle = SceneOf("main_idle").Reach(free);
+  EXPECT_GE(Distance(GroundOfPart(idle, "cmdSkip"), GroundOfPart(idle, "cmdPlay")), kPlain);
+}
+
+TEST_P(PaintedContrast, GreysTheCaptionOfAVolumeThatCannotBeSet) {
+  constexpr int kPlain = 25;
+  ShownDesk desk(SceneOf("settings_no_microphone").Options);
+  const QWidget& window = SceneOf("settings_no_microphone").Reach(desk);
+  EXPECT_GE(Distance(GroundOfPart(window, "frMicroVolume"), GroundOfPart(window, "frMusicVol")),
+            kPlain);
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, PaintedContrast, ::testing::Values(Scheme::Light, Scheme::Dark),

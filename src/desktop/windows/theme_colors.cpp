@@ -12,14 +12,14 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"text", "#1b2633", "#e6ebf1"},
       {"muted", "#55616f", "#a9b5c2"},
       {"strong", "#124a9c", "#8fbcf5"},
-      {"off-text", "#65707d", "#8a97a5"},
+      {"off-text", "#5b6673", "#8a97a5"},
       {"on-accent", "#ffffff", "#ffffff"},
       {"on-signal", "#101820", "#101820"},
       // Backgrounds
       {"face", "#eef1f5", "#141a21"},
       {"card", "#ffffff", "#1f2730"},
       {"tile", "#f4f7fa", "#262f3a"},
-      {"off", "#f4f6f8", "#232b35"},
+      {"off", "#e4e9ef", "#171d24"},
       {"notice", "#fff3dc", "#4a3712"},
       {"notice-text", "#8a4b00", "#ffd596"},
       // Lines
@@ -41,13 +41,14 @@ const std::vector<ThemeColor>& ThemeColors() {
       {"on", "#bcd5f4", "#24466f"},
       {"on-lit", "#a9c8ef", "#2b5383"},
       {"on-text", "#12306b", "#d9e8ff"},
+      {"off-on", "#c3cedb", "#3a4552"},
       {"off-accent", "#77879a", "#5f6e80"},
       {"glyph", "#2b3a4a", "#d5dde6"},
       {"off-glyph", "#55616f", "#a9b5c2"},
       {"focus", "#101820", "#ffffff"},
-      {"handle", "#7d8b9b", "#7a8998"},
+      {"handle", "#758598", "#7a8998"},
       {"handle-lit", "#5f6d7c", "#9fb0c2"},
-      {"groove", "#7d8b9b", "#6f7f90"},
+      {"groove", "#758598", "#6f7f90"},
       {"groove-lit", "#4f86c6", "#5d9ae6"},
       // Signals of the system: speech or a message is on the air, a zone is fed, ready, in
       // conflict, fired last; and the call waits
