@@ -31,6 +31,11 @@ QString Breakable(const QString& title) {
   return words.join(' ');
 }
 
+/// A title runs in the direction of its language, even where a file name follows.
+int DirectionOf(const QString& title) {
+  return title.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+}
+
 bool HasFace(const QWidget& card, const char* face) {
   return card.property("face").toString() == face;
 }
@@ -107,9 +112,8 @@ void Card::paintEvent(QPaintEvent*) {
   option.subControls = QStyle::SC_GroupBoxFrame;
   painter.drawComplexControl(QStyle::CC_GroupBox, option);
   painter.setPen(palette().color(QPalette::WindowText));
-  const bool isTile = HasFace(*this, "tile");
-  painter.drawText(TitleArea(), kTitleFlags | (isTile ? Qt::AlignHCenter : Qt::AlignLeft),
-                   Breakable(title()));
+  const int place = HasFace(*this, "tile") ? Qt::AlignHCenter : Qt::AlignLeft | Qt::AlignAbsolute;
+  painter.drawText(TitleArea(), kTitleFlags | place | DirectionOf(title()), Breakable(title()));
 }
 
 }  // namespace marlex
