@@ -7,6 +7,7 @@
 #include "desktop/windows/shown_text.h"
 #include "desktop/windows/theme.h"
 #include "screen/measure.h"
+#include "screen/painted_texts.h"
 #include "sheets/looks.h"
 #include "sheets/scenes.h"
 
@@ -127,6 +128,32 @@ std::vector<Box> AllReports(const char* language) {
   return reports;
 }
 
+/// The painted lines of a label, from top to bottom.
+QStringList LinesOf(QWidget& label) {
+  QStringList lines;
+  QRectF last;
+  for (const auto& [text, place] : PaintedTexts::Of(label)) {
+    const bool isBelow = lines.isEmpty() || place.top() > last.center().y();
+    if (isBelow) lines.append("");
+    lines.back() += ' ' + WithoutMarks(text).trimmed();
+    last = place;
+  }
+  for (QString& line : lines) line = line.trimmed();
+  return lines;
+}
+
+/// A paragraph of several words never ends on a line with its last word alone. The dense screen of
+/// the tests is 400 pixels wide, where two words may be too long for a line.
+void ExpectNoWordAlone(QMessageBox& box) {
+  if (IsDense()) return;
+  const QStringList paragraphs = WithoutMarks(box.text()).split('\n');
+  for (const QString& line : LinesOf(*box.findChild<QLabel*>("qt_msgbox_label"))) {
+    if (line.contains(' ') || line.contains('/')) continue;
+    for (const QString& paragraph : paragraphs)
+      EXPECT_FALSE(paragraph.endsWith(' ' + line)) << line.toStdString();
+  }
+}
+
 /// Shows every report, one after the other.
 void PaintReports(const char* language, Sheet& sheet) {
   const Theme theme(*qApp);
@@ -146,6 +173,7 @@ void PaintReports(const char* language, Sheet& sheet) {
     ASSERT_TRUE(shown);
     EXPECT_EQ(WithoutMarks(shown->text()).toStdString(), ShownText(box.Body).toStdString());
     ExpectNothingClipped(*shown);
+    ExpectNoWordAlone(*shown);
     sheet.Add(shown->windowTitle(), shown->grab());
     shown->close();
   }

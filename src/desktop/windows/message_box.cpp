@@ -7,6 +7,7 @@
 #include <QLayout>
 #include <QPushButton>
 #include <QStyle>
+#include <QTextLayout>
 
 #include "desktop/windows/balanced_label.h"
 #include "desktop/windows/glyphs.h"
@@ -26,6 +27,32 @@ QPixmap SignOf(QMessageBox::Icon icon, qreal ratio) {
   if (icon == QMessageBox::Warning)
     return GlyphPicture("warning", ThemeColorNow("text"), kSignSize, ratio);
   return GlyphPicture("information", ThemeColorNow("accent"), kSignSize, ratio);
+}
+
+/// The line with its last two words joined, if they fit.
+QString WithLastWordsJoined(QString line, const QFontMetrics& letters, int room) {
+  const qsizetype last = line.lastIndexOf(' ');
+  if (last <= 0) return line;
+  const qsizetype start = line.lastIndexOf(' ', last - 1) + 1;
+  if (letters.horizontalAdvance(line.mid(start)) <= room) line[last] = QChar::Nbsp;
+  return line;
+}
+
+/// The line broken where its parts are about equally wide, and no word is left alone at its end. A
+/// break takes the place of a blank; a path is broken elsewhere.
+QString Balanced(QString line, const QFont& font, int room) {
+  const QFontMetrics letters(font);
+  const QString joined = WithLastWordsJoined(line, letters, room);
+  QTextLayout layout(joined, font);
+  const int width = BalancedWidth(letters, joined, room);
+  layout.beginLayout();
+  for (QTextLine part = layout.createLine(); part.isValid(); part = layout.createLine()) {
+    part.setLineWidth(width);
+    const int end = part.textStart() + part.textLength();
+    if (end < line.size() && line[end - 1] == ' ') line[end - 1] = QChar::LineSeparator;
+  }
+  layout.endLayout();
+  return line;
 }
 
 }  // namespace
@@ -63,8 +90,8 @@ void MessageBox::showEvent(QShowEvent* event) {
   LayOutText();
 }
 
-/// Puts paths on lines of their own, and balances the lines, so that none is left with a single
-/// word. Qt sets the size of the box when it appears; only then is it known what fits on a line.
+/// Puts paths on lines of their own, and balances the lines of each paragraph. Qt sets the size of
+/// the box when it appears; only then is it known what fits on a line.
 void MessageBox::LayOutText() {
   auto* label = findChild<QLabel*>("qt_msgbox_label");
   if (!label || !label->wordWrap()) return;
@@ -73,9 +100,15 @@ void MessageBox::LayOutText() {
   const QFontMetrics letters = label->fontMetrics();
   const QString apart = WithPathsApart(
       text(), [&](const QString& line) { return letters.horizontalAdvance(line) <= room; });
-  if (apart != text()) setText(apart);
+  QStringList lines = apart.split('\n');
+  for (QString& line : lines) line = Balanced(line, label->font(), room);
+  const QString balanced = lines.join('\n');
+  if (balanced != text()) setText(balanced);
+  // With shorter lines, Qt may make the box narrower.
+  layout()->activate();
+  const int left = label->contentsRect().width();
   QMargins margins = label->contentsMargins();
-  margins.setRight(margins.right() + room - BalancedWidth(letters, apart, room));
+  margins.setRight(margins.right() + left - BalancedWidth(letters, balanced, left));
   label->setContentsMargins(margins);
 }
 

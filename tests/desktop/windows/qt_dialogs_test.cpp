@@ -11,6 +11,7 @@
 #include "desktop/windows/shown_body.h"
 #include "desktop/windows/theme.h"
 #include "places.h"
+#include "screen/painted_texts.h"
 
 namespace marlex {
 namespace {
@@ -83,15 +84,16 @@ TEST(QtDialogs, NoLineOfABoxIsLeftWithASingleWord) {
   const QString words = "one two three four five six seven eight nine ten eleven twelve thirteen ";
   MessageBox box(QMessageBox::Critical, "Caption", words + words + words, nullptr);
   box.show();
-  const auto& label = *box.findChild<QLabel*>("qt_msgbox_label");
-  ASSERT_TRUE(label.wordWrap());
-  const QFontMetrics letters = label.fontMetrics();
-  const QRect text = letters.boundingRect(label.contentsRect(), Qt::TextWordWrap, box.text());
-  const int lines = text.height() / letters.lineSpacing();
-  ASSERT_GT(lines, 1);
-  const int width = letters.horizontalAdvance(box.text());
-  const int last = width - (lines - 1) * label.contentsRect().width();
-  EXPECT_GT(last, label.contentsRect().width() / 2);
+  auto& label = *box.findChild<QLabel*>("qt_msgbox_label");
+  std::map<int, QRectF> lines;
+  for (const PaintedTexts::Piece& piece : PaintedTexts::Of(label)) {
+    QRectF& line = lines[qRound(piece.Place.top())];
+    line = line.united(piece.Place);
+    EXPECT_LE(piece.Place.right(), label.width());
+  }
+  ASSERT_GT(lines.size(), 1U);
+  EXPECT_GT(lines.rbegin()->second.width(), lines.begin()->second.width() / 2);
+  EXPECT_EQ(WithoutMarks(box.text()), words + words + words);
 }
 
 TEST(QtDialogs, APathInABoxIsReadAndCopiedWithoutMarks) {
