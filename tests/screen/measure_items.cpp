@@ -25,12 +25,13 @@ std::string Letters(QString text) {
   return text.toStdString();
 }
 
+/// In one line: a long tip has ends of lines that its text has not.
 QString ToolTipOf(QAbstractItemView& view, const QModelIndex& index) {
   QToolTip::hideText();
   const QPoint middle = view.visualRect(index).center();
   QHelpEvent asks(QEvent::ToolTip, middle, view.viewport()->mapToGlobal(middle));
   QApplication::sendEvent(view.viewport(), &asks);
-  return QToolTip::text();
+  return QToolTip::text().remove('\n');
 }
 
 /// The operator's own names may have any length; a time or a routing may not.

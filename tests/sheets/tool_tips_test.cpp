@@ -30,12 +30,16 @@ void HideTip() {
   }
 }
 
-/// Adds the tip, which must say that text.
+/// A text without the ends of its lines, which are added to a long one.
+std::string InOneLine(QString text) { return text.remove('\n').toStdString(); }
+
+/// Adds the tip, which must say that text, and not be wider than the main window may be.
 void AddTip(QWidget& part, QPoint place, const std::string& text, const QString& caption,
             Sheet& sheet) {
   QLabel* tip = TipAt(part, place);
   ASSERT_TRUE(tip) << text;
-  EXPECT_EQ(tip->text().toStdString(), text);
+  EXPECT_EQ(InOneLine(tip->text()), InOneLine(QString::fromStdString(text)));
+  EXPECT_LE(tip->width(), kSmallScreen.width());
   ExpectNothingClipped(*tip);
   sheet.Add(caption, tip->grab());
   HideTip();

@@ -40,7 +40,9 @@ TEST(Elided, APathThatIsTooLongLosesItsMiddleAndIsWholeInTheToolTip) {
   EXPECT_NE(label.ShownLine(), label.text());
   EXPECT_TRUE(label.ShownLine().startsWith("/home/operator/"));
   EXPECT_TRUE(label.ShownLine().endsWith("/Quiet/"));
-  EXPECT_EQ(ToolTipOver(label).toStdString(), path);
+  QString tip = ToolTipOver(label);
+  EXPECT_TRUE(tip.contains("/\n")) << "a long path is broken after a folder";
+  EXPECT_EQ(tip.remove('\n').toStdString(), path);
 }
 
 TEST(Elided, AZonesLongNameMakesNoWindowWider) {
