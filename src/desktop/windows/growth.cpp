@@ -30,10 +30,11 @@ constexpr GrowingText kTexts[] = {
     {R"(QLabel[face="lamp"])", 12},
     {R"(QLabel[face="notice"])", 11.5},
     {R"(QLabel[face="zone"], QPushButton[face="large"])", 11},
-    {R"(#frSchedule, QLabel[face="row"])", 10.5},
+    {R"(#frBGMusic, #frSchedule, #frRouting, QLabel[face="row"])", 10.5},
+    {R"(QGroupBox[face="tile"])", 9},
 };
 
-constexpr const char* kUngrown = "#frSchedule * { font-size: 10.5pt; }";
+constexpr const char* kUngrown = "#frBGMusic *, #frSchedule * { font-size: 10.5pt; }";
 
 /// Minimum size of a part before it grows.
 QSize SmallestOf(const QWidget& part) {

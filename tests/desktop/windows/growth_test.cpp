@@ -35,12 +35,13 @@ TEST(Growth, NamesOfZonesAreLargeEnoughForTwoMetresFromTheStart) {
 
 TEST(Growth, BandZonesClockAndCallButtonGrowWithTheWindow) {
   GrowingWindow windows;
-  const std::vector<const char*> growing = {"paneOnAirName", "paneNextTime",     "lblZoneName_0",
-                                            "cmdCall",       "lblCurrentZone_0", "frSchedule",
-                                            "lblMP3Position"};
+  const std::vector<const char*> growing = {
+      "paneOnAirName", "paneNextTime",   "lblZoneName_0", "cmdCall",   "lblCurrentZone_0",
+      "frSchedule",    "lblMP3Position", "frBGMusic",     "frRouting", "Frame2"};
   std::vector<double> before;
   for (const char* part : growing) before.push_back(windows.Letters(part));
   const int table = windows.Find<QWidget>("grdSchedule").fontMetrics().height();
+  const int list = windows.Find<QWidget>("lstPlaylist").fontMetrics().height();
   std::vector<const char*> parts = {"cmdMusicZones_0", "lblCurrentZone_0", "cmdCall", "cmdPlay"};
   std::vector<int> heights;
   for (const char* part : parts) heights.push_back(windows.Find<QWidget>(part).height());
@@ -50,6 +51,7 @@ TEST(Growth, BandZonesClockAndCallButtonGrowWithTheWindow) {
   for (std::size_t part = 0; part < parts.size(); ++part)
     EXPECT_GE(windows.Find<QWidget>(parts[part]).height(), 1.45 * heights[part]) << parts[part];
   EXPECT_EQ(windows.Find<QWidget>("grdSchedule").fontMetrics().height(), table);
+  EXPECT_EQ(windows.Find<QWidget>("lstPlaylist").fontMetrics().height(), list);
 }
 
 TEST(Growth, AGrownWindowShrinksAgainAtOnce) {
