@@ -219,6 +219,12 @@ TEST(GridOfWindows, NoWordIsAloneBelowALineOfSplashAndAboutBox) {
   }
 }
 
+TEST(GridOfWindows, TheAboutBoxAndItsButtonKeepTheirPlaceInEveryLanguage) {
+  for (const Language& language : PaintedLanguages())
+    EXPECT_EQ(Measured("about", language.Name, {"cmdOK"}), Measured("about", "English", {"cmdOK"}))
+        << language.Name;
+}
+
 std::string TextOf(const Shown& window, const char* label) {
   return dynamic_cast<const QLabel&>(window.Part(label)).text().toStdString();
 }
