@@ -40,7 +40,7 @@ class Folder {
   test::TemporaryDirectory Place;
 };
 
-/// The file dialog in front, once it has read its folder.
+/// The file dialog in front, once it has read its folder and sorted it: folders come first.
 QFileDialog* ReadyDialog() {
   QElapsedTimer waited;
   waited.start();
@@ -49,7 +49,7 @@ QFileDialog* ReadyDialog() {
     auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeWindow());
     if (!dialog) continue;
     const auto* list = dialog->findChild<QListView*>("listView");
-    if (list->model()->rowCount(list->rootIndex()) > 0) return dialog;
+    if (list->model()->index(0, 0, list->rootIndex()).data() == "Winter") return dialog;
   }
   return nullptr;
 }

@@ -102,6 +102,7 @@ FileDialogBox::FileDialogBox(QWidget* parent, const FileDialog& dialog,
   setFileMode(ModeOf(dialog));
   setNameFilters(NameFilters(dialog.Filter));
   setWindowTitle(QString::fromStdString(dialog.Save ? Texts.Save : Texts.Open));
+  OlderNames.setObjectName("olderNames");
   OlderNames.hide();
   if (!IsTheDesktops()) Prepare();
 }
@@ -141,14 +142,17 @@ void FileDialogBox::Translate() {
                                                         {Accept, action},
                                                         {Reject, Texts.Cancel}};
   for (const auto& [label, text] : labels) setLabelText(label, QString::fromStdString(text));
-  const std::pair<const char*, std::string> buttons[] = {{"backButton", Texts.Back},
-                                                         {"forwardButton", Texts.Forward},
-                                                         {"toParentButton", Texts.ParentFolder}};
-  for (const auto& [name, text] : buttons) {
-    auto& button = Find<QWidget>(*this, name);
-    button.setToolTip(QString::fromStdString(text));
-    button.setAccessibleName(QString::fromStdString(text));
-    button.setAccessibleDescription("");
+  const std::pair<const char*, std::string> parts[] = {{"backButton", Texts.Back},
+                                                       {"forwardButton", Texts.Forward},
+                                                       {"toParentButton", Texts.ParentFolder},
+                                                       {"sidebar", Texts.Folder},
+                                                       {"listView", Texts.FileName},
+                                                       {"olderNames", Texts.FileName}};
+  for (const auto& [name, text] : parts) {
+    auto& part = Find<QWidget>(*this, name);
+    if (qobject_cast<QAbstractButton*>(&part)) part.setToolTip(QString::fromStdString(text));
+    part.setAccessibleName(QString::fromStdString(text));
+    part.setAccessibleDescription("");
   }
 }
 
@@ -187,7 +191,6 @@ void FileDialogBox::KeepItsButtonWorking() {
 }
 
 void FileDialogBox::ListOlderNames() {
-  OlderNames.setObjectName("olderNames");
   OlderNames.setMaximumHeight(kOlderNamesHeight);
   OlderNames.setSelectionMode(fileMode() == ExistingFiles ? QAbstractItemView::ExtendedSelection
                                                           : QAbstractItemView::SingleSelection);

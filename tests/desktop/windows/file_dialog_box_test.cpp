@@ -34,6 +34,21 @@ TEST(FileDialogBox, ShowsNamesAlone) {
   EXPECT_EQ(box.sidebarUrls(), places);
 }
 
+TEST(FileDialogBox, ListsFoldersBeforeFiles) {
+  TypingFolder folder;
+  for (const char* name : {"winter", "autumn"}) QDir(folder.Place.path()).mkdir(name);
+  const QFileDialog& box = folder.Type("none", folder.Open());
+  const auto& list = *box.findChild<QListView*>("listView");
+  const auto names = [&list] {
+    QStringList shown;
+    for (int row = 0; row < list.model()->rowCount(list.rootIndex()); ++row)
+      shown.append(list.model()->index(row, 0, list.rootIndex()).data().toString());
+    return shown.join(' ').toStdString();
+  };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return names() == "autumn winter a.sch b c.sch"; }, 2000))
+      << names();
+}
+
 TEST(FileDialogBox, BeginsWithNothingToGoBackTo) {
   TypingFolder folder;
   const QFileDialog& box = folder.Type("none", folder.Open());
@@ -78,6 +93,10 @@ TEST(FileDialogBox, NamesItsPartsInTheOperatorsLanguage) {
       EXPECT_EQ(box.findChild<QWidget*>(button)->toolTip(), tip);
       EXPECT_EQ(box.findChild<QWidget*>(button)->accessibleName(), tip);
     }
+    const std::map<const char*, const char*> lists{
+        {"sidebar", "Ordner:"}, {"listView", "Name:"}, {"olderNames", "Name:"}};
+    for (const auto& [part, name] : lists)
+      EXPECT_EQ(box.findChild<QWidget*>(part)->accessibleName(), name);
   }
 }
 
