@@ -17,7 +17,7 @@ enum class LossReason {
   Editor,        // the sequence editor was open
   OtherRow,      // another row of the same minute comes first
   NextRow,       // it was still waiting when the next one fired
-  Fade,          // of the music's stop lasted until the next minute
+  Fade,          // of the music lasted until the minute was over
   Clock,         // the minute never came: the clock was set, or the machine stood still
   Held,          // the schedule was held by something that is over
 };

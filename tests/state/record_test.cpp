@@ -133,6 +133,22 @@ TEST(RecordOfARow, SaysThatACallHasDroppedItWhileItWaited) {
   EXPECT_EQ(desk.Lines(), "call: begin in 3\nrow 12:01+ welcome: lost, call\n");
 }
 
+TEST(RecordOfARow, SaysThatATakeoverHasDroppedItWhileItWaited) {
+  RecordingDesk desk(WithMusic(WithRow("Between")));
+  desk.Click("cmdPlay");
+  desk.RunTo(12, 1, 30);
+  desk.Lines();
+  desk.Status(128);
+  desk.Status(0);
+  desk.Click("cmdSkip");  // a break
+  desk.Advance(10'000);
+  EXPECT_EQ(desk.Lines(),
+            "amplifier: status 128\n"
+            "amplifier: takeover\n"
+            "row 12:01+ welcome: lost, takeover\n"
+            "amplifier: status 0\n");
+}
+
 TEST(RecordOfARow, SaysThatTheNextRowHasReplacedIt) {
   RecordingDesk desk(WithMusic({.Sequences = {{.Minutes = "01,02", .Timer = "Between"}}}));
   desk.Click("cmdPlay");
@@ -197,6 +213,19 @@ TEST(RecordOfARow, SaysThatAnotherRowOfTheMinuteComesFirst) {
             "row 12:01 closing: lost, other row\n"
             "row 12:01 welcome: play in 1 2 3 4 5 6\n"
             "row 12:01 welcome: end\n");
+}
+
+TEST(RecordOfARow, SaysThatTheReturnOfTheMusicKeptItFromFiring) {
+  RecordingDesk desk(WithMusic({.Messages = {{"long", 116'600}},
+                                .Sequences = {{.Messages = "long", .Minutes = "01,02"}},
+                                .FadeTime = "Slow"}));
+  desk.Click("cmdPlay");
+  desk.RunTo(12, 3, 30);
+  EXPECT_EQ(desk.Lines(),
+            "music: play march.mp3\n"
+            "row 12:01 long: play in 1 2 3 4 5 6\n"
+            "row 12:01 long: end\n"
+            "row 12:02 long: lost, fade\n");
 }
 
 TEST(RecordOfARow, SaysThatAScheduleLeftHeldKeptItFromFiring) {
