@@ -147,6 +147,15 @@ TEST_F(InstalledTree, HasValidMetadata) {
   EXPECT_EQ(said.find("W:"), std::string::npos) << said;
 }
 
+TEST_F(InstalledTree, HasTheVersionOfThePackage) {
+  const std::string changelog = Text(MARLEX_SOURCE_DIR "/debian/changelog");
+  const std::size_t begin = changelog.find('(') + 1;
+  const std::string version = changelog.substr(begin, changelog.find(')') - begin);
+  const std::string metadata = Text(Root / Metadata);
+  const std::string newest = "<releases>\n    <release version=\"" + version + "\"";
+  EXPECT_NE(metadata.find(newest), std::string::npos) << version;
+}
+
 /// The first text of the main window says what the program is, in each language.
 TEST_F(InstalledTree, NamesTheProgramAsItNamesItself) {
   const std::string entry = Text(Root / Entry);

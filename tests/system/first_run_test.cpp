@@ -104,6 +104,20 @@ TEST(FirstRun, GoesOnToTheFirstCallOverTheFirstSong) {
   EXPECT_LT(desk.ToneNowDb(kVoice, 1), kNothingDb);
 }
 
+TEST(FirstRun, WithoutASoundDeviceABoxSaysSoBeforeTheEnd) {
+  stage::StageOptions options = RealDeskOptions();
+  options.HasSound = false;
+  EmptyDesk desk(options);
+  ASSERT_TRUE(desk.Click("frmlangSel.cmdOK"));
+  ASSERT_TRUE(desk.Await("QMessageBox", "visible", "yes"));
+  EXPECT_THAT(desk.Window->Read("QMessageBox", "text"), HasSubstr("Unable to detect a mixer:"));
+  EXPECT_FALSE(desk.Program->WaitForEnd(3)) << "it ends only when the box is answered";
+  EXPECT_TRUE(desk.Records("fault: No sound: the sound device is missing"));
+  ASSERT_TRUE(desk.Click("QMessageBox.OK"));
+  ASSERT_TRUE(desk.Program->WaitForEnd(10));
+  EXPECT_EQ(desk.Program->ExitCode(), 0);
+}
+
 TEST(FirstRun, RefusesAMissingDirectoryAndACancelEndsTheProgram) {
   EmptyDesk desk;
   ASSERT_TRUE(desk.ChooseLanguage());
