@@ -96,6 +96,36 @@ TEST_F(InstalledTree, HasCommandsAndAProgramThatAnybodyMayStart) {
   EXPECT_NE(said.find("Usage: marlex-amplifier [--box] [FOLDER]"), std::string::npos) << said;
 }
 
+TEST_F(InstalledTree, HasHardenedPrograms) {
+  const std::string programs =
+      (Root / "libexec/marlex/marlex-program ").string() + (Root / "bin/marlex-amplifier").string();
+  std::string said;
+  EXPECT_EQ(Shell(MARLEX_SOURCE_DIR "/tools/hardened " + programs, said), 0);
+  EXPECT_EQ(said, "");
+}
+
+TEST_F(InstalledTree, IsCheckedForEachProtectionThatAProgramMayLack) {
+  const std::string bare = (Root / "bare").string();
+  std::string said;
+  ASSERT_EQ(
+      Shell("echo 'int main() {}' | c++ -x c++ -o " + bare +
+                " -no-pie -fno-stack-protector -Wl,-z,lazy,-z,norelro,-z,execstack,-rpath,/x -",
+            said),
+      0)
+      << said;
+  EXPECT_EQ(Shell(MARLEX_SOURCE_DIR "/tools/hardened " + bare, said), 1);
+  for (const char* lack : {"not position-independent", "not a position-independent executable",
+                           "binds functions when they are first called",
+                           "no segment that is read-only after relocation",
+                           "the stack is executable", "looks for libraries in a path of its own",
+                           "no stack protector", "no fortified call"})
+    EXPECT_NE(said.find(bare + ": " + lack + "\n"), std::string::npos) << lack << "\n" << said;
+#ifdef __x86_64__
+  EXPECT_NE(said.find("no landing pads for indirect jumps\n"), std::string::npos) << said;
+#endif
+  fs::remove(bare);
+}
+
 /// The service manager itself cannot check it without a session.
 TEST_F(InstalledTree, HasAServiceThatStartsItsCommand) {
   const std::string service = Text(Root / "lib/systemd/user/marlex.service");
