@@ -254,6 +254,17 @@ std::string LongTitles(const SourceTree& sources) {
   return complaints;
 }
 
+std::string BareSuppressions(const SourceTree& sources) {
+  static const std::regex suppression("[N]OLINT(?!END)");
+  static const std::regex withReason(R"([N]OLINT(NEXTLINE|BEGIN)?\([a-z][^*)]*\): \S)");
+  std::string complaints;
+  ForEachLine(sources, [&](const std::string& path, std::size_t number, const std::string& line) {
+    if (std::regex_search(line, suppression) && !std::regex_search(line, withReason))
+      complaints += Complaint(path, number, "say why, and name the check: NOLINT(check): reason");
+  });
+  return complaints;
+}
+
 std::string UnguardedHeaders(const SourceTree& sources) {
   std::string complaints;
   for (const auto& [path, lines] : sources) {

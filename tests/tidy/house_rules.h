@@ -30,6 +30,9 @@ std::string Oversizes(const SourceTree& sources);
 /// Titles of tests have fewer than sixty characters.
 std::string LongTitles(const SourceTree& sources);
 
+/// A suppression of clang-tidy names its check and says why: "NOLINT(check): reason".
+std::string BareSuppressions(const SourceTree& sources);
+
 /// Every header begins with its include guard.
 std::string UnguardedHeaders(const SourceTree& sources);
 

@@ -27,6 +27,11 @@ TEST(House, TheSystemKnowsNoPc) { EXPECT_EQ(ForeignWords(House()), ""); }
 
 TEST(House, LinesAndFilesAreShort) { EXPECT_EQ(Oversizes(House()), ""); }
 
+TEST(House, EverySuppressionHasAReason) {
+  for (const char* directory : {"src", "tests", "benchmarks"})
+    EXPECT_EQ(BareSuppressions(ReadSources(MARLEX_SOURCE_DIR, directory)), "");
+}
+
 TEST(House, EveryHeaderIsGuarded) { EXPECT_EQ(UnguardedHeaders(House()), ""); }
 
 TEST(House, ItsTestsAreTidyToo) {
@@ -151,6 +156,20 @@ TEST(HouseRules, AFileOfFiveHundredAndOneLinesIsTooLong) {
   EXPECT_EQ(Oversizes(Tree({{"src/music/fades.h", std::string(500, '\n')}})), "");
   EXPECT_EQ(Oversizes(Tree({{"src/music/fades.h", std::string(501, '\n')}})),
             "src/music/fades.h:501: the file has more than 500 lines; split it\n");
+}
+
+TEST(HouseRules, ASuppressionWithoutItsCheckOrReasonIsNamed) {
+  const std::string mark = "int x;  // NO" + std::string("LINT");  // hidden from the rule itself
+  for (const char* bare :
+       {"", "(bugprone-x)", "(bugprone-x) because", "(bugprone-x): ", "(bugprone-*): the linker",
+        "(*): the linker", ": the linker", "NEXTLINE(bugprone-x)", "BEGIN(bugprone-x)", "BEGIN"})
+    EXPECT_EQ(BareSuppressions(Tree({{"src/a/x.cpp", "\n" + mark + bare}})),
+              "src/a/x.cpp:2: say why, and name the check: NO"
+              "LINT(check): reason\n")
+        << bare;
+  for (const char* good : {"(bugprone-x): the linker", "NEXTLINE(bugprone-x): the linker",
+                           "BEGIN(bugprone-x,misc-y): the linker", "END(bugprone-x)"})
+    EXPECT_EQ(BareSuppressions(Tree({{"src/a/x.cpp", mark + good}})), "") << good;
 }
 
 TEST(HouseRules, AHeaderWithoutItsGuardIsNamed) {

@@ -100,7 +100,7 @@ constexpr std::size_t kPiece = 100;  // bytes of one write
 
 // The linker redirects the calls of the code under test to these (tests/CMakeLists.txt), so their
 // names are fixed.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(bugprone-reserved-identifier): the linker gives these names
 extern "C" {
 
 int __real_open(const char* path, int flags, ...);

@@ -19,7 +19,7 @@ PulledCard::~PulledCard() { isPulled = false; }
 
 // The linker redirects the calls of the code under test to this (tests/CMakeLists.txt), so its name
 // is fixed.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(bugprone-reserved-identifier): the linker gives these names
 extern "C" {
 
 snd_pcm_state_t __real_snd_pcm_state(snd_pcm_t* pcm);
