@@ -68,7 +68,7 @@ LinkedTerminal::~LinkedTerminal() {
 }
 
 std::string LinkedTerminal::PlugIn() {
-  if (const std::string obstacle = Obstacle(); !obstacle.empty()) return obstacle;
+  if (std::string obstacle = Obstacle(); !obstacle.empty()) return obstacle;
   std::string name;
   const int far = OpenFarEnd(name);
   if (far < 0) return "the system has no pseudo-terminal left";
