@@ -377,7 +377,12 @@ TEST(ServerOutput, AWaitingEngineSleeps) {
   const ProcessCost before = CostOf(getpid());
   std::this_thread::sleep_for(2s);
   const ProcessCost after = CostOf(getpid());
-  EXPECT_LT(after.Wakeups - before.Wakeups, 20);
+#ifdef __SANITIZE_THREAD__  // its own thread wakes ten times a second
+  constexpr int kAllowed = 40;
+#else
+  constexpr int kAllowed = 20;
+#endif
+  EXPECT_LT(after.Wakeups - before.Wakeups, kAllowed);
   desk.Song.Play();
   EXPECT_TRUE(desk.Loop.Within(5s, [&] { return recording.Latest() > 0.4; }));
 }
