@@ -25,6 +25,11 @@ SimulatedPc::SimulatedPc() {
   ReportFailures();
 }
 
+marlex::Pc SimulatedPc::Ports() {
+  const marlex::Pc own = Ports(Profiles, Disk);
+  return Between ? Between(own) : own;
+}
+
 marlex::Pc SimulatedPc::Ports(ProfileFiles& profiles, Directories& files) {
   Media.Texts = &files;
   return {.Loop = Loop,

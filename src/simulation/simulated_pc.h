@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/pc.h"
@@ -44,11 +45,14 @@ struct SimulatedPc {
   /// line, or a silent or muted master.
   std::string Heard() const;
 
-  /// The ports to hand to a system.
-  marlex::Pc Ports() { return Ports(Profiles, Disk); }
+  /// The ports to hand to a system, as `Between` leaves them.
+  marlex::Pc Ports();
 
   /// The same with other files.
   marlex::Pc Ports(ProfileFiles& profiles, Directories& files);
+
+  /// Puts ports of the test between this PC and each system that runs on it, if it is set.
+  std::function<marlex::Pc(const marlex::Pc& pc)> Between;
 
   VirtualLoop Loop;
   VirtualClock Clock{Loop};

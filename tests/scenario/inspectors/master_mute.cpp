@@ -10,7 +10,9 @@ void MasterMuteInspector::Check() {
     Require(State().MessagePlaying || waitedForTheBreak || State().PriorityClear,
             "The master opens during a takeover and nothing starts");
   }
-  if (muted && HasSounded)
+  // Where the card shows no wave line, the master takes its place.
+  const bool isWaveLineToo = TheDesk.Sys->Mixer.WaveLine == 0;
+  if (muted && HasSounded && !isWaveLineToo)
     Require(State().PriorityPreempted, "The master is muted without a takeover");
 }
 
