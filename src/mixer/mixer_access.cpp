@@ -141,7 +141,7 @@ void MixerAccess::SetLineVolume(int index) {
   const std::uint32_t level = kFullLevel - static_cast<std::uint32_t>(position);
   if (record.Channels != 2) {
     record.Level = level;
-    Functions.SetControlDetails(MixerHandle, record.VolumeControlId, {level});
+    SendVolume(index, {level});
     return;
   }
   const double balance = TheFrmMxr.SldrPan[index].Value / 100.0;
@@ -150,15 +150,24 @@ void MixerAccess::SetLineVolume(int index) {
       balance < 0 ? level : static_cast<std::uint32_t>(RoundHalfEven(v - balance * v));
   record.RightLevel =
       balance < 0 ? static_cast<std::uint32_t>(RoundHalfEven(balance * v + v)) : level;
-  Functions.SetControlDetails(MixerHandle, record.VolumeControlId,
-                              {record.LeftLevel, record.RightLevel});
+  SendVolume(index, {record.LeftLevel, record.RightLevel});
+}
+
+/// A setting that the card refuses is forgotten, so that the next one is sent even if it is equal.
+/// Otherwise one refusal would leave the line as it is, silent perhaps, for good.
+void MixerAccess::SendVolume(int index, const std::vector<std::uint32_t>& levels) {
+  const std::uint32_t control = Record(index).VolumeControlId;
+  if (Functions.SetControlDetails(MixerHandle, control, levels) != kMixerNoError)
+    TheFrmMxr.SldrVol[index].Value.Forget();
 }
 
 void MixerAccess::SetLineMute(int index) {
   if (MixerLines.empty()) return;
   MixerLineRecord& record = Record(index);
   record.Mute = static_cast<std::uint32_t>(TheFrmMxr.ChkMute[index].Value.Get());
-  Functions.SetControlDetails(MixerHandle, record.MuteControlId, {record.Mute});
+  const std::uint32_t result =
+      Functions.SetControlDetails(MixerHandle, record.MuteControlId, {record.Mute});
+  if (result != kMixerNoError) TheFrmMxr.ChkMute[index].Value.Forget();
 }
 
 std::int32_t MixerAccess::ReadMeter(std::uint32_t meterControlId) {

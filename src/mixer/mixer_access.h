@@ -74,6 +74,7 @@ class MixerAccess {
   void ReadVolume(int index, const MixerLineInfo& line);
   void ReadMute(int index, const MixerLineInfo& line);
   std::uint32_t FindLineControl(const MixerLineInfo& line, std::uint32_t controlType);
+  void SendVolume(int index, const std::vector<std::uint32_t>& levels);
   void Fail(const std::string& body);
 
   MixerFunctions& Functions;

@@ -258,6 +258,23 @@ SimulatedDialogs::MessageBox FatalBox(const Prepare& prepare) {
   return box;
 }
 
+TEST(MixerAccess, AfterARefusalAnEqualSettingIsSentAgain) {
+  Desk desk;
+  const auto open = [&] {
+    desk.Do([&] {
+      desk.Sys->Lines.OpenWave();
+      desk.Sys->Lines.SetWave(1234);
+    });
+  };
+  desk.Pc.Mixer.RefusesSettings = true;
+  open();
+  desk.Pc.Mixer.RefusesSettings = false;
+  EXPECT_TRUE(desk.Pc.Mixer.Muted(kComponentWaveOut));
+  open();
+  EXPECT_FALSE(desk.Pc.Mixer.Muted(kComponentWaveOut));
+  EXPECT_EQ(desk.Pc.Mixer.Level(kComponentWaveOut), 65535u - 1234);
+}
+
 TEST(MixerAccess, WithoutAMixerTheProgramSaysSoAndEnds) {
   EXPECT_EQ(FatalBox([](SimulatedPc& pc) { pc.Mixer.Devices.clear(); }).Body,
             "Unable to detect a mixer:\r\nPossible causes:\r\n"

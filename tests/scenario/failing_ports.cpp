@@ -105,9 +105,7 @@ std::vector<std::string> FailingDirectories::Subdirectories(const std::string& d
 }
 
 FailingSerial::FailingSerial(FailingCalls& calls, SimulatedSerial& own) : Calls(calls), Own(own) {
-  Own.OnComm = [this] {
-    if (OnComm) OnComm();
-  };
+  Own.OnComm = [this] { Receive(); };
   Own.OnFault = [this](const std::string& text) {
     if (OnFault) OnFault(text);
   };
@@ -122,13 +120,15 @@ void FailingSerial::SetPortOpen(bool open) {
 
 bool FailingSerial::Connected() const { return !Calls.Fails("serial look") && Own.Connected(); }
 
-/// What was received is lost with the device.
-std::string FailingSerial::Input() {
-  if (!Calls.Fails("serial read")) return Own.Input();
+/// What cannot be read is lost with the device.
+void FailingSerial::Receive() {
+  if (!Calls.Fails("serial read")) {
+    if (OnComm) OnComm();
+    return;
+  }
   Own.Input();
   Own.Unplug();
   Own.Plug();
-  return "";
 }
 
 void FailingSerial::Output(std::string_view bytes) {

@@ -54,10 +54,12 @@ class FailingSerial : public SerialPort {
   bool PortOpen() const override { return Own.PortOpen(); }
   bool Connected() const override;
   int InBufferCount() const override { return Own.InBufferCount(); }
-  std::string Input() override;
+  std::string Input() override { return Own.Input(); }
   void Output(std::string_view bytes) override;
 
  private:
+  void Receive();
+
   FailingCalls& Calls;
   SimulatedSerial& Own;
 };

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <iostream>
 #include <optional>
 #include <set>
 #include <string>
@@ -13,6 +14,7 @@
 
 #include "desktop/files/disk_profile_files.h"
 #include "desktop/files/forked_child.h"
+#include "desktop/files/open_descriptors.h"
 #include "desktop/files/power_cut.h"
 #include "desktop/files/temporary_directory.h"
 #include "desktop/files/watched_calls.h"
@@ -115,10 +117,12 @@ void ExpectWhole(Plan plan, const Write& write) {
   const TemporaryDirectory directory(InMemory());
   const std::string file = write.Prepare(directory);
   bool written = false;
+  const long descriptors = OpenDescriptors();
   {
     WatchedCalls watched(plan);
     written = write.Work(file);
   }
+  EXPECT_EQ(OpenDescriptors(), descriptors);
   EXPECT_EQ(Text(file), written ? write.New : write.Old);
   EXPECT_TRUE(!written || directory.Read("a.ini") == write.New);
   EXPECT_TRUE(written || plan.Error != EINTR);
@@ -141,7 +145,8 @@ void ExpectWholeAfterKill(Plan plan, const Write& write) {
   ExpectTidy(directory, file);
 }
 
-void ExpectWholeWhateverFails(const Write& write) {
+/// Returns the number of calls that failed or were the last.
+std::size_t ExpectWholeWhateverFails(const Write& write) {
   const Calls calls = CallsOf({.RenameError = write.RenameError}, write);
   for (std::size_t at = 1; at <= calls.size(); ++at) {
     SCOPED_TRACE(std::string(write.Name) + ": " + std::to_string(at) + " " + calls[at - 1]);
@@ -149,6 +154,7 @@ void ExpectWholeWhateverFails(const Write& write) {
       ExpectWhole({.At = at, .Error = error, .RenameError = write.RenameError}, write);
     ExpectWholeAfterKill({.At = at, .Kill = true, .RenameError = write.RenameError}, write);
   }
+  return calls.size();
 }
 
 /// Whatever part of the plan's write survives a power cut, a reader finds one of its texts whole,
@@ -196,7 +202,9 @@ TEST(InterruptedWrite, TheNewTextIsOnTheDiskBeforeItTakesTheName) {
 }
 
 TEST(InterruptedWrite, AnyCallMayFailOnceOrBeTheLast) {
-  for (const Write& write : Writes()) ExpectWholeWhateverFails(write);
+  std::size_t calls = 0;
+  for (const Write& write : Writes()) calls += ExpectWholeWhateverFails(write);
+  std::cout << Writes().size() << " writes, " << calls << " calls, " << 4 * calls << " runs\n";
 }
 
 TEST(InterruptedWrite, ThePowerMayFailAtAnyCall) {

@@ -21,6 +21,8 @@ namespace fs = std::filesystem;
 
 thread_local WatchedCalls* watching = nullptr;
 
+constexpr const char* kFarEnd = "ptmx";  // of a serial line, which is the test's own
+
 std::string Label(const fs::path& path) {
   std::error_code ignored;
   return fs::is_directory(path, ignored) ? "/" : path.filename().string();
@@ -63,6 +65,7 @@ WatchedCalls::WatchedCalls(const Plan& plan) : ThePlan(plan) { watching = this; 
 WatchedCalls::~WatchedCalls() { watching = nullptr; }
 
 int WatchedCalls::ErrorOf(const char* call, const std::string& path) {
+  if (Label(path) == kFarEnd) return 0;
   if (OnCall) {
     const Unwatched unwatched;
     OnCall();
@@ -108,6 +111,7 @@ int __real_stat(const char* path, struct stat* status);
 int __real_fstat(int file, struct stat* status);
 int __real_access(const char* path, int mode);
 ssize_t __real_read(int file, void* buffer, size_t size);
+ssize_t __real_pread(int file, void* buffer, size_t size, off_t place);
 ssize_t __real_write(int file, const void* buffer, size_t size);
 ssize_t __real_pwrite(int file, const void* buffer, size_t size, off_t place);
 int __real_fchown(int file, uid_t owner, gid_t group);
@@ -140,6 +144,9 @@ int __wrap_access(const char* path, int mode) {
 }
 ssize_t __wrap_read(int file, void* buffer, size_t size) {
   return Instead(__real_read, "read", file, buffer, size);
+}
+ssize_t __wrap_pread(int file, void* buffer, size_t size, off_t place) {
+  return Instead(__real_pread, "pread", file, buffer, size, place);
 }
 ssize_t __wrap_write(int file, const void* buffer, size_t size) {
   return Instead(__real_write, "write", file, buffer, watching ? std::min(size, kPiece) : size);
