@@ -1,7 +1,9 @@
 #include "desktop/files/watched_calls.h"
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -118,6 +120,9 @@ int __real_fchown(int file, uid_t owner, gid_t group);
 int __real_fchmod(int file, mode_t mode);
 int __real_ftruncate(int file, off_t length);
 int __real_fsync(int file);
+int __real_tcgetattr(int file, struct termios* mode);
+int __real_tcsetattr(int file, int when, const struct termios* mode);
+int __real_ioctl(int file, unsigned long request, ...);
 int __real_close(int file);
 int __real_unlink(const char* path);
 int __real_rename(const char* from, const char* to);
@@ -165,6 +170,19 @@ int __wrap_ftruncate(int file, off_t length) {
 int __wrap_fsync(int file) {
   // No power fails here: a watched test skips what takes long on a real disk.
   return Instead(watching ? +[](int) { return 0; } : __real_fsync, "fsync", file);
+}
+int __wrap_tcgetattr(int file, struct termios* mode) {
+  return Instead(__real_tcgetattr, "tcgetattr", file, mode);
+}
+int __wrap_tcsetattr(int file, int when, const struct termios* mode) {
+  return Instead(__real_tcsetattr, "tcsetattr", file, when, mode);
+}
+int __wrap_ioctl(int file, unsigned long request, ...) {
+  va_list more;
+  va_start(more, request);
+  void* const argument = va_arg(more, void*);
+  va_end(more);
+  return Instead(__real_ioctl, "ioctl", file, request, argument);
 }
 int __wrap_unlink(const char* path) { return Instead(__real_unlink, "unlink", path); }
 

@@ -8,8 +8,8 @@
 namespace marlex::test {
 
 /// While it lives, watches the file system calls that the code of this program makes in this
-/// thread, except at the amplifier's end of a serial line, and makes one of them fail. Writes are cut short, as on a disk that is nearly full. Only
-/// one may exist at a time.
+/// thread, except at the amplifier's end of a serial line, and makes one of them fail. Writes are
+/// cut short, as on a disk that is nearly full. Only one may exist at a time.
 class WatchedCalls {
  public:
   struct Plan {
