@@ -47,6 +47,18 @@ class BrokenOff {
   const std::optional<int> LengthMs;
 };
 
+const char* NameOf(MediumKind kind) {
+  switch (kind) {
+    case MediumKind::Song:
+      return "media song";
+    case MediumKind::Message:
+      return "media message";
+    case MediumKind::TextFile:
+      break;
+  }
+  return "media text";
+}
+
 }  // namespace
 
 std::string FailingProfiles::GetString(const std::string& section, const std::string& key,
@@ -210,16 +222,19 @@ bool FailingSoundHealth::MicrophoneIsGone() const {
   return Calls.Fails("sound microphone") || Own.MicrophoneIsGone();
 }
 
-MediaState FailingMediaCheck::Song(const std::string& path) {
-  return Calls.Fails("media song") ? MediaState::Unplayable : Own.Song(path);
+void FailingMediaCheck::Watch(std::vector<WatchedFile> files) {
+  Watched = files;
+  Own.Watch(std::move(files));
 }
 
-MediaState FailingMediaCheck::Message(const std::string& path) {
-  return Calls.Fails("media message") ? MediaState::Missing : Own.Message(path);
-}
-
-MediaState FailingMediaCheck::TextFile(const std::string& path) {
-  return Calls.Fails("media text") ? MediaState::Unplayable : Own.TextFile(path);
+const std::vector<MediaState>& FailingMediaCheck::States() {
+  Reported = Own.States();
+  for (std::size_t file = 0; file < Reported.size(); ++file) {
+    const MediumKind kind = Watched[file].Kind;
+    if (Calls.Fails(NameOf(kind)))
+      Reported[file] = kind == MediumKind::Message ? MediaState::Missing : MediaState::Unplayable;
+  }
+  return Reported;
 }
 
 std::uint32_t FailingMixer::GetNumDevs() {

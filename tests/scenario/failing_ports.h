@@ -113,13 +113,14 @@ class FailingSoundHealth : public SoundHealth {
 class FailingMediaCheck : public MediaCheck {
  public:
   FailingMediaCheck(FailingCalls& calls, MediaCheck& own) : Calls(calls), Own(own) {}
-  MediaState Song(const std::string& path) override;
-  MediaState Message(const std::string& path) override;
-  MediaState TextFile(const std::string& path) override;
+  void Watch(std::vector<WatchedFile> files) override;
+  const std::vector<MediaState>& States() override;
 
  private:
   FailingCalls& Calls;
   MediaCheck& Own;
+  std::vector<WatchedFile> Watched;
+  std::vector<MediaState> Reported;
 };
 
 class FailingMixer : public MixerFunctions {
