@@ -26,12 +26,10 @@ constexpr int kErrors[] = {EIO, EACCES, ENOENT, ENOMEM};
 /// Returns the number of calls.
 std::size_t ExpectNothingElse(const Look& look) {
   const DiskDirectories directories;
-  DirectoryCalls* counter = nullptr;
   const auto names = [&](std::size_t at, int error, Names* calls) {
     DirectoryCalls counted(at, error);
-    counter = &counted;
     const Names found = look(directories);
-    if (calls) *calls = counter->Made;
+    if (calls) *calls = counted.Made;
     return found;
   };
   Names calls;
