@@ -59,6 +59,7 @@ void SimulatedPc::Restart() {
   Mixer.Reset();
   Dialogs.Reset();
   Process.Reset();
+  Media.Watch({});
   Log.OnLine = nullptr;
   ReportFailures();
 }
