@@ -29,7 +29,7 @@ class MediaCheck {
  public:
   virtual ~MediaCheck() = default;
 
-  /// Replaces the files that are watched: none at first. What is known of those that are watched again stays.
+  /// Replaces the files that are watched, none at first. Keeps what it knows of those that stay.
   virtual void Watch(std::vector<WatchedFile> files) = 0;
 
   /// The states of the files that are watched, in their order. Valid until the next call.
