@@ -23,9 +23,9 @@ bool IsChime(const std::string& fileName) {
 
 /// What became of one row that was due, from its fates in the order in which they came; removes
 /// those that it uses.
-std::string TakeFate(std::vector<std::string>& fates) {
-  const auto take = [&fates] {
-    Require(!fates.empty(), "nothing");
+std::string TakeFate(const std::string& row, std::vector<std::string>& fates) {
+  const auto take = [&row, &fates] {
+    Require(!fates.empty(), "The record does not say what became of row " + row);
     const std::string fate = fates.front();
     fates.erase(fates.begin());
     return fate;
@@ -34,10 +34,10 @@ std::string TakeFate(std::vector<std::string>& fates) {
   if (fate == "wait") fate = take();
   if (fate == "play") {
     fate = take();
-    Require(fate == "end" || fate.starts_with("cut off"), fate + " after play");
+    Require(fate == "end" || fate.starts_with("cut off"), "Row " + row + ": play, " + fate);
     return fate;
   }
-  Require(fate.starts_with("lost"), fate);
+  Require(fate.starts_with("lost"), "Row " + row + ": " + fate);
   return fate;
 }
 
@@ -55,7 +55,7 @@ void YearLedger::CloseDay() {
   Require(Playing.empty() && !CallIsOn, "The day ends in an announcement or a call");
   for (const auto& [row, count] : DueRows) {
     for (int time = 0; time < count; ++time) {
-      const std::string fate = TakeFate(DayFates[row]);
+      const std::string fate = TakeFate(row, DayFates[row]);
       ++Rows;
       if (fate == "end") {
         ++Played;

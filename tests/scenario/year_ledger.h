@@ -7,8 +7,9 @@
 
 namespace marlex {
 
-/// The books of a year: each row that was due is set against what became of it, and each sound
-/// against what asked for it. What does not balance is a `BrokenRule`.
+/// The books of a year: each row that was due is set against what became of it, and each message
+/// and chime against what asked for it, and songs against the hours of the playlists. What does not
+/// balance is a `BrokenRule`.
 class YearLedger {
  public:
   /// A row, as the record names it, is due in this minute.

@@ -79,8 +79,8 @@ DayRibbonView& RibbonOf(QWidget& window) {
 
 }  // namespace
 
-// Closing the language dialog ends the program, and closing the directory picker accepts the
-// directory: too much to happen on an accidental Escape.
+// Escape closes the about box alone. Closing the language dialog ends the program, and closing the
+// directory picker accepts the directory: too much to happen by accident.
 Views::Views(Windows& windows, EventLoop& loop, const std::function<Glance()>& look)
     : MainWindow(MakerOf<QMainWindow, Ui::frmMain>(Look)()),
       Band(*MainWindow),
@@ -130,7 +130,7 @@ void Views::PaintGlance(const Glance& glance) {
 void Views::PlacePicker(QWidget& picker) {
   Centre(picker);
   picker.setWindowModality(Qt::WindowModal);
-  Settings().winId();  // creates the native handle if there is none
+  Settings().winId();  // the handle that the picker belongs to exists from now on
   picker.winId();
   picker.windowHandle()->setTransientParent(Settings().windowHandle());
 }
